@@ -1,0 +1,30 @@
+# How every target of the project is compiled.
+
+add_library(tavo_options INTERFACE)
+target_include_directories(tavo_options INTERFACE ${CMAKE_SOURCE_DIR})
+target_compile_options(tavo_options INTERFACE -Wall -Wextra -Wconversion)
+if(TAVO_SANITIZE)
+  target_compile_options(tavo_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(tavo_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# tavo_library(NAME [SOURCES ...] [LINKS ...]): a static library of one folder.
+function(tavo_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC tavo_options ${ARG_LINKS})
+endfunction()
+
+# The program and the framework throw nothing, and the compiler holds them to it.
+function(tavo_program_library name)
+  tavo_library(${name} ${ARGN})
+  target_compile_options(${name} PRIVATE -fno-exceptions)
+endfunction()
+
+# tavo_test(NAME [SOURCES ...] [LINKS ...]): a GoogleTest program; each of its tests is one ctest test group.
+function(tavo_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE tavo_options ${ARG_LINKS} GTest::gtest GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 600)
+endfunction()
