@@ -24,13 +24,17 @@ class IUnknown {
 template <class T> class ComPtr {
   public:
     ComPtr() = default;
+
     ComPtr(std::nullptr_t) {}
+
     ComPtr(const ComPtr& other) : Object(other.Object) {
         if (Object != nullptr) {
             Object->AddRef();
         }
     }
+
     ComPtr(ComPtr&& other) noexcept : Object(std::exchange(other.Object, nullptr)) {}
+
     ~ComPtr() { Reset(); }
 
     ComPtr& operator=(ComPtr other) noexcept {
@@ -52,8 +56,11 @@ template <class T> class ComPtr {
     }
 
     T* Get() const { return Object; }
+
     T* operator->() const { return Object; }
+
     T& operator*() const { return *Object; }
+
     explicit operator bool() const { return Object != nullptr; }
 
   private:

@@ -27,12 +27,17 @@ struct Rect {
     static constexpr Rect FromSize(int left, int top, int width, int height) {
         return {left, top, left + width, top + height};
     }
+
     constexpr int Width() const { return Right - Left; }
+
     constexpr int Height() const { return Bottom - Top; }
+
     constexpr bool IsEmpty() const { return Right <= Left || Bottom <= Top; }
+
     constexpr bool Contains(Point point) const {
         return point.X >= Left && point.X < Right && point.Y >= Top && point.Y < Bottom;
     }
+
     friend constexpr bool operator==(const Rect&, const Rect&) = default;
 };
 
@@ -43,9 +48,13 @@ struct Color {
     static constexpr Color FromRgb(int red, int green, int blue) {
         return {static_cast<std::uint32_t>(red | (green << 8) | (blue << 16))};
     }
+
     constexpr int Red() const { return static_cast<int>(Value & 0xFF); }
+
     constexpr int Green() const { return static_cast<int>((Value >> 8) & 0xFF); }
+
     constexpr int Blue() const { return static_cast<int>((Value >> 16) & 0xFF); }
+
     friend constexpr bool operator==(const Color&, const Color&) = default;
 };
 

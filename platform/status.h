@@ -6,7 +6,7 @@
 namespace tavo {
 
 // Negative values are failures; zero and above are successes. The values are the device's own.
-enum class [[nodiscard]] Status : std::int32_t {
+enum class [[nodiscard]] Status : std::int32_t{
     Ok = 0,
     False = 1, // succeeded, but there was nothing to do (S_FALSE)
     Fail = static_cast<std::int32_t>(0x80004005),
@@ -14,17 +14,22 @@ enum class [[nodiscard]] Status : std::int32_t {
     NotFound = static_cast<std::int32_t>(0x80070490),
     AccessDenied = static_cast<std::int32_t>(0x80070005),
     OutOfMemory = static_cast<std::int32_t>(0x8007000E),
-    TooLarge = static_cast<std::int32_t>(0x800700DF),    // more bytes than the device takes
+    TooLarge = static_cast<std::int32_t>(0x800700DF), // more bytes than the device takes
     DiskFull = static_cast<std::int32_t>(0x80070070),
-    Locked = static_cast<std::int32_t>(0x80070021),      // another process holds the store
-    Corrupt = static_cast<std::int32_t>(0x80070570),     // the store file is damaged
+    Locked = static_cast<std::int32_t>(0x80070021),       // another process holds the store
+    Corrupt = static_cast<std::int32_t>(0x80070570),      // the store file is damaged
     NewerVersion = static_cast<std::int32_t>(0x80070481), // the store file is from a newer program
-    NotOurs = static_cast<std::int32_t>(0x8007000B),     // the store file is some other file
-    Unexpected = static_cast<std::int32_t>(0x8000FFFF),  // called in the wrong order
+    NotOurs = static_cast<std::int32_t>(0x8007000B),      // the store file is some other file
+    Unexpected = static_cast<std::int32_t>(0x8000FFFF),   // called in the wrong order
 };
 
-constexpr bool Succeeded(Status status) { return static_cast<std::int32_t>(status) >= 0; }
-constexpr bool Failed(Status status) { return static_cast<std::int32_t>(status) < 0; }
+constexpr bool Succeeded(Status status) {
+    return static_cast<std::int32_t>(status) >= 0;
+}
+
+constexpr bool Failed(Status status) {
+    return static_cast<std::int32_t>(status) < 0;
+}
 
 // The Win32-style code that GetLastError reports; zero is success.
 enum class ErrorCode : std::int32_t {

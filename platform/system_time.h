@@ -21,8 +21,8 @@ struct SYSTEMTIME {
 // Automation date: days since 1899-12-30; the fraction is the time of day and always adds.
 using DATE = double;
 
-constexpr DATE kLowestDate = 0;      // 1899-12-30
+constexpr DATE kLowestDate = 0;       // 1899-12-30
 constexpr DATE kHighestDate = 401768; // 2999-12-31
-constexpr DATE kNoDate = 949998;     // 4501-01-01, "none"
+constexpr DATE kNoDate = 949998;      // 4501-01-01, "none"
 
 } // namespace tavo
