@@ -1,0 +1,47 @@
+// The ink control ("InkX"), driven by its own numbered messages.
+#pragma once
+
+#include "platform/handles.h"
+#include "platform/messages.h"
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace tavo {
+
+constexpr MessageNumber kInkCanPaste = WM_USER + 50;
+constexpr MessageNumber kInkUndo = WM_USER + 234;
+constexpr MessageNumber kInkRedo = WM_USER + 235;
+constexpr MessageNumber kInkCanRedo = WM_USER + 246;
+constexpr MessageNumber kInkGetView = WM_USER + 254;
+constexpr MessageNumber kInkSetView = WM_USER + 284;
+constexpr MessageNumber kInkSetPageStyle = WM_USER + 287;
+constexpr MessageNumber kInkSetZoom = WM_USER + 290; // the second argument is the percentage
+constexpr MessageNumber kInkGetPageStyle = WM_USER + 323;
+constexpr MessageNumber kInkSetPenMode = WM_USER + 329;
+constexpr MessageNumber kInkGetDataLength = WM_USER + 514;
+constexpr MessageNumber kInkShowRecorderBar = WM_USER + 530;
+constexpr MessageNumber EM_GETSEL = 0x00B0;
+constexpr MessageNumber EM_SETSEL = 0x00B1;
+constexpr MessageNumber EM_CANUNDO = 0x00C6;
+
+constexpr int kInkStyleRuled = 2;
+constexpr int kInkStyleGrid = 4;
+constexpr int kInkStyleNone = 16;
+constexpr int kInkPenDraws = 0;
+constexpr int kInkPenSelects = 1;
+constexpr int kInkViewTyping = 0;
+constexpr int kInkViewWriting = 2;
+
+// The control itself is made with IControls as ControlKind::Ink.
+class IInk {
+  public:
+    virtual ~IInk() = default;
+    // Any message above, WM_CUT, WM_COPY, WM_PASTE or WM_CLEAR; gives the control's answer, 0 for unknown ones.
+    virtual int SendMessageW(WindowHandle ink, MessageNumber number, int first, int second) = 0;
+    virtual std::vector<std::uint8_t> GetData(WindowHandle ink) = 0; // WM_USER + 515; empty paper gives no bytes
+    virtual bool SetData(WindowHandle ink, std::span<const std::uint8_t> data) = 0; // WM_USER + 516
+};
+
+} // namespace tavo
