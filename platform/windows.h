@@ -56,7 +56,8 @@ class IWindows {
     virtual bool IsWindowVisible(WindowHandle window) = 0; // itself and all its parents
     virtual void MoveWindow(WindowHandle window, const Rect& bounds) = 0;
     virtual void EnableWindow(WindowHandle window, bool enabled) = 0;
-    virtual bool IsWindowEnabled(WindowHandle window) = 0; // itself and all its parents
+    // Itself and its parents, up to the dialog or frame it lies in. A disabled window takes no stylus and no keys.
+    virtual bool IsWindowEnabled(WindowHandle window) = 0;
     virtual void SetWindowTextW(WindowHandle window, std::u16string_view text) = 0;
     virtual Rect GetClientRect(WindowHandle window) = 0; // left and top are 0
     virtual void SetForegroundWindow(WindowHandle window) = 0;
