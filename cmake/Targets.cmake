@@ -3,9 +3,15 @@
 add_library(tavo_options INTERFACE)
 target_include_directories(tavo_options INTERFACE ${CMAKE_SOURCE_DIR})
 target_compile_options(tavo_options INTERFACE -Wall -Wextra -Wconversion)
+if(TAVO_WERROR)
+  target_compile_options(tavo_options INTERFACE -Werror)
+endif()
 if(TAVO_SANITIZE)
   target_compile_options(tavo_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   target_link_options(tavo_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(TAVO_FUZZ)
+  target_compile_options(tavo_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # tavo_library(NAME [SOURCES ...] [LINKS ...]): a static library of one folder.
@@ -21,7 +27,7 @@ function(tavo_program_library name)
   target_compile_options(${name} PRIVATE -fno-exceptions)
 endfunction()
 
-# tavo_test(NAME [SOURCES ...] [LINKS ...]): a GoogleTest program; each of its tests is one ctest test group.
+# tavo_test(NAME [SOURCES ...] [LINKS ...]): a GoogleTest program; each of its tests is one ctest test.
 function(tavo_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})

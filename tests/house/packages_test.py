@@ -1,0 +1,61 @@
+"""What is missing is installed with the fewest steps, and nothing is touched when nothing is missing."""
+
+import os
+import subprocess
+import unittest
+
+from made_up_tree import ROOT, MadeUpTree
+
+# Each tool writes down how it was called; what is installed and offered is told by two files.
+TOOLS = {
+    "dpkg-query": r"""shift 2
+for package in "$@"; do grep -qx "$package" "$STAGE/installed" && echo "installed $package"; done
+exit 1""",
+    "apt-cache": r"""grep -qx "$2" "$STAGE/offered" && printf '%s:\n  Candidate: 1.0\n' "$2"
+exit 0""",
+    "apt-get": 'echo "$@" >>"$STAGE/calls"',
+    "id": "echo 0",
+}
+
+
+class EnsurePackages(MadeUpTree):
+    def setUp(self):
+        super().setUp()
+        for name, text in TOOLS.items():
+            self.write(f"tools/{name}", f"#!/bin/sh\n{text}\n")
+            (self.root / "tools" / name).chmod(0o755)
+        self.write("scripts/packages/one.txt", "# Why.\nalpha\nbeta # and why\n\n?gamma\n")
+        self.write("installed", "")
+        self.write("offered", "")
+        self.write("calls", "")
+
+    def ensure(self):
+        environment = {**os.environ, "PATH": f"{self.root / 'tools'}:{os.environ['PATH']}", "STAGE": str(self.root)}
+        result = subprocess.run(["bash", "-c", f'set -euo pipefail; . "{ROOT}/scripts/common.sh"; ensure_packages one'],
+                                cwd=self.root, env=environment, capture_output=True, text=True)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        return [line.split("Lock::Timeout=300 ")[1] for line in (self.root / "calls").read_text().splitlines()]
+
+    def test_WithNothingMissingNothingIsFetched(self):
+        self.write("installed", "alpha\nbeta\ngamma\n")
+        self.assertEqual(self.ensure(), [])
+
+    def test_OnlyWhatIsMissingIsInstalled(self):
+        self.write("installed", "alpha\n")
+        self.assertEqual(self.ensure(), ["update", "install -y --no-install-recommends beta"])
+
+    def test_AnOptionalPackageComesAlongWhereItIsOffered(self):
+        self.write("offered", "gamma\n")
+        self.assertEqual(self.ensure(), ["update", "install -y --no-install-recommends alpha beta gamma"])
+
+    def test_AnOptionalPackageThatIsNotOfferedCostsNothing(self):
+        self.write("installed", "alpha\nbeta\n")
+        self.assertEqual(self.ensure(), [])
+
+    def test_APackageWhoseNameOnlyBeginsAlikeDoesNotCount(self):
+        self.write("installed", "alpha-doc\nbeta\ngamma\n")
+        self.assertEqual(self.ensure(), ["update", "install -y --no-install-recommends alpha"])
+
+
+if __name__ == "__main__":
+    unittest.main()
