@@ -1,0 +1,32 @@
+// Tells, without polling, that another process changed items of the store.
+#pragma once
+
+#include "host/outlook/store.h"
+
+#include <memory>
+
+namespace tavo::outlook {
+
+class ChangeWatcher {
+  public:
+    explicit ChangeWatcher(StorePtr store);
+    ~ChangeWatcher();
+    ChangeWatcher(const ChangeWatcher&) = delete;
+    ChangeWatcher& operator=(const ChangeWatcher&) = delete;
+
+    // Ok when notification works; the descriptor is -1 otherwise.
+    Status Start();
+    // Becomes readable when the store's files were written to, by whomever.
+    int Descriptor() const;
+    // Call when the descriptor is readable. True when another process changed items since the last call: a change of
+    // this process, or of the reminder ledger alone, gives false.
+    bool TakeItemChange();
+    // True when another process filed tag requests or changed the ledger since the last call.
+    bool TakeLedgerChange();
+
+  private:
+    struct Work;
+    std::unique_ptr<Work> State;
+};
+
+} // namespace tavo::outlook

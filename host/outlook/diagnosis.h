@@ -1,0 +1,26 @@
+// Says in words what state a store file is in and what to do about it, without changing a byte of it.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace tavo::outlook {
+
+enum class Verdict { Ok, Missing, Damaged, Newer, NotOurs, Locked, ReadOnly, DiskFull, Unreadable };
+
+struct Diagnosis {
+    Verdict State = Verdict::Ok;
+    std::string What;                  // one sentence
+    std::string Advice;                // one sentence; "" when all is well
+    std::vector<std::string> Findings; // of the full check: each a line; empty when all is well
+};
+
+enum class CheckDepth {
+    Quick, // what opening looks at: identity, version, schema, locks, rights
+    Full,  // every page, index and reference of the file, and the store's own rules
+};
+
+Diagnosis DiagnoseStore(const std::filesystem::path& path, CheckDepth depth, int lockPatience = 5000);
+
+} // namespace tavo::outlook
