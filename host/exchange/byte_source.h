@@ -1,0 +1,49 @@
+// Where the calendar reader gets its bytes: a file, or memory in tests and fuzzers.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tavo::exchange {
+
+// Bytes that can be read from any place, again and again.
+class IByteSource {
+  public:
+    virtual ~IByteSource() = default;
+    // Fills the buffer from `offset` on; the number of bytes read, 0 at the end, -1 on failure.
+    virtual std::ptrdiff_t ReadAt(std::int64_t offset, char* buffer, std::size_t size) = 0;
+};
+
+class MemorySource final : public IByteSource {
+  public:
+    explicit MemorySource(std::string_view bytes) : Bytes(bytes) {}
+
+    std::ptrdiff_t ReadAt(std::int64_t offset, char* buffer, std::size_t size) override;
+
+  private:
+    std::string_view Bytes;
+};
+
+// A regular file, opened for reading.
+class FileSource final : public IByteSource {
+  public:
+    FileSource() = default;
+    FileSource(const FileSource&) = delete;
+    FileSource& operator=(const FileSource&) = delete;
+    ~FileSource() override;
+
+    // True on success; otherwise `reason` says why in a few words.
+    bool Open(const std::string& path, std::string& reason);
+
+    std::int64_t GetSize() const { return Size; }
+
+    std::ptrdiff_t ReadAt(std::int64_t offset, char* buffer, std::size_t size) override;
+
+  private:
+    int Descriptor = -1;
+    std::int64_t Size = 0;
+};
+
+} // namespace tavo::exchange

@@ -1,0 +1,175 @@
+// What the command line of `tavo` asks for.
+#include "tools/arguments.h"
+
+namespace tavo::tools {
+namespace {
+
+// Walks the words of a command: options with their values, then what is no option.
+class WordReader {
+  public:
+    explicit WordReader(std::span<const std::string_view> words) : Words(words) {}
+
+    bool HasMore() const { return Next < Words.size(); }
+
+    // The next word; of --name=value only the name, whose value waits for TakeValue.
+    std::string_view Take() {
+        std::string_view word = Words[Next++];
+        Attached = std::nullopt;
+        if (const std::size_t equals = word.find('='); IsOption(word) && equals != std::string_view::npos) {
+            Attached = word.substr(equals + 1);
+            word = word.substr(0, equals);
+        }
+        Option = word;
+        if (!OptionsOver && word == "--") {
+            OptionsOver = true;
+            return HasMore() ? Take() : std::string_view();
+        }
+        return word;
+    }
+
+    bool IsOption(std::string_view word) const { return !OptionsOver && word.size() > 1 && word[0] == '-'; }
+
+    bool TakeValue(std::string_view& value, std::string& error) {
+        if (Attached) {
+            value = *Attached;
+            Attached = std::nullopt;
+        } else if (HasMore()) {
+            value = Words[Next++];
+        } else {
+            error = "The option " + std::string(Option) + " needs a value.";
+            return false;
+        }
+        return true;
+    }
+
+    // A --flag=value where the flag takes none.
+    bool RefuseValue(std::string& error) const {
+        if (!Attached) {
+            return true;
+        }
+        error = "The option " + std::string(Option) + " takes no value.";
+        return false;
+    }
+
+  private:
+    std::span<const std::string_view> Words;
+    std::size_t Next = 0;
+    std::string_view Option;
+    std::optional<std::string_view> Attached;
+    bool OptionsOver = false;
+};
+
+bool IsHelp(std::string_view word) {
+    return word == "--help" || word == "-h";
+}
+
+bool TakeDay(WordReader& reader, std::string_view option, std::optional<Day>& day, std::string& error) {
+    std::string_view value;
+    if (!reader.TakeValue(value, error)) {
+        return false;
+    }
+    day = ParseDay(value);
+    if (!day) {
+        error = "\"" + std::string(value) + "\" is not a date for " + std::string(option) +
+                ". Dates are written YYYY-MM-DD, like 2026-03-14.";
+    }
+    return day.has_value();
+}
+
+bool TakeTag(WordReader& reader, ImportTag& tag, std::string& error) {
+    std::string_view value;
+    if (!reader.TakeValue(value, error)) {
+        return false;
+    }
+    if (value == "alarm") {
+        tag = ImportTag::Alarm;
+    } else if (value == "holiday") {
+        tag = ImportTag::Holiday;
+    } else if (value == "anniversary") {
+        tag = ImportTag::Anniversary;
+    } else {
+        error = "\"" + std::string(value) + "\" is no kind for --as. The kinds are alarm, holiday and anniversary.";
+        return false;
+    }
+    return true;
+}
+
+std::string MakeUnknown(WordReader& reader, std::string_view word) {
+    return reader.IsOption(word) ? "There is no option " + std::string(word) + "."
+                                 : "\"" + std::string(word) + "\" is one word too many.";
+}
+
+} // namespace
+
+std::optional<AgendaOptions> ParseAgenda(std::span<const std::string_view> words, std::string& error) {
+    AgendaOptions options;
+    WordReader reader(words);
+    while (reader.HasMore()) {
+        const std::string_view word = reader.Take();
+        bool good = true;
+        if (word == "--from") {
+            good = TakeDay(reader, word, options.From, error);
+        } else if (word == "--to") {
+            good = TakeDay(reader, word, options.To, error);
+        } else if (word == "--tsv") {
+            options.TabSeparated = true;
+            good = reader.RefuseValue(error);
+        } else if (IsHelp(word)) {
+            options.Help = true;
+        } else {
+            error = MakeUnknown(reader, word);
+            good = false;
+        }
+        if (!good) {
+            return std::nullopt;
+        }
+    }
+    if (options.From && options.To && *options.To < *options.From) {
+        error = "The day of --to lies before the day of --from.";
+        return std::nullopt;
+    }
+    return options;
+}
+
+std::optional<ImportOptions> ParseImport(std::span<const std::string_view> words, std::string& error) {
+    ImportOptions options;
+    WordReader reader(words);
+    while (reader.HasMore()) {
+        const std::string_view word = reader.Take();
+        if (!reader.IsOption(word)) {
+            if (!word.empty()) {
+                options.Paths.emplace_back(word);
+            }
+        } else if (word == "--as") {
+            if (!TakeTag(reader, options.Tag, error)) {
+                return std::nullopt;
+            }
+        } else if (IsHelp(word)) {
+            options.Help = true;
+        } else {
+            error = MakeUnknown(reader, word);
+            return std::nullopt;
+        }
+    }
+    if (options.Paths.empty() && !options.Help) {
+        error = "Say which files or folders to import.";
+        return std::nullopt;
+    }
+    return options;
+}
+
+std::optional<CheckOptions> ParseCheck(std::span<const std::string_view> words, std::string& error) {
+    CheckOptions options;
+    WordReader reader(words);
+    while (reader.HasMore()) {
+        const std::string_view word = reader.Take();
+        if (!IsHelp(word)) {
+            error = MakeUnknown(reader, word);
+            return std::nullopt;
+        }
+        options.Help = true;
+    }
+    return options;
+}
+
+} // namespace tavo::tools

@@ -1,0 +1,44 @@
+// What the command line of `tavo` asks for.
+#pragma once
+
+#include "tools/calendar_day.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavo::tools {
+
+// What the shell is told. Everything else that went wrong is kExitFailure.
+constexpr int kExitSuccess = 0;
+constexpr int kExitFailure = 1;
+constexpr int kExitUsage = 2;
+constexpr int kExitInterrupted = 130; // as shells report an interrupt
+
+enum class ImportTag { None, Alarm, Holiday, Anniversary };
+
+struct AgendaOptions {
+    std::optional<Day> From;
+    std::optional<Day> To;
+    bool TabSeparated = false;
+    bool Help = false;
+};
+
+struct ImportOptions {
+    std::vector<std::string> Paths;
+    ImportTag Tag = ImportTag::None;
+    bool Help = false;
+};
+
+struct CheckOptions {
+    bool Help = false;
+};
+
+// Each reads the words after the command's name. Empty with a sentence in `error` when they make no sense.
+std::optional<AgendaOptions> ParseAgenda(std::span<const std::string_view> words, std::string& error);
+std::optional<ImportOptions> ParseImport(std::span<const std::string_view> words, std::string& error);
+std::optional<CheckOptions> ParseCheck(std::span<const std::string_view> words, std::string& error);
+
+} // namespace tavo::tools
