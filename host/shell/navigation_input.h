@@ -1,0 +1,41 @@
+// The navigation bar, the desktop window's own close button, and the end of the session.
+#pragma once
+
+#include "host/shell/shell.h"
+
+namespace tavo::shell {
+
+// Places in the navigation bar, for those windows that have the buttons.
+constexpr Rect kCloseButton{214, 0, 240, 26};
+constexpr Rect kOkButton{184, 0, 214, 26};
+
+class NavigationInput {
+  public:
+    explicit NavigationInput(Shell& shell) : State(shell) {}
+
+    // "ok": WM_COMMAND IDOK to the dialog on top, when it has the button.
+    void PressOk();
+    // × and Escape: IDCANCEL to the dialog on top, WM_CLOSE to a page. A menu or list that is open closes first, and
+    // that is all; a message box with a single button closes. False when there was nothing to close.
+    bool PressClose();
+    // The desktop window's own close button: as ×; with neither page nor dialog to close it quits.
+    void RequestClose();
+    // The person quits or the session ends: WM_QUERYENDSESSION to the main window, at most one pending.
+    void RequestQuit();
+    // A button of the shown menu bar, or an item of its open menu. False when it cannot be chosen.
+    bool ChooseCommand(int id);
+    // A menu of the shown bar is to open; it opens at the wait after the program had WM_INITMENUPOPUP. False when
+    // there is no such menu or it takes no input now.
+    bool OpenBarMenu(int index);
+    // The menu of the bar closed without a choice.
+    void CloseBarMenu();
+    // An item of the tracked menu, or 0 for none. False when it cannot be chosen.
+    bool ChooseTracked(int id);
+    // The innermost message box: IDOK, IDYES or IDNO. False when it has no such button.
+    bool AnswerBox(int answer);
+
+  private:
+    Shell& State;
+};
+
+} // namespace tavo::shell
