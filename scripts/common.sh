@@ -18,7 +18,7 @@ jobs_count() {
 listed_packages() {
     local list
     for list in "$@"; do
-        sed -e 's/#.*//' -e '/^[[:space:]]*$/d' "scripts/packages/$list.txt"
+        sed -e 's/[[:space:]]*#.*//' -e '/^$/d' "scripts/packages/$list.txt"
     done
 }
 
@@ -71,8 +71,10 @@ ensure_packages() {
         return
     fi
     local required optional offered
-    mapfile -t required < <(missing_packages $(listed_packages "$@" | grep -v '^?' || true))
-    mapfile -t optional < <(missing_packages $(listed_packages "$@" | sed -n 's/^?//p'))
+    mapfile -t required < <(listed_packages "$@" | sed '/^?/d')
+    mapfile -t optional < <(listed_packages "$@" | sed -n 's/^?//p')
+    mapfile -t required < <(missing_packages "${required[@]}")
+    mapfile -t optional < <(missing_packages "${optional[@]}")
     if [ ${#required[@]} -gt 0 ]; then
         say "Fetching the list of packages"
         apt_get update || say "Not every source answered; going on with what is known"

@@ -12,7 +12,7 @@ server=""
 manager=""
 child=""
 
-# shellcheck disable=SC2329
+# shellcheck disable=SC2317,SC2329 # the trap calls it
 clean_up() {
     # The calendar goes first and in peace: it saves what it has before its display goes.
     if [ -n "$child" ] && kill "$child" 2>/dev/null; then
@@ -52,12 +52,15 @@ is_free() { # NUMBER: neither the display nor its port is taken
 
 if ! mkdir -m 700 "$state" 2>/dev/null; then
     # Only a folder of one's own is trusted: /tmp is everybody's.
-    [ -O "$state" ] && [ ! -L "$state" ] || { echo "error: $state belongs to somebody else" >&2 && exit 1; }
+    if [ ! -O "$state" ] || [ -L "$state" ]; then
+        echo "error: $state belongs to somebody else" >&2
+        exit 1
+    fi
     if [ -r "$state/pid" ] && [ "$(cat "/proc/$(cat "$state/pid")/comm" 2>/dev/null)" = Xtigervnc ]; then
         echo "Using the display that is already there: port $(cat "$state/port"), password as told at its start."
-        export DISPLAY=":$(cat "$state/number")" XAUTHORITY="$state/xauthority"
-        "$@"
-        exit
+        number="$(cat "$state/number")"
+        export DISPLAY=":$number" XAUTHORITY="$state/xauthority"
+        exec "$@"
     fi
     rm -rf "$state"
     mkdir -m 700 "$state"
