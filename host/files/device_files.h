@@ -1,0 +1,66 @@
+// The device's files as files of this machine, below the device's root.
+#pragma once
+
+#include "host/files/folder_cache.h"
+#include "platform/files.h"
+
+#include <ctime>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace tavo::files {
+
+struct DeviceFilesPlaces {
+    std::string Root;                 // the device's root, an existing folder
+    std::string InstalledSounds = {}; // lies under \Windows, only to be read; empty for none
+};
+
+class DeviceFiles final : public IFiles {
+  public:
+    using WallClock = std::function<std::time_t()>;
+
+    explicit DeviceFiles(
+        DeviceFilesPlaces places, WallClock now = [] { return std::time(nullptr); });
+
+    ErrorCode CreateDirectoryW(std::u16string_view path) override;
+    ErrorCode ReadWholeFile(std::u16string_view path, std::vector<std::uint8_t>& bytes) override;
+    ErrorCode WriteWholeFile(std::u16string_view path, std::span<const std::uint8_t> bytes) override;
+    ErrorCode DeleteFileW(std::u16string_view path) override;
+    std::unique_ptr<IFileSearch> FindFirstFileW(std::u16string_view pattern) override;
+
+    // Where an existing file of the device really lies (for sound players); nothing when there is none.
+    std::optional<std::string> RealPathOfFile(std::u16string_view path);
+
+    // At start-up: removes memos of \My Documents\TavoCalendar that were deleted more than 30 days ago, and what a
+    // crash left unfinished in that folder.
+    void Purge();
+
+    std::size_t FolderReads() const { return UserFolders.ReadCount() + InstalledFolders.ReadCount(); }
+
+  private:
+    using Parts = std::vector<std::u16string>;
+
+    // A file's real place: its folder exists, the file itself perhaps not.
+    struct Place {
+        std::string Folder;
+        std::string Name;
+
+        std::string Path() const { return Folder + '/' + Name; }
+    };
+
+    ErrorCode FindFolder(std::span<const std::u16string> parts, std::string& folder);
+    ErrorCode FindPlace(std::span<const std::u16string> parts, Place& place);
+    std::optional<std::string> FindName(FolderCache& cache, const std::string& folder, const std::u16string& name);
+    std::optional<std::string> FindInstalled(std::span<const std::u16string> parts);
+    bool LiesInside(const std::string& realPath) const;
+    ErrorCode FindExisting(std::u16string_view path, std::string& realPath);
+
+    std::string Root;
+    std::string Installed;
+    WallClock Now;
+    FolderCache UserFolders;
+    FolderCache InstalledFolders;
+};
+
+} // namespace tavo::files

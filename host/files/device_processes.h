@@ -1,0 +1,35 @@
+// Other programs of the device as programs of this machine.
+#pragma once
+
+#include "platform/processes.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tavo::files {
+
+// The folder of the running executable; empty when the system does not tell.
+std::string RunningProgramFolder();
+
+// Starts a program that outlives us: in a session of its own, with no descriptor of ours and nothing printed. False
+// when there is no such executable. The first argument is the executable's path.
+bool StartDetached(const std::vector<std::string>& arguments);
+
+// Only two programs exist: RSound.exe, the companion beside the running executable, and \Windows\Clock.exe, the
+// desktop's clock (TAVO_CLOCK if set, else the first of a short list that PATH has).
+class DeviceProcesses final : public IProcesses {
+  public:
+    explicit DeviceProcesses(std::string programFolder = RunningProgramFolder())
+        : ProgramFolder(std::move(programFolder)) {}
+
+    bool CreateProcessW(std::u16string_view path, std::u16string_view commandLine) override;
+
+    // What CreateProcessW would start: executable and arguments; nothing when there is none.
+    std::optional<std::vector<std::string>> Resolve(std::u16string_view path, std::u16string_view commandLine) const;
+
+  private:
+    std::string ProgramFolder;
+};
+
+} // namespace tavo::files

@@ -1,0 +1,62 @@
+// One running program for each device root, and the way a second start reaches the first.
+#pragma once
+
+#include "host/files/file_descriptor.h"
+#include "platform/status.h"
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tavo::files {
+
+enum class InstanceRole {
+    Program, // the one with the window
+    Tool,    // holds TavoCalendar.dat for a moment while no program runs
+};
+
+enum class LockOutcome {
+    Held,
+    ProgramRuns, // another program has the root
+    Busy,        // a tool has the data file and did not let go in time
+    Failed,      // the lock file cannot be made; see Problem()
+};
+
+// Record locks of an open file: they end with the process, however it ends, and asking about them takes nothing away.
+class InstanceLock {
+  public:
+    explicit InstanceLock(std::string runFolder) : RunFolder(std::move(runFolder)) {}
+
+    InstanceLock(const InstanceLock&) = delete;
+    InstanceLock& operator=(const InstanceLock&) = delete;
+
+    // `patience`: how long to wait for a tool. Held until Release or the end of the object.
+    LockOutcome Acquire(InstanceRole role, std::chrono::milliseconds patience);
+    void Release();
+
+    ErrorCode Problem() const { return LastProblem; }
+
+    // Whether a program runs on this root. This process's own lock does not count.
+    static bool ProgramRuns(const std::string& runFolder);
+
+    // For the second start: asks the running program to come forward. `token` is the desktop's activation token.
+    static ErrorCode RequestActivation(const std::string& runFolder, std::string_view token);
+
+    // For the first: from now on ActivationFd is readable when a request arrives. Look once with TakeActivation right
+    // after this call, because a request may have come before it.
+    ErrorCode WatchActivation();
+
+    int ActivationFd() const { return Watch.Get(); }
+
+    // The token of the newest request, perhaps empty; nothing when there is none. Makes the descriptor unreadable.
+    std::optional<std::string> TakeActivation();
+
+  private:
+    std::string RunFolder;
+    FileDescriptor LockFile;
+    FileDescriptor Watch;
+    ErrorCode LastProblem = ErrorCode::Success;
+};
+
+} // namespace tavo::files
