@@ -1,0 +1,37 @@
+// Memo files: handwritten notes, one per file, found by the day in their names.
+#pragma once
+
+#include "store/program_state.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavo {
+
+// Names and paths of a day's memos. A memo belongs to the day that its name begins with; the rest of the name is the
+// time at which it was first saved.
+class MemoFiles {
+  public:
+    explicit MemoFiles(CProgramState& state) : State(state) {}
+
+    std::u16string MemoPath(std::u16string_view name) const;
+    // For a memo of this day that is first saved now.
+    std::u16string NewMemoPath(int year, int month, int day) const;
+
+    // The names of the day's memos, without the folder, in the order in which the device finds them.
+    std::vector<std::u16string> FindMemos(int year, int month, int day) const;
+    bool HasMemo(int year, int month, int day) const;
+
+    // Reads the whole file into the memo buffer. A file that cannot be read leaves the buffer empty.
+    bool ReadMemo(std::u16string_view path);
+    // Writes the memo buffer; an empty one is never written. False when nothing was.
+    bool WriteMemo(std::u16string_view path);
+
+  private:
+    std::u16string DayPattern(int year, int month, int day) const;
+
+    CProgramState& State;
+};
+
+} // namespace tavo

@@ -1,0 +1,20 @@
+// The dialog templates of pages and dialogs.
+#pragma once
+
+#include "framework/dialog_template.h"
+
+namespace tavo {
+
+extern const DialogTemplate kAboutTemplate;
+extern const DialogTemplate kClockPageTemplate;
+extern const DialogTemplate kSchedulePageTemplate;
+extern const DialogTemplate kCalendarPageTemplate;
+extern const DialogTemplate kSettingsPageTemplate;
+
+// Where the About dialog shows the program's icon, in dialog units.
+constexpr Rect kAboutIconPlace = Rect::FromSize(6, 22, 21, 20);
+
+// All of them, for whoever must look through every template.
+std::span<const DialogTemplate* const> AllDialogTemplates();
+
+} // namespace tavo

@@ -1,0 +1,111 @@
+// What the menus consist of.
+#include "res/menus.h"
+
+#include "res/resource_ids.h"
+
+#include <string_view>
+#include <utility>
+
+namespace tavo {
+
+namespace {
+
+MenuItem Command(int id, std::u16string_view text) {
+    MenuItem item;
+    item.Id = id;
+    item.Text = text;
+    return item;
+}
+
+MenuItem Separator() {
+    MenuItem item;
+    item.IsSeparator = true;
+    return item;
+}
+
+MenuItem Popup(std::u16string_view text, std::vector<MenuItem> children) {
+    MenuItem item;
+    item.Text = text;
+    item.Children = std::move(children);
+    item.IsPopup = true;
+    return item;
+}
+
+std::vector<MenuItem> MakePopups() {
+    return {
+        Popup(u"schedule",
+              {
+                  Command(kCommandView, u"View..."),
+                  Command(kCommandModify, u"Modify..."),
+                  Command(kCommandDelete, u"Delete..."),
+                  Command(kCommandPause, u"Pause"),
+                  Separator(),
+                  Command(kCommandCopyToAlarm, u"Copy to Alarm"),
+                  Command(kCommandCopyToHoliday, u"Copy to Holiday"),
+                  Command(kCommandCopyToAnniversary, u"Copy to Anniversary"),
+              }),
+        Popup(u"calendar",
+              {
+                  Command(kCommandDayAlarms, u"Alarm:"),
+                  Command(kCommandDayHolidays, u"Holiday:"),
+                  Command(kCommandDayAnniversaries, u"Anniversary:"),
+                  Command(kCommandDaySchedules, u"Schedule:"),
+                  Separator(),
+                  Command(kCommandDayMemos, u"Memo:"),
+                  Command(kCommandAddMemo, u"Add memo..."),
+              }),
+    };
+}
+
+std::vector<MenuItem> MakeInkMenus() {
+    return {
+        Popup(u"Edit",
+              {
+                  Command(kCommandUndo, u"Undo"),
+                  Command(kCommandRedo, u"Redo"),
+                  Separator(),
+                  Command(kCommandCut, u"Cut"),
+                  Command(kCommandCopy, u"Copy"),
+                  Command(kCommandPaste, u"Paste"),
+                  Command(kCommandClear, u"Clear"),
+                  Command(kCommandSelectAll, u"Select All"),
+              }),
+        Popup(u"Tool",
+              {
+                  Command(kCommandZoom75, u"75%"),
+                  Command(kCommandZoom100, u"100%"),
+                  Command(kCommandZoom150, u"150%"),
+                  Command(kCommandZoom200, u"200%"),
+                  Command(kCommandZoom300, u"300%"),
+                  Separator(),
+                  Command(kCommandDeleteNote, u"Delete Note"),
+              }),
+    };
+}
+
+std::vector<MenuItem> MakePageMenus() {
+    return {
+        Popup(u"Tools",
+              {
+                  Command(kCommandAbout, u"About Tavo Calendar..."),
+                  Command(kCommandExit, u"Exit"),
+              }),
+    };
+}
+
+} // namespace
+
+std::vector<MenuItem> LoadMenuW(int menu) {
+    switch (menu) {
+    case kMenuPopups:
+        return MakePopups();
+    case kMenuInkMemo:
+        return MakeInkMenus();
+    case kMenuPage:
+        return MakePageMenus();
+    default:
+        return {};
+    }
+}
+
+} // namespace tavo

