@@ -1,0 +1,187 @@
+// Shaping and drawing of text.
+#include "host/qt/font.h"
+
+#include <QFontDatabase>
+#include <QTextLayout>
+#include <QtEndian>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tavo::qt {
+namespace {
+
+constexpr std::size_t kMostShapedTexts = 512;
+constexpr qsizetype kAverageWidthOffset = 2; // of xAvgCharWidth in the OS/2 table
+
+// The average character width as the font file states it, at the size of the font.
+double GetAverageWidth(const QRawFont& font) {
+    const QByteArray table = font.fontTable("OS/2");
+    if (table.size() >= kAverageWidthOffset + 2 && font.unitsPerEm() > 0) {
+        const auto units = qFromBigEndian<qint16>(table.constData() + kAverageWidthOffset);
+        if (units > 0) {
+            return units * font.pixelSize() / font.unitsPerEm();
+        }
+    }
+    return font.averageCharWidth();
+}
+
+// Whether every character is one glyph, left to right, whatever its neighbours.
+bool IsSimple(std::u16string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char16_t unit) {
+        return (unit >= 0x20 && unit < 0x300) || (unit >= 0x370 && unit < 0x483) || (unit >= 0x48A && unit < 0x530) ||
+               (unit >= 0x2010 && unit < 0x2028);
+    });
+}
+
+QFont MakeWish(const LogFont& description) {
+    QFont font(QString::fromUtf16(description.FaceName.data(), static_cast<qsizetype>(description.FaceName.size())));
+    font.setPixelSize(std::max(1, std::abs(description.Height)));
+    font.setWeight(static_cast<QFont::Weight>(std::clamp(description.Weight, 1, 1000)));
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setStyleStrategy(QFont::NoSubpixelAntialias);
+    font.setKerning(false);
+    return font;
+}
+
+} // namespace
+
+Font::Font(const LogFont& description) : Wish(MakeWish(description)) {
+    Faces.push_back({QRawFont::fromFont(Wish), {}});
+    QRawFont& face = Faces.front().Measured;
+    if (description.Height > 0) { // a positive height is the line's, not the characters'
+        const double line = face.ascent() + face.descent();
+        if (line > 0) {
+            face.setPixelSize(std::max(1.0, face.pixelSize() * description.Height / line));
+        }
+    }
+    if (description.Width != 0) {
+        if (const double average = GetAverageWidth(face); average > 0) {
+            Stretch = std::abs(description.Width) / average;
+        }
+    }
+    AscentPixels = static_cast<int>(std::lround(face.ascent()));
+    LinePixels = AscentPixels + static_cast<int>(std::lround(face.descent()));
+}
+
+const ShapedText& Font::Shape(std::u16string_view text) {
+    if (const auto known = Shaped.find(text); known != Shaped.end()) {
+        return known->second;
+    }
+    if (Shaped.size() >= kMostShapedTexts) {
+        Shaped.clear();
+    }
+    ShapedText shaped;
+    if (!ShapeSimply(text, shaped)) {
+        ShapeFully(text, shaped);
+    }
+    return Shaped.emplace(text, std::move(shaped)).first->second;
+}
+
+int Font::Measure(std::u16string_view text) {
+    return static_cast<int>(std::lround(Shape(text).Width()));
+}
+
+bool Font::ShapeSimply(std::u16string_view text, ShapedText& shaped) const {
+    if (!IsSimple(text)) {
+        return false;
+    }
+    const QRawFont& face = Faces.front().Measured;
+    ShapedRun run;
+    run.Glyphs = face.glyphIndexesForString(QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())));
+    if (run.Glyphs.size() != static_cast<qsizetype>(text.size()) || run.Glyphs.contains(0)) {
+        return false;
+    }
+    const QList<QPointF> advances =
+        face.advancesForGlyphIndexes(run.Glyphs, QRawFont::UseDesignMetrics | QRawFont::SeparateAdvances);
+    double x = 0;
+    run.Places.reserve(run.Glyphs.size());
+    shaped.Ends.reserve(text.size());
+    for (const QPointF& advance : advances) {
+        run.Places.append({x, 0});
+        x += advance.x();
+        shaped.Ends.push_back(x * Stretch);
+    }
+    shaped.Runs.push_back(std::move(run));
+    return true;
+}
+
+void Font::ShapeFully(std::u16string_view text, ShapedText& shaped) {
+    QTextLayout layout(QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())), Wish);
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    option.setUseDesignMetrics(true);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    double end = 0;
+    for (std::size_t count = 1; count <= text.size(); ++count) {
+        line.setNumColumns(static_cast<int>(count));
+        end = std::max(end, line.naturalTextWidth());
+        shaped.Ends.push_back(end * Stretch);
+    }
+    layout.endLayout();
+    const double ascent = line.isValid() ? line.ascent() : 0;
+    for (const QGlyphRun& glyphs : layout.glyphRuns()) {
+        ShapedRun run;
+        run.Face = FaceOf(glyphs.rawFont());
+        run.Glyphs = glyphs.glyphIndexes();
+        for (const QPointF& place : glyphs.positions()) {
+            run.Places.append({place.x(), place.y() - ascent});
+        }
+        shaped.Runs.push_back(std::move(run));
+    }
+}
+
+int Font::FaceOf(const QRawFont& rawFont) {
+    const auto known =
+        std::find_if(Faces.begin(), Faces.end(), [&](const Face& face) { return face.Measured == rawFont; });
+    if (known == Faces.end()) {
+        Faces.push_back({rawFont, {}});
+        return static_cast<int>(Faces.size()) - 1;
+    }
+    return static_cast<int>(known - Faces.begin());
+}
+
+const QRawFont& Font::FaceAt(int face, Scale scale) {
+    Face& found = Faces[static_cast<std::size_t>(face)];
+    if (found.DrawnFactor != scale.Factor) {
+        found.Drawn = found.Measured;
+        if (scale.Factor != 1.0) {
+            found.Drawn.setPixelSize(found.Measured.pixelSize() * scale.Factor);
+        }
+        found.DrawnFactor = scale.Factor;
+    }
+    return found.Drawn;
+}
+
+void Font::Draw(QPainter& painter, const ShapedText& text, QPointF baseline, Scale scale) {
+    const QTransform before = painter.worldTransform();
+    if (Stretch != 1.0) {
+        painter.translate(baseline);
+        painter.scale(Stretch, 1.0);
+        baseline = {};
+    }
+    QGlyphRun glyphs;
+    for (const ShapedRun& run : text.Runs) {
+        QList<QPointF> places = run.Places;
+        for (QPointF& place : places) {
+            place *= scale.Factor;
+        }
+        glyphs.setRawFont(FaceAt(run.Face, scale));
+        glyphs.setGlyphIndexes(run.Glyphs);
+        glyphs.setPositions(places);
+        painter.drawGlyphRun(baseline, glyphs);
+    }
+    if (Stretch != 1.0) {
+        painter.setWorldTransform(before);
+    }
+}
+
+bool PrepareFonts() {
+    QFont::insertSubstitutions("Arial", {"Liberation Sans", "Arimo", "Nimbus Sans", "Helvetica", "DejaVu Sans"});
+    QFont::insertSubstitutions("Comic Sans MS", {"Comic Neue", "Comic Relief", "Liberation Sans", "DejaVu Sans"});
+    return !QFontDatabase::families().isEmpty();
+}
+
+} // namespace tavo::qt

@@ -1,0 +1,83 @@
+// One font of the device: measured unhinted at scale 1, drawn at any scale from the same measures.
+#pragma once
+
+#include "host/qt/scale.h"
+#include "platform/drawing.h"
+
+#include <QGlyphRun>
+#include <QList>
+#include <QPainter>
+#include <QRawFont>
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace tavo::qt {
+
+// Glyphs of one text that come from the same font file.
+struct ShapedRun {
+    int Face = 0; // index into the font's faces
+    QList<quint32> Glyphs;
+    QList<QPointF> Places; // from the start of the baseline, at scale 1, before stretching
+};
+
+// A text as glyphs. Ends[i] is where the first i + 1 characters end, at scale 1 and stretched.
+struct ShapedText {
+    std::vector<ShapedRun> Runs;
+    std::vector<double> Ends;
+
+    double Width() const { return Ends.empty() ? 0.0 : Ends.back(); }
+};
+
+class Font {
+  public:
+    explicit Font(const LogFont& description);
+    Font(const Font&) = delete;
+    Font& operator=(const Font&) = delete;
+
+    // Whole logical pixels; both are the same at every scale.
+    int Ascent() const { return AscentPixels; }
+
+    int LineHeight() const { return LinePixels; }
+
+    // Stays valid until the next call.
+    const ShapedText& Shape(std::u16string_view text);
+
+    // The width of the text in whole logical pixels.
+    int Measure(std::u16string_view text);
+
+    // Draws in the painter's pen; the baseline starts at a point in real pixels.
+    void Draw(QPainter& painter, const ShapedText& text, QPointF baseline, Scale scale);
+
+  private:
+    struct Face {
+        QRawFont Measured; // at scale 1
+        QRawFont Drawn;    // at the scale drawn last
+        double DrawnFactor = 0.0;
+    };
+
+    struct Hash {
+        using is_transparent = void;
+
+        std::size_t operator()(std::u16string_view text) const { return std::hash<std::u16string_view>()(text); }
+    };
+
+    bool ShapeSimply(std::u16string_view text, ShapedText& shaped) const;
+    void ShapeFully(std::u16string_view text, ShapedText& shaped);
+    int FaceOf(const QRawFont& rawFont);
+    const QRawFont& FaceAt(int face, Scale scale);
+
+    QFont Wish;
+    std::vector<Face> Faces; // the first is the font itself, the others stand in for characters it lacks
+    double Stretch = 1.0;
+    int AscentPixels = 0;
+    int LinePixels = 0;
+    std::unordered_map<std::u16string, ShapedText, Hash, std::equal_to<>> Shaped;
+};
+
+// Names what stands in for fonts that are not installed. False: there is no font at all.
+bool PrepareFonts();
+
+} // namespace tavo::qt

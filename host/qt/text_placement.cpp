@@ -1,0 +1,110 @@
+// Breaking and aligning text.
+#include "host/qt/text_placement.h"
+
+#include <algorithm>
+
+namespace tavo::qt {
+namespace {
+
+// Takes the marks out of "&Open": "Open", with the O underlined. "&&" stays one "&".
+PlacedLine TakePrefixOut(std::u16string_view text) {
+    PlacedLine line;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == u'&' && i + 1 < text.size()) {
+            ++i;
+            if (text[i] != u'&') {
+                line.Underlined = static_cast<int>(line.Text.size());
+            }
+        }
+        line.Text += text[i];
+    }
+    return line;
+}
+
+// The number of characters that go on one line of this width: whole words, or at least one character.
+std::size_t CountFitting(Font& font, std::u16string_view text, int width) {
+    const std::vector<double>& ends = font.Shape(text).Ends;
+    std::size_t count = 0;
+    while (count < text.size() && ends[count] < width + 0.5) {
+        ++count;
+    }
+    if (count == text.size()) {
+        return count;
+    }
+    if (text[count] == u' ') {
+        return count;
+    }
+    const std::size_t blank = text.substr(0, count).rfind(u' ');
+    return blank == std::u16string_view::npos ? std::max<std::size_t>(count, 1) : blank;
+}
+
+void AppendWrapped(Font& font, std::u16string_view text, int width, std::vector<PlacedLine>& lines) {
+    while (true) {
+        const std::size_t count = CountFitting(font, text, width);
+        lines.push_back({std::u16string(text.substr(0, count))});
+        if (count >= text.size()) {
+            return;
+        }
+        text.remove_prefix(text[count] == u' ' ? count + 1 : count);
+    }
+}
+
+std::vector<PlacedLine> SplitLines(Font& font, std::u16string_view text, int width, bool wraps) {
+    std::vector<PlacedLine> lines;
+    while (true) {
+        const std::size_t end = text.find(u'\n');
+        std::u16string_view line = text.substr(0, end);
+        if (line.ends_with(u'\r')) {
+            line.remove_suffix(1);
+        }
+        if (wraps) {
+            AppendWrapped(font, line, width, lines);
+        } else {
+            lines.push_back({std::u16string(line)});
+        }
+        if (end == std::u16string_view::npos) {
+            return lines;
+        }
+        text.remove_prefix(end + 1);
+    }
+}
+
+} // namespace
+
+std::vector<PlacedLine> PlaceText(Font& font, std::u16string_view text, const Rect& area, std::uint32_t format) {
+    PlacedLine whole;
+    if ((format & DT_NOPREFIX) != 0 || text.find(u'&') == std::u16string_view::npos) {
+        whole.Text = text;
+    } else {
+        whole = TakePrefixOut(text);
+    }
+    std::vector<PlacedLine> lines;
+    const bool isSingle = (format & DT_SINGLELINE) != 0;
+    if (isSingle) {
+        lines.push_back(std::move(whole));
+    } else {
+        lines = SplitLines(font, whole.Text, area.Width(), (format & DT_WORDBREAK) != 0);
+        if (lines.size() == 1) {
+            lines.front().Underlined = whole.Underlined;
+        }
+    }
+    int top = area.Top;
+    if (isSingle && (format & DT_VCENTER) != 0) {
+        top += (area.Height() - font.LineHeight()) / 2;
+    } else if (isSingle && (format & DT_BOTTOM) != 0) {
+        top = area.Bottom - font.LineHeight();
+    }
+    for (PlacedLine& line : lines) {
+        line.Left = area.Left;
+        if ((format & DT_CENTER) != 0) {
+            line.Left += (area.Width() - font.Measure(line.Text)) / 2;
+        } else if ((format & DT_RIGHT) != 0) {
+            line.Left = area.Right - font.Measure(line.Text);
+        }
+        line.Baseline = top + font.Ascent();
+        top += font.LineHeight();
+    }
+    return lines;
+}
+
+} // namespace tavo::qt

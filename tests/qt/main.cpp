@@ -1,0 +1,11 @@
+// Runs the tests of the desktop host without a screen.
+#include <QApplication>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    Q_INIT_RESOURCE(tavo_pictures);
+    const QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}

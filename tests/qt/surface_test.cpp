@@ -1,0 +1,151 @@
+// What drawing leaves on the off-screen picture, pixel by pixel, at several scales.
+#include "host/qt/surface.h"
+
+#include <gtest/gtest.h>
+
+namespace tavo::qt {
+namespace {
+
+constexpr Color kBlack = Color::FromRgb(0, 0, 0);
+
+class SurfaceAtScale : public testing::TestWithParam<double> {
+  protected:
+    Surface Make(int width, int height) { return Surface({width, height}, {GetParam()}, OwnFonts, OwnPictures); }
+
+    Fonts OwnFonts;
+    Pictures OwnPictures;
+};
+
+class SurfaceTest : public testing::Test {
+  protected:
+    Surface Make(int width, int height, double scale) {
+        return Surface({width, height}, {scale}, OwnFonts, OwnPictures);
+    }
+
+    Fonts OwnFonts;
+    Pictures OwnPictures;
+};
+
+int CountPixels(const QImage& image, const QRect& area, QRgb color) {
+    int count = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            count += image.pixel(x, y) == color ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+int CountNeither(const QImage& image, QRgb one, QRgb other) {
+    return image.width() * image.height() - CountPixels(image, image.rect(), one) -
+           CountPixels(image, image.rect(), other);
+}
+
+constexpr QRgb kBlackPixel = 0xFF000000;
+constexpr QRgb kWhitePixel = 0xFFFFFFFF;
+
+} // namespace
+
+TEST_P(SurfaceAtScale, IsWhiteWhenMade) {
+    const Surface surface = Make(20, 10);
+    EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kWhitePixel),
+              surface.Image().width() * surface.Image().height());
+}
+
+TEST_P(SurfaceAtScale, StraightEdgesAreNeverAntialiased) {
+    Surface surface = Make(40, 40);
+    surface.FillRect({3, 5, 17, 11}, kBlack);
+    surface.DrawLine({0, 20}, {40, 20}, {kBlack, 1});
+    surface.DrawLine({25, 0}, {25, 40}, {kBlack, 1});
+    surface.DrawLine({31, 5}, {31, 30}, {kBlack, 3});
+    EXPECT_EQ(CountNeither(surface.Image(), kBlackPixel, kWhitePixel), 0);
+}
+
+TEST_P(SurfaceAtScale, NeighbouringRectanglesMeet) {
+    Surface surface = Make(33, 33);
+    for (int i = 0; i < 33; ++i) {
+        surface.FillRect({i, 0, i + 1, 33}, kBlack);
+    }
+    EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kWhitePixel), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Scales, SurfaceAtScale, testing::Values(1.0, 1.25, 1.5, 2.0, 2.375, 3.0));
+
+TEST_F(SurfaceTest, EdgesLieAtTheRoundedProductOfPlaceAndScale) {
+    Surface surface = Make(40, 40, 1.5);
+    surface.FillRect({3, 5, 7, 9}, kBlack); // 4.5, 7.5, 10.5, 13.5 round up
+    EXPECT_EQ(surface.Image().size(), QSize(60, 60));
+    EXPECT_EQ(CountPixels(surface.Image(), QRect(QPoint(5, 8), QPoint(10, 13)), kBlackPixel), 36);
+    EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kBlackPixel), 36);
+}
+
+TEST_F(SurfaceTest, AThinLineLeavesItsEndOut) {
+    Surface surface = Make(20, 20, 1.0);
+    surface.DrawLine({2, 3}, {6, 3}, {kBlack, 1});
+    EXPECT_EQ(surface.Image().pixel(2, 3), kBlackPixel);
+    EXPECT_EQ(surface.Image().pixel(5, 3), kBlackPixel);
+    EXPECT_EQ(surface.Image().pixel(6, 3), kWhitePixel);
+    EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kBlackPixel), 4);
+}
+
+TEST_F(SurfaceTest, ALineDrawnBackwardsLeavesItsEndOutToo) {
+    Surface surface = Make(20, 20, 1.0);
+    surface.DrawLine({3, 6}, {3, 2}, {kBlack, 1});
+    EXPECT_EQ(surface.Image().pixel(3, 6), kBlackPixel);
+    EXPECT_EQ(surface.Image().pixel(3, 3), kBlackPixel);
+    EXPECT_EQ(surface.Image().pixel(3, 2), kWhitePixel);
+}
+
+TEST_F(SurfaceTest, AThickStraightLineLiesAroundItsPoints) {
+    Surface surface = Make(20, 20, 2.0);
+    surface.DrawLine({10, 4}, {10, 14}, {kBlack, 3});
+    // Columns 9 to 11, rows 3 to 15, each of them two real pixels.
+    EXPECT_EQ(CountPixels(surface.Image(), QRect(QPoint(18, 6), QPoint(23, 31)), kBlackPixel), 6 * 26);
+    EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kBlackPixel), 6 * 26);
+}
+
+TEST_F(SurfaceTest, DiagonalsAreSmooth) {
+    Surface surface = Make(40, 40, 2.0);
+    surface.DrawLine({5, 5}, {30, 17}, {kBlack, 3});
+    EXPECT_GT(CountNeither(surface.Image(), kBlackPixel, kWhitePixel), 20);
+    EXPECT_EQ(surface.Image().pixel(11, 11), kBlackPixel);
+}
+
+TEST_F(SurfaceTest, DrawingBesideTheSurfaceLeavesItWhole) {
+    Surface surface = Make(20, 20, 2.0);
+    surface.FillRect({-10, -10, 5, 5}, kBlack);
+    surface.FillRect({18, 18, 50, 50}, kBlack);
+    surface.DrawLine({-5, 10}, {60, 10}, {kBlack, 1});
+    EXPECT_EQ(CountPixels(surface.Image(), QRect(0, 0, 10, 10), kBlackPixel), 100);
+    EXPECT_EQ(CountPixels(surface.Image(), QRect(36, 36, 4, 4), kBlackPixel), 16);
+    EXPECT_EQ(CountPixels(surface.Image(), QRect(0, 20, 40, 2), kBlackPixel), 80);
+}
+
+TEST_F(SurfaceTest, APictureCoversItsEdgesExactlyAtEveryPlace) {
+    for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
+        Surface surface = Make(40, 40, scale);
+        surface.FillRect({0, 0, 40, 40}, Color::FromRgb(255, 0, 255));
+        surface.DrawBitmap(150, {5, 21}, {0, 0, 32, 5}); // the white mark eraser
+        const QRect covered = surface.GetScale().Edges({5, 21, 37, 26});
+        EXPECT_EQ(CountPixels(surface.Image(), covered, kWhitePixel), covered.width() * covered.height()) << scale;
+        EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), 0xFFFF00FF),
+                  surface.Image().width() * surface.Image().height() - covered.width() * covered.height())
+            << scale;
+    }
+}
+
+TEST_F(SurfaceTest, AnUnknownPictureDrawsNothing) {
+    Surface surface = Make(40, 40, 1.0);
+    surface.DrawBitmap(9999, {0, 0}, {0, 0, 30, 30});
+    EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kWhitePixel), 1600);
+}
+
+TEST_F(SurfaceTest, TellsWhatWasDrawnOnSinceTheLastTime) {
+    Surface surface = Make(40, 40, 2.0);
+    EXPECT_EQ(surface.TakeChanged(), QRect(0, 0, 80, 80));
+    EXPECT_TRUE(surface.TakeChanged().isEmpty());
+    surface.FillRect({5, 6, 7, 8}, kBlack);
+    EXPECT_EQ(surface.TakeChanged(), QRect(10, 12, 4, 4));
+}
+
+} // namespace tavo::qt

@@ -1,0 +1,148 @@
+// Text: measured once for all scales, placed by the device's flags, stretched to a wished width.
+#include "host/qt/surface.h"
+#include "host/qt/text_placement.h"
+
+#include <gtest/gtest.h>
+
+namespace tavo::qt {
+namespace {
+
+constexpr Color kBlack = Color::FromRgb(0, 0, 0);
+
+LogFont Arial(int height, int weight = 400) {
+    return {u"Arial", height, 0, weight};
+}
+
+// The columns and rows of a picture that carry ink.
+QRect FindInk(const QImage& image) {
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qGray(image.pixel(x, y)) < 200) {
+                ink |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return ink;
+}
+
+class TextTest : public testing::Test {
+  protected:
+    TextTest() { EXPECT_TRUE(PrepareFonts()); }
+
+    QRect Draw(std::u16string_view text, FontHandle font, const Rect& area, std::uint32_t format, double scale) {
+        Surface surface({240, 120}, {scale}, OwnFonts, OwnPictures);
+        surface.DrawTextW(text, area, {font, kBlack, format});
+        return FindInk(surface.Image());
+    }
+
+    Fonts OwnFonts;
+    Pictures OwnPictures;
+};
+
+} // namespace
+
+TEST_F(TextTest, ALetterIsAsWideAsTheFontSaysUnhinted) {
+    Font font(Arial(-20));
+    // The letters of this family: W 0.944, i 0.222 of the height.
+    EXPECT_NEAR(font.Shape(u"W").Width(), 18.88, 0.1);
+    EXPECT_NEAR(font.Shape(u"i").Width(), 4.44, 0.1);
+    EXPECT_NEAR(font.Shape(u"iiiiiiiiii").Width(), 44.4, 0.5);
+}
+
+TEST_F(TextTest, DrawnTextKeepsItsMeasuredWidthAtEveryScale) {
+    const std::u16string_view text = u"Meeting with the whole department |";
+    const FontHandle font = OwnFonts.Make(Arial(-13));
+    const double measured = OwnFonts.Find(font)->Shape(text).Width();
+    for (const double scale : {1.0, 1.25, 1.5, 2.0, 2.5, 3.0}) {
+        const QRect ink = Draw(text, font, {0, 0, 240, 30}, DT_SINGLELINE, scale);
+        EXPECT_NEAR((ink.right() + 1) / scale, measured, 2.5) << scale;
+    }
+}
+
+TEST_F(TextTest, AWishedWidthStretchesTheFontToThatAverage) {
+    Font plain({u"Comic Sans MS", -133, 0, 700});
+    Font stretched({u"Comic Sans MS", -133, -33, 700});
+    EXPECT_EQ(plain.LineHeight(), stretched.LineHeight());
+    EXPECT_LT(stretched.Measure(u"00:00"), 200);
+    EXPECT_GT(stretched.Measure(u"00:00"), 100);
+    Font twice({u"Comic Sans MS", -133, 66, 700}); // the sign does not count
+    EXPECT_NEAR(twice.Shape(u"12:34").Width(), 2 * stretched.Shape(u"12:34").Width(), 0.01);
+}
+
+TEST_F(TextTest, StretchedTextIsDrawnAsWideAsMeasured) {
+    const FontHandle font = OwnFonts.Make({u"Comic Sans MS", -60, -15, 700});
+    const int measured = OwnFonts.Find(font)->Measure(u"12:34");
+    for (const double scale : {1.0, 2.0}) {
+        const QRect ink = Draw(u"12:34", font, {0, 0, 240, 100}, DT_SINGLELINE, scale);
+        EXPECT_NEAR(ink.width() / scale, measured, 8) << scale;
+        EXPECT_LT(ink.width() / scale, measured + 1) << scale;
+    }
+}
+
+TEST_F(TextTest, CentredRightAndBottomTextLiesWhereTheFlagsSay) {
+    Font font(Arial(-12));
+    const int width = font.Measure(u"Today");
+    const Rect area{20, 10, 220, 40};
+    EXPECT_EQ(PlaceText(font, u"Today", area, DT_SINGLELINE)[0].Left, 20);
+    EXPECT_EQ(PlaceText(font, u"Today", area, DT_SINGLELINE | DT_RIGHT)[0].Left, 220 - width);
+    EXPECT_EQ(PlaceText(font, u"Today", area, DT_SINGLELINE | DT_CENTER)[0].Left, 20 + (200 - width) / 2);
+    EXPECT_EQ(PlaceText(font, u"Today", area, DT_SINGLELINE)[0].Baseline, 10 + font.Ascent());
+    EXPECT_EQ(PlaceText(font, u"Today", area, DT_SINGLELINE | DT_BOTTOM)[0].Baseline,
+              40 - font.LineHeight() + font.Ascent());
+    EXPECT_EQ(PlaceText(font, u"Today", area, DT_SINGLELINE | DT_VCENTER)[0].Baseline,
+              10 + (30 - font.LineHeight()) / 2 + font.Ascent());
+}
+
+TEST_F(TextTest, ASingleLineKeepsLineFeedsOnItsLine) {
+    Font font(Arial(-12));
+    EXPECT_EQ(PlaceText(font, u"one\ntwo", {0, 0, 200, 50}, DT_SINGLELINE).size(), 1u);
+    EXPECT_EQ(PlaceText(font, u"one\r\ntwo\nthree", {0, 0, 200, 50}, 0).size(), 3u);
+    EXPECT_EQ(PlaceText(font, u"one\r\ntwo", {0, 0, 200, 50}, 0)[0].Text, u"one");
+}
+
+TEST_F(TextTest, WordsBreakAtBlanksAndLongWordsAnywhere) {
+    Font font(Arial(-12));
+    const auto lines =
+        PlaceText(font, u"several short words here", {0, 0, font.Measure(u"several short"), 90}, DT_WORDBREAK);
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_EQ(lines[0].Text, u"several short");
+    EXPECT_EQ(lines[1].Text, u"words here");
+    EXPECT_EQ(lines[1].Baseline, lines[0].Baseline + font.LineHeight());
+    const auto broken = PlaceText(font, u"WWWWWWWW", {0, 0, font.Measure(u"WWW"), 90}, DT_WORDBREAK);
+    ASSERT_EQ(broken.size(), 3u);
+    EXPECT_EQ(broken[2].Text, u"WW");
+}
+
+TEST_F(TextTest, AnAmpersandMarksTheNextCharacterUnlessPrefixesAreOff) {
+    Font font(Arial(-12));
+    const auto marked = PlaceText(font, u"A&bc && d", {0, 0, 200, 20}, DT_SINGLELINE);
+    EXPECT_EQ(marked[0].Text, u"Abc & d");
+    EXPECT_EQ(marked[0].Underlined, 1);
+    const auto plain = PlaceText(font, u"A&b", {0, 0, 200, 20}, DT_SINGLELINE | DT_NOPREFIX);
+    EXPECT_EQ(plain[0].Text, u"A&b");
+    EXPECT_EQ(plain[0].Underlined, -1);
+}
+
+TEST_F(TextTest, TextIsCutAtItsRectangle) {
+    const FontHandle font = OwnFonts.Make(Arial(-30));
+    for (const double scale : {1.0, 1.5, 3.0}) {
+        const QRect ink = Draw(u"MMMMMMMM", font, {10, 10, 60, 25}, DT_SINGLELINE, scale);
+        EXPECT_GE(ink.left(), 10 * scale);
+        EXPECT_LT(ink.right(), 60 * scale);
+        EXPECT_LT(ink.bottom(), 25 * scale);
+    }
+}
+
+TEST_F(TextTest, EveryCharacterEndsNoEarlierThanTheOneBefore) {
+    Font font(Arial(-13));
+    for (const std::u16string_view text :
+         {u"Tea \u05e9\u05dc\u05d5\u05dd caf\u00e9", u"\u4f1a\u8bae \U0001F4C5 3", u"a\u0301b"}) {
+        const ShapedText& shaped = font.Shape(text);
+        ASSERT_EQ(shaped.Ends.size(), text.size());
+        EXPECT_TRUE(std::is_sorted(shaped.Ends.begin(), shaped.Ends.end()));
+        EXPECT_GT(shaped.Width(), 10);
+    }
+}
+
+} // namespace tavo::qt
