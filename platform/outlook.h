@@ -150,6 +150,7 @@ struct TagRequest {
     TagList List = TagList::Alarm;
     Oid Item = 0;
     bool Set = true;
+    std::int32_t Position = -1; // where to put it back when it was undone; -1 is the end
 };
 
 // The store's mirror of the program's category lists: the program reports, other processes and undo read.
