@@ -17,7 +17,7 @@ const MessageMap& CPaintedWindow::Messages() {
 }
 
 ISurface& CPaintedWindow::Surface() {
-    if (!OffScreen) {
+    if (FirstPaint && !OffScreen) {
         OffScreen = Host().Drawing().CreateCompatibleSurface(SurfaceSize);
     }
     return *OffScreen;
@@ -25,10 +25,12 @@ ISurface& CPaintedWindow::Surface() {
 
 void CPaintedWindow::PresentSurface() {
     Host().Drawing().Present(Handle(), Surface(), Painted);
+    FirstPaint = false;
 }
 
 void CPaintedWindow::RemakeSurface() {
     OffScreen.reset();
+    FirstPaint = true;
     RepaintAll();
     Invalidate();
 }

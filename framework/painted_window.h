@@ -18,7 +18,7 @@ class CPaintedWindow : public CWindow {
     const MessageMap& GetMessageMap() const override { return Messages(); }
 
   protected:
-    // What paints onto the surface now: the surface, made when there is none.
+    // The off-screen surface; made, all white, on the first paint.
     ISurface& Surface();
 
     // Declares what was painted; kept until the next DropPainted.
@@ -26,8 +26,11 @@ class CPaintedWindow : public CWindow {
 
     void DropPainted() { Painted.clear(); }
 
-    // Copies the surface to the window together with what was declared.
+    // Copies the surface to the window together with what was declared, and ends the first paint.
     void PresentSurface();
+
+    // Set at creation and when the scale changed: nothing painted before is on the surface.
+    bool FirstPaint = true;
 
     // The surface is gone: set every repaint flag.
     virtual void RepaintAll() = 0;

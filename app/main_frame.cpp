@@ -1,0 +1,52 @@
+// The frame hands everything on to its view.
+#include "app/main_frame.h"
+
+#include "framework/message_pump.h"
+#include "res/strings.h"
+
+namespace tavo {
+
+CMainFrame::CMainFrame(CMessagePump& pump, CProgramState& state, ICommandTarget& commands)
+    : CWindow(pump), FormView(pump, state, commands) {}
+
+CMainFrame::~CMainFrame() {
+    Pump().SetMainWindow(WindowHandle::None);
+}
+
+const MessageMap& CMainFrame::Messages() {
+    static constexpr MessageEntry entries[] = {
+        On<&CMainFrame::CloseView>(WM_CLOSE),
+        On<&CMainFrame::Quit>(WM_QUERYENDSESSION),
+        On<&CMainFrame::TakeStoreChange>(WM_STORECHANGED),
+    };
+    static const MessageMap map{entries, &CWindow::Messages()};
+    return map;
+}
+
+bool CMainFrame::Open() {
+    WindowDescription description;
+    description.Kind = WindowKind::Frame;
+    description.ClassName = kMainWindowClass;
+    description.Title = kProgramTitle;
+    description.Bounds = Rect::FromSize(0, 0, kScreenSize.Width, kScreenSize.Height);
+    if (!Create(description)) {
+        return false;
+    }
+    Pump().SetMainWindow(Handle());
+    return FormView.OpenIn(Handle());
+}
+
+void CMainFrame::Quit() {
+    FormView.CloseShownPage();
+    CloseView();
+}
+
+void CMainFrame::CloseView() {
+    FormView.Post(WM_CLOSE);
+}
+
+void CMainFrame::TakeStoreChange() {
+    FormView.TakeOutsideChange();
+}
+
+} // namespace tavo

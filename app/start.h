@@ -1,0 +1,11 @@
+// The program's one entry: what a host calls.
+#pragma once
+
+#include "platform/host.h"
+
+namespace tavo {
+
+// Runs the program on this device until it quits; gives the process's exit status.
+int RunTavoCalendar(IHost& host);
+
+} // namespace tavo

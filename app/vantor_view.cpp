@@ -1,0 +1,160 @@
+// The main view's life and the switching of its pages.
+#include "app/vantor_view.h"
+
+#include "res/menus.h"
+#include "res/resource_ids.h"
+#include "store/category_file.h"
+#include "store/device_programs.h"
+
+namespace tavo {
+
+namespace {
+
+constexpr int kNoticePeriod = 500; // milliseconds in which change notices become one
+constexpr Size kViewSize{kClientArea.Width(), kClientArea.Height()};
+constexpr Color kViewBackground = Color::FromRgb(255, 255, 255);
+
+} // namespace
+
+CVantorView::CVantorView(CMessagePump& pump, CProgramState& state, ICommandTarget& commands)
+    : CPaintedWindow(pump, kViewSize), State(state), Commands(commands) {
+    State.CurrentPage = kClockPage;
+    State.RefreshSuppressed = false;
+}
+
+CVantorView::~CVantorView() {
+    State.Store.CloseStore();
+}
+
+const MessageMap& CVantorView::Messages() {
+    static constexpr MessageEntry entries[] = {
+        On<&CVantorView::TakeChangeNotice>(kChangeNotice),
+        OnTimer<&CVantorView::RefreshPages>(kTimerChangeNotice),
+        On<&CVantorView::EndProcess>(WM_CLOSE),
+    };
+    static const MessageMap map{entries, &CPaintedWindow::Messages()};
+    return map;
+}
+
+bool CVantorView::OpenIn(WindowHandle frame) {
+    Frame = frame;
+    WindowDescription description;
+    description.Kind = WindowKind::View;
+    description.Parent = frame;
+    description.Bounds = kClientArea;
+    description.Visible = true;
+    const bool made = Create(description);
+    State.MainView = Handle();
+    return made;
+}
+
+void CVantorView::UpdateFirst() {
+    if (!State.Store.OpenStore()) {
+        return;
+    }
+    // A missing companion is silent: the calendar works without it.
+    static_cast<void>(Host().Processes().CreateProcessW(kCompanionProgram, u""));
+    // A corrupt file has shown its message; the start goes on with what was read.
+    static_cast<void>(LoadCategoryFile(State));
+    CreatePages();
+}
+
+void CVantorView::CreatePages() {
+    SettingsPage = std::make_unique<CSettingsPage>(Pump(), State, *this);
+    SettingsPage->CreateOn(Handle());
+    SchedulePage = std::make_unique<CSchedulePage>(Pump(), State, *this);
+    SchedulePage->CreateOn(Handle());
+    CalendarPage = std::make_unique<CCalendarPage>(Pump(), State, *this);
+    CalendarPage->CreateOn(Handle());
+    ClockPage = std::make_unique<CClockPage>(Pump(), State, *this);
+    ClockPage->CreateOn(Handle());
+    ClockPage->Show(ShowCommand::Maximize);
+}
+
+void CVantorView::HidePages() {
+    ClockPage->Show(ShowCommand::Hide);
+    SchedulePage->Show(ShowCommand::Hide);
+    CalendarPage->Show(ShowCommand::Hide);
+    SettingsPage->Show(ShowCommand::Hide);
+}
+
+void CVantorView::ShowPage(int page) {
+    HidePages();
+    switch (page) {
+    case kClockPage:
+        ClockPage->Show(ShowCommand::Maximize);
+        break;
+    case kSchedulePage:
+    case kScheduleAgainPage:
+        SchedulePage->Show(ShowCommand::Maximize);
+        break;
+    case kCalendarPage:
+        CalendarPage->OpenFromPageBar();
+        CalendarPage->Show(ShowCommand::Maximize);
+        break;
+    case kSettingsPage:
+        SettingsPage->Show(ShowCommand::Maximize);
+        break;
+    default:
+        break;
+    }
+}
+
+void CVantorView::ClosePages() {
+    // A file that cannot be written has shown its message; the program goes to the background all the same.
+    static_cast<void>(SaveCategoryFile(State));
+    Host().Windows().ShowWindow(Frame, ShowCommand::Minimize);
+}
+
+void CVantorView::CloseShownPage() {
+    if (ClockPage) {
+        ClosePages();
+    }
+}
+
+void CVantorView::PostChangeNotice() {
+    Post(kChangeNotice);
+}
+
+void CVantorView::TakeOutsideChange() {
+    // Whether a list changed or an item did, the pages are asked to show it.
+    static_cast<void>(State.Categories.ApplyTagRequests());
+    PostChangeNotice();
+}
+
+void CVantorView::TakeChangeNotice() {
+    Host().Windows().KillTimer(Handle(), kTimerChangeNotice);
+    if (!State.RefreshSuppressed) {
+        Host().Windows().SetTimer(Handle(), kTimerChangeNotice, kNoticePeriod);
+    }
+}
+
+void CVantorView::RefreshPages() {
+    Host().Windows().KillTimer(Handle(), kTimerChangeNotice);
+    if (CalendarPage) {
+        CalendarPage->RebuildAll();
+    }
+    if (SchedulePage) {
+        SchedulePage->RefillLists();
+    }
+}
+
+WindowHandle CVantorView::CreatePageMenuBar(WindowHandle page, int menuId) {
+    return Host().Menus().SHCreateMenuBar(page, LoadMenuW(menuId));
+}
+
+void CVantorView::RouteCommand(int command) {
+    Commands.TakeCommand(command);
+}
+
+void CVantorView::EndProcess() {
+    Host().Queue().PostQuitMessage(0);
+}
+
+void CVantorView::Paint() {
+    DropPainted();
+    Surface().FillRect(Rect::FromSize(0, 0, kViewSize.Width, kViewSize.Height), kViewBackground);
+    PresentSurface();
+}
+
+} // namespace tavo

@@ -1,0 +1,70 @@
+// The main view: owns the store connection's life, the four pages, and the change notices between them.
+#pragma once
+
+#include "calendar/calendar_page.h"
+#include "calendar/clock_page.h"
+#include "framework/painted_window.h"
+#include "schedule/main_view.h"
+#include "schedule/schedule_page.h"
+#include "schedule/settings_page.h"
+#include "store/program_state.h"
+
+#include <memory>
+
+namespace tavo {
+
+// What takes the commands that belong to the program as a whole.
+class ICommandTarget {
+  public:
+    virtual void TakeCommand(int command) = 0;
+
+  protected:
+    ~ICommandTarget() = default;
+};
+
+class CVantorView : public CPaintedWindow, public IMainView {
+  public:
+    CVantorView(CMessagePump& pump, CProgramState& state, ICommandTarget& commands);
+    ~CVantorView() override;
+
+    // Makes the view inside the frame.
+    bool OpenIn(WindowHandle frame);
+    // Opens the store, reads the data file and makes the pages; a failing store leaves the view empty.
+    void UpdateFirst();
+    // As if the shown page's × were tapped; nothing when there are no pages.
+    void CloseShownPage();
+    // Another process changed items or asked for tags.
+    void TakeOutsideChange();
+
+    void ShowPage(int page) override;
+    void ClosePages() override;
+    void PostChangeNotice() override;
+    WindowHandle CreatePageMenuBar(WindowHandle page, int menuId) override;
+    void RouteCommand(int command) override;
+
+    static const MessageMap& Messages();
+
+    const MessageMap& GetMessageMap() const override { return Messages(); }
+
+  protected:
+    void Paint() override;
+
+    void RepaintAll() override {}
+
+  private:
+    void CreatePages();
+    void HidePages();
+    void TakeChangeNotice();
+    void RefreshPages();
+    void EndProcess();
+
+    CProgramState& State;
+    ICommandTarget& Commands;
+    WindowHandle Frame = WindowHandle::None;
+    std::unique_ptr<CSettingsPage> SettingsPage;
+    std::unique_ptr<CSchedulePage> SchedulePage;
+    std::unique_ptr<CCalendarPage> CalendarPage;
+    std::unique_ptr<CClockPage> ClockPage;
+};
+
+} // namespace tavo

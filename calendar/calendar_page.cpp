@@ -1,0 +1,135 @@
+// The month page's life: its dates, its day list and its question to the store.
+#include "calendar/calendar_page.h"
+
+#include "framework/format.h"
+#include "res/dialog_templates.h"
+#include "res/resource_ids.h"
+#include "store/date_pictures.h"
+
+namespace tavo {
+
+namespace {
+
+constexpr Rect kDayListPlace = Rect::FromSize(0, 30, 240, 210);
+constexpr Rect kScrollBarPlace = Rect::FromSize(222, 31, 15, 207);
+constexpr std::u16string_view kMonthRestriction = u"[Start] >= %s and [Start] <= %s and [End] >= %s\n";
+
+SYSTEMTIME MidnightOf(const CalendarDate& date) {
+    SYSTEMTIME time;
+    time.Year = static_cast<std::uint16_t>(date.Year);
+    time.Month = static_cast<std::uint16_t>(date.Month);
+    time.Day = static_cast<std::uint16_t>(date.Day);
+    return time;
+}
+
+} // namespace
+
+CCalendarPage::CCalendarPage(CMessagePump& pump, CProgramState& state, IMainView& view)
+    : CMainPage(pump, state, view, kCalendarPageTemplate, kMenuPage), DayList(pump, state) {}
+
+const MessageMap& CCalendarPage::Messages() {
+    static constexpr MessageEntry entries[] = {
+        On<&CCalendarPage::TakeStylusDown>(WM_LBUTTONDOWN),
+        On<&CCalendarPage::TakeStylusMove>(WM_MOUSEMOVE),
+        On<&CCalendarPage::TakeStylusUp>(WM_LBUTTONUP),
+        On<&CCalendarPage::TakeKeyDown>(WM_KEYDOWN),
+        OnScroll<&CCalendarPage::TakeScroll>(kCalendarScrollBar),
+        OnCommand<&CCalendarPage::PassLeftToDayList>(kCommandDayListLeft),
+    };
+    static const MessageMap map{entries, &CMainPage::Messages()};
+    return map;
+}
+
+void CCalendarPage::OnInitDialog() {
+    IsAnalog = Host().Registry().GetProfileIntW(u"clock", u"isAnalog", 1) != 0;
+    SetToday();
+    DayList.CreateOn(Handle(), kDayListPlace);
+    ShowItem(kCalendarScrollBar, false);
+    MoveItem(kCalendarScrollBar, kScrollBarPlace);
+    ReloadDayList();
+}
+
+void CCalendarPage::RepaintAll() {
+    FullPaint = true;
+    SelectionChanged = true;
+    MonthChanged = true;
+}
+
+void CCalendarPage::RebuildAll() {
+    RepaintAll();
+    Invalidate();
+}
+
+void CCalendarPage::OpenFromPageBar() {
+    FullPaint = true;
+    if (PaintedToday != Today()) {
+        SelectionChanged = true; // midnight passed while another page was on show
+    }
+    Invalidate();
+}
+
+void CCalendarPage::SetToday() {
+    const CalendarDate today = Today();
+    DisplayedYear = SelectedYear = today.Year;
+    DisplayedMonth = SelectedMonth = today.Month;
+    DisplayedDay = SelectedDay = today.Day;
+    State.SetFebruary(today.Year);
+}
+
+void CCalendarPage::SelectDay(CalendarDate date) {
+    SelectedYear = date.Year;
+    SelectedMonth = date.Month;
+    SelectedDay = date.Day;
+}
+
+void CCalendarPage::ReloadDayList() {
+    DayList.SetDate(SelectedYear, SelectedMonth, SelectedDay);
+    DayList.Load(this);
+}
+
+void CCalendarPage::OnDayListLoaded() {
+    Host().Controls().SetScrollInfo(Item(kCalendarScrollBar), {0, DayList.MaximumTop(), DayList.Top()});
+}
+
+CalendarDate CCalendarPage::Today() const {
+    const SYSTEMTIME now = Host().Clock().GetLocalTime();
+    return {now.Year, now.Month, now.Day};
+}
+
+int CCalendarPage::WeekdayOf(const CalendarDate& date) const {
+    SYSTEMTIME time;
+    // Only dates of the grid are asked for, and all of them convert.
+    static_cast<void>(Host().Locale().VariantTimeToSystemTime(AutomationDate(date), time));
+    return time.DayOfWeek;
+}
+
+DATE CCalendarPage::AutomationDate(const CalendarDate& date) const {
+    DATE result = 0;
+    // An impossible date (the 31st of a short month) gives day zero, which lies outside every grid.
+    static_cast<void>(Host().Locale().SystemTimeToVariantTime(MidnightOf(date), result));
+    return result;
+}
+
+CalendarDate CCalendarPage::DateAt(int row, int column) const {
+    const int number = DayGrid[static_cast<std::size_t>(row * kGridColumns + column)];
+    return DateOfCell(row, number, DisplayedYear, DisplayedMonth);
+}
+
+std::u16string CCalendarPage::ShortDate(DATE date) const {
+    SYSTEMTIME time;
+    if (!Host().Locale().VariantTimeToSystemTime(date, time)) {
+        return {};
+    }
+    return Host().Locale().GetDateFormatW(LocaleId::System, time, kPictureShortDate, kShortDateBuffer).value_or(u"");
+}
+
+// An appointment that began before the month before is not asked for, even if it still runs: none lasts that long.
+void CCalendarPage::QueryMonth() {
+    const bool isJanuary = DisplayedMonth == 1;
+    const CalendarDate previousMonth{isJanuary ? DisplayedYear - 1 : DisplayedYear, isJanuary ? 12 : DisplayedMonth - 1,
+                                     1};
+    MonthItems = State.Store.QueryAppointments(FormatText(kMonthRestriction, ShortDate(AutomationDate(previousMonth)),
+                                                          ShortDate(GridStart + kGridCells), ShortDate(GridStart)));
+}
+
+} // namespace tavo

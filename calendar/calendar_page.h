@@ -1,0 +1,96 @@
+// The month page: a grid of days with a mark for each kind of item, and a selected day.
+#pragma once
+
+#include "calendar/month_grid.h"
+#include "schedule/day_list.h"
+#include "schedule/main_page.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace tavo {
+
+class CCalendarPage : public CMainPage, private IDayListOwner {
+  public:
+    CCalendarPage(CMessagePump& pump, CProgramState& state, IMainView& view);
+
+    static const MessageMap& Messages();
+
+    const MessageMap& GetMessageMap() const override { return Messages(); }
+
+    // Appointments or category lists changed: asks the store again and repaints.
+    void RebuildAll();
+    // The page comes on show: repaints whole, with what changed while it was hidden.
+    void OpenFromPageBar();
+
+    CalendarDate SelectedDate() const { return {SelectedYear, SelectedMonth, SelectedDay}; }
+
+  protected:
+    void OnInitDialog() override;
+    void Paint() override;
+    void RepaintAll() override;
+
+  private:
+    // calendar_page.cpp
+    void SetToday();
+    void SelectDay(CalendarDate date);
+    void ReloadDayList();
+    void OnDayListLoaded() override;
+    CalendarDate Today() const;
+    int WeekdayOf(const CalendarDate& date) const; // 0 Sunday
+    DATE AutomationDate(const CalendarDate& date) const;
+    CalendarDate DateAt(int row, int column) const;
+    void QueryMonth();
+    std::u16string ShortDate(DATE date) const;
+
+    // calendar_page_paint.cpp
+    void PaintChrome();
+    void PaintHeader();
+    void PaintGrid();
+    void PaintCell(int row, int column, const CalendarDate& today);
+    void PaintGridLines();
+    void DeclareContents();
+    std::u16string NameOfCell(std::size_t cell, const CalendarDate& date) const;
+
+    // calendar_page_marks.cpp
+    void MarkMonth();
+    void MarkAppointment(const SYSTEMTIME& start, const SYSTEMTIME& end, Oid oid);
+    void MarkDay(std::size_t cell, Oid oid);
+
+    // calendar_page_input.cpp
+    bool TakeStylusDown(Point point);
+    bool TakeGridPress(Point point);
+    void TakeStylusMove(Point point);
+    void TakeStylusUp(Point point);
+    void TakeKeyDown(const Message& key);
+    bool MoveDisplayedDate(int key);
+    void TakeScroll(const Message& scroll);
+    void PassLeftToDayList();
+
+    int DisplayedYear = 0;
+    int DisplayedMonth = 0;
+    int DisplayedDay = 0;
+    int SelectedYear = 0;
+    int SelectedMonth = 0;
+    int SelectedDay = 0;
+    std::array<int, kGridCells> DayGrid{};
+    std::array<Rect, kGridCells> CellRect{};
+    std::array<std::uint8_t, kGridCells> CellKinds{}; // a bit for each kind of item marked in the cell
+
+    bool FullPaint = true;
+    bool SelectionChanged = true;
+    bool MonthChanged = true;
+    bool TodayPressed = false;
+    bool TodayTracking = false;
+    bool IsAnalog = true; // the clock's face; kept though the month does not show it
+    bool DayListShown = false;
+    Point TapPoint;
+    CalendarDate PaintedToday;
+    DATE GridStart = 0;
+    ComPtr<IPOutlookItemCollection> MonthItems;
+    CDayList DayList;
+};
+
+} // namespace tavo

@@ -1,0 +1,169 @@
+// What the stylus and the keys do on the month page.
+#include "calendar/calendar_page.h"
+
+#include "res/resource_ids.h"
+#include "store/device_programs.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace tavo {
+
+namespace {
+
+constexpr int kLowestYear = 1900;
+constexpr int kHighestYear = 2999;
+constexpr int kFirstYearBelow = 1901; // kept: going below this year lands on the lowest one
+constexpr int kPageOfRows = 5;
+
+constexpr Rect kTodayButton = Rect::FromSize(205, 5, 26, 26);
+constexpr Rect kTodayHit{206, 6, 231, 31};
+constexpr Rect kHeaderHit{31, 6, 195, 31};
+
+constexpr bool LiesStrictlyIn(const Rect& rect, Point point) {
+    return point.X > rect.Left && point.X < rect.Right && point.Y > rect.Top && point.Y < rect.Bottom;
+}
+
+} // namespace
+
+bool CCalendarPage::TakeStylusDown(Point point) {
+    if (TakePageBarPress(point)) {
+        return true;
+    }
+    if (point.Y > kGridTop && point.Y < kGridBottom && !DayListShown) {
+        return TakeGridPress(point);
+    }
+    if (kHeaderHit.Contains(point)) {
+        // Not waited for, and a device without a clock program just does nothing.
+        static_cast<void>(Host().Processes().CreateProcessW(kClockProgram, u""));
+        FullPaint = true;
+        MonthChanged = true;
+        return true;
+    }
+    if (LiesStrictlyIn(kTodayButton, point)) {
+        TodayPressed = true;
+        TodayTracking = true;
+        Invalidate(kTodayButton);
+        return true;
+    }
+    return false;
+}
+
+bool CCalendarPage::TakeGridPress(Point point) {
+    const int column = (point.X - kGridLeft) / kCellWidth; // toward zero: x 0..3 is still Sunday
+    if (column < 0 || column >= kGridColumns) {
+        return false;
+    }
+    SelectDay(DateAt((point.Y - kGridTop) / kCellHeight, column));
+    ReloadDayList();
+    SelectionChanged = true;
+    FullPaint = true;
+    TapPoint = point;
+    Invalidate();
+    return true;
+}
+
+void CCalendarPage::TakeStylusMove(Point point) {
+    if (TodayTracking) {
+        TodayPressed = kTodayHit.Contains(point);
+        Invalidate(kTodayButton);
+    }
+}
+
+void CCalendarPage::TakeStylusUp(Point point) {
+    if (kTodayHit.Contains(point) && TodayTracking) {
+        SetToday();
+        FullPaint = true;
+        MonthChanged = true;
+        Invalidate();
+    }
+    TodayPressed = false;
+    TodayTracking = false;
+}
+
+void CCalendarPage::TakeKeyDown(const Message& key) {
+    if (TakePageKey(key)) {
+        return;
+    }
+    if (MoveDisplayedDate(key.Id)) {
+        SelectDay({DisplayedYear, DisplayedMonth, DisplayedDay});
+        FullPaint = true;
+        MonthChanged = true;
+    }
+    State.SetFebruary(DisplayedYear);
+    // The selected day was taken before this and stays: a 31st may stand over a shorter month.
+    DisplayedDay = std::min(DisplayedDay, State.DaysInMonth[static_cast<std::size_t>(DisplayedMonth - 1)]);
+    ReloadDayList();
+    Invalidate();
+}
+
+bool CCalendarPage::MoveDisplayedDate(int key) {
+    switch (key) {
+    case VK_LEFT:
+        if (--DisplayedMonth < 1) {
+            DisplayedMonth = 12;
+            if (--DisplayedYear < kFirstYearBelow) {
+                DisplayedYear = kLowestYear;
+                DisplayedMonth = 1;
+            }
+        }
+        return true;
+    case VK_UP:
+        DisplayedYear = DisplayedYear - 1 < kFirstYearBelow ? kLowestYear : DisplayedYear - 1;
+        return true;
+    case VK_RIGHT:
+        if (++DisplayedMonth > 12) {
+            DisplayedMonth = 1;
+            if (++DisplayedYear >= kHighestYear) {
+                DisplayedYear = kHighestYear;
+                DisplayedMonth = 12;
+            }
+        }
+        return true;
+    case VK_DOWN:
+        DisplayedYear = std::min(DisplayedYear + 1, kHighestYear);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void CCalendarPage::TakeScroll(const Message& scroll) {
+    const WindowHandle bar = Item(kCalendarScrollBar);
+    ScrollInfo info = Host().Controls().GetScrollInfo(bar);
+    int top = DayList.Top();
+    switch (scroll.Code) {
+    case SB_LINEUP:
+        top = std::max(top - 1, 0);
+        break;
+    case SB_LINEDOWN:
+        top = std::min(top + 1, info.Maximum);
+        break;
+    case SB_PAGEUP:
+        top = std::max(top - kPageOfRows, 0);
+        break;
+    case SB_PAGEDOWN:
+        top = std::min(top + kPageOfRows, info.Maximum);
+        break;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+        top = std::min(scroll.Value, info.Maximum);
+        break;
+    default:
+        return;
+    }
+    if (top != DayList.Top()) {
+        DayList.SetTop(top);
+        info.Position = top;
+        Host().Controls().SetScrollInfo(bar, info);
+        DayList.Invalidate();
+    }
+}
+
+void CCalendarPage::PassLeftToDayList() {
+    if (DayListShown) {
+        DayList.TakeKey(VK_LEFT);
+    }
+}
+
+} // namespace tavo

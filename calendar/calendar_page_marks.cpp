@@ -1,0 +1,99 @@
+// The marks of the month: which days each appointment touches, and what it leaves there.
+#include "calendar/calendar_page.h"
+
+#include "calendar/calendar_page_look.h"
+#include "framework/format.h"
+
+#include <array>
+
+namespace tavo {
+
+namespace {
+
+constexpr int kMarkWidth = 5;
+constexpr int kMarkHeight = 4;
+constexpr int kMarkIndent = 2; // from the cell's left edge to the first mark
+
+struct Mark {
+    int Offset; // from the first mark
+    Color Ink;
+};
+
+// By ItemKind; the memo's mark stands apart, at the right.
+constexpr std::array<Mark, 4> kMarks{{
+    {0, kAlarmMark},
+    {6, kHolidayMark},
+    {12, kAnniversaryMark},
+    {18, kAppointmentMark},
+}};
+
+} // namespace
+
+void CCalendarPage::MarkMonth() {
+    if (MonthChanged) {
+        QueryMonth();
+    }
+    if (!MonthItems) {
+        return;
+    }
+    ILocale& locale = Host().Locale();
+    ComPtr<IAppointment> item;
+    for (std::int32_t index = 1; Succeeded(MonthItems->Item(index, item)) && item; ++index) {
+        DATE start = 0;
+        DATE end = 0;
+        Oid oid = 0;
+        SYSTEMTIME startTime;
+        SYSTEMTIME endTime;
+        if (Succeeded(item->get_Start(start)) && Succeeded(item->get_End(end)) && Succeeded(item->get_Oid(oid)) &&
+            locale.VariantTimeToSystemTime(start, startTime) && locale.VariantTimeToSystemTime(end, endTime)) {
+            MarkAppointment(startTime, endTime, oid);
+        }
+    }
+}
+
+void CCalendarPage::MarkAppointment(const SYSTEMTIME& start, const SYSTEMTIME& end, Oid oid) {
+    const DATE startDay = AutomationDate({start.Year, start.Month, start.Day});
+    int days = static_cast<int>(AutomationDate({end.Year, end.Month, end.Day}) - startDay);
+    if (start.Hour == end.Hour && start.Minute == end.Minute && days > 0) {
+        --days; // it ends as the day begins that would be its last
+    }
+    for (int day = 0; day <= days; ++day) {
+        const DATE date = startDay + day;
+        if (date < GridStart) {
+            continue;
+        }
+        // The grid starts on a Sunday, so the days since then are the cell.
+        const auto cell = static_cast<std::size_t>(date - GridStart);
+        if (cell >= kGridCells) {
+            break;
+        }
+        MarkDay(cell, oid);
+    }
+}
+
+void CCalendarPage::MarkDay(std::size_t cell, Oid oid) {
+    const Rect& rect = CellRect[cell];
+    const int left = rect.Left + kMarkIndent;
+    const bool isHoliday = State.Categories.IsHoliday(oid);
+    if (isHoliday) {
+        const int row = static_cast<int>(cell) / kGridColumns;
+        const CalendarDate date = DateOfCell(row, DayGrid[cell], DisplayedYear, DisplayedMonth);
+        const FontHandle font = date.Month == DisplayedMonth ? State.Fonts.FontArial10Bold : State.Fonts.FontArial9Bold;
+        Surface().DrawTextW(FormatText(u"%d", DayGrid[cell]), {left, rect.Top, rect.Right, rect.Bottom},
+                            {font, kHolidayNumber, DT_SINGLELINE});
+    }
+    ItemKind kind = ItemKind::Appointment;
+    if (State.Categories.IsAlarm(oid)) {
+        kind = ItemKind::Alarm;
+    } else if (isHoliday) {
+        kind = ItemKind::Holiday;
+    } else if (State.Categories.IsAnniversary(oid)) {
+        kind = ItemKind::Anniversary;
+    }
+    const Mark& mark = kMarks[static_cast<std::size_t>(kind)];
+    Surface().FillRect({left + mark.Offset, rect.Bottom - kMarkHeight, left + mark.Offset + kMarkWidth, rect.Bottom},
+                       mark.Ink);
+    CellKinds[cell] = static_cast<std::uint8_t>(CellKinds[cell] | KindBit(kind));
+}
+
+} // namespace tavo

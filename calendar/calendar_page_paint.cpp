@@ -1,0 +1,197 @@
+// How the month page is painted, step by step in drawing order.
+#include "calendar/calendar_page.h"
+
+#include "calendar/calendar_page_look.h"
+#include "framework/format.h"
+#include "memo/memo_files.h"
+#include "res/resource_ids.h"
+#include "store/date_pictures.h"
+
+#include <utility>
+
+namespace tavo {
+
+namespace {
+
+constexpr Rect kHeaderArea{0, 0, 205, 42};
+constexpr Rect kHeaderText{20, 5, 220, 30};
+constexpr int kHeaderBuffer = 20; // UTF-16 units
+constexpr Rect kTodayButton = Rect::FromSize(205, 5, 26, 26);
+constexpr Point kWeekdayStrip{0, 42};
+constexpr Size kWeekdayStripSize{240, 16};
+constexpr Point kBottomStrip{0, 215};
+constexpr Size kBottomStripSize{240, 26};
+constexpr Point kEraserOffset{1, 21};
+constexpr Size kEraserSize{32, 5};
+constexpr int kMemoMarkLeft = 26; // from the cell's left edge
+constexpr int kMemoMarkRight = 31;
+constexpr int kMarkHeight = 4;
+constexpr int kNumberIndent = 2;
+constexpr int kGridLineRight = 236;
+constexpr Pen kGridPen{kGridLine, 1};
+
+constexpr std::array<std::pair<ItemKind, std::u16string_view>, 5> kKindWords{{
+    {ItemKind::Alarm, u"alarm"},
+    {ItemKind::Holiday, u"holiday"},
+    {ItemKind::Anniversary, u"anniversary"},
+    {ItemKind::Appointment, u"appointment"},
+    {ItemKind::Memo, u"memo"},
+}};
+
+Rect Whole(Size size) {
+    return Rect::FromSize(0, 0, size.Width, size.Height);
+}
+
+} // namespace
+
+void CCalendarPage::Paint() {
+    DropPainted();
+    if (FullPaint) {
+        PaintChrome();
+    }
+    PaintHeader();
+    if (FullPaint && (MonthChanged || SelectionChanged)) {
+        Host().Windows().SetCursor(Cursor::Wait);
+        PaintGrid();
+        if (MonthChanged) {
+            PresentSurface(); // the bare grid shows before the marks
+        }
+        MarkMonth();
+        Host().Windows().SetCursor(Cursor::Arrow);
+    }
+    DeclareContents();
+    PresentSurface();
+    if (DayListShown) {
+        ShowItem(kCalendarScrollBar, true);
+        DayList.Show(ShowCommand::Show);
+        DayList.Invalidate();
+    }
+    FullPaint = false;
+    SelectionChanged = false;
+    MonthChanged = false;
+}
+
+void CCalendarPage::PaintChrome() {
+    if (FirstPaint) {
+        Surface().FillRect(Whole(kPageSurface), kPageBackground);
+    }
+    DrawPageBar();
+    Surface().DrawBitmap(kBitmapWeekdays, kWeekdayStrip, Whole(kWeekdayStripSize));
+    Surface().DrawBitmap(kBitmapBottomStrip, kBottomStrip, Whole(kBottomStripSize));
+    if (MonthChanged) {
+        const CalendarDate first{DisplayedYear, DisplayedMonth, 1};
+        const auto month = static_cast<std::size_t>(DisplayedMonth - 1);
+        const std::size_t previousMonth = (month + 11) % 12;
+        const int firstWeekday = WeekdayOf(first);
+        DayGrid = ComputeDayGrid(firstWeekday, State.DaysInMonth[previousMonth], State.DaysInMonth[month]);
+        GridStart = AutomationDate(first) - firstWeekday;
+    }
+}
+
+void CCalendarPage::PaintHeader() {
+    Surface().FillRect(kHeaderArea, kPageBackground);
+    SYSTEMTIME date;
+    date.Year = static_cast<std::uint16_t>(SelectedYear);
+    date.Month = static_cast<std::uint16_t>(SelectedMonth);
+    date.Day = static_cast<std::uint16_t>(SelectedDay);
+    const std::u16string text =
+        Host().Locale().GetDateFormatW(LocaleId::User, date, kPictureHeaderDate, kHeaderBuffer).value_or(u"");
+    Surface().DrawTextW(text, kHeaderText,
+                        {State.Fonts.FontComic13Bold, kHeaderDate, DT_CENTER | DT_VCENTER | DT_SINGLELINE});
+    const bool isPressed = TodayPressed && TodayTracking;
+    Surface().DrawBitmap(
+        kBitmapToday, {kTodayButton.Left, kTodayButton.Top},
+        Rect::FromSize(isPressed ? kTodayButton.Width() : 0, 0, kTodayButton.Width(), kTodayButton.Height()));
+    Declare({kHeaderText, PaintedRole::Header, text});
+    Declare({.Bounds = kTodayButton, .Role = PaintedRole::Button, .Name = u"Today", .Pressed = isPressed});
+}
+
+void CCalendarPage::PaintGrid() {
+    const CalendarDate today = Today();
+    PaintedToday = today;
+    CellKinds.fill(0);
+    for (int row = 0; row < kGridRows; ++row) {
+        for (int column = 0; column < kGridColumns; ++column) {
+            CellRect[static_cast<std::size_t>(row * kGridColumns + column)] = RectOfCell(row, column);
+            PaintCell(row, column, today);
+        }
+    }
+    PaintGridLines();
+}
+
+void CCalendarPage::PaintCell(int row, int column, const CalendarDate& today) {
+    const auto cell = static_cast<std::size_t>(row * kGridColumns + column);
+    const Rect& rect = CellRect[cell];
+    const CalendarDate date = DateAt(row, column);
+    if (date.Day == 0) {
+        Surface().FillRect(rect, kPageBackground);
+        return;
+    }
+    const bool isSelected = date == SelectedDate();
+    const bool isInMonth = date.Month == DisplayedMonth;
+    Color background = date == today ? kTodayBackground : kPageBackground;
+    Color number = column == 0 ? kSundayNumber : column == kGridColumns - 1 ? kSaturdayNumber : kWeekdayNumber;
+    FontHandle font = State.Fonts.FontArial10Bold;
+    if (isSelected) {
+        background = kSelectedBackground;
+        number = kSelectedNumber;
+    } else if (!isInMonth) {
+        number = kOtherMonthNumber;
+        font = State.Fonts.FontArial9Bold;
+    }
+    Surface().FillRect(rect, background);
+    Surface().DrawBitmap(kBitmapMarkEraser, {rect.Left + kEraserOffset.X, rect.Top + kEraserOffset.Y},
+                         Whole(kEraserSize));
+    if (MemoFiles(State).HasMemo(date.Year, date.Month, date.Day)) {
+        Surface().FillRect(
+            {rect.Left + kMemoMarkLeft, rect.Bottom - kMarkHeight, rect.Left + kMemoMarkRight, rect.Bottom}, kMemoMark);
+        CellKinds[cell] = KindBit(ItemKind::Memo);
+    }
+    Surface().DrawTextW(FormatText(u"%d", date.Day), {rect.Left + kNumberIndent, rect.Top, rect.Right, rect.Bottom},
+                        {font, number, DT_SINGLELINE});
+}
+
+// No line runs along the top: the weekday strip ends there.
+void CCalendarPage::PaintGridLines() {
+    for (int row = 1; row <= kGridRows; ++row) {
+        const int y = kGridTop + row * kCellHeight;
+        Surface().DrawLine({kGridLeft, y}, {kGridLineRight, y}, kGridPen);
+    }
+    for (int column = 0; column <= kGridColumns; ++column) {
+        const int x = kGridLeft + column * kCellWidth;
+        Surface().DrawLine({x, kGridTop}, {x, kGridBottom}, kGridPen);
+    }
+}
+
+void CCalendarPage::DeclareContents() {
+    for (int row = 0; row < kGridRows; ++row) {
+        for (int column = 0; column < kGridColumns; ++column) {
+            const auto cell = static_cast<std::size_t>(row * kGridColumns + column);
+            const CalendarDate date = DateAt(row, column);
+            PaintedItem item;
+            item.Bounds = CellRect[cell];
+            item.Role = PaintedRole::Cell;
+            item.Name = NameOfCell(cell, date);
+            item.Id = static_cast<int>(cell);
+            item.Selected = date == SelectedDate();
+            item.Enabled = date.Day != 0;
+            Declare(std::move(item));
+        }
+    }
+    DeclarePageBar();
+}
+
+std::u16string CCalendarPage::NameOfCell(std::size_t cell, const CalendarDate& date) const {
+    std::u16string name = FormatText(u"%d-%02d-%02d", date.Year, date.Month, date.Day);
+    std::u16string_view separator = u": ";
+    for (const auto& [kind, word] : kKindWords) {
+        if ((CellKinds[cell] & KindBit(kind)) != 0) {
+            name += separator;
+            name += word;
+            separator = u", ";
+        }
+    }
+    return name;
+}
+
+} // namespace tavo

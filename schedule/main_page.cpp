@@ -1,0 +1,109 @@
+// The page bar and the way from one page to another.
+#include "schedule/main_page.h"
+
+#include "res/resource_ids.h"
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+namespace tavo {
+
+namespace {
+
+constexpr int kPageCount = 4;
+constexpr int kPageBarTop = 241;
+constexpr int kPageBarBottom = 267;
+constexpr Size kPageBarSize{240, 26};
+constexpr Size kTabSize{60, 26};
+
+// The highlighted tab of each page number; a fifth stands ready though no page has its number.
+constexpr std::array<int, 5> kTabBitmaps{kBitmapTabClock, kBitmapTabSchedule, kBitmapTabCalendar, kBitmapTabSettings,
+                                         kBitmapTabFifth};
+constexpr std::array<std::u16string_view, kPageCount> kTabNames{u"Clock", u"Schedule", u"Calendar", u"Settings"};
+
+} // namespace
+
+CMainPage::CMainPage(CMessagePump& pump, CProgramState& state, IMainView& view, const DialogTemplate& form, int menuId)
+    : CPage(pump, form), State(state), View(view), MenuId(menuId) {}
+
+const MessageMap& CMainPage::Messages() {
+    static constexpr MessageEntry entries[] = {
+        On<&CMainPage::ClosePage>(WM_CLOSE),
+        On<&CMainPage::TakePageBarPress>(WM_LBUTTONDOWN),
+        On<&CMainPage::TakePageKey>(WM_KEYDOWN),
+    };
+    static const MessageMap map{entries, &CPage::Messages()};
+    return map;
+}
+
+bool CMainPage::CreateOn(WindowHandle view) {
+    if (!CreatePage(view)) {
+        return false;
+    }
+    OnInitDialog();
+    // A page without its menu bar is still of use.
+    static_cast<void>(View.CreatePageMenuBar(Handle(), MenuId));
+    return true;
+}
+
+void CMainPage::DrawPageBar() {
+    Surface().DrawBitmap(kBitmapTabBar, {0, kPageBarTop},
+                         Rect::FromSize(0, 0, kPageBarSize.Width, kPageBarSize.Height));
+    const int page = State.CurrentPage;
+    if (page >= 0 && page < static_cast<int>(kTabBitmaps.size())) {
+        Surface().DrawBitmap(kTabBitmaps[static_cast<std::size_t>(page)], {page * kTabSize.Width, kPageBarTop},
+                             Rect::FromSize(0, 0, kTabSize.Width, kTabSize.Height));
+    }
+}
+
+void CMainPage::DeclarePageBar() {
+    for (int tab = 0; tab < kPageCount; ++tab) {
+        PaintedItem item;
+        item.Bounds = Rect::FromSize(tab * kTabSize.Width, kPageBarTop, kTabSize.Width, kTabSize.Height);
+        item.Role = PaintedRole::Tab;
+        item.Name = kTabNames[static_cast<std::size_t>(tab)];
+        item.Id = tab;
+        item.Selected = tab == State.CurrentPage;
+        Declare(std::move(item));
+    }
+}
+
+bool CMainPage::TakePageBarPress(Point point) {
+    if (point.Y <= kPageBarTop || point.Y >= kPageBarBottom) {
+        return false;
+    }
+    GoToPage(point.X / kTabSize.Width);
+    return true;
+}
+
+bool CMainPage::TakePageKey(const Message& key) {
+    if ((key.Code & kModifierControl) == 0 || (key.Id != VK_PRIOR && key.Id != VK_NEXT && key.Id != VK_TAB)) {
+        return false;
+    }
+    const bool backwards = key.Id == VK_PRIOR || (key.Id == VK_TAB && (key.Code & kModifierShift) != 0);
+    GoToPage((State.CurrentPage + (backwards ? kPageCount - 1 : 1)) % kPageCount);
+    return true;
+}
+
+void CMainPage::GoToPage(int page) {
+    if (page == State.CurrentPage) {
+        return;
+    }
+    State.CurrentPage = page;
+    View.ShowPage(page);
+}
+
+void CMainPage::ClosePage() {
+    View.ClosePages();
+}
+
+void CMainPage::HandleByDefault(const Message& message) {
+    if (message.Number == WM_COMMAND && message.Code == BN_CLICKED) {
+        View.RouteCommand(message.Id);
+    } else {
+        CPage::HandleByDefault(message);
+    }
+}
+
+} // namespace tavo
