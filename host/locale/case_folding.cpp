@@ -31,7 +31,9 @@ constexpr std::array kRanges{
     LetterRange{0x014A, 0x0177, Pattern::EvenPair, 1},    //
     LetterRange{0x0178, 0x0178, Pattern::Shifted, -121},  //
     LetterRange{0x0179, 0x017E, Pattern::OddPair, 1},     //
-    LetterRange{0x01CD, 0x01DC, Pattern::OddPair, 1},     // Latin Extended-B, the regular part
+    LetterRange{0x01A0, 0x01A5, Pattern::EvenPair, 1},    // Latin Extended-B, the regular parts
+    LetterRange{0x01AF, 0x01B0, Pattern::OddPair, 1},     //
+    LetterRange{0x01CD, 0x01DC, Pattern::OddPair, 1},     //
     LetterRange{0x01DE, 0x01EF, Pattern::EvenPair, 1},    //
     LetterRange{0x01F8, 0x021F, Pattern::EvenPair, 1},    //
     LetterRange{0x0222, 0x0233, Pattern::EvenPair, 1},    //
