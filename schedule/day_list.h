@@ -41,7 +41,7 @@ class CDayList : public CPaintedWindow {
     // The largest useful first row: with it the last row is fully shown.
     int MaximumTop() const;
 
-    // Left and Up go one row back, Right and Down one row on. False for other keys.
+    // Up and Down scroll by a row. False for other keys.
     bool TakeKey(int key);
 
   protected:
@@ -50,12 +50,11 @@ class CDayList : public CPaintedWindow {
     void Paint() override;
 
   private:
-    void PaintRow(const AppointmentData& record, int place);
+    void Fill();
+    void PaintRow(int row, int top);
 
     CProgramState& State;
-    int Year = 0;
-    int Month = 0;
-    int Day = 0;
+    SYSTEMTIME Date; // at 00:00:00
     int TopRow = 0;
     std::vector<AppointmentData> Records;
 };

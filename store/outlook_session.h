@@ -40,6 +40,10 @@ class OutlookSession {
     Status LastStoreResult = Status::Ok; // of the last store call
 
   private:
+    bool Connect();
+    // All items of the calendar folder; null on failure.
+    ComPtr<IPOutlookItemCollection> GetItems();
+
     CMessagePump& Pump;
 };
 

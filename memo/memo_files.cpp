@@ -1,0 +1,52 @@
+// Naming, finding, reading and writing memo files.
+#include "memo/memo_files.h"
+
+#include "framework/format.h"
+
+#include <memory>
+#include <utility>
+
+namespace tavo {
+
+std::u16string MemoFiles::MemoPath(std::u16string_view name) const {
+    return FormatText(u"%s\\%s", State.DataFolder, name);
+}
+
+std::u16string MemoFiles::NewMemoPath(int year, int month, int day) const {
+    const SYSTEMTIME now = State.Host().Clock().GetLocalTime();
+    return FormatText(u"%s\\%d%02d%02d_%02d%02d%02d.pwi", State.DataFolder, year, month, day, now.Hour, now.Minute,
+                      now.Second);
+}
+
+std::u16string MemoFiles::DayPattern(int year, int month, int day) const {
+    return FormatText(u"%s\\%d%02d%02d*.pwi", State.DataFolder, year, month, day);
+}
+
+std::vector<std::u16string> MemoFiles::FindMemos(int year, int month, int day) const {
+    std::vector<std::u16string> names;
+    const std::unique_ptr<IFileSearch> search = State.Host().Files().FindFirstFileW(DayPattern(year, month, day));
+    for (bool found = search != nullptr; found; found = search->FindNextFileW()) {
+        names.push_back(search->FileName());
+    }
+    return names;
+}
+
+bool MemoFiles::HasMemo(int year, int month, int day) const {
+    return State.Host().Files().FindFirstFileW(DayPattern(year, month, day)) != nullptr;
+}
+
+bool MemoFiles::ReadMemo(std::u16string_view path) {
+    State.Memo.Empty();
+    std::vector<std::uint8_t> bytes;
+    if (State.Host().Files().ReadWholeFile(path, bytes) != ErrorCode::Success) {
+        return false;
+    }
+    State.Memo.Fill(std::move(bytes));
+    return true;
+}
+
+bool MemoFiles::WriteMemo(std::u16string_view path) {
+    return !State.Memo.IsEmpty() && State.Host().Files().WriteWholeFile(path, State.Memo.Bytes()) == ErrorCode::Success;
+}
+
+} // namespace tavo

@@ -1,0 +1,142 @@
+// Filling and painting the day's rows.
+#include "schedule/day_list.h"
+
+#include "framework/format.h"
+#include "schedule/day_row_text.h"
+#include "store/date_pictures.h"
+#include "store/fit_text.h"
+#include "store/item_kind.h"
+#include "store/text_tables.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tavo {
+
+namespace {
+
+constexpr Size kListSize{240, 210};
+constexpr int kRowHeight = 51;
+constexpr int kLineHeight = 17;
+constexpr int kVisibleRows = 4;
+constexpr int kLineLeft = 5;
+constexpr int kLineRight = 220;
+constexpr std::uint32_t kLineFormat = DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX;
+
+constexpr Color kWhite = Color::FromRgb(255, 255, 255);
+constexpr Color kTextColor = Color::FromRgb(0, 0, 0);
+constexpr Color kEmptyTextColor{0xCCCCCC};
+constexpr Pen kSeparatorPen{Color::FromRgb(0, 0, 0), 1};
+
+Rect LineRect(int rowTop, int line) {
+    return {kLineLeft, rowTop + line * kLineHeight, kLineRight, rowTop + (line + 1) * kLineHeight};
+}
+
+} // namespace
+
+CDayList::CDayList(CMessagePump& pump, CProgramState& state) : CPaintedWindow(pump, kListSize), State(state) {}
+
+bool CDayList::CreateOn(WindowHandle parent, const Rect& bounds) {
+    WindowDescription description;
+    description.Kind = WindowKind::Child;
+    description.Parent = parent;
+    description.Bounds = bounds;
+    return Create(description);
+}
+
+void CDayList::SetDate(int year, int month, int day) {
+    Date = {};
+    Date.Year = static_cast<std::uint16_t>(year);
+    Date.Month = static_cast<std::uint16_t>(month);
+    Date.Day = static_cast<std::uint16_t>(day);
+    TopRow = 0;
+}
+
+void CDayList::Load(IDayListOwner* owner) {
+    Fill();
+    if (owner != nullptr) {
+        owner->OnDayListLoaded();
+    }
+    if (Handle() == WindowHandle::None) {
+        return;
+    }
+    Invalidate();
+    if (Host().Windows().IsWindowVisible(Handle())) {
+        Paint();
+    }
+}
+
+void CDayList::Fill() {
+    Records.clear();
+    // A date that does not exist has no text, and the store finds nothing for it.
+    const std::u16string date = Host()
+                                    .Locale()
+                                    .GetDateFormatW(LocaleId::System, Date, kPictureShortDate, kShortDateBuffer)
+                                    .value_or(std::u16string());
+    const ComPtr<IPOutlookItemCollection> items =
+        State.Store.QueryAppointments(FormatText(u"[Start] <= %s and [End] >= %s", date, date));
+    if (!items) {
+        return;
+    }
+    ComPtr<IAppointment> item;
+    for (std::int32_t index = 1; Succeeded(items->Item(index, item)) && item; ++index) {
+        AppointmentData record;
+        static_cast<void>(item->get_Oid(record.Oid)); // without an OID the load fails, and that is all right
+        static_cast<void>(State.Store.LoadAppointment(record.Oid, record)); // a record that is gone stays as it is
+        record.Mark = index - 1;
+        Records.push_back(std::move(record));
+        item.Reset();
+    }
+}
+
+void CDayList::SetTop(int row) {
+    TopRow = std::clamp(row, 0, MaximumTop());
+}
+
+int CDayList::MaximumTop() const {
+    return std::max(Count() - kVisibleRows, 0);
+}
+
+bool CDayList::TakeKey(int key) {
+    if (key != VK_UP && key != VK_DOWN) {
+        return false;
+    }
+    SetTop(key == VK_UP ? TopRow - 1 : TopRow + 1);
+    Invalidate();
+    return true;
+}
+
+void CDayList::Paint() {
+    const Rect whole = Rect::FromSize(0, 0, kListSize.Width, kListSize.Height);
+    DropPainted();
+    Surface().FillRect(whole, kWhite);
+    if (Records.empty()) {
+        const std::u16string_view text = kEmptyListTexts[IndexOf(ItemKind::Appointment)];
+        Surface().DrawTextW(text, whole,
+                            {State.Fonts.FontArial10, kEmptyTextColor, DT_CENTER | DT_VCENTER | DT_SINGLELINE});
+        Declare({whole, PaintedRole::Text, std::u16string(text)});
+    }
+    const int shown = std::min(kVisibleRows, Count() - TopRow);
+    for (int place = 0; place < shown; ++place) {
+        PaintRow(TopRow + place, place * kRowHeight);
+    }
+    PresentSurface();
+}
+
+void CDayList::PaintRow(int row, int top) {
+    const AppointmentData& record = Records[static_cast<std::size_t>(row)];
+    const SharedFonts& fonts = State.Fonts;
+    const DayRowText text = DescribeDayRow(record, Host().Locale());
+    const auto drawLine = [&](int line, FontHandle font, const std::u16string& words) {
+        Surface().DrawTextW(FitText(Host().Drawing(), font, words, kLineRight - kLineLeft), LineRect(top, line),
+                            {font, kTextColor, kLineFormat});
+    };
+    Surface().DrawLine({0, top}, {kListSize.Width, top}, kSeparatorPen);
+    Surface().DrawLine({0, top + kRowHeight}, {kListSize.Width, top + kRowHeight}, kSeparatorPen);
+    drawLine(0, fonts.FontArial10Bold, text.Heading);
+    drawLine(1, fonts.FontArial10, text.Times);
+    drawLine(2, fonts.FontArial10, text.Recurrence);
+    Declare({Rect::FromSize(0, top, kListSize.Width, kRowHeight), PaintedRole::Row, text.Heading, row});
+}
+
+} // namespace tavo

@@ -1,0 +1,51 @@
+// The list, its lookup and its reports.
+#include "store/category_list.h"
+
+#include "store/outlook_session.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tavo {
+
+// The mirror's answers are not looked at: the list is the truth, and the next start rebuilds the mirror from it.
+
+void CategoryList::Insert(std::size_t index, Oid oid) {
+    Oids.insert(Oids.begin() + static_cast<std::ptrdiff_t>(index), oid);
+    ++Counts[oid];
+    if (ITagMirror* mirror = Store.Tags(); mirror != nullptr) {
+        static_cast<void>(mirror->ReportInserted(List, static_cast<std::int32_t>(index), oid));
+    }
+}
+
+void CategoryList::RemoveAt(std::size_t index) {
+    const Oid oid = Oids[index];
+    Oids.erase(Oids.begin() + static_cast<std::ptrdiff_t>(index));
+    if (const auto count = Counts.find(oid); --count->second == 0) {
+        Counts.erase(count);
+    }
+    if (ITagMirror* mirror = Store.Tags(); mirror != nullptr) {
+        static_cast<void>(mirror->ReportRemoved(List, static_cast<std::int32_t>(index), oid));
+    }
+}
+
+bool CategoryList::RemoveFirst(Oid oid) {
+    if (!Contains(oid)) {
+        return false;
+    }
+    RemoveAt(static_cast<std::size_t>(std::find(Oids.begin(), Oids.end(), oid) - Oids.begin()));
+    return true;
+}
+
+void CategoryList::Replace(std::vector<Oid> oids) {
+    Oids = std::move(oids);
+    Counts.clear();
+    for (const Oid oid : Oids) {
+        ++Counts[oid];
+    }
+    if (ITagMirror* mirror = Store.Tags(); mirror != nullptr) {
+        static_cast<void>(mirror->ReplaceList(List, Oids));
+    }
+}
+
+} // namespace tavo
