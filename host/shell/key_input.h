@@ -1,13 +1,11 @@
 // What a person types.
 #pragma once
 
-#include "host/shell/shell.h"
+#include "host/shell/navigation_input.h"
 
 #include <map>
 
 namespace tavo::shell {
-
-class NavigationInput;
 
 class KeyInput {
   public:
@@ -23,9 +21,10 @@ class KeyInput {
     void Unused(WindowHandle control, int key, int modifiers);
 
   private:
-    bool TakeEscape();
+    bool TakeForBoxOrMenu(int key);
     bool TakeShortcut(int key, int modifiers, WindowHandle target);
-    WindowHandle FocusTarget();
+    // Sends the message to the painted window that takes keys, or gives the control that does.
+    WindowHandle Give(const Message& key);
 
     Shell& State;
     NavigationInput& Navigation;

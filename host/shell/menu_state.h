@@ -9,12 +9,17 @@
 
 namespace tavo::shell {
 
+struct ButtonState {
+    MenuBarButton Button;
+    bool Enabled = true;
+    bool Checked = false;
+};
+
 struct MenuBarState {
     WindowHandle Handle = WindowHandle::None;
     WindowHandle Parent = WindowHandle::None;
     std::vector<MenuItem> Menus;
-    std::vector<MenuBarButton> Buttons;
-    std::map<int, MenuItem> ButtonStates; // enabled and checked, by command
+    std::vector<ButtonState> Buttons;
 };
 
 struct TrackedMenu {

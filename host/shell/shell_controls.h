@@ -2,12 +2,14 @@
 #pragma once
 
 #include "host/shell/shell.h"
+#include "platform/clock.h"
 
 namespace tavo::shell {
 
 class ShellControls : public IControls {
   public:
-    explicit ShellControls(Shell& shell) : State(shell) {}
+    // Pickers start at the clock's time.
+    ShellControls(Shell& shell, IClock& clock) : State(shell), Clock(clock) {}
 
     WindowHandle CreateControl(WindowHandle parent, const ControlDescription& description) override;
     std::u16string GetWindowTextW(WindowHandle control) override;
@@ -25,6 +27,7 @@ class ShellControls : public IControls {
 
   private:
     Shell& State;
+    IClock& Clock;
 };
 
 // All radio buttons of the group that this one belongs to, in order of creation.
@@ -33,5 +36,7 @@ std::vector<WindowHandle> RadioGroup(const WindowTree& tree, WindowHandle radioB
 void ApplyCheck(Shell& shell, WindowHandle control, bool checked);
 // False for a date or time that does not exist.
 bool IsPossible(const SYSTEMTIME& time);
+// Of a possible date: 0 is Sunday.
+std::uint16_t WeekdayOf(const SYSTEMTIME& time);
 
 } // namespace tavo::shell

@@ -21,8 +21,6 @@ class ShellQueue : public IMessageQueue {
     std::optional<Message> TakePosted();
     std::optional<Message> TakePaint();
     std::optional<Message> TakeTimer();
-    bool HasPaint() const;
-    std::optional<Milliseconds> NextDeadline() const;
 
     Shell& State;
     std::optional<int> QuitCode;

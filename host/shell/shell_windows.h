@@ -30,9 +30,6 @@ class ShellWindows : public IWindows {
 
   protected:
     Shell& State;
-
-  private:
-    void ShowFrame(ShowCommand command);
 };
 
 } // namespace tavo::shell

@@ -1,13 +1,13 @@
 // What a person does with stylus, finger or mouse, in pixels of the screen.
 #pragma once
 
-#include "host/shell/shell.h"
+#include "host/shell/navigation_input.h"
 
 namespace tavo::shell {
 
 class StylusInput {
   public:
-    explicit StylusInput(Shell& shell) : State(shell) {}
+    StylusInput(Shell& shell, NavigationInput& navigation) : State(shell), Navigation(navigation) {}
 
     // Gives the control that lies there: what happens to it is the host's business. None: the shell has dealt with it.
     // From here to Up the painted window that was hit has the stylus, wherever it goes.
@@ -20,10 +20,15 @@ class StylusInput {
     void Wheel(Point screen, int steps);
 
   private:
-    void Send(MessageNumber number, Point screen);
+    enum class BarButton { None, Ok, Close };
+
+    BarButton BarButtonAt(Point screen) const;
+    void Send(MessageNumber number, Point screen, MessageOrigin origin);
 
     Shell& State;
+    NavigationInput& Navigation;
     WindowHandle Captured = WindowHandle::None;
+    BarButton Pressed = BarButton::None;
 };
 
 } // namespace tavo::shell

@@ -1,0 +1,33 @@
+// First in, first out.
+#include "host/shell/posted_messages.h"
+
+#include <algorithm>
+
+namespace tavo::shell {
+
+void PostedMessages::Add(PostedMessage posted) {
+    if (posted.Message.Number == WM_MOUSEMOVE && !Queue.empty()) {
+        Message& last = Queue.back().Message;
+        if (last.Number == WM_MOUSEMOVE && last.Window == posted.Message.Window) {
+            last.Position = posted.Message.Position;
+            return;
+        }
+    }
+    Queue.push_back(posted);
+}
+
+std::optional<PostedMessage> PostedMessages::Take() {
+    if (Queue.empty()) {
+        return std::nullopt;
+    }
+    const PostedMessage first = Queue.front();
+    Queue.pop_front();
+    return first;
+}
+
+bool PostedMessages::Has(MessageNumber number) const {
+    return std::any_of(Queue.begin(), Queue.end(),
+                       [&](const PostedMessage& posted) { return posted.Message.Number == number; });
+}
+
+} // namespace tavo::shell
