@@ -44,7 +44,11 @@ class CategoryList {
     // Puts these OIDs in place of all it holds.
     void Replace(std::vector<Oid> oids);
 
-    void RemoveAll() { Replace({}); }
+    void RemoveAll() {
+        if (!IsEmpty()) {
+            Replace({});
+        }
+    }
 
   private:
     TagList List;

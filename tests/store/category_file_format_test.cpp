@@ -1,0 +1,91 @@
+// Taking the bytes of the category file apart.
+#include "store/category_file.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tavo {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+using Bytes = std::vector<std::uint8_t>;
+
+TEST(CategoryFileFormat, ThreeEmptyLists) {
+    const Bytes bytes{0, 0, 0, 0, ';', 0, 0, 0, 0, ';', 0, 0, 0, 0, ';'};
+    CategoryFileLists lists;
+    EXPECT_TRUE(DecodeCategoryFile(bytes, lists));
+    EXPECT_THAT(lists, ElementsAre(IsEmpty(), IsEmpty(), IsEmpty()));
+}
+
+TEST(CategoryFileFormat, NumbersAreLittleEndianAndListsInOrder) {
+    const Bytes bytes{2, 0, 0, 0, 0x01, 0x02, 0x03, 0x04, 7,   0, 0, 0, ';', // alarms
+                      1, 0, 0, 0, 0x00, 0x01, 0,    0,    ';',               // holidays
+                      1, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0x7F, ';'};              // anniversaries
+    CategoryFileLists lists;
+    EXPECT_TRUE(DecodeCategoryFile(bytes, lists));
+    EXPECT_THAT(lists, ElementsAre(ElementsAre(0x04030201, 7), ElementsAre(256), ElementsAre(2147483647)));
+}
+
+TEST(CategoryFileFormat, WhatFollowsTheThirdSeparatorIsNotLookedAt) {
+    const Bytes bytes{0, 0, 0, 0, ';', 0, 0, 0, 0, ';', 1, 0, 0, 0, 9, 0, 0, 0, ';', 'j', 'u', 'n', 'k'};
+    CategoryFileLists lists;
+    EXPECT_TRUE(DecodeCategoryFile(bytes, lists));
+    EXPECT_THAT(lists, ElementsAre(IsEmpty(), IsEmpty(), ElementsAre(9)));
+}
+
+TEST(CategoryFileFormat, ACutListKeepsWhatWasRead) {
+    const Bytes bytes{2, 0, 0, 0, 5, 0, 0, 0};
+    CategoryFileLists lists;
+    EXPECT_FALSE(DecodeCategoryFile(bytes, lists));
+    EXPECT_THAT(lists, ElementsAre(ElementsAre(5), IsEmpty(), IsEmpty()));
+}
+
+TEST(CategoryFileFormat, HalfAnOidIsNoOid) {
+    const Bytes bytes{1, 0, 0, 0, 5, 0, 0};
+    CategoryFileLists lists;
+    EXPECT_FALSE(DecodeCategoryFile(bytes, lists));
+    EXPECT_THAT(lists, ElementsAre(IsEmpty(), IsEmpty(), IsEmpty()));
+}
+
+TEST(CategoryFileFormat, ACutCountIsCorrupt) {
+    CategoryFileLists lists;
+    EXPECT_FALSE(DecodeCategoryFile(Bytes{}, lists));
+    EXPECT_FALSE(DecodeCategoryFile(Bytes{0, 0, 0}, lists));
+    EXPECT_FALSE(DecodeCategoryFile(Bytes{0, 0, 0, 0, ';', 1, 0}, lists));
+}
+
+TEST(CategoryFileFormat, AMissingOrWrongSeparatorIsCorrupt) {
+    CategoryFileLists lists;
+    EXPECT_FALSE(DecodeCategoryFile(Bytes{1, 0, 0, 0, 5, 0, 0, 0}, lists));
+    EXPECT_THAT(lists, ElementsAre(ElementsAre(5), IsEmpty(), IsEmpty()));
+    EXPECT_FALSE(DecodeCategoryFile(Bytes{1, 0, 0, 0, 5, 0, 0, 0, ',', 1, 0, 0, 0, 6, 0, 0, 0, ';'}, lists));
+    EXPECT_THAT(lists, ElementsAre(ElementsAre(5), IsEmpty(), IsEmpty()));
+}
+
+TEST(CategoryFileFormat, EarlierSectionsStayWhenALaterOneIsCut) {
+    const Bytes bytes{1, 0, 0, 0, 5, 0, 0, 0, ';', 2, 0, 0, 0, 6, 0, 0, 0, 7, 0, 0, 0, ';', 3, 0, 0, 0, 8, 0, 0, 0};
+    CategoryFileLists lists;
+    EXPECT_FALSE(DecodeCategoryFile(bytes, lists));
+    EXPECT_THAT(lists, ElementsAre(ElementsAre(5), ElementsAre(6, 7), ElementsAre(8)));
+}
+
+TEST(CategoryFileFormat, AFileThatClaimsFourThousandMillionEntriesTakesNoMemoryForThem) {
+    const Bytes bytes{0xFF, 0xFF, 0xFF, 0xFF, 5, 0, 0, 0, 6, 0, 0, 0};
+    CategoryFileLists lists;
+    EXPECT_FALSE(DecodeCategoryFile(bytes, lists));
+    EXPECT_THAT(lists[0], ElementsAre(5, 6));
+    EXPECT_LE(lists[0].capacity(), 1000U);
+}
+
+TEST(CategoryFileFormat, WhatTheListsHeldBeforeIsGone) {
+    CategoryFileLists lists{std::vector<Oid>{1}, std::vector<Oid>{2}, std::vector<Oid>{3}};
+    EXPECT_FALSE(DecodeCategoryFile(Bytes{}, lists));
+    EXPECT_THAT(lists, ElementsAre(IsEmpty(), IsEmpty(), IsEmpty()));
+}
+
+} // namespace
+
+} // namespace tavo
