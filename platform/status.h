@@ -37,6 +37,7 @@ enum class ErrorCode : std::int32_t {
     FileNotFound = 2,
     PathNotFound = 3,
     AccessDenied = 5,
+    InvalidHandle = 6,
     BadFormat = 11,
     WriteProtected = 19,
     LockViolation = 33,

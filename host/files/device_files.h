@@ -21,7 +21,7 @@ class DeviceFiles final : public IFiles {
     using WallClock = std::function<std::time_t()>;
 
     explicit DeviceFiles(
-        DeviceFilesPlaces places, WallClock now = [] { return std::time(nullptr); });
+        const DeviceFilesPlaces& places, WallClock now = [] { return std::time(nullptr); });
 
     ErrorCode CreateDirectoryW(std::u16string_view path) override;
     ErrorCode ReadWholeFile(std::u16string_view path, std::vector<std::uint8_t>& bytes) override;
@@ -33,15 +33,18 @@ class DeviceFiles final : public IFiles {
     std::optional<std::string> RealPathOfFile(std::u16string_view path);
 
     // At start-up: removes memos of \My Documents\TavoCalendar that were deleted more than 30 days ago, and what a
-    // crash left unfinished in that folder.
+    // crash left unfinished.
     void Purge();
 
+    // How often a folder was read rather than remembered.
     std::size_t FolderReads() const { return UserFolders.ReadCount() + InstalledFolders.ReadCount(); }
 
   private:
-    using Parts = std::vector<std::u16string>;
+    using Parts = std::span<const std::u16string>;
 
-    // A file's real place: its folder exists, the file itself perhaps not.
+    enum class LastLink { Follow, Keep };
+
+    // A file's real place. Its folder exists, the file itself perhaps not.
     struct Place {
         std::string Folder;
         std::string Name;
@@ -49,15 +52,17 @@ class DeviceFiles final : public IFiles {
         std::string Path() const { return Folder + '/' + Name; }
     };
 
-    ErrorCode FindFolder(std::span<const std::u16string> parts, std::string& folder);
-    ErrorCode FindPlace(std::span<const std::u16string> parts, Place& place);
-    std::optional<std::string> FindName(FolderCache& cache, const std::string& folder, const std::u16string& name);
-    std::optional<std::string> FindInstalled(std::span<const std::u16string> parts);
-    bool LiesInside(const std::string& realPath) const;
-    ErrorCode FindExisting(std::u16string_view path, std::string& realPath);
+    ErrorCode FindFolder(Parts parts, std::string& folder);
+    ErrorCode FindPlace(std::u16string_view path, LastLink link, Place& place);
+    ErrorCode FollowLink(Place& place) const;
+    ErrorCode FindReadable(std::u16string_view path, std::string& realPath);
+    std::optional<std::string> FindInstalled(Parts parts);
+    ErrorCode MakeFolder(std::u16string_view path);
+    ErrorCode Write(std::u16string_view path, std::span<const std::uint8_t> bytes);
+    ErrorCode Delete(std::u16string_view path);
 
-    std::string Root;
-    std::string Installed;
+    std::string Root;      // both without symbolic links
+    std::string Installed; // empty: none
     WallClock Now;
     FolderCache UserFolders;
     FolderCache InstalledFolders;

@@ -4,13 +4,15 @@
 #include "host/files/registry_text.h"
 #include "platform/registry.h"
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
 
 namespace tavo::files {
 
-// Several processes may use one file: every call reads it, every change is made under a lock and replaces it whole.
+// Several processes may use one file: every call reads it, every change is made under a lock and replaces it whole. A
+// file that is there but cannot be read is never replaced.
 class RegistryFile final : public IRegistry {
   public:
     // `lockPath`: the file that is locked during a change.
@@ -29,7 +31,7 @@ class RegistryFile final : public IRegistry {
     std::optional<RegistryValue> ReadValue(std::u16string_view path, std::u16string_view name) const;
 
   private:
-    template <class Change> ErrorCode Rewrite(Change change);
+    ErrorCode Rewrite(const std::function<void(RegistryText&)>& change);
     ErrorCode Load(RegistryText& text) const;
     std::u16string ProfileSection(std::u16string_view section) const;
 

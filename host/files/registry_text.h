@@ -1,6 +1,7 @@
 // The text of the registry file: sections and values as lines, everything else kept as it stands.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -44,7 +45,8 @@ class RegistryText {
     std::vector<std::string> Lines;
 };
 
-// The name as it stands in the file: control characters, "=", "[" and "]" would break a line and are written %XXXX.
+// The name as it stands in the file. Units that would break a line (control characters, = [ ] % # ; ", a blank at an
+// end) are written %XXXX.
 std::string WriteRegistryName(std::u16string_view name);
 
 } // namespace tavo::files

@@ -3,24 +3,35 @@
 
 #include "platform/status.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tavo::files {
+
+// An unfinished replacement is written under a name with this beginning.
+inline constexpr std::string_view kUnfinishedPrefix = ".~tavo-";
 
 // The device's code for an `errno`.
 ErrorCode ErrorCodeOf(int errnoValue);
 
 // Writes beside, synchronises, renames, synchronises the folder: whatever happens, the path names the old bytes or the
-// new ones. 0600. A file that we may not read and write is not replaced. `beforeRename` runs when the new bytes are
-// safe on disk and may still stop the replacement.
+// new ones. 0600. Only a regular file that we may read and write is replaced. `beforeRename` runs when the new bytes
+// are safe on disk and may still stop the replacement.
 ErrorCode ReplaceFile(const std::string& path, std::span<const std::uint8_t> bytes,
                       const std::function<ErrorCode()>& beforeRename = {});
 
 // A regular file of at most `limit` bytes, whole; anything else is a failure and leaves `bytes` empty.
 ErrorCode ReadFile(const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes);
+
+// Brings the names in a folder to the disk.
+ErrorCode SyncFolder(const std::string& folder);
+
+// What a crash left of replacements in the folder; younger ones may still be at work.
+void RemoveUnfinished(const std::string& folder);
 
 } // namespace tavo::files

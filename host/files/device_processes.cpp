@@ -1,0 +1,190 @@
+// Finds the two programs of the device and starts them apart from us.
+#include "host/files/device_processes.h"
+
+#include "host/files/device_path.h"
+#include "host/files/file_descriptor.h"
+#include "host/locale/case_folding.h"
+#include "host/locale/utf.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <string_view>
+
+#include <csignal>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tavo::files {
+
+namespace {
+
+constexpr std::u16string_view kCompanionPath = u"\\program files\\zorbex\\tavocalendar\\rsound.exe";
+constexpr std::u16string_view kClockPath = u"\\windows\\clock.exe";
+constexpr std::array<const char*, 6> kClockPrograms{"gnome-clocks",       "kclock", "lomiri-clock-app",
+                                                    "alarm-clock-applet", "xclock", "oclock"};
+
+bool IsExecutable(const std::string& path) {
+    struct stat state {};
+
+    return stat(path.c_str(), &state) == 0 && S_ISREG(state.st_mode) && access(path.c_str(), X_OK) == 0;
+}
+
+std::optional<std::string> FindInPath(const std::string& name) {
+    if (name.find('/') != std::string::npos)
+        return IsExecutable(name) ? std::optional(name) : std::nullopt;
+    const char* variable = std::getenv("PATH");
+    std::string_view folders = variable == nullptr ? "/usr/local/bin:/usr/bin:/bin" : variable;
+    while (true) {
+        const std::string_view folder = folders.substr(0, folders.find(':'));
+        // An empty entry would mean the working folder, where nobody expects a clock.
+        if (const std::string path = std::string(folder) + '/' + name; !folder.empty() && IsExecutable(path))
+            return path;
+        if (folder.size() == folders.size())
+            return std::nullopt;
+        folders.remove_prefix(folder.size() + 1);
+    }
+}
+
+// Arguments are separated by blanks; double quotes hold one together.
+std::vector<std::string> SplitArguments(const std::string& line) {
+    std::vector<std::string> arguments;
+    bool isQuoted = false;
+    bool isOpen = false;
+    for (const char letter : line) {
+        if (letter == '"') {
+            isQuoted = !isQuoted;
+        } else if (letter == ' ' && !isQuoted) {
+            isOpen = false;
+            continue;
+        }
+        if (!isOpen)
+            arguments.emplace_back();
+        isOpen = true;
+        if (letter != '"')
+            arguments.back() += letter;
+    }
+    return arguments;
+}
+
+std::optional<std::vector<std::string>> FindClock() {
+    if (const char* wished = std::getenv("TAVO_CLOCK"); wished != nullptr && *wished != '\0') {
+        if (IsExecutable(wished)) // a path with blanks in it
+            return std::vector<std::string>{wished};
+        std::vector<std::string> command = SplitArguments(wished);
+        const std::optional<std::string> program = command.empty() ? std::nullopt : FindInPath(command.front());
+        if (!program)
+            return std::nullopt;
+        command.front() = *program;
+        return command;
+    }
+    for (const char* name : kClockPrograms)
+        if (const std::optional<std::string> program = FindInPath(name))
+            return std::vector<std::string>{*program};
+    return std::nullopt;
+}
+
+std::u16string FoldPath(std::u16string_view path) {
+    std::u16string folded;
+    for (const std::u16string& part : ParseDevicePath(path).value_or(std::vector<std::u16string>()))
+        folded += u'\\' + locale::FoldCase(part);
+    return folded;
+}
+
+void CloseAllBut(int kept) {
+    const auto first = static_cast<unsigned>(STDERR_FILENO) + 1;
+    const auto keep = static_cast<unsigned>(kept);
+    if ((keep == first || close_range(first, keep - 1, 0) == 0) && close_range(keep + 1, ~0U, 0) == 0)
+        return;
+    const long most = sysconf(_SC_OPEN_MAX);
+    for (int number = STDERR_FILENO + 1; number < most; ++number)
+        if (number != kept)
+            (void)close(number); // most of them are not open
+}
+
+// The new program's side, after the second fork. Only calls that are allowed between fork and exec.
+[[noreturn]] void BecomeProgram(char* const* arguments, int report) {
+    const int nothing = open("/dev/null", O_RDWR);
+    for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        (void)dup2(nothing, standard); // without /dev/null the program keeps ours
+    CloseAllBut(report);
+    sigset_t none;
+    sigemptyset(&none);
+    (void)sigprocmask(SIG_SETMASK, &none, nullptr);
+    for (const int number : {SIGPIPE, SIGCHLD, SIGHUP, SIGINT, SIGQUIT, SIGTERM})
+        (void)std::signal(number, SIG_DFL); // what we ignore the program would ignore too
+    execv(arguments[0], arguments);
+    const char failed = 1;
+    (void)!write(report, &failed, 1); // nobody is left to tell if this fails too
+    _exit(127);
+}
+
+} // namespace
+
+std::string RunningProgramFolder() {
+    std::string path(4096, '\0');
+    const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
+    if (length <= 0)
+        return {};
+    path.resize(static_cast<std::size_t>(length));
+    return path.substr(0, path.rfind('/'));
+}
+
+bool StartDetached(const std::vector<std::string>& arguments) {
+    if (arguments.empty() || !IsExecutable(arguments.front()))
+        return false;
+    std::vector<char*> pointers;
+    for (const std::string& argument : arguments)
+        pointers.push_back(const_cast<char*>(argument.c_str())); // execv wants it so and does not write
+    pointers.push_back(nullptr);
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC) != 0)
+        return false;
+    const FileDescriptor answer(ends[0]);
+    FileDescriptor report(ends[1]);
+    const pid_t child = fork();
+    if (child < 0)
+        return false;
+    if (child == 0) {
+        // A second fork, so that the program is nobody's child here and leaves no zombie.
+        setsid();
+        const pid_t grandchild = fork();
+        if (grandchild == 0)
+            BecomeProgram(pointers.data(), report.Get());
+        _exit(grandchild < 0 ? 1 : 0);
+    }
+    (void)report.Close();
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    // The pipe closes when the program has begun; a byte comes when it could not.
+    char failed = 0;
+    ssize_t count = 0;
+    while ((count = read(answer.Get(), &failed, 1)) < 0 && errno == EINTR) {
+    }
+    return count == 0 && status == 0;
+}
+
+bool DeviceProcesses::CreateProcessW(std::u16string_view path, std::u16string_view commandLine) {
+    const std::optional<std::vector<std::string>> command = Resolve(path, commandLine);
+    return command && StartDetached(*command);
+}
+
+std::optional<std::vector<std::string>> DeviceProcesses::Resolve(std::u16string_view path,
+                                                                 std::u16string_view commandLine) const {
+    const std::u16string folded = FoldPath(path);
+    std::optional<std::vector<std::string>> command;
+    if (folded == kClockPath)
+        command = FindClock();
+    else if (const std::string companion = ProgramFolder + "/RSound";
+             folded == kCompanionPath && IsExecutable(companion))
+        command = {companion};
+    if (command)
+        for (std::string& argument : SplitArguments(locale::ToUtf8(commandLine)))
+            command->push_back(std::move(argument));
+    return command;
+}
+
+} // namespace tavo::files

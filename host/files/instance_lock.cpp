@@ -1,0 +1,130 @@
+// Two bytes of one lock file: the window's, which only a program takes, and the data file's, which a tool takes too.
+#include "host/files/instance_lock.h"
+
+#include "host/files/replace_file.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <thread>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/inotify.h>
+#include <sys/stat.h>
+
+namespace tavo::files {
+
+namespace {
+
+constexpr off_t kWindowByte = 0;
+constexpr off_t kDataByte = 1;
+constexpr std::chrono::milliseconds kBetweenTries{20};
+constexpr std::size_t kLongestToken = 4096;
+
+std::string LockPath(const std::string& runFolder) {
+    return runFolder + "/Instance.lock";
+}
+
+std::string RequestPath(const std::string& runFolder) {
+    return runFolder + "/Activate";
+}
+
+struct flock WriteLockOf(off_t byte) {
+    struct flock lock {};
+
+    lock.l_type = F_WRLCK;
+    lock.l_whence = SEEK_SET;
+    lock.l_start = byte;
+    lock.l_len = 1;
+    return lock;
+}
+
+// Locks of the open file, not of the process: they are not lost when some library opens and closes the same file, and
+// asking who holds one does not take it, so a question never makes a starting program believe that another runs.
+bool TryLock(const FileDescriptor& file, off_t byte) {
+    struct flock lock = WriteLockOf(byte);
+    return fcntl(file.Get(), F_OFD_SETLK, &lock) == 0;
+}
+
+bool IsHeldByAnother(const FileDescriptor& file, off_t byte) {
+    struct flock lock = WriteLockOf(byte);
+    return fcntl(file.Get(), F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+}
+
+bool IsTaken(int error) {
+    return error == EAGAIN || error == EACCES;
+}
+
+FileDescriptor OpenLock(const std::string& runFolder) {
+    (void)mkdir(runFolder.c_str(), 0700); // when it is missing and cannot be made, opening the file tells
+    return FileDescriptor(open(LockPath(runFolder).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+}
+
+} // namespace
+
+LockOutcome InstanceLock::Acquire(InstanceRole role, std::chrono::milliseconds patience) {
+    Release();
+    const auto fail = [this] {
+        LastProblem = ErrorCodeOf(errno);
+        return LockOutcome::Failed;
+    };
+    FileDescriptor file = OpenLock(RunFolder);
+    if (!file)
+        return fail();
+    if (role == InstanceRole::Program && !TryLock(file, kWindowByte))
+        return IsTaken(errno) ? LockOutcome::ProgramRuns : fail();
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (!TryLock(file, kDataByte)) {
+        if (!IsTaken(errno))
+            return fail();
+        if (role == InstanceRole::Tool && IsHeldByAnother(file, kWindowByte))
+            return LockOutcome::ProgramRuns;
+        if (std::chrono::steady_clock::now() >= end)
+            return LockOutcome::Busy;
+        std::this_thread::sleep_for(kBetweenTries);
+    }
+    LastProblem = ErrorCode::Success;
+    LockFile = std::move(file);
+    return LockOutcome::Held;
+}
+
+void InstanceLock::Release() {
+    LockFile = FileDescriptor();
+}
+
+bool InstanceLock::ProgramRuns(const std::string& runFolder) {
+    const FileDescriptor file(open(LockPath(runFolder).c_str(), O_RDWR | O_CLOEXEC));
+    return file && IsHeldByAnother(file, kWindowByte);
+}
+
+ErrorCode InstanceLock::RequestActivation(const std::string& runFolder, std::string_view token) {
+    token = token.substr(0, kLongestToken);
+    const std::vector<std::uint8_t> bytes(token.begin(), token.end());
+    return ReplaceFile(RequestPath(runFolder), bytes);
+}
+
+ErrorCode InstanceLock::WatchActivation() {
+    Watch = FileDescriptor(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+    if (!Watch || inotify_add_watch(Watch.Get(), RunFolder.c_str(), IN_MOVED_TO | IN_ONLYDIR) < 0) {
+        const ErrorCode error = ErrorCodeOf(errno);
+        Watch = FileDescriptor();
+        return error;
+    }
+    return ErrorCode::Success;
+}
+
+std::optional<std::string> InstanceLock::TakeActivation() {
+    std::array<char, 4096> events{};
+    while (Watch && read(Watch.Get(), events.data(), events.size()) > 0) {
+        // Which name moved does not matter: the request file itself tells.
+    }
+    std::vector<std::uint8_t> bytes;
+    if (ReadFile(RequestPath(RunFolder), kLongestToken, bytes) != ErrorCode::Success)
+        return std::nullopt;
+    if (unlink(RequestPath(RunFolder).c_str()) != 0)
+        return std::nullopt; // a request that cannot be removed would come again without end
+    return std::string(bytes.begin(), bytes.end());
+}
+
+} // namespace tavo::files

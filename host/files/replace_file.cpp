@@ -1,0 +1,178 @@
+// Write beside, synchronise, rename.
+#include "host/files/replace_file.h"
+
+#include "host/files/file_descriptor.h"
+
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <ctime>
+#include <memory>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace tavo::files {
+
+namespace {
+
+constexpr mode_t kPrivateFile = 0600;
+constexpr std::time_t kUnfinishedAge = 3600; // seconds after which nobody can still be writing
+
+std::string FolderOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos)
+        return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+// Success when nothing is there or a regular file that may be read and written.
+ErrorCode CheckReplaceable(const std::string& path) {
+    const FileDescriptor file(open(path.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
+    if (!file)
+        return errno == ENOENT ? ErrorCode::Success : ErrorCodeOf(errno);
+
+    struct stat state {};
+
+    if (fstat(file.Get(), &state) != 0)
+        return ErrorCodeOf(errno);
+    return S_ISREG(state.st_mode) ? ErrorCode::Success : ErrorCode::AccessDenied;
+}
+
+FileDescriptor CreateBeside(const std::string& folder, std::string& path) {
+    static std::atomic<unsigned> counter{0};
+    constexpr int kMostTries = 1000; // names left behind by a killed process of the same number
+    for (int attempt = 0; attempt < kMostTries; ++attempt) {
+        path = folder + '/' + std::string(kUnfinishedPrefix) + std::to_string(getpid()) + '-' +
+               std::to_string(counter.fetch_add(1));
+        FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kPrivateFile));
+        if (file || errno != EEXIST)
+            return file;
+    }
+    return FileDescriptor();
+}
+
+ErrorCode WriteAndSync(FileDescriptor& file, std::span<const std::uint8_t> bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(file.Get(), bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written < 0)
+            return ErrorCodeOf(errno);
+        bytes = bytes.subspan(static_cast<std::size_t>(written));
+    }
+    if (fsync(file.Get()) != 0 || !file.Close())
+        return ErrorCodeOf(errno);
+    return ErrorCode::Success;
+}
+
+} // namespace
+
+ErrorCode ErrorCodeOf(int errnoValue) {
+    switch (errnoValue) {
+    case 0:
+        return ErrorCode::Success;
+    case ENOENT:
+        return ErrorCode::FileNotFound;
+    case ENOTDIR:
+        return ErrorCode::PathNotFound;
+    case EACCES:
+    case EPERM:
+    case EISDIR:
+    case ELOOP:
+    case ETXTBSY:
+    case ENXIO:
+        return ErrorCode::AccessDenied;
+    case EROFS:
+        return ErrorCode::WriteProtected;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return ErrorCode::DiskFull;
+    case ENAMETOOLONG:
+    case EINVAL:
+        return ErrorCode::InvalidName;
+    case EEXIST:
+        return ErrorCode::AlreadyExists;
+    default:
+        return ErrorCode::CannotComplete;
+    }
+}
+
+ErrorCode ReplaceFile(const std::string& path, std::span<const std::uint8_t> bytes,
+                      const std::function<ErrorCode()>& beforeRename) {
+    if (const ErrorCode error = CheckReplaceable(path); error != ErrorCode::Success)
+        return error;
+    const std::string folder = FolderOf(path);
+    std::string unfinished;
+    FileDescriptor file = CreateBeside(folder, unfinished);
+    if (!file)
+        return ErrorCodeOf(errno);
+    ErrorCode error = WriteAndSync(file, bytes);
+    if (error == ErrorCode::Success && beforeRename)
+        error = beforeRename();
+    if (error == ErrorCode::Success && std::rename(unfinished.c_str(), path.c_str()) != 0)
+        error = ErrorCodeOf(errno);
+    if (error != ErrorCode::Success) {
+        (void)unlink(unfinished.c_str()); // the first failure is the one to tell
+        return error;
+    }
+    return SyncFolder(folder);
+}
+
+ErrorCode ReadFile(const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes) {
+    bytes.clear();
+    const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+
+    struct stat state {};
+
+    if (!file || fstat(file.Get(), &state) != 0)
+        return ErrorCodeOf(errno);
+    if (!S_ISREG(state.st_mode))
+        return ErrorCode::AccessDenied;
+    if (static_cast<std::uintmax_t>(state.st_size) > limit)
+        return ErrorCode::CannotComplete;
+    std::vector<std::uint8_t> whole(static_cast<std::size_t>(state.st_size));
+    std::size_t filled = 0;
+    while (filled < whole.size()) {
+        const ssize_t count = read(file.Get(), whole.data() + filled, whole.size() - filled);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return ErrorCodeOf(errno);
+        if (count == 0)
+            break; // someone cut the file while it was read
+        filled += static_cast<std::size_t>(count);
+    }
+    whole.resize(filled);
+    bytes = std::move(whole);
+    return ErrorCode::Success;
+}
+
+ErrorCode SyncFolder(const std::string& folder) {
+    const FileDescriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!opened)
+        return ErrorCodeOf(errno);
+    // Some file systems keep their names safe without being asked and refuse the request.
+    if (fsync(opened.Get()) != 0 && errno != EINVAL)
+        return ErrorCodeOf(errno);
+    return ErrorCode::Success;
+}
+
+void RemoveUnfinished(const std::string& folder) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
+    if (!entries)
+        return;
+    const std::time_t oldest = std::time(nullptr) - kUnfinishedAge;
+    while (const dirent* entry = readdir(entries.get())) {
+        struct stat state {};
+
+        if (std::string_view(entry->d_name).starts_with(kUnfinishedPrefix) &&
+            fstatat(dirfd(entries.get()), entry->d_name, &state, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(state.st_mode) &&
+            state.st_mtime < oldest)
+            (void)unlinkat(dirfd(entries.get()), entry->d_name, 0); // what cannot go stays
+    }
+}
+
+} // namespace tavo::files
