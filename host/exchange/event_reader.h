@@ -1,0 +1,43 @@
+// Turns one event of a calendar file into what the store keeps.
+#pragma once
+
+#include "host/exchange/event_time.h"
+
+#include <optional>
+
+namespace tavo::exchange {
+
+// One VEVENT, read.
+struct EventEntry {
+    outlook::StoredItem Item; // without an OID
+    EventTime Start;
+    bool Cancelled = false;
+    // Of a single occurrence of a series: when the series' rule says it starts.
+    std::optional<EventTime> Occurrence;
+    std::string OccurrenceText; // that time as it stands in the file
+};
+
+class EventReader {
+  public:
+    explicit EventReader(ZoneTable& zones) : Zones(zones) {}
+
+    // Not Good: `fault` names the line and says why.
+    Reading Read(CalendarPiece& piece, EventEntry& entry, FileFault& fault);
+
+  private:
+    Reading ReadTimes(const CalendarPiece& piece, icalcomponent* event, EventEntry& entry, EventTime& end,
+                      FileFault& fault);
+    Reading ReadOccurrence(const CalendarPiece& piece, icalcomponent* event, EventEntry& entry, FileFault& fault);
+
+    ZoneTable& Zones;
+    EntryParser Parser;
+};
+
+// The moved or cancelled occurrence that an entry describes, on the clock of its series.
+outlook::StoredException MakeException(const EventEntry& entry, const EventTime& seriesStart,
+                                       const outlook::StoredItem& series);
+
+// The UID of a piece: its own, or one made of its contents, which is the same for the same contents.
+std::string FindUid(const CalendarPiece& piece);
+
+} // namespace tavo::exchange

@@ -1,0 +1,12 @@
+// The one reminder that an appointment has, out of the alarms that an event may have.
+#pragma once
+
+#include "host/exchange/event_time.h"
+
+namespace tavo::exchange {
+
+// Fills the item's reminder from the event's VALARMs. Of several, the one nearest to the start is taken; mails only
+// where there is nothing else. A reminder after the start comes at the start.
+void ReadReminder(icalcomponent* event, const EventTime& start, const EventTime& end, outlook::StoredItem& item);
+
+} // namespace tavo::exchange

@@ -1,0 +1,32 @@
+// The times of an event: on whose clock they are, and whether they are dates only.
+#pragma once
+
+#include "host/exchange/zone_table.h"
+
+#include <optional>
+#include <string>
+
+namespace tavo::exchange {
+
+struct EventTime {
+    outlook::Seconds Clock = 0; // on the zone's clock; of a date its midnight
+    bool DateOnly = false;
+    const Zone* In = nullptr; // null: floating
+};
+
+// How the reading of an entry ended: an entry that the calendar cannot hold is refused by itself, one that is
+// against the format breaks its file.
+enum class Reading { Good, Refused, Broken };
+
+// Reads the time in a property. Not Good: `reason` says why.
+Reading ReadTime(icalproperty* property, const icaltimetype& value, ZoneTable& zones, EventTime& time,
+                 std::string& reason);
+
+// Reads what DTEND or DURATION say; DTEND moves to the start's zone, and of whole days the end is the midnight that the
+// store wants.
+Reading ReadEnd(icalcomponent* event, const EventTime& start, ZoneTable& zones, EventTime& end, std::string& reason);
+
+// The same moment on another clock. A floating time, or a floating target, keeps the clock's reading.
+outlook::Seconds MoveToZone(const EventTime& time, const Zone* zone);
+
+} // namespace tavo::exchange

@@ -1,0 +1,105 @@
+// The time zones that a calendar file speaks of.
+#include "host/exchange/zone_table.h"
+
+#include <array>
+#include <cstdint>
+#include <cstdio>
+
+namespace tavo::exchange {
+namespace {
+
+using outlook::CivilDate;
+using outlook::Seconds;
+using outlook::ZoneRules;
+
+constexpr const char* kUtcName = "UTC";
+
+// Two files may mean different zones by one name, so the store's name carries a mark of the definition.
+std::string MakeStoreName(const std::string& tzid, const std::string& text) {
+    std::uint32_t hash = 2166136261U; // FNV-1a
+    for (const char character : text) {
+        hash = (hash ^ static_cast<unsigned char>(character)) * 16777619U;
+    }
+    std::array<char, 16> mark{};
+    std::snprintf(mark.data(), mark.size(), "#%08x", hash);
+    return tzid + mark.data();
+}
+
+std::string JoinLines(const CalendarPiece& piece) {
+    std::string text;
+    for (std::size_t index = 0; index < piece.Lines.size(); ++index) {
+        text += piece.GetLine(index);
+        text += "\r\n";
+    }
+    return text;
+}
+
+} // namespace
+
+bool ZoneTable::Add(const CalendarPiece& piece, FileFault& fault) {
+    for (std::size_t index = 0; index < piece.Lines.size(); ++index) {
+        std::string_view name;
+        std::string_view value;
+        if (SplitLine(piece.GetLine(index), name, value) && EqualsIgnoringCase(name, "TZID")) {
+            Definitions[std::string(value)] = JoinLines(piece);
+            return true;
+        }
+    }
+    fault = {piece.Line, "this time zone has no name (TZID)"};
+    return false;
+}
+
+const Zone* ZoneTable::Find(const std::string& tzid) {
+    const auto found = Found.find(tzid);
+    return found != Found.end() ? &found->second : Resolve(tzid);
+}
+
+const Zone* ZoneTable::GetUtc() {
+    const auto found = Found.find(kUtcName);
+    if (found != Found.end()) {
+        return &found->second;
+    }
+    return Remember(kUtcName, kUtcName, std::make_unique<ZoneRules>(0, std::vector<outlook::ZoneTransition>()));
+}
+
+const Zone* ZoneTable::Resolve(const std::string& tzid) {
+    // The database is kept up to date and knows the past; a file's own definition often knows this year only.
+    if (std::unique_ptr<ZoneRules> rules = outlook::LoadSystemZone(tzid); rules != nullptr) {
+        return Remember(tzid, tzid, std::move(rules));
+    }
+    if (const auto own = Definitions.find(tzid); own != Definitions.end()) {
+        std::unique_ptr<ZoneRules> rules = outlook::ParseZoneComponent(own->second);
+        std::string name = MakeStoreName(tzid, own->second);
+        if (rules == nullptr || !Sink.DefineZone(name, own->second)) {
+            return nullptr;
+        }
+        return Remember(tzid, std::move(name), std::move(rules));
+    }
+    // Some programs put their own path before the database's name: "/example.org/20050126/Europe/Berlin".
+    for (std::size_t slash = tzid.find('/'); slash != std::string::npos; slash = tzid.find('/', slash + 1)) {
+        std::string name = tzid.substr(slash + 1);
+        if (std::unique_ptr<ZoneRules> rules = outlook::LoadSystemZone(name); rules != nullptr) {
+            return Remember(tzid, std::move(name), std::move(rules));
+        }
+    }
+    return nullptr;
+}
+
+const Zone* ZoneTable::Remember(const std::string& tzid, std::string name, std::unique_ptr<ZoneRules> rules) {
+    return &(Found[tzid] = Zone{std::move(name), std::move(rules)});
+}
+
+icaltimetype MakeIcalTime(Seconds time) {
+    const CivilDate date = outlook::CivilFromDay(outlook::DayOf(time));
+    const auto seconds = static_cast<int>(outlook::TimeOfDay(time));
+    icaltimetype result = icaltime_null_time();
+    result.year = date.Year;
+    result.month = date.Month;
+    result.day = date.Day;
+    result.hour = seconds / 3600;
+    result.minute = seconds / 60 % 60;
+    result.second = seconds % 60;
+    return result;
+}
+
+} // namespace tavo::exchange

@@ -1,0 +1,42 @@
+// The time zones that a calendar file speaks of.
+#pragma once
+
+#include "host/exchange/entry_parser.h"
+#include "host/exchange/entry_sink.h"
+#include "host/outlook/zone_rules.h"
+
+#include <map>
+#include <memory>
+#include <string>
+
+namespace tavo::exchange {
+
+// A zone under the name that the store knows it by.
+struct Zone {
+    std::string Name;
+    std::unique_ptr<outlook::ZoneRules> Rules; // never null
+};
+
+class ZoneTable {
+  public:
+    explicit ZoneTable(IEntrySink& sink) : Sink(sink) {}
+
+    // A VTIMEZONE of the file. False when it cannot be read.
+    bool Add(const CalendarPiece& piece, FileFault& fault);
+    // By the name that a time gives; null when neither the file nor the time zone database knows it.
+    const Zone* Find(const std::string& tzid);
+    const Zone* GetUtc();
+
+  private:
+    const Zone* Resolve(const std::string& tzid);
+    const Zone* Remember(const std::string& tzid, std::string name, std::unique_ptr<outlook::ZoneRules> rules);
+
+    IEntrySink& Sink;
+    std::map<std::string, std::string> Definitions; // the VTIMEZONEs by name
+    std::map<std::string, Zone> Found;
+};
+
+// A clock's reading as libical writes it, without a zone.
+icaltimetype MakeIcalTime(outlook::Seconds time);
+
+} // namespace tavo::exchange

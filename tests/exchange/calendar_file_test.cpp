@@ -1,0 +1,92 @@
+// Each file data/NAME.ics gives what data/NAME.expected says, line by line.
+#include "tests/exchange/item_text.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace tavo::exchange {
+namespace {
+
+const std::filesystem::path kData = TAVO_TEST_DATA;
+
+std::string ReadFile(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+std::vector<std::string> ListInputs() {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(kData)) {
+        if (entry.path().extension() == ".ics") {
+            names.push_back(entry.path().stem().string());
+        }
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+class CalendarFile : public testing::TestWithParam<std::string> {};
+
+TEST_P(CalendarFile, IsReadAsExpected) {
+    FileSource source;
+    std::string reason;
+    ASSERT_TRUE(source.Open((kData / (GetParam() + ".ics")).string(), reason)) << reason;
+    const std::string expected = ReadFile(kData / (GetParam() + ".expected"));
+    EXPECT_FALSE(expected.empty()) << "there is no expectation for this input";
+    EXPECT_EQ(DescribeFile(source), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Data, CalendarFile, testing::ValuesIn(ListInputs()),
+                         [](const auto& input) { return input.param; });
+
+// The same bytes with the line ends of the other kind mean the same.
+TEST_P(CalendarFile, MeansTheSameWithOtherLineEnds) {
+    std::string text = ReadFile(kData / (GetParam() + ".ics"));
+    std::string other;
+    if (text.find('\r') == std::string::npos) {
+        for (const char character : text) {
+            other += character == '\n' ? "\r\n" : std::string(1, character);
+        }
+    } else {
+        std::erase(text, '\r');
+        other = text;
+    }
+    MemorySource source(other);
+    EXPECT_EQ(DescribeFile(source), ReadFile(kData / (GetParam() + ".expected")));
+}
+
+TEST(CalendarFileReading, StopsWhenTheSinkDoesNotWantToGoOn) {
+    class StoppingSink final : public IEntrySink {
+      public:
+        bool OnItem(const outlook::StoredItem& /*item*/, int /*line*/) override { return ++Items < 2; }
+
+        bool OnLoneOccurrence(const LoneOccurrence& /*occurrence*/, int /*line*/) override { return true; }
+
+        bool OnRefused(int /*line*/, const std::string& /*reason*/) override { return true; }
+
+        bool OnPassedOver() override { return true; }
+
+        bool OnProgress(std::int64_t /*offset*/) override { return true; }
+
+        bool DefineZone(const std::string& /*name*/, const std::string& /*component*/) override { return true; }
+
+        int Items = 0;
+    };
+
+    const std::string event = "BEGIN:VEVENT\nDTSTART:20260314T090000\nEND:VEVENT\n";
+    const std::string text = "BEGIN:VCALENDAR\n" + event + event + event + "END:VCALENDAR\n";
+    MemorySource source(text);
+    StoppingSink sink;
+    FileFault fault;
+    EXPECT_EQ(ReadCalendarFile(source, sink, fault), FileOutcome::Stopped);
+    EXPECT_LE(sink.Items, 2);
+}
+
+} // namespace
+} // namespace tavo::exchange

@@ -1,0 +1,177 @@
+// Items and what became of a calendar file, as text that tests compare.
+#include "tests/exchange/item_text.h"
+
+#include <array>
+#include <cstdio>
+#include <string_view>
+
+namespace tavo::exchange {
+namespace {
+
+using outlook::PatternEnd;
+using outlook::StoredException;
+using outlook::StoredItem;
+using outlook::StoredPattern;
+
+// ASCII as it is, everything else by its number, so that a wrong letter shows.
+std::string DescribeText(std::u16string_view text) {
+    std::string result;
+    for (const char16_t unit : text) {
+        std::array<char, 16> escaped{};
+        if (unit == u'\n') {
+            result += "\\n";
+        } else if (unit >= u' ' && unit < 0x7F) {
+            result += static_cast<char>(unit);
+        } else {
+            std::snprintf(escaped.data(), escaped.size(), "\\u%04x", static_cast<unsigned>(unit));
+            result += escaped.data();
+        }
+    }
+    return result;
+}
+
+std::string DescribeDay(outlook::DayNumber day) {
+    return DescribeTime(outlook::MidnightOf(day)).substr(0, 10);
+}
+
+void AddLine(std::string& text, std::string_view name, std::string_view value) {
+    text += "  ";
+    text += name;
+    text += ": ";
+    text += value;
+    text += '\n';
+}
+
+void AddText(std::string& text, std::string_view name, std::u16string_view value) {
+    if (!value.empty()) {
+        AddLine(text, name, DescribeText(value));
+    }
+}
+
+void AddNumber(std::string& text, std::string_view name, std::int64_t value, std::int64_t usual) {
+    if (value != usual) {
+        AddLine(text, name, std::to_string(value));
+    }
+}
+
+void AddPattern(std::string& text, const StoredPattern& pattern) {
+    if (pattern.Type == kRecursOnce || pattern.Type == kRecursForeign) {
+        return;
+    }
+    std::string line = "type " + std::to_string(pattern.Type) + " every " + std::to_string(pattern.Interval);
+    line += pattern.DayOfWeekMask != 0 ? " mask " + std::to_string(pattern.DayOfWeekMask) : "";
+    line += pattern.DayOfMonth != 0 ? " day " + std::to_string(pattern.DayOfMonth) : "";
+    line += pattern.Instance != 0 ? " nth " + std::to_string(pattern.Instance) : "";
+    line += pattern.MonthOfYear != 0 ? " month " + std::to_string(pattern.MonthOfYear) : "";
+    line += pattern.End == PatternEnd::AfterCount ? " times " + std::to_string(pattern.Occurrences) : "";
+    line += pattern.End == PatternEnd::OnDate ? " until " + DescribeDay(pattern.LastDay) : "";
+    AddLine(text, "repeats", line);
+}
+
+std::string DescribeException(const StoredException& exception) {
+    std::string line = DescribeTime(exception.Original);
+    if (exception.Kind == outlook::ExceptionKind::Cancelled) {
+        return line + " cancelled";
+    }
+    line += " moved to " + DescribeTime(exception.Start) + " - " + DescribeTime(exception.End);
+    line += exception.Subject ? ", subject " + DescribeText(*exception.Subject) : "";
+    line += exception.Location ? ", location " + DescribeText(*exception.Location) : "";
+    return line;
+}
+
+void AddTimes(std::string& text, const StoredItem& item) {
+    const bool zoned = !item.Zone.empty();
+    const std::string times =
+        DescribeTime(zoned ? item.ZoneStart : item.Start) + " - " + DescribeTime(zoned ? item.ZoneEnd : item.End);
+    AddLine(text, item.AllDay ? "days" : "time", zoned ? times + " " + item.Zone : times);
+}
+
+class DescribingSink final : public IEntrySink {
+  public:
+    bool OnItem(const StoredItem& item, int line) override {
+        Text += "item in line " + std::to_string(line) + "\n" + DescribeItem(item);
+        return true;
+    }
+
+    bool OnLoneOccurrence(const LoneOccurrence& occurrence, int line) override {
+        Text += "occurrence of " + occurrence.Uid + " in line " + std::to_string(line) + "\n";
+        AddLine(Text, "exception", DescribeException(occurrence.Exception));
+        Text += " alone\n" + DescribeItem(occurrence.Alone);
+        return true;
+    }
+
+    bool OnRefused(int line, const std::string& reason) override {
+        Text += "refused in line " + std::to_string(line) + ": " + reason + "\n";
+        return true;
+    }
+
+    bool OnPassedOver() override {
+        Text += "passed over\n";
+        return true;
+    }
+
+    bool OnProgress(std::int64_t /*offset*/) override { return true; }
+
+    bool DefineZone(const std::string& name, const std::string& component) override {
+        Text += "zone " + name + ", " + std::to_string(component.size()) + " bytes\n";
+        return true;
+    }
+
+    std::string Text;
+};
+
+} // namespace
+
+std::string DescribeTime(outlook::Seconds time) {
+    const outlook::CivilDate date = outlook::CivilFromDay(outlook::DayOf(time));
+    const auto seconds = static_cast<int>(outlook::TimeOfDay(time));
+    std::array<char, 48> text{};
+    const int length = std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d", date.Year, date.Month,
+                                     date.Day, seconds / 3600, seconds / 60 % 60);
+    if (seconds % 60 != 0) {
+        std::snprintf(text.data() + length, text.size() - static_cast<std::size_t>(length), ":%02d", seconds % 60);
+    }
+    return text.data();
+}
+
+std::string DescribeItem(const StoredItem& item) {
+    std::string text;
+    AddLine(text, "uid", item.Uid);
+    AddText(text, "subject", item.Subject);
+    AddText(text, "location", item.Location);
+    AddText(text, "categories", item.Categories);
+    AddText(text, "body", item.Body);
+    AddTimes(text, item);
+    AddNumber(text, "busy", item.BusyStatus, kBusyBusy);
+    AddNumber(text, "sensitivity", item.Sensitivity, kSensitivityNormal);
+    if (item.ReminderSet) {
+        AddLine(text, "reminder",
+                std::to_string(item.ReminderMinutes) + " minutes, options " + std::to_string(item.ReminderOptions));
+    }
+    AddPattern(text, item.Pattern);
+    for (std::size_t begin = 0; begin < item.ForeignRule.size();) {
+        const std::size_t end = std::min(item.ForeignRule.find('\n', begin), item.ForeignRule.size());
+        AddLine(text, "rule", std::string_view(item.ForeignRule).substr(begin, end - begin));
+        begin = end + 1;
+    }
+    for (const StoredException& exception : item.Exceptions) {
+        AddLine(text, "exception", DescribeException(exception));
+    }
+    return text;
+}
+
+std::string DescribeFile(IByteSource& source) {
+    DescribingSink sink;
+    FileFault fault;
+    switch (ReadCalendarFile(source, sink, fault)) {
+    case FileOutcome::Read:
+        return sink.Text + "read\n";
+    case FileOutcome::Stopped:
+        return sink.Text + "stopped\n";
+    case FileOutcome::Broken:
+        break;
+    }
+    return sink.Text + "broken in line " + std::to_string(fault.Line) + ": " + fault.Reason + "\n";
+}
+
+} // namespace tavo::exchange
