@@ -27,6 +27,7 @@ enum class Change {
     MenuClosed,     // the open menu (of the bar or tracked) must be closed
     BoxOpened,      // a message box opens: MenuState::Boxes.back()
     BoxClosed,      // the innermost message box must be closed
+    InputPanel,     // raised or lowered
     Cursor,
 };
 

@@ -1,0 +1,119 @@
+// Taps and keys on controls.
+#include "host/headless/control_touch.h"
+
+#include <algorithm>
+
+namespace tavo::headless {
+
+namespace {
+
+constexpr int kScrollArrowHeight = 15;
+
+void TapScrollBar(HeadlessHost& host, WindowHandle control, Point screen) {
+    const Rect bounds = host.State.Tree.ScreenBounds(control);
+    const ScrollInfo scroll = host.State.Tree.FindControl(control)->Scroll;
+    const int track = bounds.Height() - 2 * kScrollArrowHeight;
+    const int range = std::max(scroll.Maximum - scroll.Minimum, 1);
+    const int thumb = bounds.Top + kScrollArrowHeight + track * (scroll.Position - scroll.Minimum) / range;
+    int request = screen.Y < thumb ? SB_PAGEUP : SB_PAGEDOWN;
+    if (screen.Y < bounds.Top + kScrollArrowHeight) {
+        request = SB_LINEUP;
+    } else if (screen.Y >= bounds.Bottom - kScrollArrowHeight) {
+        request = SB_LINEDOWN;
+    }
+    host.ControlActions.Scroll(control, request, 0);
+    host.ControlActions.Scroll(control, SB_ENDSCROLL, 0);
+}
+
+// Replaces what is selected, or what the two ends enclose.
+void Replace(HeadlessHost& host, WindowHandle control, int first, int last, std::u16string_view with) {
+    std::u16string text = host.State.Tree.Find(control)->Text;
+    text.replace(static_cast<std::size_t>(first), static_cast<std::size_t>(last - first), with);
+    host.ControlActions.Edit(control, text);
+    const int length = static_cast<int>(host.State.Tree.Find(control)->Text.size());
+    const int caret = std::min(first + static_cast<int>(with.size()), length);
+    host.ControlActions.SelectText(control, caret, caret);
+}
+
+bool EditWithKey(HeadlessHost& host, WindowHandle control, int key) {
+    const shell::ControlState state = *host.State.Tree.FindControl(control);
+    const int length = static_cast<int>(host.State.Tree.Find(control)->Text.size());
+    const bool selected = state.SelectionFirst != state.SelectionLast;
+    switch (key) {
+    case VK_BACK:
+        Replace(host, control, selected ? state.SelectionFirst : std::max(state.SelectionFirst - 1, 0),
+                state.SelectionLast, u"");
+        return true;
+    case VK_DELETE:
+        Replace(host, control, state.SelectionFirst,
+                selected ? state.SelectionLast : std::min(state.SelectionLast + 1, length), u"");
+        return true;
+    case VK_LEFT: {
+        const int caret = selected ? state.SelectionFirst : std::max(state.SelectionFirst - 1, 0);
+        host.ControlActions.SelectText(control, caret, caret);
+        return true;
+    }
+    case VK_RIGHT: {
+        const int caret = selected ? state.SelectionLast : std::min(state.SelectionLast + 1, length);
+        host.ControlActions.SelectText(control, caret, caret);
+        return true;
+    }
+    case VK_HOME:
+        host.ControlActions.SelectText(control, 0, 0);
+        return true;
+    case VK_END:
+        host.ControlActions.SelectText(control, length, length);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool UseKey(HeadlessHost& host, WindowHandle control, int key) {
+    const shell::ControlState& state = *host.State.Tree.FindControl(control);
+    const bool isButton = state.Kind == ControlKind::CheckBox || state.Kind == ControlKind::RadioButton ||
+                          state.Kind == ControlKind::PushButton;
+    if (isButton && key == VK_SPACE) {
+        host.ControlActions.Click(control, {});
+        return true;
+    }
+    if (shell::IsList(state.Kind) && (key == VK_UP || key == VK_DOWN)) {
+        const int last = static_cast<int>(state.Items.size()) - 1;
+        const int next = key == VK_UP ? std::max(state.Current - 1, 0) : std::min(state.Current + 1, last);
+        if (next != state.Current) {
+            host.ControlActions.Choose(control, next);
+        }
+        return true;
+    }
+    return shell::IsTextControl(state.Kind) && EditWithKey(host, control, key);
+}
+
+} // namespace
+
+void TapControl(HeadlessHost& host, WindowHandle control, Point screen) {
+    const ControlKind kind = host.State.Tree.FindControl(control)->Kind;
+    host.ControlActions.Focus(control);
+    if (kind == ControlKind::ScrollBar) {
+        TapScrollBar(host, control, screen);
+    } else if (shell::IsList(kind)) {
+        host.ControlActions.OpenList(control);
+    } else {
+        const WindowHandle parent = host.State.Tree.Find(control)->Parent;
+        host.ControlActions.Click(control, host.State.Tree.ToWindow(parent, screen));
+    }
+}
+
+void PressKeyInControl(HeadlessHost& host, WindowHandle control, int key, int modifiers) {
+    if (modifiers != 0 || !UseKey(host, control, key)) {
+        host.Keys.Unused(control, key, modifiers);
+    }
+}
+
+void TypeInControl(HeadlessHost& host, WindowHandle control, char16_t character) {
+    const shell::ControlState& state = *host.State.Tree.FindControl(control);
+    if (shell::IsTextControl(state.Kind)) {
+        Replace(host, control, state.SelectionFirst, state.SelectionLast, std::u16string_view(&character, 1));
+    }
+}
+
+} // namespace tavo::headless

@@ -1,0 +1,37 @@
+// The outside world of the scripted device: the script, and a clock that only the script moves.
+#pragma once
+
+#include "host/files/scripted_clock.h"
+#include "host/headless/script.h"
+#include "host/shell/event_source.h"
+
+#include <functional>
+#include <optional>
+
+namespace tavo::headless {
+
+class ScriptedTime : public shell::IEventSource {
+  public:
+    // `onEnd` is called whenever the program waits and the script has nothing more to say.
+    ScriptedTime(const SYSTEMTIME& start, std::function<void()> onEnd) : Clock(start), OnEnd(std::move(onEnd)) {}
+
+    files::ScriptedClock Clock;
+    headless::Script Script;
+
+    shell::Milliseconds GetMilliseconds() override { return Elapsed; }
+
+    // Moves the clock to the deadline if that lies within the time that is to pass, else does the script's next step.
+    void WaitForEvents(std::optional<shell::Milliseconds> deadline) override;
+
+    // Lets time pass from now on, timer by timer.
+    void Pass(shell::Milliseconds span) { PassUntil = Elapsed + span; }
+
+  private:
+    void MoveTo(shell::Milliseconds moment);
+
+    std::function<void()> OnEnd;
+    shell::Milliseconds Elapsed = 0;
+    std::optional<shell::Milliseconds> PassUntil;
+};
+
+} // namespace tavo::headless
