@@ -24,7 +24,8 @@ std::u16string ShortcutText(int key, int modifiers) {
         text += u"Del";
     } else if (key >= VK_F1 && key < VK_F1 + functionKeys) {
         const std::string number = std::to_string(key - VK_F1 + 1);
-        text += u"F" + std::u16string(number.begin(), number.end());
+        text += u'F';
+        text.append(number.begin(), number.end());
     } else if ((key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9')) {
         text += static_cast<char16_t>(key);
     } else {
