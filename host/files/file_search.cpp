@@ -13,7 +13,7 @@ FolderMatches::FolderMatches(std::shared_ptr<const FolderListing> listing, std::
     if (!Listing)
         return;
     if (Pattern == u"*.*")
-        Pattern = u"*"; // on the device it also means names without a full stop
+        Pattern.resize(1); // on the device it also means names without a full stop
     PrefixLength = std::min(Pattern.find_first_of(u"*?"), Pattern.size());
     const auto first = FindFromName(*Listing, std::u16string_view(Pattern).substr(0, PrefixLength));
     Next = static_cast<std::size_t>(first - Listing->begin());

@@ -96,7 +96,10 @@ std::optional<RegistryValue> ReadHex(std::string_view written) {
         if (pair.size() != 2 || !ReadWhole(pair, byte, 16))
             return std::nullopt;
         value.Data.push_back(byte);
-        digits.remove_prefix(std::min(pair.size() + 1, digits.size()));
+        digits.remove_prefix(pair.size());
+        if (digits.size() == 1)
+            return std::nullopt; // a comma with nothing behind it
+        digits.remove_prefix(std::min<std::size_t>(1, digits.size()));
     }
     return value;
 }

@@ -1,0 +1,134 @@
+// Tests of starting other programs.
+#include "host/files/device_processes.h"
+
+#include "tests/files/temporary_folder.h"
+
+#include <chrono>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <thread>
+
+namespace tavo::files {
+
+namespace {
+
+constexpr std::u16string_view kCompanion = u"\\Program Files\\Zorbex\\TavoCalendar\\RSound.exe";
+constexpr std::u16string_view kClock = u"\\Windows\\Clock.exe";
+
+using Command = std::vector<std::string>;
+
+struct DeviceProcessesTest : testing::Test {
+    TemporaryFolder Folder;
+    DeviceProcesses Processes{Folder.Path()};
+
+    void SetUp() override {
+        unsetenv("TAVO_CLOCK");
+        Path = getenv("PATH") == nullptr ? "" : getenv("PATH");
+    }
+
+    void TearDown() override {
+        unsetenv("TAVO_CLOCK");
+        setenv("PATH", Path.c_str(), 1);
+    }
+
+    void PutProgram(const std::string& name, const std::string& script) const {
+        Folder.Put(name, "#!/bin/sh\n" + script);
+        chmod((Folder / name).c_str(), 0700);
+    }
+
+    std::string WaitFor(const std::string& name) const {
+        for (int i = 0; i < 500 && !Folder.Has(name); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        return Folder.Get(name);
+    }
+
+    std::string Path;
+};
+
+} // namespace
+
+TEST_F(DeviceProcessesTest, TheCompanionLiesBesideTheProgram) {
+    EXPECT_FALSE(Processes.CreateProcessW(kCompanion, u"")); // not installed: silently nothing
+    PutProgram("RSound", "");
+    EXPECT_EQ(Processes.Resolve(kCompanion, u""), Command{Folder / "RSound"});
+    EXPECT_EQ(Processes.Resolve(u"\\PROGRAM FILES\\zorbex\\\\TavoCalendar\\rsound.EXE", u"a \"b c\" \"\""),
+              (Command{Folder / "RSound", "a", "b c", ""}));
+}
+
+TEST_F(DeviceProcessesTest, OnlyTheTwoProgramsOfTheDeviceExist) {
+    PutProgram("RSound", "");
+    for (const std::u16string_view path :
+         {u"\\bin\\sh", u"/bin/sh", u"RSound.exe", u"\\RSound.exe", u"", u"\\Program Files\\..\\RSound.exe"})
+        EXPECT_EQ(Processes.Resolve(path, u""), std::nullopt);
+}
+
+TEST_F(DeviceProcessesTest, TheClockIsTheFirstThatThePathHas) {
+    setenv("PATH", Folder.Path().c_str(), 1);
+    EXPECT_FALSE(Processes.CreateProcessW(kClock, u""));
+    PutProgram("xclock", "");
+    EXPECT_EQ(Processes.Resolve(kClock, u""), Command{Folder / "xclock"});
+    PutProgram("kclock", "");
+    EXPECT_EQ(Processes.Resolve(kClock, u""), Command{Folder / "kclock"});
+    setenv("PATH", ("/none::" + Folder.Path()).c_str(), 1);
+    EXPECT_EQ(Processes.Resolve(kClock, u""), Command{Folder / "kclock"});
+}
+
+TEST_F(DeviceProcessesTest, TheEnvironmentNamesAnotherClock) {
+    PutProgram("kclock", "");
+    PutProgram("my clock", "");
+    setenv("PATH", Folder.Path().c_str(), 1);
+    setenv("TAVO_CLOCK", (Folder / "my clock").c_str(), 1);
+    EXPECT_EQ(Processes.Resolve(kClock, u""), Command{Folder / "my clock"});
+    setenv("TAVO_CLOCK", "kclock -digital", 1);
+    EXPECT_EQ(Processes.Resolve(kClock, u""), (Command{Folder / "kclock", "-digital"}));
+    setenv("TAVO_CLOCK", "none", 1);
+    EXPECT_EQ(Processes.Resolve(kClock, u""), std::nullopt); // what was asked for, or nothing
+    setenv("TAVO_CLOCK", "", 1);
+    EXPECT_EQ(Processes.Resolve(kClock, u""), Command{Folder / "kclock"});
+}
+
+TEST_F(DeviceProcessesTest, AStartedProgramIsApartFromUs) {
+    PutProgram("RSound",
+               "cd " + Folder.Path() +
+                   "\n{ ps -o sid=,ppid= -p $$; ls /proc/$$/fd | tr '\\n' ' '; readlink /proc/$$/fd/1; } >out.part\n"
+                   "echo \"$1\" >>out.part\nmv out.part out\n");
+    const int ours = open("/dev/null", O_RDONLY); // without close-on-exec
+    ASSERT_GE(ours, 0);
+    ASSERT_TRUE(Processes.CreateProcessW(kCompanion, u"hello"));
+    close(ours);
+    const std::string out = WaitFor("out");
+    EXPECT_NE(out.find("hello\n"), std::string::npos) << out;
+    EXPECT_EQ(out.find(std::to_string(getsid(0)) + ' '), std::string::npos) << out;       // a session of its own
+    EXPECT_EQ(out.find(' ' + std::to_string(getpid()) + '\n'), std::string::npos) << out; // not our child
+    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);                                         // no zombie either
+    EXPECT_EQ(errno, ECHILD);
+}
+
+TEST_F(DeviceProcessesTest, NoDescriptorOfOursIsHandedOn) {
+    PutProgram("RSound", "cd " + Folder.Path() +
+                             "\n[ -e /proc/$$/fd/77 ] && echo open >out.part || echo closed >out.part\n"
+                             "readlink /proc/$$/fd/1 >>out.part\nmv out.part out\n");
+    const int ours = open("/dev/null", O_RDONLY);
+    ASSERT_EQ(dup2(ours, 77), 77);
+    ASSERT_TRUE(Processes.CreateProcessW(kCompanion, u""));
+    close(77);
+    close(ours);
+    EXPECT_EQ(WaitFor("out").substr(0, 7), "closed\n");
+}
+
+TEST_F(DeviceProcessesTest, WhatCannotRunIsTold) {
+    Folder.Put("RSound", "no program");
+    EXPECT_FALSE(Processes.CreateProcessW(kCompanion, u"")); // not executable
+    chmod((Folder / "RSound").c_str(), 0700);
+    EXPECT_FALSE(Processes.CreateProcessW(kCompanion, u"")); // of no form that the machine knows
+    PutProgram("RSound", "");
+    Folder.Put("RSound", "#!/none/sh\n");
+    EXPECT_FALSE(Processes.CreateProcessW(kCompanion, u"")); // its interpreter is missing
+}
+
+TEST(RunningProgramFolder, IsWhereThisTestLies) {
+    EXPECT_TRUE(std::filesystem::exists(RunningProgramFolder() + "/files_test"));
+}
+
+} // namespace tavo::files
