@@ -1,0 +1,175 @@
+// Naming, finding, reading and writing memos.
+#include "memo/memo_files.h"
+
+#include "tests/support/host_probe.h"
+#include "tests/support/test_device.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tavo {
+
+namespace {
+
+using test::HostProbe;
+using test::TestDevice;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Optional;
+using testing::UnorderedElementsAre;
+
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr std::u16string_view kFolder = u"\\My Documents\\TavoCalendar\\";
+
+class MemoFilesTest : public testing::Test {
+  protected:
+    void GivenFile(std::u16string_view name, const Bytes& bytes = {1, 2, 3}) {
+        Device.GivenFile(std::u16string(kFolder).append(name), bytes);
+    }
+
+    Bytes BufferBytes() const { return {State.Memo.Bytes().begin(), State.Memo.Bytes().end()}; }
+
+    TestDevice Device;
+    HostProbe Host{Device.Host};
+    CMessagePump Pump{Host};
+    CProgramState State{Pump};
+    MemoFiles Memos{State};
+};
+
+TEST_F(MemoFilesTest, APathIsFolderAndName) {
+    EXPECT_EQ(Memos.MemoPath(u"20040915_101530.pwi"), u"\\My Documents\\TavoCalendar\\20040915_101530.pwi");
+    State.DataFolder = u"\\My Documents\\";
+    EXPECT_EQ(Memos.MemoPath(u"20040915_101530.pwi"), u"\\My Documents\\\\20040915_101530.pwi");
+}
+
+TEST_F(MemoFilesTest, ANewMemoIsNamedByItsDayAndTheTimeItIsSaved) {
+    Device.Host.Time.Clock.SetLocalTime({2010, 1, 0, 2, 10, 15, 30, 0});
+    EXPECT_EQ(Memos.NewMemoPath(2004, 9, 15), u"\\My Documents\\TavoCalendar\\20040915_101530.pwi");
+}
+
+TEST_F(MemoFilesTest, NamesHaveTwoDigitsForEverythingButTheYear) {
+    Device.Host.Time.Clock.SetLocalTime({2010, 1, 0, 2, 1, 5, 9, 0});
+    EXPECT_EQ(Memos.NewMemoPath(2005, 1, 9), u"\\My Documents\\TavoCalendar\\20050109_010509.pwi");
+    EXPECT_EQ(Memos.NewMemoPath(2005, 12, 31), u"\\My Documents\\TavoCalendar\\20051231_010509.pwi");
+}
+
+TEST_F(MemoFilesTest, MemosOfTheSameDayAndSecondHaveOneNameAndTheSecondReplacesTheFirst) {
+    GivenFile(u"other.txt"); // the folder is there
+    Device.Host.Time.Clock.SetLocalTime({2004, 9, 3, 15, 10, 15, 30, 0});
+    State.Memo.Fill({1, 1});
+    EXPECT_TRUE(Memos.WriteMemo(Memos.NewMemoPath(2004, 9, 15)));
+    State.Memo.Fill({2});
+    EXPECT_TRUE(Memos.WriteMemo(Memos.NewMemoPath(2004, 9, 15)));
+    EXPECT_THAT(Memos.FindMemos(2004, 9, 15), ElementsAre(u"20040915_101530.pwi"));
+    EXPECT_THAT(Device.FileBytes(u"\\My Documents\\TavoCalendar\\20040915_101530.pwi"), Optional(Bytes{2}));
+}
+
+TEST_F(MemoFilesTest, FindsTheMemosOfADayWithoutTheFolder) {
+    GivenFile(u"20040915_101530.pwi");
+    GivenFile(u"20040915_235959.pwi");
+    GivenFile(u"20040916_000000.pwi");
+    EXPECT_THAT(Memos.FindMemos(2004, 9, 15), UnorderedElementsAre(u"20040915_101530.pwi", u"20040915_235959.pwi"));
+    EXPECT_THAT(Memos.FindMemos(2004, 9, 16), ElementsAre(u"20040916_000000.pwi"));
+    EXPECT_TRUE(Memos.HasMemo(2004, 9, 15));
+    EXPECT_FALSE(Memos.HasMemo(2004, 9, 17));
+}
+
+TEST_F(MemoFilesTest, TheNinthIsNotTheNineteenth) {
+    GivenFile(u"20050119_080000.pwi");
+    EXPECT_THAT(Memos.FindMemos(2005, 1, 9), IsEmpty());
+    EXPECT_FALSE(Memos.HasMemo(2005, 1, 9));
+    EXPECT_TRUE(Memos.HasMemo(2005, 1, 19));
+    GivenFile(u"20050109_080000.pwi");
+    EXPECT_THAT(Memos.FindMemos(2005, 1, 9), ElementsAre(u"20050109_080000.pwi"));
+    EXPECT_THAT(Memos.FindMemos(2005, 1, 19), ElementsAre(u"20050119_080000.pwi"));
+}
+
+TEST_F(MemoFilesTest, JanuaryAndNovemberAreToldApart) {
+    GivenFile(u"20041101_080000.pwi");
+    EXPECT_FALSE(Memos.HasMemo(2004, 1, 1));
+    EXPECT_FALSE(Memos.HasMemo(2004, 1, 11));
+    EXPECT_TRUE(Memos.HasMemo(2004, 11, 1));
+}
+
+TEST_F(MemoFilesTest, OtherFilesOfTheFolderAreNoMemos) {
+    GivenFile(u"TavoCalendar.dat");
+    GivenFile(u"20040915_101530.txt");
+    GivenFile(u"20040915_101530.pwi.bak");
+    GivenFile(u"shopping.pwi");
+    GivenFile(u"x20040915_101530.pwi");
+    EXPECT_THAT(Memos.FindMemos(2004, 9, 15), IsEmpty());
+    EXPECT_FALSE(Memos.HasMemo(2004, 9, 15));
+}
+
+TEST_F(MemoFilesTest, AnyNameThatBeginsWithTheDateBelongsToTheDay) {
+    GivenFile(u"20040915 shopping.pwi");
+    EXPECT_THAT(Memos.FindMemos(2004, 9, 15), ElementsAre(u"20040915 shopping.pwi"));
+}
+
+TEST_F(MemoFilesTest, NoFolderNoMemos) {
+    EXPECT_THAT(Memos.FindMemos(2004, 9, 15), IsEmpty());
+    EXPECT_FALSE(Memos.HasMemo(2004, 9, 15));
+}
+
+TEST_F(MemoFilesTest, SearchesByTheDate) {
+    EXPECT_FALSE(Memos.HasMemo(2004, 9, 5));
+    EXPECT_EQ(Host.OwnFiles.LastPattern, u"\\My Documents\\TavoCalendar\\20040905*.pwi");
+    Host.OwnFiles.LastPattern.clear();
+    EXPECT_THAT(Memos.FindMemos(812, 10, 31), IsEmpty());
+    EXPECT_EQ(Host.OwnFiles.LastPattern, u"\\My Documents\\TavoCalendar\\8121031*.pwi");
+}
+
+TEST_F(MemoFilesTest, ReadingTakesTheWholeFile) {
+    GivenFile(u"20040915_101530.pwi", {0, 255, 0, 7});
+    State.Memo.Fill({9, 9});
+    EXPECT_TRUE(Memos.ReadMemo(Memos.MemoPath(u"20040915_101530.pwi")));
+    EXPECT_EQ(BufferBytes(), (Bytes{0, 255, 0, 7}));
+}
+
+TEST_F(MemoFilesTest, WhatCannotBeReadLeavesTheBufferEmptyAndSaysNothing) {
+    State.Memo.Fill({9, 9});
+    EXPECT_FALSE(Memos.ReadMemo(Memos.MemoPath(u"20040915_101530.pwi")));
+    EXPECT_TRUE(State.Memo.IsEmpty());
+    EXPECT_THAT(Device.MessagesShown(), IsEmpty());
+}
+
+TEST_F(MemoFilesTest, EditingKeepsTheName) {
+    GivenFile(u"20040915_101530.pwi", {1, 2, 3, 4, 5});
+    State.Memo.Fill({7});
+    EXPECT_TRUE(Memos.WriteMemo(Memos.MemoPath(u"20040915_101530.pwi")));
+    EXPECT_THAT(Memos.FindMemos(2004, 9, 15), ElementsAre(u"20040915_101530.pwi"));
+    EXPECT_THAT(Device.FileBytes(u"\\My Documents\\TavoCalendar\\20040915_101530.pwi"), Optional(Bytes{7}));
+}
+
+TEST_F(MemoFilesTest, AnEmptyMemoIsNeverWritten) {
+    GivenFile(u"20040915_101530.pwi", {1, 2, 3});
+    State.Memo.Empty();
+    EXPECT_FALSE(Memos.WriteMemo(Memos.MemoPath(u"20040915_101530.pwi")));
+    EXPECT_FALSE(Memos.WriteMemo(Memos.MemoPath(u"20040915_101531.pwi")));
+    EXPECT_THAT(Device.FileBytes(u"\\My Documents\\TavoCalendar\\20040915_101530.pwi"), Optional(Bytes{1, 2, 3}));
+    EXPECT_THAT(Memos.FindMemos(2004, 9, 15), ElementsAre(u"20040915_101530.pwi"));
+}
+
+TEST_F(MemoFilesTest, AMemoThatCannotBeWrittenLeavesTheFileAndSaysNothing) {
+    GivenFile(u"20040915_101530.pwi", {1, 2, 3});
+    State.Memo.Fill({7});
+    Host.OwnFiles.WriteResult = ErrorCode::DiskFull;
+    EXPECT_FALSE(Memos.WriteMemo(Memos.MemoPath(u"20040915_101530.pwi")));
+    EXPECT_THAT(Device.FileBytes(u"\\My Documents\\TavoCalendar\\20040915_101530.pwi"), Optional(Bytes{1, 2, 3}));
+    EXPECT_THAT(Device.MessagesShown(), IsEmpty());
+}
+
+TEST_F(MemoFilesTest, TheBufferHoldsOneBlockAtATime) {
+    EXPECT_TRUE(State.Memo.IsEmpty());
+    State.Memo.Fill({1, 2});
+    EXPECT_FALSE(State.Memo.IsEmpty());
+    State.Memo.Fill({3});
+    EXPECT_EQ(BufferBytes(), (Bytes{3}));
+    State.Memo.Empty();
+    EXPECT_TRUE(State.Memo.IsEmpty());
+}
+
+} // namespace
+
+} // namespace tavo

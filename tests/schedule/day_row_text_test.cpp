@@ -1,0 +1,70 @@
+// The words of the day list's rows.
+#include "schedule/day_row_text.h"
+
+#include "host/locale/us_english_locale.h"
+
+#include <gtest/gtest.h>
+
+namespace tavo {
+
+namespace {
+
+AppointmentData Timed(const SYSTEMTIME& start, const SYSTEMTIME& end) {
+    AppointmentData record;
+    record.Subject = u"Dentist";
+    record.Start = start;
+    record.End = end;
+    return record;
+}
+
+AppointmentData AllDay(const SYSTEMTIME& start, const SYSTEMTIME& end) {
+    AppointmentData record = Timed(start, end);
+    record.AllDay = true;
+    return record;
+}
+
+DayRowText Describe(const AppointmentData& record) {
+    locale::UsEnglishLocale locale;
+    return DescribeDayRow(record, locale);
+}
+
+TEST(DayRowText, AnItemOfOneDayShowsItsTimes) {
+    EXPECT_EQ(Describe(Timed({2004, 5, 1, 3, 9, 0, 0, 0}, {2004, 5, 1, 3, 10, 30, 0, 0})),
+              (DayRowText{u"Dentist", u"AM 9:00 - AM 10:30", u""}));
+}
+
+TEST(DayRowText, ALocationFollowsInBrackets) {
+    AppointmentData record = Timed({2004, 5, 1, 3, 9, 0, 0, 0}, {2004, 5, 1, 3, 10, 0, 0, 0});
+    record.Location = u"Main Street";
+    EXPECT_EQ(Describe(record).Heading, u"Dentist(Main Street)");
+}
+
+TEST(DayRowText, AnAllDayItemOfOneDay) {
+    EXPECT_EQ(Describe(AllDay({2004, 5, 1, 3, 0, 0, 0, 0}, {2004, 5, 1, 3, 0, 0, 0, 0})).Times, u"All day");
+    EXPECT_EQ(Describe(AllDay({2004, 5, 1, 3, 0, 0, 0, 0}, {2004, 5, 2, 4, 0, 0, 0, 0})).Times, u"All day");
+}
+
+TEST(DayRowText, AnAllDayItemOverSeveralDaysShowsItsFirstAndLastDay) {
+    EXPECT_EQ(Describe(AllDay({2004, 5, 1, 3, 0, 0, 0, 0}, {2004, 5, 4, 6, 0, 0, 0, 0})).Times,
+              u"2004.05.03(Mon) - 2004.05.05(Wed) (All day)");
+    EXPECT_EQ(Describe(AllDay({2004, 12, 4, 30, 0, 0, 0, 0}, {2005, 1, 6, 1, 0, 0, 0, 0})).Times,
+              u"2004.12.30(Thu) - 2004.12.31(Fri) (All day)");
+}
+
+TEST(DayRowText, AnItemOverSeveralDaysShowsDatesAndTimes) {
+    EXPECT_EQ(Describe(Timed({2004, 5, 1, 3, 9, 0, 0, 0}, {2004, 5, 2, 4, 14, 0, 0, 0})).Times,
+              u"2004.05.03(Mon) AM 9:00 - 2004.05.04(Tue) PM 2:00");
+}
+
+TEST(DayRowText, ASeriesOverSeveralDaysIsOnlyMarkedForItsDatesAreOthers) {
+    AppointmentData record = Timed({2004, 5, 1, 3, 22, 0, 0, 0}, {2004, 5, 2, 4, 6, 0, 0, 0});
+    record.IsRecurring = true;
+    record.RecurType = kRecursDaily;
+    record.RecurChoice = kChoiceEveryday;
+    record.Interval = 1;
+    EXPECT_EQ(Describe(record), (DayRowText{u"Dentist", u"Multidays", u"Everyday"}));
+}
+
+} // namespace
+
+} // namespace tavo

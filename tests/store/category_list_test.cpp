@@ -1,0 +1,131 @@
+// One category list, and what the store's mirror is told of it.
+#include "store/category_list.h"
+
+#include "store/outlook_session.h"
+#include "tests/support/outlook_probe.h"
+#include "tests/support/test_device.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+namespace tavo {
+
+namespace {
+
+using test::OutlookProbe;
+using test::TestDevice;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class CategoryListTest : public testing::Test {
+  protected:
+    CategoryListTest() { Session.OutlookApp = Outlook.Share(); }
+
+    OutlookProbe Outlook; // outlives the session that holds it
+    TestDevice Device;
+    OutlookSession Session{Device.Pump};
+    CategoryList List{TagList::Holiday, Session};
+};
+
+TEST_F(CategoryListTest, AppendsAtTheEnd) {
+    List.Append(7);
+    List.Append(3);
+    EXPECT_THAT(List.All(), ElementsAre(7, 3));
+    EXPECT_EQ(List.Size(), 2U);
+    EXPECT_EQ(List.At(1), 3);
+    EXPECT_THAT(Outlook.Mirror.Reports, ElementsAre("insert holiday at 0: 7", "insert holiday at 1: 3"));
+}
+
+TEST_F(CategoryListTest, InsertsBeforeAnIndex) {
+    List.Append(7);
+    List.Append(3);
+    List.Insert(1, 5);
+    EXPECT_THAT(List.All(), ElementsAre(7, 5, 3));
+    EXPECT_EQ(Outlook.Mirror.Reports.back(), "insert holiday at 1: 5");
+}
+
+TEST_F(CategoryListTest, ContainsOnlyWhatStandsInIt) {
+    EXPECT_FALSE(List.Contains(7));
+    List.Append(7);
+    EXPECT_TRUE(List.Contains(7));
+    EXPECT_FALSE(List.Contains(8));
+    List.RemoveAt(0);
+    EXPECT_FALSE(List.Contains(7));
+}
+
+TEST_F(CategoryListTest, ADuplicateCountsUntilItsLastEntryIsGone) {
+    List.Append(7);
+    List.Append(3);
+    List.Append(7);
+    EXPECT_TRUE(List.RemoveFirst(7));
+    EXPECT_THAT(List.All(), ElementsAre(3, 7));
+    EXPECT_TRUE(List.Contains(7));
+    EXPECT_TRUE(List.RemoveFirst(7));
+    EXPECT_FALSE(List.Contains(7));
+    EXPECT_FALSE(List.RemoveFirst(7));
+    EXPECT_THAT(List.All(), ElementsAre(3));
+}
+
+TEST_F(CategoryListTest, RemovingClosesTheGap) {
+    List.Append(1);
+    List.Append(2);
+    List.Append(3);
+    Outlook.Mirror.Reports.clear();
+    List.RemoveAt(1);
+    EXPECT_THAT(List.All(), ElementsAre(1, 3));
+    EXPECT_THAT(Outlook.Mirror.Reports, ElementsAre("remove holiday at 1: 2"));
+}
+
+TEST_F(CategoryListTest, ReplacingIsReportedAsAWhole) {
+    List.Append(1);
+    Outlook.Mirror.Reports.clear();
+    List.Replace({4, 5});
+    EXPECT_THAT(List.All(), ElementsAre(4, 5));
+    EXPECT_FALSE(List.Contains(1));
+    EXPECT_TRUE(List.Contains(5));
+    EXPECT_THAT(Outlook.Mirror.Reports, ElementsAre("replace holiday 4 5"));
+}
+
+TEST_F(CategoryListTest, RemovingAllOfNothingIsNoChange) {
+    List.RemoveAll();
+    EXPECT_THAT(Outlook.Mirror.Reports, IsEmpty());
+    List.Append(1);
+    Outlook.Mirror.Reports.clear();
+    List.RemoveAll();
+    EXPECT_THAT(List.All(), IsEmpty());
+    EXPECT_FALSE(List.Contains(1));
+    EXPECT_THAT(Outlook.Mirror.Reports, ElementsAre("replace holiday"));
+}
+
+TEST_F(CategoryListTest, WithoutAStoreNothingIsReported) {
+    Session.OutlookApp.Reset();
+    List.Append(1);
+    List.RemoveAt(0);
+    List.Replace({2});
+    EXPECT_THAT(List.All(), ElementsAre(2));
+    EXPECT_THAT(Outlook.Mirror.Reports, IsEmpty());
+}
+
+// A month may have thousands of marks and each list thousands of entries.
+TEST_F(CategoryListTest, ALookupDoesNotWalkTheList) {
+    std::vector<Oid> oids;
+    for (Oid oid = 1; oid <= 100'000; ++oid) {
+        oids.push_back(oid);
+    }
+    List.Replace(oids);
+    const auto began = std::chrono::steady_clock::now();
+    int found = 0;
+    for (Oid oid = 50'001; oid <= 150'000; ++oid) {
+        found += List.Contains(oid) ? 1 : 0;
+    }
+    const auto spent = std::chrono::steady_clock::now() - began;
+    EXPECT_EQ(found, 50'000);
+    // Walking would take 10,000 million steps.
+    EXPECT_LT(spent, std::chrono::seconds(1));
+}
+
+} // namespace
+
+} // namespace tavo

@@ -1,0 +1,47 @@
+// Files that fail where a test wants them to, and pass everything else on.
+#pragma once
+
+#include "platform/files.h"
+
+#include <string>
+
+namespace tavo::test {
+
+class FilesProbe final : public IFiles {
+  public:
+    explicit FilesProbe(IFiles& files) : Files(files) {}
+
+    ErrorCode CreateDirectoryW(std::u16string_view path) override {
+        return FolderResult == ErrorCode::Success ? Files.CreateDirectoryW(path) : FolderResult;
+    }
+
+    ErrorCode ReadWholeFile(std::u16string_view path, std::vector<std::uint8_t>& bytes) override {
+        LastRead = path;
+        return ReadResult == ErrorCode::Success ? Files.ReadWholeFile(path, bytes) : ReadResult;
+    }
+
+    ErrorCode WriteWholeFile(std::u16string_view path, std::span<const std::uint8_t> bytes) override {
+        LastWritten = path;
+        return WriteResult == ErrorCode::Success ? Files.WriteWholeFile(path, bytes) : WriteResult;
+    }
+
+    ErrorCode DeleteFileW(std::u16string_view path) override { return Files.DeleteFileW(path); }
+
+    std::unique_ptr<IFileSearch> FindFirstFileW(std::u16string_view pattern) override {
+        LastPattern = pattern;
+        return Files.FindFirstFileW(pattern);
+    }
+
+    // A failure is given back without asking further.
+    ErrorCode FolderResult = ErrorCode::Success;
+    ErrorCode ReadResult = ErrorCode::Success;
+    ErrorCode WriteResult = ErrorCode::Success;
+    std::u16string LastRead;
+    std::u16string LastWritten;
+    std::u16string LastPattern;
+
+  private:
+    IFiles& Files;
+};
+
+} // namespace tavo::test
