@@ -3,6 +3,10 @@
 add_library(tavo_options INTERFACE)
 target_include_directories(tavo_options INTERFACE ${CMAKE_SOURCE_DIR})
 target_compile_options(tavo_options INTERFACE -Wall -Wextra -Wconversion)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # Version 12 takes the standard library's own string concatenation for an overlapping copy.
+  target_compile_options(tavo_options INTERFACE -Wno-restrict)
+endif()
 if(TAVO_WERROR)
   target_compile_options(tavo_options INTERFACE -Werror)
 endif()
