@@ -1,0 +1,122 @@
+// The two ways in which `tavo agenda` writes occurrences.
+#include "tools/agenda_text.h"
+
+#include "tools/calendar_day.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <string_view>
+
+namespace tavo::tools {
+namespace {
+
+using outlook::DayNumber;
+using outlook::ListedOccurrence;
+using outlook::MirroredKind;
+using outlook::Seconds;
+
+constexpr std::array<std::string_view, 4> kKindNames = {"Alarm", "Holiday", "Anniversary", "Appointment"};
+constexpr std::size_t kTimeColumn = 17;
+
+std::string_view NameKind(MirroredKind kind) {
+    return kKindNames[static_cast<std::size_t>(kind)];
+}
+
+Day DayFromNumber(DayNumber day) {
+    return Day(std::chrono::days(day - outlook::kUnixEpochDay));
+}
+
+void AppendTwoDigits(Seconds number, std::string& text) {
+    text += static_cast<char>('0' + number / 10);
+    text += static_cast<char>('0' + number % 10);
+}
+
+void AppendClock(Seconds time, std::string& text) {
+    const Seconds minutes = outlook::TimeOfDay(time) / 60;
+    AppendTwoDigits(minutes / 60, text);
+    text += ':';
+    AppendTwoDigits(minutes % 60, text);
+}
+
+// Text from other calendars may hold anything; nothing of it may end a line or command a terminal.
+void AppendPlain(std::string_view subject, std::string& text) {
+    for (std::size_t index = 0; index < subject.size(); ++index) {
+        const auto byte = static_cast<unsigned char>(subject[index]);
+        if (byte == 0xC2 && index + 1 < subject.size() && static_cast<unsigned char>(subject[index + 1]) < 0xA0) {
+            text += ' '; // a control character of the upper half, which takes two bytes
+            ++index;
+        } else {
+            text += byte < ' ' || byte == 0x7F ? ' ' : subject[index];
+        }
+    }
+}
+
+std::string MakeClock(Seconds time) {
+    std::string text;
+    AppendClock(time, text);
+    return text;
+}
+
+// When an occurrence is, told on the day that it is listed under.
+std::string DescribeTimes(const ListedOccurrence& occurrence, DayNumber day) {
+    const DayNumber startDay = outlook::DayOf(occurrence.Start);
+    const DayNumber lastDay = outlook::EndDayOf(occurrence.Start, occurrence.End);
+    const std::string lastDayName = WriteShortDay(DayFromNumber(lastDay));
+    if (occurrence.AllDay) {
+        return lastDay > day ? "all day to " + lastDayName : "all day";
+    }
+    if (startDay < day) {
+        return "to " + (lastDay > day ? lastDayName : MakeClock(occurrence.End));
+    }
+    if (occurrence.End == occurrence.Start) {
+        return MakeClock(occurrence.Start);
+    }
+    return MakeClock(occurrence.Start) + " - " + (lastDay > day ? lastDayName : MakeClock(occurrence.End));
+}
+
+} // namespace
+
+void TabbedAgenda::Add(const ListedOccurrence& occurrence, std::string& text) {
+    AddTime(occurrence.Start, text);
+    text += '\t';
+    AddTime(occurrence.End, text);
+    text += '\t';
+    text += NameKind(occurrence.Kind);
+    text += '\t';
+    std::array<char, 16> number{};
+    text.append(number.data(), std::to_chars(number.data(), number.data() + number.size(), occurrence.Item).ptr);
+    text += '\t';
+    AppendPlain(occurrence.Subject, text);
+    text += '\n';
+}
+
+void TabbedAgenda::AddTime(Seconds time, std::string& text) {
+    if (const DayNumber day = outlook::DayOf(time); day != KnownDay) {
+        KnownDay = day;
+        KnownDate = WriteIsoDay(DayFromNumber(day)) + 'T';
+    }
+    text += KnownDate;
+    AppendClock(time, text);
+}
+
+void DailyAgenda::Add(const ListedOccurrence& occurrence, std::string& text) {
+    const DayNumber day = std::max(FirstDay, outlook::DayOf(occurrence.Start));
+    if (day != HeadedDay) {
+        text += HeadedDay == kNoDay ? "" : "\n";
+        text += WriteLongDay(DayFromNumber(day)) + "\n";
+        HeadedDay = day;
+    }
+    std::string times = DescribeTimes(occurrence, day);
+    times.resize(std::max(kTimeColumn, times.size() + 1), ' ');
+    text += "  " + times;
+    AppendPlain(occurrence.Subject, text);
+    if (occurrence.Kind != MirroredKind::Appointment) {
+        text += "  [";
+        text += NameKind(occurrence.Kind);
+        text += ']';
+    }
+    text += '\n';
+}
+
+} // namespace tavo::tools

@@ -1,0 +1,68 @@
+// tavo check: says whether the calendar's files are sound.
+#include "host/files/device_files.h"
+#include "host/outlook/diagnosis.h"
+#include "store/category_codec.h"
+#include "tools/commands.h"
+#include "tools/device.h"
+#include "tools/output.h"
+
+#include <string>
+#include <vector>
+
+namespace tavo::tools {
+namespace {
+
+constexpr std::u16string_view kTagFile = u"\\My Documents\\TavoCalendar\\TavoCalendar.dat";
+
+// One sentence; `sound` becomes false when something is wrong.
+std::string CheckStore(const files::DeviceRoot& root, bool& sound) {
+    const outlook::Diagnosis diagnosis = outlook::DiagnoseStore(root.StorePath(), outlook::CheckDepth::Full);
+    const bool good = diagnosis.State == outlook::Verdict::Ok || diagnosis.State == outlook::Verdict::Missing;
+    sound = sound && good && diagnosis.Findings.empty();
+    std::string text = "Store: " + diagnosis.What;
+    text += diagnosis.Advice.empty() ? "\n" : "\n  What to do: " + diagnosis.Advice + "\n";
+    for (const std::string& finding : diagnosis.Findings) {
+        text += "  - " + finding + "\n";
+    }
+    return text;
+}
+
+std::string CheckTags(const files::DeviceRoot& root, bool& sound) {
+    files::DeviceFiles files({root.Path()});
+    std::vector<std::uint8_t> bytes;
+    const ErrorCode read = files.ReadWholeFile(kTagFile, bytes);
+    if (read == ErrorCode::FileNotFound || read == ErrorCode::PathNotFound) {
+        return "Tags: there is no TavoCalendar.dat yet. It is made when Tavo Calendar starts.\n";
+    }
+    const std::string path = files.RealPathOfFile(kTagFile).value_or("TavoCalendar.dat");
+    CategoryFileLists lists;
+    if (read != ErrorCode::Success) {
+        sound = false;
+        return "Tags: " + path + " cannot be read.\n  What to do: make it readable for yourself (chmod u+rw).\n";
+    }
+    if (!DecodeCategoryFile(bytes, lists)) {
+        sound = false;
+        return "Tags: " + path +
+               " is damaged.\n  What to do: put back a copy from your backup, or move the file away;"
+               " the appointments themselves are not in it, only which of them are alarms, holidays and"
+               " anniversaries.\n";
+    }
+    return "Tags: " + path + " is sound: " + std::to_string(lists[0].size()) + " alarms, " +
+           std::to_string(lists[1].size()) + " holidays, " + std::to_string(lists[2].size()) + " anniversaries.\n";
+}
+
+} // namespace
+
+int RunCheck() {
+    const std::optional<files::DeviceRoot> root = FindRoot();
+    if (!root) {
+        return kExitFailure;
+    }
+    bool sound = true;
+    Output output;
+    output.Write(CheckStore(*root, sound));
+    output.Write(CheckTags(*root, sound));
+    return output.Finish() && sound ? kExitSuccess : kExitFailure;
+}
+
+} // namespace tavo::tools

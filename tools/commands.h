@@ -1,0 +1,12 @@
+// The commands of `tavo`. Each gives the exit status.
+#pragma once
+
+#include "tools/arguments.h"
+
+namespace tavo::tools {
+
+int RunAgenda(const AgendaOptions& options);
+int RunImport(const ImportOptions& options);
+int RunCheck();
+
+} // namespace tavo::tools

@@ -1,0 +1,62 @@
+// Opens the device's store for a command, and says in words why it cannot be opened.
+#include "tools/device.h"
+
+#include "host/outlook/diagnosis.h"
+
+#include <cstdio>
+
+namespace tavo::tools {
+
+std::optional<files::DeviceRoot> FindRoot() {
+    files::RootResult result = files::OpenDeviceRoot(files::RootEnvironment::OfProcess());
+    if (!result.Root) {
+        Complain(result.Problem);
+    }
+    return result.Root;
+}
+
+Opening OpenStore(const files::DeviceRoot& root, outlook::Access access, outlook::StorePtr& store) {
+    outlook::StoreOptions options;
+    options.Rights = access;
+    const Status status = outlook::OpenStore(root.StorePath(), options, store);
+    if (Succeeded(status)) {
+        return Opening::Good;
+    }
+    if (status == Status::NotFound && access == outlook::Access::ReadOnly) {
+        return Opening::NoStore;
+    }
+    const outlook::Diagnosis diagnosis = outlook::DiagnoseStore(root.StorePath(), outlook::CheckDepth::Quick);
+    if (diagnosis.State == outlook::Verdict::Ok || diagnosis.State == outlook::Verdict::Missing) {
+        Complain("The store " + root.StorePath() + " cannot be opened: " + DescribeFailure(status) + ".");
+    } else {
+        Complain(diagnosis.What + " " + diagnosis.Advice);
+    }
+    return Opening::Failed;
+}
+
+void Complain(std::string_view sentence) {
+    std::fprintf(stderr, "tavo: %.*s\n", static_cast<int>(sentence.size()), sentence.data());
+}
+
+std::string DescribeFailure(Status status) {
+    switch (status) {
+    case Status::DiskFull:
+        return "the disk is full";
+    case Status::Locked:
+        return "another program kept it locked for too long";
+    case Status::AccessDenied:
+        return "there is no permission to write there";
+    case Status::Corrupt:
+        return "the file is damaged; `tavo check` says more";
+    case Status::NewerVersion:
+        return "it is from a newer version of Tavo Calendar";
+    case Status::NotOurs:
+        return "it is not a store of Tavo Calendar";
+    case Status::OutOfMemory:
+        return "there is not enough memory";
+    default:
+        return "the store refused (code " + std::to_string(static_cast<std::int32_t>(status)) + ")";
+    }
+}
+
+} // namespace tavo::tools

@@ -1,0 +1,28 @@
+// Opens the device's store for a command, and says in words why it cannot be opened.
+#pragma once
+
+#include "host/files/device_root.h"
+#include "host/outlook/store.h"
+
+#include <optional>
+
+namespace tavo::tools {
+
+enum class Opening {
+    Good,
+    NoStore, // read-only, and there is none yet
+    Failed,  // a sentence is on standard error
+};
+
+// The root folder, which is made if it is missing; empty with a sentence on standard error.
+std::optional<files::DeviceRoot> FindRoot();
+
+Opening OpenStore(const files::DeviceRoot& root, outlook::Access access, outlook::StorePtr& store);
+
+// Writes "tavo: ..." to standard error.
+void Complain(std::string_view sentence);
+
+// What a failed call on the open store means to people, as the end of a sentence.
+std::string DescribeFailure(Status status);
+
+} // namespace tavo::tools

@@ -1,0 +1,199 @@
+// tavo import: brings calendar files into the store, each whole or not at all.
+#include "host/exchange/calendar_file.h"
+#include "host/exchange/calendar_text.h"
+#include "tools/commands.h"
+#include "tools/device.h"
+#include "tools/import_files.h"
+#include "tools/interruption.h"
+#include "tools/output.h"
+#include "tools/progress_bar.h"
+#include "tools/store_sink.h"
+#include "tools/tag_file.h"
+
+#include <cstdio>
+#include <filesystem>
+
+namespace tavo::tools {
+namespace {
+
+using exchange::FileFault;
+using exchange::FileOutcome;
+using outlook::ImportWriter;
+
+std::optional<TagList> ChooseList(ImportTag tag) {
+    switch (tag) {
+    case ImportTag::Alarm:
+        return TagList::Alarm;
+    case ImportTag::Holiday:
+        return TagList::Holiday;
+    case ImportTag::Anniversary:
+        return TagList::Anniversary;
+    case ImportTag::None:
+        break;
+    }
+    return std::nullopt;
+}
+
+void ComplainAbout(const std::string& path, int line, const std::string& reason) {
+    if (line > 0) {
+        std::fprintf(stderr, "%s:%d: %s\n", path.c_str(), line, reason.c_str());
+    } else {
+        std::fprintf(stderr, "%s: %s\n", path.c_str(), reason.c_str());
+    }
+}
+
+std::string CountOf(int number, const char* one, const char* several) {
+    return std::to_string(number) + " " + (number == 1 ? one : several);
+}
+
+// The import of all files of one command.
+class Import {
+  public:
+    Import(outlook::StorePtr store, const ImportOptions& options)
+        : Store(std::move(store)), Tag(ChooseList(options.Tag)) {}
+
+    void Run(const std::vector<ImportFile>& files) {
+        for (const ImportFile& file : files) {
+            TotalBytes += file.Size;
+        }
+        for (const ImportFile& file : files) {
+            ImportOne(file);
+            if (WasInterrupted() || Failed(StoreStatus)) {
+                break;
+            }
+            DoneBytes += file.Size;
+        }
+        Bar.Clear();
+    }
+
+    int GetBrokenFiles() const { return BrokenFiles; }
+
+    int GetGoodFiles() const { return GoodFiles; }
+
+    const ImportCounts& GetCounts() const { return Counts; }
+
+    Status GetStoreStatus() const { return StoreStatus; }
+
+  private:
+    void ImportOne(const ImportFile& file) {
+        exchange::FileSource source;
+        std::string reason;
+        if (!source.Open(file.Path, reason)) {
+            Refuse(file.Path, {0, reason});
+            return;
+        }
+        ImportWriter writer(Store);
+        const std::string name = std::filesystem::path(file.Path).filename().string();
+        StoreStatus = writer.Begin(u"Import of " + exchange::DecodeText(name));
+        if (Failed(StoreStatus)) {
+            return;
+        }
+        StoreSink sink(writer, Tag, [this, &file](std::int64_t offset) {
+            Bar.Show(DoneBytes + offset, TotalBytes, file.Path);
+            return !WasInterrupted();
+        });
+        FileFault fault;
+        switch (exchange::ReadCalendarFile(source, sink, fault)) {
+        case FileOutcome::Broken:
+            TakeBack(writer);
+            Refuse(file.Path, fault);
+            return;
+        case FileOutcome::Stopped:
+            StoreStatus = sink.GetStoreStatus();
+            TakeBack(writer);
+            return;
+        case FileOutcome::Read:
+            break;
+        }
+        StoreStatus = Failed(sink.GetStoreStatus()) ? sink.GetStoreStatus() : writer.Commit();
+        if (Succeeded(StoreStatus)) {
+            Accept(file, sink);
+        }
+    }
+
+    // The file's transaction ends without a trace; should even that fail, the store itself drops it on closing.
+    static void TakeBack(ImportWriter& writer) { static_cast<void>(writer.Abandon()); }
+
+    void Accept(const ImportFile& file, const StoreSink& sink) {
+        ++GoodFiles;
+        Counts.Add(sink.GetCounts());
+        if (!sink.GetRefusals().empty()) {
+            Bar.Clear();
+        }
+        for (const Refusal& refusal : sink.GetRefusals()) {
+            ComplainAbout(file.Path, refusal.Line, "refused: " + refusal.Reason);
+        }
+    }
+
+    void Refuse(const std::string& path, const FileFault& fault) {
+        ++BrokenFiles;
+        Bar.Clear();
+        ComplainAbout(path, fault.Line, fault.Reason + "; nothing of this file was imported");
+    }
+
+    outlook::StorePtr Store;
+    std::optional<TagList> Tag;
+    ProgressBar Bar;
+    std::int64_t TotalBytes = 0;
+    std::int64_t DoneBytes = 0;
+    int GoodFiles = 0;
+    int BrokenFiles = 0;
+    ImportCounts Counts;
+    Status StoreStatus = Status::Ok;
+};
+
+std::string Summarise(const Import& import, std::size_t files) {
+    const ImportCounts& counts = import.GetCounts();
+    std::string text = std::to_string(counts.New) + " new, " + std::to_string(counts.Changed) + " changed, " +
+                       std::to_string(counts.Unchanged) + " unchanged, " + std::to_string(counts.Refused) + " refused";
+    if (files != 1) {
+        text += " in " + CountOf(import.GetGoodFiles(), "file", "files");
+    }
+    text += ".\n";
+    if (counts.PassedOver > 0) {
+        text +=
+            CountOf(counts.PassedOver, "task, note or cancelled event was", "tasks, notes or cancelled events were") +
+            " passed over.\n";
+    }
+    if (import.GetBrokenFiles() > 0) {
+        text += CountOf(import.GetBrokenFiles(), "file", "files") + " could not be imported.\n";
+    }
+    return text;
+}
+
+} // namespace
+
+int RunImport(const ImportOptions& options) {
+    std::vector<ImportFile> files;
+    std::vector<PathProblem> problems;
+    CollectFiles(options.Paths, files, problems);
+    for (const PathProblem& problem : problems) {
+        ComplainAbout(problem.Path, 0, problem.Reason);
+    }
+    const std::optional<files::DeviceRoot> root = FindRoot();
+    outlook::StorePtr store;
+    if (!root || OpenStore(*root, outlook::Access::ReadWrite, store) != Opening::Good) {
+        return kExitFailure;
+    }
+    WatchForInterruption();
+    Import import(store, options);
+    import.Run(files);
+    Output output;
+    output.Write(Summarise(import, files.size()));
+    bool good = problems.empty() && import.GetBrokenFiles() == 0 && import.GetCounts().Refused == 0;
+    if (Failed(import.GetStoreStatus())) {
+        Complain("The import stopped: " + DescribeFailure(import.GetStoreStatus()) +
+                 ". Nothing of the file that was being read was imported.");
+        good = false;
+    }
+    if (options.Tag != ImportTag::None) {
+        good = WriteTags(*root, store) && good;
+    }
+    if (WasInterrupted()) {
+        Complain("Interrupted. Nothing of the file that was being read was imported.");
+        return kExitInterrupted;
+    }
+    return output.Finish() && good ? kExitSuccess : kExitFailure;
+}
+
+} // namespace tavo::tools

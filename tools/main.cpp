@@ -1,0 +1,81 @@
+// The command `tavo`: finds the command that is meant and runs it.
+#include "tools/arguments.h"
+#include "tools/commands.h"
+#include "tools/help.h"
+#include "tools/output.h"
+
+#include <cstdio>
+#include <exception>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+using namespace tavo::tools;
+
+using Words = std::span<const std::string_view>;
+
+int Print(std::string_view text) {
+    Output output;
+    output.Write(text);
+    return output.Finish() ? kExitSuccess : kExitFailure;
+}
+
+int Refuse(const std::string& sentence, std::string_view help) {
+    std::fprintf(stderr, "tavo: %s\nTry `%.*s`.\n", sentence.c_str(), static_cast<int>(help.size()), help.data());
+    return kExitUsage;
+}
+
+int RunCommand(Words words) {
+    if (words.empty()) {
+        return Refuse("Say what to do.", "tavo --help");
+    }
+    const std::string_view command = words.front();
+    const Words rest = words.subspan(1);
+    std::string error;
+    if (command == "--help" || command == "-h" || command == "help") {
+        return Print(kGeneralHelp);
+    }
+    if (command == "--version") {
+        return Print(kVersionText);
+    }
+    if (command == "agenda") {
+        const std::optional<AgendaOptions> options = ParseAgenda(rest, error);
+        if (!options) {
+            return Refuse(error, "tavo agenda --help");
+        }
+        return options->Help ? Print(kAgendaHelp) : RunAgenda(*options);
+    }
+    if (command == "import") {
+        const std::optional<ImportOptions> options = ParseImport(rest, error);
+        if (!options) {
+            return Refuse(error, "tavo import --help");
+        }
+        return options->Help ? Print(kImportHelp) : RunImport(*options);
+    }
+    if (command == "check") {
+        const std::optional<CheckOptions> options = ParseCheck(rest, error);
+        if (!options) {
+            return Refuse(error, "tavo check --help");
+        }
+        return options->Help ? Print(kCheckHelp) : RunCheck();
+    }
+    return Refuse((command.starts_with('-') ? "There is no option " : "There is no command ") + std::string(command) +
+                      ".",
+                  "tavo --help");
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    try {
+        const std::vector<std::string_view> words(arguments + 1, arguments + count);
+        return RunCommand(words);
+    } catch (const std::exception& problem) {
+        std::fprintf(stderr, "tavo: The command failed: %s.\n", problem.what());
+        return kExitFailure;
+    }
+}

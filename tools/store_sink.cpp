@@ -1,0 +1,88 @@
+// Writes what is read of one calendar file into the store.
+#include "tools/store_sink.h"
+
+namespace tavo::tools {
+
+using outlook::ImportOutcome;
+using outlook::ImportResult;
+using outlook::ImportWriter;
+
+void ImportCounts::Add(const ImportCounts& other) {
+    New += other.New;
+    Changed += other.Changed;
+    Unchanged += other.Unchanged;
+    Refused += other.Refused;
+    PassedOver += other.PassedOver;
+}
+
+StoreSink::StoreSink(ImportWriter& writer, std::optional<TagList> tag, std::function<bool(std::int64_t)> goOn)
+    : Writer(writer), Tag(tag), GoOn(std::move(goOn)) {}
+
+bool StoreSink::OnItem(const outlook::StoredItem& item, int line) {
+    ImportOutcome outcome;
+    const Status status = Writer.Write(item, outcome);
+    return Count(status, outcome, line);
+}
+
+bool StoreSink::OnLoneOccurrence(const exchange::LoneOccurrence& occurrence, int line) {
+    ImportOutcome outcome;
+    Status status = Writer.WriteException(occurrence.Uid, occurrence.Exception, outcome);
+    const bool nowhere = outcome.Result == ImportResult::Refused && outcome.Reason == ImportWriter::kNoSuchSeries;
+    if (Succeeded(status) && nowhere) {
+        if (occurrence.Exception.Kind == outlook::ExceptionKind::Cancelled) {
+            return OnPassedOver();
+        }
+        outcome = {};
+        status = Writer.Write(occurrence.Alone, outcome);
+    }
+    return Count(status, outcome, line);
+}
+
+bool StoreSink::OnRefused(int line, const std::string& reason) {
+    ++Counts.Refused;
+    Refusals.push_back({line, reason});
+    return true;
+}
+
+bool StoreSink::OnPassedOver() {
+    ++Counts.PassedOver;
+    return true;
+}
+
+bool StoreSink::OnProgress(std::int64_t offset) {
+    return GoOn(offset);
+}
+
+bool StoreSink::DefineZone(const std::string& name, const std::string& component) {
+    const Status status = Writer.DefineZone(name, component);
+    if (Failed(status) && status != Status::InvalidArgument) {
+        StoreStatus = status;
+    }
+    return Succeeded(status);
+}
+
+bool StoreSink::Count(Status status, const ImportOutcome& outcome, int line) {
+    if (Failed(status)) {
+        StoreStatus = status;
+        return false;
+    }
+    switch (outcome.Result) {
+    case ImportResult::New:
+        ++Counts.New;
+        break;
+    case ImportResult::Changed:
+        ++Counts.Changed;
+        break;
+    case ImportResult::Unchanged:
+        ++Counts.Unchanged;
+        break;
+    case ImportResult::Refused:
+        return OnRefused(line, outcome.Reason);
+    }
+    if (Tag && outcome.Item != 0) {
+        StoreStatus = Writer.RequestTag(*Tag, outcome.Item);
+    }
+    return Succeeded(StoreStatus);
+}
+
+} // namespace tavo::tools

@@ -1,0 +1,59 @@
+// Writes what is read of one calendar file into the store.
+#pragma once
+
+#include "host/exchange/entry_sink.h"
+#include "host/outlook/import_writer.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tavo::tools {
+
+struct ImportCounts {
+    int New = 0;
+    int Changed = 0;
+    int Unchanged = 0;
+    int Refused = 0;
+    int PassedOver = 0;
+
+    void Add(const ImportCounts& other);
+};
+
+struct Refusal {
+    int Line = 0;
+    std::string Reason;
+};
+
+class StoreSink final : public exchange::IEntrySink {
+  public:
+    // `goOn` is asked often, with the bytes done, and gives false to stop.
+    StoreSink(outlook::ImportWriter& writer, std::optional<TagList> tag, std::function<bool(std::int64_t)> goOn);
+
+    bool OnItem(const outlook::StoredItem& item, int line) override;
+    bool OnLoneOccurrence(const exchange::LoneOccurrence& occurrence, int line) override;
+    bool OnRefused(int line, const std::string& reason) override;
+    bool OnPassedOver() override;
+    bool OnProgress(std::int64_t offset) override;
+    bool DefineZone(const std::string& name, const std::string& component) override;
+
+    const ImportCounts& GetCounts() const { return Counts; }
+
+    const std::vector<Refusal>& GetRefusals() const { return Refusals; }
+
+    // The call on the store that failed, if one did: the reading was stopped then.
+    Status GetStoreStatus() const { return StoreStatus; }
+
+  private:
+    bool Count(Status status, const outlook::ImportOutcome& outcome, int line);
+
+    outlook::ImportWriter& Writer;
+    std::optional<TagList> Tag;
+    std::function<bool(std::int64_t)> GoOn;
+    ImportCounts Counts;
+    std::vector<Refusal> Refusals;
+    Status StoreStatus = Status::Ok;
+};
+
+} // namespace tavo::tools
