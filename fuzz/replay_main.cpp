@@ -1,0 +1,73 @@
+// Goes through a fuzzer's seeds, and through damaged copies of each, without libFuzzer.
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <vector>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr int kDamagedCopies = 3000; // of each seed
+
+Bytes ReadFile(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+void Try(const Bytes& bytes) {
+    LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
+}
+
+// Cuts, changes, drops or repeats a few bytes.
+Bytes Damage(Bytes bytes, std::mt19937& random) {
+    const auto below = [&](std::size_t limit) { return static_cast<std::size_t>(random()) % limit; };
+    for (std::size_t changes = 1 + below(4); changes > 0 && !bytes.empty(); --changes) {
+        const std::size_t place = below(bytes.size());
+        const auto at = bytes.begin() + static_cast<std::ptrdiff_t>(place);
+        switch (below(5)) {
+        case 0:
+            bytes.resize(place);
+            break;
+        case 1:
+            *at = static_cast<std::uint8_t>(below(256));
+            break;
+        case 2:
+            *at = static_cast<std::uint8_t>(below(2) == 0 ? 0 : 255);
+            break;
+        case 3:
+            bytes.erase(at);
+            break;
+        default: {
+            const Bytes tail(at, bytes.end());
+            bytes.insert(bytes.end(), tail.begin(), tail.end());
+            break;
+        }
+        }
+    }
+    return bytes;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    int seeds = 0;
+    std::mt19937 random(20040915); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same damages in every run
+    for (int index = 1; index < argc; ++index) {
+        for (const auto& entry : std::filesystem::directory_iterator(argv[index])) {
+            const Bytes seed = ReadFile(entry.path());
+            ++seeds;
+            Try(seed);
+            for (int copy = 0; copy < kDamagedCopies; ++copy) {
+                Try(Damage(seed, random));
+            }
+        }
+    }
+    std::printf("%d seeds, each with %d damaged copies\n", seeds, kDamagedCopies);
+    return seeds > 0 ? 0 : 1;
+}
