@@ -81,8 +81,11 @@ ErrorCode NameInDeletedFolder(const std::string& folder, const std::string& name
     const std::string deleted = DeletedFolderOf(folder);
     if (const ErrorCode error = MakeDeletedFolder(deleted); error != ErrorCode::Success)
         return error;
+    const std::string memo = folder + '/' + name;
     for (int number = 1;; ++number) {
-        const ErrorCode error = AddName(folder + '/' + name, deleted + '/' + NameOfDeleted(name, now, number));
+        std::string target = deleted;
+        target.append(1, '/').append(NameOfDeleted(name, now, number));
+        const ErrorCode error = AddName(memo, target);
         if (error != ErrorCode::AlreadyExists)
             return error;
     }
@@ -149,8 +152,8 @@ std::optional<std::time_t> TimeOfDeleted(std::string_view name) {
         !TakeNumber(moment, 11, 2, minute) || !TakeNumber(moment, 13, 2, second) || year < 1970 ||
         !locale::IsDate(year, month, day))
         return std::nullopt;
-    return std::time_t{locale::DayNumberOf(year, month, day) - locale::kUnixEpochDay} * locale::kSecondsPerDay +
-           hour * 3600 + minute * 60 + second;
+    const std::time_t daysSince1970 = locale::DayNumberOf(year, month, day) - locale::kUnixEpochDay;
+    return daysSince1970 * locale::kSecondsPerDay + std::time_t{hour} * 3600 + std::time_t{minute} * 60 + second;
 }
 
 } // namespace tavo::files

@@ -136,6 +136,7 @@ bool StartDetached(const std::vector<std::string>& arguments) {
     if (arguments.empty() || !IsExecutable(arguments.front()))
         return false;
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size() + 1);
     for (const std::string& argument : arguments)
         pointers.push_back(const_cast<char*>(argument.c_str())); // execv wants it so and does not write
     pointers.push_back(nullptr);
