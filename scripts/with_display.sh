@@ -69,36 +69,45 @@ trap clean_up EXIT
 trap 'exit 130' INT
 trap 'exit 143' TERM HUP
 
-number=10
-until is_free "$number"; do
-    number=$((number + 1))
-    [ "$number" -lt 100 ] || { echo "error: no free display below :100" >&2 && exit 1; }
-done
-port=$((5900 + number))
+# start_server NUMBER: false when the server ends at once, as it does when somebody else was quicker.
+start_server() {
+    number="$1"
+    port=$((5900 + number))
+    xauth -q -f "$state/xauthority" add ":$number" . "$(random_text 32 '0-9a-f')" 2>/dev/null
+    Xtigervnc ":$number" -localhost=1 -rfbport "$port" -SecurityTypes VncAuth -PasswordFile "$state/password" \
+        -auth "$state/xauthority" -nolisten tcp -AlwaysShared=1 -AcceptSetDesktopSize=1 \
+        -geometry 520x720 -depth 24 -desktop "Tavo Calendar" </dev/null >"$state/log" 2>&1 &
+    server=$!
+    local _
+    for _ in {1..100}; do
+        sleep 0.1
+        kill -0 "$server" 2>/dev/null || return 1
+        if [ -S "/tmp/.X11-unix/X$number" ] && (: <"/dev/tcp/127.0.0.1/$port") 2>/dev/null; then
+            return 0
+        fi
+    done
+    return 1
+}
+
 password="$(random_text 8 'a-km-zA-HJ-NP-Z2-9')"
 tigervncpasswd -f <<<"$password" >"$state/password"
 chmod 600 "$state/password"
-xauth -q -f "$state/xauthority" add ":$number" . "$(random_text 32 '0-9a-f')" 2>/dev/null
-
-Xtigervnc ":$number" -localhost=1 -rfbport "$port" -SecurityTypes VncAuth -PasswordFile "$state/password" \
-    -auth "$state/xauthority" -nolisten tcp -AlwaysShared=1 -AcceptSetDesktopSize=1 \
-    -geometry 520x720 -depth 24 -desktop "Tavo Calendar" >"$state/log" 2>&1 &
-server=$!
+started=no
+for candidate in {10..99}; do
+    if is_free "$candidate" && start_server "$candidate"; then
+        started=yes
+        break
+    fi
+done
+if [ $started = no ]; then
+    echo "error: no display from :10 to :99 would start. The last one said:" >&2
+    cat "$state/log" >&2
+    exit 1
+fi
 echo "$server" >"$state/pid"
 echo "$port" >"$state/port"
 echo "$number" >"$state/number"
 export DISPLAY=":$number" XAUTHORITY="$state/xauthority"
-
-tries=0
-until [ -S "/tmp/.X11-unix/X$number" ] && (: <"/dev/tcp/127.0.0.1/$port") 2>/dev/null; do
-    tries=$((tries + 1))
-    if [ "$tries" -gt 100 ] || ! kill -0 "$server" 2>/dev/null; then
-        echo "error: the display did not start:" >&2
-        cat "$state/log" >&2
-        exit 1
-    fi
-    sleep 0.1
-done
 
 if command -v matchbox-window-manager >/dev/null; then
     matchbox-window-manager >/dev/null 2>&1 &
@@ -106,7 +115,7 @@ if command -v matchbox-window-manager >/dev/null; then
 fi
 tell "$port" "$password"
 status=0
-"$@" &
+"$@" <&0 &
 child=$!
 wait "$child" || status=$?
 exit "$status"

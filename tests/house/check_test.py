@@ -3,9 +3,8 @@
 import os
 import shutil
 import subprocess
-import unittest
 
-from made_up_tree import ROOT, MadeUpTree
+from made_up_tree import ROOT, MadeUpTree, run_tests
 
 PROJECT = """
 cmake_minimum_required(VERSION 3.25)
@@ -61,4 +60,4 @@ class CheckScript(MadeUpTree):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    run_tests()

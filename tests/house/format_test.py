@@ -2,9 +2,8 @@
 
 import os
 import shutil
-import unittest
 
-from made_up_tree import ROOT, MadeUpTree
+from made_up_tree import ROOT, MadeUpTree, run_tests
 
 
 class FormatCheck(MadeUpTree):
@@ -62,4 +61,4 @@ class FormatCheck(MadeUpTree):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    run_tests()

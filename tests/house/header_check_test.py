@@ -2,9 +2,8 @@
 
 import shutil
 import subprocess
-import unittest
 
-from made_up_tree import ROOT, MadeUpTree
+from made_up_tree import ROOT, MadeUpTree, run_tests
 
 PROJECT = """
 cmake_minimum_required(VERSION 3.25)
@@ -65,4 +64,4 @@ class HeaderCheck(MadeUpTree):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    run_tests()

@@ -1,8 +1,6 @@
 """The layers check bites on every kind of breach, and on nothing else."""
 
-import unittest
-
-from made_up_tree import MadeUpTree
+from made_up_tree import MadeUpTree, run_tests
 
 
 class LayersCheck(MadeUpTree):
@@ -150,4 +148,4 @@ class LayersCheck(MadeUpTree):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    run_tests()

@@ -2,9 +2,8 @@
 
 import os
 import subprocess
-import unittest
 
-from made_up_tree import ROOT, MadeUpTree
+from made_up_tree import ROOT, MadeUpTree, run_tests
 
 # Each tool writes down how it was called; what is installed and offered is told by two files.
 TOOLS = {
@@ -58,4 +57,4 @@ class EnsurePackages(MadeUpTree):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    run_tests()
