@@ -54,4 +54,8 @@ constexpr int kBitmapInkButtons = 203;
 constexpr int kBitmapDeleteButton = 212; // up, pressed
 constexpr int kBitmapModifyButton = 213; // up, pressed
 
+// Appointment edit dialog.
+constexpr int kBitmapPlay = 300;
+constexpr int kBitmapStop = 301;
+
 } // namespace tavo

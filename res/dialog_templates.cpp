@@ -53,8 +53,10 @@ constexpr DialogTemplate kCalendarPageTemplate{kDialogCalendar, u"Calendar", kPa
 constexpr DialogTemplate kSettingsPageTemplate{kDialogSettings, u"Settings", kPageExtent, 10, kSettingsItems};
 
 std::span<const DialogTemplate* const> AllDialogTemplates() {
-    static constexpr const DialogTemplate* all[] = {&kAboutTemplate, &kClockPageTemplate, &kSchedulePageTemplate,
-                                                    &kCalendarPageTemplate, &kSettingsPageTemplate};
+    static constexpr const DialogTemplate* all[] = {
+        &kAboutTemplate,        &kClockPageTemplate,    &kSchedulePageTemplate,
+        &kCalendarPageTemplate, &kSettingsPageTemplate, &kAppointmentTemplate,
+        &kRecurrenceTemplate,   &kPatternPageTemplate,  &kRangePageTemplate};
     return all;
 }
 

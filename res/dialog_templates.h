@@ -10,6 +10,10 @@ extern const DialogTemplate kClockPageTemplate;
 extern const DialogTemplate kSchedulePageTemplate;
 extern const DialogTemplate kCalendarPageTemplate;
 extern const DialogTemplate kSettingsPageTemplate;
+extern const DialogTemplate kAppointmentTemplate;
+extern const DialogTemplate kRecurrenceTemplate;
+extern const DialogTemplate kPatternPageTemplate;
+extern const DialogTemplate kRangePageTemplate;
 
 // Where the About dialog shows the program's icon, in dialog units.
 constexpr Rect kAboutIconPlace = Rect::FromSize(6, 22, 21, 20);

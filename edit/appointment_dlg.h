@@ -1,0 +1,134 @@
+// The dialog in which an alarm, holiday, anniversary or appointment is made or changed.
+#pragma once
+
+#include "edit/appointment_form.h"
+#include "edit/edit_mode.h"
+#include "edit/edited_appointment.h"
+#include "edit/ink_note_editor.h"
+#include "edit/list_owner.h"
+#include "edit/sound_preview.h"
+#include "framework/dialog.h"
+#include "store/program_state.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavo {
+
+constexpr int kSubjectLimit = 259; // UTF-16 units
+
+// Its controls are hidden behind a painted form; a tap on a value shows the control for it, the next tap hides it
+// again. The dialog works on the store's item itself; OK saves it, Cancel lets go of it unsaved.
+class CAppointmentDlg : public CDialog {
+  public:
+    CAppointmentDlg(CMessagePump& pump, CProgramState& state);
+
+    // The opener fills these before DoModal.
+    std::int32_t Mode = kModeNewAppointment;
+    AppointmentData Item;                // of an existing item
+    bool OpenedFromCalendar = false;     // the owner is then not told
+    IListOwner* Owner = nullptr;         // told of what was saved; may be absent
+    IInkNoteEditor* InkEditor = nullptr; // absent: the memo row does nothing
+
+    static const MessageMap& Messages();
+
+    const MessageMap& GetMessageMap() const override { return Messages(); }
+
+  protected:
+    void OnInitDialog() override;
+    void OnOK() override;
+    void OnCancel() override;
+    void Paint() override;
+
+  private:
+    ItemKind Kind() const { return KindOfMode(Mode); }
+
+    bool IsNew() const { return IsNewItem(Mode); }
+
+    const AppointmentForm& Layout() const { return FormOfKind(Kind()); }
+
+    // The dialog's own Item is the record, so the controls go by another name.
+    WindowHandle Control(int id) const { return CFormWindow::Item(id); }
+
+    int Choice(int list) const { return Host().Controls().GetCurSel(Control(list)); }
+
+    bool IsAllDayChecked() const;
+
+    // appointment_dlg.cpp: opening
+    void ResetForm();
+    void LayOut();
+    void ShowStoredItem();
+    void ShowStoredTimes();
+    void PutNewItem();
+
+    // appointment_dlg_rows.cpp: which row's control is shown
+    bool TakeStylusDown(Point point);
+    void HideFields();
+    void ShowField(int row, const FormField& field);
+    Rect PlaceOf(int row, const FormField& field) const;
+    void TakeSoundRowTap(int x);
+    void TakeAllDayClick();
+    bool TakeKey(const Message& key);
+    std::vector<int> FocusStops() const;
+    int FocusedStop() const;
+    void WalkFrom(int stop, int step);
+    void GoToStop(int stop);
+    void RaisePanel();
+    void LowerPanel();
+
+    // appointment_dlg_times.cpp: pickers and recurrence list
+    ItemTimes ReadTimes() const;
+    SYSTEMTIME PickedStart() const;
+    SYSTEMTIME PickedEnd() const;
+    bool StartsAfterEnd() const;
+    void SetStart(const SYSTEMTIME& time);
+    void SetEnd(const SYSTEMTIME& time);
+    void TakeStartChange();
+    void TakeEndChange();
+    void RebuildRecurrenceList();
+    void SelectRecurrence(int choice);
+    void RenewRecurrenceTexts();
+    void TakeRecurrenceCloseUp();
+    bool RunWizard();
+
+    // appointment_dlg_reminder.cpp: reminder, sound and memo
+    void SetReminderControls();
+    void EnableReminderControls();
+    void FillSoundList();
+    bool HasReminder() const;
+    bool HasSound() const;
+    std::optional<std::int32_t> ReadLeadMinutes();
+    void TakeReminderChange();
+    void TakeSoundChange();
+    void TogglePreview();
+    void PlaySelected();
+    void StopPreview();
+    void OpenMemo();
+
+    // appointment_save.cpp
+    AppointmentInput ReadInput() const;
+    bool SaveAppointment();
+    std::u16string ReadSubject() const;
+    void ShowRefusal(std::u16string_view text);
+
+    // appointment_dlg_paint.cpp
+    void PaintRow(int row);
+    void PaintField(int row, const FormField& field);
+    void PaintAllDay(const Rect& bounds);
+    void PaintSoundIcons(const Rect& row);
+    std::u16string TextOfField(int control) const;
+    std::u16string DateText(int control) const;
+    std::u16string TimeText(int control) const;
+
+    CProgramState& State;
+    EditedAppointment Edited;
+    SoundPreview Preview;
+    std::int32_t AlarmValue = 0; // the lead value, as it was last taken
+    int ShownField = 0;          // the control over its row; 0 while the form is all painted
+    int LastField = 0;           // the one shown last, from where Tab goes on
+};
+
+} // namespace tavo

@@ -1,0 +1,138 @@
+// Reminder, its lead and sound, and the memo row.
+#include "edit/appointment_dlg.h"
+#include "edit/lead_time.h"
+#include "edit/leading_number.h"
+#include "framework/format.h"
+#include "framework/message_pump.h"
+#include "res/resource_ids.h"
+#include "res/strings.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace tavo {
+
+namespace {
+
+constexpr std::u16string_view kSoundOff = u"Sound off";
+constexpr int kSoundOffEntry = 0;
+constexpr int kYesEntry = 0;
+constexpr int kNoEntry = 1;
+constexpr std::u16string_view kPlayCaption = u">";
+constexpr std::u16string_view kStopCaption = u"[]";
+constexpr LeadTime kNewAlarmLead{15, kLeadMinutes};
+constexpr LeadTime kNewItemLead{12, kLeadHours};
+constexpr std::u16string_view kRangeText = u"Enter an integer between %d and %d.";
+constexpr std::u16string_view kMemoTooLarge = u"Cannot save. Memo exceeded memory limitation.";
+
+} // namespace
+
+void CAppointmentDlg::SetReminderControls() {
+    bool reminds = Mode == kModeNewAlarm;
+    LeadTime lead = reminds ? kNewAlarmLead : kNewItemLead;
+    if (!IsNew()) {
+        reminds = Item.HasReminder;
+        lead = SplitLeadMinutes(Item.ReminderMinutes);
+    }
+    Host().Controls().SetCurSel(Control(kEditReminder), reminds ? kYesEntry : kNoEntry);
+    SetItemText(kEditReminderValue, FormatText(u"%d", lead.Value));
+    Host().Controls().SetCurSel(Control(kEditReminderUnit), lead.Unit);
+    EnableReminderControls();
+}
+
+void CAppointmentDlg::EnableReminderControls() {
+    const bool reminds = HasReminder();
+    EnableItem(kEditReminderValue, reminds);
+    EnableItem(kEditReminderUnit, reminds);
+    EnableItem(kEditSound, reminds);
+    EnableItem(kEditPreview, reminds && HasSound());
+}
+
+bool CAppointmentDlg::HasReminder() const {
+    return Choice(kEditReminder) == kYesEntry;
+}
+
+bool CAppointmentDlg::HasSound() const {
+    return Choice(kEditSound) > kSoundOffEntry;
+}
+
+void CAppointmentDlg::FillSoundList() {
+    std::vector<std::u16string> names{std::u16string(kSoundOff)};
+    const std::unique_ptr<IFileSearch> search = Host().Files().FindFirstFileW(kSoundPattern);
+    for (bool found = search != nullptr; found; found = search->FindNextFileW()) {
+        names.push_back(search->FileName());
+    }
+    int selected = kSoundOffEntry;
+    if (!IsNew()) {
+        const auto stored = std::find(names.begin(), names.end(), Item.ReminderSound);
+        selected = stored == names.end() ? kSoundOffEntry : static_cast<int>(stored - names.begin());
+    }
+    Host().Controls().SetListItems(Control(kEditSound), names);
+    Host().Controls().SetCurSel(Control(kEditSound), selected);
+}
+
+// Nothing after a message.
+std::optional<std::int32_t> CAppointmentDlg::ReadLeadMinutes() {
+    const std::optional<std::int32_t> value = WholeNumber(ItemText(kEditReminderValue), 0, kHighestLeadValue);
+    if (!value) {
+        ShowRefusal(FormatText(kRangeText, 0, kHighestLeadValue));
+        return std::nullopt;
+    }
+    AlarmValue = *value;
+    return LeadMinutes({AlarmValue, Choice(kEditReminderUnit)});
+}
+
+void CAppointmentDlg::TakeReminderChange() {
+    EnableReminderControls();
+    Invalidate();
+}
+
+void CAppointmentDlg::TakeSoundChange() {
+    EnableItem(kEditPreview, HasSound());
+    Invalidate();
+}
+
+void CAppointmentDlg::TogglePreview() {
+    if (Preview.IsPlaying()) {
+        StopPreview();
+    } else {
+        PlaySelected();
+    }
+}
+
+void CAppointmentDlg::PlaySelected() {
+    if (!HasSound()) {
+        StopPreview();
+        return;
+    }
+    Preview.Play(ItemText(kEditSound));
+    SetItemText(kEditPreview, Preview.IsPlaying() ? kStopCaption : kPlayCaption);
+    Invalidate();
+}
+
+void CAppointmentDlg::StopPreview() {
+    Preview.Stop();
+    SetItemText(kEditPreview, kPlayCaption);
+    Invalidate();
+}
+
+void CAppointmentDlg::OpenMemo() {
+    if (InkEditor == nullptr) {
+        return;
+    }
+    State.Memo.Empty();
+    State.Memo.Fill(Edited.InkNote());
+    if (InkEditor->EditInkNote() == IDOK && !Edited.PutInkNote(State.Memo.Bytes())) {
+        ShowRefusal(kMemoTooLarge);
+    }
+}
+
+void CAppointmentDlg::ShowRefusal(std::u16string_view text) {
+    MessageBoxDescription box;
+    box.Text = text;
+    box.Caption = kProgramTitle;
+    box.Icon = MessageBoxIcon::Exclamation;
+    Pump().ShowMessageBox(Handle(), box);
+}
+
+} // namespace tavo

@@ -1,0 +1,189 @@
+// Which row's control is shown: by tap and by key.
+#include "edit/appointment_dlg.h"
+#include "res/resource_ids.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace tavo {
+
+namespace {
+
+// Over the painted form; all of them hide before one is shown.
+constexpr int kEditingControls[] = {
+    kEditSubject,  kEditStartDate,     kEditStartTime,    kEditEndDate, kEditEndTime, kEditAllDay, kEditRecurrence,
+    kEditReminder, kEditReminderValue, kEditReminderUnit, kEditSound,   kEditPreview, kEditMemo};
+
+constexpr int kStopTapLeft = 214; // the row's second icon begins here
+
+constexpr bool IsDateControl(int control) {
+    return control == kEditStartDate || control == kEditEndDate;
+}
+
+constexpr bool IsTimeControl(int control) {
+    return control == kEditStartTime || control == kEditEndTime;
+}
+
+} // namespace
+
+bool CAppointmentDlg::TakeStylusDown(Point point) {
+    HideFields();
+    if (point.X < kValueLeft) {
+        return true;
+    }
+    const int row = Layout().RowAt(point.Y);
+    if (row < 0) {
+        return false;
+    }
+    const FormRow& fields = Layout().Rows[static_cast<std::size_t>(row)];
+    const FormField* field = AppointmentForm::FieldAt(fields, point.X);
+    if (field == nullptr) {
+        return false;
+    }
+    if (field->Control == kEditMemo) {
+        LastField = kEditMemo;
+        OpenMemo();
+    } else if (field->Control == kEditPreview) {
+        LastField = kEditPreview;
+        TakeSoundRowTap(point.X);
+    } else if (IsTimeControl(field->Control) && IsAllDayChecked()) {
+        ShowField(row, fields.Fields.front()); // a day has no times: its date is widened over their place
+    } else {
+        ShowField(row, *field);
+    }
+    return true;
+}
+
+void CAppointmentDlg::TakeSoundRowTap(int x) {
+    if (x < kStopTapLeft) {
+        PlaySelected();
+    } else {
+        StopPreview();
+    }
+}
+
+void CAppointmentDlg::HideFields() {
+    for (const int control : kEditingControls) {
+        ShowItem(control, false);
+    }
+    ShownField = 0;
+    Invalidate();
+}
+
+// Does not give the control the focus.
+void CAppointmentDlg::ShowField(int row, const FormField& field) {
+    HideFields();
+    MoveItem(field.Control, PlaceOf(row, field));
+    if (field.Control != kEditMemo) {
+        ShowItem(field.Control, true);
+    }
+    ShownField = field.Control;
+    LastField = field.Control;
+}
+
+Rect CAppointmentDlg::PlaceOf(int row, const FormField& field) const {
+    FormField wide = field;
+    if (Kind() == ItemKind::Appointment && IsDateControl(field.Control) && IsAllDayChecked()) {
+        wide.Width = FormField{}.Width;
+    }
+    return Layout().FieldBounds(row, wide);
+}
+
+void CAppointmentDlg::TakeAllDayClick() {
+    HideFields();
+}
+
+bool CAppointmentDlg::TakeKey(const Message& key) {
+    if (key.Id == VK_TAB && (key.Code & kModifierControl) == 0) {
+        WalkFrom(FocusedStop(), (key.Code & kModifierShift) != 0 ? -1 : 1);
+        return true;
+    }
+    if (key.Id != VK_RETURN && key.Id != VK_SPACE) {
+        return false;
+    }
+    switch (FocusedStop()) {
+    case IDCANCEL:
+        OnCancel();
+        return true;
+    case kEditPreview:
+        TogglePreview();
+        return true;
+    case kEditMemo:
+        if (key.Id == VK_SPACE) {
+            OpenMemo();
+        }
+        return key.Id == VK_SPACE;
+    case IDOK:
+        OnOK();
+        return true;
+    default:
+        return false;
+    }
+}
+
+// Every control that can be used now, row by row, then the buttons.
+std::vector<int> CAppointmentDlg::FocusStops() const {
+    std::vector<int> stops;
+    for (const FormRow& row : Layout().Rows) {
+        for (const FormField& field : row.Fields) {
+            const bool isCovered = IsTimeControl(field.Control) && Kind() == ItemKind::Appointment && IsAllDayChecked();
+            if (!isCovered && Host().Windows().IsWindowEnabled(Control(field.Control))) {
+                stops.push_back(field.Control);
+            }
+        }
+    }
+    stops.push_back(IDOK);
+    stops.push_back(IDCANCEL);
+    return stops;
+}
+
+// The control with the focus, else the one whose row is or was shown.
+int CAppointmentDlg::FocusedStop() const {
+    const WindowHandle focus = Host().Windows().GetFocus();
+    for (const int stop : FocusStops()) {
+        if (Control(stop) == focus) {
+            return stop;
+        }
+    }
+    return ShownField;
+}
+
+void CAppointmentDlg::WalkFrom(int stop, int step) {
+    const std::vector<int> stops = FocusStops();
+    const int count = static_cast<int>(stops.size());
+    const auto found = std::find(stops.begin(), stops.end(), stop != 0 ? stop : LastField);
+    int next = step > 0 ? 0 : count - 1;
+    if (found != stops.end()) {
+        next = (static_cast<int>(std::distance(stops.begin(), found)) + step + count) % count;
+    }
+    GoToStop(stops[static_cast<std::size_t>(next)]);
+}
+
+void CAppointmentDlg::GoToStop(int stop) {
+    if (stop == IDOK || stop == IDCANCEL) {
+        HideFields();
+        LastField = stop;
+        Host().Windows().SetFocus(Control(stop));
+        return;
+    }
+    const AppointmentForm& form = Layout();
+    for (int row = 0; row < static_cast<int>(form.Rows.size()); ++row) {
+        for (const FormField& field : form.Rows[static_cast<std::size_t>(row)].Fields) {
+            if (field.Control == stop) {
+                ShowField(row, field);
+            }
+        }
+    }
+    // The memo row is painted: the dialog itself takes the keys for it.
+    Host().Windows().SetFocus(stop == kEditMemo ? Handle() : Control(stop));
+}
+
+void CAppointmentDlg::RaisePanel() {
+    Host().InputPanel().SHSipPreference(Handle(), true);
+}
+
+void CAppointmentDlg::LowerPanel() {
+    Host().InputPanel().SHSipPreference(Handle(), false);
+}
+
+} // namespace tavo

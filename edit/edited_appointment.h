@@ -1,0 +1,80 @@
+// The store's item behind the edit dialog: everything that is put on it before it is saved.
+#pragma once
+
+#include "edit/item_times.h"
+#include "store/outlook_session.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tavo {
+
+// What the form says about an item.
+struct AppointmentInput {
+    std::u16string Subject;
+    ItemTimes Times;
+    bool AllDay = false;
+    bool HasReminder = false;
+    std::u16string ReminderSound; // file name; empty for no sound
+    std::int32_t ReminderMinutes = 0;
+    std::int32_t RecurChoice = 0;
+};
+
+// Holds the item and its recurrence pattern. Nothing reaches the store before Save.
+class EditedAppointment {
+  public:
+    explicit EditedAppointment(OutlookSession& store) : Store(store) {}
+
+    EditedAppointment(const EditedAppointment&) = delete;
+    EditedAppointment& operator=(const EditedAppointment&) = delete;
+
+    // An item that the store does not know yet.
+    void Create();
+    // An existing item. When it cannot be had there is none, and every later Save fails.
+    void Open(Oid oid);
+    // Takes the item anew from the store, with its recurrence as it is stored; an ink note put meanwhile stays put. An
+    // item that cannot be had any more is kept as it is.
+    void Reopen(Oid oid);
+    void Release();
+
+    bool IsOpen() const { return static_cast<bool>(Item); }
+
+    // Null when there is no item.
+    IRecurrencePattern* Pattern() const { return OwnPattern.Get(); }
+
+    // Everything but the recurrence.
+    void PutProperties(const AppointmentInput& input);
+    // Start, end and all-day flag alone.
+    void PutTimes(const ItemTimes& times, bool allDay);
+    // What the wizard opens with: weekly on the start's weekday, no end.
+    void PresetPattern(const ItemTimes& times);
+    // By the recurrence choice: none, one of the fixed rules, or the pattern as it is.
+    void PutRecurrence(const AppointmentInput& input);
+
+    // False when something could not be put or the store refuses the item; it can be changed and saved again.
+    bool Save();
+    // What was saved, as a record.
+    AppointmentData MakeRecord(const AppointmentInput& input) const;
+
+    std::vector<std::uint8_t> InkNote() const;
+    // False when the item takes no such note.
+    bool PutInkNote(std::span<const std::uint8_t> ink);
+
+  private:
+    void TakePattern();
+    void PutRule(std::int32_t type, std::int32_t mask, const ItemTimes& times);
+    void PutReminder(const AppointmentInput& input);
+    void Note(Status status);
+
+    OutlookSession& Store;
+    ComPtr<IAppointment> Item;
+    ComPtr<IRecurrencePattern> OwnPattern;
+    bool AllPut = true; // since the last save
+    bool InkChanged = false;
+};
+
+// The days on which an item of this choice recurs, as its record says it.
+std::int32_t DayMaskOfChoice(std::int32_t choice, const ItemTimes& times);
+
+} // namespace tavo

@@ -1,0 +1,53 @@
+// A page's making, and its keys.
+#include "edit/wizard_page.h"
+
+namespace tavo {
+
+namespace {
+
+constexpr Size kPageSize{240, 150};
+
+} // namespace
+
+CWizardPage::CWizardPage(CMessagePump& pump, const DialogTemplate& form) : CFormWindow(pump, form, kPageSize) {}
+
+bool CWizardPage::CreateIn(WindowHandle frame, int templateId) {
+    if (templateId != Form().Id) {
+        return false;
+    }
+    Frame = frame;
+    WindowDescription description;
+    description.Kind = WindowKind::Child;
+    description.Title = Form().Title;
+    description.Parent = frame;
+    description.Bounds = Rect::FromSize(0, 0, kPageSize.Width, kPageSize.Height);
+    if (!CreateForm(description)) {
+        return false;
+    }
+    OnInitDialog();
+    return true;
+}
+
+std::vector<WindowHandle> CWizardPage::FocusStops() const {
+    std::vector<WindowHandle> stops;
+    for (const DialogItem& item : Form().Items) {
+        const WindowHandle control = Item(item.Id);
+        if (item.Kind != ControlKind::Label && Host().Windows().IsWindowVisible(control) &&
+            Host().Windows().IsWindowEnabled(control)) {
+            stops.push_back(control);
+        }
+    }
+    return stops;
+}
+
+void CWizardPage::HandleByDefault(const Message& message) {
+    if (message.Number == WM_KEYDOWN) {
+        Message key = message;
+        key.Window = Frame;
+        Host().Queue().PostMessageW(key);
+    } else {
+        CFormWindow::HandleByDefault(message);
+    }
+}
+
+} // namespace tavo
