@@ -1,6 +1,7 @@
 // From keys to messages, commands and controls.
 #include "host/shell/key_input.h"
 
+#include <optional>
 #include <string>
 
 namespace tavo::shell {
@@ -34,16 +35,17 @@ std::u16string ShortcutText(int key, int modifiers) {
     return text;
 }
 
-const MenuItem* FindShortcut(const std::vector<MenuItem>& items, const std::u16string& shortcut) {
-    for (const MenuItem& item : items) {
-        if (item.Shortcut == shortcut && item.Children.empty()) {
-            return &item;
-        }
-        if (const MenuItem* below = FindShortcut(item.Children, shortcut); below != nullptr) {
+// The command of the item with this shortcut, in it or below it.
+std::optional<int> FindShortcut(const MenuItem& item, const std::u16string& shortcut) {
+    if (item.Shortcut == shortcut && item.Children.empty()) {
+        return item.Id;
+    }
+    for (const MenuItem& child : item.Children) {
+        if (const std::optional<int> below = FindShortcut(child, shortcut)) {
             return below;
         }
     }
-    return nullptr;
+    return std::nullopt;
 }
 
 // Where text is typed these keys edit it.
@@ -135,11 +137,10 @@ bool KeyInput::TakeShortcut(int key, int modifiers, WindowHandle target) {
         return false;
     }
     for (std::size_t index = 0; index < bar->Menus.size(); ++index) {
-        const MenuItem* item = FindShortcut({bar->Menus[index]}, shortcut);
-        if (item != nullptr) {
+        if (const std::optional<int> command = FindShortcut(bar->Menus[index], shortcut)) {
             // The program brings the menu up to date first, as if it opened.
             State.Announce({bar->Parent, WM_INITMENUPOPUP, static_cast<int>(index), 0, 0, {}},
-                           {OpeningKind::Shortcut, bar->Handle, item->Id});
+                           {OpeningKind::Shortcut, bar->Handle, *command});
             return true;
         }
     }

@@ -22,6 +22,11 @@ ConformanceTest::ConformanceTest() {
     Pump.SetMainWindow(Frame.Handle());
 }
 
+void ConformanceTest::End(int result) {
+    Dialog->EndDialog(result);
+    Host.Queue().PostMessageW({});
+}
+
 void ConformanceTest::OpenDialogOnTap() {
     Page.Log.Hook = [this](const Message& message) {
         if (message.Number != WM_LBUTTONDOWN) {

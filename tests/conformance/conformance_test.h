@@ -17,8 +17,8 @@ class ConformanceTest : public ::testing::Test {
 
     void TapControl(int control) { Steps.TapScreen(PlaceOf(control)); }
 
-    // A step that sees that the host shows this.
-    template <class Look> void Expect(Look look) { Steps.Do(std::move(look)); }
+    // To be called from within a step: ends the dialog, and wakes the program so that it sees that.
+    void End(int result);
 
     WindowHandle DialogItem(int control) const {
         return Dialog == nullptr ? WindowHandle::None : Dialog->Item(control);

@@ -8,7 +8,7 @@ namespace {
 class ControlConformance : public ConformanceTest {
   protected:
     void CloseDialog() {
-        Steps.Do([&] { Dialog->EndDialog(IDOK); });
+        Steps.Do([&] { End(IDOK); });
     }
 };
 
@@ -222,7 +222,7 @@ TEST_F(ControlConformance, ControlsGoWithTheirDialog) {
     Steps.Do([&] {
         edit = DialogItem(kEdit);
         EXPECT_TRUE(Host.Windows().IsWindowVisible(edit));
-        Dialog->EndDialog(IDOK);
+        End(IDOK);
     });
     ASSERT_TRUE(Steps.Finish(Pump));
     EXPECT_FALSE(Host.Windows().IsWindowVisible(edit));

@@ -23,7 +23,7 @@ TEST_F(KeyConformance, ModifiersComeWithTheKey) {
 TEST_F(KeyConformance, KeysGoToTheDialogOnTop) {
     OpenDialogOnTap();
     Steps.Key(VK_F1);
-    Steps.Do([&] { Dialog->EndDialog(IDOK); });
+    Steps.Do([&] { End(IDOK); });
     ASSERT_TRUE(Steps.Finish(Pump));
     EXPECT_EQ(Ended.Count(WM_KEYDOWN, VK_F1, 0), 1);
     EXPECT_EQ(Page.Log.Count(WM_KEYDOWN), 0);
@@ -40,7 +40,7 @@ TEST_F(KeyConformance, ShownControlTakesKeysButNotTheFocusUntilOneIsTyped) {
         EXPECT_EQ(Host.Windows().GetFocus(), DialogItem(kHiddenEdit));
         EXPECT_EQ(Dialog->ItemText(kHiddenEdit), u"ab");
         EXPECT_EQ(Driver->ShownTextOf(DialogItem(kHiddenEdit)), u"ab");
-        Dialog->EndDialog(IDOK);
+        End(IDOK);
     });
     ASSERT_TRUE(Steps.Finish(Pump));
     EXPECT_EQ(Ended.CodesOf(kHiddenEdit), (std::vector<int>{EN_SETFOCUS, EN_CHANGE, EN_CHANGE}));
@@ -51,7 +51,7 @@ TEST_F(KeyConformance, ControlThatWasVisibleFromTheStartTakesNoKeysUntapped) {
     Steps.Type(u"a");
     Steps.Do([&] {
         EXPECT_EQ(Dialog->ItemText(kEdit), u"");
-        Dialog->EndDialog(IDOK);
+        End(IDOK);
     });
     ASSERT_TRUE(Steps.Finish(Pump));
     EXPECT_EQ(Ended.Count(WM_CHAR, u'a', 0), 1);
@@ -66,7 +66,7 @@ TEST_F(KeyConformance, FocusTravelsWithTheTapAndTheEditsTell) {
     Steps.Do([&] {
         EXPECT_EQ(Dialog->ItemText(kEdit), u"x");
         EXPECT_EQ(Dialog->ItemText(kNumber), u"78"); // digits only
-        Dialog->EndDialog(IDOK);
+        End(IDOK);
     });
     ASSERT_TRUE(Steps.Finish(Pump));
     EXPECT_EQ(Ended.CodesOf(kEdit), (std::vector<int>{EN_SETFOCUS, EN_CHANGE, EN_KILLFOCUS}));
@@ -81,7 +81,7 @@ TEST_F(KeyConformance, HidingTheFocusedEditTakesTheFocusAway) {
         Dialog->ShowItem(kEdit, false);
         EXPECT_EQ(Host.Windows().GetFocus(), WindowHandle::None);
     });
-    Steps.Do([&] { Dialog->EndDialog(IDOK); });
+    Steps.Do([&] { End(IDOK); });
     ASSERT_TRUE(Steps.Finish(Pump));
     EXPECT_EQ(Ended.CodesOf(kEdit), (std::vector<int>{EN_SETFOCUS, EN_KILLFOCUS}));
 }
@@ -90,7 +90,7 @@ TEST_F(KeyConformance, KeyThatAnEditDoesNotUseReachesItsParent) {
     OpenDialogOnTap();
     TapControl(kEdit);
     Steps.Key(VK_F1);
-    Steps.Do([&] { Dialog->EndDialog(IDOK); });
+    Steps.Do([&] { End(IDOK); });
     ASSERT_TRUE(Steps.Finish(Pump));
     EXPECT_EQ(Ended.Count(WM_KEYDOWN, VK_F1, 0), 1);
 }

@@ -8,7 +8,7 @@ namespace {
 class ListConformance : public ConformanceTest {
   protected:
     void CloseDialog() {
-        Steps.Do([&] { Dialog->EndDialog(IDOK); });
+        Steps.Do([&] { End(IDOK); });
     }
 
     std::function<WindowHandle()> List(int control) {
@@ -72,7 +72,7 @@ TEST_F(ListConformance, EscapeClosesTheListAndNotTheDialog) {
     Steps.Do([&] {
         ASSERT_NE(Dialog, nullptr);
         EXPECT_FALSE(Driver->IsListOpen(DialogItem(kFixedList)));
-        Dialog->EndDialog(IDYES);
+        End(IDYES);
     });
     ASSERT_TRUE(Steps.Finish(Pump));
     EXPECT_EQ(Results, std::vector<int>{IDYES});

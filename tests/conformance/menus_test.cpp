@@ -134,7 +134,7 @@ TEST_F(MenuConformance, BarIsShownOnlyWhileItsPageIsOnTop) {
     Steps.Do([&] { Driver->OpenBarMenu(0); });
     Steps.Do([&] {
         EXPECT_TRUE(Driver->OpenBarItems().empty());
-        Dialog->EndDialog(IDOK);
+        End(IDOK);
     });
     Steps.Do([&] { Driver->OpenBarMenu(0); });
     Steps.Do([&] { EXPECT_FALSE(Driver->OpenBarItems().empty()); });
@@ -209,7 +209,7 @@ TEST_F(MenuConformance, MenuTrackedInsideADialogThatAMenuOpened) {
     TapControl(kPush);
     Steps.Do([&] { EXPECT_EQ(Driver->TrackedItems(), DayMenu()); });
     Steps.ChooseTracked(kFirstHoliday);
-    Steps.Do([&] { Dialog->EndDialog(IDOK); });
+    Steps.Do([&] { End(IDOK); });
     ASSERT_TRUE(Steps.Finish(Pump));
     EXPECT_EQ(Chosen, std::vector<int>{kFirstHoliday});
     EXPECT_EQ(Results, std::vector<int>{IDOK});

@@ -47,7 +47,7 @@ TEST_F(ModalConformance, DialogLiesOverThePageUntilItEnds) {
         EXPECT_EQ(Driver->Caption(), u"Scratch dialog");
         EXPECT_FALSE(Host.Windows().IsWindowEnabled(Page.Handle()));
         EXPECT_TRUE(Host.Windows().IsWindowVisible(Page.Handle()));
-        Dialog->EndDialog(10);
+        End(10);
     });
     ASSERT_TRUE(Steps.Finish(Pump));
     EXPECT_EQ(Results, std::vector<int>{10});
@@ -62,13 +62,13 @@ TEST_F(ModalConformance, InnerDialogEndsFirstAndTheOuterTakesInputAgain) {
     TapControl(kCheck); // of the inner one
     Steps.Do([&] {
         EXPECT_TRUE(Host.Controls().GetCheck(DialogItem(kCheck)));
-        Dialog->EndDialog(11);
+        End(11);
     });
     Steps.Do([&] { EXPECT_FALSE(Host.Controls().GetCheck(DialogItem(kCheck))); });
     TapControl(kCheck); // of the outer one
     Steps.Do([&] {
         EXPECT_TRUE(Host.Controls().GetCheck(DialogItem(kCheck)));
-        Dialog->EndDialog(IDOK);
+        End(IDOK);
     });
     ASSERT_TRUE(Steps.Finish(Pump));
     EXPECT_EQ(Results, (std::vector<int>{11, IDOK}));
@@ -85,11 +85,11 @@ TEST_F(ModalConformance, FocusComesBackWhenTheDialogAboveEnds) {
     });
     Steps.Do([&] {
         EXPECT_NE(Host.Windows().GetFocus(), edit);
-        Dialog->EndDialog(IDOK);
+        End(IDOK);
     });
     Steps.Do([&] {
         EXPECT_EQ(Host.Windows().GetFocus(), edit);
-        Dialog->EndDialog(IDOK);
+        End(IDOK);
     });
     ASSERT_TRUE(Steps.Finish(Pump));
 }
@@ -108,7 +108,7 @@ TEST_F(ModalConformance, BoxOverADialogOverAPageTakesAllInput) {
     });
     TapControl(kPush);
     Steps.AnswerBox(IDYES);
-    Steps.Do([&] { Dialog->EndDialog(IDOK); });
+    Steps.Do([&] { End(IDOK); });
     ASSERT_TRUE(Steps.Finish(Pump));
     EXPECT_EQ(Answers, (std::vector<int>{IDNO, IDYES}));
 }
@@ -121,7 +121,7 @@ TEST_F(ModalConformance, EscapeAnswersABoxWithOneButtonOnly) {
     Steps.Do([&] {
         EXPECT_EQ(Answers, std::vector<int>{IDOK});
         ASSERT_NE(Dialog, nullptr); // the dialog stays
-        Dialog->EndDialog(IDYES);
+        End(IDYES);
     });
     ASSERT_TRUE(Steps.Finish(Pump));
     EXPECT_EQ(Results, std::vector<int>{IDYES});
@@ -134,7 +134,7 @@ TEST_F(ModalConformance, EscapeDoesNotAnswerAQuestion) {
     Steps.Key(VK_ESCAPE);
     Steps.Do([&] { EXPECT_EQ(Driver->BoxText(), u"Are you sure to delete?"); });
     Steps.AnswerBox(IDYES);
-    Steps.Do([&] { Dialog->EndDialog(IDOK); });
+    Steps.Do([&] { End(IDOK); });
     ASSERT_TRUE(Steps.Finish(Pump));
     EXPECT_EQ(Answers, std::vector<int>{IDYES});
 }
@@ -166,8 +166,8 @@ TEST_F(ModalConformance, DoubleTapOnAButtonOpensOneDialog) {
             Driver->ReleaseStylus(PlaceOf(kPush));
         }
     });
-    Steps.Do([&] { Dialog->EndDialog(10); });
-    Steps.Do([&] { Dialog->EndDialog(11); });
+    Steps.Do([&] { End(10); });
+    Steps.Do([&] { End(11); });
     ASSERT_TRUE(Steps.Finish(Pump));
     EXPECT_EQ(Results, (std::vector<int>{10, 11}));
 }

@@ -94,6 +94,12 @@ bool ScratchDialog::Note(const Message& message) {
     return false;
 }
 
+void ScratchDialog::HandleByDefault(const Message& message) {
+    if (message.Number != WM_COMMAND) { // those were noted before the dialog's own handlers
+        Log.Take(message);
+    }
+}
+
 void ScratchDialog::OnInitDialog() {
     if (OnOpen) {
         OnOpen();

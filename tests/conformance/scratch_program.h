@@ -109,7 +109,7 @@ class ScratchDialog : public CDialog {
     void OnInitDialog() override;
     void OnCancel() override;
 
-    void HandleByDefault(const Message& message) override { Log.Take(message); }
+    void HandleByDefault(const Message& message) override;
 
   private:
     bool Note(const Message& message);
