@@ -1,0 +1,73 @@
+// Lists: entries, choice, opening and closing.
+#include "host/qt/controls/list_view.h"
+
+#include <QAbstractItemView>
+#include <QScrollBar>
+#include <QStyle>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace tavo::qt {
+namespace {
+
+constexpr int kMostVisibleEntries = 9;
+
+} // namespace
+
+void ListBox::hidePopup() {
+    QComboBox::hidePopup();
+    // The choice that closed it is told after this; the program must hear of the choice first.
+    QTimer::singleShot(0, this, [this] { Shared.Controls.CloseList(Control); });
+}
+
+void ListBox::OpenNow() {
+    const int wished = view()->sizeHintForColumn(0) + style()->pixelMetric(QStyle::PM_ScrollBarExtent) +
+                       2 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
+    view()->setMinimumWidth(std::min(wished, Shared.Geometry.Length(kScreenSize.Width)));
+    QComboBox::showPopup();
+}
+
+ListView::ListView(Device& device, const shell::WindowRecord& record, QWidget* parent)
+    : ControlView(device, record.Handle), Text(device, record.Handle),
+      Box(std::make_unique<ListBox>(device, record.Handle, parent)) {
+    Box->setMaxVisibleItems(kMostVisibleEntries);
+    Box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    if (record.Control->Kind == ControlKind::EditableList) {
+        Box->setEditable(true);
+        Box->setInsertPolicy(QComboBox::NoInsert);
+        Box->setCompleter(nullptr);
+        Text.Connect(*Box->lineEdit());
+    }
+    QObject::connect(Box.get(), &QComboBox::activated, Box.get(), [this](int index) {
+        Shared.Controls.Choose(Control, index);
+        if (const shell::WindowRecord* now = Record(); now != nullptr) {
+            ShowState(*now);
+        }
+    });
+}
+
+void ListView::ShowState(const shell::WindowRecord& record) {
+    const shell::ControlState& state = *record.Control;
+    const auto same = [&](int i) {
+        return Box->itemText(i).toStdU16String() == state.Items[static_cast<std::size_t>(i)];
+    };
+    bool isFilled = Box->count() == static_cast<int>(state.Items.size());
+    for (int i = 0; isFilled && i < Box->count(); ++i) {
+        isFilled = same(i);
+    }
+    if (!isFilled) {
+        Box->clear();
+        for (const std::u16string& item : state.Items) {
+            Box->addItem(QString::fromStdU16String(item));
+        }
+    }
+    if (Box->currentIndex() != state.Current) {
+        Box->setCurrentIndex(state.Current);
+    }
+    if (Box->isEditable()) {
+        Text.ShowText(*Box->lineEdit(), record);
+    }
+}
+
+} // namespace tavo::qt

@@ -1,0 +1,169 @@
+// Layout, scale changes and the window's own buttons.
+#include "host/qt/desktop_window.h"
+
+#include "host/qt/keyboard.h"
+#include "host/qt/menu_strip.h"
+#include "host/qt/navigation_bar.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QWindow>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tavo::qt {
+namespace {
+
+constexpr int kRestMilliseconds = 100;      // after the last change of size, before everything is drawn anew
+constexpr QRgb kSurroundColor = 0xFF2B2F34; // beside the screen
+constexpr double kComfortableHeight = 0.75; // of the height that the desktop leaves free
+constexpr double kComfortableWidth = 0.9;
+
+QSize SizeAt(double scale) {
+    return {static_cast<int>(std::lround(kScreenSize.Width * scale)),
+            static_cast<int>(std::lround(kScreenSize.Height * scale))};
+}
+
+} // namespace
+
+DesktopSize ChooseDesktopSize(const QByteArray& wishedScale, QSize remembered, QSize available) {
+    bool isNumber = false;
+    const double wished = wishedScale.toDouble(&isNumber);
+    if (isNumber && wished >= 1.0 && wished <= 16.0) {
+        return {SizeAt(wished), true};
+    }
+    if (remembered.width() >= kScreenSize.Width && remembered.height() >= kScreenSize.Height) {
+        return {remembered.boundedTo(available.expandedTo(SizeAt(1.0))), false};
+    }
+    const double fitting = std::min(available.height() * kComfortableHeight / kScreenSize.Height,
+                                    available.width() * kComfortableWidth / kScreenSize.Width);
+    return {SizeAt(std::max(1.0, std::floor(fitting * 2) / 2)), false};
+}
+
+DesktopWindow::DesktopWindow(Device& device)
+    : Shared(device), OwnNavigation(new NavigationBar(device, this)), OwnMenus(new MenuStrip(device, this)) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_NoSystemBackground);
+    setFocusPolicy(Qt::StrongFocus);
+    setMinimumSize(kScreenSize.Width, kScreenSize.Height);
+    Rest.setSingleShot(true);
+    Rest.setInterval(kRestMilliseconds);
+    connect(&Rest, &QTimer::timeout, this, [this] { TakePaintScale(); });
+}
+
+DesktopWindow::~DesktopWindow() = default;
+
+void DesktopWindow::Start(const DesktopSize& size) {
+    if (size.IsFixed) {
+        setFixedSize(size.Size);
+    } else {
+        resize(size.Size);
+    }
+    LayOut();
+    Shared.PaintScale = Shared.Geometry.Scale;
+}
+
+void DesktopWindow::FollowFrame() {
+    const shell::WindowRecord* frame = Shared.State.Tree.Find(Shared.State.Tree.Frame());
+    Following = true;
+    if (frame == nullptr || !frame->Visible) {
+        hide();
+    } else {
+        setWindowTitle(QString::fromStdU16String(frame->Text));
+        const bool isMinimized = windowState().testFlag(Qt::WindowMinimized);
+        if (isMinimized != Shared.State.Minimized) {
+            setWindowState(windowState() ^ Qt::WindowMinimized);
+        }
+        if (!isVisible()) {
+            show();
+        }
+    }
+    Following = false;
+}
+
+void DesktopWindow::BringForward(const QString& token) {
+    if (!token.isEmpty()) {
+        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8()); // where the platform looks for it
+    }
+    raise();
+    activateWindow();
+}
+
+QRect DesktopWindow::ScreenOnDesktop() const {
+    const QRect screen = Shared.Geometry.ToolkitPixels(kWholeScreen);
+    return screen.translated(mapToGlobal(QPoint()));
+}
+
+void DesktopWindow::LayOut() {
+    const ScreenGeometry fitted = ScreenGeometry::Fit(size(), devicePixelRatio());
+    if (fitted == Shared.Geometry && OwnNavigation->width() > 1) {
+        return;
+    }
+    Shared.Geometry = fitted;
+    OwnNavigation->Place(kNavigationBar);
+    OwnMenus->Place(kMenuBar);
+    if (LayoutWatch) {
+        LayoutWatch();
+    }
+    update();
+    if (Shared.Geometry.Scale != Shared.PaintScale) {
+        Rest.start();
+    }
+}
+
+void DesktopWindow::TakePaintScale() {
+    if (Shared.Geometry.Scale != Shared.PaintScale) {
+        Shared.PaintScale = Shared.Geometry.Scale;
+        Shared.Pictures.DropRendered();
+        Shared.State.AnnounceScale();
+    }
+}
+
+void DesktopWindow::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    const QRect screen = Shared.Geometry.ToolkitPixels(kWholeScreen);
+    for (const QRect& beside : event->region().subtracted(screen)) {
+        painter.fillRect(beside, QColor::fromRgb(kSurroundColor));
+    }
+    painter.fillRect(screen & event->rect(), Qt::white);
+}
+
+void DesktopWindow::resizeEvent(QResizeEvent*) {
+    LayOut();
+}
+
+void DesktopWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    Shared.Navigation.RequestClose();
+}
+
+void DesktopWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange && !Following) {
+        Shared.State.SetMinimized(windowState().testFlag(Qt::WindowMinimized));
+    }
+}
+
+bool DesktopWindow::event(QEvent* event) {
+    const bool isTaken = QWidget::event(event);
+    if (event->type() == QEvent::ScreenChangeInternal) {
+        LayOut(); // the other screen may count its pixels differently
+    }
+    return isTaken;
+}
+
+void DesktopWindow::keyPressEvent(QKeyEvent* event) {
+    if (Keys != nullptr) {
+        Keys->Press(WindowHandle::None, *event);
+    }
+}
+
+void DesktopWindow::keyReleaseEvent(QKeyEvent* event) {
+    if (Keys != nullptr) {
+        Keys->Release(*event);
+    }
+}
+
+} // namespace tavo::qt

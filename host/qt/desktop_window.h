@@ -1,0 +1,71 @@
+// The desktop window: shows the device's screen as large as fits, and asks the program before it closes.
+#pragma once
+
+#include "host/qt/device.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+
+namespace tavo::qt {
+
+class Keyboard;
+class MenuStrip;
+class NavigationBar;
+
+struct DesktopSize {
+    QSize Size;           // in the toolkit's pixels
+    bool IsFixed = false; // cannot be resized
+};
+
+class DesktopWindow final : public QWidget {
+  public:
+    explicit DesktopWindow(Device& device);
+    ~DesktopWindow() override;
+
+    NavigationBar& Navigation() { return *OwnNavigation; }
+
+    MenuStrip& Menus() { return *OwnMenus; }
+
+    void SetKeyboard(Keyboard& keyboard) { Keys = &keyboard; }
+
+    // Called whenever everything lies elsewhere.
+    void SetLayoutWatch(std::function<void()> watch) { LayoutWatch = std::move(watch); }
+
+    // Before it is first shown.
+    void Start(const DesktopSize& size);
+    // Shows or hides it, minimised or not, as the shell says.
+    void FollowFrame();
+    // In front of other programs; the desktop's token may be empty.
+    void BringForward(const QString& token);
+
+    // The device's whole screen, where it lies on the desktop.
+    QRect ScreenOnDesktop() const;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+  private:
+    void LayOut();
+    void TakePaintScale();
+
+    Device& Shared;
+    NavigationBar* OwnNavigation; // children of this widget
+    MenuStrip* OwnMenus;
+    Keyboard* Keys = nullptr;
+    std::function<void()> LayoutWatch;
+    QTimer Rest; // runs while the scale changes
+    bool Following = false;
+};
+
+// TAVO_SCALE if it is set, else the size remembered, else the largest half step that fits comfortably.
+DesktopSize ChooseDesktopSize(const QByteArray& wishedScale, QSize remembered, QSize available);
+
+} // namespace tavo::qt

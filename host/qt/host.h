@@ -1,0 +1,129 @@
+// The desktop as the device.
+#pragma once
+
+#include "host/files/device_files.h"
+#include "host/files/device_processes.h"
+#include "host/files/device_root.h"
+#include "host/files/registry_file.h"
+#include "host/files/system_clock.h"
+#include "host/locale/us_english_locale.h"
+#include "host/qt/control_style.h"
+#include "host/qt/desktop_window.h"
+#include "host/qt/desktop_windows.h"
+#include "host/qt/drawing.h"
+#include "host/qt/event_source.h"
+#include "host/qt/menu_view.h"
+#include "host/qt/message_box.h"
+#include "host/qt/quit_signals.h"
+#include "host/qt/sound.h"
+#include "host/qt/window_views.h"
+#include "host/shell/shell_controls.h"
+#include "host/shell/shell_input_panel.h"
+#include "host/shell/shell_menus.h"
+#include "host/shell/shell_queue.h"
+#include "platform/host.h"
+
+#include <functional>
+#include <memory>
+
+class QSocketNotifier;
+
+namespace tavo::qt {
+
+struct HostOptions {
+    files::DeviceRoot Root;
+    std::string InstalledSounds;
+    // The store's application object; without it there is no store.
+    std::function<Status(ComPtr<IPOutlookApp>& outlook)> CreateOutlook = {};
+    std::function<ErrorCode()> LastStoreError = {};
+    // Called before every wait for events.
+    std::function<void()> BeforeWait = {};
+};
+
+class QtHost final : public IHost, private shell::IShellObserver {
+  public:
+    // The application object must exist.
+    explicit QtHost(HostOptions options);
+    ~QtHost() override;
+
+    IMessageQueue& Queue() override { return OwnQueue; }
+
+    IWindows& Windows() override { return OwnWindows; }
+
+    IDrawing& Drawing() override { return OwnDrawing; }
+
+    IControls& Controls() override { return OwnControls; }
+
+    IMenus& Menus() override { return OwnMenus; }
+
+    IInk& Ink() override { return Shared.Ink; }
+
+    IInputPanel& InputPanel() override { return OwnPanel; }
+
+    IFiles& Files() override { return OwnFiles; }
+
+    IRegistry& Registry() override { return OwnRegistry; }
+
+    IProcesses& Processes() override { return OwnProcesses; }
+
+    ISound& Sound() override { return OwnSound; }
+
+    IClock& Clock() override { return OwnClock; }
+
+    ILocale& Locale() override { return OwnLocale; }
+
+    Status CoInitializeEx() override;
+    void CoUninitialize() override;
+    Status CoCreateInstance(ComPtr<IPOutlookApp>& outlook) override;
+    ErrorCode GetLastError() override;
+
+    // For tests, and for what is wired from outside.
+    Device& Parts() { return Shared; }
+
+    DesktopWindow& Desktop() { return OwnDesktop; }
+
+    WindowViews& Views() { return OwnViews; }
+
+    MenuView& OpenMenu() { return OwnMenuView; }
+
+    MessageBox& Box() { return *OwnBox; }
+
+  private:
+    void OnChange(shell::Change change, WindowHandle window) override;
+    void TakeWindowChange(shell::Change change, WindowHandle window);
+    void TakeMenuChange(shell::Change change);
+    void PrepareWait(bool waits);
+    void FollowLayout();
+    void FollowPanel();
+    void ShowCursor();
+    void WatchActivation();
+    void TakeActivation();
+
+    HostOptions Options;
+    EventSource Events;
+    Device Shared{Events, *this};
+    ControlStyle* Style; // the application's
+    files::SystemClock OwnClock;
+    files::DeviceFiles OwnFiles;
+    files::DeviceProcesses OwnProcesses;
+    files::RegistryFile OwnRegistry;
+    locale::UsEnglishLocale OwnLocale;
+    qt::Sound OwnSound{OwnFiles};
+    DesktopWindow OwnDesktop{Shared};
+    WindowViews OwnViews{Shared, OwnDesktop};
+    qt::Drawing OwnDrawing{Shared, OwnViews};
+    MenuView OwnMenuView{Shared, OwnDesktop};
+    MessageBox* OwnBox; // a child of the desktop window
+    shell::ShellQueue OwnQueue{Shared.State};
+    DesktopWindows OwnWindows;
+    shell::ShellControls OwnControls{Shared.State, OwnClock};
+    shell::ShellMenus OwnMenus{Shared.State};
+    shell::ShellInputPanel OwnPanel{Shared.State};
+    QuitSignals OwnQuitSignals;
+    std::unique_ptr<QSocketNotifier> Activation;
+    bool FrameChanged = false;
+    bool BarsChanged = true;
+    bool CursorIsWaiting = false;
+};
+
+} // namespace tavo::qt

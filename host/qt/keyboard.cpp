@@ -1,0 +1,134 @@
+// Translation and routing of keys.
+#include "host/qt/keyboard.h"
+
+#include <QCoreApplication>
+#include <QWidget>
+
+namespace tavo::qt {
+namespace {
+
+// The device's key, or 0 for keys that it knows only by their character.
+int ToDeviceKey(int key) {
+    if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9)) {
+        return key;
+    }
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F12) {
+        return VK_F1 + (key - Qt::Key_F1);
+    }
+    switch (key) {
+    case Qt::Key_Backspace:
+        return VK_BACK;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return VK_TAB;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return VK_RETURN;
+    case Qt::Key_Escape:
+        return VK_ESCAPE;
+    case Qt::Key_Space:
+        return VK_SPACE;
+    case Qt::Key_PageUp:
+        return VK_PRIOR;
+    case Qt::Key_PageDown:
+        return VK_NEXT;
+    case Qt::Key_End:
+        return VK_END;
+    case Qt::Key_Home:
+        return VK_HOME;
+    case Qt::Key_Left:
+        return VK_LEFT;
+    case Qt::Key_Up:
+        return VK_UP;
+    case Qt::Key_Right:
+        return VK_RIGHT;
+    case Qt::Key_Down:
+        return VK_DOWN;
+    case Qt::Key_Delete:
+        return VK_DELETE;
+    default:
+        return 0;
+    }
+}
+
+int ToModifiers(Qt::KeyboardModifiers modifiers) {
+    return (modifiers.testFlag(Qt::ShiftModifier) ? kModifierShift : 0) |
+           (modifiers.testFlag(Qt::ControlModifier) ? kModifierControl : 0) |
+           (modifiers.testFlag(Qt::AltModifier) ? kModifierAlt : 0);
+}
+
+bool IsPrintable(const QKeyEvent& event) {
+    return !event.text().isEmpty() && event.text().front().isPrint();
+}
+
+} // namespace
+
+bool Keyboard::TakeBarKey(const QKeyEvent& event) {
+    AltAlone = event.key() == Qt::Key_Alt;
+    if (event.key() == Qt::Key_F10 && event.modifiers() == Qt::NoModifier) {
+        return Shared.Navigation.OpenBarMenu(0);
+    }
+    if (event.key() == Qt::Key_Q && event.modifiers() == Qt::ControlModifier) {
+        Shared.Navigation.RequestQuit();
+        return true;
+    }
+    return false;
+}
+
+void Keyboard::Press(WindowHandle from, QKeyEvent& event) {
+    event.accept();
+    if (TakeBarKey(event)) {
+        return;
+    }
+    const int key = ToDeviceKey(event.key());
+    const int modifiers = ToModifiers(event.modifiers());
+    WindowHandle control = from;
+    if (key != 0) {
+        control = Shared.Keys.Down(key, modifiers);
+    }
+    const bool hasCharacter = IsPrintable(event) && (modifiers & (kModifierControl | kModifierAlt)) == 0;
+    if (hasCharacter && (key == 0 || control == WindowHandle::None)) {
+        for (const QChar unit : event.text()) {
+            control = Shared.Keys.Character(unit.unicode());
+        }
+    }
+    if (control != WindowHandle::None) {
+        Deliver(control, key, modifiers, event);
+    }
+}
+
+void Keyboard::Deliver(WindowHandle control, int key, int modifiers, QKeyEvent& event) {
+    QWidget* widget = Find(control);
+    if (widget == nullptr) {
+        return;
+    }
+    if (QWidget* inner = widget->focusProxy(); inner != nullptr) {
+        widget = inner;
+    }
+    Delivering = true;
+    QKeyEvent copy(event.type(), event.key(), event.modifiers(), event.nativeScanCode(), event.nativeVirtualKey(),
+                   event.nativeModifiers(), event.text(), event.isAutoRepeat(), static_cast<quint16>(event.count()));
+    copy.setAccepted(true);
+    QCoreApplication::sendEvent(widget, &copy);
+    Delivering = false;
+    if (!copy.isAccepted() && key != 0) {
+        Shared.Keys.Unused(control, key, modifiers);
+    }
+}
+
+void Keyboard::Release(QKeyEvent& event) {
+    event.accept();
+    if (event.isAutoRepeat()) {
+        return;
+    }
+    if (event.key() == Qt::Key_Alt && AltAlone) {
+        AltAlone = false;
+        (void)Shared.Navigation.OpenBarMenu(0);
+        return;
+    }
+    if (const int key = ToDeviceKey(event.key()); key != 0) {
+        Shared.Keys.Up(key, ToModifiers(event.modifiers()));
+    }
+}
+
+} // namespace tavo::qt

@@ -1,0 +1,76 @@
+// Starts the program on the desktop, or says what is missing.
+#include "app/start.h"
+#include "host/qt/font.h"
+#include "host/qt/host.h"
+#include "host/qt/store_link.h"
+
+#include <QApplication>
+
+#include <cstdio>
+#include <cstdlib>
+
+#ifndef TAVO_SOUNDS
+#define TAVO_SOUNDS ""
+#endif
+
+namespace {
+
+constexpr int kCannotStart = 1;
+
+int Refuse(const char* problem) {
+    std::fprintf(stderr, "tavocalendar: %s\n", problem);
+    return kCannotStart;
+}
+
+bool IsSet(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
+bool HasDisplay(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        if (std::string_view(argv[i]) == "-platform") {
+            return true;
+        }
+    }
+    return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM");
+}
+
+// The toolkit aborts when it cannot reach the display it was pointed at.
+void TakeToolkitMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    std::fprintf(stderr, "%s\n", qPrintable(message));
+    if (type == QtFatalMsg) {
+        std::fflush(stderr);
+        std::_Exit(Refuse("the display cannot be reached. Start it from a desktop session, or check DISPLAY."));
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    using namespace tavo;
+    if (!HasDisplay(argc, argv)) {
+        return Refuse("there is no display. Start it from a desktop session, or set DISPLAY or WAYLAND_DISPLAY. The "
+                      "command line tool, tavo, works without one.");
+    }
+    const files::RootResult root = files::OpenDeviceRoot(files::RootEnvironment::OfProcess());
+    if (!root.Root.has_value()) {
+        return Refuse(root.Problem.c_str());
+    }
+    qInstallMessageHandler(TakeToolkitMessage);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("tavocalendar"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("tavocalendar"));
+    Q_INIT_RESOURCE(tavo_pictures);
+    if (!qt::PrepareFonts()) {
+        return Refuse("there are no fonts. Install a package with fonts, such as fonts-liberation, and start again.");
+    }
+    qt::StoreLink store(root.Root->StorePath());
+    qt::HostOptions options{*root.Root, TAVO_SOUNDS};
+    options.CreateOutlook = [&](ComPtr<IPOutlookApp>& outlook) { return store.Create(outlook); };
+    options.LastStoreError = [&] { return store.LastError(); };
+    options.BeforeWait = [&] { store.WatchOnceOpen(); };
+    qt::QtHost host(std::move(options));
+    store.SetChanged([&] { host.Parts().State.AnnounceStoreChange(); });
+    return RunTavoCalendar(host);
+}

@@ -1,0 +1,42 @@
+// The open menu: of the menu bar, or tracked anywhere on the screen.
+#pragma once
+
+#include "host/qt/desktop_window.h"
+
+#include <QObject>
+#include <QPointer>
+
+class QMenu;
+
+namespace tavo::qt {
+
+class MenuView final : public QObject {
+  public:
+    MenuView(Device& device, DesktopWindow& desktop) : Shared(device), Desktop(desktop) {}
+
+    ~MenuView() override;
+
+    // What the shell says is to open now.
+    void OpenBarMenu();
+    void OpenTracked();
+    // Closed by the program, not by a choice.
+    void Close();
+
+    QMenu* Current() const;
+
+  protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+  private:
+    QMenu* Build(const std::vector<MenuItem>& items, QWidget* parent);
+    void Open(QMenu* menu, QPoint corner);
+    void Finish();
+    void OpenNeighbour(int step);
+
+    Device& Shared;
+    DesktopWindow& Desktop;
+    QPointer<QMenu> Menu;
+    int Chosen = 0;
+};
+
+} // namespace tavo::qt

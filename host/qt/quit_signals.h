@@ -1,0 +1,32 @@
+// The ends that come from outside: signals, the end of the session.
+#pragma once
+
+#include "host/files/file_descriptor.h"
+
+#include <QObject>
+#include <QSocketNotifier>
+
+#include <functional>
+#include <memory>
+
+namespace tavo::qt {
+
+// SIGTERM, SIGINT, SIGHUP, the session's end and the toolkit's own quit all ask once more, politely.
+class QuitSignals final : public QObject {
+  public:
+    explicit QuitSignals(std::function<void()> asked);
+    ~QuitSignals() override;
+
+  protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+  private:
+    void TakeSignals();
+
+    std::function<void()> Asked;
+    files::FileDescriptor ReadEnd;
+    files::FileDescriptor WriteEnd;
+    std::unique_ptr<QSocketNotifier> Notifier;
+};
+
+} // namespace tavo::qt
