@@ -1,6 +1,7 @@
 // Civil dates and automation dates.
 #include "host/outlook/wall_time.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tavo::outlook {
@@ -54,6 +55,9 @@ Seconds MakeTime(int year, int month, int day, int hour, int minute, int second)
 }
 
 Seconds SecondsFromDate(DATE date) {
+    // Nothing beyond is a date; what is no number at all is far away, too, so that Save refuses it.
+    constexpr DATE kFarAway = 1e8;
+    date = std::isnan(date) ? kFarAway : std::clamp(date, -kFarAway, kFarAway);
     const double whole = std::trunc(date);
     const double fraction = std::fabs(date - whole);
     return static_cast<Seconds>(whole) * kSecondsPerDay +

@@ -1,0 +1,31 @@
+// Judges the lines of a listing by a restriction.
+#pragma once
+
+#include "host/outlook/restriction.h"
+#include "host/outlook/series.h"
+#include "host/outlook/stored_item.h"
+
+namespace tavo::outlook {
+
+class StoreCore;
+
+class EntryFilter {
+  public:
+    EntryFilter(StoreCore& core, const Restriction& restriction)
+        : Core(core), Asked(restriction), TimesOnly(restriction.ComparesTimesOnly()) {}
+
+    // Drops the entries from `since` on that do not match.
+    Status Apply(std::vector<Entry>& entries, std::size_t since);
+
+  private:
+    bool Matches(const Entry& entry) const;
+    bool MatchesCondition(const Condition& condition, const Entry& entry) const;
+    bool MatchesText(const Condition& condition, const Entry& entry) const;
+
+    StoreCore& Core;
+    const Restriction& Asked;
+    bool TimesOnly;
+    StoredItem Loaded; // of the entry that is judged, where more than its times is asked for
+};
+
+} // namespace tavo::outlook

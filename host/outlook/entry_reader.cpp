@@ -1,0 +1,144 @@
+// Pieces of a listing: plain items by two ranges of their clustered table, series by arithmetic.
+#include "host/outlook/entry_reader.h"
+
+#include "host/outlook/item_rows.h"
+#include "host/outlook/store_core.h"
+
+#include <algorithm>
+
+namespace tavo::outlook {
+
+namespace {
+
+constexpr Seconds kFirstPiece = 128 * kSecondsPerDay; // holds the two and a half months of a month page
+constexpr Seconds kLongestPiece = 64 * kFirstPiece;
+constexpr std::size_t kSmallPiece = 1000;
+constexpr Seconds kLongestLength = 32 * kSecondsPerDay; // 31 days, and an hour for changing clocks
+
+Status FindOne(Database& database, const char* sql, Seconds from, Seconds& found) {
+    found = kForever;
+    Query query(database, sql);
+    if (query.Bind(from).Next() && !query.IsNull(0)) {
+        found = query.Integer(0);
+    }
+    return query.Result();
+}
+
+// The earliest time from `from` on at which anything can start; kForever when nothing does.
+Status FindNextStart(StoreCore& core, SeriesAs series, Seconds from, Seconds& found) {
+    Seconds shortItem = kForever;
+    Seconds longItem = kForever;
+    Seconds first = kForever;
+    Status status = FindOne(core.Db, "SELECT min(start) FROM plain WHERE span = 0 AND start >= ?", from, shortItem);
+    if (Succeeded(status)) {
+        status = FindOne(core.Db, "SELECT min(start) FROM plain WHERE span = 1 AND start >= ?", from, longItem);
+    }
+    if (Succeeded(status)) {
+        status = FindOne(core.Db,
+                         series == SeriesAs::Themselves ? "SELECT min(first) FROM series WHERE first >= ?"
+                                                        : "SELECT min(first) FROM series WHERE until >= ?",
+                         from, first);
+    }
+    found = std::min({shortItem, longItem, std::max(first, from)});
+    return status;
+}
+
+} // namespace
+
+void SortEntries(std::vector<Entry>& entries, std::size_t since) {
+    std::sort(entries.begin() + static_cast<std::ptrdiff_t>(since), entries.end(), ComesBefore);
+}
+
+Status EntryReader::FindBeginning() {
+    Begun = true;
+    PieceLength = kFirstPiece;
+    Next = std::max(Span.LowestStart, Span.LowestEnd - kLongestLength);
+    Ended = Next > Span.HighestStart;
+    // A listing that begins in the dark of time begins with the first item there is.
+    return Next < kFirstStoredDay * kSecondsPerDay ? SkipEmptyTime() : Status::Ok;
+}
+
+Status EntryReader::SkipEmptyTime() {
+    Seconds found = 0;
+    const Status status = FindNextStart(Core, Span.Series, Next, found);
+    Ended = Ended || found == kForever || found > Span.HighestStart;
+    Next = std::max(Next, found);
+    return status;
+}
+
+Status EntryReader::ReadPlain(Seconds from, Seconds to, std::int64_t span, std::vector<Entry>& entries) {
+    // What starts earlier has ended by then.
+    const Seconds longest = span == kShortItem ? kSecondsPerDay : kLongestLength;
+    Query query(Core.Db, "SELECT start, oid, length FROM plain WHERE span = ? AND start BETWEEN ? AND ?");
+    query.Bind(span).Bind(std::max(from, Span.LowestEnd - longest)).Bind(to);
+    while (query.Next()) {
+        Entry& entry = entries.emplace_back();
+        entry.Start = query.Integer(0);
+        entry.Item = query.Small(1);
+        entry.SetLength(query.Integer(2));
+    }
+    return query.Result();
+}
+
+Status EntryReader::ReadSeries(Seconds from, Seconds to, std::vector<Entry>& entries) {
+    Query query(Core.Db, "SELECT first, oid, first_length FROM series WHERE first BETWEEN ? AND ?");
+    query.Bind(from).Bind(to);
+    while (query.Next()) {
+        Entry& entry = entries.emplace_back();
+        entry.Start = query.Integer(0);
+        entry.Item = query.Small(1);
+        entry.SetLength(query.Integer(2));
+        entry.Kind = EntryKind::Series;
+    }
+    return query.Result();
+}
+
+Status EntryReader::ReadOccurrences(Seconds from, Seconds to, std::vector<Entry>& entries) {
+    std::vector<SeriesRow> rows;
+    Status status = ReadSeriesTouching(Core.Db, std::max(from, Span.LowestEnd), to, rows);
+    for (const SeriesRow& row : rows) {
+        if (Failed(status)) {
+            break;
+        }
+        status =
+            Core.Items.Series().Expand(row, std::max(from, Span.LowestEnd - row.Length - kSecondsPerDay), to, entries);
+    }
+    return status;
+}
+
+Status EntryReader::ReadPiece(std::vector<Entry>& entries) {
+    if (!Begun) {
+        if (const Status status = FindBeginning(); Failed(status)) {
+            return status;
+        }
+    }
+    const std::size_t since = entries.size();
+    while (!Ended && entries.size() == since) {
+        const Seconds to = std::min(Span.HighestStart, Next + PieceLength - 1);
+        Status status = ReadPlain(Next, to, kShortItem, entries);
+        if (Succeeded(status)) {
+            status = ReadPlain(Next, to, kLongItem, entries);
+        }
+        if (Succeeded(status)) {
+            status = Span.Series == SeriesAs::Occurrences ? ReadOccurrences(Next, to, entries)
+                                                          : ReadSeries(Next, to, entries);
+        }
+        if (Failed(status)) {
+            entries.resize(since);
+            return status;
+        }
+        if (entries.size() - since < kSmallPiece) {
+            PieceLength = std::min(PieceLength * 2, kLongestPiece);
+        }
+        Next = to + 1;
+        if (to >= Span.HighestStart) {
+            Ended = true;
+        } else if (const Status skipped = SkipEmptyTime(); Failed(skipped)) {
+            return skipped;
+        }
+    }
+    SortEntries(entries, since);
+    return Status::Ok;
+}
+
+} // namespace tavo::outlook

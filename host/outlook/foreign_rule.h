@@ -1,0 +1,53 @@
+// Recurrence rules of other calendars that the device's six types cannot say.
+#pragma once
+
+#include "host/outlook/wall_time.h"
+#include "host/outlook/zone_rules.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavo::outlook {
+
+// An occurrence that the rule makes; a period of an RDATE brings its own length.
+struct RuleOccurrence {
+    Seconds Start = 0;
+    std::optional<Seconds> Length;
+};
+
+// Looks a zone up by the name that a TZID parameter gives; null when there is none.
+using ZoneLookup = std::function<const ZoneRules*(const std::string& name)>;
+
+// The unfolded content lines RRULE, EXRULE, RDATE and EXDATE of a series, ready to be expanded. All times are on the
+// clock of the series' own zone (the device's, for a floating one).
+class ForeignRule {
+  public:
+    // Null when a line cannot be read or is not one of the four; `fault` then says which and why, for people.
+    // `own` is the zone of the series, null for a floating one.
+    static std::unique_ptr<ForeignRule> Parse(std::string_view lines, Seconds start, const ZoneRules* own,
+                                              const ZoneLookup& lookup, std::string& fault);
+    ~ForeignRule();
+    ForeignRule(const ForeignRule&) = delete;
+    ForeignRule& operator=(const ForeignRule&) = delete;
+
+    // Adds the occurrences with from <= start <= to, in order, each once.
+    void Expand(Seconds from, Seconds to, std::vector<RuleOccurrence>& occurrences) const;
+    // The first that `isExcepted` does not take out.
+    std::optional<RuleOccurrence> FindFirst(const std::function<bool(Seconds)>& isExcepted) const;
+    // A time after which nothing starts; kForever when the rule is endless or too long to walk.
+    Seconds FindLastStart() const;
+
+  private:
+    struct Parts;
+    explicit ForeignRule(std::unique_ptr<Parts> parts);
+    std::unique_ptr<Parts> Rule;
+};
+
+// The same lines with every date-time in them later by `shift` seconds: for a series that moves within its days.
+std::string ShiftRuleTimes(std::string_view lines, Seconds shift);
+
+} // namespace tavo::outlook

@@ -1,0 +1,275 @@
+// Imports: one transaction, each item looked up by its UID.
+#include "host/outlook/import_writer.h"
+
+#include "host/outlook/save_rules.h"
+#include "host/outlook/store_core.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+namespace tavo::outlook {
+
+struct ImportWriter::Work {
+    explicit Work(StorePtr store) : Source(std::move(store)), Core(Source->Core()) {}
+
+    StorePtr Source;
+    StoreCore& Core;
+    bool Begun = false;
+    std::map<std::string, std::string> ZoneNames; // of this calendar, to those of the store
+    std::map<Oid, std::set<Seconds>> Unoffered;   // moved occurrences from before that were not offered yet
+
+    // Results of an item that is in the store already, under `oid`.
+    Status Replace(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome);
+    Status ExpectExceptions(const StoredItem& stored);
+    Status DropUnoffered();
+    Status Put(Oid oid, const StoredException& exception, ImportOutcome& outcome);
+};
+
+namespace {
+
+bool IsMoved(const StoredException& exception) {
+    return exception.Kind == ExceptionKind::Moved;
+}
+
+void Refuse(ImportOutcome& outcome, std::string_view reason) {
+    outcome.Result = ImportResult::Refused;
+    outcome.Item = 0;
+    outcome.Reason = reason;
+}
+
+} // namespace
+
+ImportWriter::ImportWriter(StorePtr store) : State(std::make_unique<Work>(std::move(store))) {}
+
+ImportWriter::~ImportWriter() {
+    if (State->Begun) {
+        (void)Abandon(); // nobody is left to hear of a failure
+    }
+}
+
+Status ImportWriter::Begin(std::u16string_view groupName) {
+    const Status status = State->Core.BeginGroup(groupName);
+    State->Begun = Succeeded(status);
+    State->ZoneNames.clear();
+    State->Unoffered.clear();
+    return status;
+}
+
+Status ImportWriter::DefineZone(const std::string& name, const std::string& component) {
+    if (!State->Begun) {
+        return Status::Unexpected;
+    }
+    std::string stored;
+    const Status status = State->Core.Zones.Define(name, component, stored);
+    if (Succeeded(status)) {
+        State->ZoneNames[name] = stored;
+    }
+    return status;
+}
+
+bool ImportWriter::KnowsZone(const std::string& name) {
+    return State->ZoneNames.contains(name) || State->Core.Zones.RulesByName(name) != nullptr;
+}
+
+// Remembers the moved occurrences that the item has now: those not offered again go at the end.
+Status ImportWriter::Work::ExpectExceptions(const StoredItem& stored) {
+    for (const StoredException& exception : stored.Exceptions) {
+        if (IsMoved(exception)) {
+            Unoffered[stored.Item].insert(exception.Original);
+        }
+    }
+    return Status::Ok;
+}
+
+Status ImportWriter::Work::Replace(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome) {
+    StoredItem before;
+    Status status = Core.Items.Read(oid, Ink::Leave, before);
+    if (Failed(status)) {
+        return status;
+    }
+    item.Item = oid;
+    // Moved occurrences follow on their own; until then they stay as they were.
+    for (const StoredException& exception : before.Exceptions) {
+        const bool again = std::any_of(item.Exceptions.begin(), item.Exceptions.end(),
+                                       [&](const StoredException& one) { return one.Original == exception.Original; });
+        if (IsMoved(exception) && !again && item.IsRecurring()) {
+            item.Exceptions.push_back(exception);
+        }
+    }
+    if (const SaveFault fault = CheckAndDerive(item); fault != SaveFault::None) {
+        Refuse(outcome, DescribeFault(fault));
+        return Status::Ok;
+    }
+    status = ExpectExceptions(before);
+    if (Succeeded(status)) {
+        // A note that the import does not bring is not the import's to take away.
+        status = Core.ChangeItem(before, item, item.Ink.empty() ? Ink::Leave : Ink::Take, source, outcome.Reason);
+    }
+    outcome.Result = ImportResult::Changed;
+    return status;
+}
+
+Status ImportWriter::Write(const StoredItem& given, ImportOutcome& outcome) {
+    outcome = ImportOutcome();
+    if (!State->Begun) {
+        return Status::Unexpected;
+    }
+    StoreCore& core = State->Core;
+    StoredItem item = given;
+    item.Item = 0;
+    if (const auto name = State->ZoneNames.find(item.Zone); name != State->ZoneNames.end()) {
+        item.Zone = name->second;
+    }
+    if (const SaveFault fault = CheckAndDerive(item); fault != SaveFault::None) {
+        Refuse(outcome, DescribeFault(fault));
+        return Status::Ok;
+    }
+    const std::int64_t fingerprint = FingerprintOf(item);
+    std::int64_t source = 0;
+    Oid oid = 0;
+    Status status = item.Uid.empty() ? Status::Ok : core.Items.FindByUid(item.Uid, oid, source);
+    if (Failed(status)) {
+        return status;
+    }
+    if (oid == 0) {
+        status = core.CreateItem(item, fingerprint, outcome.Reason);
+        outcome.Result = ImportResult::New;
+    } else if (source == fingerprint) {
+        outcome.Result = ImportResult::Unchanged;
+        StoredItem stored;
+        if (item.IsRecurring()) {
+            status = core.Items.Read(oid, Ink::Leave, stored);
+            status = Succeeded(status) ? State->ExpectExceptions(stored) : status;
+        }
+        item.Item = oid;
+    } else {
+        status = State->Replace(oid, item, fingerprint, outcome);
+    }
+    if (status == Status::InvalidArgument && !outcome.Reason.empty()) {
+        Refuse(outcome, std::string(outcome.Reason));
+        return Status::Ok;
+    }
+    if (outcome.Result != ImportResult::Refused) {
+        outcome.Item = item.Item;
+    }
+    return status;
+}
+
+Status ImportWriter::Work::Put(Oid oid, const StoredException& exception, ImportOutcome& outcome) {
+    StoredItem before;
+    Status status = Core.Items.Read(oid, Ink::Leave, before);
+    if (Failed(status)) {
+        return status;
+    }
+    if (!before.IsRecurring()) {
+        Refuse(outcome, kNoSuchSeries);
+        return Status::Ok;
+    }
+    if (const auto expected = Unoffered.find(oid); expected != Unoffered.end()) {
+        expected->second.erase(exception.Original);
+    }
+    StoredItem item = before;
+    const auto place = std::find_if(item.Exceptions.begin(), item.Exceptions.end(),
+                                    [&](const StoredException& one) { return one.Original == exception.Original; });
+    outcome.Item = oid;
+    outcome.Result = ImportResult::Changed;
+    if (place == item.Exceptions.end()) {
+        item.Exceptions.push_back(exception);
+    } else if (*place == exception) {
+        outcome.Result = ImportResult::Unchanged;
+        return Status::Ok;
+    } else {
+        *place = exception;
+    }
+    if (const SaveFault fault = CheckAndDerive(item); fault != SaveFault::None) {
+        Refuse(outcome, DescribeFault(fault));
+        return Status::Ok;
+    }
+    std::int64_t source = 0;
+    status = Core.Items.ReadSource(oid, source);
+    return Succeeded(status) ? Core.ChangeItem(before, item, Ink::Leave, source, outcome.Reason) : status;
+}
+
+Status ImportWriter::WriteException(const std::string& uid, const StoredException& exception, ImportOutcome& outcome) {
+    outcome = ImportOutcome();
+    if (!State->Begun) {
+        return Status::Unexpected;
+    }
+    Oid oid = 0;
+    std::int64_t source = 0;
+    const Status status = uid.empty() ? Status::Ok : State->Core.Items.FindByUid(uid, oid, source);
+    if (Failed(status)) {
+        return status;
+    }
+    if (oid == 0) {
+        Refuse(outcome, kNoSuchSeries);
+        return Status::Ok;
+    }
+    return State->Put(oid, exception, outcome);
+}
+
+Status ImportWriter::RequestTag(TagList list, Oid item, TagWish wish) {
+    if (!State->Begun) {
+        return Status::Unexpected;
+    }
+    std::vector<TagPlace> places;
+    const Status status = State->Core.Tags.FindPlaces(item, places);
+    const bool stands =
+        std::any_of(places.begin(), places.end(), [list](const TagPlace& place) { return place.List == list; });
+    if (Failed(status) || stands == (wish == TagWish::Join)) {
+        return status;
+    }
+    TagRequest request;
+    request.List = list;
+    request.Item = item;
+    request.Set = wish == TagWish::Join;
+    return State->Core.Tags.AddRequest(request);
+}
+
+Status ImportWriter::Work::DropUnoffered() {
+    for (const auto& [oid, originals] : Unoffered) {
+        StoredItem before;
+        Status status = originals.empty() ? Status::NotFound : Core.Items.Read(oid, Ink::Leave, before);
+        if (status == Status::NotFound) {
+            continue;
+        }
+        StoredItem item = before;
+        std::erase_if(item.Exceptions,
+                      [&](const StoredException& one) { return IsMoved(one) && originals.contains(one.Original); });
+        std::int64_t source = 0;
+        std::string fault;
+        if (Succeeded(status)) {
+            status = Core.Items.ReadSource(oid, source);
+        }
+        if (Succeeded(status)) {
+            status = Core.ChangeItem(before, item, Ink::Leave, source, fault);
+        }
+        if (Failed(status)) {
+            return status;
+        }
+    }
+    return Status::Ok;
+}
+
+Status ImportWriter::Commit() {
+    if (!State->Begun) {
+        return Status::Unexpected;
+    }
+    if (const Status status = State->DropUnoffered(); Failed(status)) {
+        (void)Abandon(); // the first failure is the one to report
+        return status;
+    }
+    State->Begun = false;
+    return State->Core.EndGroup();
+}
+
+Status ImportWriter::Abandon() {
+    if (!State->Begun) {
+        return Status::Unexpected;
+    }
+    State->Begun = false;
+    return State->Core.AbandonGroup();
+}
+
+} // namespace tavo::outlook

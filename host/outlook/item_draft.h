@@ -1,0 +1,86 @@
+// An item with what was put into it since it was read: Save writes only that.
+#pragma once
+
+#include "host/outlook/stored_item.h"
+#include "host/outlook/zone_cache.h"
+
+#include <cstdint>
+
+namespace tavo::outlook {
+
+// The properties that can be put, as a set.
+enum Put : std::uint32_t {
+    kPutSubject = 1 << 0,
+    kPutLocation = 1 << 1,
+    kPutCategories = 1 << 2,
+    kPutBody = 1 << 3,
+    kPutInk = 1 << 4,
+    kPutStart = 1 << 5,
+    kPutEnd = 1 << 6,
+    kPutAllDay = 1 << 7,
+    kPutBusy = 1 << 8,
+    kPutSensitivity = 1 << 9,
+    kPutReminderSet = 1 << 10,
+    kPutReminderMinutes = 1 << 11,
+    kPutReminderOptions = 1 << 12,
+    kPutReminderSound = 1 << 13,
+    kPutCleared = 1 << 14, // the recurrence was cleared, before any of the following
+    kPutType = 1 << 15,
+    kPutInterval = 1 << 16,
+    kPutMask = 1 << 17,
+    kPutDayOfMonth = 1 << 18,
+    kPutInstance = 1 << 19,
+    kPutMonth = 1 << 20,
+    kPutPatternEnd = 1 << 21, // one of no end, last day, count
+};
+
+constexpr std::uint32_t kPutPattern =
+    kPutType | kPutInterval | kPutMask | kPutDayOfMonth | kPutInstance | kPutMonth | kPutPatternEnd;
+
+class ItemDraft {
+  public:
+    ItemDraft();
+    explicit ItemDraft(StoredItem item);
+
+    // Times move together: the start keeps the duration, the end and the duration make a new one.
+    void PutStart(Seconds start);
+    void PutEnd(Seconds end);
+    void PutDuration(std::int32_t minutes);
+    std::int32_t DurationMinutes() const;
+
+    // The pattern's own times are those of the item.
+    void PutStartDay(DayNumber day);
+    void PutStartTime(Seconds timeOfDay);
+    void PutEndTime(Seconds timeOfDay);
+
+    // What the pattern's properties show: of an item that does not recur, a fresh weekly pattern on its start.
+    StoredPattern ShownPattern() const;
+    // Before any property of the pattern is put: an item that does not recur begins to, by the fresh pattern.
+    void BeginPattern();
+    void ClearRecurrence();
+    void PutNoEnd(bool noEnd);
+    void PutLastDay(DayNumber day);
+    void PutOccurrences(std::int32_t count);
+
+    bool NoEnd() const { return PatternHasNoEnd; }
+
+    // Puts what was put here into an item as it is stored now. The result still has to pass CheckAndDerive, and then
+    // FinishMerge.
+    void MergeInto(StoredItem& item, ZoneCache& zones) const;
+
+    StoredItem Item;
+    std::uint32_t Put = 0;
+
+  private:
+    void MergeTimes(StoredItem& item, ZoneCache& zones) const;
+    void MergePattern(StoredItem& item) const;
+
+    bool PatternHasNoEnd = true;
+    PatternEnd EndWrittenLast = PatternEnd::Never; // which of last day and count rules
+};
+
+// Keeps or drops what belongs to the rule as it was: `before` is the stored item, `item` the merged and checked one.
+// True when the item changed and has to pass CheckAndDerive once more.
+bool FinishMerge(const StoredItem& before, StoredItem& item, ZoneCache& zones);
+
+} // namespace tavo::outlook

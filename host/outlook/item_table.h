@@ -1,0 +1,56 @@
+// Whole items in the store's tables: read, written and removed with all that hangs on them.
+#pragma once
+
+#include "host/outlook/series.h"
+#include "host/outlook/stored_item.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace tavo::outlook {
+
+enum class Ink { Leave, Take }; // whether the note is read or written with the rest
+
+class ItemTable {
+  public:
+    ItemTable(Database& database, ZoneCache& zones) : Source(database), Zones(zones), Expander(database, zones) {}
+
+    // NotFound when there is no such item.
+    Status Read(Oid oid, Ink ink, StoredItem& item);
+    Status ReadInk(Oid oid, std::vector<std::uint8_t>& ink);
+    bool Exists(Oid oid);
+    // 0 when no item has this UID. `source` gets the fingerprint of what was imported.
+    Status FindByUid(const std::string& uid, Oid& oid, std::int64_t& source);
+    Status ReadSource(Oid oid, std::int64_t& source);
+
+    // The item must have passed CheckAndDerive; its wall-clock times are set from those of its zone. `fault` says what
+    // is wrong when its zone or foreign rule is not understood (InvalidArgument). `source` is 0 for an item made here.
+    Status Insert(StoredItem& item, std::int64_t source, std::string& fault);
+    // Likewise for the item with this OID, as a whole.
+    Status Update(StoredItem& item, Ink ink, std::int64_t source, std::string& fault);
+    // NotFound when it is gone already.
+    Status Remove(Oid oid);
+
+    // After the device moved into another zone, or the rules of zones changed.
+    Status RederiveZoned();
+
+    SeriesExpander& Series() { return Expander; }
+
+  private:
+    Status Prepare(StoredItem& item, ZoneId& zone, std::string& fault);
+    Status WriteRow(const char* sql, const StoredItem& item, ZoneId zone, std::int64_t source);
+    Status WriteParts(const StoredItem& item, ZoneId zone, std::string& fault);
+    Status WriteSeries(const StoredItem& item, ZoneId zone, std::string& fault);
+    Status WriteExceptions(const StoredItem& item);
+    Status WriteInk(Oid oid, std::span<const std::uint8_t> ink);
+    Status RemovePlain(Oid oid);
+    Status ReadRecurrence(StoredItem& item);
+
+    Database& Source;
+    ZoneCache& Zones;
+    SeriesExpander Expander;
+};
+
+} // namespace tavo::outlook

@@ -1,0 +1,213 @@
+// Writing items: the row itself, and the narrow tables that listings read.
+#include "host/outlook/item_rows.h"
+#include "host/outlook/item_table.h"
+#include "host/outlook/text.h"
+
+#include <algorithm>
+
+namespace tavo::outlook {
+
+namespace {
+
+constexpr char kInsert[] =
+    "INSERT INTO item(uid, source, start, length, zone, zone_start, zone_length, flags, busy, sensitivity,"
+    " reminder_minutes, reminder_options, reminder_sound, subject, location, categories, body, oid)"
+    " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)";
+constexpr char kUpdate[] =
+    "UPDATE item SET uid = ?, source = ?, start = ?, length = ?, zone = ?, zone_start = ?, zone_length = ?, flags = ?,"
+    " busy = ?, sensitivity = ?, reminder_minutes = ?, reminder_options = ?, reminder_sound = ?, subject = ?,"
+    " location = ?, categories = ?, body = ? WHERE oid = ?";
+
+Query& BindOptional(Query& query, const std::optional<std::string>& text) {
+    return text ? query.Bind(std::string_view(*text)) : query.BindNull();
+}
+
+std::optional<std::string> OptionalUtf8(const std::optional<std::u16string>& text) {
+    return text ? std::optional(ToUtf8(*text)) : std::nullopt;
+}
+
+} // namespace
+
+Status ItemTable::Prepare(StoredItem& item, ZoneId& zone, std::string& fault) {
+    zone = kFloating;
+    if (item.Zone.empty()) {
+        return Status::Ok;
+    }
+    const Status status = Zones.FindOrAdd(item.Zone, zone);
+    if (status == Status::InvalidArgument) {
+        fault = "its time zone is not known: " + item.Zone;
+    }
+    if (Succeeded(status)) {
+        item.Start = Zones.ToWall(zone, item.ZoneStart);
+        // Where the device's clock goes back in between, the end would come to lie before the start.
+        item.End = std::max(Zones.ToWall(zone, item.ZoneEnd), item.Start);
+    }
+    return status;
+}
+
+Status ItemTable::WriteRow(const char* sql, const StoredItem& item, ZoneId zone, std::int64_t source) {
+    const std::string sound = ToUtf8(item.ReminderSound);
+    const std::string subject = ToUtf8(item.Subject);
+    const std::string location = ToUtf8(item.Location);
+    const std::string categories = ToUtf8(item.Categories);
+    const std::string body = ToUtf8(item.Body);
+    Query query(Source, sql);
+    if (item.Uid.empty()) {
+        query.BindNull();
+    } else {
+        query.Bind(item.Uid);
+    }
+    query.Bind(source).Bind(item.Start).Bind(item.End - item.Start);
+    if (zone == kFloating) {
+        query.BindNull().BindNull().BindNull();
+    } else {
+        query.Bind(zone).Bind(item.ZoneStart).Bind(item.ZoneEnd - item.ZoneStart);
+    }
+    query.Bind((item.AllDay ? kFlagAllDay : 0) | (item.ReminderSet ? kFlagReminder : 0) |
+               (item.IsRecurring() ? kFlagRecurring : 0));
+    query.Bind(item.BusyStatus).Bind(item.Sensitivity).Bind(item.ReminderMinutes).Bind(item.ReminderOptions);
+    query.Bind(sound).Bind(subject).Bind(location).Bind(categories).Bind(body).Bind(item.Item);
+    return query.Finish();
+}
+
+Status ItemTable::WriteSeries(const StoredItem& item, ZoneId zone, std::string& fault) {
+    SeriesRow row;
+    row.Item = item.Item;
+    row.Zone = zone;
+    row.Start = zone == kFloating ? item.Start : item.ZoneStart;
+    row.Length = zone == kFloating ? item.End - item.Start : item.ZoneEnd - item.ZoneStart;
+    row.Pattern = item.Pattern;
+    if (const Status status = Expander.FindBounds(row, item.ForeignRule, item.Exceptions, fault); Failed(status)) {
+        return status;
+    }
+    const StoredPattern& pattern = item.Pattern;
+    Query query(Source, "INSERT INTO series(oid, first, first_length, until, start, length, zone, type, interval, mask,"
+                        " day, instance, month, end_kind, occurrences, last_day, has_exceptions)"
+                        " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+    query.Bind(row.Item).Bind(row.First).Bind(row.FirstLength).Bind(row.Until).Bind(row.Start).Bind(row.Length);
+    if (zone == kFloating) {
+        query.BindNull();
+    } else {
+        query.Bind(zone);
+    }
+    query.Bind(pattern.Type).Bind(pattern.Interval).Bind(pattern.DayOfWeekMask).Bind(pattern.DayOfMonth);
+    query.Bind(pattern.Instance).Bind(pattern.MonthOfYear).Bind(static_cast<std::int64_t>(pattern.End));
+    query.Bind(pattern.Occurrences).Bind(pattern.LastDay).Bind(item.Exceptions.empty() ? 0 : 1);
+    return query.Finish();
+}
+
+Status ItemTable::WriteExceptions(const StoredItem& item) {
+    for (const StoredException& exception : item.Exceptions) {
+        const std::optional<std::string> subject = OptionalUtf8(exception.Subject);
+        const std::optional<std::string> location = OptionalUtf8(exception.Location);
+        Query query(Source, "INSERT INTO exception(oid, original, kind, start, length, subject, location)"
+                            " VALUES (?, ?, ?, ?, ?, ?, ?)");
+        query.Bind(item.Item).Bind(exception.Original).Bind(static_cast<std::int64_t>(exception.Kind));
+        query.Bind(exception.Start).Bind(exception.End - exception.Start);
+        BindOptional(query, subject);
+        BindOptional(query, location);
+        if (const Status status = query.Finish(); Failed(status)) {
+            return status;
+        }
+    }
+    return Status::Ok;
+}
+
+Status ItemTable::WriteInk(Oid oid, std::span<const std::uint8_t> ink) {
+    if (ink.empty()) {
+        Query remove(Source, "DELETE FROM ink WHERE oid = ?");
+        return remove.Bind(oid).Finish();
+    }
+    Query write(Source,
+                "INSERT INTO ink(oid, data) VALUES (?, ?) ON CONFLICT (oid) DO UPDATE SET data = excluded.data");
+    return write.Bind(oid).Bind(ink).Finish();
+}
+
+// The item's row is there already: the others refer to it.
+Status ItemTable::WriteParts(const StoredItem& item, ZoneId zone, std::string& fault) {
+    if (!item.IsRecurring()) {
+        const Seconds length = item.End - item.Start;
+        Query plain(Source, "INSERT INTO plain(span, start, oid, length) VALUES (?, ?, ?, ?)");
+        return plain.Bind(SpanOf(length)).Bind(item.Start).Bind(item.Item).Bind(length).Finish();
+    }
+    Status status = WriteSeries(item, zone, fault);
+    if (Succeeded(status) && item.Pattern.Type == kRecursForeign) {
+        Query rule(Source, "INSERT INTO foreign_rule(oid, rule) VALUES (?, ?)");
+        status = rule.Bind(item.Item).Bind(item.ForeignRule).Finish();
+    }
+    return Succeeded(status) ? WriteExceptions(item) : status;
+}
+
+Status ItemTable::Insert(StoredItem& item, std::int64_t source, std::string& fault) {
+    ZoneId zone = kFloating;
+    Status status = Prepare(item, zone, fault);
+    if (Succeeded(status)) {
+        status = WriteRow(kInsert, item, zone, source);
+    }
+    if (Succeeded(status)) {
+        status = WriteParts(item, zone, fault);
+    }
+    return Succeeded(status) && !item.Ink.empty() ? WriteInk(item.Item, item.Ink) : status;
+}
+
+Status ItemTable::Update(StoredItem& item, Ink ink, std::int64_t source, std::string& fault) {
+    ZoneId zone = kFloating;
+    Status status = Prepare(item, zone, fault);
+    if (Succeeded(status)) {
+        status = RemovePlain(item.Item);
+    }
+    for (const char* sql : {"DELETE FROM series WHERE oid = ?", "DELETE FROM foreign_rule WHERE oid = ?",
+                            "DELETE FROM exception WHERE oid = ?"}) {
+        if (Succeeded(status)) {
+            status = Query(Source, sql).Bind(item.Item).Finish();
+        }
+    }
+    if (Succeeded(status)) {
+        status = WriteRow(kUpdate, item, zone, source);
+    }
+    if (Succeeded(status)) {
+        status = WriteParts(item, zone, fault);
+    }
+    return Succeeded(status) && ink == Ink::Take ? WriteInk(item.Item, item.Ink) : status;
+}
+
+Status ItemTable::RederiveZoned() {
+    std::vector<Oid> zoned;
+    {
+        Query query(Source, "SELECT oid FROM item WHERE zone IS NOT NULL");
+        while (query.Next()) {
+            zoned.push_back(query.Small(0));
+        }
+        if (Failed(query.Result())) {
+            return query.Result();
+        }
+    }
+    for (const Oid oid : zoned) {
+        StoredItem item;
+        std::int64_t source = 0;
+        std::string fault;
+        Status status = Read(oid, Ink::Leave, item);
+        if (Succeeded(status)) {
+            status = ReadSource(oid, source);
+        }
+        if (Succeeded(status)) {
+            status = Source.Run("SAVEPOINT rederive");
+        }
+        if (Succeeded(status)) {
+            status = Update(item, Ink::Leave, source, fault);
+        }
+        if (status == Status::InvalidArgument) {
+            // What nothing is known of any more keeps the times it had.
+            status = Source.Run("ROLLBACK TO rederive");
+        }
+        if (Succeeded(status)) {
+            status = Source.Run("RELEASE rederive");
+        }
+        if (Failed(status)) {
+            return status;
+        }
+    }
+    return Status::Ok;
+}
+
+} // namespace tavo::outlook

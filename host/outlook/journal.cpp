@@ -1,0 +1,119 @@
+// The journal's two tables.
+#include "host/outlook/journal.h"
+
+#include "host/outlook/text.h"
+
+#include <ctime>
+
+namespace tavo::outlook {
+
+void Journal::OpenGroup(std::u16string_view name) {
+    GroupName = ToUtf8(name);
+    GroupId = 0;
+    NextStep = 0;
+    CreatedFirst = 0;
+}
+
+Status Journal::WriteGroup() {
+    Query query(Source, "INSERT INTO journal_group(name, time, undone) VALUES (?, ?, 0)");
+    const Status status = query.Bind(GroupName).Bind(static_cast<std::int64_t>(std::time(nullptr))).Finish();
+    GroupId = Succeeded(status) ? sqlite3_last_insert_rowid(Source.Raw()) : 0;
+    return status;
+}
+
+Status Journal::Write(ChangeKind kind, Oid first, Oid last, std::span<const std::uint8_t> image) {
+    if (GroupId == 0) {
+        if (const Status status = WriteGroup(); Failed(status)) {
+            return status;
+        }
+    }
+    Query query(Source, "INSERT INTO journal_change(group_id, step, kind, oid, last_oid, image)"
+                        " VALUES (?, ?, ?, ?, ?, ?)");
+    query.Bind(GroupId).Bind(NextStep++).Bind(static_cast<std::int64_t>(kind)).Bind(first).Bind(last);
+    return query.Bind(image).Finish();
+}
+
+Status Journal::WriteCreated() {
+    if (CreatedFirst == 0) {
+        return Status::Ok;
+    }
+    const Oid first = CreatedFirst;
+    CreatedFirst = 0;
+    return Write(ChangeKind::Created, first, CreatedLast, {});
+}
+
+Status Journal::NoteCreated(Oid oid) {
+    if (GroupId == 0) {
+        if (const Status status = WriteGroup(); Failed(status)) {
+            return status;
+        }
+    }
+    if (CreatedFirst != 0 && oid == CreatedLast + 1) {
+        CreatedLast = oid;
+        return Status::Ok;
+    }
+    const Status status = WriteCreated();
+    CreatedFirst = oid;
+    CreatedLast = oid;
+    return status;
+}
+
+Status Journal::NoteImage(ChangeKind kind, const ItemImage& image) {
+    const Status status = WriteCreated();
+    return Succeeded(status) ? Write(kind, image.Item.Item, image.Item.Item, EncodeImage(image)) : status;
+}
+
+Status Journal::NoteTag(ChangeKind kind, Oid oid, TagPlace place) {
+    const Status status = WriteCreated();
+    return Succeeded(status) ? Write(kind, oid, oid, EncodeTag(place)) : status;
+}
+
+Status Journal::CloseGroup() {
+    Status status = WriteCreated();
+    if (Succeeded(status)) {
+        Query prune(Source, "DELETE FROM journal_group WHERE id <= ? AND time < ?");
+        status = prune.Bind(GroupId - kKeptGroups)
+                     .Bind(static_cast<std::int64_t>(std::time(nullptr)) - kKeptSeconds)
+                     .Finish();
+    }
+    return status;
+}
+
+Status Journal::FindUndoable(std::int64_t& group, std::u16string& name) {
+    group = 0;
+    Query query(Source, "SELECT id, name FROM journal_group WHERE undone = 0 ORDER BY id DESC LIMIT 1");
+    if (query.Next()) {
+        group = query.Integer(0);
+        name = ToUtf16(query.Text(1));
+    }
+    return query.Result();
+}
+
+Status Journal::ReadChangeBefore(std::int64_t group, std::int64_t& step, std::optional<JournalChange>& change) {
+    change.reset();
+    Query query(Source, "SELECT step, kind, oid, last_oid, image FROM journal_change WHERE group_id = ? AND step < ?"
+                        " ORDER BY step DESC LIMIT 1");
+    if (query.Bind(group).Bind(step).Next()) {
+        step = query.Integer(0);
+        change.emplace();
+        change->Kind = static_cast<ChangeKind>(query.Small(1));
+        change->First = query.Small(2);
+        change->Last = query.Small(3);
+        const auto image = query.Blob(4);
+        change->Image.assign(image.begin(), image.end());
+    }
+    return query.Result();
+}
+
+Status Journal::MarkUndone(std::int64_t group) {
+    Query mark(Source, "UPDATE journal_group SET undone = 1 WHERE id = ?");
+    Status status = mark.Bind(group).Finish();
+    if (Succeeded(status)) {
+        // There is no way forward again: the pictures are of no more use.
+        Query drop(Source, "DELETE FROM journal_change WHERE group_id = ?");
+        status = drop.Bind(group).Finish();
+    }
+    return status;
+}
+
+} // namespace tavo::outlook

@@ -1,0 +1,62 @@
+// What each group of changes did and what was there before, so that it can be taken back.
+#pragma once
+
+#include "host/outlook/database.h"
+#include "host/outlook/item_image.h"
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace tavo::outlook {
+
+enum class ChangeKind { Created = 0, Changed = 1, Deleted = 2, TagInserted = 3, TagRemoved = 4 };
+
+struct JournalChange {
+    ChangeKind Kind = ChangeKind::Created;
+    Oid First = 0; // created items may be a run of OIDs
+    Oid Last = 0;
+    std::vector<std::uint8_t> Image; // of what was there before; of tags: list and position
+};
+
+class Journal {
+  public:
+    explicit Journal(Database& database) : Source(database) {}
+
+    // The journal never falls below either of these.
+    static constexpr std::int64_t kKeptGroups = 1000;
+    static constexpr std::int64_t kKeptSeconds = 3600;
+
+    void OpenGroup(std::u16string_view name);
+    Status NoteCreated(Oid oid);
+    Status NoteImage(ChangeKind kind, const ItemImage& image);
+    Status NoteTag(ChangeKind kind, Oid oid, TagPlace place);
+
+    bool HasChanges() const { return GroupId != 0; }
+
+    // Writes what is still held back, and drops groups that are past both bounds.
+    Status CloseGroup();
+
+    // The newest group that was not taken back; 0 when there is none.
+    Status FindUndoable(std::int64_t& group, std::u16string& name);
+    // Newest change first, one at a time: `step` is where the last one was, and starts as kNewestStep.
+    Status ReadChangeBefore(std::int64_t group, std::int64_t& step, std::optional<JournalChange>& change);
+    Status MarkUndone(std::int64_t group);
+
+    static constexpr std::int64_t kNewestStep = INT64_MAX;
+
+  private:
+    Status WriteGroup();
+    Status WriteCreated();
+    Status Write(ChangeKind kind, Oid first, Oid last, std::span<const std::uint8_t> image);
+
+    Database& Source;
+    std::string GroupName;
+    std::int64_t GroupId = 0; // 0 until the first change
+    std::int64_t NextStep = 0;
+    Oid CreatedFirst = 0; // a run of created items that is not written yet; 0 is none
+    Oid CreatedLast = 0;
+};
+
+} // namespace tavo::outlook

@@ -1,0 +1,145 @@
+// Listings straight from the narrow tables, with the subject of each item read once.
+#include "host/outlook/occurrence_reader.h"
+
+#include "host/outlook/entry_filter.h"
+#include "host/outlook/entry_reader.h"
+#include "host/outlook/item_rows.h"
+#include "host/outlook/store_core.h"
+
+#include <algorithm>
+#include <string>
+#include <unordered_map>
+
+namespace tavo::outlook {
+
+namespace {
+
+// What a line shows of its item; of a series it is kept for the other occurrences.
+struct ItemFacts {
+    std::string Subject;
+    bool AllDay = false;
+    MirroredKind Kind = MirroredKind::Appointment;
+};
+
+class Lister {
+  public:
+    Lister(StoreCore& core, const std::function<void(const ListedOccurrence&)>& visit) : Core(core), Visit(visit) {}
+
+    Status Run(const EntrySpan& span, const Restriction& restriction) {
+        EntryReader reader(Core, span);
+        EntryFilter filter(Core, restriction);
+        std::vector<Entry> entries;
+        while (!reader.AtEnd()) {
+            entries.clear();
+            Status status = reader.ReadPiece(entries);
+            if (Succeeded(status)) {
+                status = filter.Apply(entries, 0);
+            }
+            for (const Entry& entry : entries) {
+                if (Succeeded(status)) {
+                    status = Show(entry);
+                }
+            }
+            if (Failed(status)) {
+                return status;
+            }
+        }
+        return Status::Ok;
+    }
+
+  private:
+    Status Show(const Entry& entry) {
+        if (entry.Kind == EntryKind::Plain) {
+            ItemFacts facts;
+            const Status status = ReadFacts(entry.Item, facts);
+            return status == Status::Ok ? Tell(entry, facts) : status;
+        }
+        auto known = Series.find(entry.Item);
+        if (known == Series.end()) {
+            ItemFacts facts;
+            if (const Status status = ReadFacts(entry.Item, facts); status != Status::Ok) {
+                return status;
+            }
+            known = Series.emplace(entry.Item, std::move(facts)).first;
+        }
+        if (entry.Kind != EntryKind::Moved) {
+            return Tell(entry, known->second);
+        }
+        ItemFacts facts = known->second;
+        Query query(Core.Db, "SELECT subject FROM exception WHERE oid = ? AND original = ? AND subject IS NOT NULL");
+        if (query.Bind(entry.Item).Bind(entry.Original).Next()) {
+            facts.Subject = query.Text(0);
+        }
+        return Failed(query.Result()) ? query.Result() : Tell(entry, facts);
+    }
+
+    Status Tell(const Entry& entry, const ItemFacts& facts) {
+        ListedOccurrence line;
+        line.Start = entry.Start;
+        line.End = entry.End();
+        line.Item = entry.Item;
+        line.Recurring = entry.Kind != EntryKind::Plain;
+        line.AllDay = facts.AllDay;
+        line.Kind = facts.Kind;
+        line.Subject = facts.Subject;
+        Visit(line);
+        return Status::Ok;
+    }
+
+    // False when another process deleted the item in between: no line for it.
+    Status ReadFacts(Oid oid, ItemFacts& facts) {
+        Query query(Core.Db, "SELECT subject, flags, (SELECT min(list) FROM tag WHERE tag.oid = item.oid) FROM item"
+                             " WHERE oid = ?");
+        if (!query.Bind(oid).Next()) {
+            return Failed(query.Result()) ? query.Result() : Status::False;
+        }
+        facts.Subject = query.Text(0);
+        facts.AllDay = (query.Integer(1) & kFlagAllDay) != 0;
+        facts.Kind = query.IsNull(2) ? MirroredKind::Appointment : static_cast<MirroredKind>(query.Small(2));
+        return Status::Ok;
+    }
+
+    StoreCore& Core;
+    const std::function<void(const ListedOccurrence&)>& Visit;
+    std::unordered_map<Oid, ItemFacts> Series;
+};
+
+Status List(StoreCore& core, const Restriction& restriction,
+            const std::function<void(const ListedOccurrence&)>& visit) {
+    EntrySpan span;
+    span.LowestStart = restriction.LowestStart();
+    span.HighestStart = restriction.HighestStart();
+    span.LowestEnd = restriction.LowestEnd();
+    span.Series = SeriesAs::Occurrences;
+    return Lister(core, visit).Run(span, restriction);
+}
+
+Condition MakeCondition(Property property, Seconds low, Seconds high) {
+    Condition condition;
+    condition.Subject = property;
+    condition.Low = low;
+    condition.High = high;
+    condition.WholeDays = true;
+    return condition;
+}
+
+} // namespace
+
+OccurrenceReader::OccurrenceReader(StorePtr store) : Source(std::move(store)) {}
+
+Status OccurrenceReader::ListDays(DayNumber first, DayNumber last,
+                                  const std::function<void(const ListedOccurrence&)>& visit) {
+    Restriction restriction;
+    restriction.Alternatives.push_back({MakeCondition(Property::Start, kLowestTime, MidnightOf(last + 1) - 1),
+                                        MakeCondition(Property::End, MidnightOf(first), kHighestTime)});
+    return List(Source->Core(), restriction, visit);
+}
+
+Status OccurrenceReader::ListStarts(Seconds from, Seconds to,
+                                    const std::function<void(const ListedOccurrence&)>& visit) {
+    Restriction restriction;
+    restriction.Alternatives.push_back({MakeCondition(Property::Start, from, to)});
+    return List(Source->Core(), restriction, visit);
+}
+
+} // namespace tavo::outlook

@@ -1,0 +1,127 @@
+// Log-on, the calendar folder, items by OID, groups.
+#include "host/outlook/outlook_app.h"
+
+#include "host/outlook/appointment.h"
+#include "host/outlook/item_collection.h"
+
+namespace tavo::outlook {
+
+namespace {
+
+class CalendarFolder final : public RefCounted<IFolder> {
+  public:
+    explicit CalendarFolder(ComPtr<Session> session) : Owner(std::move(session)) {}
+
+    Status get_Items(ComPtr<IPOutlookItemCollection>& items) override {
+        items = As<IPOutlookItemCollection>(Make<ItemCollection>(*Owner, Restriction()));
+        return Status::Ok;
+    }
+
+  private:
+    ~CalendarFolder() override = default;
+
+    ComPtr<Session> Owner;
+};
+
+} // namespace
+
+OutlookApp::OutlookApp(std::filesystem::path path, StoreOptions options)
+    : Path(std::move(path)), Options(std::move(options)) {}
+
+OutlookApp::OutlookApp(const StorePtr& store) : Path(store->Core().Path), Open(Make<Session>(store)) {}
+
+Status OutlookApp::Logon(WindowHandle) {
+    if (Open) {
+        return Status::False;
+    }
+    StorePtr store;
+    const Status status = OpenStore(Path, Options, store);
+    if (Succeeded(status)) {
+        Open = Make<Session>(std::move(store));
+    }
+    return status;
+}
+
+Status OutlookApp::Logoff() {
+    if (!Open) {
+        return Status::False;
+    }
+    const Status status = Open->Core.InGroup() ? Open->Core.AbandonGroup() : Status::Ok;
+    Open.Reset();
+    return status;
+}
+
+Status OutlookApp::GetDefaultFolder(int folder, ComPtr<IFolder>& result) {
+    if (!Open) {
+        return Status::Unexpected;
+    }
+    if (folder != kFolderCalendar) {
+        return Status::InvalidArgument;
+    }
+    result = As<IFolder>(Make<CalendarFolder>(Open));
+    return Status::Ok;
+}
+
+Status OutlookApp::GetItemFromOid(Oid oid, ComPtr<IAppointment>& item) {
+    if (!Open) {
+        return Status::Unexpected;
+    }
+    StoredItem stored;
+    const Status status = Open->Core.Items.Read(oid, Ink::Leave, stored);
+    if (Succeeded(status)) {
+        item = As<IAppointment>(Make<Appointment>(*Open, std::move(stored)));
+    }
+    return status;
+}
+
+Status OutlookApp::CreateItem(int kind, ComPtr<IAppointment>& item) {
+    if (!Open) {
+        return Status::Unexpected;
+    }
+    if (kind != kItemAppointment) {
+        return Status::InvalidArgument;
+    }
+    item = As<IAppointment>(Make<Appointment>(*Open));
+    return Status::Ok;
+}
+
+Status OutlookApp::Begin(std::u16string_view name) {
+    return Open ? Open->Core.BeginGroup(name) : Status::Unexpected;
+}
+
+Status OutlookApp::End() {
+    return Open ? Open->Core.EndGroup() : Status::Unexpected;
+}
+
+Status OutlookApp::Abandon() {
+    return Open ? Open->Core.AbandonGroup() : Status::Unexpected;
+}
+
+Status OutlookApp::GetUndoName(std::u16string& name) {
+    return Open ? Open->Core.GetUndoName(name) : Status::Unexpected;
+}
+
+Status OutlookApp::Undo(std::vector<Oid>& restored) {
+    return Open ? Open->Core.Undo(restored) : Status::Unexpected;
+}
+
+ITagMirror& OutlookApp::Tags() {
+    if (Open) {
+        return Open->Core.Tags;
+    }
+    return Closed;
+}
+
+ComPtr<IPOutlookApp> MakeOutlookApp(const StorePtr& store) {
+    return As<IPOutlookApp>(Make<OutlookApp>(store));
+}
+
+ComPtr<IPOutlookApp> CreateOutlookApp(const std::filesystem::path& path, const StoreOptions& options) {
+    return As<IPOutlookApp>(Make<OutlookApp>(path, options));
+}
+
+StorePtr StoreOf(IPOutlookApp& app) {
+    return static_cast<OutlookApp&>(app).Source();
+}
+
+} // namespace tavo::outlook

@@ -1,0 +1,257 @@
+// Tables of the store, each version's steps, and the check that a file has them.
+#include "host/outlook/schema.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
+
+namespace tavo::outlook {
+
+namespace {
+
+// Version 1: everything but the reminder ledger and the place of a wished tag.
+constexpr const char* kVersion1 = R"sql(
+CREATE TABLE setting(
+    name TEXT PRIMARY KEY,
+    value NOT NULL
+) WITHOUT ROWID;
+
+CREATE TABLE change_count(
+    kind TEXT PRIMARY KEY,
+    count INTEGER NOT NULL
+) WITHOUT ROWID;
+
+CREATE TABLE zone(
+    id INTEGER PRIMARY KEY,
+    name TEXT NOT NULL UNIQUE,
+    component TEXT
+);
+
+CREATE TABLE item(
+    oid INTEGER PRIMARY KEY CHECK (oid BETWEEN 1 AND 2147483647),
+    uid TEXT,
+    source INTEGER,
+    start INTEGER NOT NULL,
+    length INTEGER NOT NULL CHECK (length BETWEEN 0 AND 2764800),
+    zone INTEGER REFERENCES zone(id),
+    zone_start INTEGER,
+    zone_length INTEGER,
+    flags INTEGER NOT NULL,
+    busy INTEGER NOT NULL,
+    sensitivity INTEGER NOT NULL,
+    reminder_minutes INTEGER NOT NULL,
+    reminder_options INTEGER NOT NULL,
+    reminder_sound TEXT NOT NULL,
+    subject TEXT NOT NULL,
+    location TEXT NOT NULL,
+    categories TEXT NOT NULL,
+    body TEXT NOT NULL
+);
+CREATE UNIQUE INDEX item_uid ON item(uid) WHERE uid IS NOT NULL;
+
+CREATE TABLE plain(
+    span INTEGER NOT NULL,
+    start INTEGER NOT NULL,
+    oid INTEGER NOT NULL,
+    length INTEGER NOT NULL,
+    PRIMARY KEY (span, start, oid)
+) WITHOUT ROWID;
+
+CREATE TABLE series(
+    oid INTEGER PRIMARY KEY REFERENCES item(oid) ON DELETE CASCADE,
+    first INTEGER NOT NULL,
+    first_length INTEGER NOT NULL,
+    until INTEGER NOT NULL,
+    start INTEGER NOT NULL,
+    length INTEGER NOT NULL,
+    zone INTEGER REFERENCES zone(id),
+    type INTEGER NOT NULL,
+    interval INTEGER NOT NULL,
+    mask INTEGER NOT NULL,
+    day INTEGER NOT NULL,
+    instance INTEGER NOT NULL,
+    month INTEGER NOT NULL,
+    end_kind INTEGER NOT NULL,
+    occurrences INTEGER NOT NULL,
+    last_day INTEGER NOT NULL,
+    has_exceptions INTEGER NOT NULL
+);
+
+CREATE TABLE foreign_rule(
+    oid INTEGER PRIMARY KEY REFERENCES item(oid) ON DELETE CASCADE,
+    rule TEXT NOT NULL
+);
+
+CREATE TABLE exception(
+    oid INTEGER NOT NULL REFERENCES item(oid) ON DELETE CASCADE,
+    original INTEGER NOT NULL,
+    kind INTEGER NOT NULL,
+    start INTEGER NOT NULL,
+    length INTEGER NOT NULL,
+    subject TEXT,
+    location TEXT,
+    PRIMARY KEY (oid, original)
+) WITHOUT ROWID;
+
+CREATE TABLE ink(
+    oid INTEGER PRIMARY KEY REFERENCES item(oid) ON DELETE CASCADE,
+    data BLOB NOT NULL CHECK (length(data) <= 4194304)
+);
+
+CREATE TABLE tag(
+    list INTEGER NOT NULL CHECK (list BETWEEN 0 AND 2),
+    place INTEGER NOT NULL,
+    oid INTEGER NOT NULL,
+    PRIMARY KEY (list, place)
+) WITHOUT ROWID;
+CREATE INDEX tag_oid ON tag(oid);
+
+CREATE TABLE request(
+    id INTEGER PRIMARY KEY AUTOINCREMENT,
+    list INTEGER NOT NULL CHECK (list BETWEEN 0 AND 2),
+    oid INTEGER NOT NULL,
+    wish INTEGER NOT NULL
+);
+
+CREATE TABLE journal_group(
+    id INTEGER PRIMARY KEY AUTOINCREMENT,
+    name TEXT NOT NULL,
+    time INTEGER NOT NULL,
+    undone INTEGER NOT NULL
+);
+
+CREATE TABLE journal_change(
+    group_id INTEGER NOT NULL REFERENCES journal_group(id) ON DELETE CASCADE,
+    step INTEGER NOT NULL,
+    kind INTEGER NOT NULL,
+    oid INTEGER NOT NULL,
+    last_oid INTEGER NOT NULL,
+    image BLOB,
+    PRIMARY KEY (group_id, step)
+) WITHOUT ROWID;
+
+INSERT INTO change_count(kind, count) VALUES ('items', 0), ('ledger', 0);
+INSERT INTO setting(name, value) VALUES ('next_oid', 1), ('device_zone', '');
+)sql";
+
+constexpr const char* kToVersion2 = R"sql(
+ALTER TABLE request ADD COLUMN position INTEGER NOT NULL DEFAULT -1;
+
+CREATE TABLE ledger(
+    oid INTEGER NOT NULL,
+    original INTEGER NOT NULL,
+    due INTEGER NOT NULL,
+    state INTEGER NOT NULL,
+    until INTEGER NOT NULL,
+    PRIMARY KEY (oid, original)
+) WITHOUT ROWID;
+CREATE TRIGGER ledger_insert AFTER INSERT ON ledger BEGIN
+    UPDATE change_count SET count = count + 1 WHERE kind = 'ledger'; END;
+CREATE TRIGGER ledger_update AFTER UPDATE ON ledger BEGIN
+    UPDATE change_count SET count = count + 1 WHERE kind = 'ledger'; END;
+CREATE TRIGGER ledger_delete AFTER DELETE ON ledger BEGIN
+    UPDATE change_count SET count = count + 1 WHERE kind = 'ledger'; END;
+)sql";
+
+// What every file of a version must have; touching a row of each also finds a damaged first page.
+constexpr std::array kTables{"setting", "change_count",  "zone",          "item", "plain",
+                             "series",  "foreign_rule",  "exception",     "ink",  "tag",
+                             "request", "journal_group", "journal_change"};
+constexpr std::array kTablesSince2{"ledger"};
+
+// Turns the pragma with its number into one statement.
+Status SetNumber(Database& database, const char* pragma, std::int32_t number) {
+    const std::string sql = std::string("PRAGMA ") + pragma + "=" + std::to_string(number);
+    return database.Run(sql.c_str());
+}
+
+bool ReadNumber(Database& database, const char* sql, std::int64_t& number) {
+    Query query(database, sql);
+    if (!query.Next()) {
+        return false;
+    }
+    number = query.Integer(0);
+    return true;
+}
+
+Status InTransaction(Database& database, const char* steps) {
+    Status status = database.Run("BEGIN IMMEDIATE");
+    if (Succeeded(status)) {
+        status = database.Run(steps);
+    }
+    if (Succeeded(status)) {
+        status = SetNumber(database, "user_version", kSchemaVersion);
+    }
+    if (Succeeded(status)) {
+        status = database.Run("COMMIT");
+    }
+    if (Failed(status) && database.InTransaction()) {
+        (void)database.Run("ROLLBACK"); // the first failure is the one to report
+    }
+    return status;
+}
+
+Status CheckTable(Database& database, const char* table) {
+    const std::string sql = std::string("SELECT 1 FROM ") + table + " LIMIT 1";
+    const Status status = database.Run(sql.c_str());
+    // An SQL error here means that there is no such table.
+    return status == Status::Fail ? Status::Corrupt : status;
+}
+
+// In a damaged file SQLite may find bytes that are no database any more; by now we know that it is ours.
+Status OursButDamaged(Status status) {
+    return status == Status::NotOurs ? Status::Corrupt : status;
+}
+
+} // namespace
+
+Status CreateSchema(Database& database) {
+    const std::string steps = std::string(kVersion1) + kToVersion2;
+    if (const Status status = SetNumber(database, "application_id", kApplicationId); Failed(status)) {
+        return status;
+    }
+    return InTransaction(database, steps.c_str());
+}
+
+Status ReadSchema(Database& database, std::int32_t& version) {
+    std::int64_t identity = 0;
+    std::int64_t fileVersion = 0;
+    if (!ReadNumber(database, "PRAGMA application_id", identity) ||
+        !ReadNumber(database, "PRAGMA user_version", fileVersion)) {
+        return Failed(database.LastStatus()) ? database.LastStatus() : Status::Corrupt;
+    }
+    if (identity != kApplicationId) {
+        return Status::NotOurs;
+    }
+    version = static_cast<std::int32_t>(fileVersion);
+    if (version > kSchemaVersion) {
+        return Status::NewerVersion;
+    }
+    if (version < 1) {
+        return Status::Corrupt;
+    }
+    for (const char* table : kTables) {
+        if (const Status status = CheckTable(database, table); Failed(status)) {
+            return OursButDamaged(status);
+        }
+    }
+    if (version >= 2) {
+        for (const char* table : kTablesSince2) {
+            if (const Status status = CheckTable(database, table); Failed(status)) {
+                return OursButDamaged(status);
+            }
+        }
+    }
+    return Status::Ok;
+}
+
+Status MigrateSchema(Database& database, std::int32_t version) {
+    std::string steps;
+    if (version < 2) {
+        steps += kToVersion2;
+    }
+    return steps.empty() ? Status::Ok : InTransaction(database, steps.c_str());
+}
+
+} // namespace tavo::outlook

@@ -1,0 +1,230 @@
+// Expanding a series: by its rule on its own clock, then its exceptions, then onto the device's clock.
+#include "host/outlook/series.h"
+
+#include "host/outlook/foreign_rule.h"
+#include "host/outlook/recurrence.h"
+#include "host/outlook/schema.h"
+
+#include <algorithm>
+
+namespace tavo::outlook {
+
+namespace {
+
+// Two clocks are never further apart.
+constexpr Seconds kClockSlack = 28 * 3600;
+
+ZoneLookup LookupIn(ZoneCache& zones) {
+    return [&zones](const std::string& name) { return zones.RulesByName(name); };
+}
+
+} // namespace
+
+Entry SeriesExpander::MakeEntry(const SeriesRow& series, Seconds own, Seconds length) const {
+    Entry entry;
+    entry.Start = own;
+    entry.Original = own;
+    entry.Item = series.Item;
+    entry.SetLength(length);
+    entry.Kind = EntryKind::Occurrence;
+    return entry;
+}
+
+void SeriesExpander::ExpandPattern(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries) {
+    const DayNumber startDay = DayOf(series.Start);
+    const Seconds time = TimeOfDay(series.Start);
+    const RecurrenceDays days(series.Pattern, startDay);
+    DayNumber last = DayOf(to - time);
+    if (series.Pattern.End != PatternEnd::Never) {
+        last = std::min(last, series.Pattern.LastDay);
+    }
+    Entry entry = MakeEntry(series, 0, series.Length);
+    for (DayNumber day = days.FirstOnOrAfter(DayOf(from - time + kSecondsPerDay - 1)); day <= last;
+         day = days.FirstOnOrAfter(day + 1)) {
+        entry.Start = MidnightOf(day) + time;
+        entry.Original = entry.Start;
+        entries.push_back(entry);
+    }
+}
+
+Status SeriesExpander::ExpandForeign(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries) {
+    Query query(Source, "SELECT rule FROM foreign_rule WHERE oid = ?");
+    if (!query.Bind(series.Item).Next()) {
+        return Failed(query.Result()) ? query.Result() : Status::Corrupt;
+    }
+    std::string fault;
+    const auto rule = ForeignRule::Parse(query.Text(0), series.Start, Zones.Rules(series.Zone), LookupIn(Zones), fault);
+    if (rule == nullptr) {
+        return Status::Ok; // a zone it names is no longer known: nothing can be said of it
+    }
+    std::vector<RuleOccurrence> occurrences;
+    rule->Expand(from, to, occurrences);
+    for (const RuleOccurrence& occurrence : occurrences) {
+        entries.push_back(MakeEntry(series, occurrence.Start, occurrence.Length.value_or(series.Length)));
+    }
+    return Status::Ok;
+}
+
+Status SeriesExpander::ApplyExceptions(const SeriesRow& series, Seconds from, Seconds to, std::size_t since,
+                                       std::vector<Entry>& entries) {
+    std::vector<Entry> moved;
+    std::vector<Seconds> originals; // ascending, as the table is
+    Query query(Source, "SELECT original, kind, start, length FROM exception WHERE oid = ? ORDER BY original");
+    query.Bind(series.Item);
+    while (query.Next()) {
+        originals.push_back(query.Integer(0));
+        if (query.Small(1) == static_cast<int>(ExceptionKind::Moved) && query.Integer(2) >= from &&
+            query.Integer(2) <= to) {
+            Entry entry = MakeEntry(series, query.Integer(2), query.Integer(3));
+            entry.Original = query.Integer(0);
+            entry.Kind = EntryKind::Moved;
+            moved.push_back(entry);
+        }
+    }
+    const auto begin = entries.begin() + static_cast<std::ptrdiff_t>(since);
+    entries.erase(std::remove_if(begin, entries.end(),
+                                 [&](const Entry& entry) {
+                                     return std::binary_search(originals.begin(), originals.end(), entry.Original);
+                                 }),
+                  entries.end());
+    entries.insert(entries.end(), moved.begin(), moved.end());
+    return query.Result();
+}
+
+void SeriesExpander::ToDeviceClock(const SeriesRow& series, Seconds from, Seconds to, std::size_t since,
+                                   std::vector<Entry>& entries) {
+    std::size_t kept = since;
+    for (std::size_t index = since; index < entries.size(); ++index) {
+        Entry entry = entries[index];
+        const Seconds end = Zones.ToWall(series.Zone, entry.End());
+        entry.Start = Zones.ToWall(series.Zone, entry.Start);
+        entry.SetLength(end - entry.Start);
+        if (entry.Start >= from && entry.Start <= to) {
+            entries[kept++] = entry;
+        }
+    }
+    entries.resize(kept);
+}
+
+Status SeriesExpander::Expand(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries) {
+    const std::size_t since = entries.size();
+    const bool zoned = series.Zone != kFloating;
+    const Seconds ownFrom = zoned ? from - kClockSlack : from;
+    const Seconds ownTo = zoned ? to + kClockSlack : to;
+    Status status = Status::Ok;
+    if (series.Pattern.Type == kRecursForeign) {
+        status = ExpandForeign(series, ownFrom, ownTo, entries);
+    } else {
+        ExpandPattern(series, ownFrom, ownTo, entries);
+    }
+    if (Succeeded(status) && series.HasExceptions) {
+        status = ApplyExceptions(series, ownFrom, ownTo, since, entries);
+    }
+    if (zoned) {
+        ToDeviceClock(series, from, to, since, entries);
+    }
+    return status;
+}
+
+// The first occurrence that the rule leaves in place, and the end of its last one, on the series' own clock.
+struct SeriesExpander::RuleSpan {
+    bool Any = false;
+    Seconds First = 0;
+    Seconds FirstEnd = 0;
+    Seconds LastEnd = 0;
+
+    void Take(Seconds start, Seconds end) {
+        if (!Any || start < First) {
+            First = start;
+            FirstEnd = end;
+        }
+        LastEnd = Any ? std::max(LastEnd, end) : end;
+        Any = true;
+    }
+};
+
+Status SeriesExpander::FindBounds(SeriesRow& series, const std::string& foreignRule,
+                                  const std::vector<StoredException>& exceptions, std::string& fault) {
+    RuleSpan span;
+    const auto isExcepted = [&exceptions](Seconds original) {
+        return std::any_of(exceptions.begin(), exceptions.end(),
+                           [original](const StoredException& exception) { return exception.Original == original; });
+    };
+    bool endless = false;
+    if (series.Pattern.Type == kRecursForeign) {
+        const auto rule =
+            ForeignRule::Parse(foreignRule, series.Start, Zones.Rules(series.Zone), LookupIn(Zones), fault);
+        if (rule == nullptr) {
+            return Status::InvalidArgument;
+        }
+        const Seconds last = rule->FindLastStart();
+        endless = last == kForever;
+        if (const std::optional<RuleOccurrence> first = rule->FindFirst(isExcepted); first) {
+            span.Take(first->Start, first->Start + first->Length.value_or(series.Length));
+            // A period of an RDATE may be the longest.
+            span.LastEnd = std::max(span.LastEnd, endless ? kForever : last + 32 * kSecondsPerDay);
+        }
+    } else {
+        const RecurrenceDays days(series.Pattern, DayOf(series.Start));
+        const Seconds time = TimeOfDay(series.Start);
+        endless = series.Pattern.End == PatternEnd::Never;
+        const DayNumber last = endless ? kLastStoredDay : series.Pattern.LastDay;
+        DayNumber day = days.FirstOnOrAfter(DayOf(series.Start));
+        while (day <= last && isExcepted(MidnightOf(day) + time)) {
+            day = days.FirstOnOrAfter(day + 1);
+        }
+        if (day <= last) {
+            span.Take(MidnightOf(day) + time, MidnightOf(day) + time + series.Length);
+            const DayNumber lastDay = endless ? day : std::min(days.Nth(series.Pattern.Occurrences), last);
+            span.LastEnd = std::max(span.LastEnd, MidnightOf(lastDay) + time + series.Length);
+        }
+    }
+    endless = endless && span.Any;
+    for (const StoredException& exception : exceptions) {
+        if (exception.Kind == ExceptionKind::Moved) {
+            span.Take(exception.Start, exception.End);
+        }
+    }
+    if (!span.Any) {
+        series.First = Zones.ToWall(series.Zone, series.Start);
+        series.FirstLength = series.Length;
+        series.Until = kNoOccurrence;
+        return Status::Ok;
+    }
+    series.First = Zones.ToWall(series.Zone, span.First);
+    series.FirstLength = std::max<Seconds>(Zones.ToWall(series.Zone, span.FirstEnd) - series.First, 0);
+    // Around a change of clocks a later occurrence may end up a little before an earlier one.
+    series.Until = endless                    ? kForever
+                   : series.Zone == kFloating ? span.LastEnd
+                                              : Zones.ToWall(series.Zone, span.LastEnd) + kSecondsPerDay;
+    return Status::Ok;
+}
+
+Status ReadSeriesTouching(Database& database, Seconds from, Seconds to, std::vector<SeriesRow>& rows) {
+    Query query(database, "SELECT oid, start, length, zone, type, interval, mask, day, instance, month, end_kind,"
+                          " last_day, has_exceptions FROM series WHERE first <= ? AND until >= ?");
+    query.Bind(to).Bind(from);
+    while (query.Next()) {
+        SeriesRow& row = rows.emplace_back();
+        row.Item = query.Small(0);
+        row.Start = query.Integer(1);
+        row.Length = query.Integer(2);
+        row.Zone = query.Integer(3);
+        row.Pattern.Type = query.Small(4);
+        row.Pattern.Interval = query.Small(5);
+        row.Pattern.DayOfWeekMask = query.Small(6);
+        row.Pattern.DayOfMonth = query.Small(7);
+        row.Pattern.Instance = query.Small(8);
+        row.Pattern.MonthOfYear = query.Small(9);
+        row.Pattern.End = static_cast<PatternEnd>(query.Small(10));
+        row.Pattern.LastDay = query.Integer(11);
+        row.HasExceptions = query.Small(12) != 0;
+        if (row.Pattern.Type != kRecursForeign &&
+            (row.Length < 0 || FindPatternFault(row.Pattern) != PatternFault::None)) {
+            return Status::Corrupt; // arithmetic relies on what Save has checked
+        }
+    }
+    return query.Result();
+}
+
+} // namespace tavo::outlook

@@ -1,0 +1,76 @@
+// A series as its narrow table row, and the occurrences that follow from it.
+#pragma once
+
+#include "host/outlook/database.h"
+#include "host/outlook/stored_item.h"
+#include "host/outlook/zone_cache.h"
+
+#include <vector>
+
+namespace tavo::outlook {
+
+enum class EntryKind : std::uint32_t { Plain = 0, Series = 1, Occurrence = 2, Moved = 3 };
+
+// One line of a listing: a plain item, a series that stands for itself, or one occurrence.
+struct Entry {
+    Seconds Start = 0;    // wall clock of the device
+    Seconds Original = 0; // of an occurrence: its recurrence id, on the series' own clock
+    Oid Item = 0;
+    std::uint32_t Length : 29 = 0; // seconds
+    EntryKind Kind : 3 = EntryKind::Plain;
+
+    Seconds End() const { return Start + static_cast<Seconds>(Length); }
+
+    void SetLength(Seconds length) { Length = static_cast<std::uint32_t>(length < 0 ? 0 : length) & 0x1FFFFFFFU; }
+};
+
+inline bool ComesBefore(const Entry& left, const Entry& right) {
+    return left.Start != right.Start ? left.Start < right.Start : left.Item < right.Item;
+}
+
+struct SeriesRow {
+    Oid Item = 0;
+    Seconds First = 0; // bounds on the device's clock: the first occurrence, and what nothing ends after
+    Seconds FirstLength = 0;
+    Seconds Until = 0;
+    Seconds Start = 0; // on the series' own clock
+    Seconds Length = 0;
+    ZoneId Zone = kFloating;
+    StoredPattern Pattern;
+    bool HasExceptions = false;
+};
+
+// Until of a series without any occurrence: before every time.
+constexpr Seconds kNoOccurrence = INT64_MIN / 4;
+
+class SeriesExpander {
+  public:
+    SeriesExpander(Database& database, ZoneCache& zones) : Source(database), Zones(zones) {}
+
+    // Adds the occurrences that start between `from` and `to` on the device's clock, in no particular order.
+    Status Expand(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries);
+
+    // Works out First, FirstLength and Until from the rest. InvalidArgument, with a reason, for a foreign rule that
+    // cannot be read.
+    Status FindBounds(SeriesRow& series, const std::string& foreignRule, const std::vector<StoredException>& exceptions,
+                      std::string& fault);
+
+  private:
+    struct RuleSpan;
+
+    void ExpandPattern(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries);
+    Status ExpandForeign(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries);
+    Status ApplyExceptions(const SeriesRow& series, Seconds from, Seconds to, std::size_t since,
+                           std::vector<Entry>& entries);
+    void ToDeviceClock(const SeriesRow& series, Seconds from, Seconds to, std::size_t since,
+                       std::vector<Entry>& entries);
+    Entry MakeEntry(const SeriesRow& series, Seconds own, Seconds length) const;
+
+    Database& Source;
+    ZoneCache& Zones;
+};
+
+// The series that have an occurrence between the two times on the device's clock (perhaps: the bounds are wide).
+Status ReadSeriesTouching(Database& database, Seconds from, Seconds to, std::vector<SeriesRow>& rows);
+
+} // namespace tavo::outlook

@@ -1,0 +1,123 @@
+// Opening a store.
+#include "host/outlook/store.h"
+
+#include "host/outlook/schema.h"
+#include "host/outlook/store_core.h"
+#include "host/outlook/store_file.h"
+
+#include <sys/statvfs.h>
+
+namespace tavo::outlook {
+
+namespace {
+
+// The narrow tables of a hundred thousand items fit; pages are taken as they are read.
+constexpr const char* kSettings = "PRAGMA cache_size=-16384; PRAGMA foreign_keys=ON; PRAGMA synchronous=FULL;"
+                                  "PRAGMA temp_store=MEMORY; PRAGMA journal_size_limit=4194304";
+
+bool IsDiskFull(const std::filesystem::path& path) {
+    struct statvfs facts {};
+
+    return statvfs(path.parent_path().c_str(), &facts) == 0 && facts.f_bavail == 0;
+}
+
+// SQLite reports some failures of a full disk without the system's reason.
+Status ExplainFailure(Status status, const std::filesystem::path& path) {
+    return status == Status::Fail && IsDiskFull(std::filesystem::absolute(path)) ? Status::DiskFull : status;
+}
+
+Status OpenForWriting(StoreCore& core, const StoreOptions& options) {
+    Status status =
+        core.Db.Open(StoreUri(core.Path, "mode=rw"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI, options.LockPatience);
+    if (Succeeded(status)) {
+        status = core.Db.Run(kSettings);
+    }
+    if (Succeeded(status) && sqlite3_db_readonly(core.Db.Raw(), "main") == 1) {
+        status = Status::AccessDenied;
+    }
+    // Taking the lock of writers and giving it back writes nothing, and tells who else holds the store.
+    if (Succeeded(status)) {
+        status = core.Db.Run("BEGIN IMMEDIATE");
+    }
+    return Succeeded(status) ? core.Db.Run("ROLLBACK") : status;
+}
+
+Status OpenForReading(StoreCore& core, const StoreOptions& options, bool hasLog) {
+    core.CanWrite = false;
+    Status status =
+        core.Db.Open(StoreUri(core.Path, "mode=ro"), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, options.LockPatience);
+    if (Succeeded(status)) {
+        status = core.Db.Run("PRAGMA cache_size=-16384; PRAGMA schema_version");
+    }
+    if (Failed(status) && status != Status::Locked && !hasLog) {
+        // On a read-only disk no file may appear beside the store; without a log none is needed.
+        status = core.Db.Open(StoreUri(core.Path, "mode=ro&immutable=1"), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, 0);
+    }
+    return status;
+}
+
+Status Migrate(StoreCore& core, const FileFacts& facts) {
+    if (facts.Version == kSchemaVersion) {
+        return Status::Ok;
+    }
+    if (!core.CanWrite) {
+        return Status::AccessDenied;
+    }
+    // Another process may have been faster.
+    std::int32_t version = 0;
+    const Status status = ReadSchema(core.Db, version);
+    return Succeeded(status) && version < kSchemaVersion ? MigrateSchema(core.Db, version) : status;
+}
+
+} // namespace
+
+Store::Store(std::unique_ptr<StoreCore> core) : Pointer(std::move(core)) {}
+
+Store::~Store() = default;
+
+Status Store::SetDeviceZone(const std::string& zone) {
+    return Pointer->SetDeviceZone(zone);
+}
+
+bool Store::EndedUncleanly() const {
+    return Pointer->EndedUncleanly;
+}
+
+Status Store::ReadItem(Oid oid, StoredItem& item) {
+    return Pointer->Items.Read(oid, Ink::Take, item);
+}
+
+Status OpenStore(const std::filesystem::path& path, const StoreOptions& options, StorePtr& store) {
+    FileFacts facts;
+    Status status = InspectStoreFile(path, options.LockPatience, facts);
+    if (status == Status::NotFound && options.Rights == Access::ReadWrite) {
+        status = CreateStoreFile(path);
+        if (Succeeded(status)) {
+            status = InspectStoreFile(path, options.LockPatience, facts);
+        }
+    }
+    if (Failed(status)) {
+        return ExplainFailure(status, path);
+    }
+    auto core = std::make_unique<StoreCore>();
+    core->Path = path;
+    core->OpenMark.emplace(path);
+    status = options.Rights == Access::ReadWrite ? OpenForWriting(*core, options)
+                                                 : OpenForReading(*core, options, facts.HasLog);
+    if (Succeeded(status)) {
+        status = Migrate(*core, facts);
+    }
+    if (Succeeded(status)) {
+        const std::string zone = options.DeviceZone.empty() ? ReadSystemZoneName() : options.DeviceZone;
+        status = core->SetDeviceZone(zone);
+    }
+    if (Failed(status)) {
+        return ExplainFailure(status, path);
+    }
+    core->EndedUncleanly = facts.LeftUnclosed;
+    (void)core->TakeForeignItemChange(); // from here on changes count
+    store = std::make_shared<Store>(std::move(core));
+    return Status::Ok;
+}
+
+} // namespace tavo::outlook

@@ -1,0 +1,290 @@
+// Groups of changes: one transaction, one step of undo.
+#include "host/outlook/store_core.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace tavo::outlook {
+
+StoreCore::~StoreCore() {
+    if (GroupOpen) {
+        (void)AbandonGroup(); // nobody is left to hear of a failure
+    }
+}
+
+Status StoreCore::BeginGroup(std::u16string_view name) {
+    if (GroupOpen) {
+        return Status::Unexpected;
+    }
+    if (!CanWrite) {
+        return Status::AccessDenied;
+    }
+    if (const Status status = Db.Run("BEGIN IMMEDIATE"); Failed(status)) {
+        return status;
+    }
+    ResetGroup();
+    GroupOpen = true;
+    Changes.OpenGroup(name);
+    return Status::Ok;
+}
+
+void StoreCore::ResetGroup() {
+    GroupOpen = false;
+    RequestsAdded = false;
+    NextOid = 0;
+    Deleted.clear();
+}
+
+Status StoreCore::CountItemChange() {
+    Query read(Db, "SELECT count FROM change_count WHERE kind = 'items'");
+    if (!read.Next()) {
+        return Failed(read.Result()) ? read.Result() : Status::Corrupt;
+    }
+    const std::int64_t count = read.Integer(0);
+    ForeignChange = ForeignChange || (KnownItemCount >= 0 && count != KnownItemCount);
+    Query write(Db, "UPDATE change_count SET count = ? WHERE kind = 'items'");
+    const Status status = write.Bind(count + 1).Finish();
+    if (Succeeded(status)) {
+        KnownItemCount = count + 1;
+    }
+    return status;
+}
+
+Status StoreCore::CommitGroup() {
+    Status status = Status::Ok;
+    if (Changes.HasChanges()) {
+        status = Changes.CloseGroup();
+    }
+    if (Succeeded(status) && (Changes.HasChanges() || RequestsAdded)) {
+        status = CountItemChange();
+    }
+    if (Succeeded(status)) {
+        status = SaveNextOid();
+    }
+    return Succeeded(status) ? Db.Run("COMMIT") : status;
+}
+
+Status StoreCore::EndGroup() {
+    if (!GroupOpen) {
+        return Status::Unexpected;
+    }
+    // SQLite takes the whole transaction back by itself when, for example, the disk is full.
+    const std::int64_t knownBefore = KnownItemCount;
+    const Status status = Db.InTransaction() ? CommitGroup() : Status::Fail;
+    if (Failed(status)) {
+        KnownItemCount = knownBefore;
+        (void)AbandonGroup(); // the failure of the commit is the one to report
+        return status;
+    }
+    JustUntagged.clear();
+    ResetGroup();
+    return Status::Ok;
+}
+
+Status StoreCore::AbandonGroup() {
+    if (!GroupOpen) {
+        return Status::Unexpected;
+    }
+    NextOidFloor = std::max(NextOidFloor, NextOid);
+    ResetGroup();
+    Zones.Forget();
+    return Db.InTransaction() ? Db.Run("ROLLBACK") : Status::Ok;
+}
+
+Status StoreCore::RunChange(std::u16string_view name, const std::function<Status()>& change) {
+    const bool alone = !GroupOpen;
+    if (alone) {
+        if (const Status status = BeginGroup(name); Failed(status)) {
+            return status;
+        }
+    } else if (!Db.InTransaction()) {
+        return Status::Fail; // the group broke earlier; only End or Abandon is left
+    }
+    Status status = Db.Run("SAVEPOINT change");
+    if (Succeeded(status)) {
+        status = change();
+    }
+    if (Failed(status)) {
+        if (alone) {
+            (void)AbandonGroup(); // the change's own failure is the one to report
+        } else if (Db.InTransaction()) {
+            (void)Db.Run("ROLLBACK TO change; RELEASE change"); // likewise
+        }
+        return status;
+    }
+    status = Db.Run("RELEASE change");
+    return alone && Succeeded(status) ? EndGroup() : status;
+}
+
+Status StoreCore::RunQuietly(const std::function<Status()>& work) {
+    if (!CanWrite) {
+        return Status::AccessDenied;
+    }
+    const bool alone = !Db.InTransaction();
+    if (alone) {
+        if (const Status status = Db.Run("BEGIN IMMEDIATE"); Failed(status)) {
+            return status;
+        }
+    }
+    Status status = work();
+    if (alone && Succeeded(status)) {
+        status = Db.Run("COMMIT");
+    }
+    if (alone && Failed(status) && Db.InTransaction()) {
+        (void)Db.Run("ROLLBACK"); // the first failure is the one to report
+    }
+    return status;
+}
+
+Status StoreCore::TakeOid(Oid& oid) {
+    if (NextOid == 0) {
+        Query query(Db, "SELECT value FROM setting WHERE name = 'next_oid'");
+        if (!query.Next()) {
+            return Failed(query.Result()) ? query.Result() : Status::Corrupt;
+        }
+        NextOid = std::max(query.Integer(0), NextOidFloor);
+    }
+    if (NextOid < 1 || NextOid > std::numeric_limits<Oid>::max()) {
+        return Status::TooLarge;
+    }
+    oid = static_cast<Oid>(NextOid++);
+    return Status::Ok;
+}
+
+Status StoreCore::SaveNextOid() {
+    if (NextOid == 0) {
+        return Status::Ok;
+    }
+    Query query(Db, "UPDATE setting SET value = ? WHERE name = 'next_oid'");
+    return query.Bind(NextOid).Finish();
+}
+
+Status StoreCore::CreateItem(StoredItem& item, std::int64_t source, std::string& fault) {
+    Status status = TakeOid(item.Item);
+    if (Succeeded(status)) {
+        status = Items.Insert(item, source, fault);
+    }
+    if (Succeeded(status)) {
+        status = Changes.NoteCreated(item.Item);
+    } else {
+        item.Item = 0;
+    }
+    return status;
+}
+
+Status StoreCore::ChangeItem(const StoredItem& before, StoredItem& item, Ink ink, std::int64_t source,
+                             std::string& fault) {
+    ItemImage image;
+    image.Item = before;
+    image.HasInk = ink == Ink::Take;
+    Status status = Items.ReadSource(before.Item, image.Source);
+    if (Succeeded(status) && image.HasInk) {
+        status = Items.ReadInk(before.Item, image.Item.Ink);
+    }
+    if (Succeeded(status)) {
+        status = Items.Update(item, ink, source, fault);
+    }
+    return Succeeded(status) ? Changes.NoteImage(ChangeKind::Changed, image) : status;
+}
+
+Status StoreCore::DeleteItem(Oid oid) {
+    ItemImage image;
+    image.HasInk = true;
+    Status status = Items.Read(oid, Ink::Take, image.Item);
+    if (Succeeded(status)) {
+        status = Items.ReadSource(oid, image.Source);
+    }
+    if (Succeeded(status)) {
+        status = Tags.FindPlaces(oid, image.Tags);
+    }
+    for (const auto& [untagged, place] : JustUntagged) {
+        if (untagged == oid) {
+            image.Tags.push_back(place);
+        }
+    }
+    if (Succeeded(status)) {
+        status = Changes.NoteImage(ChangeKind::Deleted, image);
+    }
+    if (Succeeded(status)) {
+        status = Items.Remove(oid);
+    }
+    if (Succeeded(status)) {
+        for (IDeletionListener* listener : Listeners) {
+            listener->OnItemDeleted(oid);
+        }
+    }
+    return status;
+}
+
+Status StoreCore::NoteTag(ChangeKind kind, Oid oid, TagPlace place) {
+    if (GroupOpen) {
+        return Changes.NoteTag(kind, oid, place);
+    }
+    if (kind == ChangeKind::TagRemoved) {
+        JustUntagged.emplace_back(oid, place);
+    }
+    return Status::Ok;
+}
+
+void StoreCore::AddListener(IDeletionListener* listener) {
+    Listeners.push_back(listener);
+}
+
+void StoreCore::RemoveListener(IDeletionListener* listener) {
+    std::erase(Listeners, listener);
+}
+
+void StoreCore::TellCancelled(Oid oid, Seconds original) {
+    for (IDeletionListener* listener : Listeners) {
+        listener->OnOccurrenceCancelled(oid, original);
+    }
+}
+
+Status StoreCore::ReadChangeCounts(std::int64_t& items, std::int64_t& ledger) {
+    Query query(Db, "SELECT kind, count FROM change_count");
+    while (query.Next()) {
+        (query.Text(0) == "items" ? items : ledger) = query.Integer(1);
+    }
+    return query.Result();
+}
+
+bool StoreCore::TakeForeignItemChange() {
+    std::int64_t items = KnownItemCount;
+    std::int64_t ledger = 0;
+    if (Failed(ReadChangeCounts(items, ledger))) {
+        return false; // the next notification asks again
+    }
+    const bool changed = ForeignChange || (KnownItemCount >= 0 && items != KnownItemCount);
+    ForeignChange = false;
+    KnownItemCount = items;
+    return changed;
+}
+
+Status StoreCore::SetDeviceZone(const std::string& name) {
+    const std::string before = Zones.DeviceName();
+    if (!Zones.SetDevice(name)) {
+        return Status::InvalidArgument;
+    }
+    const std::string mark = name + " " + ReadZoneDatabaseRelease();
+    Query query(Db, "SELECT value FROM setting WHERE name = 'device_zone'");
+    if (query.Next() && query.Text(0) == mark) {
+        return Status::Ok;
+    }
+    if (!CanWrite) {
+        return query.Result(); // a reader lives with the times as the last writer left them
+    }
+    const Status status = RunQuietly([&] {
+        Status steps = Items.RederiveZoned();
+        if (Succeeded(steps)) {
+            Query keep(Db, "UPDATE setting SET value = ? WHERE name = 'device_zone'");
+            steps = keep.Bind(mark).Finish();
+        }
+        return Succeeded(steps) ? CountItemChange() : steps;
+    });
+    if (Failed(status)) {
+        (void)Zones.SetDevice(before); // it was set before, so it can be set again
+    }
+    return status;
+}
+
+} // namespace tavo::outlook

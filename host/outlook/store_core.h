@@ -1,0 +1,105 @@
+// The open store's inside: one connection, its tables, and the group of changes that is under way.
+#pragma once
+
+#include "host/outlook/database.h"
+#include "host/outlook/item_table.h"
+#include "host/outlook/journal.h"
+#include "host/outlook/store_file.h"
+#include "host/outlook/tag_mirror.h"
+#include "host/outlook/zone_cache.h"
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavo::outlook {
+
+// Told of what goes, so that a collection can close the gap.
+class IDeletionListener {
+  public:
+    virtual ~IDeletionListener() = default;
+    virtual void OnItemDeleted(Oid oid) = 0;
+    virtual void OnOccurrenceCancelled(Oid oid, Seconds original) = 0;
+};
+
+class StoreCore {
+  public:
+    StoreCore() : Zones(Db), Items(Db, Zones), Changes(Db), Tags(*this) {}
+
+    ~StoreCore();
+    StoreCore(const StoreCore&) = delete;
+    StoreCore& operator=(const StoreCore&) = delete;
+
+    // Groups do not nest: Unexpected.
+    Status BeginGroup(std::u16string_view name);
+    Status EndGroup();
+    Status AbandonGroup();
+
+    bool InGroup() const { return GroupOpen; }
+
+    // Runs a change as part of the open group or as a group of its own; a failure leaves nothing of it.
+    Status RunChange(std::u16string_view name, const std::function<Status()>& change);
+
+    // Parts of changes, only within a group. The item must have passed CheckAndDerive.
+    Status CreateItem(StoredItem& item, std::int64_t source, std::string& fault);
+    // `before` is what the tables hold now; its note is journaled when `ink` takes the note.
+    Status ChangeItem(const StoredItem& before, StoredItem& item, Ink ink, std::int64_t source, std::string& fault);
+    Status DeleteItem(Oid oid);
+    Status NoteTag(ChangeKind kind, Oid oid, TagPlace place);
+
+    void NoteRequest() { RequestsAdded = true; }
+
+    Status GetUndoName(std::u16string& name);
+    Status Undo(std::vector<Oid>& restored);
+
+    // Runs statements in a transaction that is no group: the tag mirror, a change of zone.
+    Status RunQuietly(const std::function<Status()>& work);
+    Status SetDeviceZone(const std::string& name);
+
+    void AddListener(IDeletionListener* listener);
+    void RemoveListener(IDeletionListener* listener);
+    void TellCancelled(Oid oid, Seconds original);
+
+    // How often items, or the ledger, were changed by anybody since the store was made.
+    Status ReadChangeCounts(std::int64_t& items, std::int64_t& ledger);
+    // True once after another process changed items: compares the count with what this connection did itself.
+    bool TakeForeignItemChange();
+
+    std::filesystem::path Path;
+    std::optional<OpenFileMark> OpenMark; // outlives the connection
+    bool CanWrite = true;
+    bool EndedUncleanly = false;
+    Database Db;
+    ZoneCache Zones;
+    ItemTable Items;
+    Journal Changes;
+    TagMirror Tags;
+
+  private:
+    Status CommitGroup();
+    void ResetGroup();
+    Status TakeOid(Oid& oid);
+    Status SaveNextOid();
+    Status CountItemChange();
+    Status UndoChange(const JournalChange& change, std::vector<Oid>& restored);
+    Status UndoCreated(const JournalChange& change, std::vector<Oid>& restored);
+    Status RestoreImage(const JournalChange& change, std::vector<Oid>& restored);
+    Status UndoTag(const JournalChange& change, std::vector<Oid>& restored);
+    Status WishTagBack(Oid oid, TagPlace place, bool set);
+
+    bool GroupOpen = false;
+    bool RequestsAdded = false;
+    std::int64_t NextOid = 0;      // 0: not read in this group
+    std::int64_t NextOidFloor = 1; // what a group that was taken back had given out is not given out again
+    std::int64_t KnownItemCount = -1;
+    bool ForeignChange = false;
+    std::vector<Oid> Deleted; // in this group
+    // Tags that the program took away just before it deletes their item in a group of its own.
+    std::vector<std::pair<Oid, TagPlace>> JustUntagged;
+    std::vector<IDeletionListener*> Listeners;
+};
+
+} // namespace tavo::outlook

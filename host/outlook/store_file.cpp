@@ -1,0 +1,276 @@
+// Looking at a store file from outside.
+#include "host/outlook/store_file.h"
+
+#include "host/outlook/schema.h"
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <mutex>
+#include <set>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tavo::outlook {
+
+namespace {
+
+constexpr std::size_t kHeaderSize = 100;
+constexpr char kMagic[] = "SQLite format 3"; // with its closing zero
+constexpr std::size_t kPageSizeAt = 16;
+constexpr std::size_t kChangeCounterAt = 24;
+constexpr std::size_t kPageCountAt = 28;
+constexpr std::size_t kVersionAt = 60;
+constexpr std::size_t kApplicationAt = 68;
+constexpr std::size_t kValidForAt = 92;
+
+using Header = std::array<unsigned char, kHeaderSize>;
+
+std::uint32_t ReadNumber(const Header& header, std::size_t at) {
+    return static_cast<std::uint32_t>(header[at]) << 24 | static_cast<std::uint32_t>(header[at + 1]) << 16 |
+           static_cast<std::uint32_t>(header[at + 2]) << 8 | header[at + 3];
+}
+
+Status StatusFromErrno(int error) {
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+        return Status::NotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return Status::AccessDenied;
+    case ENOSPC:
+    case EDQUOT:
+        return Status::DiskFull;
+    default:
+        return Status::Fail;
+    }
+}
+
+// Closes with the scope.
+class FileDescriptor {
+  public:
+    explicit FileDescriptor(int number) : Number(number) {}
+
+    ~FileDescriptor() {
+        if (Number >= 0) {
+            close(Number);
+        }
+    }
+
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+
+    const int Number;
+};
+
+Status CheckHeader(const std::filesystem::path& path, bool hasLog) {
+    const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)); // a pipe must not stop us
+
+    struct stat facts {};
+
+    if (file.Number < 0 || fstat(file.Number, &facts) != 0) {
+        return StatusFromErrno(errno);
+    }
+    if (!S_ISREG(facts.st_mode)) {
+        return Status::NotOurs;
+    }
+    Header header{};
+    const ssize_t got = pread(file.Number, header.data(), header.size(), 0);
+    if (got < 0) {
+        return StatusFromErrno(errno);
+    }
+    if (got == 0) {
+        return Status::Corrupt; // a store is never empty: it appears complete
+    }
+    const auto magic = std::min(static_cast<std::size_t>(got), sizeof kMagic);
+    if (std::memcmp(header.data(), kMagic, magic) != 0) {
+        return Status::NotOurs;
+    }
+    if (static_cast<std::size_t>(got) < header.size()) {
+        return Status::Corrupt;
+    }
+    if (ReadNumber(header, kApplicationAt) != static_cast<std::uint32_t>(kApplicationId)) {
+        return Status::NotOurs;
+    }
+    if (static_cast<std::int32_t>(ReadNumber(header, kVersionAt)) > kSchemaVersion) {
+        return Status::NewerVersion;
+    }
+    // The header counts the pages; only a log can hold some of them.
+    const std::uint32_t pageSize = static_cast<std::uint32_t>(header[kPageSizeAt]) << 8 | header[kPageSizeAt + 1];
+    const bool counted = ReadNumber(header, kChangeCounterAt) == ReadNumber(header, kValidForAt);
+    const auto size = static_cast<std::uint64_t>(facts.st_size);
+    const std::uint64_t wanted =
+        static_cast<std::uint64_t>(ReadNumber(header, kPageCountAt)) * (pageSize == 1 ? 65536 : pageSize);
+    return !hasLog && counted && size < wanted ? Status::Corrupt : Status::Ok;
+}
+
+bool HasBytes(const std::filesystem::path& path) {
+    struct stat facts {};
+
+    return stat(path.c_str(), &facts) == 0 && facts.st_size > 0;
+}
+
+using FileIdentity = std::pair<std::uint64_t, std::uint64_t>;
+
+FileIdentity IdentityOf(const std::filesystem::path& path) {
+    struct stat facts {};
+
+    return stat(path.c_str(), &facts) == 0 ? FileIdentity(facts.st_dev, facts.st_ino) : FileIdentity(0, 0);
+}
+
+// Locks on files belong to the process, so what it has open is known to the process.
+struct OpenFiles {
+    std::mutex Guard;
+    std::multiset<FileIdentity> Identities;
+
+    static OpenFiles& OfProcess() {
+        static OpenFiles files;
+        return files;
+    }
+};
+
+// Everybody who has a store with a log open holds a lock on this byte of the file beside it.
+constexpr off_t kLogUserByte = 128;
+
+bool IsLogInUse(const std::filesystem::path& shared) {
+    const FileDescriptor file(open(shared.c_str(), O_RDWR | O_CLOEXEC));
+
+    struct flock lock {};
+
+    lock.l_type = F_WRLCK;
+    lock.l_whence = SEEK_SET;
+    lock.l_start = kLogUserByte;
+    lock.l_len = 1;
+    return file.Number >= 0 && fcntl(file.Number, F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+}
+
+std::filesystem::path Beside(const std::filesystem::path& path, const char* suffix) {
+    std::filesystem::path beside = path;
+    beside += suffix;
+    return beside;
+}
+
+Status SyncFolder(const std::filesystem::path& folder) {
+    const FileDescriptor descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    return descriptor.Number >= 0 && fsync(descriptor.Number) == 0 ? Status::Ok : StatusFromErrno(errno);
+}
+
+// Every missing folder on the way, each for its owner only.
+Status MakeFolders(const std::filesystem::path& folder) {
+    if (folder.empty() || mkdir(folder.c_str(), 0700) == 0 || errno == EEXIST) {
+        return Status::Ok;
+    }
+    if (errno != ENOENT) {
+        return StatusFromErrno(errno);
+    }
+    const Status status = MakeFolders(folder.parent_path());
+    if (Failed(status)) {
+        return status;
+    }
+    return mkdir(folder.c_str(), 0700) == 0 || errno == EEXIST ? Status::Ok : StatusFromErrno(errno);
+}
+
+Status BuildStore(const std::filesystem::path& path) {
+    Database database;
+    Status status = database.Open(StoreUri(path, "mode=rw"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI, 0);
+    if (Succeeded(status)) {
+        // The tables go into the file itself; only then does it get its log.
+        status = database.Run("PRAGMA synchronous=FULL");
+    }
+    if (Succeeded(status)) {
+        status = CreateSchema(database);
+    }
+    return Succeeded(status) ? database.Run("PRAGMA journal_mode=WAL") : status;
+}
+
+} // namespace
+
+std::string StoreUri(const std::filesystem::path& path, const char* parameters) {
+    std::string uri = "file:";
+    for (const char c : std::filesystem::absolute(path).string()) {
+        constexpr char kHex[] = "0123456789ABCDEF";
+        if (c == '?' || c == '#' || c == '%') {
+            const auto byte = static_cast<unsigned char>(c);
+            uri += {'%', kHex[byte >> 4], kHex[byte & 15]};
+        } else {
+            uri += c;
+        }
+    }
+    return uri + "?" + parameters;
+}
+
+OpenFileMark::OpenFileMark(const std::filesystem::path& path) : Identity(IdentityOf(path)) {
+    OpenFiles& files = OpenFiles::OfProcess();
+    const std::lock_guard lock(files.Guard);
+    files.Identities.insert(Identity);
+}
+
+OpenFileMark::~OpenFileMark() {
+    OpenFiles& files = OpenFiles::OfProcess();
+    const std::lock_guard lock(files.Guard);
+    files.Identities.erase(files.Identities.find(Identity));
+}
+
+bool OpenFileMark::IsOpenHere(const std::filesystem::path& path) {
+    OpenFiles& files = OpenFiles::OfProcess();
+    const std::lock_guard lock(files.Guard);
+    return files.Identities.contains(IdentityOf(path));
+}
+
+Status InspectStoreFile(const std::filesystem::path& path, int lockPatience, FileFacts& facts) {
+    if (OpenFileMark::IsOpenHere(path)) {
+        facts.HasLog = true;
+        facts.Version = kSchemaVersion;
+        return Status::Ok;
+    }
+    facts.HasLog = HasBytes(Beside(path, "-wal"));
+    facts.LeftUnclosed = facts.HasLog && !IsLogInUse(Beside(path, "-shm"));
+    if (const Status status = CheckHeader(path, facts.HasLog); Failed(status)) {
+        return status;
+    }
+    // Without a log the file says everything and is read as if it could not change: no locks, no files beside it.
+    // With one, the newest tables may be in the log; it must not be emptied into the file before we know.
+    Database database;
+    Status status = database.Open(StoreUri(path, facts.HasLog ? "mode=ro" : "mode=ro&immutable=1"),
+                                  SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, lockPatience);
+    if (Succeeded(status) && facts.HasLog) {
+        sqlite3_db_config(database.Raw(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    }
+    if (Succeeded(status)) {
+        status = ReadSchema(database, facts.Version);
+    }
+    if (Failed(status) && !facts.HasLog && HasBytes(Beside(path, "-wal"))) {
+        // Somebody began to write while it was read as unchanging.
+        return InspectStoreFile(path, lockPatience, facts);
+    }
+    return status;
+}
+
+Status CreateStoreFile(const std::filesystem::path& path) {
+    const std::filesystem::path folder = std::filesystem::absolute(path).parent_path();
+    if (const Status status = MakeFolders(folder); Failed(status)) {
+        return status;
+    }
+    const std::filesystem::path draft = Beside(path, (".new" + std::to_string(getpid())).c_str());
+    {
+        const FileDescriptor file(open(draft.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0600));
+        if (file.Number < 0) {
+            return StatusFromErrno(errno);
+        }
+    }
+    Status status = BuildStore(draft);
+    if (Succeeded(status) && link(draft.c_str(), path.c_str()) != 0 && errno != EEXIST) {
+        // A file system without links: take the name if it is still free.
+        status = access(path.c_str(), F_OK) == 0 || rename(draft.c_str(), path.c_str()) == 0 ? Status::Ok
+                                                                                             : StatusFromErrno(errno);
+    }
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
+        unlink(Beside(draft, suffix).c_str());
+    }
+    return Succeeded(status) ? SyncFolder(folder) : status;
+}
+
+} // namespace tavo::outlook

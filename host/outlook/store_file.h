@@ -1,0 +1,45 @@
+// The store as a file: what can be said of it before SQLite may write to it, and making a new one.
+#pragma once
+
+#include "host/outlook/database.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <utility>
+
+namespace tavo::outlook {
+
+struct FileFacts {
+    bool HasLog = false;       // a write-ahead log with something in it lies beside the store
+    bool LeftUnclosed = false; // and nobody has it open: its last user ended without closing it
+    std::int32_t Version = 0;
+};
+
+// A file that this process has open already. Closing any second descriptor of such a file would take SQLite's locks
+// away from the whole process, so it must not be looked at from outside; it was, when it was opened.
+class OpenFileMark {
+  public:
+    explicit OpenFileMark(const std::filesystem::path& path);
+    ~OpenFileMark();
+    OpenFileMark(const OpenFileMark&) = delete;
+    OpenFileMark& operator=(const OpenFileMark&) = delete;
+
+    static bool IsOpenHere(const std::filesystem::path& path);
+
+  private:
+    std::pair<std::uint64_t, std::uint64_t> Identity;
+};
+
+// Reads identity, version and tables without changing a byte of the file: NotFound, NotOurs, NewerVersion, Corrupt,
+// AccessDenied, Locked, or Ok. A file that this process has open is Ok.
+Status InspectStoreFile(const std::filesystem::path& path, int lockPatience, FileFacts& facts);
+
+// Makes the folder (0700) and a new, empty store (0600) that appears under its name only when it is complete.
+// Ok also when another process was faster.
+Status CreateStoreFile(const std::filesystem::path& path);
+
+// The form of a path that SQLite opens, with parameters.
+std::string StoreUri(const std::filesystem::path& path, const char* parameters);
+
+} // namespace tavo::outlook

@@ -1,0 +1,110 @@
+// Zones by number and name.
+#include "host/outlook/zone_cache.h"
+
+namespace tavo::outlook {
+
+bool ZoneCache::SetDevice(const std::string& name) {
+    std::unique_ptr<ZoneRules> rules = LoadSystemZone(name);
+    if (rules == nullptr) {
+        return false;
+    }
+    DeviceZone = name;
+    Device = std::move(rules);
+    return true;
+}
+
+const ZoneCache::Zone& ZoneCache::Load(ZoneId zone) {
+    const auto known = Zones.find(zone);
+    if (known != Zones.end()) {
+        return known->second;
+    }
+    Zone loaded;
+    Query query(Source, "SELECT name, component FROM zone WHERE id = ?");
+    if (query.Bind(zone).Next()) {
+        loaded.Name = query.Text(0);
+        loaded.Rules = query.IsNull(1) ? LoadSystemZone(loaded.Name) : ParseZoneComponent(std::string(query.Text(1)));
+    }
+    return Zones.emplace(zone, std::move(loaded)).first->second;
+}
+
+const ZoneRules* ZoneCache::Rules(ZoneId zone) {
+    return zone == kFloating ? nullptr : Load(zone).Rules.get();
+}
+
+const ZoneRules* ZoneCache::RulesByName(const std::string& name) {
+    Query query(Source, "SELECT id FROM zone WHERE name = ?");
+    if (query.Bind(name).Next()) {
+        return Rules(query.Integer(0));
+    }
+    const auto known = SystemZones.find(name);
+    return known != SystemZones.end() ? known->second.get()
+                                      : SystemZones.emplace(name, LoadSystemZone(name)).first->second.get();
+}
+
+std::string ZoneCache::Name(ZoneId zone) {
+    return zone == kFloating ? std::string() : Load(zone).Name;
+}
+
+Status ZoneCache::FindOrAdd(const std::string& name, ZoneId& zone) {
+    zone = kFloating;
+    if (name.empty()) {
+        return Status::Ok;
+    }
+    Query find(Source, "SELECT id FROM zone WHERE name = ?");
+    if (find.Bind(name).Next()) {
+        zone = find.Integer(0);
+        return Status::Ok;
+    }
+    if (Failed(find.Result())) {
+        return find.Result();
+    }
+    if (RulesByName(name) == nullptr) {
+        return Status::InvalidArgument;
+    }
+    Query add(Source, "INSERT INTO zone(name) VALUES (?)");
+    const Status status = add.Bind(name).Finish();
+    zone = sqlite3_last_insert_rowid(Source.Raw());
+    return status;
+}
+
+Status ZoneCache::Define(const std::string& name, const std::string& component, std::string& storedName) {
+    storedName = name;
+    if (LoadSystemZone(name) != nullptr) {
+        return Status::Ok; // the zone database is newer than what came along
+    }
+    if (ParseZoneComponent(component) == nullptr) {
+        return Status::InvalidArgument;
+    }
+    // Different calendars give different zones the same name: the second one gets a number.
+    for (int number = 2;; ++number) {
+        Query find(Source, "SELECT component FROM zone WHERE name = ?");
+        if (find.Bind(storedName).Next()) {
+            if (find.Text(0) == component) {
+                return Status::Ok;
+            }
+            storedName = name + " (" + std::to_string(number) + ")";
+            continue;
+        }
+        if (Failed(find.Result())) {
+            return find.Result();
+        }
+        Query add(Source, "INSERT INTO zone(name, component) VALUES (?, ?)");
+        return add.Bind(storedName).Bind(component).Finish();
+    }
+}
+
+Seconds ZoneCache::ToWall(ZoneId zone, Seconds own) {
+    const ZoneRules* rules = Rules(zone);
+    return rules == nullptr || Device == nullptr ? own : Device->ToLocal(rules->ToUtc(own));
+}
+
+Seconds ZoneCache::FromWall(ZoneId zone, Seconds wall) {
+    const ZoneRules* rules = Rules(zone);
+    return rules == nullptr || Device == nullptr ? wall : rules->ToLocal(Device->ToUtc(wall));
+}
+
+void ZoneCache::Forget() {
+    Zones.clear();
+}
+
+} // namespace tavo::outlook

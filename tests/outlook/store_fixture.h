@@ -1,0 +1,85 @@
+// A store in a folder of its own, and few words to fill it and ask it.
+#pragma once
+
+#include "host/outlook/import_writer.h"
+#include "host/outlook/store.h"
+#include "host/outlook/stored_item.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tavo::outlook::test {
+
+// A folder that goes with the test.
+class ScratchFolder {
+  public:
+    ScratchFolder();
+    ~ScratchFolder();
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+    std::filesystem::path File(const std::string& name) const { return Path / name; }
+
+    const std::filesystem::path Path;
+};
+
+// "2026-05-03" or "2026-05-03 14:30[:15]" in the store's seconds and as an automation date.
+Seconds At(const std::string& text);
+DATE DateAt(const std::string& text);
+std::string TextOf(Seconds time); // "2026-05-03 14:30", with seconds where there are any
+
+class StoreTest : public ::testing::Test {
+  protected:
+    StoreTest();
+
+    void Reopen(const std::string& zone = "UTC");
+
+    ComPtr<IAppointment> NewAppointment(const std::string& start, const std::string& end,
+                                        const std::u16string& subject = u"Item");
+    // Saved; gives its OID.
+    Oid Add(const std::string& start, const std::string& end, const std::u16string& subject = u"Item");
+    Oid AddSeries(const std::string& start, const std::string& end, const StoredPattern& pattern,
+                  const std::u16string& subject = u"Series");
+    // As an import brings it; expects it to be taken.
+    Oid Import(const StoredItem& item);
+    ImportOutcome TryImport(const StoredItem& item);
+    ComPtr<IAppointment> Get(Oid oid);
+    StoredItem Read(Oid oid);
+    bool Exists(Oid oid);
+
+    ComPtr<IPOutlookItemCollection> Items();
+    // Fails the test on a failure; null with no match.
+    ComPtr<IPOutlookItemCollection> Restrict(const std::u16string& restriction);
+    // "start > end" of each item, walked by index.
+    std::vector<std::string> Walk(IPOutlookItemCollection& items);
+    std::vector<Oid> WalkOids(IPOutlookItemCollection& items);
+    // With recurrences included; empty when there is no match.
+    std::vector<std::string> Occurrences(const std::u16string& restriction);
+    std::vector<std::string> Starts(const std::u16string& restriction);
+    std::vector<Oid> Oids(const std::u16string& restriction);
+
+    ScratchFolder Folder;
+    std::filesystem::path File;
+    StorePtr Store;
+    ComPtr<IPOutlookApp> App;
+};
+
+StoredItem MakeItem(const std::string& uid, const std::string& start, const std::string& end,
+                    const std::u16string& subject = u"Imported");
+StoredPattern Daily(std::int32_t interval = 1);
+StoredPattern Weekly(std::int32_t mask, std::int32_t interval = 1);
+StoredPattern Monthly(std::int32_t day, std::int32_t interval = 1);
+StoredPattern MonthNth(std::int32_t instance, std::int32_t mask, std::int32_t interval = 1);
+StoredPattern Yearly(std::int32_t month, std::int32_t day);
+StoredPattern YearNth(std::int32_t month, std::int32_t instance, std::int32_t mask);
+StoredPattern Counted(StoredPattern pattern, std::int32_t count);
+StoredPattern Until(StoredPattern pattern, const std::string& lastDay);
+
+// All bytes of a file.
+std::string BytesOf(const std::filesystem::path& file);
+
+} // namespace tavo::outlook::test
