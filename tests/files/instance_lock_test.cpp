@@ -103,6 +103,16 @@ TEST(InstanceLock, AProgramWaitsForAToolAndIsNotTakenForASecondOne) {
     EXPECT_EQ(program.Acquire(InstanceRole::Program, kPatience), LockOutcome::Held);
 }
 
+TEST(InstanceLock, AToolWaitsForAnotherTool) {
+    const TemporaryFolder folder;
+    Holder first(folder / "Run", InstanceRole::Tool);
+    ASSERT_TRUE(first.IsHeld);
+    InstanceLock second(folder / "Run");
+    EXPECT_EQ(second.Acquire(InstanceRole::Tool, milliseconds(60)), LockOutcome::Busy);
+    first.Kill();
+    EXPECT_EQ(second.Acquire(InstanceRole::Tool, kPatience), LockOutcome::Held);
+}
+
 TEST(InstanceLock, AskingTakesNothingAway) {
     const TemporaryFolder folder;
     InstanceLock lock(folder / "Run");
