@@ -1,17 +1,22 @@
-# Every header compiles alone: each is included, twice, by a source of its own that is made here.
+# Every header compiles alone. A header with a source of its own is the first that its source includes (the layers check
+# sees to both); each other one is included, twice, by a source that is made here.
 
 # tavo_check_headers(FOLDER): builds the sources of FOLDER's headers with what the folder's own targets link.
 function(tavo_check_headers folder)
   file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/${folder}/*.h)
-  if(NOT headers)
-    return()
-  endif()
   set(sources)
   foreach(header IN LISTS headers)
+    string(REGEX REPLACE "h$" "cpp" own_source ${CMAKE_SOURCE_DIR}/${header})
+    if(EXISTS ${own_source})
+      continue()
+    endif()
     set(source ${CMAKE_BINARY_DIR}/headers_alone/${header}.cpp)
     file(CONFIGURE OUTPUT ${source} CONTENT "#include \"${header}\"\n#include \"${header}\" // once more: it must not mind\n")
     list(APPEND sources ${source})
   endforeach()
+  if(NOT sources)
+    return()
+  endif()
 
   string(MAKE_C_IDENTIFIER headers_alone_${folder} name)
   add_library(${name} OBJECT ${sources})

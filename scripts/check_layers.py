@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Fails on whatever breaks the layers: an include against them, a forbidden header or word, a platform with behaviour.
+"""Fails on whatever breaks the layers: an include against them, a forbidden header or word, a platform with behaviour,
+a header that may be included twice, a source that nothing compiles.
 
 usage: check_layers.py [ROOT]
 
@@ -69,6 +70,9 @@ FORBIDDEN_WORDS = {
     r"thread_local": "the program has one thread",
 }
 
+# Sources here are named, each of them, in the CMakeLists.txt that builds them.
+LISTED_FOLDERS = PROGRAM_ORDER + ["framework", "host", "tools", "companion", "tests"]
+
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(?:<([^>\n]+)>|"([^"\n]+)"|(.*))', re.M)
 CONDITION = re.compile(r"^[ \t]*#[ \t]*(?:if|ifdef|ifndef|elif)\b", re.M)
 MODULE_IMPORT = re.compile(r'^[ \t]*(?:export[ \t]+)?import[ \t]*[<"\w]', re.M)
@@ -101,6 +105,10 @@ class Checker:
         layer = layer_of(path)
         self.check_includes(path, layer, text)
         bare = blank_literals(text)
+        if path.endswith(".h") and not re.search(r"^#pragma once$", bare, re.M):
+            self.complain(path, 1, "a header says #pragma once")
+        if path.endswith(".cpp") and is_in(path, LISTED_FOLDERS):
+            self.check_is_listed(path)
         if layer in FREE_OF_CONDITIONS:
             for match in CONDITION.finditer(bare):
                 self.complain(path, line_of(bare, match.start()), "no #if outside host/: the host tells machines apart")
@@ -128,6 +136,17 @@ class Checker:
                 self.check_own_include(path, layer, line, quoted)
             else:
                 self.complain(path, line, f"an include that cannot be checked: {other.strip()}")
+
+    def check_is_listed(self, path):
+        for folder in Path(path).parents:
+            listing = self.root / folder / "CMakeLists.txt"
+            if listing.is_file():
+                name = re.escape(Path(path).relative_to(folder).as_posix())
+                text = listing.read_text(encoding="utf-8").replace("${CMAKE_CURRENT_SOURCE_DIR}/", "")
+                if not re.search(rf"(?<![\w./-]){name}(?![\w.])", text):
+                    self.complain(path, 1, f"{(folder / 'CMakeLists.txt').as_posix()} does not list it: nothing compiles it")
+                return
+        self.complain(path, 1, "no CMakeLists.txt lists it: nothing compiles it")
 
     def check_system_include(self, path, layer, line, header):
         if layer in PURE_LAYERS:

@@ -44,6 +44,14 @@ class HeaderCheck(MadeUpTree):
         self.assertNotEqual(status, 0)
         self.assertIn("store/a.h", output)
 
+    def test_AHeaderWithItsOwnSourceIsProvenByThatSource(self):
+        self.write("store/a.h", "#pragma once\ninline std::string Name() { return {}; }\n")
+        self.write("store/a.cpp", '#include "store/a.h"\n')
+        self.write("store/CMakeLists.txt", "tavo_library(ours SOURCES a.cpp)\n")
+        status, output = self.build()
+        self.assertNotEqual(status, 0)
+        self.assertIn("a.cpp", output)
+
     def test_AHeaderWithoutAGuardBreaksTheBuild(self):
         self.write("store/a.h", "inline int Name() { return 0; }\n")
         self.assertNotEqual(self.build()[0], 0)
@@ -55,10 +63,10 @@ class HeaderCheck(MadeUpTree):
     def test_AHeaderSeesWhatItsFolderLinks(self):
         self.write("host/files/library/their_header.h", "#pragma once\n")
         self.write("host/files/a.h", "#pragma once\n#include <their_header.h>\n")
-        self.write("host/files/a.cpp", '#include "host/files/a.h"\n')
+        self.write("host/files/b.cpp", '#include "host/files/a.h"\n')
         self.write("host/files/CMakeLists.txt",
                    "add_library(theirs INTERFACE)\ntarget_include_directories(theirs INTERFACE library)\n"
-                   "tavo_library(ours SOURCES a.cpp LINKS theirs)\n")
+                   "tavo_library(ours SOURCES b.cpp LINKS theirs)\n")
         status, output = self.build()
         self.assertEqual(status, 0, output)
 

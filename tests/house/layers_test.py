@@ -4,6 +4,14 @@ from made_up_tree import MadeUpTree, run_tests
 
 
 class LayersCheck(MadeUpTree):
+    def write(self, path, text):
+        """Every source is listed where it should be, so that a test sees only the breach it is about."""
+        super().write(path, text)
+        if path.endswith(".cpp"):
+            folder, name = path.rsplit("/", 1)
+            with open(self.root / folder / "CMakeLists.txt", "a", encoding="ascii") as listing:
+                listing.write(f"add_library(one {name})\n")
+
     def accept(self):
         result = self.run_script("check_layers.py")
         self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
@@ -62,16 +70,30 @@ class LayersCheck(MadeUpTree):
         self.write("platform/a.cpp", "int A();\n")
         self.refuse("platform/a.cpp:1: the platform declares and does nothing")
 
+    def test_AHeaderSaysPragmaOnce(self):
+        self.write("store/a.h", "// #pragma once\nint a();\n")
+        self.refuse("store/a.h:1: a header says #pragma once")
+
+    def test_ASourceThatNothingCompilesIsFound(self):
+        self.write("host/files/a.cpp", "int A();\n")
+        self.write("host/files/inner/b.cpp", "int B();\n")
+        self.write("store/c.cpp", "int C();\n")
+        (self.root / "host/files/inner/CMakeLists.txt").unlink()
+        (self.root / "store/CMakeLists.txt").write_text("add_library(one ${CMAKE_CURRENT_SOURCE_DIR}/c.cpp)\n")
+        (self.root / "host/files/CMakeLists.txt").write_text("add_library(one aa.cpp xinner/b.cpp a.cpp.in)\n")
+        self.refuse("host/files/a.cpp:1: host/files/CMakeLists.txt does not list it",
+                    "host/files/inner/b.cpp:1: host/files/CMakeLists.txt does not list it")
+
     def test_AForeignLibraryIsForbiddenInAllPureLayers(self):
-        self.write("framework/a.h", "#include <QWidget>\n")
-        self.write("platform/a.h", "#include <unistd.h>\n")
-        self.write("store/a.h", "#include <sqlite3.h>\n")
-        self.refuse("framework/a.h:1: <QWidget>", "platform/a.h:1: <unistd.h>", "store/a.h:1: <sqlite3.h>")
+        self.write("framework/a.h", "#pragma once\n#include <QWidget>\n")
+        self.write("platform/a.h", "#pragma once\n#include <unistd.h>\n")
+        self.write("store/a.h", "#pragma once\n#include <sqlite3.h>\n")
+        self.refuse("framework/a.h:2: <QWidget>", "platform/a.h:2: <unistd.h>", "store/a.h:2: <sqlite3.h>")
 
     def test_TimeRandomnessLocaleFilesAndThreadsComeFromTheHost(self):
         for name in ("ctime", "random", "locale", "filesystem", "fstream", "thread", "stdexcept"):
-            self.write(f"store/{name}.h", f"#include <{name}>\n")
-        self.refuse(*(f"store/{name}.h:1: <{name}>: " for name in
+            self.write(f"store/{name}.h", f"#pragma once\n#include <{name}>\n")
+        self.refuse(*(f"store/{name}.h:2: <{name}>: " for name in
                       ("ctime", "filesystem", "fstream", "locale", "random", "stdexcept", "thread")))
 
     def test_AHostKnowsOnlyTheStartOfTheProgram(self):
