@@ -1,11 +1,25 @@
 // Putting the scripted device together.
 #include "host/headless/headless_host.h"
 
+#include "host/outlook/store.h"
+
 namespace tavo::headless {
+
+namespace {
+
+Status MakeRealStore(const std::filesystem::path& store, ComPtr<IPOutlookApp>& outlook) {
+    outlook::StoreOptions options;
+    options.DeviceZone = "UTC"; // whatever the zone of the machine that runs the test
+    outlook = outlook::CreateOutlookApp(store, options);
+    return outlook ? Status::Ok : Status::Fail;
+}
+
+} // namespace
 
 HeadlessHost::HeadlessHost(const DeviceOptions& options)
     : Root(options.Root), Time(options.Now, [this] { OwnQueue.PostQuitMessage(kScriptEnded); }),
-      OwnFiles({Root.Path().string(), options.InstalledSounds.string()}), Outlook(options.Outlook) {
+      OwnFiles({Root.Path().string(), options.InstalledSounds.string()}),
+      Outlook(options.Outlook ? options.Outlook : MakeRealStore) {
     Seen.Watch(State);
 }
 
@@ -21,9 +35,6 @@ void HeadlessHost::CoUninitialize() {
 }
 
 Status HeadlessHost::CoCreateInstance(ComPtr<IPOutlookApp>& outlook) {
-    if (!Outlook) {
-        return Status::Fail;
-    }
     return Outlook(Root.Path() / "Outlook.db", outlook);
 }
 

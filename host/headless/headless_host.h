@@ -27,7 +27,7 @@ struct DeviceOptions {
     SYSTEMTIME Now{2004, 11, 3, 17, 10, 0, 0, 0};
     std::filesystem::path Root = {}; // empty: a temporary folder
     std::filesystem::path InstalledSounds = {};
-    OutlookFactory Outlook = {}; // none: CoCreateInstance fails
+    OutlookFactory Outlook = {}; // empty: the real store, in the device's own folder
 };
 
 // The exit code when the program waited although the script had ended.
