@@ -14,9 +14,10 @@ class WordReader {
     // The next word; of --name=value only the name, whose value waits for TakeValue.
     std::string_view Take() {
         std::string_view word = Words[Next++];
-        Attached = std::nullopt;
+        HasAttached = false;
         if (const std::size_t equals = word.find('='); IsOption(word) && equals != std::string_view::npos) {
             Attached = word.substr(equals + 1);
+            HasAttached = true;
             word = word.substr(0, equals);
         }
         Option = word;
@@ -30,9 +31,9 @@ class WordReader {
     bool IsOption(std::string_view word) const { return !OptionsOver && word.size() > 1 && word[0] == '-'; }
 
     bool TakeValue(std::string_view& value, std::string& error) {
-        if (Attached) {
-            value = *Attached;
-            Attached = std::nullopt;
+        if (HasAttached) {
+            value = Attached;
+            HasAttached = false;
         } else if (HasMore()) {
             value = Words[Next++];
         } else {
@@ -44,7 +45,7 @@ class WordReader {
 
     // A --flag=value where the flag takes none.
     bool RefuseValue(std::string& error) const {
-        if (!Attached) {
+        if (!HasAttached) {
             return true;
         }
         error = "The option " + std::string(Option) + " takes no value.";
@@ -55,7 +56,8 @@ class WordReader {
     std::span<const std::string_view> Words;
     std::size_t Next = 0;
     std::string_view Option;
-    std::optional<std::string_view> Attached;
+    std::string_view Attached; // what stood behind an option's equals sign
+    bool HasAttached = false;
     bool OptionsOver = false;
 };
 
