@@ -20,6 +20,10 @@ class CTavoApp : public ICommandTarget {
     // Gives back what InitInstance took.
     void ExitInstance();
 
+    CMessagePump& MessagePump() { return Pump; }
+
+    CProgramState& ProgramState() { return State; }
+
   private:
     bool ActivateRunningCopy();
     void TakeCommand(int command) override;

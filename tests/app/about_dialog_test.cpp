@@ -1,0 +1,76 @@
+// The About dialog.
+#include "res/resource_ids.h"
+#include "tests/support/running_program.h"
+
+#include <gtest/gtest.h>
+
+namespace tavo::test {
+namespace {
+
+TEST(AboutDialog, NamesTheProgramAndItsVersion) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    program.Device.ChooseMenu(u"Tools", kCommandAbout);
+    program.Device.Do([&] {
+        EXPECT_TRUE(program.Device.See.IsDialogOpen());
+        EXPECT_EQ(program.Device.See.Caption(), u"About Tavo Calendar");
+        EXPECT_TRUE(program.Device.See.ShowsText(u"About Tavo Calendar"));
+        EXPECT_TRUE(program.Device.See.ShowsBitmap(kBitmapProgram));
+        EXPECT_EQ(program.Device.See.PixelAt(0, 25), (Color{0x000000}));
+        EXPECT_EQ(program.Device.See.PixelAt(239, 25), (Color{0x000000}));
+        EXPECT_EQ(program.Device.See.PixelAt(0, 24), (Color{0xFFFFFF}));
+    });
+    program.Device.PressOk();
+    ASSERT_TRUE(program.Settle());
+    EXPECT_FALSE(program.Device.See.IsDialogOpen());
+}
+
+TEST(AboutDialog, TheTitleBandIsBlueBoldArialCentredVertically) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    program.Device.ChooseMenu(u"Tools", kCommandAbout);
+    program.Device.Do([&] {
+        bool found = false;
+        for (const headless::DrawCall& call : program.Device.See.LastFrame()->Calls) {
+            if (call.Text == u"About Tavo Calendar") {
+                found = true;
+                EXPECT_EQ(call.Area, (Rect{5, 0, 240, 25}));
+                EXPECT_EQ(call.Ink, (Color{0xFF0000}));
+                EXPECT_EQ(call.Font, "Arial -13 700");
+                EXPECT_EQ(call.Format, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+            }
+        }
+        EXPECT_TRUE(found);
+    });
+    program.Device.PressClose();
+    ASSERT_TRUE(program.Settle());
+}
+
+TEST(AboutDialog, ThePagesBeneathTakeNoInput) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    program.Device.ChooseMenu(u"Tools", kCommandAbout);
+    program.Device.Tap(150, 250); // where the Calendar tab lies beneath
+    program.Device.Key(VK_LEFT);
+    program.Device.Do([&] { EXPECT_TRUE(program.Device.See.IsDialogOpen()); });
+    program.Device.PressClose();
+    ASSERT_TRUE(program.Settle());
+    EXPECT_EQ(program.Device.See.Caption(), u"Clock");
+    EXPECT_TRUE(program.Device.See.ShowsBitmap(kBitmapDialFace));
+}
+
+TEST(AboutDialog, EnterAndEscapeCloseIt) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    for (const int key : {VK_RETURN, VK_ESCAPE}) {
+        program.Device.ChooseMenu(u"Tools", kCommandAbout);
+        program.Device.Do([&] { EXPECT_TRUE(program.Device.See.IsDialogOpen()); });
+        program.Device.Key(key);
+        ASSERT_TRUE(program.Settle());
+        EXPECT_FALSE(program.Device.See.IsDialogOpen());
+        EXPECT_FALSE(program.Device.Host().State.Minimized);
+    }
+}
+
+} // namespace
+} // namespace tavo::test

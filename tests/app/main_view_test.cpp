@@ -1,0 +1,160 @@
+// The main view: its pages, the page bar and change notices.
+#include "res/resource_ids.h"
+#include "tests/support/running_program.h"
+
+#include <gtest/gtest.h>
+
+namespace tavo::test {
+namespace {
+
+class MainView : public testing::Test {
+  protected:
+    void SetUp() override { ASSERT_TRUE(Program.Start()); }
+
+    void TapBar(int x, int y) {
+        Program.Device.Tap(x, y);
+        ASSERT_TRUE(Program.Settle());
+    }
+
+    std::u16string Page() const { return Program.Device.See.Caption(); }
+
+    void PostNotice() {
+        Message notice;
+        notice.Window = Program.State().MainView;
+        notice.Number = WM_USER + 1000;
+        Program.Device.Host().Queue().PostMessageW(notice);
+    }
+
+    int TimesPresented() const { return Program.Device.See.LastFrame()->Count; }
+
+    RunningProgram Program;
+};
+
+TEST_F(MainView, ThePageBarIsFourCellsOfSixtyPixels) {
+    TapBar(60, 242);
+    EXPECT_EQ(Page(), u"Schedule");
+    TapBar(59, 242);
+    EXPECT_EQ(Page(), u"Clock");
+    TapBar(120, 266);
+    EXPECT_EQ(Page(), u"Calendar");
+    TapBar(239, 250);
+    EXPECT_EQ(Page(), u"Settings");
+    EXPECT_EQ(Program.State().CurrentPage, 3);
+}
+
+TEST_F(MainView, TheEdgesOfThePageBarAreNoPressOnIt) {
+    TapBar(150, 241);
+    EXPECT_EQ(Page(), u"Clock");
+    TapBar(150, 267);
+    EXPECT_EQ(Page(), u"Clock");
+}
+
+TEST_F(MainView, APressOnTheShownPagesCellDoesNothing) {
+    TapBar(30, 250);
+    EXPECT_EQ(Page(), u"Clock");
+    EXPECT_EQ(Program.State().CurrentPage, 0);
+}
+
+TEST_F(MainView, EachPageHighlightsItsOwnTab) {
+    const std::vector<int> tabs{kBitmapTabClock, kBitmapTabSchedule, kBitmapTabCalendar, kBitmapTabSettings};
+    for (int page = 0; page < 4; ++page) {
+        Program.ShowPage(page);
+        for (int other = 0; other < 4; ++other) {
+            EXPECT_EQ(Program.Device.See.ShowsBitmap(tabs[static_cast<std::size_t>(other)]), other == page)
+                << "page " << page << ", tab " << other;
+        }
+    }
+}
+
+TEST_F(MainView, ControlAndPageKeysGoFromPageToPage) {
+    Program.Device.Key(VK_NEXT, kModifierControl);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_EQ(Page(), u"Schedule");
+    Program.Device.Key(VK_PRIOR, kModifierControl);
+    Program.Device.Key(VK_PRIOR, kModifierControl);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_EQ(Page(), u"Settings");
+}
+
+TEST_F(MainView, TenNoticesWithinHalfASecondCauseOneRefresh) {
+    Program.ShowPage(2);
+    const int before = TimesPresented();
+    for (int i = 0; i < 10; ++i) {
+        Program.Device.Do([this] { PostNotice(); });
+        Program.Device.AdvanceClock(40);
+    }
+    Program.Device.AdvanceClock(459); // with the last 40: just short of half a second
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_EQ(TimesPresented(), before);
+    Program.Device.AdvanceClock(1);
+    Program.Device.AdvanceClock(2000);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_EQ(TimesPresented(), before + 2); // the bare grid, and the grid with its marks
+}
+
+TEST_F(MainView, ANoticeShowsWhatChangedInTheStore) {
+    Program.ShowPage(2);
+    EXPECT_EQ(Program.CellName(0, 3), u"2004-11-03");
+    Program.GivenAppointment(u"Dentist", At(2004, 11, 3, 9), At(2004, 11, 3, 10));
+    Program.Device.Do([this] { PostNotice(); });
+    Program.Device.AdvanceClock(500);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_EQ(Program.CellName(0, 3), u"2004-11-03: appointment");
+}
+
+TEST_F(MainView, NoticesAreIgnoredWhileRefreshIsSuppressed) {
+    Program.ShowPage(2);
+    Program.State().RefreshSuppressed = true;
+    const int before = TimesPresented();
+    Program.Device.Do([this] { PostNotice(); });
+    Program.Device.AdvanceClock(5000);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_EQ(TimesPresented(), before);
+}
+
+TEST_F(MainView, ANoticeWhileAnotherPageIsOnShowReachesTheCalendarWhenItOpens) {
+    Program.ShowPage(2);
+    Program.ShowPage(0);
+    Program.GivenAppointment(u"Dentist", At(2004, 11, 4, 9), At(2004, 11, 4, 10));
+    Program.Device.Do([this] { PostNotice(); });
+    Program.Device.AdvanceClock(500);
+    ASSERT_TRUE(Program.Settle());
+    Program.ShowPage(2);
+    EXPECT_EQ(Program.CellName(0, 4), u"2004-11-04: appointment");
+}
+
+TEST_F(MainView, AChangeByAnotherProcessReachesThePages) {
+    Program.ShowPage(2);
+    Program.GivenAppointment(u"Dentist", At(2004, 11, 5, 9), At(2004, 11, 5, 10));
+    Program.Device.ChangeStore();
+    Program.Device.AdvanceClock(500);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_EQ(Program.CellName(0, 5), u"2004-11-05: appointment");
+}
+
+TEST_F(MainView, EveryPageHasTheToolsMenu) {
+    for (int page = 0; page < 4; ++page) {
+        Program.ShowPage(page);
+        const shell::MenuBarState* bar = Program.Device.See.MenuBar();
+        ASSERT_NE(bar, nullptr) << page;
+        ASSERT_EQ(bar->Menus.size(), 1U) << page;
+        EXPECT_EQ(bar->Menus[0].Text, u"Tools");
+    }
+}
+
+TEST_F(MainView, RestoredFromTheBackgroundItShowsThePageItHad) {
+    Program.ShowPage(3);
+    Program.Device.PressClose();
+    Program.Device.Restore();
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_EQ(Page(), u"Settings");
+}
+
+TEST_F(MainView, EscapeOnAPageIsItsClose) {
+    Program.Device.Key(VK_ESCAPE);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_TRUE(Program.Device.Host().State.Minimized);
+}
+
+} // namespace
+} // namespace tavo::test

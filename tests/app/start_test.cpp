@@ -1,0 +1,147 @@
+// Starting and ending the program.
+#include "app/start.h"
+#include "host/outlook/store.h"
+#include "res/resource_ids.h"
+#include "tests/support/running_program.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace tavo::test {
+namespace {
+
+using headless::StartedProcess;
+
+const StartedProcess kCompanion{u"\\Program Files\\Zorbex\\TavoCalendar\\RSound.exe", u""};
+
+TEST(Start, OpensOnTheClockPage) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    EXPECT_EQ(program.Device.See.Caption(), u"Clock");
+    EXPECT_EQ(program.State().CurrentPage, 0);
+}
+
+TEST(Start, TitlesTheMainWindow) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    EXPECT_NE(program.Device.Host().Windows().FindWindowW(u"WCE_TavoCalendar", u"Tavo Calendar"), WindowHandle::None);
+}
+
+TEST(Start, AttemptsToStartTheCompanionOnce) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    EXPECT_EQ(program.Device.Host().ProcessCalls.Started, std::vector<StartedProcess>{kCompanion});
+}
+
+TEST(Start, AMissingCompanionIsSilent) {
+    RunningProgram program;
+    program.Device.Host().ProcessCalls.CanStart = false;
+    ASSERT_TRUE(program.Start());
+    EXPECT_TRUE(program.Device.Host().Seen.Boxes.empty());
+    EXPECT_EQ(program.Device.See.Caption(), u"Clock");
+}
+
+TEST(Start, KeepsItsSettingsUnderItsCompanysWord) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    EXPECT_EQ(program.Device.Host().RegistryCalls.Company, u"Zorbex");
+}
+
+TEST(Start, MakesTheDataFileWhereThereIsNone) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    EXPECT_EQ(program.ReadFile("TavoCalendar.dat"), std::string("\0\0\0\0;\0\0\0\0;\0\0\0\0;", 15));
+}
+
+TEST(Start, ACorruptDataFileIsSaidOnceAndTheStartGoesOn) {
+    RunningProgram program;
+    program.WriteFile("TavoCalendar.dat", std::string("\2\0\0\0\7\0\0\0", 8));
+    program.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(program.Start());
+    ASSERT_EQ(program.Device.Host().Seen.Boxes.size(), 1U);
+    EXPECT_EQ(program.Device.Host().Seen.Boxes[0].Text, u"TavoCalendar.dat corrputed");
+    EXPECT_EQ(program.Device.See.Caption(), u"Clock");
+    EXPECT_TRUE(program.State().Categories.IsAlarm(7));
+}
+
+TEST(Start, AFailingStoreLeavesAnEmptyViewWithoutPagesCompanionAndDataFile) {
+    headless::DeviceOptions options;
+    options.Outlook = [](const std::filesystem::path&, ComPtr<IPOutlookApp>&) { return Status::Fail; };
+    RunningProgram program(At(2004, 11, 3), options);
+    program.Device.Host().LastError = ErrorCode::AccessDenied;
+    program.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(program.Start());
+    ASSERT_EQ(program.Device.Host().Seen.Boxes.size(), 1U);
+    EXPECT_EQ(program.Device.Host().Seen.Boxes[0].Text, u"Error occurred [001:5]");
+    EXPECT_TRUE(program.Device.Host().ProcessCalls.Started.empty());
+    EXPECT_FALSE(program.ReadFile("TavoCalendar.dat").has_value());
+    EXPECT_EQ(program.Device.See.Caption(), u"Tavo Calendar");
+    EXPECT_EQ(program.Device.See.MenuBar(), nullptr);
+}
+
+TEST(Start, ASecondCopyBringsTheFirstForwardAndEnds) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    program.Device.Minimize();
+    ASSERT_TRUE(program.Settle());
+    const int before = program.Device.Host().Seen.BroughtForward;
+    EXPECT_EQ(RunTavoCalendar(program.Device.Host()), 0);
+    EXPECT_GT(program.Device.Host().Seen.BroughtForward, before);
+    EXPECT_FALSE(program.Device.Host().State.Minimized);
+    ASSERT_TRUE(program.Settle());
+    EXPECT_EQ(program.Device.See.Caption(), u"Clock");
+}
+
+TEST(End, ClosingThePageSavesTheCategoryFileAndStaysInMemory) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    program.State().Categories.HolidayList.Append(258);
+    program.Device.PressClose();
+    ASSERT_TRUE(program.Settle());
+    EXPECT_EQ(program.ReadFile("TavoCalendar.dat"), std::string("\0\0\0\0;\1\0\0\0\2\1\0\0;\0\0\0\0;", 19));
+    EXPECT_TRUE(program.Device.Host().State.Minimized);
+}
+
+TEST(End, QuittingSavesTheCategoryFileFirst) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    program.State().Categories.AlarmList.Append(9);
+    program.Device.Quit();
+    EXPECT_EQ(program.App->Run(), 0);
+    EXPECT_EQ(program.ReadFile("TavoCalendar.dat"), std::string("\1\0\0\0\11\0\0\0;\0\0\0\0;\0\0\0\0;", 19));
+}
+
+TEST(End, ExitInTheToolsMenuSavesAndEndsTheProgram) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    program.State().Categories.AlarmList.Append(9);
+    program.Device.ChooseMenu(u"Tools", kCommandExit);
+    EXPECT_EQ(program.App->Run(), 0);
+    EXPECT_EQ(program.ReadFile("TavoCalendar.dat"), std::string("\1\0\0\0\11\0\0\0;\0\0\0\0;\0\0\0\0;", 19));
+}
+
+TEST(End, TheViewsOwnCloseQuitsWithoutSaving) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    program.State().Categories.AlarmList.Append(9);
+    program.Device.Do([&] {
+        Message close;
+        close.Window = program.State().MainView;
+        close.Number = WM_CLOSE;
+        program.Device.Host().Queue().PostMessageW(close);
+    });
+    EXPECT_EQ(program.App->Run(), 0);
+    EXPECT_EQ(program.ReadFile("TavoCalendar.dat"), std::string("\0\0\0\0;\0\0\0\0;\0\0\0\0;", 15));
+}
+
+TEST(End, TheStoreIsClosedWithTheView) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    EXPECT_EQ(program.Device.Host().ComUses, 1);
+    program.Stop();
+    EXPECT_EQ(program.Device.Host().ComUses, 0);
+}
+
+} // namespace
+} // namespace tavo::test

@@ -1,0 +1,102 @@
+// Starting the program, and small steps that many tests share.
+#include "tests/support/running_program.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <utility>
+
+namespace tavo::test {
+
+namespace {
+
+constexpr int kTabRow = 250; // a line of the page bar
+constexpr int kTabWidth = 60;
+constexpr int kColumns = 7;
+
+headless::DeviceOptions At(headless::DeviceOptions options, const SYSTEMTIME& now) {
+    options.Now = now;
+    return options;
+}
+
+} // namespace
+
+RunningProgram::RunningProgram(const SYSTEMTIME& now, headless::DeviceOptions options)
+    : StoreWords(Device.Host()), Device(At(std::move(options), now)), Root(Device.Host().Root.Path()) {}
+
+RunningProgram::~RunningProgram() {
+    Stop();
+}
+
+void RunningProgram::WriteFile(std::string_view name, std::string_view bytes) {
+    std::filesystem::create_directories(DataFolder());
+    std::ofstream file(DataFolder() / name, std::ios::binary);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    EXPECT_TRUE(file.good());
+}
+
+std::optional<std::string> RunningProgram::ReadFile(std::string_view name) const {
+    std::ifstream file(DataFolder() / name, std::ios::binary);
+    if (!file) {
+        return std::nullopt;
+    }
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+bool RunningProgram::Start() {
+    App = std::make_unique<CTavoApp>(Device.Host());
+    return App->InitInstance() && Settle();
+}
+
+void RunningProgram::Stop() {
+    if (App) {
+        App->ExitInstance();
+        App.reset();
+    }
+}
+
+void RunningProgram::ShowPage(int page) {
+    Device.Tap(page * kTabWidth + kTabWidth / 2, kTabRow);
+    EXPECT_TRUE(Settle());
+}
+
+std::u16string RunningProgram::Header() const {
+    for (const PaintedItem& item : Device.See.Items()) {
+        if (item.Role == PaintedRole::Header) {
+            return item.Name;
+        }
+    }
+    return u"(no header)";
+}
+
+std::u16string RunningProgram::CellName(int row, int column) const {
+    for (const PaintedItem& item : Device.See.Items()) {
+        if (item.Role == PaintedRole::Cell && item.Id == row * kColumns + column) {
+            return item.Name;
+        }
+    }
+    return u"(no cell)";
+}
+
+int RunningProgram::SelectedCell() const {
+    for (const PaintedItem& item : Device.See.Items()) {
+        if (item.Role == PaintedRole::Cell && item.Selected) {
+            return item.Id;
+        }
+    }
+    return -1;
+}
+
+headless::Placed RunningProgram::NumberIn(int row, int column) const {
+    const Rect cell = Rect::FromSize(4 + 33 * column, 58 + 26 * row, 33, 26);
+    headless::Placed number;
+    for (const headless::Placed& placed : Device.See.Visible()) {
+        if (!placed.Text.empty() && cell.Contains({placed.Area.Left, placed.Area.Top})) {
+            number = placed; // the last one drawn lies on top
+        }
+    }
+    return number;
+}
+
+} // namespace tavo::test
