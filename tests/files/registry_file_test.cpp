@@ -135,4 +135,12 @@ TEST_F(RegistryFileTest, AFileThatCannotBeReadIsNotReplaced) {
     EXPECT_EQ(Folder.Get("Registry.txt"), "[s]\nn=5\n");
 }
 
+TEST_F(RegistryFileTest, AFileThatIsTooLargeToBeARegistryIsNotReplaced) {
+    const std::string large(5 << 20, '#');
+    Folder.Put("Registry.txt", large);
+    EXPECT_FALSE(Registry.WriteProfileInt(u"s", u"n", 6));
+    EXPECT_EQ(Registry.GetProfileIntW(u"s", u"n", 9), 9);
+    EXPECT_TRUE(Folder.Get("Registry.txt") == large);
+}
+
 } // namespace tavo::files
