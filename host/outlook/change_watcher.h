@@ -18,10 +18,11 @@ class ChangeWatcher {
     Status Start();
     // Becomes readable when the store's files were written to, by whomever.
     int Descriptor() const;
-    // Call when the descriptor is readable. True when another process changed items since the last call: a change of
+    // Call when the descriptor is readable. True when another process changed items, or asked for a tag, since the last
+    // call: a change of
     // this process, or of the reminder ledger alone, gives false.
     bool TakeItemChange();
-    // True when another process filed tag requests or changed the ledger since the last call.
+    // True when the reminder ledger was changed since the last call, by whomever.
     bool TakeLedgerChange();
 
   private:

@@ -5,6 +5,8 @@
 #include "host/outlook/store_core.h"
 
 #include <algorithm>
+#include <array>
+#include <numeric>
 
 namespace tavo::outlook {
 
@@ -13,6 +15,9 @@ namespace {
 constexpr Seconds kFirstPiece = 128 * kSecondsPerDay; // holds the two and a half months of a month page
 constexpr Seconds kLongestPiece = 64 * kFirstPiece;
 constexpr std::size_t kSmallPiece = 1000;
+constexpr std::size_t kFewEntries = 200; // up to here comparing is faster than counting
+constexpr int kDigitBits = 12;
+constexpr std::size_t kDigits = std::size_t{1} << kDigitBits;
 constexpr Seconds kLongestLength = 32 * kSecondsPerDay; // 31 days, and an hour for changing clocks
 
 Status FindOne(Database& database, const char* sql, Seconds from, Seconds& found) {
@@ -43,10 +48,52 @@ Status FindNextStart(StoreCore& core, SeriesAs series, Seconds from, Seconds& fo
     return status;
 }
 
+using EntryIterator = std::vector<Entry>::iterator;
+
+// Stable, from the lowest digit of the distance to the earliest start up to its highest.
+void SortByStart(EntryIterator begin, EntryIterator end) {
+    const auto byStart = [](const Entry& left, const Entry& right) { return left.Start < right.Start; };
+    const auto [earliest, latest] = std::minmax_element(begin, end, byStart);
+    const Seconds origin = earliest->Start;
+    const Seconds reach = latest->Start - origin;
+    std::vector<Entry> other(static_cast<std::size_t>(end - begin));
+    for (int shift = 0; (reach >> shift) != 0; shift += kDigitBits) {
+        const auto digitOf = [&](const Entry& entry) {
+            return static_cast<std::size_t>((entry.Start - origin) >> shift) & (kDigits - 1);
+        };
+        std::array<std::size_t, kDigits> places{};
+        for (auto entry = begin; entry != end; ++entry) {
+            ++places[digitOf(*entry)];
+        }
+        std::exclusive_scan(places.begin(), places.end(), places.begin(), std::size_t{0});
+        for (auto entry = begin; entry != end; ++entry) {
+            other[places[digitOf(*entry)]++] = *entry;
+        }
+        std::copy(other.begin(), other.end(), begin);
+    }
+}
+
 } // namespace
 
 void SortEntries(std::vector<Entry>& entries, std::size_t since) {
-    std::sort(entries.begin() + static_cast<std::ptrdiff_t>(since), entries.end(), ComesBefore);
+    const auto begin = entries.begin() + static_cast<std::ptrdiff_t>(since);
+    if (entries.size() - since < kFewEntries) {
+        std::sort(begin, entries.end(), ComesBefore);
+        return;
+    }
+    // A month of a full calendar is sorted again and again: by digits of the start, then the few of equal start by OID.
+    SortByStart(begin, entries.end());
+    for (auto run = begin; run != entries.end();) {
+        auto next = run + 1;
+        bool ordered = true;
+        for (; next != entries.end() && next->Start == run->Start; ++next) {
+            ordered = ordered && (next - 1)->Item <= next->Item;
+        }
+        if (!ordered) {
+            std::stable_sort(run, next, ComesBefore);
+        }
+        run = next;
+    }
 }
 
 Status EntryReader::FindBeginning() {
@@ -95,7 +142,7 @@ Status EntryReader::ReadSeries(Seconds from, Seconds to, std::vector<Entry>& ent
 
 Status EntryReader::ReadOccurrences(Seconds from, Seconds to, std::vector<Entry>& entries) {
     std::vector<SeriesRow> rows;
-    Status status = ReadSeriesTouching(Core.Db, std::max(from, Span.LowestEnd), to, rows);
+    Status status = Core.ReadSeriesTouching(std::max(from, Span.LowestEnd), to, rows);
     for (const SeriesRow& row : rows) {
         if (Failed(status)) {
             break;

@@ -202,7 +202,7 @@ Status SeriesExpander::FindBounds(SeriesRow& series, const std::string& foreignR
 
 Status ReadSeriesTouching(Database& database, Seconds from, Seconds to, std::vector<SeriesRow>& rows) {
     Query query(database, "SELECT oid, start, length, zone, type, interval, mask, day, instance, month, end_kind,"
-                          " last_day, has_exceptions FROM series WHERE first <= ? AND until >= ?");
+                          " last_day, has_exceptions, first, until FROM series WHERE first <= ? AND until >= ?");
     query.Bind(to).Bind(from);
     while (query.Next()) {
         SeriesRow& row = rows.emplace_back();
@@ -219,6 +219,8 @@ Status ReadSeriesTouching(Database& database, Seconds from, Seconds to, std::vec
         row.Pattern.End = static_cast<PatternEnd>(query.Small(10));
         row.Pattern.LastDay = query.Integer(11);
         row.HasExceptions = query.Small(12) != 0;
+        row.First = query.Integer(13);
+        row.Until = query.Integer(14);
         if (row.Pattern.Type != kRecursForeign &&
             (row.Length < 0 || FindPatternFault(row.Pattern) != PatternFault::None)) {
             return Status::Corrupt; // arithmetic relies on what Save has checked

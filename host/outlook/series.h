@@ -70,7 +70,8 @@ class SeriesExpander {
     ZoneCache& Zones;
 };
 
-// The series that have an occurrence between the two times on the device's clock (perhaps: the bounds are wide).
+// The series that have an occurrence between the two times on the device's clock (perhaps: the bounds are wide), in
+// order of OID. The length of the first occurrence and the count are not read.
 Status ReadSeriesTouching(Database& database, Seconds from, Seconds to, std::vector<SeriesRow>& rows);
 
 } // namespace tavo::outlook

@@ -44,14 +44,21 @@ Status OpenForWriting(StoreCore& core, const StoreOptions& options) {
 
 Status OpenForReading(StoreCore& core, const StoreOptions& options, bool hasLog) {
     core.CanWrite = false;
+    // A reader that may write takes its files beside the store away again. It leaves an existing log as it is.
     Status status =
-        core.Db.Open(StoreUri(core.Path, "mode=ro"), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, options.LockPatience);
-    if (Succeeded(status)) {
-        status = core.Db.Run("PRAGMA cache_size=-16384; PRAGMA schema_version");
+        core.Db.Open(StoreUri(core.Path, "mode=rw"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI, options.LockPatience);
+    const bool writable = Succeeded(status) && sqlite3_db_readonly(core.Db.Raw(), "main") == 0;
+    if (writable) {
+        sqlite3_db_config(core.Db.Raw(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, hasLog ? 1 : 0, nullptr);
+        status = core.Db.Run("PRAGMA query_only=ON; PRAGMA cache_size=-16384; PRAGMA schema_version");
     }
-    if (Failed(status) && status != Status::Locked && !hasLog) {
-        // On a read-only disk no file may appear beside the store; without a log none is needed.
-        status = core.Db.Open(StoreUri(core.Path, "mode=ro&immutable=1"), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, 0);
+    if (!writable || (Failed(status) && status != Status::Locked)) {
+        // On a read-only disk no file can appear beside the store; without a log none is needed.
+        status = core.Db.Open(StoreUri(core.Path, hasLog ? "mode=ro" : "mode=ro&immutable=1"),
+                              SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, options.LockPatience);
+        if (Succeeded(status)) {
+            status = core.Db.Run("PRAGMA cache_size=-16384; PRAGMA schema_version");
+        }
     }
     return status;
 }

@@ -86,6 +86,7 @@ Status StoreCore::AbandonGroup() {
         return Status::Unexpected;
     }
     NextOidFloor = std::max(NextOidFloor, NextOid);
+    ++OwnChanges;
     ResetGroup();
     Zones.Forget();
     return Db.InTransaction() ? Db.Run("ROLLBACK") : Status::Ok;
@@ -105,6 +106,7 @@ Status StoreCore::RunChange(std::u16string_view name, const std::function<Status
         status = change();
     }
     if (Failed(status)) {
+        ++OwnChanges;
         if (alone) {
             (void)AbandonGroup(); // the change's own failure is the one to report
         } else if (Db.InTransaction()) {
@@ -117,6 +119,7 @@ Status StoreCore::RunChange(std::u16string_view name, const std::function<Status
 }
 
 Status StoreCore::RunQuietly(const std::function<Status()>& work) {
+    ++OwnChanges;
     if (!CanWrite) {
         return Status::AccessDenied;
     }
@@ -160,6 +163,7 @@ Status StoreCore::SaveNextOid() {
 }
 
 Status StoreCore::CreateItem(StoredItem& item, std::int64_t source, std::string& fault) {
+    ++OwnChanges;
     Status status = TakeOid(item.Item);
     if (Succeeded(status)) {
         status = Items.Insert(item, source, fault);
@@ -174,6 +178,7 @@ Status StoreCore::CreateItem(StoredItem& item, std::int64_t source, std::string&
 
 Status StoreCore::ChangeItem(const StoredItem& before, StoredItem& item, Ink ink, std::int64_t source,
                              std::string& fault) {
+    ++OwnChanges;
     ItemImage image;
     image.Item = before;
     image.HasInk = ink == Ink::Take;
@@ -188,6 +193,7 @@ Status StoreCore::ChangeItem(const StoredItem& before, StoredItem& item, Ink ink
 }
 
 Status StoreCore::DeleteItem(Oid oid) {
+    ++OwnChanges;
     ItemImage image;
     image.HasInk = true;
     Status status = Items.Read(oid, Ink::Take, image.Item);
@@ -238,6 +244,13 @@ void StoreCore::TellCancelled(Oid oid, Seconds original) {
     for (IDeletionListener* listener : Listeners) {
         listener->OnOccurrenceCancelled(oid, original);
     }
+}
+
+Status StoreCore::ReadSeriesTouching(Seconds from, Seconds to, std::vector<SeriesRow>& rows) {
+    SeriesState state{0, OwnChanges};
+    std::int64_t ledger = 0;
+    const Status status = ReadChangeCounts(state.ItemChanges, ledger);
+    return Succeeded(status) ? Series.FindTouching(state, from, to, rows) : status;
 }
 
 Status StoreCore::ReadChangeCounts(std::int64_t& items, std::int64_t& ledger) {

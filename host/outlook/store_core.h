@@ -4,6 +4,7 @@
 #include "host/outlook/database.h"
 #include "host/outlook/item_table.h"
 #include "host/outlook/journal.h"
+#include "host/outlook/series_cache.h"
 #include "host/outlook/store_file.h"
 #include "host/outlook/tag_mirror.h"
 #include "host/outlook/zone_cache.h"
@@ -27,7 +28,7 @@ class IDeletionListener {
 
 class StoreCore {
   public:
-    StoreCore() : Zones(Db), Items(Db, Zones), Changes(Db), Tags(*this) {}
+    StoreCore() : Zones(Db), Items(Db, Zones), Changes(Db), Tags(*this), Series(Db) {}
 
     ~StoreCore();
     StoreCore(const StoreCore&) = delete;
@@ -63,6 +64,9 @@ class StoreCore {
     void RemoveListener(IDeletionListener* listener);
     void TellCancelled(Oid oid, Seconds original);
 
+    // Like ReadSeriesTouching, from memory where that is still right.
+    Status ReadSeriesTouching(Seconds from, Seconds to, std::vector<SeriesRow>& rows);
+
     // How often items, or the ledger, were changed by anybody since the store was made.
     Status ReadChangeCounts(std::int64_t& items, std::int64_t& ledger);
     // True once after another process changed items: compares the count with what this connection did itself.
@@ -90,6 +94,8 @@ class StoreCore {
     Status UndoTag(const JournalChange& change, std::vector<Oid>& restored);
     Status WishTagBack(Oid oid, TagPlace place, bool set);
 
+    SeriesCache Series;
+    std::int64_t OwnChanges = 0; // of items, also when they are taken back
     bool GroupOpen = false;
     bool RequestsAdded = false;
     std::int64_t NextOid = 0;      // 0: not read in this group

@@ -1,0 +1,254 @@
+// Verdicts in words, and the full check.
+#include "host/outlook/diagnosis.h"
+
+#include "host/outlook/item_image.h"
+#include "host/outlook/save_rules.h"
+#include "host/outlook/schema.h"
+#include "host/outlook/store.h"
+#include "host/outlook/store_core.h"
+
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+namespace tavo::outlook {
+
+namespace {
+
+constexpr std::size_t kMaxFindings = 100;
+// Below this a save may fail: a page of the log for each page that a save changes, and some air.
+constexpr unsigned long long kLeastFreeBytes = 256 * 1024;
+
+Diagnosis Describe(Verdict state) {
+    switch (state) {
+    case Verdict::Ok:
+        return {state, "The store is in good order.", "", {}};
+    case Verdict::Missing:
+        return {state, "There is no store yet.", "It is made when Tavo Calendar starts or a calendar is imported.", {}};
+    case Verdict::Damaged:
+        return {state,
+                "The store file is damaged.",
+                "Keep a copy of the file, put the latest backup in its place, and import newer calendars again.",
+                {}};
+    case Verdict::Newer:
+        return {state,
+                "The store was written by a newer version of Tavo Calendar.",
+                "Install that version or a later one; nothing was changed.",
+                {}};
+    case Verdict::NotOurs:
+        return {state, "The file is not a store of Tavo Calendar.", "Move it out of the way; it was not changed.", {}};
+    case Verdict::Locked:
+        return {
+            state, "Another program holds the store.", "Close the other program, or wait for it, and try again.", {}};
+    case Verdict::ReadOnly:
+        return {state,
+                "The store cannot be written.",
+                "Make the file and its folder writable for you, or move them to a disk that can be written.",
+                {}};
+    case Verdict::DiskFull:
+        return {state, "The disk with the store is full.", "Make room on it and try again; nothing was lost.", {}};
+    case Verdict::Unreadable:
+        return {state, "The store file cannot be read.", "Make the file and its folder readable for you.", {}};
+    }
+    return {};
+}
+
+Verdict VerdictOf(Status status) {
+    switch (status) {
+    case Status::Ok:
+    case Status::False:
+        return Verdict::Ok;
+    case Status::NotFound:
+        return Verdict::Missing;
+    case Status::Corrupt:
+        return Verdict::Damaged;
+    case Status::NewerVersion:
+        return Verdict::Newer;
+    case Status::NotOurs:
+        return Verdict::NotOurs;
+    case Status::Locked:
+        return Verdict::Locked;
+    case Status::DiskFull:
+        return Verdict::DiskFull;
+    case Status::AccessDenied:
+        return Verdict::Unreadable;
+    default:
+        return Verdict::Unreadable;
+    }
+}
+
+// The full check of an open store: SQLite's own, references, then the rules that hold between the tables.
+class FullCheck {
+  public:
+    FullCheck(StoreCore& core, std::vector<std::string>& findings) : Core(core), Findings(findings) {}
+
+    Status Run() {
+        Status status = CheckPages();
+        if (Succeeded(status)) {
+            status = CheckReferences();
+        }
+        if (Succeeded(status)) {
+            status = CheckTables();
+        }
+        if (Succeeded(status)) {
+            status = CheckItems();
+        }
+        return Succeeded(status) ? CheckJournal() : status;
+    }
+
+  private:
+    void Find(std::string finding) {
+        if (Findings.size() < kMaxFindings) {
+            Findings.push_back(std::move(finding));
+        }
+    }
+
+    Status CheckPages() {
+        Query query(Core.Db, "PRAGMA integrity_check(100)");
+        while (query.Next()) {
+            if (query.Text(0) != "ok") {
+                Find(std::string(query.Text(0)));
+            }
+        }
+        return query.Result();
+    }
+
+    Status CheckReferences() {
+        Query query(Core.Db, "PRAGMA foreign_key_check");
+        while (query.Next()) {
+            Find("A row of " + std::string(query.Text(0)) + " refers to nothing in " + std::string(query.Text(2)) +
+                 ".");
+        }
+        return query.Result();
+    }
+
+    // Each query gives the OIDs that break a rule between the tables.
+    Status CheckTables() {
+        struct Rule {
+            const char* Sql;
+            const char* Words;
+        };
+
+        constexpr Rule kRules[] = {
+            {"SELECT oid FROM item WHERE flags & 4 = 0 AND NOT EXISTS (SELECT 1 FROM plain WHERE plain.oid = item.oid"
+             " AND plain.start = item.start AND plain.length = item.length"
+             " AND plain.span = (item.length > 86400))",
+             "is missing from the listing by time"},
+            {"SELECT oid FROM plain WHERE NOT EXISTS (SELECT 1 FROM item WHERE item.oid = plain.oid"
+             " AND item.start = plain.start AND item.flags & 4 = 0)",
+             "is listed but not there"},
+            {"SELECT oid FROM item WHERE flags & 4 <> 0 AND NOT EXISTS (SELECT 1 FROM series WHERE series.oid ="
+             " item.oid)",
+             "has lost its recurrence"},
+            {"SELECT oid FROM series WHERE type = 7 AND NOT EXISTS (SELECT 1 FROM foreign_rule WHERE"
+             " foreign_rule.oid = series.oid)",
+             "has lost its recurrence rule"},
+            {"SELECT series.oid FROM series JOIN item USING (oid) WHERE item.flags & 4 = 0",
+             "has a recurrence that does not count"},
+            {"SELECT oid FROM item WHERE oid >= (SELECT value FROM setting WHERE name = 'next_oid')",
+             "has a number that is still to be given"},
+        };
+        for (const Rule& rule : kRules) {
+            Query query(Core.Db, rule.Sql);
+            while (query.Next()) {
+                Find("Item " + std::to_string(query.Integer(0)) + " " + rule.Words + ".");
+            }
+            if (Failed(query.Result())) {
+                return query.Result();
+            }
+        }
+        return Status::Ok;
+    }
+
+    Status CheckItems() {
+        Query query(Core.Db, "SELECT oid FROM item");
+        while (query.Next()) {
+            const Oid oid = query.Small(0);
+            StoredItem item;
+            const Status status = Core.Items.Read(oid, Ink::Leave, item);
+            if (status == Status::Corrupt) {
+                Find("Item " + std::to_string(oid) + " cannot be read whole.");
+            } else if (Failed(status)) {
+                return status;
+            } else if (const SaveFault fault = CheckAndDerive(item); fault != SaveFault::None) {
+                Find("Item " + std::to_string(oid) + " is impossible: " + std::string(DescribeFault(fault)) + ".");
+            }
+        }
+        return query.Result();
+    }
+
+    Status CheckJournal() {
+        Query query(Core.Db, "SELECT group_id, kind, image FROM journal_change");
+        while (query.Next()) {
+            ItemImage image;
+            TagPlace place;
+            const auto kind = static_cast<ChangeKind>(query.Small(1));
+            const bool isItem = kind == ChangeKind::Changed || kind == ChangeKind::Deleted;
+            const bool isTag = kind == ChangeKind::TagInserted || kind == ChangeKind::TagRemoved;
+            if ((isItem && !DecodeImage(query.Blob(2), image)) || (isTag && !DecodeTag(query.Blob(2), place))) {
+                Find("Step " + std::to_string(query.Integer(0)) + " can no longer be undone.");
+            }
+        }
+        return query.Result();
+    }
+
+    StoreCore& Core;
+    std::vector<std::string>& Findings;
+};
+
+bool IsNearlyFull(const std::filesystem::path& path) {
+    struct statvfs facts {};
+
+    return statvfs(path.c_str(), &facts) == 0 &&
+           static_cast<unsigned long long>(facts.f_bavail) * facts.f_frsize < kLeastFreeBytes;
+}
+
+// What a start of the program would meet, looked for without starting it.
+Verdict FindObstacle(const std::filesystem::path& path, int lockPatience) {
+    const std::filesystem::path folder = std::filesystem::absolute(path).parent_path();
+    if (access(path.c_str(), W_OK) != 0 || access(folder.c_str(), W_OK) != 0) {
+        return Verdict::ReadOnly;
+    }
+    // Opening for writing takes the writers' lock for a moment and writes nothing; on a full disk it would leave
+    // nothing behind but could not make the files beside the store.
+    if (IsNearlyFull(path)) {
+        return Verdict::DiskFull;
+    }
+    FileFacts facts;
+    Status status = InspectStoreFile(path, lockPatience, facts);
+    if (Succeeded(status)) {
+        Database database;
+        status = database.Open(StoreUri(path, "mode=rw"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI, lockPatience);
+        if (Succeeded(status)) {
+            sqlite3_db_config(database.Raw(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, facts.HasLog ? 1 : 0, nullptr);
+            status = database.Run("BEGIN IMMEDIATE; ROLLBACK");
+        }
+    }
+    return VerdictOf(status);
+}
+
+} // namespace
+
+Diagnosis DiagnoseStore(const std::filesystem::path& path, CheckDepth depth, int lockPatience) {
+    StoreOptions options;
+    options.Rights = Access::ReadOnly;
+    options.LockPatience = lockPatience;
+    StorePtr store;
+    const Status status = OpenStore(path, options, store);
+    if (Failed(status)) {
+        return Describe(VerdictOf(status));
+    }
+    Diagnosis diagnosis;
+    if (depth == CheckDepth::Full) {
+        const Status checked = FullCheck(store->Core(), diagnosis.Findings).Run();
+        if (Failed(checked) || !diagnosis.Findings.empty()) {
+            Diagnosis found =
+                Describe(Failed(checked) && diagnosis.Findings.empty() ? VerdictOf(checked) : Verdict::Damaged);
+            found.Findings = std::move(diagnosis.Findings);
+            return found;
+        }
+    }
+    store.reset();
+    return Describe(FindObstacle(path, lockPatience));
+}
+
+} // namespace tavo::outlook

@@ -1,0 +1,33 @@
+// Keeps the narrow rows of all series in memory for a process that asks for one window after the other.
+#pragma once
+
+#include "host/outlook/series.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace tavo::outlook {
+
+// Tells one state of the series table from another.
+struct SeriesState {
+    std::int64_t ItemChanges = -1; // by anybody, as counted in the store
+    std::int64_t OwnChanges = -1;  // by this connection, also those that are not committed yet
+    friend bool operator==(const SeriesState&, const SeriesState&) = default;
+};
+
+class SeriesCache {
+  public:
+    explicit SeriesCache(Database& database) : Source(database) {}
+
+    // Like ReadSeriesTouching. The first time it reads just these rows, as a process that asks only once wants it;
+    // asked again in the same state, it reads all and answers from memory from then on.
+    Status FindTouching(const SeriesState& state, Seconds from, Seconds to, std::vector<SeriesRow>& rows);
+
+  private:
+    Database& Source;
+    std::vector<SeriesRow> Rows;
+    SeriesState Asked;
+    SeriesState Cached;
+};
+
+} // namespace tavo::outlook
