@@ -1,0 +1,101 @@
+// Modal dialogs and their results.
+#include "framework/dialog.h"
+
+#include "framework/message_pump.h"
+#include "host/headless/device.h"
+#include "tests/framework/plain_window.h"
+
+#include <gtest/gtest.h>
+
+namespace tavo {
+
+namespace {
+
+const DialogTemplate kForm{100, u"About", {153, 170}, 8, {}};
+constexpr int kModify = 10;
+
+class PlainDialog : public CDialog {
+  public:
+    explicit PlainDialog(CMessagePump& pump) : CDialog(pump, kForm) {}
+
+    using CDialog::EndDialog;
+
+    std::function<void()> OnOpen;
+
+  protected:
+    void OnInitDialog() override {
+        if (OnOpen) {
+            OnOpen();
+        }
+    }
+};
+
+class DialogTest : public ::testing::Test {
+  protected:
+    DialogTest() {
+        Frame.Make();
+        Pump.SetMainWindow(Frame.Handle());
+    }
+
+    headless::Device Device;
+    CMessagePump Pump{Device.Host()};
+    test::PlainWindow Frame{Pump};
+    PlainDialog Dialog{Pump};
+};
+
+TEST_F(DialogTest, OkAndCloseOfTheNavigationBarEndIt) {
+    Device.PressOk();
+    EXPECT_EQ(Dialog.DoModal(), IDOK);
+    Device.PressClose();
+    EXPECT_EQ(Dialog.DoModal(), IDCANCEL);
+}
+
+TEST_F(DialogTest, ButtonsOfTheNavigationBarCanBeTapped) {
+    Device.TapScreen({200, 13});
+    EXPECT_EQ(Dialog.DoModal(), IDOK);
+    Device.TapScreen({227, 13});
+    EXPECT_EQ(Dialog.DoModal(), IDCANCEL);
+}
+
+TEST_F(DialogTest, ReturnIsOkAndEscapeIsCancel) {
+    Device.Key(VK_RETURN);
+    EXPECT_EQ(Dialog.DoModal(), IDOK);
+    Device.Key(VK_ESCAPE);
+    EXPECT_EQ(Dialog.DoModal(), IDCANCEL);
+}
+
+TEST_F(DialogTest, FirstResultCounts) {
+    Device.Do([&] {
+        Dialog.EndDialog(kModify);
+        Dialog.EndDialog(IDOK);
+        Device.Host().Queue().PostMessageW({});
+    });
+    EXPECT_EQ(Dialog.DoModal(), kModify);
+}
+
+TEST_F(DialogTest, EndedWhileItOpensItIsNeverShown) {
+    Dialog.OnOpen = [&] { Dialog.EndDialog(kModify); };
+    EXPECT_EQ(Dialog.DoModal(), kModify);
+    EXPECT_EQ(Device.Host().State.Tree.TopDialog(), WindowHandle::None);
+    EXPECT_TRUE(Device.Host().Windows().IsWindowEnabled(Frame.Handle()));
+}
+
+TEST_F(DialogTest, FrameIsDisabledMeanwhileAndTheWindowGoesAfterwards) {
+    bool wasEnabled = true;
+    Dialog.OnOpen = [&] { wasEnabled = Device.Host().Windows().IsWindowEnabled(Frame.Handle()); };
+    Device.PressOk();
+    Dialog.DoModal();
+    EXPECT_FALSE(wasEnabled);
+    EXPECT_TRUE(Device.Host().Windows().IsWindowEnabled(Frame.Handle()));
+    EXPECT_EQ(Dialog.Handle(), WindowHandle::None);
+}
+
+TEST_F(DialogTest, QuitMeanwhileIsCancel) {
+    Device.Do([&] { Device.Host().Queue().PostQuitMessage(0); });
+    EXPECT_EQ(Dialog.DoModal(), IDCANCEL);
+    EXPECT_TRUE(Pump.HasQuit());
+}
+
+} // namespace
+
+} // namespace tavo
