@@ -17,6 +17,7 @@ using outlook::MirroredKind;
 using outlook::Seconds;
 
 constexpr std::array<std::string_view, 4> kKindNames = {"Alarm", "Holiday", "Anniversary", "Appointment"};
+constexpr std::string_view kNoSubject = "(no subject)";
 constexpr std::size_t kTimeColumn = 17;
 
 std::string_view NameKind(MirroredKind kind) {
@@ -110,7 +111,7 @@ void DailyAgenda::Add(const ListedOccurrence& occurrence, std::string& text) {
     std::string times = DescribeTimes(occurrence, day);
     times.resize(std::max(kTimeColumn, times.size() + 1), ' ');
     text += "  " + times;
-    AppendPlain(occurrence.Subject, text);
+    AppendPlain(occurrence.Subject.empty() ? kNoSubject : occurrence.Subject, text);
     if (occurrence.Kind != MirroredKind::Appointment) {
         text += "  [";
         text += NameKind(occurrence.Kind);

@@ -47,8 +47,9 @@ std::string CheckTags(const files::DeviceRoot& root, bool& sound) {
                " the appointments themselves are not in it, only which of them are alarms, holidays and"
                " anniversaries.\n";
     }
-    return "Tags: " + path + " is sound: " + std::to_string(lists[0].size()) + " alarms, " +
-           std::to_string(lists[1].size()) + " holidays, " + std::to_string(lists[2].size()) + " anniversaries.\n";
+    return "Tags: " + path + " is sound. Alarms: " + std::to_string(lists[0].size()) +
+           ", holidays: " + std::to_string(lists[1].size()) + ", anniversaries: " + std::to_string(lists[2].size()) +
+           ".\n";
 }
 
 } // namespace
