@@ -127,7 +127,7 @@ TEST_F(DayListTest, AnAllDayItemIsNotOnTheDayAtWhoseMidnightItEnds) {
 }
 
 TEST_F(DayListTest, ASeriesStandsOncePerOccurrenceOfTheDay) {
-    // Thirty hours every day: two occurrences touch each day.
+    // Thirty hours from the evening on: three occurrences touch each day.
     Device.GivenSeries(u"Watch", At(2004, 5, 1, 20, 0), At(2004, 5, 3, 2, 0), kRecursDaily,
                        [](IRecurrencePattern& pattern) { EXPECT_EQ(pattern.put_Duration(30 * 60), Status::Ok); });
     LoadDay(2004, 5, 10);
