@@ -38,6 +38,12 @@ bool ControlFilter::TakeWheel(WindowHandle control) {
     return !Shared.State.TakesInput(control) || state == nullptr || state->Kind != ControlKind::ScrollBar;
 }
 
+// Only a line of text has one that does not wait for its own end.
+bool ControlFilter::TakeContextMenu(WindowHandle control) {
+    const shell::ControlState* state = Shared.State.Tree.FindControl(control);
+    return !Shared.State.TakesInput(control) || state == nullptr || !shell::IsTextControl(state->Kind);
+}
+
 bool ControlFilter::eventFilter(QObject* object, QEvent* event) {
     const auto control = static_cast<WindowHandle>(object->property(kControlProperty).toUInt());
     auto* widget = qobject_cast<QWidget*>(object);
@@ -50,8 +56,9 @@ bool ControlFilter::eventFilter(QObject* object, QEvent* event) {
         return TakePress(control, *widget, static_cast<QMouseEvent*>(event)->position());
     case QEvent::MouseButtonRelease:
     case QEvent::MouseMove:
-    case QEvent::ContextMenu:
         return !Shared.State.TakesInput(control);
+    case QEvent::ContextMenu:
+        return TakeContextMenu(control);
     case QEvent::Wheel:
         return TakeWheel(control);
     case QEvent::KeyPress:

@@ -24,6 +24,7 @@ class ControlFilter final : public QObject {
   private:
     bool TakePress(WindowHandle control, QWidget& widget, QPointF position);
     bool TakeWheel(WindowHandle control);
+    bool TakeContextMenu(WindowHandle control);
 
     Device& Shared;
     Keyboard& Keys;

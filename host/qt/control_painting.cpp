@@ -37,6 +37,9 @@ void ControlPainter::DrawArrow(const QRect& area, Arrow direction, QRgb color) {
     case Arrow::Down:
         line = {middle + QPointF(-across, -along), middle + QPointF(0, along), middle + QPointF(across, -along)};
         break;
+    case Arrow::Left:
+        line = {middle + QPointF(along, -across), middle + QPointF(-along, 0), middle + QPointF(along, across)};
+        break;
     case Arrow::Right:
         line = {middle + QPointF(-along, -across), middle + QPointF(along, 0), middle + QPointF(-along, across)};
         break;

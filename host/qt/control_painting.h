@@ -28,7 +28,7 @@ class ControlPainter {
 
     // A field with an edge one logical pixel wide.
     void Field(const QRect& area, QRgb fill, QRgb edge, double radius);
-    enum class Arrow { Up, Down, Right };
+    enum class Arrow { Up, Down, Left, Right };
     void DrawArrow(const QRect& area, Arrow direction, QRgb color);
     void Tick(const QRect& area, QRgb color);
     void Dot(const QRect& area, double radius, QRgb color);

@@ -16,6 +16,7 @@ constexpr double kArrowWidth = 13;
 constexpr double kMenuMargin = 10;
 constexpr double kMenuTickWidth = 14;
 constexpr double kMenuItemHeight = 22;
+constexpr double kListItemHeight = 19;
 constexpr double kMenuSeparatorHeight = 7;
 constexpr double kMenuShortcutGap = 16;
 
@@ -183,7 +184,20 @@ QSize ControlStyle::sizeFromContents(ContentsType type, const QStyleOption* opti
         }
         return {width, Pixels(kMenuItemHeight)};
     }
+    if (type == CT_ItemViewItem) { // an entry of a list
+        const QSize own = QProxyStyle::sizeFromContents(type, option, size, widget);
+        return {own.width() + Pixels(4), std::max(own.height(), Pixels(kListItemHeight))};
+    }
     return QProxyStyle::sizeFromContents(type, option, size, widget);
+}
+
+QRect ControlStyle::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
+    const QRect area = QProxyStyle::subElementRect(element, option, widget);
+    const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    if (element == SE_LineEditContents && frame != nullptr && frame->lineWidth > 0) {
+        return area.adjusted(Pixels(1), 0, -Pixels(1), 0);
+    }
+    return area;
 }
 
 } // namespace tavo::qt

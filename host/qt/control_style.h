@@ -30,6 +30,7 @@ class ControlStyle final : public QProxyStyle {
                          const QWidget* widget) const override;
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                            const QWidget* widget) const override;
+    QRect subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const override;
 
   private:
     int Pixels(double logical) const;

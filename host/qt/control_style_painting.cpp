@@ -53,6 +53,7 @@ void ControlStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
     case PE_PanelMenu:
         painter->fillRect(option->rect, QColor::fromRgb(kFieldColor));
         return;
+    case PE_Frame: // around the entries of a list
     case PE_FrameMenu:
         ControlPainter(*painter, Scale).Field(option->rect, 0, kMenuEdgeColor, 0);
         return;

@@ -98,9 +98,10 @@ QRect DesktopWindow::ScreenOnDesktop() const {
 
 void DesktopWindow::LayOut() {
     const ScreenGeometry fitted = ScreenGeometry::Fit(size(), devicePixelRatio());
-    if (fitted == Shared.Geometry && OwnNavigation->width() > 1) {
+    if (IsLaidOut && fitted == Shared.Geometry) {
         return;
     }
+    IsLaidOut = true;
     Shared.Geometry = fitted;
     OwnNavigation->Place(kNavigationBar);
     OwnMenus->Place(kMenuBar);

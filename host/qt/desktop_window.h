@@ -62,7 +62,8 @@ class DesktopWindow final : public QWidget {
     Keyboard* Keys = nullptr;
     std::function<void()> LayoutWatch;
     QTimer Rest; // runs while the scale changes
-    bool Following = false;
+    bool IsLaidOut = false;
+    bool Following = false; // the shell, so it need not be told
 };
 
 // TAVO_SCALE if it is set, else the size remembered, else the largest half step that fits comfortably.

@@ -25,6 +25,7 @@ struct Device {
     qt::Pictures Pictures;
     InkPapers Ink;
     ScreenGeometry Geometry; // of what is seen
+    bool KeyWasLast = false; // the last thing a person used was a key
     Scale PaintScale;        // of new surfaces; follows a change of the geometry after a moment of rest
 };
 

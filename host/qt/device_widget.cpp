@@ -69,6 +69,7 @@ void DeviceWidget::Press(Point screen) {
         Release(screen);
     }
     Down = true;
+    Shared.KeyWasLast = false;
     StylusDown(screen);
 }
 

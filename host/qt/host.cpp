@@ -73,9 +73,6 @@ void QtHost::FollowLayout() {
 }
 
 void QtHost::PrepareWait(bool waits) {
-    if (Options.BeforeWait) {
-        Options.BeforeWait();
-    }
     OwnViews.Update();
     if (std::exchange(BarsChanged, false)) {
         OwnDesktop.Navigation().Refresh();

@@ -36,8 +36,6 @@ struct HostOptions {
     // The store's application object; without it there is no store.
     std::function<Status(ComPtr<IPOutlookApp>& outlook)> CreateOutlook = {};
     std::function<ErrorCode()> LastStoreError = {};
-    // Called before every wait for events.
-    std::function<void()> BeforeWait = {};
 };
 
 class QtHost final : public IHost, private shell::IShellObserver {

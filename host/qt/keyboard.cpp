@@ -77,6 +77,8 @@ bool Keyboard::TakeBarKey(const QKeyEvent& event) {
 
 void Keyboard::Press(WindowHandle from, QKeyEvent& event) {
     event.accept();
+    Down.insert(event.key());
+    Shared.KeyWasLast = true;
     if (TakeBarKey(event)) {
         return;
     }
@@ -118,7 +120,7 @@ void Keyboard::Deliver(WindowHandle control, int key, int modifiers, QKeyEvent& 
 
 void Keyboard::Release(QKeyEvent& event) {
     event.accept();
-    if (event.isAutoRepeat()) {
+    if (event.isAutoRepeat() || Down.erase(event.key()) == 0) {
         return;
     }
     if (event.key() == Qt::Key_Alt && AltAlone) {

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 
 #include <functional>
+#include <set>
 
 namespace tavo::qt {
 
@@ -30,6 +31,7 @@ class Keyboard {
     Device& Shared;
     FindWidget Find;
     bool Delivering = false;
+    std::set<int> Down;    // keys whose press came here; an open menu may have taken others
     bool AltAlone = false; // pressed, and no other key since
 };
 

@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 #ifndef TAVO_SOUNDS
 #define TAVO_SOUNDS ""
@@ -69,7 +70,6 @@ int main(int argc, char** argv) {
     qt::HostOptions options{*root.Root, TAVO_SOUNDS};
     options.CreateOutlook = [&](ComPtr<IPOutlookApp>& outlook) { return store.Create(outlook); };
     options.LastStoreError = [&] { return store.LastError(); };
-    options.BeforeWait = [&] { store.WatchOnceOpen(); };
     qt::QtHost host(std::move(options));
     store.SetChanged([&] { host.Parts().State.AnnounceStoreChange(); });
     return RunTavoCalendar(host);

@@ -95,7 +95,7 @@ void MenuView::Open(QMenu* menu, QPoint corner) {
     corner.setX(std::clamp(corner.x(), screen.left(), std::max(screen.left(), screen.right() + 1 - size.width())));
     corner.setY(std::clamp(corner.y(), screen.top(), std::max(screen.top(), screen.bottom() + 1 - size.height())));
     menu->popup(corner);
-    if (!menu->actions().isEmpty()) {
+    if (Shared.KeyWasLast && !menu->actions().isEmpty()) {
         menu->setActiveAction(menu->actions().front());
     }
 }

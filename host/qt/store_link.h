@@ -1,4 +1,4 @@
-// The appointment store, and the news when another process changes it.
+// The appointment store, what went wrong with it last, and the news when another process changes it.
 #pragma once
 
 #include "platform/com_ptr.h"
@@ -18,20 +18,25 @@ class StoreLink {
     StoreLink(const StoreLink&) = delete;
     StoreLink& operator=(const StoreLink&) = delete;
 
+    // The store's application object, not logged on.
     Status Create(ComPtr<IPOutlookApp>& outlook);
-    ErrorCode LastError();
 
+    // Of the log-on that failed last.
+    ErrorCode LastError() const { return Error; }
+
+    // Called when another process changed items or asked for tags.
     void SetChanged(std::function<void()> changed) { Changed = std::move(changed); }
 
-    // The program opens and closes the store by itself; this follows.
-    void WatchOnceOpen();
-
   private:
+    class LinkedApp;
     struct Watch;
+
+    void TakeLogon(IPOutlookApp& store, Status status);
+    void TakeLogoff();
 
     std::string Path;
     std::function<void()> Changed;
-    ComPtr<IPOutlookApp> Outlook;
+    ErrorCode Error = ErrorCode::Success;
     std::unique_ptr<Watch> OwnWatch;
 };
 

@@ -116,6 +116,9 @@ void WindowViews::MoveAll() {
 }
 
 void WindowViews::UpdateFocus() {
+    if (!Shared.State.Menus.Boxes.empty()) {
+        return; // the keys belong to the message box
+    }
     ControlView* view = FindControl(Shared.State.Focus);
     QWidget* wanted = view == nullptr ? static_cast<QWidget*>(&Desktop) : &view->Widget();
     if (!wanted->hasFocus()) {

@@ -1,18 +1,10 @@
 // The date picker and its month calendar.
 #include "host/qt/controls/date_view.h"
 
-#include <QCalendarWidget>
-#include <QFrame>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QScreen>
 #include <QStyleOptionComboBox>
-#include <QTextCharFormat>
-#include <QTimer>
-#include <QVBoxLayout>
 
-#include <algorithm>
-#include <functional>
 #include <utility>
 
 namespace tavo::qt {
@@ -57,44 +49,12 @@ void DateField::keyPressEvent(QKeyEvent* event) {
     QDateEdit::keyPressEvent(event);
 }
 
-class DateView::CalendarPopup final : public QFrame {
-  public:
-    CalendarPopup(QWidget* owner, std::function<void(QDate)> chosen, std::function<void()> closed)
-        : QFrame(owner, Qt::Popup), Calendar(new QCalendarWidget(this)), Closed(std::move(closed)) {
-        setFrameShape(QFrame::Box);
-        auto* layout = new QVBoxLayout(this);
-        layout->setContentsMargins(1, 1, 1, 1);
-        layout->addWidget(Calendar);
-        Calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-        Calendar->setHorizontalHeaderFormat(QCalendarWidget::SingleLetterDayNames);
-        Calendar->setFirstDayOfWeek(Qt::Sunday);
-        QTextCharFormat workday;
-        Calendar->setWeekdayTextFormat(Qt::Saturday, workday);
-        connect(Calendar, &QCalendarWidget::clicked, this, chosen);
-        connect(Calendar, &QCalendarWidget::activated, this, chosen);
-    }
-
-    QCalendarWidget& Month() { return *Calendar; }
-
-  protected:
-    void hideEvent(QHideEvent* event) override {
-        QFrame::hideEvent(event);
-        QTimer::singleShot(0, this, [this] { Closed(); });
-    }
-
-  private:
-    QCalendarWidget* Calendar;
-    std::function<void()> Closed;
-};
-
 DateView::DateView(Device& device, const shell::WindowRecord& record, QWidget* parent)
     : ControlView(device, record.Handle),
       Field(std::make_unique<DateField>(parent, [this] { Shared.Controls.OpenList(Control); })) {
     ShowState(record);
     QObject::connect(Field.get(), &QDateEdit::dateChanged, Field.get(), [this](QDate date) { Take(date); });
 }
-
-DateView::~DateView() = default;
 
 void DateView::Take(QDate date) {
     SYSTEMTIME picked;
@@ -115,28 +75,12 @@ void DateView::ShowState(const shell::WindowRecord& record) {
 }
 
 void DateView::OpenList() {
-    if (!Popup) {
-        Popup = std::make_unique<CalendarPopup>(
-            Field.get(),
-            [this](QDate date) {
-                Take(date);
-                Popup->hide();
-            },
-            [this] { Shared.Controls.CloseList(Control); });
-    }
-    Popup->setFont(Field->font());
-    Popup->Month().setSelectedDate(Field->date());
-    Popup->adjustSize();
-    QPoint place = Field->mapToGlobal(QPoint(0, Field->height()));
-    const QRect screen = Field->window()->geometry();
-    if (place.y() + Popup->height() > screen.bottom()) {
-        const int above = Field->mapToGlobal(QPoint()).y() - Popup->height();
-        place.setY(above >= screen.top() ? above : std::max(screen.top(), screen.bottom() - Popup->height()));
-    }
-    place.setX(std::clamp(place.x(), screen.left(), std::max(screen.left(), screen.right() - Popup->width())));
-    Popup->move(place);
-    Popup->show();
-    Popup->Month().setFocus();
+    const double scale = Shared.Geometry.Scale.Factor / Shared.Geometry.Ratio;
+    Popup = std::make_unique<MonthPopup>(Field.get(), scale);
+    Popup->SetChosen([this](QDate date) { Take(date); });
+    Popup->SetClosed([this] { Shared.Controls.CloseList(Control); });
+    const QRect screen = Shared.Geometry.ToolkitPixels(kWholeScreen);
+    Popup->Open(Field->date(), screen.translated(Field->window()->mapToGlobal(QPoint())));
 }
 
 void DateView::CloseList() {

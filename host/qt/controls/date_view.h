@@ -2,10 +2,9 @@
 #pragma once
 
 #include "host/qt/controls/control_view.h"
+#include "host/qt/controls/month_popup.h"
 
 #include <QDateEdit>
-
-class QCalendarWidget;
 
 namespace tavo::qt {
 
@@ -25,7 +24,6 @@ class DateField final : public QDateEdit {
 class DateView final : public ControlView {
   public:
     DateView(Device& device, const shell::WindowRecord& record, QWidget* parent);
-    ~DateView() override;
 
     QWidget& Widget() override { return *Field; }
 
@@ -34,12 +32,10 @@ class DateView final : public ControlView {
     void CloseList() override;
 
   private:
-    class CalendarPopup;
-
     void Take(QDate date);
 
     std::unique_ptr<DateField> Field;
-    std::unique_ptr<CalendarPopup> Popup; // made when it first opens
+    std::unique_ptr<MonthPopup> Popup; // made anew, at the scale of the moment, whenever it opens
 };
 
 } // namespace tavo::qt

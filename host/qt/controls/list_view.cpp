@@ -2,7 +2,6 @@
 #include "host/qt/controls/list_view.h"
 
 #include <QAbstractItemView>
-#include <QScrollBar>
 #include <QStyle>
 #include <QTimer>
 
@@ -22,15 +21,21 @@ void ListBox::hidePopup() {
 }
 
 void ListBox::OpenNow() {
-    const int wished = view()->sizeHintForColumn(0) + style()->pixelMetric(QStyle::PM_ScrollBarExtent) +
-                       2 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
-    view()->setMinimumWidth(std::min(wished, Shared.Geometry.Length(kScreenSize.Width)));
+    const QRect screen = Shared.Geometry.ToolkitPixels(kWholeScreen).translated(window()->mapToGlobal(QPoint()));
+    const bool scrolls = count() > maxVisibleItems();
+    const int wished = view()->sizeHintForColumn(0) + 2 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth) +
+                       (scrolls ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0);
+    view()->setMinimumWidth(std::clamp(wished, width(), std::max(width(), screen.width())));
     QComboBox::showPopup();
+    QWidget* popup = view()->window();
+    const int left = std::max(screen.left(), std::min(popup->x(), screen.right() + 1 - popup->width()));
+    popup->move(left, popup->y());
 }
 
 ListView::ListView(Device& device, const shell::WindowRecord& record, QWidget* parent)
     : ControlView(device, record.Handle), Text(device, record.Handle),
       Box(std::make_unique<ListBox>(device, record.Handle, parent)) {
+    Box->view()->setTextElideMode(Qt::ElideRight);
     Box->setMaxVisibleItems(kMostVisibleEntries);
     Box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     if (record.Control->Kind == ControlKind::EditableList) {
