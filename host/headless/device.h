@@ -67,7 +67,7 @@ class Device {
             done = true;
             OwnHost.Queue().PostMessageW({}); // wakes the program, which sees the flag
         });
-        return pump.RunUntil(done) && Problems.empty();
+        return pump.RunUntil(done) && !pump.HasQuit() && Problems.empty();
     }
 
     std::vector<std::string> Problems; // steps that could not be done

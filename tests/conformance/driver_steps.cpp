@@ -73,7 +73,7 @@ bool DriverSteps::Finish(CMessagePump& pump) {
         done = true;
         Driver.Host().Queue().PostMessageW({}); // wakes the program, which sees the flag
     });
-    return pump.RunUntil(done);
+    return pump.RunUntil(done) && !pump.HasQuit();
 }
 
 } // namespace tavo::conformance

@@ -26,7 +26,8 @@ class DriverSteps {
     void ChooseMenu(int index, int command);
     void Wait(int milliseconds);
 
-    // Runs the program until the script so far has been done. False when the program quit before.
+    // Runs the program until the script so far has been done. False when the program quit before, or waits in a nested
+    // loop although the script is at its end.
     bool Finish(CMessagePump& pump);
 
   private:
