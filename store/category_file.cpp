@@ -57,8 +57,8 @@ std::optional<std::vector<std::uint8_t>> ReadOrMakeFile(CProgramState& state) {
         }
         read = files.ReadWholeFile(CategoryFilePath(state), bytes);
     }
-    if (read != ErrorCode::Success) {
-        // It may be there and hold tags: no empty file takes its place.
+    state.IsDataFileLocked = read != ErrorCode::Success;
+    if (state.IsDataFileLocked) {
         ShowCannotOpen(state);
         return std::nullopt;
     }
@@ -98,7 +98,8 @@ bool SaveCategoryFile(CProgramState& state) {
     const CategoryLists& categories = state.Categories;
     const std::vector<std::uint8_t> bytes =
         EncodeCategoryFile(categories.AlarmList.All(), categories.HolidayList.All(), categories.AnniversaryList.All());
-    if (state.Host().Files().WriteWholeFile(CategoryFilePath(state), bytes) != ErrorCode::Success) {
+    if (state.IsDataFileLocked ||
+        state.Host().Files().WriteWholeFile(CategoryFilePath(state), bytes) != ErrorCode::Success) {
         ShowCannotOpen(state);
         return false;
     }

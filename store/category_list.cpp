@@ -13,7 +13,7 @@ namespace tavo {
 void CategoryList::Insert(std::size_t index, Oid oid) {
     Oids.insert(Oids.begin() + static_cast<std::ptrdiff_t>(index), oid);
     ++Counts[oid];
-    if (ITagMirror* mirror = Store.Tags(); mirror != nullptr) {
+    if (ITagMirror* mirror = MirrorToTell(); mirror != nullptr) {
         static_cast<void>(mirror->ReportInserted(List, static_cast<std::int32_t>(index), oid));
     }
 }
@@ -24,7 +24,7 @@ void CategoryList::RemoveAt(std::size_t index) {
     if (const auto count = Counts.find(oid); --count->second == 0) {
         Counts.erase(count);
     }
-    if (ITagMirror* mirror = Store.Tags(); mirror != nullptr) {
+    if (ITagMirror* mirror = MirrorToTell(); mirror != nullptr) {
         static_cast<void>(mirror->ReportRemoved(List, static_cast<std::int32_t>(index), oid));
     }
 }
@@ -43,7 +43,23 @@ void CategoryList::Replace(std::vector<Oid> oids) {
     for (const Oid oid : Oids) {
         ++Counts[oid];
     }
-    if (ITagMirror* mirror = Store.Tags(); mirror != nullptr) {
+    if (ITagMirror* mirror = MirrorToTell(); mirror != nullptr) {
+        static_cast<void>(mirror->ReplaceList(List, Oids));
+    }
+}
+
+ITagMirror* CategoryList::MirrorToTell() {
+    if (Holding) {
+        ChangedMeanwhile = true;
+        return nullptr;
+    }
+    return Store.Tags();
+}
+
+void CategoryList::ReportHeld() {
+    Holding = false;
+    const bool changed = std::exchange(ChangedMeanwhile, false);
+    if (ITagMirror* mirror = Store.Tags(); changed && mirror != nullptr) {
         static_cast<void>(mirror->ReplaceList(List, Oids));
     }
 }

@@ -50,11 +50,32 @@ class CategoryList {
         }
     }
 
+    // While it lives, the mirror is not told of single changes; at its end it gets the list as a whole if that changed.
+    // For many changes at once: each report is a write to the disk.
+    class ReportOnce {
+      public:
+        explicit ReportOnce(CategoryList& list) : List(list) { List.Holding = true; }
+
+        ~ReportOnce() { List.ReportHeld(); }
+
+        ReportOnce(const ReportOnce&) = delete;
+        ReportOnce& operator=(const ReportOnce&) = delete;
+
+      private:
+        CategoryList& List;
+    };
+
   private:
+    // Who is to be told of a change now; null for nobody.
+    ITagMirror* MirrorToTell();
+    void ReportHeld();
+
     TagList List;
     OutlookSession& Store;
     std::vector<Oid> Oids;
     std::unordered_map<Oid, std::uint32_t> Counts; // how often each stands in Oids
+    bool Holding = false;
+    bool ChangedMeanwhile = false;
 };
 
 } // namespace tavo

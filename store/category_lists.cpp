@@ -27,6 +27,9 @@ bool CategoryLists::ApplyTagRequests() {
     if (mirror == nullptr || Failed(mirror->GetRequests(requests))) {
         return false;
     }
+    const CategoryList::ReportOnce alarms(AlarmList);
+    const CategoryList::ReportOnce holidays(HolidayList);
+    const CategoryList::ReportOnce anniversaries(AnniversaryList);
     bool changed = false;
     for (const TagRequest& request : requests) {
         // One that was carried out but not yet saved must not undo what the user did since.
@@ -62,6 +65,7 @@ void CategoryLists::FinishTagRequests() {
 }
 
 std::vector<AppointmentData> LoadAndPrune(CategoryList& list, OutlookSession& store) {
+    const CategoryList::ReportOnce once(list);
     std::vector<AppointmentData> records;
     for (std::size_t index = 0; index < list.Size();) {
         AppointmentData record;

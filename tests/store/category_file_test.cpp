@@ -196,6 +196,22 @@ TEST_F(CategoryFileTest, AFileThatCannotBeReadIsReportedAndNotReplaced) {
     EXPECT_FALSE(LoadCategoryFile(State));
     EXPECT_THAT(Device.MessagesShown(), ElementsAre(kCannotOpenMessage));
     EXPECT_THAT(Device.FileBytes(kDataFile), Optional(tagged));
+    Device.WillAnswer(IDOK);
+    EXPECT_FALSE(SaveCategoryFile(State));
+    EXPECT_EQ(Device.MessagesShown().size(), 2U);
+    EXPECT_THAT(Device.FileBytes(kDataFile), Optional(tagged));
+}
+
+TEST_F(CategoryFileTest, OnceReadAgainTheFileIsSavedAgain) {
+    Device.GivenFile(kDataFile, {1, 0, 0, 0, 9, 0, 0, 0, ';', 0, 0, 0, 0, ';', 0, 0, 0, 0, ';'});
+    Host.OwnFiles.ReadResult = ErrorCode::AccessDenied;
+    Device.WillAnswer(IDOK);
+    EXPECT_FALSE(LoadCategoryFile(State));
+    Host.OwnFiles.ReadResult = ErrorCode::Success;
+    EXPECT_TRUE(LoadCategoryFile(State));
+    Lists().AlarmList.RemoveAll();
+    EXPECT_TRUE(SaveCategoryFile(State));
+    EXPECT_THAT(Device.FileBytes(kDataFile), Optional(kEmptyFile));
 }
 
 TEST_F(CategoryFileTest, ASaveThatFailsIsReportedAndFinishesNoRequest) {
@@ -223,7 +239,7 @@ TEST_F(CategoryFileTest, TagsAskedForBeforeTheStartAreCarriedOutAndFinishedByThe
     EXPECT_TRUE(LoadCategoryFile(State));
     EXPECT_TRUE(Lists().IsHoliday(9));
     EXPECT_THAT(Outlook.Mirror.Reports,
-                ElementsAre("replace alarm", "replace holiday", "replace anniversary", "insert holiday at 0: 9"));
+                ElementsAre("replace alarm", "replace holiday", "replace anniversary", "replace holiday 9"));
     EXPECT_TRUE(SaveCategoryFile(State));
     EXPECT_EQ(Outlook.Mirror.Reports.back(), "finish 4");
 }

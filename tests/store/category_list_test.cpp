@@ -99,6 +99,28 @@ TEST_F(CategoryListTest, RemovingAllOfNothingIsNoChange) {
     EXPECT_THAT(Outlook.Mirror.Reports, ElementsAre("replace holiday"));
 }
 
+TEST_F(CategoryListTest, ManyChangesAtOnceAreReportedAsAWhole) {
+    List.Append(1);
+    Outlook.Mirror.Reports.clear();
+    {
+        const CategoryList::ReportOnce once(List);
+        List.Append(2);
+        List.Append(3);
+        List.RemoveFirst(1);
+        EXPECT_THAT(Outlook.Mirror.Reports, IsEmpty());
+    }
+    EXPECT_THAT(Outlook.Mirror.Reports, ElementsAre("replace holiday 2 3"));
+    List.Append(4);
+    EXPECT_EQ(Outlook.Mirror.Reports.back(), "insert holiday at 2: 4");
+}
+
+TEST_F(CategoryListTest, NoChangeAtAllIsNotReportedAsAWhole) {
+    List.Append(1);
+    Outlook.Mirror.Reports.clear();
+    { const CategoryList::ReportOnce once(List); }
+    EXPECT_THAT(Outlook.Mirror.Reports, IsEmpty());
+}
+
 TEST_F(CategoryListTest, WithoutAStoreNothingIsReported) {
     Session.OutlookApp.Reset();
     List.Append(1);

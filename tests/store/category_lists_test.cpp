@@ -17,6 +17,7 @@ using test::OutlookProbe;
 using test::TestDevice;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 class CategoryListsTest : public testing::Test {
   protected:
@@ -65,6 +66,13 @@ TEST_F(CategoryListsTest, ARequestTags) {
     Outlook.Mirror.Requests = {{1, TagList::Holiday, 9, true}};
     EXPECT_TRUE(Lists.ApplyTagRequests());
     EXPECT_THAT(Lists.HolidayList.All(), ElementsAre(4, 9));
+}
+
+TEST_F(CategoryListsTest, ManyRequestsAreOneReportForEachListTheyChange) {
+    Outlook.Mirror.Requests = {
+        {1, TagList::Holiday, 9, true}, {2, TagList::Alarm, 5, true}, {3, TagList::Holiday, 7, true}};
+    EXPECT_TRUE(Lists.ApplyTagRequests());
+    EXPECT_THAT(Outlook.Mirror.Reports, UnorderedElementsAre("replace holiday 9 7", "replace alarm 5"));
 }
 
 TEST_F(CategoryListsTest, ARequestToTagWhatIsTaggedChangesNothing) {
@@ -150,11 +158,13 @@ TEST_F(CategoryListsTest, PruningDropsWhatIsGoneAndGoesOnWithTheNext) {
     for (const Oid oid : {gone, goneToo, goneLast}) {
         Device.Delete(oid);
     }
+    Outlook.Mirror.Reports.clear();
     const std::vector<AppointmentData> records = LoadAndPrune(Lists.AlarmList, Session);
     ASSERT_EQ(records.size(), 2U);
     EXPECT_EQ(records[0].Subject, u"Dentist");
     EXPECT_EQ(records[1].Subject, u"Lunch");
     EXPECT_THAT(Lists.AlarmList.All(), ElementsAre(dentist, lunch));
+    EXPECT_EQ(Outlook.Mirror.Reports.size(), 1U);
 }
 
 TEST_F(CategoryListsTest, PruningKeepsTagsWhileTheStoreCannotAnswer) {
