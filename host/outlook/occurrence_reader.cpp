@@ -14,6 +14,8 @@ namespace tavo::outlook {
 
 namespace {
 
+constexpr std::size_t kManyEntries = 1000;
+
 // What a line shows of its item; of a series it is kept for the other occurrences.
 struct ItemFacts {
     std::string Subject;
@@ -34,6 +36,9 @@ class Lister {
             Status status = reader.ReadPiece(entries);
             if (Succeeded(status)) {
                 status = filter.Apply(entries, 0);
+            }
+            if (Succeeded(status) && entries.size() > kManyEntries && !TagsKnown) {
+                status = ReadTags();
             }
             for (const Entry& entry : entries) {
                 if (Succeeded(status)) {
@@ -88,20 +93,45 @@ class Lister {
 
     // False when another process deleted the item in between: no line for it.
     Status ReadFacts(Oid oid, ItemFacts& facts) {
-        Query query(Core.Db, "SELECT subject, flags, (SELECT min(list) FROM tag WHERE tag.oid = item.oid) FROM item"
-                             " WHERE oid = ?");
+        Query query(Core.Db, "SELECT subject, flags FROM item WHERE oid = ?");
         if (!query.Bind(oid).Next()) {
             return Failed(query.Result()) ? query.Result() : Status::False;
         }
         facts.Subject = query.Text(0);
         facts.AllDay = (query.Integer(1) & kFlagAllDay) != 0;
-        facts.Kind = query.IsNull(2) ? MirroredKind::Appointment : static_cast<MirroredKind>(query.Small(2));
+        return TagsKnown ? FindTag(oid, facts) : ReadTag(oid, facts);
+    }
+
+    Status ReadTag(Oid oid, ItemFacts& facts) {
+        Query query(Core.Db, "SELECT min(list) FROM tag WHERE oid = ?");
+        if (query.Bind(oid).Next() && !query.IsNull(0)) {
+            facts.Kind = static_cast<MirroredKind>(query.Small(0));
+        }
+        return query.Result();
+    }
+
+    Status FindTag(Oid oid, ItemFacts& facts) const {
+        if (const auto tag = Tags.find(oid); tag != Tags.end()) {
+            facts.Kind = tag->second;
+        }
         return Status::Ok;
+    }
+
+    // For a long list: all tags at once cost less than a search for each item.
+    Status ReadTags() {
+        Query query(Core.Db, "SELECT oid, list FROM tag ORDER BY list, place");
+        while (query.Next()) {
+            Tags.emplace(query.Small(0), static_cast<MirroredKind>(query.Small(1))); // the first list counts
+        }
+        TagsKnown = Succeeded(query.Result());
+        return query.Result();
     }
 
     StoreCore& Core;
     const std::function<void(const ListedOccurrence&)>& Visit;
     std::unordered_map<Oid, ItemFacts> Series;
+    std::unordered_map<Oid, MirroredKind> Tags;
+    bool TagsKnown = false;
 };
 
 Status List(StoreCore& core, const Restriction& restriction,
@@ -111,7 +141,17 @@ Status List(StoreCore& core, const Restriction& restriction,
     span.HighestStart = restriction.HighestStart();
     span.LowestEnd = restriction.LowestEnd();
     span.Series = SeriesAs::Occurrences;
-    return Lister(core, visit).Run(span, restriction);
+    // One look at the store for the whole list: else each of thousands of rows would take and give back the file's
+    // lock.
+    const bool own = !core.Db.InTransaction();
+    Status status = own ? core.Db.Run("BEGIN") : Status::Ok;
+    if (Succeeded(status)) {
+        status = Lister(core, visit).Run(span, restriction);
+        if (own) {
+            (void)core.Db.Run("COMMIT"); // nothing was written that could be lost
+        }
+    }
+    return status;
 }
 
 Condition MakeCondition(Property property, Seconds low, Seconds high) {

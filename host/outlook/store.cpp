@@ -50,7 +50,7 @@ Status OpenForReading(StoreCore& core, const StoreOptions& options, bool hasLog)
     const bool writable = Succeeded(status) && sqlite3_db_readonly(core.Db.Raw(), "main") == 0;
     if (writable) {
         sqlite3_db_config(core.Db.Raw(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, hasLog ? 1 : 0, nullptr);
-        status = core.Db.Run("PRAGMA query_only=ON; PRAGMA cache_size=-16384; PRAGMA schema_version");
+        status = core.Db.Run("PRAGMA query_only=ON; PRAGMA mmap_size=268435456; PRAGMA cache_size=-16384; PRAGMA schema_version");
     }
     if (!writable || (Failed(status) && status != Status::Locked)) {
         // On a read-only disk no file can appear beside the store; without a log none is needed.
