@@ -4,7 +4,23 @@
 #include <QFile>
 #include <QPainter>
 
+#include <algorithm>
+#include <utility>
+
 namespace tavo::qt {
+namespace {
+
+bool IsOpaque(const QImage& image) {
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        if (!std::all_of(row, row + image.width(), [](QRgb pixel) { return qAlpha(pixel) == 255; })) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
 
 QSvgRenderer* Pictures::Load(int bitmap) {
     if (const auto known = Loaded.find(bitmap); known != Loaded.end()) {
@@ -41,6 +57,10 @@ const QImage& Pictures::Render(int bitmap, const Rect& source, QSize size) {
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
         renderer->render(&painter, QRectF(QPointF(), QSizeF(size)));
+        painter.end();
+        if (IsOpaque(image)) {
+            image = std::move(image).convertToFormat(QImage::Format_RGB32); // copied instead of blended
+        }
     }
     return Rendered.emplace(key, std::move(image)).first->second;
 }
