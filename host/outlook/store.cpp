@@ -14,6 +14,9 @@ namespace {
 // The narrow tables of a hundred thousand items fit; pages are taken as they are read.
 constexpr const char* kSettings = "PRAGMA cache_size=-16384; PRAGMA foreign_keys=ON; PRAGMA synchronous=FULL;"
                                   "PRAGMA temp_store=MEMORY; PRAGMA journal_size_limit=4194304";
+// Who only reads lives shortly and takes pages as they lie in the file, without copying each.
+constexpr const char* kReaderSettings =
+    "PRAGMA query_only=ON; PRAGMA mmap_size=268435456; PRAGMA cache_size=-16384; PRAGMA schema_version";
 
 bool IsDiskFull(const std::filesystem::path& path) {
     struct statvfs facts {};
@@ -50,14 +53,14 @@ Status OpenForReading(StoreCore& core, const StoreOptions& options, bool hasLog)
     const bool writable = Succeeded(status) && sqlite3_db_readonly(core.Db.Raw(), "main") == 0;
     if (writable) {
         sqlite3_db_config(core.Db.Raw(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, hasLog ? 1 : 0, nullptr);
-        status = core.Db.Run("PRAGMA query_only=ON; PRAGMA mmap_size=268435456; PRAGMA cache_size=-16384; PRAGMA schema_version");
+        status = core.Db.Run(kReaderSettings);
     }
     if (!writable || (Failed(status) && status != Status::Locked)) {
         // On a read-only disk no file can appear beside the store; without a log none is needed.
         status = core.Db.Open(StoreUri(core.Path, hasLog ? "mode=ro" : "mode=ro&immutable=1"),
                               SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, options.LockPatience);
         if (Succeeded(status)) {
-            status = core.Db.Run("PRAGMA cache_size=-16384; PRAGMA schema_version");
+            status = core.Db.Run(kReaderSettings);
         }
     }
     return status;
