@@ -28,20 +28,23 @@ Day DayFromNumber(DayNumber day) {
     return Day(std::chrono::days(day - outlook::kUnixEpochDay));
 }
 
-void AppendTwoDigits(Seconds number, std::string& text) {
-    text += static_cast<char>('0' + number / 10);
-    text += static_cast<char>('0' + number % 10);
-}
-
 void AppendClock(Seconds time, std::string& text) {
-    const Seconds minutes = outlook::TimeOfDay(time) / 60;
-    AppendTwoDigits(minutes / 60, text);
-    text += ':';
-    AppendTwoDigits(minutes % 60, text);
+    const auto minutes = static_cast<int>(outlook::TimeOfDay(time) / 60);
+    const auto digit = [](int number) { return static_cast<char>('0' + number); };
+    const std::array<char, 5> clock{digit(minutes / 600), digit(minutes / 60 % 10), ':', digit(minutes % 60 / 10),
+                                    digit(minutes % 10)};
+    text.append(clock.data(), clock.size());
 }
 
 // Text from other calendars may hold anything; nothing of it may end a line or command a terminal.
 void AppendPlain(std::string_view subject, std::string& text) {
+    const bool clean = std::none_of(subject.begin(), subject.end(), [](char character) {
+        return static_cast<unsigned char>(character) < ' ' || character == 0x7F || character == '\xC2';
+    });
+    if (clean) {
+        text += subject;
+        return;
+    }
     for (std::size_t index = 0; index < subject.size(); ++index) {
         const auto byte = static_cast<unsigned char>(subject[index]);
         if (byte == 0xC2 && index + 1 < subject.size() && static_cast<unsigned char>(subject[index + 1]) < 0xA0) {
