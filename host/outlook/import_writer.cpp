@@ -235,8 +235,9 @@ Status ImportWriter::Work::DropUnoffered() {
             continue;
         }
         StoredItem item = before;
-        std::erase_if(item.Exceptions,
-                      [&](const StoredException& one) { return IsMoved(one) && originals.contains(one.Original); });
+        std::erase_if(item.Exceptions, [&moved = originals](const StoredException& one) {
+            return IsMoved(one) && moved.contains(one.Original);
+        });
         std::int64_t source = 0;
         std::string fault;
         if (Succeeded(status)) {
