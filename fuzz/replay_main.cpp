@@ -1,6 +1,8 @@
 // Goes through a fuzzer's seeds, and through damaged copies of each, without libFuzzer.
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -13,7 +15,7 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-constexpr int kDamagedCopies = 3000; // of each seed
+constexpr int kDamagedCopies = 3000; // of each seed, unless told otherwise
 
 Bytes ReadFile(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
@@ -55,19 +57,27 @@ Bytes Damage(Bytes bytes, std::mt19937& random) {
 
 } // namespace
 
+// usage: fuzz_NAME FOLDER [COPIES]
 int main(int argc, char** argv) {
+    if (argc < 2) {
+        return 2;
+    }
+    const int copies = argc > 2 ? std::atoi(argv[2]) : kDamagedCopies;
     int seeds = 0;
     std::mt19937 random(20040915); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same damages in every run
-    for (int index = 1; index < argc; ++index) {
-        for (const auto& entry : std::filesystem::directory_iterator(argv[index])) {
-            const Bytes seed = ReadFile(entry.path());
-            ++seeds;
-            Try(seed);
-            for (int copy = 0; copy < kDamagedCopies; ++copy) {
-                Try(Damage(seed, random));
-            }
+    std::vector<std::filesystem::path> files;
+    for (const auto& entry : std::filesystem::directory_iterator(argv[1])) {
+        files.push_back(entry.path());
+    }
+    std::sort(files.begin(), files.end());
+    for (const std::filesystem::path& file : files) {
+        const Bytes seed = ReadFile(file);
+        ++seeds;
+        Try(seed);
+        for (int copy = 0; copy < copies; ++copy) {
+            Try(Damage(seed, random));
         }
     }
-    std::printf("%d seeds, each with %d damaged copies\n", seeds, kDamagedCopies);
+    std::printf("%d seeds, each with %d damaged copies\n", seeds, copies);
     return seeds > 0 ? 0 : 1;
 }
