@@ -62,7 +62,7 @@ int main(int argc, char** argv) {
     if (argc < 2) {
         return 2;
     }
-    const int copies = argc > 2 ? std::atoi(argv[2]) : kDamagedCopies;
+    const int copies = argc > 2 ? static_cast<int>(std::strtol(argv[2], nullptr, 10)) : kDamagedCopies;
     int seeds = 0;
     std::mt19937 random(20040915); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same damages in every run
     std::vector<std::filesystem::path> files;
