@@ -37,12 +37,17 @@ bool IsEndless(const icalrecurrencetype& rule) {
 
 // Walks one rule from a time on. `visit` returns false to stop.
 template <class Visit> void WalkRule(const icalrecurrencetype& rule, Seconds start, Seconds from, Visit&& visit) {
+    if (rule.freq == ICAL_HOURLY_RECURRENCE && from > start && !IsCounted(rule)) {
+        // Beginning anywhere in its step gives the same hours; the iterator itself only skips whole days.
+        const Seconds step = std::max<Seconds>(rule.interval, 1) * 3600;
+        start += (from - start) / step * step;
+    }
     const std::unique_ptr<icalrecur_iterator, IteratorCloser> iterator(
         icalrecur_iterator_new(rule, IcalFromSeconds(start)));
     if (iterator == nullptr) {
         return;
     }
-    if (from > start && !IsCounted(rule)) {
+    if (from > start && !IsCounted(rule) && rule.freq != ICAL_HOURLY_RECURRENCE) {
         icalrecur_iterator_set_start(iterator.get(), IcalFromSeconds(from));
     }
     for (;;) {

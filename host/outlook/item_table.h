@@ -39,10 +39,11 @@ class ItemTable {
     SeriesExpander& Series() { return Expander; }
 
   private:
-    Status Prepare(StoredItem& item, ZoneId& zone, std::string& fault);
+    // Works out all that follows from the item. What can be refused is refused here, before anything is written.
+    Status Prepare(StoredItem& item, SeriesRow& series, std::string& fault);
     Status WriteRow(const char* sql, const StoredItem& item, ZoneId zone, std::int64_t source);
-    Status WriteParts(const StoredItem& item, ZoneId zone, std::string& fault);
-    Status WriteSeries(const StoredItem& item, ZoneId zone, std::string& fault);
+    Status WriteParts(const StoredItem& item, const SeriesRow& series);
+    Status WriteSeries(const SeriesRow& row, const StoredItem& item);
     Status WriteExceptions(const StoredItem& item);
     Status WriteInk(Oid oid, std::span<const std::uint8_t> ink);
     Status RemovePlain(Oid oid);

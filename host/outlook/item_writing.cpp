@@ -28,21 +28,28 @@ std::optional<std::string> OptionalUtf8(const std::optional<std::u16string>& tex
 
 } // namespace
 
-Status ItemTable::Prepare(StoredItem& item, ZoneId& zone, std::string& fault) {
-    zone = kFloating;
-    if (item.Zone.empty()) {
+Status ItemTable::Prepare(StoredItem& item, SeriesRow& series, std::string& fault) {
+    if (!item.Zone.empty()) {
+        const Status status = Zones.FindOrAdd(item.Zone, series.Zone);
+        if (status == Status::InvalidArgument) {
+            fault = "its time zone is not known: " + item.Zone;
+        }
+        if (Failed(status)) {
+            return status;
+        }
+        item.Start = Zones.ToWall(series.Zone, item.ZoneStart);
+        // Where the device's clock goes back in between, the end would come to lie before the start.
+        item.End = std::max(Zones.ToWall(series.Zone, item.ZoneEnd), item.Start);
+    }
+    if (!item.IsRecurring()) {
         return Status::Ok;
     }
-    const Status status = Zones.FindOrAdd(item.Zone, zone);
-    if (status == Status::InvalidArgument) {
-        fault = "its time zone is not known: " + item.Zone;
-    }
-    if (Succeeded(status)) {
-        item.Start = Zones.ToWall(zone, item.ZoneStart);
-        // Where the device's clock goes back in between, the end would come to lie before the start.
-        item.End = std::max(Zones.ToWall(zone, item.ZoneEnd), item.Start);
-    }
-    return status;
+    const bool floating = series.Zone == kFloating;
+    series.Item = item.Item;
+    series.Start = floating ? item.Start : item.ZoneStart;
+    series.Length = floating ? item.End - item.Start : item.ZoneEnd - item.ZoneStart;
+    series.Pattern = item.Pattern;
+    return Expander.FindBounds(series, item.ForeignRule, item.Exceptions, fault);
 }
 
 Status ItemTable::WriteRow(const char* sql, const StoredItem& item, ZoneId zone, std::int64_t source) {
@@ -70,25 +77,16 @@ Status ItemTable::WriteRow(const char* sql, const StoredItem& item, ZoneId zone,
     return query.Finish();
 }
 
-Status ItemTable::WriteSeries(const StoredItem& item, ZoneId zone, std::string& fault) {
-    SeriesRow row;
-    row.Item = item.Item;
-    row.Zone = zone;
-    row.Start = zone == kFloating ? item.Start : item.ZoneStart;
-    row.Length = zone == kFloating ? item.End - item.Start : item.ZoneEnd - item.ZoneStart;
-    row.Pattern = item.Pattern;
-    if (const Status status = Expander.FindBounds(row, item.ForeignRule, item.Exceptions, fault); Failed(status)) {
-        return status;
-    }
+Status ItemTable::WriteSeries(const SeriesRow& row, const StoredItem& item) {
     const StoredPattern& pattern = item.Pattern;
     Query query(Source, "INSERT INTO series(oid, first, first_length, until, start, length, zone, type, interval, mask,"
                         " day, instance, month, end_kind, occurrences, last_day, has_exceptions)"
                         " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
     query.Bind(row.Item).Bind(row.First).Bind(row.FirstLength).Bind(row.Until).Bind(row.Start).Bind(row.Length);
-    if (zone == kFloating) {
+    if (row.Zone == kFloating) {
         query.BindNull();
     } else {
-        query.Bind(zone);
+        query.Bind(row.Zone);
     }
     query.Bind(pattern.Type).Bind(pattern.Interval).Bind(pattern.DayOfWeekMask).Bind(pattern.DayOfMonth);
     query.Bind(pattern.Instance).Bind(pattern.MonthOfYear).Bind(static_cast<std::int64_t>(pattern.End));
@@ -124,13 +122,13 @@ Status ItemTable::WriteInk(Oid oid, std::span<const std::uint8_t> ink) {
 }
 
 // The item's row is there already: the others refer to it.
-Status ItemTable::WriteParts(const StoredItem& item, ZoneId zone, std::string& fault) {
+Status ItemTable::WriteParts(const StoredItem& item, const SeriesRow& series) {
     if (!item.IsRecurring()) {
         const Seconds length = item.End - item.Start;
         Query plain(Source, "INSERT INTO plain(span, start, oid, length) VALUES (?, ?, ?, ?)");
         return plain.Bind(SpanOf(length)).Bind(item.Start).Bind(item.Item).Bind(length).Finish();
     }
-    Status status = WriteSeries(item, zone, fault);
+    Status status = WriteSeries(series, item);
     if (Succeeded(status) && item.Pattern.Type == kRecursForeign) {
         Query rule(Source, "INSERT INTO foreign_rule(oid, rule) VALUES (?, ?)");
         status = rule.Bind(item.Item).Bind(item.ForeignRule).Finish();
@@ -139,20 +137,20 @@ Status ItemTable::WriteParts(const StoredItem& item, ZoneId zone, std::string& f
 }
 
 Status ItemTable::Insert(StoredItem& item, std::int64_t source, std::string& fault) {
-    ZoneId zone = kFloating;
-    Status status = Prepare(item, zone, fault);
+    SeriesRow series;
+    Status status = Prepare(item, series, fault);
     if (Succeeded(status)) {
-        status = WriteRow(kInsert, item, zone, source);
+        status = WriteRow(kInsert, item, series.Zone, source);
     }
     if (Succeeded(status)) {
-        status = WriteParts(item, zone, fault);
+        status = WriteParts(item, series);
     }
     return Succeeded(status) && !item.Ink.empty() ? WriteInk(item.Item, item.Ink) : status;
 }
 
 Status ItemTable::Update(StoredItem& item, Ink ink, std::int64_t source, std::string& fault) {
-    ZoneId zone = kFloating;
-    Status status = Prepare(item, zone, fault);
+    SeriesRow series;
+    Status status = Prepare(item, series, fault);
     if (Succeeded(status)) {
         status = RemovePlain(item.Item);
     }
@@ -163,10 +161,10 @@ Status ItemTable::Update(StoredItem& item, Ink ink, std::int64_t source, std::st
         }
     }
     if (Succeeded(status)) {
-        status = WriteRow(kUpdate, item, zone, source);
+        status = WriteRow(kUpdate, item, series.Zone, source);
     }
     if (Succeeded(status)) {
-        status = WriteParts(item, zone, fault);
+        status = WriteParts(item, series);
     }
     return Succeeded(status) && ink == Ink::Take ? WriteInk(item.Item, item.Ink) : status;
 }
