@@ -94,7 +94,7 @@ void Device::Key(int key, int modifiers) {
     KeyUp(key, modifiers);
 }
 
-void Device::Type(std::u16string text) {
+void Device::Type(std::u16string_view text) {
     for (const char16_t character : text) {
         Do([this, character] {
             if (const WindowHandle control = OwnHost.Keys.Character(character); control != WindowHandle::None) {
@@ -122,12 +122,12 @@ void Device::TapControl(int id) {
     });
 }
 
-void Device::TypeInto(int id, std::u16string text) {
+void Device::TypeInto(int id, std::u16string_view text) {
     OnControl(id, "type into", [this](WindowHandle control) {
         OwnHost.ControlActions.Focus(control);
         OwnHost.ControlActions.SelectText(control, 0, static_cast<int>(OwnHost.State.Tree.Find(control)->Text.size()));
     });
-    Type(std::move(text));
+    Type(text);
 }
 
 void Device::OpenList(int id) {

@@ -27,11 +27,11 @@ class Device {
     void Key(int key, int modifiers = 0); // down and up
     void KeyDown(int key, int modifiers = 0);
     void KeyUp(int key, int modifiers = 0);
-    void Type(std::u16string text);
+    void Type(std::u16string_view text);
 
     // Controls of the window on top, by id. One that takes no input then is a problem.
     void TapControl(int id);
-    void TypeInto(int id, std::u16string text); // replaces what is there
+    void TypeInto(int id, std::u16string_view text); // replaces what is there
     void OpenList(int id);
     void CloseList(int id);
     void Choose(int id, int index); // opens the list first
