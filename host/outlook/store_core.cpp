@@ -131,7 +131,8 @@ Status StoreCore::RunQuietly(const std::function<Status()>& work) {
     }
     Status status = work();
     if (alone && Succeeded(status)) {
-        status = Db.Run("COMMIT");
+        const Status committed = Db.Run("COMMIT");
+        status = Failed(committed) ? committed : status;
     }
     if (alone && Failed(status) && Db.InTransaction()) {
         (void)Db.Run("ROLLBACK"); // the first failure is the one to report
