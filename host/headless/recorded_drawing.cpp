@@ -1,6 +1,7 @@
 // Fonts, surfaces and the frames that windows show.
-#include "host/headless/recorded_surface.h"
+#include "host/headless/recorded_drawing.h"
 
+#include "host/headless/recorded_surface.h"
 #include "host/headless/text_metrics.h"
 #include "host/locale/utf.h"
 
