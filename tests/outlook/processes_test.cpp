@@ -80,6 +80,7 @@ TEST_F(Processes, WriteAtOnceWithoutLosingAnything) {
 TEST_F(Processes, AWriterThatHoldsOnTooLongIsLockedOut) {
     const auto holder = Fork([this](ChildProcess::Link& link) {
         Reopen();
+        link.Hear();
         if (Failed(App->Begin(u"Long"))) {
             _exit(1);
         }
@@ -94,6 +95,7 @@ TEST_F(Processes, AWriterThatHoldsOnTooLongIsLockedOut) {
     options.LockPatience = 200;
     ASSERT_EQ(OpenStore(File, options, Store), Status::Ok); // before the other one holds it
     App = MakeOutlookApp(Store);
+    holder->Tell('g');
     holder->Hear();
     EXPECT_EQ(NewAppointment("2026-05-01 10:00", "2026-05-01 11:00")->Save(), Status::Locked);
     EXPECT_THAT(WalkOids(*Items()), IsEmpty()); // reading goes on, without what is not committed
