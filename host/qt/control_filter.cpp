@@ -17,6 +17,9 @@ void ControlFilter::Watch(WindowHandle control, QWidget& widget) {
     QList<QWidget*> parts = widget.findChildren<QWidget*>();
     parts.append(&widget);
     for (QWidget* part : parts) {
+        if (part->window() != widget.window()) {
+            continue; // in a list of its own, which has its keys to itself
+        }
         part->setProperty(kControlProperty, static_cast<unsigned>(control));
         part->installEventFilter(this);
     }

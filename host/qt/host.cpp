@@ -72,13 +72,17 @@ void QtHost::FollowLayout() {
     OwnBox->Place(kWholeScreen);
 }
 
-void QtHost::PrepareWait(bool waits) {
+void QtHost::UpdateWidgets() {
     OwnViews.Update();
     if (std::exchange(BarsChanged, false)) {
         OwnDesktop.Navigation().Refresh();
         OwnDesktop.Menus().Refresh();
         OwnBox->raise();
     }
+}
+
+void QtHost::PrepareWait(bool waits) {
+    UpdateWidgets();
     // The window appears with its first picture, not white.
     if (FrameChanged && (waits || OwnDrawing.HasPresented())) {
         FrameChanged = false;

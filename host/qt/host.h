@@ -75,6 +75,9 @@ class QtHost final : public IHost, private shell::IShellObserver {
     Status CoCreateInstance(ComPtr<IPOutlookApp>& outlook) override;
     ErrorCode GetLastError() override;
 
+    // Brings what the program changed to the widgets; every wait begins with it.
+    void UpdateWidgets();
+
     // For tests, and for what is wired from outside.
     Device& Parts() { return Shared; }
 

@@ -76,6 +76,10 @@ bool Keyboard::TakeBarKey(const QKeyEvent& event) {
 }
 
 void Keyboard::Press(WindowHandle from, QKeyEvent& event) {
+    if (Delivering) { // the control has no use for it
+        event.ignore();
+        return;
+    }
     event.accept();
     Down.insert(event.key());
     Shared.KeyWasLast = true;

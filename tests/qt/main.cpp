@@ -1,4 +1,6 @@
 // Runs the tests of the desktop host without a screen.
+#include "host/qt/font.h"
+
 #include <QApplication>
 #include <gtest/gtest.h>
 
@@ -7,5 +9,8 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     Q_INIT_RESOURCE(tavo_pictures);
     const QApplication application(argc, argv);
+    if (!tavo::qt::PrepareFonts()) {
+        return 1;
+    }
     return RUN_ALL_TESTS();
 }

@@ -57,6 +57,7 @@ void ListView::ShowState(const shell::WindowRecord& record) {
     const auto same = [&](int i) {
         return Box->itemText(i).toStdU16String() == state.Items[static_cast<std::size_t>(i)];
     };
+    const QSignalBlocker quiet(Box->lineEdit()); // what the box does to its own text is not typing
     bool isFilled = Box->count() == static_cast<int>(state.Items.size());
     for (int i = 0; isFilled && i < Box->count(); ++i) {
         isFilled = same(i);
