@@ -19,15 +19,13 @@ constexpr Size kIconSize{32, 32};
 CAboutDlg::CAboutDlg(CMessagePump& pump, CProgramState& state) : CDialog(pump, kAboutTemplate), State(state) {}
 
 void CAboutDlg::Paint() {
-    const Size size = Surface().GetSize();
     DropPainted();
-    Surface().FillRect(Rect::FromSize(0, 0, size.Width, size.Height), kBackground);
+    Surface().FillRect(Rect::Whole(Surface().GetSize()), kBackground);
     Surface().DrawTextW(kAboutTemplate.Title, kTitleBand,
                         {State.Fonts.FontArial10Bold, kTitleColor, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX});
     Surface().DrawLine({0, 25}, {240, 25}, kTitleLine);
     const Rect icon = ToPixels(kAboutIconPlace);
-    Surface().DrawBitmap(kBitmapProgram, {icon.Left, icon.Top},
-                         Rect::FromSize(0, 0, kIconSize.Width, kIconSize.Height));
+    Surface().DrawBitmap(kBitmapProgram, {icon.Left, icon.Top}, Rect::Whole(kIconSize));
     Declare({kTitleBand, PaintedRole::Header, std::u16string(kAboutTemplate.Title)});
     PresentSurface();
 }

@@ -1,4 +1,4 @@
-// The application object's work.
+// How the program starts, takes its own commands and ends.
 #include "app/tavo_app.h"
 
 #include "app/about_dialog.h"
@@ -10,24 +10,29 @@
 
 namespace tavo {
 
+namespace {
+constexpr int kStartFailed = 1; // exit status
+}
+
 CTavoApp::CTavoApp(IHost& host) : Device(host), Pump(host), State(Pump) {}
 
-bool CTavoApp::InitInstance() {
+CTavoApp::Start CTavoApp::InitInstance() {
     if (ActivateRunningCopy()) {
-        return false;
+        return Start::HandedOver;
     }
     if (Failed(Device.CoInitializeEx())) {
-        return false;
+        return Start::Failed;
     }
     Device.Registry().SetRegistryKey(kRegistryCompany);
     Frame = std::make_unique<CMainFrame>(Pump, State, *this);
     if (!Frame->Open()) {
-        return false;
+        return Start::Failed;
     }
     Device.Windows().SetWindowTextW(Frame->Handle(), kProgramTitle);
     Frame->Show(ShowCommand::Maximize);
+    // Last, on a window that is seen: a store that fails says so there.
     Frame->View().UpdateFirst();
-    return true;
+    return Start::Running;
 }
 
 bool CTavoApp::ActivateRunningCopy() {
@@ -52,7 +57,7 @@ void CTavoApp::TakeCommand(int command) {
     switch (command) {
     case kCommandAbout: {
         CAboutDlg about(Pump, State);
-        about.DoModal();
+        static_cast<void>(about.DoModal()); // closing it is all it can do
         break;
     }
     case kCommandExit:
@@ -65,8 +70,9 @@ void CTavoApp::TakeCommand(int command) {
 
 int RunTavoCalendar(IHost& host) {
     CTavoApp app(host);
-    int status = 0;
-    if (app.InitInstance()) {
+    const CTavoApp::Start start = app.InitInstance();
+    int status = start == CTavoApp::Start::Failed ? kStartFailed : 0;
+    if (start == CTavoApp::Start::Running) {
         status = app.Run();
     }
     app.ExitInstance();

@@ -13,8 +13,9 @@ class CTavoApp : public ICommandTarget {
   public:
     explicit CTavoApp(IHost& host);
 
-    // False when this copy has nothing to do: another one runs (it is brought forward), or the device has no screen.
-    bool InitInstance();
+    // Whether this copy runs on. HandedOver: another one does, and was brought forward. Failed: no screen to be had.
+    enum class Start { Running, HandedOver, Failed };
+    [[nodiscard]] Start InitInstance();
     // Handles messages until the program quits; gives its exit status.
     int Run();
     // Gives back what InitInstance took.

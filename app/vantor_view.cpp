@@ -57,17 +57,22 @@ void CVantorView::UpdateFirst() {
     // A corrupt file has shown its message; the start goes on with what was read.
     static_cast<void>(LoadCategoryFile(State));
     CreatePages();
+    State.Busy = false;
+    State.RefreshSuppressed = false;
+}
+
+// A page that the device cannot make stays away; the others are of use without it.
+template <class Page> std::unique_ptr<Page> CVantorView::MakePage() {
+    auto page = std::make_unique<Page>(Pump(), State, *this);
+    static_cast<void>(page->CreateOn(Handle()));
+    return page;
 }
 
 void CVantorView::CreatePages() {
-    SettingsPage = std::make_unique<CSettingsPage>(Pump(), State, *this);
-    SettingsPage->CreateOn(Handle());
-    SchedulePage = std::make_unique<CSchedulePage>(Pump(), State, *this);
-    SchedulePage->CreateOn(Handle());
-    CalendarPage = std::make_unique<CCalendarPage>(Pump(), State, *this);
-    CalendarPage->CreateOn(Handle());
-    ClockPage = std::make_unique<CClockPage>(Pump(), State, *this);
-    ClockPage->CreateOn(Handle());
+    SettingsPage = MakePage<CSettingsPage>();
+    SchedulePage = MakePage<CSchedulePage>();
+    CalendarPage = MakePage<CCalendarPage>();
+    ClockPage = MakePage<CClockPage>();
     ClockPage->Show(ShowCommand::Maximize);
 }
 
@@ -153,7 +158,7 @@ void CVantorView::EndProcess() {
 
 void CVantorView::Paint() {
     DropPainted();
-    Surface().FillRect(Rect::FromSize(0, 0, kViewSize.Width, kViewSize.Height), kViewBackground);
+    Surface().FillRect(Rect::Whole(kViewSize), kViewBackground);
     PresentSurface();
 }
 

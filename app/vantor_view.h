@@ -53,6 +53,7 @@ class CVantorView : public CPaintedWindow, public IMainView {
 
   private:
     void CreatePages();
+    template <class Page> std::unique_ptr<Page> MakePage();
     void HidePages();
     void TakeChangeNotice();
     void RefreshPages();

@@ -5,6 +5,9 @@
 #include "res/dialog_templates.h"
 #include "res/resource_ids.h"
 #include "store/date_pictures.h"
+#include "store/midnight.h"
+
+#include <cstddef>
 
 namespace tavo {
 
@@ -13,14 +16,6 @@ namespace {
 constexpr Rect kDayListPlace = Rect::FromSize(0, 30, 240, 210);
 constexpr Rect kScrollBarPlace = Rect::FromSize(222, 31, 15, 207);
 constexpr std::u16string_view kMonthRestriction = u"[Start] >= %s and [Start] <= %s and [End] >= %s\n";
-
-SYSTEMTIME MidnightOf(const CalendarDate& date) {
-    SYSTEMTIME time;
-    time.Year = static_cast<std::uint16_t>(date.Year);
-    time.Month = static_cast<std::uint16_t>(date.Month);
-    time.Day = static_cast<std::uint16_t>(date.Day);
-    return time;
-}
 
 } // namespace
 
@@ -43,7 +38,8 @@ const MessageMap& CCalendarPage::Messages() {
 void CCalendarPage::OnInitDialog() {
     IsAnalog = Host().Registry().GetProfileIntW(u"clock", u"isAnalog", 1) != 0;
     SetToday();
-    DayList.CreateOn(Handle(), kDayListPlace);
+    // Without its window the list still holds the day.
+    static_cast<void>(DayList.CreateOn(Handle(), kDayListPlace));
     ShowItem(kCalendarScrollBar, false);
     MoveItem(kCalendarScrollBar, kScrollBarPlace);
     ReloadDayList();
@@ -57,6 +53,7 @@ void CCalendarPage::RepaintAll() {
 
 void CCalendarPage::RebuildAll() {
     RepaintAll();
+    ReloadDayList();
     Invalidate();
 }
 
@@ -74,6 +71,10 @@ void CCalendarPage::SetToday() {
     DisplayedMonth = SelectedMonth = today.Month;
     DisplayedDay = SelectedDay = today.Day;
     State.SetFebruary(today.Year);
+}
+
+int CCalendarPage::LengthOf(int month) const {
+    return State.DaysInMonth[static_cast<std::size_t>(month - 1)];
 }
 
 void CCalendarPage::SelectDay(CalendarDate date) {
@@ -106,7 +107,7 @@ int CCalendarPage::WeekdayOf(const CalendarDate& date) const {
 DATE CCalendarPage::AutomationDate(const CalendarDate& date) const {
     DATE result = 0;
     // An impossible date (the 31st of a short month) gives day zero, which lies outside every grid.
-    static_cast<void>(Host().Locale().SystemTimeToVariantTime(MidnightOf(date), result));
+    static_cast<void>(Host().Locale().SystemTimeToVariantTime(MidnightOf(date.Year, date.Month, date.Day), result));
     return result;
 }
 
@@ -125,9 +126,7 @@ std::u16string CCalendarPage::ShortDate(DATE date) const {
 
 // An appointment that began before the month before is not asked for, even if it still runs: none lasts that long.
 void CCalendarPage::QueryMonth() {
-    const bool isJanuary = DisplayedMonth == 1;
-    const CalendarDate previousMonth{isJanuary ? DisplayedYear - 1 : DisplayedYear, isJanuary ? 12 : DisplayedMonth - 1,
-                                     1};
+    const CalendarDate previousMonth = MonthBefore({DisplayedYear, DisplayedMonth, 1});
     MonthItems = State.Store.QueryAppointments(FormatText(kMonthRestriction, ShortDate(AutomationDate(previousMonth)),
                                                           ShortDate(GridStart + kGridCells), ShortDate(GridStart)));
 }

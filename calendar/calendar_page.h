@@ -35,6 +35,7 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
   private:
     // calendar_page.cpp
     void SetToday();
+    int LengthOf(int month) const; // in days
     void SelectDay(CalendarDate date);
     void ReloadDayList();
     void OnDayListLoaded() override;
@@ -66,6 +67,7 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
     void TakeStylusUp(Point point);
     void TakeKeyDown(const Message& key);
     bool MoveDisplayedDate(int key);
+    void ShowMonth(CalendarDate month);
     void TakeScroll(const Message& scroll);
     void PassLeftToDayList();
 

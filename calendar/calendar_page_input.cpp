@@ -1,11 +1,11 @@
 // What the stylus and the keys do on the month page.
 #include "calendar/calendar_page.h"
 
+#include "calendar/calendar_page_look.h"
 #include "res/resource_ids.h"
 #include "store/device_programs.h"
 
 #include <algorithm>
-#include <cstddef>
 
 namespace tavo {
 
@@ -16,13 +16,8 @@ constexpr int kHighestYear = 2999;
 constexpr int kFirstYearBelow = 1901; // kept: going below this year lands on the lowest one
 constexpr int kPageOfRows = 5;
 
-constexpr Rect kTodayButton = Rect::FromSize(205, 5, 26, 26);
 constexpr Rect kTodayHit{206, 6, 231, 31};
 constexpr Rect kHeaderHit{31, 6, 195, 31};
-
-constexpr bool LiesStrictlyIn(const Rect& rect, Point point) {
-    return point.X > rect.Left && point.X < rect.Right && point.Y > rect.Top && point.Y < rect.Bottom;
-}
 
 } // namespace
 
@@ -40,7 +35,7 @@ bool CCalendarPage::TakeStylusDown(Point point) {
         MonthChanged = true;
         return true;
     }
-    if (LiesStrictlyIn(kTodayButton, point)) {
+    if (kTodayHit.Contains(point)) {
         TodayPressed = true;
         TodayTracking = true;
         Invalidate(kTodayButton);
@@ -73,6 +68,7 @@ void CCalendarPage::TakeStylusMove(Point point) {
 void CCalendarPage::TakeStylusUp(Point point) {
     if (kTodayHit.Contains(point) && TodayTracking) {
         SetToday();
+        ReloadDayList();
         FullPaint = true;
         MonthChanged = true;
         Invalidate();
@@ -92,7 +88,7 @@ void CCalendarPage::TakeKeyDown(const Message& key) {
     }
     State.SetFebruary(DisplayedYear);
     // The selected day was taken before this and stays: a 31st may stand over a shorter month.
-    DisplayedDay = std::min(DisplayedDay, State.DaysInMonth[static_cast<std::size_t>(DisplayedMonth - 1)]);
+    DisplayedDay = std::min(DisplayedDay, LengthOf(DisplayedMonth));
     ReloadDayList();
     Invalidate();
 }
@@ -100,25 +96,13 @@ void CCalendarPage::TakeKeyDown(const Message& key) {
 bool CCalendarPage::MoveDisplayedDate(int key) {
     switch (key) {
     case VK_LEFT:
-        if (--DisplayedMonth < 1) {
-            DisplayedMonth = 12;
-            if (--DisplayedYear < kFirstYearBelow) {
-                DisplayedYear = kLowestYear;
-                DisplayedMonth = 1;
-            }
-        }
+        ShowMonth(MonthBefore({DisplayedYear, DisplayedMonth}));
         return true;
     case VK_UP:
         DisplayedYear = DisplayedYear - 1 < kFirstYearBelow ? kLowestYear : DisplayedYear - 1;
         return true;
     case VK_RIGHT:
-        if (++DisplayedMonth > 12) {
-            DisplayedMonth = 1;
-            if (++DisplayedYear >= kHighestYear) {
-                DisplayedYear = kHighestYear;
-                DisplayedMonth = 12;
-            }
-        }
+        ShowMonth(MonthAfter({DisplayedYear, DisplayedMonth}));
         return true;
     case VK_DOWN:
         DisplayedYear = std::min(DisplayedYear + 1, kHighestYear);
@@ -126,6 +110,17 @@ bool CCalendarPage::MoveDisplayedDate(int key) {
     default:
         return false;
     }
+}
+
+// Past its ends the calendar goes on to its last year, not to the last one whose neighbours it shows.
+void CCalendarPage::ShowMonth(CalendarDate month) {
+    if (month.Year < DisplayedYear && month.Year < kFirstYearBelow) {
+        month = {kLowestYear, kJanuary};
+    } else if (month.Year > DisplayedYear && month.Year >= kHighestYear) {
+        month = {kHighestYear, kDecember};
+    }
+    DisplayedYear = month.Year;
+    DisplayedMonth = month.Month;
 }
 
 void CCalendarPage::TakeScroll(const Message& scroll) {
@@ -154,7 +149,7 @@ void CCalendarPage::TakeScroll(const Message& scroll) {
     }
     if (top != DayList.Top()) {
         DayList.SetTop(top);
-        info.Position = top;
+        info.Position = DayList.Top();
         Host().Controls().SetScrollInfo(bar, info);
         DayList.Invalidate();
     }

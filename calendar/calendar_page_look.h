@@ -1,4 +1,4 @@
-// Colours of the month page, and the bits by which a cell remembers what is marked in it.
+// Colours and places of the month page, and the bits by which a cell remembers what is marked in it.
 #pragma once
 
 #include "platform/geometry.h"
@@ -24,6 +24,10 @@ constexpr Color kHolidayMark = Color::FromRgb(255, 0, 0);
 constexpr Color kAnniversaryMark = Color::FromRgb(255, 0, 255);
 constexpr Color kAppointmentMark = Color::FromRgb(255, 255, 0);
 constexpr Color kMemoMark = Color::FromRgb(0, 255, 0);
+
+constexpr Rect kTodayButton = Rect::FromSize(205, 5, 26, 26);
+constexpr int kCellIndent = 2; // from a cell's left edge to its number and its first mark
+constexpr int kMarkHeight = 4;
 
 constexpr std::uint8_t KindBit(ItemKind kind) {
     return static_cast<std::uint8_t>(1U << static_cast<unsigned>(kind));

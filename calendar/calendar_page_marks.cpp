@@ -5,14 +5,13 @@
 #include "framework/format.h"
 
 #include <array>
+#include <cstddef>
 
 namespace tavo {
 
 namespace {
 
 constexpr int kMarkWidth = 5;
-constexpr int kMarkHeight = 4;
-constexpr int kMarkIndent = 2; // from the cell's left edge to the first mark
 
 struct Mark {
     int Offset; // from the first mark
@@ -72,24 +71,19 @@ void CCalendarPage::MarkAppointment(const SYSTEMTIME& start, const SYSTEMTIME& e
 }
 
 void CCalendarPage::MarkDay(std::size_t cell, Oid oid) {
+    const CalendarDate date =
+        DateOfCell(static_cast<int>(cell) / kGridColumns, DayGrid[cell], DisplayedYear, DisplayedMonth);
+    if (date.Day == 0) {
+        return; // beyond the calendar's end the cell stays blank
+    }
     const Rect& rect = CellRect[cell];
-    const int left = rect.Left + kMarkIndent;
-    const bool isHoliday = State.Categories.IsHoliday(oid);
-    if (isHoliday) {
-        const int row = static_cast<int>(cell) / kGridColumns;
-        const CalendarDate date = DateOfCell(row, DayGrid[cell], DisplayedYear, DisplayedMonth);
+    const int left = rect.Left + kCellIndent;
+    if (State.Categories.IsHoliday(oid)) {
         const FontHandle font = date.Month == DisplayedMonth ? State.Fonts.FontArial10Bold : State.Fonts.FontArial9Bold;
         Surface().DrawTextW(FormatText(u"%d", DayGrid[cell]), {left, rect.Top, rect.Right, rect.Bottom},
                             {font, kHolidayNumber, DT_SINGLELINE});
     }
-    ItemKind kind = ItemKind::Appointment;
-    if (State.Categories.IsAlarm(oid)) {
-        kind = ItemKind::Alarm;
-    } else if (isHoliday) {
-        kind = ItemKind::Holiday;
-    } else if (State.Categories.IsAnniversary(oid)) {
-        kind = ItemKind::Anniversary;
-    }
+    const ItemKind kind = State.Categories.KindOf(oid);
     const Mark& mark = kMarks[static_cast<std::size_t>(kind)];
     Surface().FillRect({left + mark.Offset, rect.Bottom - kMarkHeight, left + mark.Offset + kMarkWidth, rect.Bottom},
                        mark.Ink);

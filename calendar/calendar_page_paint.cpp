@@ -6,6 +6,7 @@
 #include "memo/memo_files.h"
 #include "res/resource_ids.h"
 #include "store/date_pictures.h"
+#include "store/midnight.h"
 
 #include <utility>
 
@@ -15,8 +16,6 @@ namespace {
 
 constexpr Rect kHeaderArea{0, 0, 205, 42};
 constexpr Rect kHeaderText{20, 5, 220, 30};
-constexpr int kHeaderBuffer = 20; // UTF-16 units
-constexpr Rect kTodayButton = Rect::FromSize(205, 5, 26, 26);
 constexpr Point kWeekdayStrip{0, 42};
 constexpr Size kWeekdayStripSize{240, 16};
 constexpr Point kBottomStrip{0, 215};
@@ -25,8 +24,6 @@ constexpr Point kEraserOffset{1, 21};
 constexpr Size kEraserSize{32, 5};
 constexpr int kMemoMarkLeft = 26; // from the cell's left edge
 constexpr int kMemoMarkRight = 31;
-constexpr int kMarkHeight = 4;
-constexpr int kNumberIndent = 2;
 constexpr int kGridLineRight = 236;
 constexpr Pen kGridPen{kGridLine, 1};
 
@@ -37,10 +34,6 @@ constexpr std::array<std::pair<ItemKind, std::u16string_view>, 5> kKindWords{{
     {ItemKind::Appointment, u"appointment"},
     {ItemKind::Memo, u"memo"},
 }};
-
-Rect Whole(Size size) {
-    return Rect::FromSize(0, 0, size.Width, size.Height);
-}
 
 } // namespace
 
@@ -73,29 +66,25 @@ void CCalendarPage::Paint() {
 
 void CCalendarPage::PaintChrome() {
     if (FirstPaint) {
-        Surface().FillRect(Whole(kPageSurface), kPageBackground);
+        Surface().FillRect(Rect::Whole(kPageSurface), kPageBackground);
     }
     DrawPageBar();
-    Surface().DrawBitmap(kBitmapWeekdays, kWeekdayStrip, Whole(kWeekdayStripSize));
-    Surface().DrawBitmap(kBitmapBottomStrip, kBottomStrip, Whole(kBottomStripSize));
+    Surface().DrawBitmap(kBitmapWeekdays, kWeekdayStrip, Rect::Whole(kWeekdayStripSize));
+    Surface().DrawBitmap(kBitmapBottomStrip, kBottomStrip, Rect::Whole(kBottomStripSize));
     if (MonthChanged) {
         const CalendarDate first{DisplayedYear, DisplayedMonth, 1};
-        const auto month = static_cast<std::size_t>(DisplayedMonth - 1);
-        const std::size_t previousMonth = (month + 11) % 12;
+        const CalendarDate before = MonthBefore(first);
         const int firstWeekday = WeekdayOf(first);
-        DayGrid = ComputeDayGrid(firstWeekday, State.DaysInMonth[previousMonth], State.DaysInMonth[month]);
+        DayGrid = ComputeDayGrid(firstWeekday, LengthOf(before.Month), LengthOf(DisplayedMonth));
         GridStart = AutomationDate(first) - firstWeekday;
     }
 }
 
 void CCalendarPage::PaintHeader() {
     Surface().FillRect(kHeaderArea, kPageBackground);
-    SYSTEMTIME date;
-    date.Year = static_cast<std::uint16_t>(SelectedYear);
-    date.Month = static_cast<std::uint16_t>(SelectedMonth);
-    date.Day = static_cast<std::uint16_t>(SelectedDay);
+    const SYSTEMTIME date = MidnightOf(SelectedYear, SelectedMonth, SelectedDay);
     const std::u16string text =
-        Host().Locale().GetDateFormatW(LocaleId::User, date, kPictureHeaderDate, kHeaderBuffer).value_or(u"");
+        Host().Locale().GetDateFormatW(LocaleId::User, date, kPictureHeaderDate, kHeaderDateBuffer).value_or(u"");
     Surface().DrawTextW(text, kHeaderText,
                         {State.Fonts.FontComic13Bold, kHeaderDate, DT_CENTER | DT_VCENTER | DT_SINGLELINE});
     const bool isPressed = TodayPressed && TodayTracking;
@@ -141,13 +130,13 @@ void CCalendarPage::PaintCell(int row, int column, const CalendarDate& today) {
     }
     Surface().FillRect(rect, background);
     Surface().DrawBitmap(kBitmapMarkEraser, {rect.Left + kEraserOffset.X, rect.Top + kEraserOffset.Y},
-                         Whole(kEraserSize));
+                         Rect::Whole(kEraserSize));
     if (MemoFiles(State).HasMemo(date.Year, date.Month, date.Day)) {
         Surface().FillRect(
             {rect.Left + kMemoMarkLeft, rect.Bottom - kMarkHeight, rect.Left + kMemoMarkRight, rect.Bottom}, kMemoMark);
         CellKinds[cell] = KindBit(ItemKind::Memo);
     }
-    Surface().DrawTextW(FormatText(u"%d", date.Day), {rect.Left + kNumberIndent, rect.Top, rect.Right, rect.Bottom},
+    Surface().DrawTextW(FormatText(u"%d", date.Day), {rect.Left + kCellIndent, rect.Top, rect.Right, rect.Bottom},
                         {font, number, DT_SINGLELINE});
 }
 
@@ -168,13 +157,15 @@ void CCalendarPage::DeclareContents() {
         for (int column = 0; column < kGridColumns; ++column) {
             const auto cell = static_cast<std::size_t>(row * kGridColumns + column);
             const CalendarDate date = DateAt(row, column);
+            if (date.Day == 0) {
+                continue;
+            }
             PaintedItem item;
             item.Bounds = CellRect[cell];
             item.Role = PaintedRole::Cell;
             item.Name = NameOfCell(cell, date);
             item.Id = static_cast<int>(cell);
             item.Selected = date == SelectedDate();
-            item.Enabled = date.Day != 0;
             Declare(std::move(item));
         }
     }

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kPromptPeriod = 100;  // milliseconds
 constexpr int kRegularPeriod = 471; // milliseconds: the second hand never seems to stumble
-constexpr int kPictureBuffer = 20;  // UTF-16 units of a formatted date or time
+constexpr int kTimeBuffer = 20;     // UTF-16 units
 
 constexpr Rect kHeaderText{20, 10, 190, 30};
 constexpr Rect kHeaderPress{21, 6, 190, 35};
@@ -60,41 +60,42 @@ void CClockPage::OnInitDialog() {
 void CClockPage::Paint() {
     const SYSTEMTIME now = Host().Clock().GetLocalTime();
     DropPainted();
-    Surface().FillRect(Rect::FromSize(0, 0, kPageSurface.Width, kPageSurface.Height), kWhite);
+    Surface().FillRect(Rect::Whole(kPageSurface), kWhite);
     DrawPageBar();
-    PaintHeader(now);
+    const std::u16string date =
+        Host().Locale().GetDateFormatW(LocaleId::User, now, kPictureHeaderDate, kHeaderDateBuffer).value_or(u"");
+    PaintHeader(date);
     if (IsAnalog) {
         PaintAnalog(now);
     } else {
         PaintDigital(now);
     }
-    DeclareContents(now);
+    DeclareFace(now);
+    DeclarePageBar();
     PresentSurface();
 }
 
-void CClockPage::PaintHeader(const SYSTEMTIME& now) {
-    const std::u16string date =
-        Host().Locale().GetDateFormatW(LocaleId::User, now, kPictureHeaderDate, kPictureBuffer).value_or(u"");
+void CClockPage::PaintHeader(const std::u16string& date) {
     Surface().DrawTextW(date, kHeaderText,
                         {State.Fonts.FontComic13Bold, kHeaderColor, DT_RIGHT | DT_VCENTER | DT_SINGLELINE});
+    Declare({kHeaderText, PaintedRole::Header, date});
 }
 
 void CClockPage::PaintDigital(const SYSTEMTIME& now) {
     ILocale& locale = Host().Locale();
     Surface().DrawBitmap(kBitmapModeButton, {kModeButton.Left, kModeButton.Top},
                          Rect::FromSize(kModeButton.Width(), 0, kModeButton.Width(), kModeButton.Height()));
-    Surface().DrawBitmap(kBitmapDigitalBackground, kDigitalPlace,
-                         Rect::FromSize(0, 0, kDigitalSize.Width, kDigitalSize.Height));
+    Surface().DrawBitmap(kBitmapDigitalBackground, kDigitalPlace, Rect::Whole(kDigitalSize));
     const std::u16string time =
-        locale.GetTimeFormatW(LocaleId::User, now, kPictureClockTime, kPictureBuffer).value_or(u"");
+        locale.GetTimeFormatW(LocaleId::User, now, kPictureClockTime, kTimeBuffer).value_or(u"");
     Surface().DrawTextW(time, kTimeText, {State.Fonts.FontComicHuge, kDigitColor, kDigitFormat});
     const std::u16string seconds =
-        locale.GetTimeFormatW(LocaleId::User, now, kPictureClockSeconds, kPictureBuffer).value_or(u"");
+        locale.GetTimeFormatW(LocaleId::User, now, kPictureClockSeconds, kTimeBuffer).value_or(u"");
     Surface().DrawTextW(seconds, kSecondsText, {State.Fonts.FontComic20, kDigitColor, kDigitFormat});
 }
 
 void CClockPage::PaintAnalog(const SYSTEMTIME& now) {
-    Surface().DrawBitmap(kBitmapDialFace, kDialPlace, Rect::FromSize(0, 0, kDialSize.Width, kDialSize.Height));
+    Surface().DrawBitmap(kBitmapDialFace, kDialPlace, Rect::Whole(kDialSize));
     PaintHourOrMinuteHand(PlaceHand(HourHandAngle(now), kHourHandLength));
     PaintHourOrMinuteHand(PlaceHand(MinuteHandAngle(now), kMinuteHandLength));
     const HandPoints second = PlaceHand(SecondHandAngle(now), kSecondHandLength);
@@ -109,16 +110,12 @@ void CClockPage::PaintHourOrMinuteHand(const HandPoints& hand) {
     Surface().DrawLine(hand.SecondSide, hand.Tip, kInnerPen);
 }
 
-void CClockPage::DeclareContents(const SYSTEMTIME& now) {
-    ILocale& locale = Host().Locale();
-    const std::u16string date =
-        locale.GetDateFormatW(LocaleId::User, now, kPictureHeaderDate, kPictureBuffer).value_or(u"");
+void CClockPage::DeclareFace(const SYSTEMTIME& now) {
     const std::u16string time =
-        locale.GetTimeFormatW(LocaleId::User, now, kPictureListTime, kPictureBuffer).value_or(u"");
-    Declare({kHeaderText, PaintedRole::Header, date});
-    Declare(
-        {Rect::FromSize(kDialPlace.X, kDialPlace.Y, kDialSize.Width, kDialSize.Height), PaintedRole::Picture, time});
-    DeclarePageBar();
+        Host().Locale().GetTimeFormatW(LocaleId::User, now, kPictureListTime, kTimeBuffer).value_or(u"");
+    const Rect dial = Rect::FromSize(kDialPlace.X, kDialPlace.Y, kDialSize.Width, kDialSize.Height);
+    const Rect digits = Rect::FromSize(kDigitalPlace.X, kDigitalPlace.Y, kDigitalSize.Width, kDigitalSize.Height);
+    Declare({IsAnalog ? dial : digits, PaintedRole::Picture, time});
     Declare({kModeButton, PaintedRole::Button, IsAnalog ? u"Digital clock" : u"Analog clock"});
 }
 

@@ -3,6 +3,8 @@
 
 #include "schedule/main_page.h"
 
+#include <string>
+
 namespace tavo {
 
 struct HandPoints;
@@ -20,11 +22,11 @@ class CClockPage : public CMainPage {
     void Paint() override;
 
   private:
-    void PaintHeader(const SYSTEMTIME& now);
+    void PaintHeader(const std::u16string& date);
     void PaintDigital(const SYSTEMTIME& now);
     void PaintAnalog(const SYSTEMTIME& now);
     void PaintHourOrMinuteHand(const HandPoints& hand);
-    void DeclareContents(const SYSTEMTIME& now);
+    void DeclareFace(const SYSTEMTIME& now);
 
     void UpdatePromptly();
     void UpdateRegularly();

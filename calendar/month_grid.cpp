@@ -10,6 +10,20 @@ constexpr int kFirstYearBefore = 1901; // a leading cell lies in this year at th
 constexpr int kFirstYearBeyond = 2999; // a trailing cell lies before this year
 } // namespace
 
+CalendarDate MonthBefore(CalendarDate date) {
+    if (date.Month == kJanuary) {
+        return {date.Year - 1, kDecember, date.Day};
+    }
+    return {date.Year, date.Month - 1, date.Day};
+}
+
+CalendarDate MonthAfter(CalendarDate date) {
+    if (date.Month == kDecember) {
+        return {date.Year + 1, kJanuary, date.Day};
+    }
+    return {date.Year, date.Month + 1, date.Day};
+}
+
 std::array<int, kGridCells> ComputeDayGrid(int firstWeekday, int previousMonthLength, int monthLength) {
     std::array<int, kGridCells> grid{};
     for (int cell = 0; cell < kGridCells; ++cell) {
@@ -27,23 +41,14 @@ std::array<int, kGridCells> ComputeDayGrid(int firstWeekday, int previousMonthLe
 CalendarDate DateOfCell(int row, int number, int displayedYear, int displayedMonth) {
     CalendarDate date{displayedYear, displayedMonth, number};
     if (row == 0 && number >= 8) {
-        --date.Month;
-        if (date.Month < 1) {
-            date.Month = 12;
-            --date.Year;
-            if (date.Year < kFirstYearBefore) {
-                date.Day = 0;
-            }
-        }
+        date = MonthBefore(date);
     } else if (row >= 4 && number < 15) {
-        ++date.Month;
-        if (date.Month > 12) {
-            date.Month = 1;
-            ++date.Year;
-            if (date.Year >= kFirstYearBeyond) {
-                date.Day = 0;
-            }
-        }
+        date = MonthAfter(date);
+    }
+    const bool isBefore = date.Year < displayedYear && date.Year < kFirstYearBefore;
+    const bool isBeyond = date.Year > displayedYear && date.Year >= kFirstYearBeyond;
+    if (isBefore || isBeyond) {
+        date.Day = 0;
     }
     return date;
 }

@@ -15,6 +15,9 @@ constexpr int kGridLeft = 4;
 constexpr int kGridTop = 58;
 constexpr int kCellWidth = 33;
 constexpr int kCellHeight = 26;
+constexpr int kJanuary = 1;
+constexpr int kDecember = 12;
+
 constexpr int kGridRight = kGridLeft + kGridColumns * kCellWidth;
 constexpr int kGridBottom = kGridTop + kGridRows * kCellHeight;
 
@@ -25,6 +28,10 @@ struct CalendarDate {
     int Day = 0;
     friend constexpr bool operator==(const CalendarDate&, const CalendarDate&) = default;
 };
+
+// Of a year that wraps at January and December; the day stays.
+CalendarDate MonthBefore(CalendarDate date);
+CalendarDate MonthAfter(CalendarDate date);
 
 // 42 day-of-month numbers, row by row. `firstWeekday` (0 Sunday) is that of the 1st of the month.
 std::array<int, kGridCells> ComputeDayGrid(int firstWeekday, int previousMonthLength, int monthLength);

@@ -33,7 +33,7 @@ int CDialog::DoModal() {
     OnInitDialog();
     if (!Ended) {
         Show(ShowCommand::Show);
-        Pump().RunUntil(Ended);
+        static_cast<void>(Pump().RunUntil(Ended)); // whether it ended is known below
     }
     Pump().PopDialog(Handle());
     Destroy();

@@ -71,8 +71,7 @@ void CFormWindow::MoveItem(int id, const Rect& pixels) {
 }
 
 void CFormWindow::Paint() {
-    const Size size = Surface().GetSize();
-    Surface().FillRect(Rect::FromSize(0, 0, size.Width, size.Height), kFormBackground);
+    Surface().FillRect(Rect::Whole(Surface().GetSize()), kFormBackground);
     DropPainted();
     PresentSurface();
 }

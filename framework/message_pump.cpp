@@ -19,7 +19,7 @@ void CMessagePump::Detach(WindowHandle window) {
 
 int CMessagePump::Run() {
     const bool never = false;
-    RunUntil(never);
+    static_cast<void>(RunUntil(never)); // only quitting ends it
     return QuitCode;
 }
 
@@ -59,7 +59,7 @@ bool CMessagePump::TakeAnswer(const Message& message) {
 int CMessagePump::WaitForAnswer(WindowHandle owner, MessageNumber number) {
     Answer answer{owner, number};
     Awaited.push_back(&answer);
-    RunUntil(answer.Done);
+    static_cast<void>(RunUntil(answer.Done)); // without an answer the id stays 0
     std::erase(Awaited, &answer);
     return answer.Id;
 }

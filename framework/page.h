@@ -3,8 +3,6 @@
 
 #include "framework/form_window.h"
 
-#include <vector>
-
 namespace tavo {
 
 // Row 267 of the client area stays white: the surface is one row shorter.

@@ -4,6 +4,7 @@
 #include "framework/window.h"
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace tavo {

@@ -28,6 +28,9 @@ struct Rect {
         return {left, top, left + width, top + height};
     }
 
+    // All of something that begins at the origin.
+    static constexpr Rect Whole(Size size) { return {0, 0, size.Width, size.Height}; }
+
     constexpr int Width() const { return Right - Left; }
 
     constexpr int Height() const { return Bottom - Top; }

@@ -31,6 +31,8 @@ constexpr std::int32_t kRecursForeign = 7; // by a rule of another calendar that
 
 constexpr std::int32_t kWeekdaysMask = 62; // Monday (2) to Friday (32); Sunday is 1, Saturday 64
 
+constexpr std::int32_t kLastWeek = 5; // the instance that means the last of the month
+
 constexpr std::int32_t kReminderLight = 1;
 constexpr std::int32_t kReminderVibrate = 2;
 constexpr std::int32_t kReminderDialog = 4;

@@ -6,6 +6,7 @@
 #include "store/date_pictures.h"
 #include "store/fit_text.h"
 #include "store/item_kind.h"
+#include "store/midnight.h"
 #include "store/text_tables.h"
 
 #include <algorithm>
@@ -45,10 +46,7 @@ bool CDayList::CreateOn(WindowHandle parent, const Rect& bounds) {
 }
 
 void CDayList::SetDate(int year, int month, int day) {
-    Date = {};
-    Date.Year = static_cast<std::uint16_t>(year);
-    Date.Month = static_cast<std::uint16_t>(month);
-    Date.Day = static_cast<std::uint16_t>(day);
+    Date = MidnightOf(year, month, day);
     TopRow = 0;
 }
 
@@ -107,7 +105,7 @@ bool CDayList::TakeKey(int key) {
 }
 
 void CDayList::Paint() {
-    const Rect whole = Rect::FromSize(0, 0, kListSize.Width, kListSize.Height);
+    const Rect whole = Rect::Whole(kListSize);
     DropPainted();
     Surface().FillRect(whole, kWhite);
     if (Records.empty()) {

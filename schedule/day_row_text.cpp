@@ -41,18 +41,17 @@ SYSTEMTIME LastDay(const AppointmentData& record, ILocale& locale) {
 }
 
 std::u16string DescribeTimes(const AppointmentData& record, ILocale& locale) {
-    if (record.AllDay) {
-        const SYSTEMTIME last = LastDay(record, locale);
-        return IsSameDay(record.Start, last)
-                   ? std::u16string(kAllDay)
-                   : FormatText(u"%s - %s (All day)", DateText(record.Start, locale), DateText(last, locale));
-    }
-    if (IsSameDay(record.Start, record.End)) {
-        return FormatText(u"%s - %s", TimeText(record.Start, locale), TimeText(record.End, locale));
+    const SYSTEMTIME last = record.AllDay ? LastDay(record, locale) : record.End;
+    if (IsSameDay(record.Start, last)) {
+        return record.AllDay ? std::u16string(kAllDay)
+                             : FormatText(u"%s - %s", TimeText(record.Start, locale), TimeText(record.End, locale));
     }
     // The record of a series has the dates of its first occurrence, which say nothing about this day.
     if (record.IsRecurring) {
         return std::u16string(kMultipleDays);
+    }
+    if (record.AllDay) {
+        return FormatText(u"%s - %s (All day)", DateText(record.Start, locale), DateText(last, locale));
     }
     return FormatText(u"%s %s - %s %s", DateText(record.Start, locale), TimeText(record.Start, locale),
                       DateText(record.End, locale), TimeText(record.End, locale));

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <string_view>
+#include <utility>
 
 namespace tavo {
 
@@ -48,12 +49,11 @@ bool CMainPage::CreateOn(WindowHandle view) {
 }
 
 void CMainPage::DrawPageBar() {
-    Surface().DrawBitmap(kBitmapTabBar, {0, kPageBarTop},
-                         Rect::FromSize(0, 0, kPageBarSize.Width, kPageBarSize.Height));
+    Surface().DrawBitmap(kBitmapTabBar, {0, kPageBarTop}, Rect::Whole(kPageBarSize));
     const int page = State.CurrentPage;
     if (page >= 0 && page < static_cast<int>(kTabBitmaps.size())) {
         Surface().DrawBitmap(kTabBitmaps[static_cast<std::size_t>(page)], {page * kTabSize.Width, kPageBarTop},
-                             Rect::FromSize(0, 0, kTabSize.Width, kTabSize.Height));
+                             Rect::Whole(kTabSize));
     }
 }
 

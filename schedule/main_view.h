@@ -4,8 +4,6 @@
 #include "platform/handles.h"
 #include "platform/menus.h"
 
-#include <vector>
-
 namespace tavo {
 
 // The pages by number, in the order of their tabs.
@@ -21,7 +19,7 @@ class IMainView {
     virtual void ShowPage(int page) = 0;
     // Saves the category file and minimises the program, which stays in memory.
     virtual void ClosePages() = 0;
-    // Says that appointments or category lists changed: all pages will show it.
+    // Says that appointments or category lists changed: the pages that show them will follow.
     virtual void PostChangeNotice() = 0;
     // Gives the page its menu bar; None when the device cannot make it.
     virtual WindowHandle CreatePageMenuBar(WindowHandle page, int menuId) = 0;

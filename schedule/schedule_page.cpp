@@ -24,7 +24,7 @@ const MessageMap& CSchedulePage::Messages() {
 
 void CSchedulePage::Paint() {
     DropPainted();
-    Surface().FillRect(Rect::FromSize(0, 0, kPageSurface.Width, kPageSurface.Height), kBackground);
+    Surface().FillRect(Rect::Whole(kPageSurface), kBackground);
     Surface().DrawTextW(Form().Title, kTitleArea,
                         {State.Fonts.FontComic13Bold, kTitleColor, DT_SINGLELINE | DT_VCENTER});
     Declare({kTitleArea, PaintedRole::Header, std::u16string(Form().Title)});

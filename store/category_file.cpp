@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tavo {
 
@@ -57,24 +58,18 @@ std::optional<std::vector<std::uint8_t>> ReadOrMakeFile(CProgramState& state) {
         }
         read = files.ReadWholeFile(CategoryFilePath(state), bytes);
     }
-    state.IsDataFileLocked = read != ErrorCode::Success;
-    if (state.IsDataFileLocked) {
+    state.IsDataFileUnread = read != ErrorCode::Success;
+    if (state.IsDataFileUnread) {
         ShowCannotOpen(state);
         return std::nullopt;
     }
     return bytes;
 }
 
-bool ReadLists(CProgramState& state, CategoryFileLists& lists) {
-    const std::optional<std::vector<std::uint8_t>> bytes = ReadOrMakeFile(state);
-    if (!bytes) {
-        return false;
-    }
-    if (!DecodeCategoryFile(*bytes, lists)) {
-        ShowCorrupt(state);
-        return false;
-    }
-    return true;
+void TakeLists(CategoryLists& categories, CategoryFileLists lists) {
+    categories.AlarmList.Replace(std::move(lists[0]));
+    categories.HolidayList.Replace(std::move(lists[1]));
+    categories.AnniversaryList.Replace(std::move(lists[2]));
 }
 
 } // namespace
@@ -85,20 +80,25 @@ bool LoadCategoryFile(CProgramState& state) {
     categories.AlarmList.RemoveAll();
     categories.HolidayList.RemoveAll();
     categories.AnniversaryList.RemoveAll();
-    CategoryFileLists lists;
-    const bool loaded = ReadLists(state, lists);
-    categories.AlarmList.Replace(std::move(lists[0]));
-    categories.HolidayList.Replace(std::move(lists[1]));
-    categories.AnniversaryList.Replace(std::move(lists[2]));
+    const std::optional<std::vector<std::uint8_t>> bytes = ReadOrMakeFile(state);
+    bool isWhole = false;
+    if (bytes) {
+        CategoryFileLists lists;
+        isWhole = DecodeCategoryFile(*bytes, lists);
+        TakeLists(categories, std::move(lists));
+    }
     static_cast<void>(categories.ApplyTagRequests()); // nothing is shown yet that would have to change
-    return loaded;
+    if (bytes && !isWhole) {
+        ShowCorrupt(state); // last: while it waits, other programs may ask for tags
+    }
+    return isWhole;
 }
 
 bool SaveCategoryFile(CProgramState& state) {
     const CategoryLists& categories = state.Categories;
     const std::vector<std::uint8_t> bytes =
         EncodeCategoryFile(categories.AlarmList.All(), categories.HolidayList.All(), categories.AnniversaryList.All());
-    if (state.IsDataFileLocked ||
+    if (state.IsDataFileUnread ||
         state.Host().Files().WriteWholeFile(CategoryFilePath(state), bytes) != ErrorCode::Success) {
         ShowCannotOpen(state);
         return false;

@@ -21,6 +21,16 @@ CategoryList& CategoryLists::ListOf(TagList list) {
     return AlarmList;
 }
 
+ItemKind CategoryLists::KindOf(Oid oid) const {
+    if (IsAlarm(oid)) {
+        return ItemKind::Alarm;
+    }
+    if (IsHoliday(oid)) {
+        return ItemKind::Holiday;
+    }
+    return IsAnniversary(oid) ? ItemKind::Anniversary : ItemKind::Appointment;
+}
+
 bool CategoryLists::ApplyTagRequests() {
     ITagMirror* mirror = Store.Tags();
     std::vector<TagRequest> requests;

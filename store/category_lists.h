@@ -3,6 +3,7 @@
 
 #include "store/appointment_data.h"
 #include "store/category_list.h"
+#include "store/item_kind.h"
 
 #include <cstdint>
 #include <vector>
@@ -22,6 +23,9 @@ class CategoryLists {
     bool IsAnniversary(Oid oid) const { return AnniversaryList.Contains(oid); }
 
     CategoryList& ListOf(TagList list);
+
+    // The kind of the first list that the appointment stands in; Appointment when it stands in none.
+    ItemKind KindOf(Oid oid) const;
 
     // Carries out the tags asked for from outside since the last call, oldest first. True when a list changed.
     bool ApplyTagRequests();

@@ -22,6 +22,7 @@ constexpr std::u16string_view kPictureEditTimeSeconds = u"hh':'mm':'ss tt";
 
 // Headers of the calendar and the clock page.
 constexpr std::u16string_view kPictureHeaderDate = u"ddd, MMM, dd, yyyy";
+constexpr int kHeaderDateBuffer = 20; // UTF-16 units; a date that takes more leaves the header empty
 
 // Digital clock.
 constexpr std::u16string_view kPictureClockTime = u"hh:mm";

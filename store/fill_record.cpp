@@ -63,7 +63,7 @@ void ChooseRecurrence(AppointmentData& record, bool noEndDate) {
     if (dailyOrWeekly && record.DayOfWeekMask == kWeekdaysMask) {
         record.RecurChoice = kChoiceWeekdays;
     }
-    if (!noEndDate || record.Interval > 1 || record.Instance == 5) {
+    if (!noEndDate || record.Interval > 1 || record.Instance == kLastWeek) {
         record.RecurChoice = kChoiceCustom;
     }
     if (record.RecurChoice == kChoiceEveryday || record.RecurChoice == kChoiceMonthly ||
@@ -111,6 +111,7 @@ void FillRecord(IAppointment& item, ILocale& locale, AppointmentData& record) {
     if (record.IsRecurring && Succeeded(item.GetRecurrencePattern(pattern)) && pattern) {
         FillPattern(*pattern, record);
     } else {
+        record.IsRecurring = false; // a pattern that cannot be had is none
         FillSingle(record);
     }
     record.IsPrivate = Read(item, &IAppointment::get_Sensitivity) != kSensitivityNormal;

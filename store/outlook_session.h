@@ -32,7 +32,8 @@ class OutlookSession {
     // Null when there are none or the query failed (LastStoreResult tells).
     ComPtr<IPOutlookItemCollection> QueryAppointments(std::u16string_view restriction);
 
-    // The store's mirror of the category lists; null while the store is not open.
+    // The store's mirror of the category lists; null before the store was connected to. One that is not logged on takes
+    // and gives nothing.
     ITagMirror* Tags() const { return OutlookApp ? &OutlookApp->Tags() : nullptr; }
 
     ComPtr<IPOutlookApp> OutlookApp;

@@ -1,4 +1,4 @@
-// The program's state.
+// The length of February, which follows the year.
 #include "store/program_state.h"
 
 namespace tavo {

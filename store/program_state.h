@@ -41,7 +41,7 @@ struct CProgramState {
     std::u16string DataFolder = u"\\My Documents\\TavoCalendar";
     std::u16string DataFileName = u"TavoCalendar.dat";
     // The data file is there but could not be read: its tags are not known, so nothing may take its place.
-    bool IsDataFileLocked = false;
+    bool IsDataFileUnread = false;
 };
 
 constexpr bool IsLeapYear(int year) {

@@ -46,7 +46,7 @@ std::optional<std::string> RunningProgram::ReadFile(std::string_view name) const
 
 bool RunningProgram::Start() {
     App = std::make_unique<CTavoApp>(Device.Host());
-    return App->InitInstance() && Settle();
+    return App->InitInstance() == CTavoApp::Start::Running && Settle();
 }
 
 void RunningProgram::Stop() {
