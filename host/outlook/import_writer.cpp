@@ -21,7 +21,7 @@ struct ImportWriter::Work {
 
     // Results of an item that is in the store already, under `oid`.
     Status Replace(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome);
-    Status ExpectExceptions(const StoredItem& stored);
+    Status ExpectExceptions(const StoredItem& stored, const StoredItem& given);
     Status DropUnoffered();
     Status Put(Oid oid, const StoredException& exception, ImportOutcome& outcome);
 };
@@ -72,10 +72,13 @@ bool ImportWriter::KnowsZone(const std::string& name) {
     return State->ZoneNames.contains(name) || State->Core.Zones.RulesByName(name) != nullptr;
 }
 
-// Remembers the moved occurrences that the item has now: those not offered again go at the end.
-Status ImportWriter::Work::ExpectExceptions(const StoredItem& stored) {
+// Remembers the moved occurrences that the item has now: those that neither came with it nor are offered again go at
+// the end.
+Status ImportWriter::Work::ExpectExceptions(const StoredItem& stored, const StoredItem& given) {
     for (const StoredException& exception : stored.Exceptions) {
-        if (IsMoved(exception)) {
+        const bool came = std::any_of(given.Exceptions.begin(), given.Exceptions.end(),
+                                      [&](const StoredException& one) { return one.Original == exception.Original; });
+        if (IsMoved(exception) && !came) {
             Unoffered[stored.Item].insert(exception.Original);
         }
     }
@@ -88,6 +91,7 @@ Status ImportWriter::Work::Replace(Oid oid, StoredItem& item, std::int64_t sourc
     if (Failed(status)) {
         return status;
     }
+    const StoredItem given = item;
     item.Item = oid;
     // Moved occurrences follow on their own; until then they stay as they were.
     for (const StoredException& exception : before.Exceptions) {
@@ -101,7 +105,7 @@ Status ImportWriter::Work::Replace(Oid oid, StoredItem& item, std::int64_t sourc
         Refuse(outcome, DescribeFault(fault));
         return Status::Ok;
     }
-    status = ExpectExceptions(before);
+    status = ExpectExceptions(before, given);
     if (Succeeded(status)) {
         // A note that the import does not bring is not the import's to take away.
         status = Core.ChangeItem(before, item, item.Ink.empty() ? Ink::Leave : Ink::Take, source, outcome.Reason);
@@ -140,7 +144,7 @@ Status ImportWriter::Write(const StoredItem& given, ImportOutcome& outcome) {
         StoredItem stored;
         if (item.IsRecurring()) {
             status = core.Items.Read(oid, Ink::Leave, stored);
-            status = Succeeded(status) ? State->ExpectExceptions(stored) : status;
+            status = Succeeded(status) ? State->ExpectExceptions(stored, item) : status;
         }
         item.Item = oid;
     } else {
