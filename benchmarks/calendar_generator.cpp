@@ -3,6 +3,7 @@
 
 #include <array>
 #include <chrono>
+#include <cstdarg>
 #include <cstddef>
 #include <string_view>
 
@@ -37,9 +38,12 @@ std::uint64_t Scramble(std::uint64_t value) {
     return value ^ (value >> 31);
 }
 
-template <class... Values> void AppendLine(std::string& text, const char* format, Values... values) {
+[[gnu::format(printf, 2, 3)]] void AppendLine(std::string& text, const char* format, ...) {
     std::array<char, 256> line{};
-    const int length = std::snprintf(line.data(), line.size(), format, values...);
+    std::va_list values;
+    va_start(values, format);
+    const int length = std::vsnprintf(line.data(), line.size(), format, values);
+    va_end(values);
     text.append(line.data(), static_cast<std::size_t>(length));
     text += "\r\n";
 }

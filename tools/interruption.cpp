@@ -18,7 +18,7 @@ void WatchForInterruption() {
     struct sigaction action {};
 
     action.sa_handler = Remember;
-    action.sa_flags = SA_RESETHAND | SA_RESTART;
+    action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
     sigaction(SIGINT, &action, nullptr);
     sigaction(SIGTERM, &action, nullptr);
 }
