@@ -5,10 +5,6 @@
 
 namespace tavo::headless {
 
-namespace {
-constexpr Color kWhite = Color::FromRgb(255, 255, 255);
-}
-
 std::u16string DeviceSight::Caption() const {
     const shell::WindowRecord* top = Host.State.Tree.Find(Top());
     return top == nullptr ? std::u16string() : top->Text;
@@ -56,11 +52,11 @@ std::vector<std::u16string> DeviceSight::ListOf(int id) const {
     return control == nullptr ? std::vector<std::u16string>() : control->Items;
 }
 
-Color DeviceSight::PixelAt(int x, int y) const {
+std::optional<Color> DeviceSight::PixelAt(int x, int y) const {
     return ScreenPixelAt({x + kClientArea.Left, y + kClientArea.Top});
 }
 
-Color DeviceSight::ScreenPixelAt(Point screen) const {
+std::optional<Color> DeviceSight::ScreenPixelAt(Point screen) const {
     const shell::WindowTree& tree = Host.State.Tree;
     for (const shell::WindowRecord* window = tree.Find(tree.HitTest(screen)); window != nullptr;
          window = tree.Find(window->Parent)) {
@@ -73,7 +69,7 @@ Color DeviceSight::ScreenPixelAt(Point screen) const {
             }
         }
     }
-    return kWhite;
+    return std::nullopt;
 }
 
 std::vector<PaintedItem> DeviceSight::Items() const {

@@ -24,9 +24,9 @@ class DeviceSight {
     int SelectionOf(int id) const;
     std::vector<std::u16string> ListOf(int id) const;
 
-    // What a fill or straight line left at this point of the client area; white where nothing is painted.
-    Color PixelAt(int x, int y) const;
-    Color ScreenPixelAt(Point screen) const;
+    // What a fill or straight line left at this point of the client area; nothing where none was.
+    std::optional<Color> PixelAt(int x, int y) const;
+    std::optional<Color> ScreenPixelAt(Point screen) const;
 
     // What the window on top and the painted windows in it declared, in coordinates of the client area.
     std::vector<PaintedItem> Items() const;

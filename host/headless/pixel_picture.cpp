@@ -8,8 +8,6 @@ namespace tavo::headless {
 
 namespace {
 
-constexpr Color kWhite = Color::FromRgb(255, 255, 255);
-
 bool LiesWithin(const Rect& inner, const Rect& outer) {
     return inner.Left >= outer.Left && inner.Top >= outer.Top && inner.Right <= outer.Right &&
            inner.Bottom <= outer.Bottom;
@@ -19,11 +17,11 @@ bool LiesWithin(const Rect& inner, const Rect& outer) {
 
 PixelPicture::PixelPicture(Size size)
     : Extent{std::max(size.Width, 0), std::max(size.Height, 0)},
-      Pixels(static_cast<std::size_t>(Extent.Width) * static_cast<std::size_t>(Extent.Height), kWhite) {}
+      Pixels(static_cast<std::size_t>(Extent.Width) * static_cast<std::size_t>(Extent.Height)) {}
 
-Color PixelPicture::At(Point point) const {
+std::optional<Color> PixelPicture::At(Point point) const {
     if (!Rect::FromSize(0, 0, Extent.Width, Extent.Height).Contains(point)) {
-        return kWhite;
+        return std::nullopt;
     }
     return Pixels[static_cast<std::size_t>(point.Y) * static_cast<std::size_t>(Extent.Width) +
                   static_cast<std::size_t>(point.X)];

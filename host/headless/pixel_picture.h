@@ -3,6 +3,7 @@
 
 #include "platform/drawing.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,16 +19,16 @@ struct Placed {
     friend bool operator==(const Placed&, const Placed&) = default;
 };
 
-// White when made. Bitmaps and slanted lines leave the pixels as they are; what lies wholly within a later fill or
-// bitmap is forgotten.
+// Nothing is painted when it is made. Bitmaps and slanted lines leave the pixels as they are; what lies wholly within a
+// later fill or bitmap is forgotten.
 class PixelPicture {
   public:
     explicit PixelPicture(Size size);
 
     Size GetSize() const { return Extent; }
 
-    // White outside.
-    Color At(Point point) const;
+    // Nothing where no fill or straight line was, and outside.
+    std::optional<Color> At(Point point) const;
     void Fill(const Rect& area, Color color);
     // A straight line of an odd width lies evenly around the pixels from `from` to before `to`; an even one reaches one
     // pixel further up and left.
@@ -40,7 +41,7 @@ class PixelPicture {
     void Cover(const Rect& area);
 
     Size Extent;
-    std::vector<Color> Pixels;
+    std::vector<std::optional<Color>> Pixels;
     std::vector<Placed> OnTop;
 };
 

@@ -11,6 +11,7 @@ void Sightings::OnChange(shell::Change change, WindowHandle window) {
     const shell::MenuState& menus = State->Menus;
     if (change == Change::BoxOpened) {
         Boxes.push_back(menus.Boxes.back().Description);
+        BoxOwners.push_back(menus.Boxes.back().Owner);
     } else if (change == Change::MenuTracked) {
         Menus.push_back(*menus.Tracked);
     } else if (change == Change::BarMenuOpened) {
@@ -19,6 +20,8 @@ void Sightings::OnChange(shell::Change change, WindowHandle window) {
     } else if (change == Change::ListOpened) {
         const shell::ControlState* control = State->Tree.FindControl(window);
         Lists.push_back({control->Id, control->Items, control->Current});
+    } else if (change == Change::Cursor) {
+        Cursors.push_back(State->Cursor);
     } else if (change == Change::BroughtForward) {
         ++BroughtForward;
     } else if (change == Change::Destroyed) {

@@ -27,9 +27,11 @@ class Sightings : public shell::IShellObserver {
     void OnChange(shell::Change change, WindowHandle window) override;
 
     std::vector<MessageBoxDescription> Boxes;
+    std::vector<WindowHandle> BoxOwners; // of the boxes, in their order
     std::vector<shell::TrackedMenu> Menus;
     std::vector<OpenedBarMenu> BarMenus;
     std::vector<OpenedList> Lists;
+    std::vector<Cursor> Cursors; // each one that the pointer became
     int BroughtForward = 0;
 
   private:

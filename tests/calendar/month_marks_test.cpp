@@ -29,7 +29,7 @@ class MonthMarks : public testing::Test {
         Program.ShowPage(2);
     }
 
-    Color MarkAt(int row, int column, int offset) const {
+    std::optional<Color> MarkAt(int row, int column, int offset) const {
         return Program.Device.See.PixelAt(4 + 33 * column + offset, 58 + 26 * row + 23);
     }
 
@@ -143,13 +143,32 @@ TEST_F(MonthMarks, ASeriesMarksEachOfItsDays) {
     EXPECT_EQ(Program.CellName(1, 5), u"2004-05-07");
 }
 
-TEST_F(MonthMarks, AnItemFromBeforeTheMonthBeforeIsNotMarkedThoughItStillRuns) {
-    Program.GivenAppointment(u"Long", At(2004, 3, 31, 8), At(2004, 4, 27, 9)); // 27 April lies in the grid
+TEST_F(MonthMarks, AnItemFromTheFirstOfTheMonthBeforeIsMarkedWhereItRunsIntoTheGrid) {
     Program.GivenAppointment(u"Found", At(2004, 4, 1, 8), At(2004, 4, 28, 9));
     Open();
-    EXPECT_EQ(Program.CellName(0, 1), u"2004-04-26: appointment"); // of the second alone
+    EXPECT_EQ(Program.CellName(0, 0), u"2004-04-25: appointment");
     EXPECT_EQ(Program.CellName(0, 3), u"2004-04-28: appointment");
     EXPECT_EQ(Program.CellName(0, 4), u"2004-04-29");
+}
+
+TEST_F(MonthMarks, AnItemFromBeforeTheMonthBeforeIsNotMarkedThoughItStillRuns) {
+    Program.GivenAppointment(u"Long", At(2004, 3, 31, 8), At(2004, 4, 28, 9));
+    Open();
+    EXPECT_EQ(Program.CellName(0, 0), u"2004-04-25");
+    EXPECT_EQ(Program.CellName(0, 3), u"2004-04-28");
+}
+
+TEST_F(MonthMarks, JanuaryLooksBackToTheFirstOfDecember) {
+    ASSERT_TRUE(Program.Start());
+    Program.GivenAppointment(u"Found", At(2004, 12, 1, 8), At(2004, 12, 27, 9));
+    Program.GivenAppointment(u"Long", At(2004, 11, 30, 8), At(2004, 12, 28, 9));
+    Program.Device.SetClock(At(2005, 1, 10)); // its grid begins with 26 December
+    Program.ShowPage(2);
+    Program.Device.Tap(218, 18);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_EQ(Program.CellName(0, 0), u"2004-12-26: appointment");
+    EXPECT_EQ(Program.CellName(0, 1), u"2004-12-27: appointment");
+    EXPECT_EQ(Program.CellName(0, 2), u"2004-12-28");
 }
 
 TEST_F(MonthMarks, AnItemThatRunsBeyondTheGridMarksUpToItsEnd) {
@@ -187,11 +206,6 @@ TEST_F(MonthMarks, AFailingStoreLeavesTheGridWithoutAppointmentMarks) {
     ASSERT_TRUE(Program.Settle());
     EXPECT_EQ(Program.CellName(1, 1), u"2004-05-03: memo");
     EXPECT_TRUE(Program.Device.Host().Seen.Boxes.empty());
-}
-
-TEST_F(MonthMarks, TheWaitPointerIsGoneWhenTheMonthStands) {
-    Open();
-    EXPECT_EQ(Program.Device.Host().State.Cursor, Cursor::Arrow);
 }
 
 } // namespace

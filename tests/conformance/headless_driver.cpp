@@ -70,7 +70,9 @@ class HeadlessDriver : public IDeviceDriver {
 
     void PassTime(int milliseconds) override { Real().Time.Pass(static_cast<shell::Milliseconds>(milliseconds)); }
 
-    Color PixelAt(Point screen) override { return Device.See.ScreenPixelAt(screen); }
+    Color PixelAt(Point screen) override {
+        return Device.See.ScreenPixelAt(screen).value_or(Color::FromRgb(255, 255, 255)); // a bare screen is white
+    }
 
     std::u16string Caption() override { return Device.See.Caption(); }
 

@@ -41,7 +41,7 @@ TEST(RecordedDrawing, EachFrameHasItsOwnCallsAndTheWholePicture) {
     EXPECT_EQ(frame->Calls.size(), 1u);
     EXPECT_EQ(frame->Picture.At({0, 0}), kRed);
     EXPECT_EQ(frame->Picture.At({5, 5}), kRed);
-    EXPECT_EQ(frame->Picture.At({6, 6}), kWhite);
+    EXPECT_EQ(frame->Picture.At({6, 6}), std::nullopt);
     EXPECT_EQ(frame->Count, 2);
 }
 
@@ -81,8 +81,8 @@ TEST(RecordedDrawing, PicturesEndAtTheirEdges) {
     const PixelPicture& picture = drawing.LastFrame(kWindow)->Picture;
     EXPECT_EQ(picture.At({9, 9}), kRed);
     EXPECT_EQ(picture.At({9, 3}), Color{});
-    EXPECT_EQ(picture.At({10, 9}), kWhite);
-    EXPECT_EQ(picture.At({-1, 0}), kWhite);
+    EXPECT_EQ(picture.At({10, 9}), std::nullopt);
+    EXPECT_EQ(picture.At({-1, 0}), std::nullopt);
 }
 
 TEST(RecordedDrawing, WideLinesLieAroundTheirPoints) {
@@ -90,11 +90,11 @@ TEST(RecordedDrawing, WideLinesLieAroundTheirPoints) {
     picture.Line({5, 10}, {10, 10}, {kRed, 3});
     EXPECT_EQ(picture.At({4, 9}), kRed);
     EXPECT_EQ(picture.At({11, 11}), kRed);
-    EXPECT_EQ(picture.At({3, 10}), kWhite);
-    EXPECT_EQ(picture.At({12, 10}), kWhite);
-    EXPECT_EQ(picture.At({5, 8}), kWhite);
+    EXPECT_EQ(picture.At({3, 10}), std::nullopt);
+    EXPECT_EQ(picture.At({12, 10}), std::nullopt);
+    EXPECT_EQ(picture.At({5, 8}), std::nullopt);
     picture.Line({2, 2}, {6, 6}, {Color{}, 1}); // slanted: left to the transcript
-    EXPECT_EQ(picture.At({3, 3}), kWhite);
+    EXPECT_EQ(picture.At({3, 3}), std::nullopt);
 }
 
 } // namespace
