@@ -110,7 +110,38 @@ TEST_F(ClockPage, TheDigitalFaceShowsTimeAndSecondsAtTheBottomOfTheirPlaces) {
     EXPECT_EQ(time.Font, "Comic Sans MS -133 700 -33");
     const DrawCall seconds = CallWithText(u"00 PM");
     EXPECT_EQ(seconds.Area, (Rect{20, 175, 220, 210}));
+    EXPECT_EQ(seconds.Format, DT_CENTER | DT_BOTTOM | DT_SINGLELINE);
+    EXPECT_EQ(seconds.Ink, Color::FromRgb(20, 51, 150));
     EXPECT_EQ(seconds.Font, "Comic Sans MS -26 700 -26");
+}
+
+TEST_F(ClockPage, DialAndDigitalBackgroundLieInTheirPlaces) {
+    Start();
+    const auto pictures = [&] {
+        headless::Transcript pictures;
+        for (const DrawCall& call : Program.Device.See.LastFrame()->Calls) {
+            if (call.Kind == DrawKind::Bitmap) {
+                pictures.push_back(call);
+            }
+        }
+        return ToText(pictures);
+    };
+    EXPECT_EQ(pictures(), "bitmap 139 0,241,240,267 from 0,0,240,26\n"
+                          "bitmap 144 0,241,60,267 from 0,0,60,26\n"
+                          "bitmap 145 20,35,220,235 from 0,0,200,200\n"
+                          "bitmap 154 200,5,230,35 from 0,0,30,30\n");
+    Tap(215, 20);
+    EXPECT_EQ(pictures(), "bitmap 139 0,241,240,267 from 0,0,240,26\n"
+                          "bitmap 144 0,241,60,267 from 0,0,60,26\n"
+                          "bitmap 154 200,5,230,35 from 30,0,60,30\n"
+                          "bitmap 153 10,45,230,265 from 0,0,220,220\n");
+}
+
+TEST_F(ClockPage, TheWholePageIsWhiteBeneath) {
+    Start();
+    const headless::Transcript& calls = Program.Device.See.LastFrame()->Calls;
+    ASSERT_FALSE(calls.empty());
+    EXPECT_EQ(ToText(calls.front()), "fill 0,0,240,267 #FFFFFF");
 }
 
 TEST_F(ClockPage, TheModeButtonTogglesAndShowsTheOtherImage) {
