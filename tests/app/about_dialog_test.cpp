@@ -46,6 +46,29 @@ TEST(AboutDialog, TheTitleBandIsBlueBoldArialCentredVertically) {
     ASSERT_TRUE(program.Settle());
 }
 
+TEST(AboutDialog, ItsTextsSayTheVersionAndWhereToWrite) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    program.Device.ChooseMenu(u"Tools", kCommandAbout);
+    program.Device.Do([&] {
+        const shell::WindowTree& tree = program.Device.Host().State.Tree;
+        const auto textAt = [&](const Rect& place) -> std::u16string {
+            for (const WindowHandle child : tree.ChildrenOf(program.Device.See.Top())) {
+                if (tree.Find(child)->Bounds == place && tree.IsVisible(child)) {
+                    return tree.Find(child)->Text;
+                }
+            }
+            return u"(no control)";
+        };
+        EXPECT_EQ(textAt({46, 32, 201, 45}), u"Tavo Calendar Version 1.00");
+        EXPECT_EQ(textAt({16, 139, 201, 198}), u"(If you find any problem, suggestion\n"
+                                               u"  on this product, please send email\n"
+                                               u"  to us.  Thank you.)");
+    });
+    program.Device.PressOk();
+    ASSERT_TRUE(program.Settle());
+}
+
 TEST(AboutDialog, ThePagesBeneathTakeNoInput) {
     RunningProgram program;
     ASSERT_TRUE(program.Start());

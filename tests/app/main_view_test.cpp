@@ -50,9 +50,15 @@ TEST_F(MainView, TheEdgesOfThePageBarAreNoPressOnIt) {
 }
 
 TEST_F(MainView, APressOnTheShownPagesCellDoesNothing) {
-    TapBar(30, 250);
-    EXPECT_EQ(Page(), u"Clock");
-    EXPECT_EQ(Program.State().CurrentPage, 0);
+    for (int page = 0; page < 4; ++page) {
+        Program.ShowPage(page);
+        const std::u16string shown = Page();
+        const int before = TimesPresented();
+        TapBar(page * 60 + 30, 250);
+        EXPECT_EQ(TimesPresented(), before) << page;
+        EXPECT_EQ(Page(), shown);
+        EXPECT_EQ(Program.State().CurrentPage, page);
+    }
 }
 
 TEST_F(MainView, EachPageHighlightsItsOwnTab) {
@@ -66,6 +72,22 @@ TEST_F(MainView, EachPageHighlightsItsOwnTab) {
     }
 }
 
+TEST_F(MainView, TheHighlightedTabLiesInItsOwnCell) {
+    for (int page = 0; page < 4; ++page) {
+        Program.ShowPage(page);
+        std::string bar;
+        for (const headless::Placed& placed : Program.Device.See.Visible()) {
+            if (placed.Area.Top == 241) {
+                EXPECT_EQ(placed.Area.Bottom, 267) << page;
+                bar += std::to_string(placed.Bitmap) + " at " + std::to_string(placed.Area.Left) + "; ";
+            }
+        }
+        const std::vector<std::string> bars{"139 at 0; 144 at 0; ", "139 at 0; 140 at 60; ", "139 at 0; 141 at 120; ",
+                                            "139 at 0; 142 at 180; "};
+        EXPECT_EQ(bar, bars[static_cast<std::size_t>(page)]);
+    }
+}
+
 TEST_F(MainView, ControlAndPageKeysGoFromPageToPage) {
     Program.Device.Key(VK_NEXT, kModifierControl);
     ASSERT_TRUE(Program.Settle());
@@ -74,6 +96,21 @@ TEST_F(MainView, ControlAndPageKeysGoFromPageToPage) {
     Program.Device.Key(VK_PRIOR, kModifierControl);
     ASSERT_TRUE(Program.Settle());
     EXPECT_EQ(Page(), u"Settings");
+}
+
+TEST_F(MainView, ControlAndTabGoToTheNextPageAndWithShiftToThePreviousOne) {
+    const auto press = [&](int modifiers) {
+        Program.Device.Key(VK_TAB, modifiers);
+        EXPECT_TRUE(Program.Settle());
+        return Page();
+    };
+    for (const std::u16string_view next : {u"Schedule", u"Calendar", u"Settings", u"Clock"}) {
+        EXPECT_EQ(press(kModifierControl), next);
+    }
+    for (const std::u16string_view previous : {u"Settings", u"Calendar", u"Schedule", u"Clock"}) {
+        EXPECT_EQ(press(kModifierControl | kModifierShift), previous);
+    }
+    EXPECT_EQ(press(kModifierShift), u"Clock");
 }
 
 TEST_F(MainView, TenNoticesWithinHalfASecondCauseOneRefresh) {
@@ -112,6 +149,30 @@ TEST_F(MainView, NoticesAreIgnoredWhileRefreshIsSuppressed) {
     EXPECT_EQ(TimesPresented(), before);
 }
 
+TEST_F(MainView, ANoticeWhileRefreshIsSuppressedEndsTheWaitOfTheOneBefore) {
+    Program.ShowPage(2);
+    const int before = TimesPresented();
+    Program.Device.Do([this] { PostNotice(); });
+    Program.Device.AdvanceClock(200);
+    Program.Device.Do([this] {
+        Program.State().RefreshSuppressed = true;
+        PostNotice();
+    });
+    Program.Device.AdvanceClock(10);
+    Program.Device.Do([this] { Program.State().RefreshSuppressed = false; });
+    Program.Device.AdvanceClock(5000);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_EQ(TimesPresented(), before);
+}
+
+TEST_F(MainView, AChangeWithoutANoticeIsNotShownWhenThePageOpensAgain) {
+    Program.ShowPage(2);
+    Program.ShowPage(0);
+    Program.GivenAppointment(u"Dentist", At(2004, 11, 4, 9), At(2004, 11, 4, 10));
+    Program.ShowPage(2);
+    EXPECT_EQ(Program.CellName(0, 4), u"2004-11-04");
+}
+
 TEST_F(MainView, ANoticeWhileAnotherPageIsOnShowReachesTheCalendarWhenItOpens) {
     Program.ShowPage(2);
     Program.ShowPage(0);
@@ -145,8 +206,11 @@ TEST_F(MainView, EveryPageHasTheToolsMenu) {
 TEST_F(MainView, RestoredFromTheBackgroundItShowsThePageItHad) {
     Program.ShowPage(3);
     Program.Device.PressClose();
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_TRUE(Program.Device.Host().State.Minimized);
     Program.Device.Restore();
     ASSERT_TRUE(Program.Settle());
+    EXPECT_FALSE(Program.Device.Host().State.Minimized);
     EXPECT_EQ(Page(), u"Settings");
 }
 

@@ -22,6 +22,21 @@ TEST(Start, OpensOnTheClockPage) {
     EXPECT_EQ(program.State().CurrentPage, 0);
 }
 
+TEST(Start, MakesSettingsThenScheduleThenCalendarThenClockAndShowsTheLast) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    const shell::WindowTree& tree = program.Device.Host().State.Tree;
+    std::vector<std::u16string> titles; // in order of creation
+    WindowHandle last = WindowHandle::None;
+    for (const WindowHandle page : tree.ChildrenOf(program.State().MainView)) {
+        EXPECT_LT(last, page);
+        last = page;
+        titles.push_back(tree.Find(page)->Text);
+        EXPECT_EQ(tree.IsVisible(page), titles.back() == u"Clock");
+    }
+    EXPECT_EQ(titles, (std::vector<std::u16string>{u"Settings", u"Schedule", u"Calendar", u"Clock"}));
+}
+
 TEST(Start, TitlesTheMainWindow) {
     RunningProgram program;
     ASSERT_TRUE(program.Start());
@@ -78,6 +93,10 @@ TEST(Start, AFailingStoreLeavesAnEmptyViewWithoutPagesCompanionAndDataFile) {
     EXPECT_FALSE(program.ReadFile("TavoCalendar.dat").has_value());
     EXPECT_EQ(program.Device.See.Caption(), u"Tavo Calendar");
     EXPECT_EQ(program.Device.See.MenuBar(), nullptr);
+    for (const Point point : {Point{0, 0}, Point{239, 0}, Point{120, 130}, Point{0, 267}, Point{239, 267}}) {
+        EXPECT_EQ(program.Device.See.PixelAt(point.X, point.Y), Color::FromRgb(255, 255, 255))
+            << point.X << ", " << point.Y;
+    }
 }
 
 TEST(Start, ASecondCopyBringsTheFirstForwardAndEnds) {
@@ -101,6 +120,19 @@ TEST(End, ClosingThePageSavesTheCategoryFileAndStaysInMemory) {
     ASSERT_TRUE(program.Settle());
     EXPECT_EQ(program.ReadFile("TavoCalendar.dat"), std::string("\0\0\0\0;\1\0\0\0\2\1\0\0;\0\0\0\0;", 19));
     EXPECT_TRUE(program.Device.Host().State.Minimized);
+}
+
+TEST(End, EveryPageSavesTheCategoryFileAndMinimisesWhenItIsClosed) {
+    for (int page = 0; page < 4; ++page) {
+        RunningProgram program;
+        ASSERT_TRUE(program.Start());
+        program.ShowPage(page);
+        program.State().Categories.HolidayList.Append(258);
+        program.Device.PressClose();
+        ASSERT_TRUE(program.Settle());
+        EXPECT_EQ(program.ReadFile("TavoCalendar.dat"), std::string("\0\0\0\0;\1\0\0\0\2\1\0\0;\0\0\0\0;", 19)) << page;
+        EXPECT_TRUE(program.Device.Host().State.Minimized) << page;
+    }
 }
 
 TEST(End, QuittingSavesTheCategoryFileFirst) {

@@ -1,0 +1,68 @@
+// Which page each index brings on show.
+#include "app/main_frame.h"
+#include "tests/support/test_device.h"
+
+#include <gtest/gtest.h>
+
+namespace tavo {
+namespace {
+
+class NoCommands final : public ICommandTarget {
+  public:
+    void TakeCommand(int) override {}
+};
+
+class ShowPage : public testing::Test {
+  protected:
+    void SetUp() override {
+        ASSERT_TRUE(Frame.Open());
+        Frame.Show(ShowCommand::Maximize);
+        Frame.View().UpdateFirst();
+    }
+
+    // The titles of all pages that are to be seen.
+    std::u16string ShownPages() {
+        const shell::WindowTree& tree = Device.Host.State.Tree;
+        std::u16string titles;
+        for (const WindowHandle page : tree.ChildrenOf(Frame.View().Handle())) {
+            if (tree.IsVisible(page)) {
+                titles += tree.Find(page)->Text + u' ';
+            }
+        }
+        return titles;
+    }
+
+    test::TestDevice Device;
+    CProgramState State{Device.Pump};
+    NoCommands Commands;
+    CMainFrame Frame{Device.Pump, State, Commands};
+};
+
+TEST_F(ShowPage, EachIndexShowsItsPageAlone) {
+    EXPECT_EQ(ShownPages(), u"Clock ");
+    Frame.View().ShowPage(2);
+    EXPECT_EQ(ShownPages(), u"Calendar ");
+    Frame.View().ShowPage(1);
+    EXPECT_EQ(ShownPages(), u"Schedule ");
+    Frame.View().ShowPage(3);
+    EXPECT_EQ(ShownPages(), u"Settings ");
+    Frame.View().ShowPage(0);
+    EXPECT_EQ(ShownPages(), u"Clock ");
+}
+
+TEST_F(ShowPage, FourIsTheSchedulePageAsWell) {
+    Frame.View().ShowPage(4);
+    EXPECT_EQ(ShownPages(), u"Schedule ");
+}
+
+TEST_F(ShowPage, AnyOtherIndexHidesThemAll) {
+    for (const int index : {5, -1, 1000}) {
+        Frame.View().ShowPage(2);
+        EXPECT_EQ(ShownPages(), u"Calendar ");
+        Frame.View().ShowPage(index);
+        EXPECT_EQ(ShownPages(), u"") << index;
+    }
+}
+
+} // namespace
+} // namespace tavo
