@@ -120,6 +120,19 @@ TEST_F(MemoFilesTest, SearchesByTheDate) {
     EXPECT_EQ(Host.OwnFiles.LastPattern, u"\\My Documents\\TavoCalendar\\8121031*.pwi");
 }
 
+TEST_F(MemoFilesTest, WithoutTheDataFolderTheMemosOfMyDocumentsAreFound) {
+    State.DataFolder = u"\\My Documents\\"; // where the data folder cannot be made
+    Device.GivenFile(u"\\My Documents\\20040915_101530.pwi", {1, 2, 3});
+    Device.GivenFile(u"\\My Documents\\TavoCalendar\\20040916_101530.pwi", {1, 2, 3});
+    EXPECT_THAT(Memos.FindMemos(2004, 9, 15), ElementsAre(u"20040915_101530.pwi"));
+    // The doubled separator is intended.
+    EXPECT_EQ(Host.OwnFiles.LastPattern, u"\\My Documents\\\\20040915*.pwi");
+    EXPECT_TRUE(Memos.HasMemo(2004, 9, 15));
+    EXPECT_FALSE(Memos.HasMemo(2004, 9, 16));
+    EXPECT_TRUE(Memos.ReadMemo(Memos.MemoPath(u"20040915_101530.pwi")));
+    EXPECT_EQ(BufferBytes(), (Bytes{1, 2, 3}));
+}
+
 TEST_F(MemoFilesTest, ReadingTakesTheWholeFile) {
     GivenFile(u"20040915_101530.pwi", {0, 255, 0, 7});
     State.Memo.Fill({9, 9});

@@ -101,6 +101,39 @@ TEST_F(CategoryFileTest, AWrongFirstSeparatorLeavesTheLaterListsEmpty) {
     EXPECT_THAT(Lists().AnniversaryList.All(), IsEmpty());
 }
 
+TEST_F(CategoryFileTest, WhatWasReadIsInTheListsWhileTheMessageShows) {
+    Device.GivenFile(kDataFile, {1, 0, 0, 0, 9, 0, 0, 0, ';', 2, 0, 0, 0, 8, 0, 0, 0});
+    Lists().AnniversaryList.Append(5);
+    bool looked = false;
+    Device.Host.Time.Script.Add([&] {
+        looked = true;
+        EXPECT_THAT(Device.MessagesShown(), ElementsAre(kCorruptMessage));
+        EXPECT_THAT(Lists().AlarmList.All(), ElementsAre(9));
+        EXPECT_THAT(Lists().HolidayList.All(), ElementsAre(8));
+        EXPECT_THAT(Lists().AnniversaryList.All(), IsEmpty());
+        EXPECT_TRUE(Device.Host.Navigation.AnswerBox(IDOK));
+    });
+    EXPECT_FALSE(LoadCategoryFile(State));
+    EXPECT_TRUE(looked);
+    EXPECT_THAT(Lists().HolidayList.All(), ElementsAre(8));
+}
+
+TEST_F(CategoryFileTest, ATagAskedForWhileTheMessageShowsIsNotLost) {
+    Device.GivenFile(kDataFile, {1, 0, 0, 0, 9, 0, 0, 0, ',', 0, 0, 0, 0, ';', 0, 0, 0, 0, ';'});
+    Device.Host.Time.Script.Add([&] {
+        Outlook.Mirror.Requests = {{4, TagList::Holiday, 77, true}};
+        EXPECT_TRUE(Lists().ApplyTagRequests()); // as the main view does when another process asks
+        EXPECT_TRUE(Device.Host.Navigation.AnswerBox(IDOK));
+    });
+    EXPECT_FALSE(LoadCategoryFile(State));
+    EXPECT_THAT(Lists().AlarmList.All(), ElementsAre(9));
+    EXPECT_THAT(Lists().HolidayList.All(), ElementsAre(77));
+    EXPECT_TRUE(SaveCategoryFile(State));
+    EXPECT_THAT(Device.FileBytes(kDataFile),
+                Optional(Bytes{1, 0, 0, 0, 9, 0, 0, 0, ';', 1, 0, 0, 0, 77, 0, 0, 0, ';', 0, 0, 0, 0, ';'}));
+    EXPECT_EQ(Outlook.Mirror.Reports.back(), "finish 4");
+}
+
 TEST_F(CategoryFileTest, ACutCountIsReportedToo) {
     Device.GivenFile(kDataFile, {0, 0, 0, 0, ';', 1, 0});
     Device.WillAnswer(IDOK);
@@ -179,6 +212,20 @@ TEST_F(CategoryFileTest, WithoutAFolderTheFileIsLookedForInMyDocuments) {
     EXPECT_THAT(Lists().AlarmList.All(), ElementsAre(9));
     EXPECT_TRUE(SaveCategoryFile(State));
     EXPECT_EQ(Host.OwnFiles.LastWritten, u"\\My Documents\\\\TavoCalendar.dat");
+}
+
+TEST_F(CategoryFileTest, ThatTheFileCannotBeOpenedIsSaidOverTheMainView) {
+    WindowDescription view;
+    view.Kind = WindowKind::Frame;
+    view.Bounds = Rect::FromSize(0, 0, 240, 320);
+    view.Visible = true;
+    State.MainView = Device.Host.Windows().CreateWindowExW(view);
+    ASSERT_NE(State.MainView, WindowHandle::None);
+    Host.OwnFiles.WriteResult = ErrorCode::AccessDenied;
+    Device.WillAnswer(IDOK);
+    EXPECT_FALSE(SaveCategoryFile(State));
+    EXPECT_THAT(Device.MessagesShown(), ElementsAre(kCannotOpenMessage));
+    EXPECT_THAT(Device.Host.Seen.BoxOwners, ElementsAre(State.MainView));
 }
 
 TEST_F(CategoryFileTest, AFileThatCannotBeMadeIsReported) {

@@ -1,6 +1,8 @@
 // Copying an appointment into a record.
 #include "store/outlook_session.h"
 
+#include "store/fill_record.h"
+#include "tests/support/appointment_probe.h"
 #include "tests/support/test_device.h"
 
 #include <gtest/gtest.h>
@@ -137,6 +139,37 @@ TEST_F(LoadAppointment, PrivateAndAllDay) {
     });
     EXPECT_TRUE(secret.IsPrivate);
     EXPECT_TRUE(secret.AllDay);
+}
+
+TEST_F(LoadAppointment, AnySensitivityButTheNormalOneIsPrivate) {
+    for (const std::int32_t sensitivity : {1, 2, 3, -1}) {
+        const AppointmentData record = LoadOneHour(
+            At(2004, 5, 3, 9, 0), [sensitivity](IAppointment& item) { Put(item.put_Sensitivity(sensitivity)); });
+        EXPECT_TRUE(record.IsPrivate) << sensitivity;
+    }
+}
+
+TEST_F(LoadAppointment, ASeriesWhosePatternCannotBeHadIsDescribedByItsStart) {
+    const Oid oid = Device.GivenSeries(u"Standup", At(2004, 5, 20, 9, 0), At(2004, 5, 20, 9, 15), kRecursDaily);
+    ComPtr<IAppointment> item;
+    Put(Session.OutlookApp->GetItemFromOid(oid, item));
+    test::AppointmentProbe probe(*item);
+    AppointmentData record;
+    FillRecord(probe, Device.Host.Locale(), record);
+    EXPECT_EQ(record.RecurType, kRecursDaily); // it is not the probe that hides it
+    probe.PatternResult = Status::Fail;
+    record.Interval = 9;
+    FillRecord(probe, Device.Host.Locale(), record);
+    EXPECT_EQ(record.Oid, oid);
+    EXPECT_EQ(record.Subject, u"Standup");
+    EXPECT_FALSE(record.IsRecurring);
+    EXPECT_EQ(record.RecurChoice, 0);
+    EXPECT_EQ(record.RecurType, -1);
+    EXPECT_EQ(record.DayOfWeekMask, kThursday);
+    EXPECT_EQ(record.Interval, 1);
+    EXPECT_EQ(record.DayOfMonth, 20);
+    EXPECT_EQ(record.Instance, 2);
+    EXPECT_EQ(record.MonthOfYear, 5);
 }
 
 TEST_F(LoadAppointment, WhatARecordHeldBeforeIsCleared) {

@@ -1,6 +1,7 @@
 // Opening, closing, counting, querying and deleting.
 #include "store/outlook_session.h"
 
+#include "tests/support/folder_probe.h"
 #include "tests/support/host_probe.h"
 #include "tests/support/outlook_probe.h"
 #include "tests/support/test_device.h"
@@ -13,6 +14,8 @@ namespace tavo {
 namespace {
 
 using test::At;
+using test::FolderFaults;
+using test::FolderProbe;
 using test::HostProbe;
 using test::OutlookProbe;
 using test::TestDevice;
@@ -59,9 +62,12 @@ TEST_F(OutlookSessionTest, OpeningLogsOnWithoutAWindowAndTakesTheCalendar) {
 
 TEST_F(OutlookSessionTest, ClosingLetsGoOfEverythingAndEndsCom) {
     ASSERT_TRUE(Session.OpenStore());
+    FolderFaults faults;
+    faults.Calls = &Host.Calls;
+    Session.CalendarFolder = FolderProbe::Make(Session.CalendarFolder, faults);
     Host.Calls.clear();
     Session.CloseStore();
-    EXPECT_THAT(Host.Calls, ElementsAre("Logoff", "CoUninitialize"));
+    EXPECT_THAT(Host.Calls, ElementsAre("folder released", "Logoff", "Release", "CoUninitialize"));
     EXPECT_FALSE(Session.CalendarFolder);
     EXPECT_FALSE(Session.OutlookApp);
     EXPECT_EQ(Outlook.References, 0);
@@ -112,6 +118,40 @@ TEST_F(OutlookSessionTest, CountsASeriesOnce) {
 TEST_F(OutlookSessionTest, CountsNothingWhileTheStoreIsNotOpen) {
     EXPECT_EQ(Session.CountAppointments(), 0);
     EXPECT_EQ(Session.LastStoreResult, Status::Unexpected);
+}
+
+TEST_F(OutlookSessionTest, CountsNothingWhereTheItemsCannotBeHad) {
+    ASSERT_TRUE(Session.OpenStore());
+    Device.GivenAppointment(u"Dentist", At(2004, 5, 3, 9, 0), At(2004, 5, 3, 10, 0));
+    FolderFaults faults;
+    Session.CalendarFolder = FolderProbe::Make(Session.CalendarFolder, faults);
+    EXPECT_EQ(Session.CountAppointments(), 1);
+    faults.ItemsResult = Status::Locked;
+    EXPECT_EQ(Session.CountAppointments(), 0);
+    EXPECT_EQ(Session.LastStoreResult, Status::Locked);
+    Session.CalendarFolder.Reset(); // before the faults go
+    EXPECT_THAT(Device.MessagesShown(), IsEmpty());
+}
+
+TEST_F(OutlookSessionTest, CountsNothingWhereTheCountCannotBeHad) {
+    ASSERT_TRUE(Session.OpenStore());
+    FolderFaults faults;
+    faults.CountResult = Status::OutOfMemory;
+    Session.CalendarFolder = FolderProbe::Make(Session.CalendarFolder, faults);
+    EXPECT_EQ(Session.CountAppointments(), 0);
+    EXPECT_EQ(Session.LastStoreResult, Status::OutOfMemory);
+    Session.CalendarFolder.Reset();
+}
+
+TEST_F(OutlookSessionTest, QueriesNothingWhereTheItemsCannotBeHad) {
+    ASSERT_TRUE(Session.OpenStore());
+    Device.GivenAppointment(u"Dentist", At(2004, 5, 3, 9, 0), At(2004, 5, 3, 10, 0));
+    FolderFaults faults;
+    faults.ItemsResult = Status::Locked;
+    Session.CalendarFolder = FolderProbe::Make(Session.CalendarFolder, faults);
+    EXPECT_FALSE(Session.QueryAppointments(u"[Start] <= 5/3/2004 and [End] >= 5/3/2004"));
+    EXPECT_EQ(Session.LastStoreResult, Status::Locked);
+    Session.CalendarFolder.Reset();
 }
 
 TEST_F(OutlookSessionTest, DeletesAnAppointment) {

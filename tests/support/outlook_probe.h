@@ -67,7 +67,11 @@ class OutlookProbe final : public IPOutlookApp {
 
     void AddRef() override { ++References; }
 
-    void Release() override { --References; }
+    void Release() override {
+        if (--References == 0) {
+            Note("Release");
+        }
+    }
 
     Status Logon(WindowHandle window) override {
         Note(window == WindowHandle::None ? "Logon(no window)" : "Logon(a window)");
