@@ -34,7 +34,7 @@ bool IsSimple(std::u16string_view text) {
     });
 }
 
-QFont MakeWish(const LogFont& description) {
+QFont MakeFont(const LogFont& description) {
     QFont font(QString::fromUtf16(description.FaceName.data(), static_cast<qsizetype>(description.FaceName.size())));
     font.setPixelSize(std::max(1, std::abs(description.Height)));
     font.setWeight(static_cast<QFont::Weight>(std::clamp(description.Weight, 1, 1000)));
@@ -46,25 +46,46 @@ QFont MakeWish(const LogFont& description) {
 
 } // namespace
 
-Font::Font(const LogFont& description) : Wish(MakeWish(description)) {
-    Faces.push_back({QRawFont::fromFont(Wish), {}});
+Font::Font(const LogFont& description) : FaceName(description.FaceName), Wish(description) {
+    Wish.FaceName = FaceName;
+}
+
+void Font::Load() {
+    if (!Faces.empty()) {
+        return;
+    }
+    Found = MakeFont(Wish);
+    QFont alone = Found;
+    alone.setStyleStrategy(QFont::StyleStrategy(Found.styleStrategy() | QFont::NoFontMerging)); // found sooner
+    Faces.push_back({QRawFont::fromFont(alone), {}});
     QRawFont& face = Faces.front().Measured;
-    if (description.Height > 0) { // a positive height is the line's, not the characters'
+    if (Wish.Height > 0) { // a positive height is the line's, not the characters'
         const double line = face.ascent() + face.descent();
         if (line > 0) {
-            face.setPixelSize(std::max(1.0, face.pixelSize() * description.Height / line));
+            face.setPixelSize(std::max(1.0, face.pixelSize() * Wish.Height / line));
         }
     }
-    if (description.Width != 0) {
+    if (Wish.Width != 0) {
         if (const double average = GetAverageWidth(face); average > 0) {
-            Stretch = std::abs(description.Width) / average;
+            Stretch = std::abs(Wish.Width) / average;
         }
     }
     AscentPixels = static_cast<int>(std::lround(face.ascent()));
     LinePixels = AscentPixels + static_cast<int>(std::lround(face.descent()));
 }
 
+int Font::Ascent() {
+    Load();
+    return AscentPixels;
+}
+
+int Font::LineHeight() {
+    Load();
+    return LinePixels;
+}
+
 const ShapedText& Font::Shape(std::u16string_view text) {
+    Load();
     if (const auto known = Shaped.find(text); known != Shaped.end()) {
         return known->second;
     }
@@ -107,7 +128,7 @@ bool Font::ShapeSimply(std::u16string_view text, ShapedText& shaped) const {
 }
 
 void Font::ShapeFully(std::u16string_view text, ShapedText& shaped) {
-    QTextLayout layout(QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())), Wish);
+    QTextLayout layout(QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())), Found);
     QTextOption option;
     option.setWrapMode(QTextOption::NoWrap);
     option.setUseDesignMetrics(true);

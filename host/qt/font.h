@@ -33,14 +33,14 @@ struct ShapedText {
 
 class Font {
   public:
+    // The font file is looked for when the font is first used: many are made that the first page does not need.
     explicit Font(const LogFont& description);
     Font(const Font&) = delete;
     Font& operator=(const Font&) = delete;
 
     // Whole logical pixels; both are the same at every scale.
-    int Ascent() const { return AscentPixels; }
-
-    int LineHeight() const { return LinePixels; }
+    int Ascent();
+    int LineHeight();
 
     // Stays valid until the next call.
     const ShapedText& Shape(std::u16string_view text);
@@ -64,12 +64,15 @@ class Font {
         std::size_t operator()(std::u16string_view text) const { return std::hash<std::u16string_view>()(text); }
     };
 
+    void Load();
     bool ShapeSimply(std::u16string_view text, ShapedText& shaped) const;
     void ShapeFully(std::u16string_view text, ShapedText& shaped);
     int FaceOf(const QRawFont& rawFont);
     const QRawFont& FaceAt(int face, Scale scale);
 
-    QFont Wish;
+    std::u16string FaceName;
+    LogFont Wish;            // its name is the string above
+    QFont Found;             // for texts of several fonts
     std::vector<Face> Faces; // the first is the font itself, the others stand in for characters it lacks
     double Stretch = 1.0;
     int AscentPixels = 0;

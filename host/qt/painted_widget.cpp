@@ -65,15 +65,15 @@ void PaintedWidget::Show(const Surface& surface, std::span<const PaintedItem> it
     const QImage& image = surface.Image();
     QRect changed = surface.TakeChanged();
     if (FrameSource != surface.Number()) {
-        Frame = QImage(image.size(), QImage::Format_RGB32);
+        Frame = image; // shared until the surface is drawn on again
         FrameSource = surface.Number();
         FrameScale = surface.GetScale();
         changed = image.rect();
     } else {
         changed = FindDifference(Frame, image, changed);
+        CopyPixels(Frame, image, changed);
     }
     if (!changed.isEmpty()) {
-        CopyPixels(Frame, image, changed);
         FrameIsNew = true;
         if (FrameScale == Shared.Geometry.Scale) {
             const QRect real = changed.translated(Shared.Geometry.RealPixels(Bounds()).topLeft());

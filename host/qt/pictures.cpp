@@ -5,7 +5,6 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <utility>
 
 namespace tavo::qt {
 namespace {
@@ -59,7 +58,7 @@ const QImage& Pictures::Render(int bitmap, const Rect& source, QSize size) {
         renderer->render(&painter, QRectF(QPointF(), QSizeF(size)));
         painter.end();
         if (IsOpaque(image)) {
-            image = std::move(image).convertToFormat(QImage::Format_RGB32); // copied instead of blended
+            image.reinterpretAsFormat(QImage::Format_RGB32); // copied instead of blended
         }
     }
     return Rendered.emplace(key, std::move(image)).first->second;

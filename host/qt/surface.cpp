@@ -49,7 +49,18 @@ Surface::Surface(Size size, Scale scale, Fonts& fonts, Pictures& pictures)
     Changed = Pixels.rect();
 }
 
+// Before drawing: whoever keeps a copy of the picture keeps what it was.
+void Surface::MakeOwn() {
+    if (!Pixels.isDetached()) {
+        if (OpenPainter.isActive()) {
+            OpenPainter.end();
+        }
+        Pixels.detach();
+    }
+}
+
 QPainter& Surface::Painter() {
+    MakeOwn();
     if (!OpenPainter.isActive()) {
         OpenPainter.begin(&Pixels);
     }
@@ -69,6 +80,7 @@ void Surface::Fill(QRect pixels, std::uint32_t color) {
     if (pixels.isEmpty()) {
         return;
     }
+    MakeOwn();
     for (int y = pixels.top(); y <= pixels.bottom(); ++y) {
         auto* row = reinterpret_cast<std::uint32_t*>(Pixels.scanLine(y));
         std::fill_n(row + pixels.left(), pixels.width(), color);

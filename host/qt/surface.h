@@ -24,6 +24,7 @@ class Surface final : public ISurface {
     void DrawTextW(std::u16string_view text, const Rect& area, const TextStyle& style) override;
     void DrawBitmap(int bitmap, Point at, const Rect& source) override;
 
+    // May be kept as long as wished: further drawing leaves kept copies as they are.
     const QImage& Image() const { return Pixels; }
 
     const Scale& GetScale() const { return PixelScale; }
@@ -35,6 +36,7 @@ class Surface final : public ISurface {
     QRect TakeChanged() const;
 
   private:
+    void MakeOwn();
     void Fill(QRect pixels, std::uint32_t color);
     QPainter& Painter();
     void MarkChanged(const QRect& pixels);
