@@ -64,7 +64,7 @@ template <class Value> Status Appointment::Get(Value StoredItem::*field, Value& 
 }
 
 template <class Value, class Given>
-Status Appointment::PutField(Value StoredItem::*field, tavo::outlook::Put flag, const Given& value) {
+Status Appointment::PutField(Value StoredItem::*field, PutSet flag, const Given& value) {
     ItemDraft* draft = nullptr;
     const Status status = Load(draft);
     if (Succeeded(status)) {

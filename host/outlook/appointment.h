@@ -65,7 +65,7 @@ class Appointment final : public RefCounted<IAppointment> {
     bool IsOccurrence() const { return Line.Kind == EntryKind::Occurrence || Line.Kind == EntryKind::Moved; }
 
     template <class Value> Status Get(Value StoredItem::*field, Value& value);
-    template <class Value, class Given> Status PutField(Value StoredItem::*field, Put flag, const Given& value);
+    template <class Value, class Given> Status PutField(Value StoredItem::*field, PutSet flag, const Given& value);
     void ShowOccurrence(StoredItem& item) const;
     Status SaveNew(ItemDraft& draft);
     Status SaveChanges(ItemDraft& draft);

@@ -13,7 +13,7 @@ constexpr std::u16string_view kNameOfNew = u"New appointment";
 constexpr std::u16string_view kNameOfChange = u"Change of an appointment";
 constexpr std::u16string_view kNameOfDeletion = u"Deletion of an appointment";
 
-constexpr std::uint32_t kPutOfOccurrence = kPutStart | kPutEnd | kPutSubject | kPutLocation;
+constexpr PutSet kPutOfOccurrence = kPutStart | kPutEnd | kPutSubject | kPutLocation;
 
 Status StatusFromFault(SaveFault fault) {
     if (fault == SaveFault::None) {

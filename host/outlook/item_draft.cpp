@@ -134,7 +134,7 @@ void ItemDraft::MergePattern(StoredItem& item) const {
     }
     StoredPattern& pattern = item.Pattern;
     const StoredPattern& put = Item.Pattern;
-    const auto take = [this](std::uint32_t flag, std::int32_t& target, std::int32_t value) {
+    const auto take = [this](PutSet flag, std::int32_t& target, std::int32_t value) {
         target = (Put & flag) != 0 ? value : target;
     };
     take(kPutType, pattern.Type, put.Type);
@@ -160,7 +160,7 @@ void ItemDraft::MergePattern(StoredItem& item) const {
 }
 
 void ItemDraft::MergeInto(StoredItem& item, ZoneCache& zones) const {
-    const auto take = [this](std::uint32_t flag, auto& target, const auto& value) {
+    const auto take = [this](PutSet flag, auto& target, const auto& value) {
         if ((Put & flag) != 0) {
             target = value;
         }

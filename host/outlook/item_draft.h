@@ -9,32 +9,31 @@
 namespace tavo::outlook {
 
 // The properties that can be put, as a set.
-enum Put : std::uint32_t {
-    kPutSubject = 1 << 0,
-    kPutLocation = 1 << 1,
-    kPutCategories = 1 << 2,
-    kPutBody = 1 << 3,
-    kPutInk = 1 << 4,
-    kPutStart = 1 << 5,
-    kPutEnd = 1 << 6,
-    kPutAllDay = 1 << 7,
-    kPutBusy = 1 << 8,
-    kPutSensitivity = 1 << 9,
-    kPutReminderSet = 1 << 10,
-    kPutReminderMinutes = 1 << 11,
-    kPutReminderOptions = 1 << 12,
-    kPutReminderSound = 1 << 13,
-    kPutCleared = 1 << 14, // the recurrence was cleared, before any of the following
-    kPutType = 1 << 15,
-    kPutInterval = 1 << 16,
-    kPutMask = 1 << 17,
-    kPutDayOfMonth = 1 << 18,
-    kPutInstance = 1 << 19,
-    kPutMonth = 1 << 20,
-    kPutPatternEnd = 1 << 21, // one of no end, last day, count
-};
+using PutSet = std::uint32_t;
+constexpr PutSet kPutSubject = 1 << 0;
+constexpr PutSet kPutLocation = 1 << 1;
+constexpr PutSet kPutCategories = 1 << 2;
+constexpr PutSet kPutBody = 1 << 3;
+constexpr PutSet kPutInk = 1 << 4;
+constexpr PutSet kPutStart = 1 << 5;
+constexpr PutSet kPutEnd = 1 << 6;
+constexpr PutSet kPutAllDay = 1 << 7;
+constexpr PutSet kPutBusy = 1 << 8;
+constexpr PutSet kPutSensitivity = 1 << 9;
+constexpr PutSet kPutReminderSet = 1 << 10;
+constexpr PutSet kPutReminderMinutes = 1 << 11;
+constexpr PutSet kPutReminderOptions = 1 << 12;
+constexpr PutSet kPutReminderSound = 1 << 13;
+constexpr PutSet kPutCleared = 1 << 14; // the recurrence was cleared, before any of the following
+constexpr PutSet kPutType = 1 << 15;
+constexpr PutSet kPutInterval = 1 << 16;
+constexpr PutSet kPutMask = 1 << 17;
+constexpr PutSet kPutDayOfMonth = 1 << 18;
+constexpr PutSet kPutInstance = 1 << 19;
+constexpr PutSet kPutMonth = 1 << 20;
+constexpr PutSet kPutPatternEnd = 1 << 21; // one of no end, last day, count
 
-constexpr std::uint32_t kPutPattern =
+constexpr PutSet kPutPattern =
     kPutType | kPutInterval | kPutMask | kPutDayOfMonth | kPutInstance | kPutMonth | kPutPatternEnd;
 
 class ItemDraft {
@@ -69,7 +68,7 @@ class ItemDraft {
     void MergeInto(StoredItem& item, ZoneCache& zones) const;
 
     StoredItem Item;
-    std::uint32_t Put = 0;
+    PutSet Put = 0;
 
   private:
     void MergeTimes(StoredItem& item, ZoneCache& zones) const;

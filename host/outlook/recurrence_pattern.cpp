@@ -27,7 +27,7 @@ template <class Work> Status RecurrencePattern::With(Work&& work) {
     return status;
 }
 
-template <class Work> Status RecurrencePattern::Putting(std::uint32_t flag, Work&& work) {
+template <class Work> Status RecurrencePattern::Putting(PutSet flag, Work&& work) {
     return With([&](ItemDraft& draft) {
         draft.BeginPattern();
         work(draft);

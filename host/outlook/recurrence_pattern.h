@@ -42,7 +42,7 @@ class RecurrencePattern final : public RefCounted<IRecurrencePattern> {
     // Runs on the appointment's properties, when it can be read.
     template <class Work> Status With(Work&& work);
     // The same, for a property that makes the appointment recur.
-    template <class Work> Status Putting(std::uint32_t flag, Work&& work);
+    template <class Work> Status Putting(PutSet flag, Work&& work);
 
     ComPtr<Appointment> Owner;
 };

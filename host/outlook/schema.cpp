@@ -1,10 +1,7 @@
 // Tables of the store, each version's steps, and the check that a file has them.
 #include "host/outlook/schema.h"
 
-#include <algorithm>
-#include <array>
 #include <string>
-#include <vector>
 
 namespace tavo::outlook {
 
@@ -154,11 +151,14 @@ CREATE TRIGGER ledger_delete AFTER DELETE ON ledger BEGIN
     UPDATE change_count SET count = count + 1 WHERE kind = 'ledger'; END;
 )sql";
 
-// What every file of a version must have; touching a row of each also finds a damaged first page.
-constexpr std::array kTables{"setting", "change_count",  "zone",          "item", "plain",
-                             "series",  "foreign_rule",  "exception",     "ink",  "tag",
-                             "request", "journal_group", "journal_change"};
-constexpr std::array kTablesSince2{"ledger"};
+// Asks every table that a file of a version must have for a row: finds a missing one and a damaged first page.
+constexpr const char* kTouchVersion1 =
+    "SELECT (SELECT 1 FROM setting LIMIT 1), (SELECT 1 FROM change_count LIMIT 1), (SELECT 1 FROM zone LIMIT 1),"
+    " (SELECT 1 FROM item LIMIT 1), (SELECT uid FROM item WHERE uid > '' LIMIT 1), (SELECT 1 FROM plain LIMIT 1),"
+    " (SELECT 1 FROM series LIMIT 1), (SELECT 1 FROM foreign_rule LIMIT 1), (SELECT 1 FROM exception LIMIT 1),"
+    " (SELECT 1 FROM ink LIMIT 1), (SELECT 1 FROM tag LIMIT 1), (SELECT 1 FROM request LIMIT 1),"
+    " (SELECT 1 FROM journal_group LIMIT 1), (SELECT 1 FROM journal_change LIMIT 1)";
+constexpr const char* kTouchVersion2 = "SELECT (SELECT position FROM request LIMIT 1), (SELECT 1 FROM ledger LIMIT 1)";
 
 // Turns the pragma with its number into one statement.
 Status SetNumber(Database& database, const char* pragma, std::int32_t number) {
@@ -175,13 +175,19 @@ bool ReadNumber(Database& database, const char* sql, std::int64_t& number) {
     return true;
 }
 
-Status InTransaction(Database& database, const char* steps) {
+// Runs what `chooseSteps` gives for the version that the file has once we hold the writers' lock.
+template <class Choose> Status BringForward(Database& database, const Choose& chooseSteps) {
     Status status = database.Run("BEGIN IMMEDIATE");
-    if (Succeeded(status)) {
-        status = database.Run(steps);
+    std::int64_t version = 0;
+    if (Succeeded(status) && !ReadNumber(database, "PRAGMA user_version", version)) {
+        status = Failed(database.LastStatus()) ? database.LastStatus() : Status::Corrupt;
     }
-    if (Succeeded(status)) {
-        status = SetNumber(database, "user_version", kSchemaVersion);
+    if (Succeeded(status) && version < kSchemaVersion) {
+        const std::string steps = chooseSteps(version);
+        status = database.Run(steps.c_str());
+        if (Succeeded(status)) {
+            status = SetNumber(database, "user_version", kSchemaVersion);
+        }
     }
     if (Succeeded(status)) {
         status = database.Run("COMMIT");
@@ -192,9 +198,8 @@ Status InTransaction(Database& database, const char* steps) {
     return status;
 }
 
-Status CheckTable(Database& database, const char* table) {
-    const std::string sql = std::string("SELECT 1 FROM ") + table + " LIMIT 1";
-    const Status status = database.Run(sql.c_str());
+Status Touch(Database& database, const char* sql) {
+    const Status status = Query(database, sql).Finish();
     // An SQL error here means that there is no such table.
     return status == Status::Fail ? Status::Corrupt : status;
 }
@@ -207,11 +212,10 @@ Status OursButDamaged(Status status) {
 } // namespace
 
 Status CreateSchema(Database& database) {
-    const std::string steps = std::string(kVersion1) + kToVersion2;
     if (const Status status = SetNumber(database, "application_id", kApplicationId); Failed(status)) {
         return status;
     }
-    return InTransaction(database, steps.c_str());
+    return BringForward(database, [](std::int64_t) { return std::string(kVersion1) + kToVersion2; });
 }
 
 Status ReadSchema(Database& database, std::int32_t& version) {
@@ -231,27 +235,21 @@ Status ReadSchema(Database& database, std::int32_t& version) {
     if (version < 1) {
         return Status::Corrupt;
     }
-    for (const char* table : kTables) {
-        if (const Status status = CheckTable(database, table); Failed(status)) {
-            return OursButDamaged(status);
-        }
+    Status status = Touch(database, kTouchVersion1);
+    if (Succeeded(status) && version >= 2) {
+        status = Touch(database, kTouchVersion2);
     }
-    if (version >= 2) {
-        for (const char* table : kTablesSince2) {
-            if (const Status status = CheckTable(database, table); Failed(status)) {
-                return OursButDamaged(status);
-            }
-        }
-    }
-    return Status::Ok;
+    return OursButDamaged(status);
 }
 
-Status MigrateSchema(Database& database, std::int32_t version) {
-    std::string steps;
-    if (version < 2) {
-        steps += kToVersion2;
-    }
-    return steps.empty() ? Status::Ok : InTransaction(database, steps.c_str());
+Status MigrateSchema(Database& database) {
+    return BringForward(database, [](std::int64_t version) {
+        std::string steps;
+        if (version < 2) {
+            steps += kToVersion2;
+        }
+        return steps;
+    });
 }
 
 } // namespace tavo::outlook

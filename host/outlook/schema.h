@@ -26,7 +26,7 @@ Status CreateSchema(Database& database);
 // `version` gets the file's version.
 Status ReadSchema(Database& database, std::int32_t& version);
 
-// Brings an older file to kSchemaVersion, in one transaction.
-Status MigrateSchema(Database& database, std::int32_t version);
+// Brings an older file to kSchemaVersion, in one transaction; another process may have been faster.
+Status MigrateSchema(Database& database);
 
 } // namespace tavo::outlook

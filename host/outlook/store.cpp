@@ -70,13 +70,28 @@ Status Migrate(StoreCore& core, const FileFacts& facts) {
     if (facts.Version == kSchemaVersion) {
         return Status::Ok;
     }
-    if (!core.CanWrite) {
-        return Status::AccessDenied;
+    return core.CanWrite ? MigrateSchema(core.Db) : Status::AccessDenied;
+}
+
+// A reader leaves the file alone whatever it does, so one connection both looks and reads.
+Status InspectAndOpen(StoreCore& core, const StoreOptions& options, FileFacts& facts) {
+    const bool reads = options.Rights == Access::ReadOnly;
+    Status status = reads ? InspectHeader(core.Path, facts) : InspectStoreFile(core.Path, options.LockPatience, facts);
+    if (status == Status::NotFound && !reads) {
+        status = CreateStoreFile(core.Path);
+        if (Succeeded(status)) {
+            status = InspectStoreFile(core.Path, options.LockPatience, facts);
+        }
     }
-    // Another process may have been faster.
-    std::int32_t version = 0;
-    const Status status = ReadSchema(core.Db, version);
-    return Succeeded(status) && version < kSchemaVersion ? MigrateSchema(core.Db, version) : status;
+    if (Failed(status)) {
+        return status;
+    }
+    core.OpenMark.emplace(core.Path);
+    if (!reads) {
+        return OpenForWriting(core, options);
+    }
+    status = OpenForReading(core, options, facts.HasLog);
+    return Succeeded(status) ? ReadSchema(core.Db, facts.Version) : status;
 }
 
 } // namespace
@@ -98,22 +113,10 @@ Status Store::ReadItem(Oid oid, StoredItem& item) {
 }
 
 Status OpenStore(const std::filesystem::path& path, const StoreOptions& options, StorePtr& store) {
-    FileFacts facts;
-    Status status = InspectStoreFile(path, options.LockPatience, facts);
-    if (status == Status::NotFound && options.Rights == Access::ReadWrite) {
-        status = CreateStoreFile(path);
-        if (Succeeded(status)) {
-            status = InspectStoreFile(path, options.LockPatience, facts);
-        }
-    }
-    if (Failed(status)) {
-        return ExplainFailure(status, path);
-    }
     auto core = std::make_unique<StoreCore>();
     core->Path = path;
-    core->OpenMark.emplace(path);
-    status = options.Rights == Access::ReadWrite ? OpenForWriting(*core, options)
-                                                 : OpenForReading(*core, options, facts.HasLog);
+    FileFacts facts;
+    Status status = InspectAndOpen(*core, options, facts);
     if (Succeeded(status)) {
         status = Migrate(*core, facts);
     }

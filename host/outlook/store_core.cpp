@@ -280,12 +280,21 @@ Status StoreCore::SetDeviceZone(const std::string& name) {
         return Status::InvalidArgument;
     }
     const std::string mark = name + " " + ReadZoneDatabaseRelease();
-    Query query(Db, "SELECT value FROM setting WHERE name = 'device_zone'");
-    if (query.Next() && query.Text(0) == mark) {
+    std::string stored;
+    {
+        Query query(Db, "SELECT value FROM setting WHERE name = 'device_zone'");
+        stored = query.Next() ? query.Text(0) : std::string_view();
+        if (Failed(query.Result())) {
+            return query.Result();
+        }
+    }
+    if (stored == mark) {
         return Status::Ok;
     }
     if (!CanWrite) {
-        return query.Result(); // a reader lives with the times as the last writer left them
+        // A reader lives in the zone for which the last writer left the times.
+        (void)Zones.SetDevice(stored.substr(0, stored.find(' '))); // one that is gone by now leaves the reader's own
+        return Status::Ok;
     }
     const Status status = RunQuietly([&] {
         Status steps = Items.RederiveZoned();

@@ -220,7 +220,7 @@ bool OpenFileMark::IsOpenHere(const std::filesystem::path& path) {
     return files.Identities.contains(IdentityOf(path));
 }
 
-Status InspectStoreFile(const std::filesystem::path& path, int lockPatience, FileFacts& facts) {
+Status InspectHeader(const std::filesystem::path& path, FileFacts& facts) {
     if (OpenFileMark::IsOpenHere(path)) {
         facts.HasLog = true;
         facts.Version = kSchemaVersion;
@@ -228,7 +228,11 @@ Status InspectStoreFile(const std::filesystem::path& path, int lockPatience, Fil
     }
     facts.HasLog = HasBytes(Beside(path, "-wal"));
     facts.LeftUnclosed = facts.HasLog && !IsLogInUse(Beside(path, "-shm"));
-    if (const Status status = CheckHeader(path, facts.HasLog); Failed(status)) {
+    return CheckHeader(path, facts.HasLog);
+}
+
+Status InspectStoreFile(const std::filesystem::path& path, int lockPatience, FileFacts& facts) {
+    if (const Status status = InspectHeader(path, facts); Failed(status) || OpenFileMark::IsOpenHere(path)) {
         return status;
     }
     // Without a log the file says everything and is read as if it could not change: no locks, no files beside it.

@@ -31,6 +31,9 @@ class OpenFileMark {
     std::pair<std::uint64_t, std::uint64_t> Identity;
 };
 
+// Reads identity and version from the file's first bytes, and whether it was cut. What InspectStoreFile does first.
+Status InspectHeader(const std::filesystem::path& path, FileFacts& facts);
+
 // Reads identity, version and tables without changing a byte of the file: NotFound, NotOurs, NewerVersion, Corrupt,
 // AccessDenied, Locked, or Ok. A file that this process has open is Ok.
 Status InspectStoreFile(const std::filesystem::path& path, int lockPatience, FileFacts& facts);
