@@ -112,6 +112,14 @@ TEST(Start, ASecondCopyBringsTheFirstForwardAndEnds) {
     EXPECT_EQ(program.Device.See.Caption(), u"Clock");
 }
 
+TEST(Start, WithoutComItEndsAtOnceWithAFailure) {
+    headless::Device device;
+    device.Host().ComStatus = Status::Fail;
+    EXPECT_EQ(RunTavoCalendar(device.Host()), 1);
+    EXPECT_EQ(device.Host().Windows().FindWindowW(u"WCE_TavoCalendar", u"Tavo Calendar"), WindowHandle::None);
+    EXPECT_TRUE(device.Host().Seen.Boxes.empty());
+}
+
 TEST(End, ClosingThePageSavesTheCategoryFileAndStaysInMemory) {
     RunningProgram program;
     ASSERT_TRUE(program.Start());

@@ -1,4 +1,4 @@
-// Which page each index brings on show.
+// The main view without the application around it: which page each index brings on show.
 #include "app/main_frame.h"
 #include "tests/support/test_device.h"
 
@@ -12,11 +12,13 @@ class NoCommands final : public ICommandTarget {
     void TakeCommand(int) override {}
 };
 
-class ShowPage : public testing::Test {
+class VantorView : public testing::Test {
   protected:
     void SetUp() override {
         ASSERT_TRUE(Frame.Open());
         Frame.Show(ShowCommand::Maximize);
+        State.Busy = true;
+        State.RefreshSuppressed = true;
         Frame.View().UpdateFirst();
     }
 
@@ -38,7 +40,7 @@ class ShowPage : public testing::Test {
     CMainFrame Frame{Device.Pump, State, Commands};
 };
 
-TEST_F(ShowPage, EachIndexShowsItsPageAlone) {
+TEST_F(VantorView, EachIndexShowsItsPageAlone) {
     EXPECT_EQ(ShownPages(), u"Clock ");
     Frame.View().ShowPage(2);
     EXPECT_EQ(ShownPages(), u"Calendar ");
@@ -50,12 +52,17 @@ TEST_F(ShowPage, EachIndexShowsItsPageAlone) {
     EXPECT_EQ(ShownPages(), u"Clock ");
 }
 
-TEST_F(ShowPage, FourIsTheSchedulePageAsWell) {
+TEST_F(VantorView, TheFirstUpdateEndsWithNothingBusyOrSuppressed) {
+    EXPECT_FALSE(State.Busy);
+    EXPECT_FALSE(State.RefreshSuppressed);
+}
+
+TEST_F(VantorView, FourIsTheSchedulePageAsWell) {
     Frame.View().ShowPage(4);
     EXPECT_EQ(ShownPages(), u"Schedule ");
 }
 
-TEST_F(ShowPage, AnyOtherIndexHidesThemAll) {
+TEST_F(VantorView, AnyOtherIndexHidesThemAll) {
     for (const int index : {5, -1, 1000}) {
         Frame.View().ShowPage(2);
         EXPECT_EQ(ShownPages(), u"Calendar ");
