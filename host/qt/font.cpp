@@ -34,8 +34,22 @@ bool IsSimple(std::u16string_view text) {
     });
 }
 
+// The family itself, or the first of those that stand in for it; asked for by its own name, it is found much sooner.
+QString ResolveFamily(const QString& wished) {
+    if (QFontDatabase::hasFamily(wished)) {
+        return wished;
+    }
+    for (const QString& other : QFont::substitutes(wished)) {
+        if (QFontDatabase::hasFamily(other)) {
+            return other;
+        }
+    }
+    return wished;
+}
+
 QFont MakeFont(const LogFont& description) {
-    QFont font(QString::fromUtf16(description.FaceName.data(), static_cast<qsizetype>(description.FaceName.size())));
+    QFont font(ResolveFamily(
+        QString::fromUtf16(description.FaceName.data(), static_cast<qsizetype>(description.FaceName.size()))));
     font.setPixelSize(std::max(1, std::abs(description.Height)));
     font.setWeight(static_cast<QFont::Weight>(std::clamp(description.Weight, 1, 1000)));
     font.setHintingPreference(QFont::PreferNoHinting);

@@ -64,11 +64,11 @@ bool PaintedWidget::TakesInput() const {
 void PaintedWidget::Show(const Surface& surface, std::span<const PaintedItem> items) {
     const QImage& image = surface.Image();
     QRect changed = surface.TakeChanged();
-    if (FrameSource != surface.Number()) {
+    if (FrameSource != surface.Number() || (Frame.isNull() && !image.isNull())) {
         Frame = image; // shared until the surface is drawn on again
         FrameSource = surface.Number();
         FrameScale = surface.GetScale();
-        changed = image.rect();
+        changed = QRect(QPoint(), Shared.Geometry.RealPixels(Bounds()).size());
     } else {
         changed = FindDifference(Frame, image, changed);
         CopyPixels(Frame, image, changed);

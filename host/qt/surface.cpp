@@ -10,6 +10,8 @@
 namespace tavo::qt {
 namespace {
 
+constexpr QRgb kWhitePixel = 0xFFFFFFFF;
+
 QRgb ToPixel(Color color) {
     return qRgb(color.Red(), color.Green(), color.Blue());
 }
@@ -43,32 +45,36 @@ Rect CoverStraightLine(Point from, Point to, int width) {
 
 Surface::Surface(Size size, Scale scale, Fonts& fonts, Pictures& pictures)
     : LogicalSize(size), PixelScale(scale), OwnFonts(fonts), OwnPictures(pictures),
-      Pixels(std::max(1, scale.Edge(size.Width)), std::max(1, scale.Edge(size.Height)), QImage::Format_RGB32),
-      OwnNumber(TakeNextNumber()) {
-    Pixels.fill(Qt::white);
-    Changed = Pixels.rect();
+      PixelSize(std::max(1, scale.Edge(size.Width)), std::max(1, scale.Edge(size.Height))), OwnNumber(TakeNextNumber()),
+      Changed(WholeArea()) {}
+
+const QImage& Surface::Image() const {
+    if (OpenPainter.isActive()) {
+        OpenPainter.end();
+    }
+    return Pixels;
 }
 
 // Before drawing: whoever keeps a copy of the picture keeps what it was.
 void Surface::MakeOwn() {
-    if (!Pixels.isDetached()) {
-        if (OpenPainter.isActive()) {
-            OpenPainter.end();
-        }
+    if (Pixels.isNull()) {
+        Pixels = QImage(PixelSize, QImage::Format_RGB32);
+        Pixels.fill(Qt::white);
+    } else if (!OpenPainter.isActive()) {
         Pixels.detach();
     }
 }
 
 QPainter& Surface::Painter() {
-    MakeOwn();
     if (!OpenPainter.isActive()) {
+        MakeOwn();
         OpenPainter.begin(&Pixels);
     }
     return OpenPainter;
 }
 
 void Surface::MarkChanged(const QRect& pixels) {
-    Changed |= pixels & Pixels.rect();
+    Changed |= pixels & WholeArea();
 }
 
 QRect Surface::TakeChanged() const {
@@ -76,8 +82,9 @@ QRect Surface::TakeChanged() const {
 }
 
 void Surface::Fill(QRect pixels, std::uint32_t color) {
-    pixels &= Pixels.rect();
-    if (pixels.isEmpty()) {
+    pixels &= WholeArea();
+    const bool isStillWhite = Pixels.isNull() && color == kWhitePixel;
+    if (pixels.isEmpty() || isStillWhite) {
         return;
     }
     MakeOwn();

@@ -24,8 +24,9 @@ class Surface final : public ISurface {
     void DrawTextW(std::u16string_view text, const Rect& area, const TextStyle& style) override;
     void DrawBitmap(int bitmap, Point at, const Rect& source) override;
 
-    // May be kept as long as wished: further drawing leaves kept copies as they are.
-    const QImage& Image() const { return Pixels; }
+    // May be kept as long as wished: further drawing leaves kept copies as they are. Null while nothing but white was
+    // drawn.
+    const QImage& Image() const;
 
     const Scale& GetScale() const { return PixelScale; }
 
@@ -37,6 +38,9 @@ class Surface final : public ISurface {
 
   private:
     void MakeOwn();
+
+    QRect WholeArea() const { return {QPoint(), PixelSize}; }
+
     void Fill(QRect pixels, std::uint32_t color);
     QPainter& Painter();
     void MarkChanged(const QRect& pixels);
@@ -45,8 +49,11 @@ class Surface final : public ISurface {
     Scale PixelScale;
     Fonts& OwnFonts;
     Pictures& OwnPictures;
-    QImage Pixels;
-    QPainter OpenPainter; // begun once: beginning costs more than most things that are drawn
+    QSize PixelSize;
+    QImage Pixels; // made with the first drawing
+    // Begun once, because beginning costs more than most things that are drawn; an image that is painted on cannot be
+    // shared, so whoever looks at it ends it.
+    mutable QPainter OpenPainter;
     std::uint64_t OwnNumber;
     mutable QRect Changed; // seen by whoever shows the surface; not part of what it looks like
 };

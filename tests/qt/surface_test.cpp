@@ -46,10 +46,27 @@ constexpr QRgb kWhitePixel = 0xFFFFFFFF;
 
 } // namespace
 
-TEST_P(SurfaceAtScale, IsWhiteWhenMade) {
-    const Surface surface = Make(20, 10);
-    EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kWhitePixel),
-              surface.Image().width() * surface.Image().height());
+TEST_P(SurfaceAtScale, IsWhiteWhereNothingWasDrawn) {
+    Surface surface = Make(20, 10);
+    surface.FillRect({0, 0, 20, 10}, Color::FromRgb(255, 255, 255));
+    EXPECT_TRUE(surface.Image().isNull()); // it takes no memory yet
+    surface.FillRect({0, 0, 10, 10}, kBlack);
+    const QImage& image = surface.Image();
+    EXPECT_EQ(image.size(), QSize(surface.GetScale().Edge(20), surface.GetScale().Edge(10)));
+    const int black = surface.GetScale().Edge(10) * image.height();
+    EXPECT_EQ(CountPixels(image, image.rect(), kBlackPixel), black);
+    EXPECT_EQ(CountPixels(image, image.rect(), kWhitePixel), image.width() * image.height() - black);
+}
+
+TEST_P(SurfaceAtScale, AKeptPictureStaysAsItWas) {
+    Surface surface = Make(20, 10);
+    surface.DrawLine({0, 0}, {20, 10}, {kBlack, 2});
+    const QImage kept = surface.Image();
+    const QImage before = kept.copy();
+    surface.DrawLine({20, 0}, {0, 10}, {kBlack, 2});
+    surface.FillRect({0, 0, 20, 10}, kBlack);
+    EXPECT_EQ(kept, before);
+    EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kWhitePixel), 0);
 }
 
 TEST_P(SurfaceAtScale, StraightEdgesAreNeverAntialiased) {
@@ -136,8 +153,9 @@ TEST_F(SurfaceTest, APictureCoversItsEdgesExactlyAtEveryPlace) {
 
 TEST_F(SurfaceTest, AnUnknownPictureDrawsNothing) {
     Surface surface = Make(40, 40, 1.0);
+    surface.FillRect({0, 0, 1, 1}, kBlack);
     surface.DrawBitmap(9999, {0, 0}, {0, 0, 30, 30});
-    EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kWhitePixel), 1600);
+    EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kWhitePixel), 1599);
 }
 
 TEST_F(SurfaceTest, TellsWhatWasDrawnOnSinceTheLastTime) {
