@@ -14,6 +14,7 @@ from pathlib import Path
 from desktop_measures import measure_desktop
 from processes import Cost, compare, median, measure, run
 from report import Report
+from window_measures import measure_window
 
 ROOT = Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build-bench"
@@ -150,6 +151,7 @@ def measure_month(report, device, folder):
     report.figure("month window, beside a store of nothing else", interfaces / lean_interfaces, 1.5,
                   f"{interfaces / 1e6:.2f} ms beside {lean_interfaces / 1e6:.2f} ms "
                   f"({lean_occurrences} occurrences)")
+    return interfaces / 1e6
 
 
 def select_rows(first, last, series):
@@ -195,11 +197,12 @@ def measure_all(report, folder, items):
     measure_import(report, device)
     device.complete()
     measure_size(report, device)
-    measure_month(report, device, folder)
+    month_milliseconds = measure_month(report, device, folder)
     report.section("tavo agenda, the whole process, beside the sqlite3 shell")
     measure_agenda(report, device, "a day", DAY, DAY)
     measure_agenda(report, device, "a month", *MONTH)
-    measure_desktop(report, device, BIN)
+    if measure_desktop(report, device, BIN):
+        measure_window(report, device, BIN, month_milliseconds)
 
 
 def main():
