@@ -45,7 +45,7 @@ void DriverSteps::Type(std::u16string_view text) {
     }
 }
 
-void DriverSteps::Choose(std::function<WindowHandle()> control, int index) {
+void DriverSteps::Choose(const std::function<WindowHandle()>& control, int index) {
     Do([this, control] { Driver.OpenList(control()); });
     Do([this, control, index] { Driver.ChooseEntry(control(), index); });
 }

@@ -20,7 +20,7 @@ class DriverSteps {
     void TapScreen(Point screen);
     void Key(int key, int modifiers = 0);
     void Type(std::u16string_view text);
-    void Choose(std::function<WindowHandle()> control, int index); // opens the list first
+    void Choose(const std::function<WindowHandle()>& control, int index); // opens the list first
     void AnswerBox(int answer);
     void ChooseTracked(int command);
     void ChooseMenu(int index, int command);

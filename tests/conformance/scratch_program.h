@@ -10,25 +10,24 @@
 
 namespace tavo::conformance {
 
-enum ScratchControl : int {
-    kLabel = 1001,
-    kEdit,
-    kNumber,
-    kFixedList,
-    kEditableList,
-    kDate,
-    kTime,
-    kCheck,
-    kFirstOfOne,
-    kSecondOfOne,
-    kFirstOfTwo,
-    kSecondOfTwo,
-    kPush,
-    kPicture,
-    kScroll,
-    kPaper,
-    kHiddenEdit,
-};
+// The controls of the dialog.
+constexpr int kLabel = 1001;
+constexpr int kEdit = 1002;
+constexpr int kNumber = 1003;
+constexpr int kFixedList = 1004;
+constexpr int kEditableList = 1005;
+constexpr int kDate = 1006;
+constexpr int kTime = 1007;
+constexpr int kCheck = 1008;
+constexpr int kFirstOfOne = 1009;
+constexpr int kSecondOfOne = 1010;
+constexpr int kFirstOfTwo = 1011;
+constexpr int kSecondOfTwo = 1012;
+constexpr int kPush = 1013;
+constexpr int kPicture = 1014;
+constexpr int kScroll = 1015;
+constexpr int kPaper = 1016;
+constexpr int kHiddenEdit = 1017;
 
 constexpr int kPictureOff = 263;
 constexpr int kPictureOn = 272;
