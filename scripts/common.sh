@@ -57,7 +57,8 @@ apt_get() {
 offered_packages() {
     local package
     for package in "$@"; do
-        if apt-cache policy "$package" 2>/dev/null | grep -q '^ *Candidate: [^(]'; then
+        # Read whole: a reader that leaves early looks like a failure of the one that writes.
+        if [[ "$(apt-cache policy "$package" 2>/dev/null)" =~ Candidate:\ [^\(] ]]; then
             echo "$package"
         fi
     done

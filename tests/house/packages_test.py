@@ -10,8 +10,10 @@ TOOLS = {
     "dpkg-query": r"""shift 2
 for package in "$@"; do grep -qx "$package" "$STAGE/installed" && echo "installed $package"; done
 exit 1""",
-    "apt-cache": r"""grep -qx "$2" "$STAGE/offered" && printf '%s:\n  Candidate: 1.0\n' "$2"
-exit 0""",
+    "apt-cache": r"""if grep -qx "$2" "$STAGE/offered"; then candidate=1.0; else candidate="(none)"; fi
+printf '%s:\n  Candidate: %s\n' "$2" "$candidate"
+sleep 0.1 # and goes on writing after its reader knows enough
+echo "  Version table:" || exit 100""",
     "apt-get": 'echo "$@" >>"$STAGE/calls"',
     "id": "echo 0",
 }
