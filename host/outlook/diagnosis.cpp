@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kMaxFindings = 100;
 // Below this a save may fail: a page of the log for each page that a save changes, and some air.
-constexpr unsigned long long kLeastFreeBytes = 256 * 1024;
+constexpr unsigned long long kLeastFreeBytes = 256ULL * 1024;
 
 Diagnosis Describe(Verdict state) {
     switch (state) {

@@ -17,19 +17,24 @@ struct ImportWriter::Work {
     StoreCore& Core;
     bool Begun = false;
     std::map<std::string, std::string> ZoneNames; // of this calendar, to those of the store
-    std::map<Oid, std::set<Seconds>> Unoffered;   // moved occurrences from before that were not offered yet
+    std::map<Oid, std::set<Seconds>> Unoffered;   // exceptions that came by themselves before, not offered yet
 
     // Results of an item that is in the store already, under `oid`.
     Status Replace(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome);
-    Status ExpectExceptions(const StoredItem& stored, const StoredItem& given);
+    void ExpectExceptions(const StoredItem& stored);
     Status DropUnoffered();
     Status Put(Oid oid, const StoredException& exception, ImportOutcome& outcome);
 };
 
 namespace {
 
-bool IsMoved(const StoredException& exception) {
-    return exception.Kind == ExceptionKind::Moved;
+bool CameByItself(const StoredException& exception) {
+    return exception.Source != kMadeHere && exception.Source != kCameInside;
+}
+
+bool RecursAlike(const StoredItem& left, const StoredItem& right) {
+    return left.Pattern == right.Pattern && left.ForeignRule == right.ForeignRule && left.Zone == right.Zone &&
+           (left.Zone.empty() ? left.Start == right.Start : left.ZoneStart == right.ZoneStart);
 }
 
 void Refuse(ImportOutcome& outcome, std::string_view reason) {
@@ -72,17 +77,13 @@ bool ImportWriter::KnowsZone(const std::string& name) {
     return State->ZoneNames.contains(name) || State->Core.Zones.RulesByName(name) != nullptr;
 }
 
-// Remembers the moved occurrences that the item has now: those that neither came with it nor are offered again go at
-// the end.
-Status ImportWriter::Work::ExpectExceptions(const StoredItem& stored, const StoredItem& given) {
+// Remembers the exceptions that came by themselves: those not offered again go at the end.
+void ImportWriter::Work::ExpectExceptions(const StoredItem& stored) {
     for (const StoredException& exception : stored.Exceptions) {
-        const bool came = std::any_of(given.Exceptions.begin(), given.Exceptions.end(),
-                                      [&](const StoredException& one) { return one.Original == exception.Original; });
-        if (IsMoved(exception) && !came) {
+        if (CameByItself(exception)) {
             Unoffered[stored.Item].insert(exception.Original);
         }
     }
-    return Status::Ok;
 }
 
 Status ImportWriter::Work::Replace(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome) {
@@ -91,13 +92,15 @@ Status ImportWriter::Work::Replace(Oid oid, StoredItem& item, std::int64_t sourc
     if (Failed(status)) {
         return status;
     }
-    const StoredItem given = item;
     item.Item = oid;
-    // Moved occurrences follow on their own; until then they stay as they were.
+    // Exceptions that come by themselves follow; until then they stay as they were. Those made here stay with their
+    // rule.
+    const bool sameRule = RecursAlike(before, item);
     for (const StoredException& exception : before.Exceptions) {
         const bool again = std::any_of(item.Exceptions.begin(), item.Exceptions.end(),
                                        [&](const StoredException& one) { return one.Original == exception.Original; });
-        if (IsMoved(exception) && !again && item.IsRecurring()) {
+        const bool stays = CameByItself(exception) || (exception.Source == kMadeHere && sameRule);
+        if (stays && !again && item.IsRecurring()) {
             item.Exceptions.push_back(exception);
         }
     }
@@ -105,11 +108,9 @@ Status ImportWriter::Work::Replace(Oid oid, StoredItem& item, std::int64_t sourc
         Refuse(outcome, DescribeFault(fault));
         return Status::Ok;
     }
-    status = ExpectExceptions(before, given);
-    if (Succeeded(status)) {
-        // A note that the import does not bring is not the import's to take away.
-        status = Core.ChangeItem(before, item, item.Ink.empty() ? Ink::Leave : Ink::Take, source, outcome.Reason);
-    }
+    ExpectExceptions(before);
+    // A note that the import does not bring is not the import's to take away.
+    status = Core.ChangeItem(before, item, item.Ink.empty() ? Ink::Leave : Ink::Take, source, outcome.Reason);
     outcome.Result = ImportResult::Changed;
     return status;
 }
@@ -130,6 +131,9 @@ Status ImportWriter::Write(const StoredItem& given, ImportOutcome& outcome) {
         return Status::Ok;
     }
     const std::int64_t fingerprint = FingerprintOf(item);
+    for (StoredException& exception : item.Exceptions) {
+        exception.Source = kCameInside;
+    }
     std::int64_t source = 0;
     Oid oid = 0;
     Status status = item.Uid.empty() ? Status::Ok : core.Items.FindByUid(item.Uid, oid, source);
@@ -144,7 +148,9 @@ Status ImportWriter::Write(const StoredItem& given, ImportOutcome& outcome) {
         StoredItem stored;
         if (item.IsRecurring()) {
             status = core.Items.Read(oid, Ink::Leave, stored);
-            status = Succeeded(status) ? State->ExpectExceptions(stored, item) : status;
+            if (Succeeded(status)) {
+                State->ExpectExceptions(stored);
+            }
         }
         item.Item = oid;
     } else {
@@ -176,15 +182,17 @@ Status ImportWriter::Work::Put(Oid oid, const StoredException& exception, Import
     StoredItem item = before;
     const auto place = std::find_if(item.Exceptions.begin(), item.Exceptions.end(),
                                     [&](const StoredException& one) { return one.Original == exception.Original; });
+    StoredException offered = exception;
+    offered.Source = FingerprintOf(exception);
     outcome.Item = oid;
     outcome.Result = ImportResult::Changed;
     if (place == item.Exceptions.end()) {
-        item.Exceptions.push_back(exception);
-    } else if (*place == exception) {
+        item.Exceptions.push_back(offered);
+    } else if (place->Source == offered.Source) {
         outcome.Result = ImportResult::Unchanged;
         return Status::Ok;
     } else {
-        *place = exception;
+        *place = offered;
     }
     if (const SaveFault fault = CheckAndDerive(item); fault != SaveFault::None) {
         Refuse(outcome, DescribeFault(fault));
@@ -240,7 +248,7 @@ Status ImportWriter::Work::DropUnoffered() {
         }
         StoredItem item = before;
         std::erase_if(item.Exceptions, [&moved = originals](const StoredException& one) {
-            return IsMoved(one) && moved.contains(one.Original);
+            return CameByItself(one) && moved.contains(one.Original);
         });
         std::int64_t source = 0;
         std::string fault;

@@ -40,8 +40,9 @@ class ImportWriter {
     // since). An item without a UID is always new.
     Status Write(const StoredItem& item, ImportOutcome& outcome);
     // A single moved or cancelled occurrence of a series that came in this or an earlier import. Refused with the
-    // reason kNoSuchSeries while the series is not there: offer it again at the end of the file. Moved occurrences of a
-    // series written in this transaction that are not offered again are dropped at Commit.
+    // reason kNoSuchSeries while the series is not there: offer it again at the end of the file. An exception that came
+    // this way before is unchanged also when it was edited here since; one of a series written in this transaction that
+    // is not offered again is dropped at Commit.
     Status WriteException(const std::string& uid, const StoredException& exception, ImportOutcome& outcome);
     // Asks the program to tag an item (it keeps the lists); a tag that the mirror already shows is not asked for again.
     Status RequestTag(TagList list, Oid item, TagWish wish = TagWish::Join);

@@ -8,7 +8,8 @@ namespace tavo::outlook {
 
 namespace {
 
-constexpr std::uint8_t kImageVersion = 1;
+constexpr std::uint8_t kFirstImageVersion = 1; // exceptions without their origin
+constexpr std::uint8_t kImageVersion = 2;
 constexpr std::size_t kMaxParts = 100000; // exceptions or tags of one item
 
 class Writer {
@@ -182,10 +183,11 @@ void WriteExceptions(Writer& writer, const std::vector<StoredException>& excepti
         writer.Number(exception.End);
         writer.OptionalWide(exception.Subject);
         writer.OptionalWide(exception.Location);
+        writer.Number(exception.Source);
     }
 }
 
-void ReadExceptions(Reader& reader, std::vector<StoredException>& exceptions) {
+void ReadExceptions(Reader& reader, std::uint8_t version, std::vector<StoredException>& exceptions) {
     for (std::size_t left = reader.Count(); left > 0 && reader.IsGood(); --left) {
         StoredException& exception = exceptions.emplace_back();
         exception.Original = reader.Number();
@@ -194,6 +196,7 @@ void ReadExceptions(Reader& reader, std::vector<StoredException>& exceptions) {
         exception.End = reader.Number();
         exception.Subject = reader.OptionalWide();
         exception.Location = reader.OptionalWide();
+        exception.Source = version > kFirstImageVersion ? reader.Number() : 0;
     }
 }
 
@@ -205,6 +208,21 @@ void WriteTag(Writer& writer, TagPlace place) {
 void ReadTag(Reader& reader, TagPlace& place) {
     place.List = static_cast<TagList>(reader.Small());
     place.Position = reader.Small();
+}
+
+// Multiply and rotate over eight bytes a step. Never one of the small numbers that mean something else.
+std::int64_t HashOf(const std::vector<std::uint8_t>& bytes) {
+    std::uint64_t hash = 0x9E3779B97F4A7C15U ^ bytes.size();
+    for (std::size_t at = 0; at < bytes.size(); at += 8) {
+        std::uint64_t word = 0;
+        for (std::size_t index = at; index < std::min(at + 8, bytes.size()); ++index) {
+            word = word << 8 | bytes[index];
+        }
+        hash ^= word * 0xBF58476D1CE4E5B9U;
+        hash = (hash << 31 | hash >> 33) * 0x94D049BB133111EBU;
+    }
+    hash ^= hash >> 29;
+    return static_cast<std::int64_t>(hash | 2);
 }
 
 } // namespace
@@ -239,13 +257,13 @@ std::vector<std::uint8_t> EncodeImage(const ItemImage& image) {
 }
 
 bool DecodeImage(std::span<const std::uint8_t> bytes, ItemImage& image) {
-    if (bytes.empty() || bytes[0] != kImageVersion) {
+    if (bytes.empty() || bytes[0] < kFirstImageVersion || bytes[0] > kImageVersion) {
         return false;
     }
     Reader reader(bytes.subspan(1));
     ItemImage read;
     ReadItem(reader, read.Item);
-    ReadExceptions(reader, read.Item.Exceptions);
+    ReadExceptions(reader, bytes[0], read.Item.Exceptions);
     read.Source = reader.Number();
     read.HasInk = reader.Number() != 0;
     if (read.HasInk) {
@@ -264,28 +282,28 @@ bool DecodeImage(std::span<const std::uint8_t> bytes, ItemImage& image) {
 }
 
 std::int64_t FingerprintOf(const StoredItem& item) {
-    // Two lanes of multiply-and-rotate over eight bytes a step.
     StoredItem imported = item;
     imported.Item = 0;
     if (!imported.Zone.empty()) {
         imported.Start = 0; // follows from the zone's times and the device
         imported.End = 0;
     }
+    for (StoredException& exception : imported.Exceptions) {
+        exception.Source = 0;
+    }
     Writer writer;
     WriteItem(writer, imported);
+    WriteExceptions(writer, imported.Exceptions);
     writer.Block(imported.Ink);
-    std::uint64_t hash = 0x9E3779B97F4A7C15U ^ writer.Bytes.size();
-    for (std::size_t at = 0; at < writer.Bytes.size(); at += 8) {
-        std::uint64_t word = 0;
-        for (std::size_t index = at; index < std::min(at + 8, writer.Bytes.size()); ++index) {
-            word = word << 8 | writer.Bytes[index];
-        }
-        hash ^= word * 0xBF58476D1CE4E5B9U;
-        hash = (hash << 31 | hash >> 33) * 0x94D049BB133111EBU;
-    }
-    hash ^= hash >> 29;
-    const auto fingerprint = static_cast<std::int64_t>(hash);
-    return fingerprint == 0 ? 1 : fingerprint;
+    return HashOf(writer.Bytes);
+}
+
+std::int64_t FingerprintOf(const StoredException& exception) {
+    StoredException imported = exception;
+    imported.Source = 0;
+    Writer writer;
+    WriteExceptions(writer, {imported});
+    return HashOf(writer.Bytes);
 }
 
 } // namespace tavo::outlook

@@ -30,7 +30,11 @@ bool DecodeImage(std::span<const std::uint8_t> bytes, ItemImage& image);
 std::vector<std::uint8_t> EncodeTag(TagPlace place);
 bool DecodeTag(std::span<const std::uint8_t> bytes, TagPlace& place);
 
-// Of everything that an import brings, moved and cancelled occurrences left aside; never 0.
+// Of everything that an import brings. Never one of the two small numbers.
 std::int64_t FingerprintOf(const StoredItem& item);
+std::int64_t FingerprintOf(const StoredException& exception);
+
+constexpr std::int64_t kMadeHere = 0;   // the source of what was not imported
+constexpr std::int64_t kCameInside = 1; // of an exception that came inside its series
 
 } // namespace tavo::outlook

@@ -81,7 +81,7 @@ Status ItemTable::ReadRecurrence(StoredItem& item) {
     if (series.Small(9) == 0) {
         return Status::Ok;
     }
-    Query rows(Source, "SELECT original, kind, start, length, subject, location FROM exception WHERE oid = ?"
+    Query rows(Source, "SELECT original, kind, start, length, subject, location, source FROM exception WHERE oid = ?"
                        " ORDER BY original");
     rows.Bind(item.Item);
     while (rows.Next()) {
@@ -96,6 +96,7 @@ Status ItemTable::ReadRecurrence(StoredItem& item) {
         if (!rows.IsNull(5)) {
             exception.Location = ToUtf16(rows.Text(5));
         }
+        exception.Source = rows.Integer(6);
     }
     return rows.Result();
 }

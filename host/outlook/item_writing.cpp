@@ -98,12 +98,12 @@ Status ItemTable::WriteExceptions(const StoredItem& item) {
     for (const StoredException& exception : item.Exceptions) {
         const std::optional<std::string> subject = OptionalUtf8(exception.Subject);
         const std::optional<std::string> location = OptionalUtf8(exception.Location);
-        Query query(Source, "INSERT INTO exception(oid, original, kind, start, length, subject, location)"
-                            " VALUES (?, ?, ?, ?, ?, ?, ?)");
+        Query query(Source, "INSERT INTO exception(oid, original, kind, start, length, subject, location, source)"
+                            " VALUES (?, ?, ?, ?, ?, ?, ?, ?)");
         query.Bind(item.Item).Bind(exception.Original).Bind(static_cast<std::int64_t>(exception.Kind));
         query.Bind(exception.Start).Bind(exception.End - exception.Start);
         BindOptional(query, subject);
-        BindOptional(query, location);
+        BindOptional(query, location).Bind(exception.Source);
         if (const Status status = query.Finish(); Failed(status)) {
             return status;
         }

@@ -14,6 +14,13 @@ void Journal::OpenGroup(std::u16string_view name) {
     CreatedFirst = 0;
 }
 
+void Journal::GoBackTo(const Mark& mark) {
+    GroupId = mark.GroupId;
+    NextStep = mark.NextStep;
+    CreatedFirst = mark.CreatedFirst;
+    CreatedLast = mark.CreatedLast;
+}
+
 Status Journal::WriteGroup() {
     Query query(Source, "INSERT INTO journal_group(name, time, undone) VALUES (?, ?, 0)");
     const Status status = query.Bind(GroupName).Bind(static_cast<std::int64_t>(std::time(nullptr))).Finish();

@@ -35,6 +35,17 @@ class Journal {
 
     bool HasChanges() const { return GroupId != 0; }
 
+    // Where the open group stands, to go back to when a part of it is taken back.
+    struct Mark {
+        std::int64_t GroupId = 0;
+        std::int64_t NextStep = 0;
+        Oid CreatedFirst = 0;
+        Oid CreatedLast = 0;
+    };
+
+    Mark SetMark() const { return {GroupId, NextStep, CreatedFirst, CreatedLast}; }
+
+    void GoBackTo(const Mark& mark);
     // Writes what is still held back, and drops groups that are past both bounds.
     Status CloseGroup();
 

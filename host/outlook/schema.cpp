@@ -7,7 +7,7 @@ namespace tavo::outlook {
 
 namespace {
 
-// Version 1: everything but the reminder ledger and the place of a wished tag.
+// Version 1: everything but the reminder ledger, the place of a wished tag and the origin of exceptions.
 constexpr const char* kVersion1 = R"sql(
 CREATE TABLE setting(
     name TEXT PRIMARY KEY,
@@ -133,6 +133,7 @@ INSERT INTO setting(name, value) VALUES ('next_oid', 1), ('device_zone', '');
 )sql";
 
 constexpr const char* kToVersion2 = R"sql(
+ALTER TABLE exception ADD COLUMN source INTEGER NOT NULL DEFAULT 0;
 ALTER TABLE request ADD COLUMN position INTEGER NOT NULL DEFAULT -1;
 
 CREATE TABLE ledger(
@@ -158,7 +159,8 @@ constexpr const char* kTouchVersion1 =
     " (SELECT 1 FROM series LIMIT 1), (SELECT 1 FROM foreign_rule LIMIT 1), (SELECT 1 FROM exception LIMIT 1),"
     " (SELECT 1 FROM ink LIMIT 1), (SELECT 1 FROM tag LIMIT 1), (SELECT 1 FROM request LIMIT 1),"
     " (SELECT 1 FROM journal_group LIMIT 1), (SELECT 1 FROM journal_change LIMIT 1)";
-constexpr const char* kTouchVersion2 = "SELECT (SELECT position FROM request LIMIT 1), (SELECT 1 FROM ledger LIMIT 1)";
+constexpr const char* kTouchVersion2 = "SELECT (SELECT position FROM request LIMIT 1), (SELECT source FROM exception "
+                                       "LIMIT 1), (SELECT 1 FROM ledger LIMIT 1)";
 
 // Turns the pragma with its number into one statement.
 Status SetNumber(Database& database, const char* pragma, std::int32_t number) {

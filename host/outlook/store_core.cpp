@@ -101,6 +101,7 @@ Status StoreCore::RunChange(std::u16string_view name, const std::function<Status
     } else if (!Db.InTransaction()) {
         return Status::Fail; // the group broke earlier; only End or Abandon is left
     }
+    const Journal::Mark mark = Changes.SetMark();
     Status status = Db.Run("SAVEPOINT change");
     if (Succeeded(status)) {
         status = change();
@@ -111,6 +112,7 @@ Status StoreCore::RunChange(std::u16string_view name, const std::function<Status
             (void)AbandonGroup(); // the change's own failure is the one to report
         } else if (Db.InTransaction()) {
             (void)Db.Run("ROLLBACK TO change; RELEASE change"); // likewise
+            Changes.GoBackTo(mark);
         }
         return status;
     }

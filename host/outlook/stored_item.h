@@ -38,6 +38,7 @@ struct StoredException {
     Seconds End = 0;
     std::optional<std::u16string> Subject; // only where it differs from the series
     std::optional<std::u16string> Location;
+    std::int64_t Source = 0; // where it came from: kept by the store, left at 0 by who writes
     friend bool operator==(const StoredException&, const StoredException&) = default;
 };
 

@@ -144,6 +144,44 @@ TEST_F(Importing, AMovedOccurrenceKeepsItsPlaceWhenItsSeriesChanges) {
     EXPECT_THAT(Starts(u"[Start] <= 12/31/2026"), ElementsAre("2026-05-01 09:00", "2026-05-02 12:00"));
 }
 
+TEST_F(Importing, ANewlyCancelledOccurrenceIsAChange) {
+    StoredItem item = MakeItem("u", "2026-05-01 09:00", "2026-05-01 10:00");
+    item.Pattern = Counted(Daily(), 3);
+    Import(item);
+    item.Exceptions.push_back({At("2026-05-02 09:00"), ExceptionKind::Cancelled, 0, 0, std::nullopt, std::nullopt});
+    EXPECT_EQ(TryImport(item).Result, ImportResult::Changed);
+    EXPECT_THAT(Starts(u"[Start] <= 12/31/2026"), ElementsAre("2026-05-01 09:00", "2026-05-03 09:00"));
+    EXPECT_EQ(TryImport(item).Result, ImportResult::Unchanged);
+    item.Exceptions.clear();
+    EXPECT_EQ(TryImport(item).Result, ImportResult::Changed);
+    EXPECT_EQ(Starts(u"[Start] <= 12/31/2026").size(), 3U);
+}
+
+TEST_F(Importing, TheSameFileLeavesOccurrencesThatWereMovedHere) {
+    StoredItem item = MakeItem("u", "2026-05-01 09:00", "2026-05-01 10:00");
+    item.Pattern = Counted(Daily(), 4);
+    const auto theirs = Moved("2026-05-02 09:00", "2026-05-02 12:00", "2026-05-02 13:00");
+    ImportFile(item, {theirs});
+    const auto items = Restrict(u"[Start] <= 12/31/2026");
+    ASSERT_EQ(items->put_IncludeRecurrences(true), Status::Ok);
+    for (const std::int32_t index : {2, 3}) { // theirs, and one that they never moved
+        ComPtr<IAppointment> occurrence;
+        ASSERT_EQ(items->Item(index, occurrence), Status::Ok);
+        ASSERT_EQ(occurrence->put_Duration(15), Status::Ok);
+        ASSERT_EQ(occurrence->Save(), Status::Ok);
+    }
+    const auto edited = Occurrences(u"[Start] <= 12/31/2026");
+    EXPECT_THAT(ImportFile(item, {theirs}), ElementsAre(ImportResult::Unchanged, ImportResult::Unchanged));
+    EXPECT_EQ(Occurrences(u"[Start] <= 12/31/2026"), edited);
+    item.Subject = u"Renamed over there";
+    EXPECT_THAT(ImportFile(item, {theirs}), ElementsAre(ImportResult::Changed, ImportResult::Unchanged));
+    EXPECT_EQ(Occurrences(u"[Start] <= 12/31/2026"), edited); // the rule is the same
+    item.Pattern.Interval = 2;
+    ImportFile(item, {});
+    EXPECT_THAT(Starts(u"[Start] <= 12/31/2026"),
+                ElementsAre("2026-05-01 09:00", "2026-05-03 09:00", "2026-05-05 09:00", "2026-05-07 09:00"));
+}
+
 TEST_F(Importing, AnOccurrenceWithoutItsSeriesIsToBeOfferedAgain) {
     ImportWriter writer(Store);
     ImportOutcome outcome;

@@ -142,6 +142,24 @@ TEST_F(Undo, ARefusedSaveLeavesTheRestOfItsGroup) {
     EXPECT_THAT(WalkOids(*Items()), ElementsAre(good));
 }
 
+TEST_F(Undo, AFailureInTheMiddleOfAGroupLeavesTheRestUndoable) {
+    const Oid kept = Add("2026-05-04 10:00", "2026-05-04 11:00", u"Kept");
+    ASSERT_EQ(App->Begin(u"Group"), Status::Ok);
+    // The first step of the group fails after its picture was written.
+    EXPECT_EQ(Store->Core().RunChange(u"",
+                                      [&] {
+                                          const Status status = Store->Core().DeleteItem(kept);
+                                          return Failed(status) ? status : Status::Fail;
+                                      }),
+              Status::Fail);
+    const auto item = Get(kept);
+    ASSERT_EQ(item->put_Subject(u"Changed"), Status::Ok);
+    ASSERT_EQ(item->Save(), Status::Ok);
+    ASSERT_EQ(App->End(), Status::Ok);
+    EXPECT_THAT(TakeBack(), ElementsAre(kept));
+    EXPECT_EQ(Read(kept).Subject, u"Kept");
+}
+
 TEST_F(Undo, AnUndoneImportLeavesNothingOfIt) {
     ImportWriter writer(Store);
     ASSERT_EQ(writer.Begin(u"Import of work.ics"), Status::Ok);
