@@ -170,6 +170,7 @@ TEST_F(CalendarPageList, AScrolledListRepaintsFromItsNewFirstRow) {
     GivenItems(12, 11, 3);
     Open();
     Program.Device.Host().Windows().ShowWindow(List(), ShowCommand::Show);
+    ASSERT_TRUE(Program.Settle());
     Scroll(SB_THUMBPOSITION, 3);
     const headless::Frame* frame = Program.Device.Host().Drawn.LastFrame(List());
     ASSERT_NE(frame, nullptr);

@@ -59,6 +59,7 @@ TEST_F(CalendarPageLook, StripsAndHeaderAreDrawnBeforeTheGrid) {
     Open();
     Program->ShowPage(2);
     Tap(1, 1);
+    ASSERT_GE(Calls().size(), 7U);
     const Transcript chrome(Calls().begin(), Calls().begin() + 7);
     EXPECT_EQ(ToText(chrome), "bitmap 139 0,241,240,267 from 0,0,240,26\n"
                               "bitmap 141 120,241,180,267 from 0,0,60,26\n"
