@@ -216,7 +216,15 @@ void Font::Draw(QPainter& painter, const ShapedText& text, QPointF baseline, Sca
 bool PrepareFonts() {
     QFont::insertSubstitutions("Arial", {"Liberation Sans", "Arimo", "Nimbus Sans", "Helvetica", "DejaVu Sans"});
     QFont::insertSubstitutions("Comic Sans MS", {"Comic Neue", "Comic Relief", "Liberation Sans", "DejaVu Sans"});
-    return !QFontDatabase::families().isEmpty();
+    if (QFontDatabase::hasFamily(ResolveFamily(QStringLiteral("Arial")))) {
+        return true;
+    }
+    // The toolkit lists these even where there is nothing behind them.
+    const QStringList families = QFontDatabase::families();
+    return std::any_of(families.begin(), families.end(), [](const QString& family) {
+        return family != QLatin1String("Monospace") && family != QLatin1String("Sans Serif") &&
+               family != QLatin1String("Serif");
+    });
 }
 
 } // namespace tavo::qt

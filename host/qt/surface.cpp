@@ -102,7 +102,11 @@ void Surface::FillRect(const Rect& area, Color color) {
 void Surface::DrawLine(Point from, Point to, const Pen& pen) {
     const int width = std::max(1, pen.Width);
     if (from.X == to.X || from.Y == to.Y) {
-        Fill(PixelScale.Edges(CoverStraightLine(from, to, width)), ToPixel(pen.Ink));
+        QRect covered = PixelScale.Edges(CoverStraightLine(from, to, width));
+        // All lines of a grid are equally thick, wherever their edges would be rounded to.
+        const int thickness = std::max(1, PixelScale.Edge(width));
+        from.Y == to.Y ? covered.setHeight(thickness) : covered.setWidth(thickness);
+        Fill(from == to ? QRect() : covered, ToPixel(pen.Ink));
         return;
     }
     QPainter& painter = Painter();

@@ -196,11 +196,15 @@ TEST_F(DesktopTest, TheNavigationBarFollowsTheWindowOnTop) {
 
 TEST_F(DesktopTest, ASecondStartBringsTheFirstForward) {
     ASSERT_EQ(Host.Windows().FindWindowW(u"OtherClass", u"Other"), WindowHandle::None); // claims the root
-    Desktop().showMinimized();
-    Run();
+    Host.Windows().ShowWindow(View, ShowCommand::Minimize);
+    Host.Windows().SetTimer(Page, 1003, 30);
+    Run(milliseconds(100));
+    ASSERT_TRUE(Desktop().isMinimized());
+    EXPECT_EQ(Count(WM_TIMER), 0);
     ASSERT_EQ(files::InstanceLock::RequestActivation(Root.Open().RunFolder(), ""), ErrorCode::Success);
-    Run(milliseconds(50));
+    Run(milliseconds(200));
     EXPECT_FALSE(Desktop().isMinimized());
+    EXPECT_GE(Count(WM_TIMER), 2);
 }
 
 } // namespace tavo::qt

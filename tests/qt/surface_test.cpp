@@ -96,6 +96,17 @@ TEST_F(SurfaceTest, EdgesLieAtTheRoundedProductOfPlaceAndScale) {
     EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kBlackPixel), 36);
 }
 
+TEST_F(SurfaceTest, AllLinesOfAGridAreEquallyThick) {
+    Surface surface = Make(40, 40, 1.5);
+    for (const int x : {3, 10, 17, 24}) {
+        surface.DrawLine({x, 0}, {x, 40}, {kBlack, 1});
+    }
+    for (const int left : {5, 15, 26, 36}) { // 4.5, 15, 25.5 and 36, rounded
+        EXPECT_EQ(CountPixels(surface.Image(), QRect(left, 0, 2, 60), kBlackPixel), 120) << left;
+    }
+    EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kBlackPixel), 4 * 120);
+}
+
 TEST_F(SurfaceTest, AThinLineLeavesItsEndOut) {
     Surface surface = Make(20, 20, 1.0);
     surface.DrawLine({2, 3}, {6, 3}, {kBlack, 1});
