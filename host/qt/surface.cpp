@@ -103,9 +103,10 @@ void Surface::DrawLine(Point from, Point to, const Pen& pen) {
     const int width = std::max(1, pen.Width);
     if (from.X == to.X || from.Y == to.Y) {
         QRect covered = PixelScale.Edges(CoverStraightLine(from, to, width));
-        // All lines of a grid are equally thick, wherever their edges would be rounded to.
-        const int thickness = std::max(1, PixelScale.Edge(width));
-        from.Y == to.Y ? covered.setHeight(thickness) : covered.setWidth(thickness);
+        if (width == 1) { // all lines of a grid are equally thick, wherever their edges would be rounded to
+            const int thickness = std::max(1, PixelScale.Edge(1));
+            from.Y == to.Y ? covered.setHeight(thickness) : covered.setWidth(thickness);
+        }
         Fill(from == to ? QRect() : covered, ToPixel(pen.Ink));
         return;
     }
