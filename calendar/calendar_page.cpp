@@ -112,7 +112,7 @@ DATE CCalendarPage::AutomationDate(const CalendarDate& date) const {
 }
 
 CalendarDate CCalendarPage::DateAt(int row, int column) const {
-    const int number = DayGrid[static_cast<std::size_t>(row * kGridColumns + column)];
+    const int number = DayGrid[CellAt(row, column)];
     return DateOfCell(row, number, DisplayedYear, DisplayedMonth);
 }
 

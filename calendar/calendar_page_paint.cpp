@@ -101,7 +101,7 @@ void CCalendarPage::PaintGrid() {
     CellKinds.fill(0);
     for (int row = 0; row < kGridRows; ++row) {
         for (int column = 0; column < kGridColumns; ++column) {
-            CellRect[static_cast<std::size_t>(row * kGridColumns + column)] = RectOfCell(row, column);
+            CellRect[CellAt(row, column)] = RectOfCell(row, column);
             PaintCell(row, column, today);
         }
     }
@@ -109,7 +109,7 @@ void CCalendarPage::PaintGrid() {
 }
 
 void CCalendarPage::PaintCell(int row, int column, const CalendarDate& today) {
-    const auto cell = static_cast<std::size_t>(row * kGridColumns + column);
+    const auto cell = CellAt(row, column);
     const Rect& rect = CellRect[cell];
     const CalendarDate date = DateAt(row, column);
     if (date.Day == 0) {
@@ -155,7 +155,7 @@ void CCalendarPage::PaintGridLines() {
 void CCalendarPage::DeclareContents() {
     for (int row = 0; row < kGridRows; ++row) {
         for (int column = 0; column < kGridColumns; ++column) {
-            const auto cell = static_cast<std::size_t>(row * kGridColumns + column);
+            const auto cell = CellAt(row, column);
             const CalendarDate date = DateAt(row, column);
             if (date.Day == 0) {
                 continue;

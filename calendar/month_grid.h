@@ -4,6 +4,7 @@
 #include "platform/geometry.h"
 
 #include <array>
+#include <cstddef>
 
 namespace tavo {
 
@@ -39,6 +40,11 @@ std::array<int, kGridCells> ComputeDayGrid(int firstWeekday, int previousMonthLe
 // The date of a cell, from its row, its number and the month shown. Day is 0 for a cell that has no date: one that
 // falls in a year before 1901 or after 2998.
 CalendarDate DateOfCell(int row, int number, int displayedYear, int displayedMonth);
+
+// Cells count row by row.
+constexpr std::size_t CellAt(int row, int column) {
+    return static_cast<std::size_t>(row) * kGridColumns + static_cast<std::size_t>(column);
+}
 
 constexpr Rect RectOfCell(int row, int column) {
     return Rect::FromSize(kGridLeft + column * kCellWidth, kGridTop + row * kCellHeight, kCellWidth, kCellHeight);

@@ -9,7 +9,6 @@
 namespace tavo::exchange {
 namespace {
 
-using outlook::ExceptionKind;
 using outlook::PatternEnd;
 using outlook::Seconds;
 using outlook::StoredException;

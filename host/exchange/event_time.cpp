@@ -25,9 +25,9 @@ bool IsRealTime(const icaltimetype& value) {
 
 Seconds ReadClock(const icaltimetype& value) {
     const Seconds midnight = outlook::MakeTime(value.year, value.month, value.day);
-    return value.is_date != 0
-               ? midnight
-               : midnight + value.hour * kSecondsPerHour + value.minute * kSecondsPerMinute + value.second;
+    return value.is_date != 0 ? midnight
+                              : midnight + Seconds{value.hour} * kSecondsPerHour +
+                                    Seconds{value.minute} * kSecondsPerMinute + value.second;
 }
 
 const char* GetZoneName(icalproperty* property) {

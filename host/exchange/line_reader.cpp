@@ -7,7 +7,7 @@
 namespace tavo::exchange {
 namespace {
 
-constexpr std::size_t kWindowSize = 64 * 1024;
+constexpr std::size_t kWindowSize = std::size_t{64} * 1024;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 } // namespace

@@ -16,7 +16,7 @@ struct CalendarLine {
     bool Cut = false;        // longer than kLongestLine: only its beginning is here
 };
 
-constexpr std::size_t kLongestLine = 1024 * 1024;
+constexpr std::size_t kLongestLine = std::size_t{1024} * 1024;
 
 class LineReader {
   public:

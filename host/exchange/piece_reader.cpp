@@ -10,7 +10,7 @@ namespace tavo::exchange {
 namespace {
 
 constexpr std::size_t kDeepestNesting = 8;
-constexpr std::size_t kLargestPiece = 4 * 1024 * 1024;
+constexpr std::size_t kLargestPiece = std::size_t{4} * 1024 * 1024;
 constexpr std::string_view kCalendarName = "VCALENDAR";
 constexpr std::string_view kEventName = "VEVENT";
 constexpr std::string_view kTimeZoneName = "VTIMEZONE";
