@@ -41,7 +41,7 @@ It is reached over VNC, from this machine only: 127.0.0.1, port $1.
                         and there: vncviewer 127.0.0.1::$1
   Password, this once:  $2
 
-Ctrl+C here ends it.
+The x of a page puts the calendar into the background; ./run once more brings it back. Ctrl+C here ends it.
 TEXT
 }
 
