@@ -10,10 +10,6 @@
 #include <cstdlib>
 #include <string_view>
 
-#ifndef TAVO_SOUNDS
-#define TAVO_SOUNDS ""
-#endif
-
 namespace {
 
 constexpr int kCannotStart = 1;
