@@ -18,12 +18,8 @@ namespace {
 
 constexpr std::size_t kHeaderSize = 100;
 constexpr char kMagic[] = "SQLite format 3"; // with its closing zero
-constexpr std::size_t kPageSizeAt = 16;
-constexpr std::size_t kChangeCounterAt = 24;
-constexpr std::size_t kPageCountAt = 28;
 constexpr std::size_t kVersionAt = 60;
 constexpr std::size_t kApplicationAt = 68;
-constexpr std::size_t kValidForAt = 92;
 
 using Header = std::array<unsigned char, kHeaderSize>;
 
@@ -66,7 +62,7 @@ class FileDescriptor {
     const int Number;
 };
 
-Status CheckHeader(const std::filesystem::path& path, bool hasLog) {
+Status CheckHeader(const std::filesystem::path& path) {
     const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)); // a pipe must not stop us
 
     struct stat facts {};
@@ -98,13 +94,7 @@ Status CheckHeader(const std::filesystem::path& path, bool hasLog) {
     if (static_cast<std::int32_t>(ReadNumber(header, kVersionAt)) > kSchemaVersion) {
         return Status::NewerVersion;
     }
-    // The header counts the pages; only a log can hold some of them.
-    const std::uint32_t pageSize = static_cast<std::uint32_t>(header[kPageSizeAt]) << 8 | header[kPageSizeAt + 1];
-    const bool counted = ReadNumber(header, kChangeCounterAt) == ReadNumber(header, kValidForAt);
-    const auto size = static_cast<std::uint64_t>(facts.st_size);
-    const std::uint64_t wanted =
-        static_cast<std::uint64_t>(ReadNumber(header, kPageCountAt)) * (pageSize == 1 ? 65536 : pageSize);
-    return !hasLog && counted && size < wanted ? Status::Corrupt : Status::Ok;
+    return Status::Ok;
 }
 
 bool HasBytes(const std::filesystem::path& path) {
@@ -228,7 +218,7 @@ Status InspectHeader(const std::filesystem::path& path, FileFacts& facts) {
     }
     facts.HasLog = HasBytes(Beside(path, "-wal"));
     facts.LeftUnclosed = facts.HasLog && !IsLogInUse(Beside(path, "-shm"));
-    return CheckHeader(path, facts.HasLog);
+    return CheckHeader(path);
 }
 
 Status InspectStoreFile(const std::filesystem::path& path, int lockPatience, FileFacts& facts) {
@@ -236,13 +226,10 @@ Status InspectStoreFile(const std::filesystem::path& path, int lockPatience, Fil
         return status;
     }
     // Without a log the file says everything and is read as if it could not change: no locks, no files beside it.
-    // With one, the newest tables may be in the log; it must not be emptied into the file before we know.
+    // With one, the newest tables may be in the log; who cannot write does not empty it into the file.
     Database database;
     Status status = database.Open(StoreUri(path, facts.HasLog ? "mode=ro" : "mode=ro&immutable=1"),
                                   SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, lockPatience);
-    if (Succeeded(status) && facts.HasLog) {
-        sqlite3_db_config(database.Raw(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
-    }
     if (Succeeded(status)) {
         status = ReadSchema(database, facts.Version);
     }

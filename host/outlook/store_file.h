@@ -31,7 +31,7 @@ class OpenFileMark {
     std::pair<std::uint64_t, std::uint64_t> Identity;
 };
 
-// Reads identity and version from the file's first bytes, and whether it was cut. What InspectStoreFile does first.
+// Reads identity and version from the file's first bytes. What InspectStoreFile does first.
 Status InspectHeader(const std::filesystem::path& path, FileFacts& facts);
 
 // Reads identity, version and tables without changing a byte of the file: NotFound, NotOurs, NewerVersion, Corrupt,

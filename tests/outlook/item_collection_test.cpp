@@ -144,6 +144,34 @@ TEST_F(ItemCollection, WhenAnItemIsDeletedTheNextMovesToItsIndex) {
     EXPECT_EQ(count, 1);
 }
 
+TEST_F(ItemCollection, DeletingAnywhereKeepsTheOthersInOrder) {
+    for (const std::size_t index : {1U, 4U, 8U, 0U}) {
+        std::vector<Oid> oids = WalkOids(*Items());
+        while (oids.size() < 10) {
+            oids.push_back(Add("2026-05-01 10:00", "2026-05-01 11:00"));
+        }
+        const auto items = Items();
+        ASSERT_EQ(WalkOids(*items), oids);
+        ASSERT_EQ(Get(oids[index])->Delete(), Status::Ok);
+        oids.erase(oids.begin() + static_cast<std::ptrdiff_t>(index));
+        EXPECT_EQ(WalkOids(*items), oids);
+    }
+}
+
+TEST_F(ItemCollection, ManyOfOneStartAreInOrderOfOid) {
+    std::vector<Oid> expected;
+    for (int index = 0; index < 300; ++index) { // plain items and occurrences in turn
+        expected.push_back(index % 2 == 0 ? Add("2026-05-02 09:00", "2026-05-02 10:00")
+                                          : AddSeries("2026-05-01 09:00", "2026-05-01 10:00", Daily()));
+    }
+    Add("2026-05-02 08:59", "2026-05-02 10:00");
+    std::vector<Oid> found = Oids(u"[Start] = 5/2/2026");
+    ASSERT_EQ(found.size(), 301U);
+    EXPECT_EQ(found.front(), 301);
+    found.erase(found.begin());
+    EXPECT_EQ(found, expected);
+}
+
 TEST_F(ItemCollection, WalkingAtOneIndexAndDeletingEmptiesTheFolder) {
     for (int day = 1; day <= 28; ++day) {
         Add("2026-02-" + std::to_string(day) + " 10:00", "2026-02-" + std::to_string(day) + " 11:00");
