@@ -11,7 +11,7 @@ folder="$1"
 seconds="$2"
 
 configure fuzz
-build "$folder"
+build "$folder" fuzz/all
 mkdir -p "$folder/found"
 status=0
 met=0
