@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tavo::qt {
 namespace {
@@ -34,17 +35,9 @@ bool IsSimple(std::u16string_view text) {
     });
 }
 
-// The family itself, or the first of those that stand in for it; asked for by its own name, it is found much sooner.
-QString ResolveFamily(const QString& wished) {
-    if (QFontDatabase::hasFamily(wished)) {
-        return wished;
-    }
-    for (const QString& other : QFont::substitutes(wished)) {
-        if (QFontDatabase::hasFamily(other)) {
-            return other;
-        }
-    }
-    return wished;
+// What PrepareFonts chose for the face; asked for by its own name, a font is found much sooner.
+QString ResolveFamily(const QString& face) {
+    return QFont::substitutes(face).value(0, face);
 }
 
 QFont MakeFont(const LogFont& description) {
@@ -214,13 +207,19 @@ void Font::Draw(QPainter& painter, const ShapedText& text, QPointF baseline, Sca
 }
 
 bool PrepareFonts() {
-    QFont::insertSubstitutions("Arial", {"Liberation Sans", "Arimo", "Nimbus Sans", "Helvetica", "DejaVu Sans"});
-    QFont::insertSubstitutions("Comic Sans MS", {"Comic Neue", "Comic Relief", "Liberation Sans", "DejaVu Sans"});
-    if (QFontDatabase::hasFamily(ResolveFamily(QStringLiteral("Arial")))) {
-        return true;
+    const QStringList families = QFontDatabase::families();
+    const std::pair<const char*, QStringList> faces[] = {
+        {"Arial", {"Arial", "Liberation Sans", "Arimo", "Nimbus Sans", "Helvetica", "DejaVu Sans"}},
+        {"Comic Sans MS", {"Comic Sans MS", "Comic Neue", "Comic Relief", "Liberation Sans", "DejaVu Sans"}},
+    };
+    for (const auto& [face, candidates] : faces) {
+        const auto found = std::find_if(candidates.begin(), candidates.end(),
+                                        [&](const QString& candidate) { return families.contains(candidate); });
+        if (found != candidates.end()) {
+            QFont::insertSubstitution(face, *found);
+        }
     }
     // The toolkit lists these even where there is nothing behind them.
-    const QStringList families = QFontDatabase::families();
     return std::any_of(families.begin(), families.end(), [](const QString& family) {
         return family != QLatin1String("Monospace") && family != QLatin1String("Sans Serif") &&
                family != QLatin1String("Serif");

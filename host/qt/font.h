@@ -59,7 +59,7 @@ class Font {
     };
 
     struct Hash {
-        using is_transparent = void;
+        using is_transparent = void; // NOLINT(readability-identifier-naming): the library's name
 
         std::size_t operator()(std::u16string_view text) const { return std::hash<std::u16string_view>()(text); }
     };
