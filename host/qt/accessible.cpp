@@ -139,7 +139,9 @@ class WidgetInterface final : public QAccessibleWidget {
             return QAccessibleWidget::child(index - ItemCount());
         }
         while (static_cast<int>(Ids.size()) <= index) {
-            Ids.push_back(QAccessible::registerAccessibleInterface(new ItemInterface(Widget(), Ids.size())));
+            auto* item = new ItemInterface(Widget(), Ids.size());
+            // The registry owns it from here on.
+            Ids.push_back(QAccessible::registerAccessibleInterface(item)); // NOLINT(clang-analyzer-cplusplus.*)
         }
         return QAccessible::accessibleInterface(Ids[static_cast<std::size_t>(index)]);
     }

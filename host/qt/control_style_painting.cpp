@@ -8,8 +8,8 @@
 namespace tavo::qt {
 namespace {
 
-constexpr int kMenuMargin = 10;
-constexpr int kMenuTickWidth = 14;
+constexpr double kMenuMargin = 10;
+constexpr double kMenuTickWidth = 14;
 constexpr QRgb kMenuEdgeColor = 0xFF9AA9BB;
 constexpr QRgb kSeparatorColor = 0xFFD5DBE2;
 

@@ -88,6 +88,7 @@ void QtHost::PrepareWait(bool waits) {
         FrameChanged = false;
         OwnDesktop.FollowFrame();
         WatchActivation();
+        FollowPanel();
     }
 }
 

@@ -6,7 +6,6 @@
 #include <QAction>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -89,7 +88,10 @@ void MenuView::Open(QMenu* menu, QPoint corner) {
     menu->installEventFilter(this);
     connect(menu, &QMenu::triggered, this, [this](QAction* action) { Chosen = action->data().toInt(); });
     // A choice is told only after the menu has hidden itself.
-    connect(menu, &QMenu::aboutToHide, this, [this] { QTimer::singleShot(0, this, [this] { Finish(); }); });
+    connect(menu, &QMenu::aboutToHide, this, [this] {
+        QMetaObject::invokeMethod(
+            this, [this] { Finish(); }, Qt::QueuedConnection);
+    });
     const QRect screen = Desktop.ScreenOnDesktop();
     const QSize size = menu->sizeHint();
     corner.setX(std::clamp(corner.x(), screen.left(), std::max(screen.left(), screen.right() + 1 - size.width())));

@@ -16,7 +16,8 @@ namespace {
 
 constexpr std::initializer_list<int> kQuittingSignals{SIGTERM, SIGINT, SIGHUP};
 
-volatile std::sig_atomic_t signalPipe = -1; // all that a signal handler may touch
+// All that a signal handler may touch.
+volatile std::sig_atomic_t signalPipe = -1; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
 
 void WriteToPipe(int) {
     const char byte = 0;

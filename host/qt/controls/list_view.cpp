@@ -3,7 +3,6 @@
 
 #include <QAbstractItemView>
 #include <QStyle>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -17,7 +16,8 @@ constexpr int kMostVisibleEntries = 9;
 void ListBox::hidePopup() {
     QComboBox::hidePopup();
     // The choice that closed it is told after this; the program must hear of the choice first.
-    QTimer::singleShot(0, this, [this] { Shared.Controls.CloseList(Control); });
+    QMetaObject::invokeMethod(
+        this, [this] { Shared.Controls.CloseList(Control); }, Qt::QueuedConnection);
 }
 
 void ListBox::OpenNow() {

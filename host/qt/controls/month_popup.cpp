@@ -9,7 +9,6 @@
 #include <QLabel>
 #include <QLocale>
 #include <QTextCharFormat>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -115,11 +114,12 @@ void MonthPopup::Open(QDate date, const QRect& screen) {
 void MonthPopup::hideEvent(QHideEvent* event) {
     QFrame::hideEvent(event);
     // A choice is told first.
-    QTimer::singleShot(0, this, [this] {
+    const auto tell = [this] {
         if (Closed) {
             Closed();
         }
-    });
+    };
+    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
 
 } // namespace tavo::qt
