@@ -14,7 +14,7 @@ namespace {
 constexpr int kStartFailed = 1; // exit status
 }
 
-CTavoApp::CTavoApp(IHost& host) : Device(host), Pump(host), State(Pump) {}
+CTavoApp::CTavoApp(IHost& host) : Device(host), Pump(host), State(Pump), Maker(Pump, State) {}
 
 CTavoApp::Start CTavoApp::InitInstance() {
     if (ActivateRunningCopy()) {
@@ -63,8 +63,20 @@ void CTavoApp::TakeCommand(int command) {
     case kCommandExit:
         Frame->Quit();
         break;
+    case kCommandNewAlarm:
+    case kCommandNewHoliday:
+    case kCommandNewAnniversary:
+    case kCommandNewAppointment:
+        MakeItem(static_cast<ItemKind>(command - kCommandNewAlarm));
+        break;
     default:
         break;
+    }
+}
+
+void CTavoApp::MakeItem(ItemKind kind) {
+    if (Maker.Make(kind)) {
+        Frame->View().PostChangeNotice();
     }
 }
 

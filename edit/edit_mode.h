@@ -25,6 +25,10 @@ constexpr ItemKind KindOfMode(std::int32_t mode) {
     return static_cast<ItemKind>(mode / 2);
 }
 
+constexpr std::int32_t ModeOfNew(ItemKind kind) {
+    return static_cast<std::int32_t>(kind) * 2;
+}
+
 // Holidays and anniversaries are days: they have no times.
 constexpr bool IsDayKind(ItemKind kind) {
     return kind == ItemKind::Holiday || kind == ItemKind::Anniversary;

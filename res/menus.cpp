@@ -17,6 +17,12 @@ MenuItem Command(int id, std::u16string_view text) {
     return item;
 }
 
+MenuItem Command(int id, std::u16string_view text, std::u16string_view shortcut) {
+    MenuItem item = Command(id, text);
+    item.Shortcut = shortcut;
+    return item;
+}
+
 MenuItem Separator() {
     MenuItem item;
     item.IsSeparator = true;
@@ -87,6 +93,11 @@ std::vector<MenuItem> MakePageMenus() {
     return {
         Popup(u"Tools",
               {
+                  Command(kCommandNewAlarm, u"New Alarm", u"Ctrl+1"),
+                  Command(kCommandNewHoliday, u"New Holiday", u"Ctrl+2"),
+                  Command(kCommandNewAnniversary, u"New Anniversary", u"Ctrl+3"),
+                  Command(kCommandNewAppointment, u"New Appointment", u"Ctrl+4"),
+                  Separator(),
                   Command(kCommandAbout, u"About Tavo Calendar..."),
                   Command(kCommandExit, u"Exit"),
               }),

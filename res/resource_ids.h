@@ -43,6 +43,10 @@ constexpr int kMenuPage = 207; // of the main pages' menu bars
 // Commands of the whole program.
 constexpr int kCommandAbout = 57664;
 constexpr int kCommandExit = 57665;
+constexpr int kCommandNewAlarm = 32811; // in the order of the kinds
+constexpr int kCommandNewHoliday = 32812;
+constexpr int kCommandNewAnniversary = 32813;
+constexpr int kCommandNewAppointment = 32814;
 
 // Commands on an item.
 constexpr int kCommandModify = 32771;

@@ -71,8 +71,18 @@ TEST(Menus, PagesHaveTools) {
     ASSERT_EQ(menus.size(), 1U);
     EXPECT_EQ(menus[0].Text, u"Tools");
     EXPECT_TRUE(menus[0].IsPopup);
-    const std::vector<Entry> expected{{u"About Tavo Calendar...", 57664}, {u"Exit", kCommandExit}};
+    const std::vector<Entry> expected{{u"New Alarm", kCommandNewAlarm},
+                                      {u"New Holiday", kCommandNewHoliday},
+                                      {u"New Anniversary", kCommandNewAnniversary},
+                                      {u"New Appointment", kCommandNewAppointment},
+                                      {u"", 0},
+                                      {u"About Tavo Calendar...", 57664},
+                                      {u"Exit", kCommandExit}};
     EXPECT_EQ(EntriesOf(menus[0]), expected);
+    EXPECT_EQ(menus[0].Children[0].Shortcut, u"Ctrl+1");
+    EXPECT_EQ(menus[0].Children[1].Shortcut, u"Ctrl+2");
+    EXPECT_EQ(menus[0].Children[2].Shortcut, u"Ctrl+3");
+    EXPECT_EQ(menus[0].Children[3].Shortcut, u"Ctrl+4");
 }
 
 TEST(Menus, AnUnknownNumberHasNone) {

@@ -1,0 +1,99 @@
+// New items by command: from every page to the editor, and from the editor to the month.
+#include "res/resource_ids.h"
+#include "tests/support/running_program.h"
+
+#include <gtest/gtest.h>
+
+namespace tavo::test {
+namespace {
+
+constexpr int kNoticePeriod = 500;
+constexpr int kCommands[] = {kCommandNewAlarm, kCommandNewHoliday, kCommandNewAnniversary, kCommandNewAppointment};
+
+class NewItems : public testing::Test {
+  protected:
+    void SetUp() override { ASSERT_TRUE(Program.Start()); }
+
+    // The editor is open when this is done.
+    void Save(std::u16string_view subject) {
+        Program.Device.Tap(100, 20);
+        Program.Device.TypeInto(kEditSubject, subject);
+        Program.Device.TapControl(IDOK);
+        ASSERT_TRUE(Program.Settle());
+        ASSERT_FALSE(Program.Device.See.IsDialogOpen());
+        Program.Device.AdvanceClock(kNoticePeriod);
+        ASSERT_TRUE(Program.Settle());
+    }
+
+    std::size_t CountTags() {
+        const CategoryLists& lists = Program.State().Categories;
+        return lists.AlarmList.Size() + lists.HolidayList.Size() + lists.AnniversaryList.Size();
+    }
+
+    RunningProgram Program; // 3 November 2004, a Wednesday in the first row of its month
+};
+
+TEST_F(NewItems, ControlAndADigitOpenTheEditorOnEveryPage) {
+    for (int page = 0; page < 4; ++page) {
+        Program.ShowPage(page);
+        for (int kind = 0; kind < 4; ++kind) {
+            Program.Device.Key('1' + kind, kModifierControl);
+            Program.Device.Do([&] { EXPECT_EQ(Program.Device.See.Caption(), u"Tavo Calendar"); });
+            Program.Device.Key(VK_ESCAPE);
+            ASSERT_TRUE(Program.Settle());
+            EXPECT_FALSE(Program.Device.See.IsDialogOpen());
+        }
+    }
+    EXPECT_EQ(Program.State().Store.CountAppointments(), 0);
+    EXPECT_EQ(CountTags(), 0U);
+}
+
+TEST_F(NewItems, TheMonthShowsASavedItemOfEveryKindByItsMark) {
+    Program.ShowPage(2);
+    const std::u16string bare = Program.CellName(0, 3);
+    for (const int command : kCommands) {
+        Program.Device.ChooseMenu(u"Tools", command);
+        Save(u"Thing");
+    }
+    EXPECT_EQ(Program.State().Store.CountAppointments(), 4);
+    EXPECT_EQ(bare, u"2004-11-03");
+    EXPECT_EQ(Program.CellName(0, 3), u"2004-11-03: alarm, holiday, anniversary, appointment");
+}
+
+TEST_F(NewItems, ASavedItemGoesToTheEndOfItsKindsList) {
+    const CategoryLists& lists = Program.State().Categories;
+    const CategoryList* const listOf[] = {&lists.AlarmList, &lists.HolidayList, &lists.AnniversaryList};
+    for (int kind = 0; kind < 3; ++kind) {
+        for (int count = 1; count <= 2; ++count) {
+            Program.Device.Key('1' + kind, kModifierControl);
+            Save(u"Thing");
+            const CategoryList& list = *listOf[kind];
+            ASSERT_EQ(list.Size(), static_cast<std::size_t>(count)) << kind;
+            AppointmentData record;
+            EXPECT_EQ(Program.State().Store.LoadAppointment(list.At(list.Size() - 1), record),
+                      Program.State().Store.CountAppointments()); // OIDs count up from 1
+        }
+    }
+    EXPECT_EQ(CountTags(), 6U);
+}
+
+TEST_F(NewItems, AnOrdinaryAppointmentGoesToNoList) {
+    Program.Device.Key('4', kModifierControl);
+    Save(u"Thing");
+    EXPECT_EQ(Program.State().Store.CountAppointments(), 1);
+    EXPECT_EQ(CountTags(), 0U);
+}
+
+TEST_F(NewItems, TheDataFileWaitsForThePageToBeClosed) {
+    const std::optional<std::string> before = Program.ReadFile("TavoCalendar.dat");
+    Program.Device.Key('1', kModifierControl);
+    Save(u"Thing");
+    EXPECT_EQ(Program.ReadFile("TavoCalendar.dat"), before);
+    Program.Device.PressClose();
+    ASSERT_TRUE(Program.Settle());
+    ASSERT_TRUE(Program.ReadFile("TavoCalendar.dat").has_value());
+    EXPECT_EQ(Program.ReadFile("TavoCalendar.dat")->size(), 19U); // one OID more than three empty lists
+}
+
+} // namespace
+} // namespace tavo::test

@@ -1,0 +1,190 @@
+// Starting, working and looking at the program.
+#include "tests/qt/desktop_program.h"
+
+#include "host/outlook/store.h"
+#include "host/qt/menu_strip.h"
+#include "host/qt/navigation_bar.h"
+#include "tests/qt/hands.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QComboBox>
+#include <QMenu>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace tavo::qt {
+namespace {
+
+constexpr int kScriptEnded = -32000;
+constexpr int kArrowFromRight = 8; // of a list, within its place
+
+HostOptions WithStore(const TemporaryRoot& root) {
+    HostOptions options{root.Open(), ""};
+    const std::string store = options.Root.StorePath();
+    options.CreateOutlook = [store](ComPtr<IPOutlookApp>& outlook) {
+        outlook = outlook::CreateOutlookApp(store, {});
+        return Status::Ok;
+    };
+    return options;
+}
+
+QAction* FindAction(const QMenu& menu, int command) {
+    for (QAction* action : menu.actions()) {
+        if (action->data().toInt() == command) {
+            return action;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+DesktopProgram::DesktopProgram()
+    : Host(WithStore(Root)), App(std::make_unique<CTavoApp>(Host)),
+      Script([this] { Host.Queue().PostQuitMessage(kScriptEnded); }) {
+    EXPECT_EQ(App->InitInstance(), CTavoApp::Start::Running);
+    EXPECT_TRUE(Settle());
+}
+
+DesktopProgram::~DesktopProgram() {
+    App->ExitInstance();
+}
+
+void DesktopProgram::Tap(int x, int y) {
+    const Point screen{x + kClientArea.Left, y + kClientArea.Top};
+    Do([this, screen] { PressMouse(Host, screen); });
+    Do([this, screen] { ReleaseMouse(Host, screen); });
+}
+
+void DesktopProgram::Key(int key, int modifiers) {
+    Do([this, key, modifiers] { PressKey(Host, key, modifiers); });
+    Do([this, key, modifiers] { ReleaseKey(Host, key, modifiers); });
+}
+
+void DesktopProgram::Type(std::u16string_view text) {
+    for (const char16_t character : text) {
+        Do([this, character] { TypeCharacter(Host, character); });
+    }
+}
+
+void DesktopProgram::TapControl(int id) {
+    Do([this, id] {
+        ASSERT_TRUE(IsShown(id)) << id;
+        TapMiddle(Host, Host.Parts().State.Tree.ScreenBounds(Control(id)));
+    });
+}
+
+void DesktopProgram::Choose(int id, int index) {
+    Do([this, id] {
+        ASSERT_TRUE(IsShown(id)) << id;
+        const Rect place = Host.Parts().State.Tree.ScreenBounds(Control(id));
+        TapMiddle(Host, {place.Right - kArrowFromRight, place.Top, place.Right, place.Bottom});
+    });
+    Do([this, id, index] {
+        auto* box = qobject_cast<QComboBox*>(Widget(id));
+        ASSERT_TRUE(box != nullptr && box->view()->isVisible()) << id;
+        box->view()->setCurrentIndex(box->model()->index(index, 0));
+        QTest::keyClick(box->view(), Qt::Key_Return);
+    });
+}
+
+void DesktopProgram::ChooseMenu(int index, int command) {
+    Do([this, index] { TapMiddle(Host, Host.Desktop().Menus().MenuPlace(index)); });
+    Do([this, command] {
+        QMenu* menu = Host.OpenMenu().Current();
+        ASSERT_NE(menu, nullptr);
+        QAction* action = FindAction(*menu, command);
+        ASSERT_NE(action, nullptr) << command;
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+    });
+}
+
+void DesktopProgram::AnswerBox(int answer) {
+    Do([this, answer] {
+        for (const PaintedItem& item : Host.Box().Items()) {
+            if (Host.Box().isVisible() && item.Role == PaintedRole::Button && item.Id == answer) {
+                TapMiddle(Host, Rect(item.Bounds));
+                return;
+            }
+        }
+        ADD_FAILURE() << "no message box with the button " << answer;
+    });
+}
+
+void DesktopProgram::Pass(std::chrono::milliseconds time) {
+    Do([this, time] { Script.Pass(time); });
+}
+
+bool DesktopProgram::Settle() {
+    bool done = false;
+    Do([&] {
+        done = true;
+        Host.Queue().PostMessageW({}); // wakes the program, which sees the flag
+    });
+    CMessagePump& pump = App->MessagePump();
+    return pump.RunUntil(done) && !pump.HasQuit();
+}
+
+WindowHandle DesktopProgram::Control(int id) {
+    const shell::WindowTree& tree = Host.Parts().State.Tree;
+    WindowHandle hidden = WindowHandle::None;
+    for (const WindowHandle window : tree.Subtree(tree.Top())) {
+        const shell::ControlState* control = tree.FindControl(window);
+        if (control != nullptr && control->Id == id) {
+            if (tree.IsVisible(window)) {
+                return window;
+            }
+            hidden = window;
+        }
+    }
+    return hidden;
+}
+
+QWidget* DesktopProgram::Widget(int id) {
+    Host.UpdateWidgets();
+    ControlView* view = Host.Views().FindControl(Control(id));
+    return view == nullptr ? nullptr : &view->Widget();
+}
+
+bool DesktopProgram::IsShown(int id) {
+    const QWidget* widget = Widget(id);
+    return widget != nullptr && widget->isVisible();
+}
+
+std::u16string DesktopProgram::Caption() {
+    Host.UpdateWidgets();
+    return Host.Desktop().Navigation().Title().toStdU16String();
+}
+
+bool DesktopProgram::IsDialogOpen() {
+    const shell::WindowTree& tree = Host.Parts().State.Tree;
+    const shell::WindowRecord* top = tree.Find(tree.Top());
+    return top != nullptr && top->Kind == WindowKind::Dialog;
+}
+
+std::u16string DesktopProgram::NameOf(PaintedRole role, int id) {
+    const PaintedWidget* painted = Host.Views().FindPainted(Host.Parts().State.Tree.Top());
+    EXPECT_NE(painted, nullptr);
+    if (painted != nullptr) {
+        for (const PaintedItem& item : painted->Items()) {
+            if (item.Role == role && item.Id == id) {
+                return item.Name;
+            }
+        }
+    }
+    return {};
+}
+
+std::u16string DesktopProgram::BoxText() {
+    if (Host.Box().isVisible()) {
+        for (const PaintedItem& item : Host.Box().Items()) {
+            if (item.Role == PaintedRole::Text) {
+                return item.Name;
+            }
+        }
+    }
+    return {};
+}
+
+} // namespace tavo::qt
