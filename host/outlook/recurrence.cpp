@@ -13,7 +13,7 @@ constexpr int kMonthsInYear = 12;
 constexpr int kLastInstance = 5;
 constexpr std::int32_t kEveryDay = 127;
 constexpr std::int32_t kMaxInterval = 999;
-constexpr std::int64_t kMonthsEnd = 3001 * kMonthsInYear; // no stored date lies there
+constexpr std::int64_t kMonthsEnd = std::int64_t{3001} * kMonthsInYear; // no stored date lies there
 
 bool UsesMonthInterval(std::int32_t type) {
     return type == kRecursMonthly || type == kRecursMonthNth;

@@ -12,7 +12,7 @@ namespace tavo::outlook {
 namespace {
 
 // Two clocks are never further apart.
-constexpr Seconds kClockSlack = 28 * 3600;
+constexpr Seconds kClockSlack = Seconds{28} * 3600;
 
 ZoneLookup LookupIn(ZoneCache& zones) {
     return [&zones](const std::string& name) { return zones.RulesByName(name); };

@@ -51,7 +51,7 @@ int DaysInMonth(int year, int month) {
 }
 
 Seconds MakeTime(int year, int month, int day, int hour, int minute, int second) {
-    return MidnightOf(DayFromCivil(year, month, day)) + hour * 3600 + minute * 60 + second;
+    return MidnightOf(DayFromCivil(year, month, day)) + Seconds{hour} * 3600 + Seconds{minute} * 60 + second;
 }
 
 Seconds SecondsFromDate(DATE date) {

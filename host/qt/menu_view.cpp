@@ -1,6 +1,7 @@
 // Menus as pop-up widgets.
 #include "host/qt/menu_view.h"
 
+#include "host/qt/call_later.h"
 #include "host/qt/menu_strip.h"
 
 #include <QAction>
@@ -88,10 +89,7 @@ void MenuView::Open(QMenu* menu, QPoint corner) {
     menu->installEventFilter(this);
     connect(menu, &QMenu::triggered, this, [this](QAction* action) { Chosen = action->data().toInt(); });
     // A choice is told only after the menu has hidden itself.
-    connect(menu, &QMenu::aboutToHide, this, [this] {
-        QMetaObject::invokeMethod(
-            this, [this] { Finish(); }, Qt::QueuedConnection);
-    });
+    connect(menu, &QMenu::aboutToHide, this, [this] { CallLater(this, [this] { Finish(); }); });
     const QRect screen = Desktop.ScreenOnDesktop();
     const QSize size = menu->sizeHint();
     corner.setX(std::clamp(corner.x(), screen.left(), std::max(screen.left(), screen.right() + 1 - size.width())));

@@ -1,6 +1,8 @@
 // Lists: entries, choice, opening and closing.
 #include "host/qt/controls/list_view.h"
 
+#include "host/qt/call_later.h"
+
 #include <QAbstractItemView>
 #include <QStyle>
 
@@ -16,8 +18,7 @@ constexpr int kMostVisibleEntries = 9;
 void ListBox::hidePopup() {
     QComboBox::hidePopup();
     // The choice that closed it is told after this; the program must hear of the choice first.
-    QMetaObject::invokeMethod(
-        this, [this] { Shared.Controls.CloseList(Control); }, Qt::QueuedConnection);
+    CallLater(this, [this] { Shared.Controls.CloseList(Control); });
 }
 
 void ListBox::OpenNow() {

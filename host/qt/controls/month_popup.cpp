@@ -1,6 +1,7 @@
 // A month with its own header: the toolkit's has a menu that waits for its own end.
 #include "host/qt/controls/month_popup.h"
 
+#include "host/qt/call_later.h"
 #include "host/qt/control_painting.h"
 
 #include <QAbstractButton>
@@ -114,12 +115,11 @@ void MonthPopup::Open(QDate date, const QRect& screen) {
 void MonthPopup::hideEvent(QHideEvent* event) {
     QFrame::hideEvent(event);
     // A choice is told first.
-    const auto tell = [this] {
+    CallLater(this, [this] {
         if (Closed) {
             Closed();
         }
-    };
-    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+    });
 }
 
 } // namespace tavo::qt
