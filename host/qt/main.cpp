@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 #include <string_view>
 
 namespace {
@@ -31,6 +32,11 @@ bool HasDisplay(int argc, char** argv) {
         }
     }
     return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM");
+}
+
+// The sounds that came with the program, beside it.
+std::string InstalledSounds() {
+    return QCoreApplication::applicationDirPath().toStdString() + "/../share/tavocalendar/sounds";
 }
 
 // The toolkit aborts when it cannot reach the display it was pointed at.
@@ -63,7 +69,7 @@ int main(int argc, char** argv) {
         return Refuse("there are no fonts. Install a package with fonts, such as fonts-liberation, and start again.");
     }
     qt::StoreLink store(root.Root->StorePath());
-    qt::HostOptions options{*root.Root, TAVO_SOUNDS};
+    qt::HostOptions options{*root.Root, InstalledSounds()};
     options.CreateOutlook = [&](ComPtr<IPOutlookApp>& outlook) { return store.Create(outlook); };
     options.LastStoreError = [&] { return store.LastError(); };
     qt::QtHost host(std::move(options));
