@@ -104,7 +104,11 @@ void TapControl(HeadlessHost& host, WindowHandle control, Point screen) {
 }
 
 void PressKeyInControl(HeadlessHost& host, WindowHandle control, int key, int modifiers) {
-    if (modifiers != 0 || !UseKey(host, control, key)) {
+    const ControlKind kind = host.State.Tree.FindControl(control)->Kind;
+    const bool opens = shell::IsList(kind) || kind == ControlKind::DatePicker;
+    if (opens && key == VK_DOWN && modifiers == kModifierAlt) {
+        host.ControlActions.OpenList(control);
+    } else if (modifiers != 0 || !UseKey(host, control, key)) {
         host.Keys.Unused(control, key, modifiers);
     }
 }

@@ -30,6 +30,19 @@ TEST_F(ListConformance, ChosenEntryIsSelectedAndTold) {
     EXPECT_EQ(Ended.CodesOf(kFixedList), (std::vector<int>{CBN_DROPDOWN, CBN_SELCHANGE, CBN_CLOSEUP}));
 }
 
+TEST_F(ListConformance, AltAndDownOpenTheListWithTheFocus) {
+    OpenDialogOnTap();
+    Steps.Do([&] { Host.Windows().SetFocus(DialogItem(kFixedList)); });
+    Steps.Key(VK_DOWN, kModifierAlt);
+    Steps.Do([&] {
+        EXPECT_TRUE(Driver->IsListOpen(DialogItem(kFixedList)));
+        Driver->ChooseEntry(DialogItem(kFixedList), 1);
+    });
+    CloseDialog();
+    ASSERT_TRUE(Steps.Finish(Pump));
+    EXPECT_EQ(Ended.CodesOf(kFixedList), (std::vector<int>{CBN_DROPDOWN, CBN_SELCHANGE, CBN_CLOSEUP}));
+}
+
 TEST_F(ListConformance, ListRefilledAtItsNoticeOpensWithTheNewEntries) {
     OpenDialogOnTap();
     Prepare = [&](ScratchDialog& dialog) {
