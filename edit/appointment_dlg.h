@@ -118,6 +118,7 @@ class CAppointmentDlg : public CDialog {
     void PaintRow(int row);
     void PaintField(int row, const FormField& field);
     void PaintAllDay(const Rect& bounds);
+    void DrawAllDayBox(const Rect& bounds, std::u16string_view text);
     void PaintSoundIcons(const Rect& row);
     std::u16string TextOfField(int control) const;
     std::u16string DateText(int control) const;
@@ -126,9 +127,9 @@ class CAppointmentDlg : public CDialog {
     CProgramState& State;
     EditedAppointment Edited;
     SoundPreview Preview;
-    std::int32_t AlarmValue = 0; // the lead value, as it was last taken
-    int ShownField = 0;          // the control over its row; 0 while the form is all painted
-    int LastField = 0;           // the one shown last, from where Tab goes on
+    std::uint32_t AlarmValue = 0; // the lead value, as it was last taken
+    int ShownField = 0;           // the control over its row; 0 while the form is all painted
+    int LastField = 0;            // the one shown last, from where Tab goes on
 };
 
 } // namespace tavo

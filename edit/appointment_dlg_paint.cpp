@@ -83,6 +83,7 @@ void CAppointmentDlg::PaintField(int row, const FormField& field) {
         return;
     }
     const bool enabled = Host().Windows().IsWindowEnabled(Control(field.Control));
+    const bool isCovered = ShownField == field.Control && field.Control != kEditMemo;
     const FontHandle font = State.Fonts.FontArial10;
     TextStyle style{font, enabled ? kValueColor : kDisabledColor, kLineFormat};
     const std::u16string text = TextOfField(field.Control);
@@ -100,31 +101,38 @@ void CAppointmentDlg::PaintField(int row, const FormField& field) {
     const bool canBeLong = field.Control == kEditSubject || field.Control == kEditSound;
     const std::u16string shown =
         saysAllDay ? text : FitText(Host().Drawing(), font, text, canBeLong ? room - kDotsRoom : room);
-    Surface().DrawTextW(shown, {bounds.Left + kIndent, bounds.Top, bounds.Right - kIndent, bounds.Bottom}, style);
+    if (!isCovered) {
+        Surface().DrawTextW(shown, {bounds.Left + kIndent, bounds.Top, bounds.Right - kIndent, bounds.Bottom}, style);
+    }
     PaintedItem item{bounds, PaintedRole::Cell, text, field.Control};
     item.Selected = ShownField == field.Control;
     item.Enabled = enabled;
     Declare(std::move(item));
 }
 
-// The box as the check box draws it, so that showing the control changes little.
 void CAppointmentDlg::PaintAllDay(const Rect& bounds) {
+    std::u16string text = ItemText(kEditAllDay);
+    if (ShownField != kEditAllDay) {
+        DrawAllDayBox(bounds, text);
+    }
+    PaintedItem item{bounds, PaintedRole::Cell, std::move(text), kEditAllDay};
+    item.Selected = ShownField == kEditAllDay;
+    item.Pressed = IsAllDayChecked();
+    Declare(std::move(item));
+}
+
+// As the check box draws it, so that showing the control changes little.
+void CAppointmentDlg::DrawAllDayBox(const Rect& bounds, std::u16string_view text) {
     const int top = bounds.Top + (bounds.Height() - kBoxSize) / 2;
     const Rect box = Rect::FromSize(bounds.Left + kIndent, top, kBoxSize, kBoxSize);
     Surface().FillRect(box, kRulePen.Ink);
     Surface().FillRect({box.Left + 1, box.Top + 1, box.Right - 1, box.Bottom - 1}, kBackground);
-    const bool checked = IsAllDayChecked();
-    if (checked) {
+    if (IsAllDayChecked()) {
         Surface().DrawLine({box.Left + 3, box.Top + 6}, {box.Left + 6, box.Top + 9}, kTickPen);
         Surface().DrawLine({box.Left + 6, box.Top + 9}, {box.Left + 10, box.Top + 3}, kTickPen);
     }
-    std::u16string text = ItemText(kEditAllDay);
     Surface().DrawTextW(text, {box.Right + kBoxGap, bounds.Top, bounds.Right, bounds.Bottom},
                         {State.Fonts.FontArial10, kValueColor, kLineFormat});
-    PaintedItem item{bounds, PaintedRole::Cell, std::move(text), kEditAllDay};
-    item.Selected = ShownField == kEditAllDay;
-    item.Pressed = checked;
-    Declare(std::move(item));
 }
 
 void CAppointmentDlg::PaintSoundIcons(const Rect& row) {

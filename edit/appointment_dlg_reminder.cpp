@@ -78,8 +78,8 @@ std::optional<std::int32_t> CAppointmentDlg::ReadLeadMinutes() {
         ShowRefusal(FormatText(kRangeText, 0, kHighestLeadValue));
         return std::nullopt;
     }
-    AlarmValue = *value;
-    return LeadMinutes({AlarmValue, Choice(kEditReminderUnit)});
+    AlarmValue = static_cast<std::uint32_t>(*value);
+    return LeadMinutes({*value, Choice(kEditReminderUnit)});
 }
 
 void CAppointmentDlg::TakeReminderChange() {

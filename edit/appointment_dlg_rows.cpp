@@ -98,27 +98,15 @@ bool CAppointmentDlg::TakeKey(const Message& key) {
         WalkFrom(FocusedStop(), (key.Code & kModifierShift) != 0 ? -1 : 1);
         return true;
     }
-    if (key.Id != VK_RETURN && key.Id != VK_SPACE) {
-        return false;
-    }
-    switch (FocusedStop()) {
-    case IDCANCEL:
+    if (key.Id == VK_RETURN && FocusedStop() == IDCANCEL) {
         OnCancel();
         return true;
-    case kEditPreview:
-        TogglePreview();
-        return true;
-    case kEditMemo:
-        if (key.Id == VK_SPACE) {
-            OpenMemo();
-        }
-        return key.Id == VK_SPACE;
-    case IDOK:
-        OnOK();
-        return true;
-    default:
-        return false;
     }
+    if (key.Id == VK_SPACE && FocusedStop() == kEditMemo) {
+        OpenMemo(); // its row is painted: no control takes the key
+        return true;
+    }
+    return false;
 }
 
 // Every control that can be used now, row by row, then the buttons.

@@ -83,9 +83,6 @@ bool CAppointmentDlg::SaveAppointment() {
     Edited.PutProperties(input);
     Edited.PutRecurrence(input);
     if (!Edited.Save()) {
-        if (!IsNew() && input.RecurChoice != kChoiceCustom) {
-            Edited.Reopen(Item.Oid); // the stored recurrence must not be lost to a choice that was not saved
-        }
         ShowRefusal(kRefused);
         return false;
     }
