@@ -91,7 +91,7 @@ void CVantorView::ShowPage(int page) {
         break;
     case kSchedulePage:
     case kScheduleAgainPage:
-        SchedulePage->Show(ShowCommand::Maximize);
+        SchedulePage->Open();
         break;
     case kCalendarPage:
         CalendarPage->OpenFromPageBar();

@@ -114,6 +114,8 @@ std::vector<MenuItem> LoadMenuW(int menu) {
         return MakeInkMenus();
     case kMenuPage:
         return MakePageMenus();
+    case kMenuSchedulePage:
+        return {MakePopups().at(kPopupSchedule), MakePageMenus().front()};
     default:
         return {};
     }

@@ -39,6 +39,7 @@ constexpr int kMainFrame = 128;  // document template: frame, document and view
 constexpr int kMenuPopups = 131; // pop-ups "schedule" and "calendar"
 constexpr int kMenuInkMemo = 206;
 constexpr int kMenuPage = 207; // of the main pages' menu bars
+constexpr int kMenuSchedulePage = 208;
 
 // Commands of the whole program.
 constexpr int kCommandAbout = 57664;

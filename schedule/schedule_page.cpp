@@ -1,36 +1,142 @@
-// The Schedule page: its title and the page bar.
+// The Schedule page's four lists and which of them is on show.
 #include "schedule/schedule_page.h"
 
 #include "res/dialog_templates.h"
 #include "res/resource_ids.h"
+#include "schedule/schedule_page_look.h"
 
 namespace tavo {
 
 namespace {
 
-constexpr Rect kTitleArea{40, 0, 220, 37};
-constexpr Color kTitleColor = Color::FromRgb(0, 0, 0);
-constexpr Color kBackground = Color::FromRgb(255, 255, 255);
+constexpr int kKindCount = 4;
+constexpr ItemKind kKinds[kKindCount] = {ItemKind::Alarm, ItemKind::Holiday, ItemKind::Anniversary,
+                                         ItemKind::Appointment};
+
+constexpr Rect PlaceOf(ItemKind kind) {
+    return kind == ItemKind::Appointment ? kAppointmentPlace : kListPlace;
+}
 
 } // namespace
 
 CSchedulePage::CSchedulePage(CMessagePump& pump, CProgramState& state, IMainView& view)
-    : CMainPage(pump, state, view, kSchedulePageTemplate, kMenuPage) {}
+    : CMainPage(pump, state, view, kSchedulePageTemplate, kMenuSchedulePage),
+      Alarms(pump, state, *this, ItemKind::Alarm), Holidays(pump, state, *this, ItemKind::Holiday),
+      Anniversaries(pump, state, *this, ItemKind::Anniversary), Appointments(pump, state, *this) {}
 
 const MessageMap& CSchedulePage::Messages() {
-    static const MessageMap map{{}, &CMainPage::Messages()};
+    static constexpr MessageEntry entries[] = {
+        On<&CSchedulePage::TakeStylusDown>(WM_LBUTTONDOWN),
+        On<&CSchedulePage::TakeStylusMove>(WM_MOUSEMOVE),
+        On<&CSchedulePage::TakeStylusUp>(WM_LBUTTONUP),
+        On<&CSchedulePage::TakeKeyDown>(WM_KEYDOWN),
+        OnScroll<&CSchedulePage::TakeScroll>(kScheduleScrollBar),
+        OnNotify<&CSchedulePage::TakeStartPicked>(kSchedulePeriodStart, DTN_CLOSEUP),
+        OnNotify<&CSchedulePage::TakeEndPicked>(kSchedulePeriodEnd, DTN_CLOSEUP),
+        OnCommand<&CSchedulePage::ViewSelected>(kCommandView),
+        OnCommand<&CSchedulePage::ModifySelected>(kCommandModify),
+        OnCommand<&CSchedulePage::DeleteSelected>(kCommandDelete),
+        OnCommand<&CSchedulePage::PauseSelected>(kCommandPause),
+        OnCommand<&CSchedulePage::CopyToCategory>(kCommandCopyToAlarm),
+        OnCommand<&CSchedulePage::CopyToCategory>(kCommandCopyToHoliday),
+        OnCommand<&CSchedulePage::CopyToCategory>(kCommandCopyToAnniversary),
+    };
+    static const MessageMap map{entries, &CMainPage::Messages()};
     return map;
 }
 
-void CSchedulePage::Paint() {
-    DropPainted();
-    Surface().FillRect(Rect::Whole(kPageSurface), kBackground);
-    Surface().DrawTextW(Form().Title, kTitleArea,
-                        {State.Fonts.FontComic13Bold, kTitleColor, DT_SINGLELINE | DT_VCENTER});
-    Declare({kTitleArea, PaintedRole::Header, std::u16string(Form().Title)});
-    DrawPageBar();
-    DeclarePageBar();
-    PresentSurface();
+void CSchedulePage::OnInitDialog() {
+    for (const ItemKind kind : kKinds) {
+        // A list without its window still holds its rows.
+        static_cast<void>(ListOf(kind).CreateOn(Handle(), PlaceOf(kind)));
+    }
+    MoveItem(kSchedulePeriodStart, kPeriodStartPlace);
+    MoveItem(kSchedulePeriodEnd, kPeriodEndPlace);
+    StartWithMonthAhead();
+    ShowItem(kScheduleScrollBar, true);
+    ShowKind(Kind);
+}
+
+CItemList& CSchedulePage::ListOf(ItemKind kind) {
+    CCategoryItemList* tagged = CategoryListOf(kind);
+    return tagged != nullptr ? static_cast<CItemList&>(*tagged) : Appointments;
+}
+
+CCategoryItemList* CSchedulePage::CategoryListOf(ItemKind kind) {
+    switch (kind) {
+    case ItemKind::Alarm:
+        return &Alarms;
+    case ItemKind::Holiday:
+        return &Holidays;
+    case ItemKind::Anniversary:
+        return &Anniversaries;
+    default:
+        return nullptr;
+    }
+}
+
+void CSchedulePage::ShowKind(ItemKind kind) {
+    Kind = kind;
+    for (const ItemKind other : kKinds) {
+        ListOf(other).Show(other == kind ? ShowCommand::Show : ShowCommand::Hide);
+    }
+    const bool hasPeriod = kind == ItemKind::Appointment;
+    ShowItem(kSchedulePeriodStart, hasPeriod);
+    ShowItem(kSchedulePeriodEnd, hasPeriod);
+    const Rect place = PlaceOf(kind);
+    MoveItem(kScheduleScrollBar, {place.Right, place.Top, place.Right + kBarWidth, place.Bottom});
+    SetScrollBar();
+    Host().Windows().SetFocus(CurrentList().Handle());
+    Invalidate();
+}
+
+void CSchedulePage::ShowNextKind(int step) {
+    ShowKind(static_cast<ItemKind>((static_cast<int>(Kind) + step + kKindCount) % kKindCount));
+}
+
+void CSchedulePage::Open() {
+    if (Stale) {
+        FillLists();
+    }
+    Show(ShowCommand::Maximize);
+    Host().Windows().SetFocus(CurrentList().Handle());
+}
+
+void CSchedulePage::RefillLists() {
+    Stale = true;
+    if (Host().Windows().IsWindowVisible(Handle())) {
+        FillLists();
+    }
+    Invalidate();
+}
+
+void CSchedulePage::FillLists() {
+    Stale = false;
+    Alarms.Fill();
+    Holidays.Fill();
+    Anniversaries.Fill();
+    FillAppointments();
+    SetScrollBar();
+}
+
+void CSchedulePage::FillAppointments() {
+    Appointments.Fill(PeriodStart(), PeriodEnd());
+}
+
+void CSchedulePage::SetScrollBar() {
+    const CItemList& list = CurrentList();
+    Host().Controls().SetScrollInfo(Item(kScheduleScrollBar), {0, list.MaximumTop(), list.Top()});
+}
+
+void CSchedulePage::UpdateOwnerList(const AppointmentData& record, bool isNew, Oid oid) {
+    AppointmentData saved = record;
+    saved.Oid = oid;
+    if (CCategoryItemList* list = CategoryListOf(EditedKind); list != nullptr) {
+        list->AddOrReplace(saved, isNew, EditedOid);
+    } else {
+        FillAppointments();
+    }
+    SetScrollBar();
 }
 
 } // namespace tavo

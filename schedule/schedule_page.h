@@ -1,23 +1,101 @@
-// The Schedule page.
+// The Schedule page: the items of one kind at a time, and what can be done with them.
 #pragma once
 
+#include "edit/ink_note_editor.h"
+#include "edit/list_owner.h"
+#include "schedule/appointment_item_list.h"
+#include "schedule/category_item_list.h"
 #include "schedule/main_page.h"
+
+#include <string_view>
 
 namespace tavo {
 
-class CSchedulePage : public CMainPage {
+class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwner {
   public:
     CSchedulePage(CMessagePump& pump, CProgramState& state, IMainView& view);
-
-    // Appointments or category lists changed.
-    void RefillLists() { Invalidate(); }
 
     static const MessageMap& Messages();
 
     const MessageMap& GetMessageMap() const override { return Messages(); }
 
+    // Comes on show, with what changed while it was hidden.
+    void Open();
+    // Appointments or category lists changed. A hidden page follows when it comes on show.
+    void RefillLists();
+    // Opens the editor on a new item of this kind, whatever kind is shown.
+    void MakeItem(ItemKind kind);
+
+    // The edit dialog saved the item that this page opened it for.
+    void UpdateOwnerList(const AppointmentData& record, bool isNew, Oid oid) override;
+
+    IInkNoteEditor* InkEditor = nullptr; // for the edit dialogs; may be absent
+
   protected:
+    void OnInitDialog() override;
     void Paint() override;
+
+  private:
+    // schedule_page.cpp: kinds and lists
+    CItemList& ListOf(ItemKind kind);
+
+    CItemList& CurrentList() { return ListOf(Kind); }
+
+    CCategoryItemList* CategoryListOf(ItemKind kind); // null for appointments
+    void ShowKind(ItemKind kind);
+    void ShowNextKind(int step);
+    void FillLists();
+    void FillAppointments();
+    void SetScrollBar();
+
+    // schedule_page_period.cpp
+    SYSTEMTIME PeriodStart() const;
+    SYSTEMTIME PeriodEnd() const;
+    void SetPicker(int picker, const SYSTEMTIME& date);
+    void StartWithMonthAhead();
+    void TakeStartPicked();
+    void TakeEndPicked();
+    void SayPeriodTooLong();
+    void ShowPeriod(const SYSTEMTIME& start, const SYSTEMTIME& end);
+
+    // schedule_page_paint.cpp
+    void DeclareHeader();
+
+    // schedule_page_input.cpp
+    bool TakeStylusDown(Point point);
+    void TakeStylusMove(Point point);
+    void TakeStylusUp(Point point);
+    void TakeKeyDown(const Message& key);
+    void TakeScroll(const Message& scroll);
+    void ScrollTo(int top);
+    void OnListScrolled() override;
+    void ScrollListBy(int rows) override;
+    void TakeListCommand(int command) override;
+    void TakeListKey(const Message& key) override;
+
+    WindowHandle MenuOwner() const override { return Handle(); }
+
+    // schedule_page_commands.cpp
+    void ViewSelected();
+    void ModifySelected();
+    void DeleteSelected();
+    void PauseSelected();
+    void CopyToCategory(int command);
+    void EditItem(ItemKind kind, const AppointmentData& record);
+    // The selected record of the list on show; without one says so in these words and gives null.
+    const AppointmentData* SelectedOr(const std::u16string_view (&texts)[4]);
+    bool ConfirmDeletion();
+
+    ItemKind Kind = ItemKind::Alarm;
+    bool NewPressed = false;
+    bool NewTracking = false;
+    bool Stale = true; // the lists do not hold what the store does
+    ItemKind EditedKind = ItemKind::Alarm;
+    Oid EditedOid = 0; // of the item in the editor; 0: a new one
+    CCategoryItemList Alarms;
+    CCategoryItemList Holidays;
+    CCategoryItemList Anniversaries;
+    CAppointmentItemList Appointments;
 };
 
 } // namespace tavo

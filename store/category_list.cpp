@@ -29,12 +29,19 @@ void CategoryList::RemoveAt(std::size_t index) {
     }
 }
 
-bool CategoryList::RemoveFirst(Oid oid) {
+std::optional<std::size_t> CategoryList::Find(Oid oid) const {
     if (!Contains(oid)) {
-        return false;
+        return std::nullopt;
     }
-    RemoveAt(static_cast<std::size_t>(std::find(Oids.begin(), Oids.end(), oid) - Oids.begin()));
-    return true;
+    return static_cast<std::size_t>(std::find(Oids.begin(), Oids.end(), oid) - Oids.begin());
+}
+
+bool CategoryList::RemoveFirst(Oid oid) {
+    const std::optional<std::size_t> place = Find(oid);
+    if (place) {
+        RemoveAt(*place);
+    }
+    return place.has_value();
 }
 
 void CategoryList::Replace(std::vector<Oid> oids) {

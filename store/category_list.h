@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <unordered_map>
 #include <vector>
@@ -39,6 +40,8 @@ class CategoryList {
     void Insert(std::size_t index, Oid oid);
     // Closes the gap.
     void RemoveAt(std::size_t index);
+    // Where the first equal OID stands; nothing when there is none.
+    std::optional<std::size_t> Find(Oid oid) const;
     // Removes the first equal OID. False when there is none.
     bool RemoveFirst(Oid oid);
     // Puts these OIDs in place of all it holds.

@@ -193,13 +193,15 @@ TEST_F(MainView, AChangeByAnotherProcessReachesThePages) {
     EXPECT_EQ(Program.CellName(0, 5), u"2004-11-05: appointment");
 }
 
-TEST_F(MainView, EveryPageHasTheToolsMenu) {
+TEST_F(MainView, EveryPageHasTheToolsMenuAndTheSchedulePageItsOwnToo) {
     for (int page = 0; page < 4; ++page) {
         Program.ShowPage(page);
         const shell::MenuBarState* bar = Program.Device.See.MenuBar();
         ASSERT_NE(bar, nullptr) << page;
-        ASSERT_EQ(bar->Menus.size(), 1U) << page;
-        EXPECT_EQ(bar->Menus[0].Text, u"Tools");
+        const bool isSchedule = page == 1;
+        ASSERT_EQ(bar->Menus.size(), isSchedule ? 2U : 1U) << page;
+        EXPECT_EQ(bar->Menus.back().Text, u"Tools");
+        EXPECT_EQ(bar->Menus.front().Text, isSchedule ? u"schedule" : u"Tools");
     }
 }
 

@@ -1,0 +1,95 @@
+// How the item lists look.
+#include "schedule/item_list.h"
+
+#include "store/fit_text.h"
+#include "store/text_tables.h"
+
+#include <algorithm>
+
+namespace tavo {
+
+namespace {
+
+constexpr int kLineHeight = 17;
+constexpr int kLineLeft = 5;
+constexpr int kRightMargin = 20;
+constexpr int kHeadingWidth = 130;
+constexpr int kDateRight = 222; // as far as the scroll bar lets it be seen
+constexpr std::uint32_t kLineFormat = DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX;
+
+constexpr Color kWhite = Color::FromRgb(255, 255, 255);
+constexpr Color kBlack = Color::FromRgb(0, 0, 0);
+constexpr Color kSelection{0xBF6000};
+constexpr Color kEmptyTextColor{0xCCCCCC};
+constexpr Pen kSeparatorPen{kBlack, 1};
+
+// In one line there is no place for line breaks and tabs.
+std::u16string MakeOneLine(std::u16string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char16_t character) { return character < u' '; }, u' ');
+    return text;
+}
+
+} // namespace
+
+void CItemList::Paint() {
+    const Rect whole = Rect::Whole(Look.Extent());
+    DropPainted();
+    Surface().FillRect(whole, kWhite);
+    if (Records.empty()) {
+        const std::u16string_view text = kEmptyListTexts[IndexOf(OwnKind)];
+        Surface().DrawTextW(text, whole,
+                            {State.Fonts.FontArial10, kEmptyTextColor, DT_CENTER | DT_VCENTER | DT_SINGLELINE});
+        Declare({whole, PaintedRole::Text, std::u16string(text)});
+    }
+    const int shown = std::min(Look.VisibleRows, Count() - TopRow);
+    for (int place = 0; place < shown; ++place) {
+        PaintRow(TopRow + place, place * Look.RowHeight);
+    }
+    PresentSurface();
+}
+
+void CItemList::PaintRow(int row, int top) {
+    const int width = Look.Extent().Width;
+    const ItemRowText text = Describe(Records[static_cast<std::size_t>(row)]);
+    const bool selected = row == SelectedRow;
+    const Color ink = selected ? kWhite : kBlack;
+    const Rect area = Rect::FromSize(0, top, width, Look.RowHeight);
+    Surface().FillRect(area, selected ? kSelection : kWhite);
+    Surface().DrawLine({0, area.Top}, {width, area.Top}, kSeparatorPen);
+    Surface().DrawLine({0, area.Bottom}, {width, area.Bottom}, kSeparatorPen);
+
+    const FontHandle bold = State.Fonts.FontArial10Bold;
+    Rect line{kLineLeft, top, width - kRightMargin, top + kLineHeight};
+    Surface().DrawTextW(MakeOneLine(FitText(Host().Drawing(), bold, text.Heading, kHeadingWidth)), line,
+                        {bold, ink, kLineFormat});
+    if (!text.Date.empty()) {
+        Surface().DrawTextW(text.Date, {kLineLeft, line.Top, kDateRight, line.Bottom},
+                            {State.Fonts.FontArial7, ink, kLineFormat | DT_RIGHT});
+    }
+    std::u16string name = text.Heading;
+    const std::size_t below = static_cast<std::size_t>(Look.LinesBelow);
+    const std::size_t first = text.Lines.size() > below ? text.Lines.size() - below : 0;
+    for (std::size_t index = 0; index < text.Lines.size(); ++index) {
+        name += u", " + text.Lines[index];
+        if (index >= first) {
+            line.Top += kLineHeight;
+            line.Bottom += kLineHeight;
+            DrawLine(text.Lines[index], line, ink);
+        }
+    }
+    PaintedItem item{area, PaintedRole::Row, MakeOneLine(std::move(name)), row};
+    item.Selected = selected;
+    Declare(std::move(item));
+}
+
+// A line that is too long for the ordinary font is drawn in the small one rather than cut.
+void CItemList::DrawLine(const std::u16string& words, const Rect& area, Color color) {
+    const SharedFonts& fonts = State.Fonts;
+    std::vector<int> widths;
+    Host().Drawing().GetTextExtentExPointW(fonts.FontArial10, words, widths);
+    const bool fits = widths.empty() || widths.back() <= area.Width();
+    Surface().DrawTextW(MakeOneLine(words), area, {fits ? fonts.FontArial10 : fonts.FontArial7, color, kLineFormat});
+}
+
+} // namespace tavo

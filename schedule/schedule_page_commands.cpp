@@ -1,0 +1,117 @@
+// The commands on an item of the Schedule page.
+#include "schedule/schedule_page.h"
+
+#include "edit/appointment_dlg.h"
+#include "framework/format.h"
+#include "res/resource_ids.h"
+#include "res/strings.h"
+#include "store/change_group.h"
+
+#include <utility>
+
+namespace tavo {
+
+namespace {
+
+// By kind. Kept on purpose: what an anniversary's View says.
+constexpr std::u16string_view kSelectToView[] = {u"Select alarm to see", u"Select holiday to see",
+                                                 u"Select anniversary to modify", u"Select appointment to see"};
+constexpr std::u16string_view kSelectToModify[] = {u"Select alarm to modify", u"Select holiday to modify",
+                                                   u"Select anniversary to modify", u"Select appointment to modify"};
+constexpr std::u16string_view kSelectToDelete[] = {u"Select alarm to delete", u"Select holiday to delete",
+                                                   u"Select anniversary to delete", u"Select appointment to delete"};
+
+ItemKind TargetOf(int command) {
+    switch (command) {
+    case kCommandCopyToHoliday:
+        return ItemKind::Holiday;
+    case kCommandCopyToAnniversary:
+        return ItemKind::Anniversary;
+    default:
+        return ItemKind::Alarm;
+    }
+}
+
+} // namespace
+
+const AppointmentData* CSchedulePage::SelectedOr(const std::u16string_view (&texts)[4]) {
+    const AppointmentData* selected = CurrentList().GetSelected();
+    if (selected == nullptr) {
+        MessageBoxDescription box;
+        box.Text = texts[IndexOf(Kind)];
+        Pump().ShowMessageBox(Handle(), box);
+    }
+    return selected;
+}
+
+bool CSchedulePage::ConfirmDeletion() {
+    MessageBoxDescription box;
+    box.Text = kDeleteQuestion;
+    box.Caption = kDeleteCaption;
+    box.Buttons = MessageBoxButtons::YesNo;
+    return Pump().ShowMessageBox(Handle(), box) == IDYES;
+}
+
+void CSchedulePage::ViewSelected() {
+    static_cast<void>(SelectedOr(kSelectToView));
+}
+
+void CSchedulePage::ModifySelected() {
+    if (const AppointmentData* selected = SelectedOr(kSelectToModify); selected != nullptr) {
+        EditItem(Kind, *selected);
+        View.PostChangeNotice();
+    }
+}
+
+void CSchedulePage::DeleteSelected() {
+    const AppointmentData* selected = SelectedOr(kSelectToDelete);
+    if (selected == nullptr) {
+        return;
+    }
+    const AppointmentData record = *selected;
+    if (!ConfirmDeletion()) {
+        return;
+    }
+    CItemList& list = CurrentList();
+    const AppointmentData* still = list.GetSelected();
+    if (still == nullptr || still->Oid != record.Oid) {
+        list.SelectItem(record); // the list was filled anew while the question was open
+    }
+    list.DeleteSelected();
+    SetScrollBar();
+    View.PostChangeNotice();
+}
+
+// Kept on purpose: the command is there and does nothing.
+void CSchedulePage::PauseSelected() {}
+
+void CSchedulePage::CopyToCategory(int command) {
+    const AppointmentData* selected = Appointments.GetSelected();
+    CCategoryItemList* target = CategoryListOf(TargetOf(command));
+    if (selected == nullptr || target == nullptr) {
+        return;
+    }
+    ChangeGroup group(State.Store, u"copy");
+    target->AddOrReplace(*selected, true, 0);
+    static_cast<void>(group.End());
+    SetScrollBar();
+    View.PostChangeNotice();
+}
+
+void CSchedulePage::EditItem(ItemKind kind, const AppointmentData& record) {
+    EditedKind = kind;
+    EditedOid = record.Oid;
+    CAppointmentDlg editor(Pump(), State);
+    editor.Mode = record.Oid == 0 ? ModeOfNew(kind) : ModeOfNew(kind) + 1;
+    editor.Item = record;
+    editor.Owner = this;
+    editor.InkEditor = InkEditor;
+    static_cast<void>(editor.DoModal()); // whether it saved anything, it told this page
+}
+
+void CSchedulePage::MakeItem(ItemKind kind) {
+    EditItem(kind, {});
+    View.PostChangeNotice();
+}
+
+} // namespace tavo

@@ -1,0 +1,117 @@
+// What stylus, keys and scroll bar do on the Schedule page.
+#include "schedule/schedule_page.h"
+
+#include "res/resource_ids.h"
+#include "schedule/schedule_page_look.h"
+
+#include <algorithm>
+
+namespace tavo {
+
+namespace {
+constexpr int kPageOfRows = 5;
+}
+
+bool CSchedulePage::TakeStylusDown(Point point) {
+    if (TakePageBarPress(point)) {
+        return true;
+    }
+    if (Hits(kNewButton, point)) {
+        NewPressed = true;
+        NewTracking = true;
+        Invalidate(kNewButton);
+        return true;
+    }
+    if (Hits(kPreviousArrow, point)) {
+        ShowNextKind(-1);
+        return true;
+    }
+    if (Hits(kNextArrow, point)) {
+        ShowNextKind(1);
+        return true;
+    }
+    return false;
+}
+
+void CSchedulePage::TakeStylusMove(Point point) {
+    if (NewTracking && NewPressed != Hits(kNewButton, point)) {
+        NewPressed = !NewPressed;
+        Invalidate(kNewButton);
+    }
+}
+
+void CSchedulePage::TakeStylusUp(Point point) {
+    TakeStylusMove(point);
+    const bool chosen = NewPressed;
+    NewPressed = false;
+    NewTracking = false;
+    if (chosen) {
+        Invalidate(kNewButton);
+        MakeItem(Kind);
+    }
+}
+
+void CSchedulePage::TakeKeyDown(const Message& key) {
+    if (TakePageKey(key) || CurrentList().MoveSelection(key.Id)) {
+        return;
+    }
+    if (key.Id == VK_LEFT) {
+        ShowNextKind(-1);
+    } else if (key.Id == VK_RIGHT) {
+        ShowNextKind(1);
+    }
+}
+
+void CSchedulePage::TakeListKey(const Message& key) {
+    TakeKeyDown(key);
+}
+
+void CSchedulePage::TakeScroll(const Message& scroll) {
+    const int top = CurrentList().Top();
+    switch (scroll.Code) {
+    case SB_LINEUP:
+        ScrollTo(top - 1);
+        break;
+    case SB_LINEDOWN:
+        ScrollTo(top + 1);
+        break;
+    case SB_PAGEUP:
+        ScrollTo(top - kPageOfRows);
+        break;
+    case SB_PAGEDOWN:
+        ScrollTo(top + kPageOfRows);
+        break;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+        ScrollTo(scroll.Value);
+        break;
+    default:
+        break;
+    }
+}
+
+void CSchedulePage::ScrollTo(int top) {
+    const int maximum = Host().Controls().GetScrollInfo(Item(kScheduleScrollBar)).Maximum;
+    CurrentList().SetTop(std::clamp(top, 0, maximum));
+    SetScrollBar();
+}
+
+void CSchedulePage::ScrollListBy(int rows) {
+    ScrollTo(CurrentList().Top() + rows);
+}
+
+void CSchedulePage::OnListScrolled() {
+    SetScrollBar();
+}
+
+void CSchedulePage::TakeListCommand(int command) {
+    Message message;
+    message.Window = Handle();
+    message.Number = WM_COMMAND;
+    message.Id = command;
+    message.Code = BN_CLICKED;
+    message.Value = 1;
+    HandleMessage(message);
+}
+
+} // namespace tavo

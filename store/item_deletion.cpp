@@ -1,0 +1,69 @@
+// The name of the step, and its parts in order.
+#include "store/item_deletion.h"
+
+#include "framework/format.h"
+#include "store/change_group.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace tavo {
+
+namespace {
+
+constexpr std::size_t kLongestName = 30; // characters of the subject, as a menu can show them
+constexpr std::array<std::u16string_view, 4> kKindWords{u"alarm", u"holiday", u"anniversary", u"appointment"};
+
+// Of the two units that make one character beyond the first 65,536.
+bool IsFirstOfPair(char16_t unit) {
+    return unit >= 0xD800 && unit < 0xDC00;
+}
+
+std::u16string ShortenSubject(std::u16string_view subject) {
+    std::u16string text(subject.substr(0, kLongestName));
+    if (subject.size() > kLongestName && IsFirstOfPair(text.back())) {
+        text.pop_back();
+    }
+    std::replace_if(
+        text.begin(), text.end(), [](char16_t character) { return character < u' '; }, u' ');
+    return subject.size() > kLongestName ? text += u"..." : text;
+}
+
+} // namespace
+
+std::u16string NameDeletion(ItemKind kind, const AppointmentData& record) {
+    const std::u16string_view word = record.IsRecurring ? u"series" : kKindWords[IndexOf(kind)];
+    return FormatText(u"delete of %s %s", word, ShortenSubject(record.Subject));
+}
+
+bool DeleteItem(CProgramState& state, ItemKind kind, const AppointmentData& record) {
+    CategoryList* list =
+        kind == ItemKind::Appointment ? nullptr : &state.Categories.ListOf(static_cast<TagList>(IndexOf(kind)));
+    std::vector<Oid> before;
+    if (list != nullptr) {
+        before.assign(list->All().begin(), list->All().end());
+    }
+    {
+        ChangeGroup group(state.Store, NameDeletion(kind, record));
+        if (!group.IsOpen()) {
+            return false;
+        }
+        const bool untagged = list != nullptr && list->RemoveFirst(record.Oid);
+        state.Store.DeleteAppointment(record.Oid);
+        const bool gone = Succeeded(state.Store.LastStoreResult) || state.Store.LastStoreResult == Status::NotFound;
+        if (gone && group.End()) {
+            return true;
+        }
+        if (!untagged) {
+            return false;
+        }
+    }
+    list->Replace(std::move(before));
+    return false;
+}
+
+} // namespace tavo
