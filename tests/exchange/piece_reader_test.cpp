@@ -5,11 +5,13 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tavo::exchange {
 namespace {
 
+using namespace std::string_view_literals;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
@@ -155,8 +157,7 @@ TEST(PieceReader, RefusesEndlessNesting) {
 }
 
 TEST(PieceReader, RefusesAZeroByteInATextThatIsKept) {
-    const FileFault fault =
-        ReadToFault(std::string_view("BEGIN:VCALENDAR\nBEGIN:VEVENT\nSUMMARY:a\0b\nEND:VEVENT\nEND:VCALENDAR\n", 69));
+    const FileFault fault = ReadToFault("BEGIN:VCALENDAR\nBEGIN:VEVENT\nSUMMARY:a\0b\nEND:VEVENT\nEND:VCALENDAR\n"sv);
     EXPECT_EQ(fault.Line, 3);
     EXPECT_EQ(fault.Reason, "this line contains a zero byte");
 }

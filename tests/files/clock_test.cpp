@@ -36,7 +36,7 @@ TEST(SystemClock, TellsTheLocalTimeOfTheProcess) {
     EXPECT_EQ(RunApart([] {
                   setenv("TZ", "TST-5:30", 1);
                   SystemClock clock;
-                  const std::time_t before = std::time(nullptr) + 5 * 3600 + 1800;
+                  const std::time_t before = std::time(nullptr) + std::time_t{5} * 3600 + 1800;
                   const SYSTEMTIME now = clock.GetLocalTime();
                   std::tm expected{};
                   gmtime_r(&before, &expected);

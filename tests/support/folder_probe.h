@@ -34,7 +34,7 @@ template <class Interface> class CountedProbe : public Interface {
   protected:
     explicit CountedProbe(const FolderFaults& faults) : Faults(faults) {}
 
-    virtual ~CountedProbe() = default;
+    ~CountedProbe() override = default;
 
     const FolderFaults& Faults;
 
