@@ -97,12 +97,14 @@ void CAppointmentDlg::PaintField(int row, const FormField& field) {
     } else if (field.Control == kEditMemo) {
         style.Ink = kLinkColor;
     }
-    const int room = bounds.Width() - 2 * kIndent;
+    const bool isAlone = field.Width == FormField{}.Width;
+    const Rect place{bounds.Left + kIndent, bounds.Top, isAlone ? kRuleRight : bounds.Right - kIndent, bounds.Bottom};
+    const int room = place.Width();
     const bool canBeLong = field.Control == kEditSubject || field.Control == kEditSound;
     const std::u16string shown =
         saysAllDay ? text : FitText(Host().Drawing(), font, text, canBeLong ? room - kDotsRoom : room);
     if (!isCovered) {
-        Surface().DrawTextW(shown, {bounds.Left + kIndent, bounds.Top, bounds.Right - kIndent, bounds.Bottom}, style);
+        Surface().DrawTextW(shown, place, style);
     }
     PaintedItem item{bounds, PaintedRole::Cell, text, field.Control};
     item.Selected = ShownField == field.Control;

@@ -262,6 +262,10 @@ SYSTEMTIME EditDesk::PickerOf(int id) {
     return Device.Host().Controls().GetSystemtime(Device.See.Control(id));
 }
 
+Rect EditDesk::PlaceOf(int id) {
+    return Device.Host().State.Tree.Find(Device.See.Control(id))->Bounds;
+}
+
 std::vector<int> EditDesk::ShownEditingControls() const {
     std::vector<int> shown;
     std::copy_if(std::begin(kEditingControls), std::end(kEditingControls), std::back_inserter(shown),

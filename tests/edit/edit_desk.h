@@ -102,6 +102,7 @@ class EditDesk : public StoreWords, public IListOwner, public IInkNoteEditor {
     // The value that the form shows for a control: what was declared of it.
     std::u16string ValueOf(int control) const;
     SYSTEMTIME PickerOf(int id);
+    Rect PlaceOf(int id); // in the dialog
     std::vector<int> ShownEditingControls() const;
     // All message boxes so far, as "caption|text", with "!" at the end where there is an exclamation icon.
     std::vector<std::u16string> Messages();

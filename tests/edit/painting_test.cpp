@@ -1,0 +1,182 @@
+// What the painted form says.
+#include "tests/edit/edit_desk.h"
+
+#include <gtest/gtest.h>
+
+namespace tavo::test {
+namespace {
+
+using Texts = std::vector<std::u16string>;
+
+constexpr Color kRule = Color::FromRgb(153, 153, 153);
+
+class EditorTexts : public testing::Test {
+  protected:
+    Texts RowNames() const {
+        Texts names;
+        for (const PaintedItem& item : Desk.Device.See.Items()) {
+            if (item.Role == PaintedRole::Row) {
+                names.push_back(item.Name);
+            }
+        }
+        return names;
+    }
+
+    void RunNew(std::int32_t mode) {
+        Desk.Cancel();
+        EXPECT_EQ(Desk.RunNew(mode), IDCANCEL);
+    }
+
+    EditDesk Desk{At(2026, 11, 21, 14, 47)};
+};
+
+TEST_F(EditorTexts, LabelsOfAnAlarm) {
+    Desk.Check([&] {
+        EXPECT_EQ(RowNames(), (Texts{u"Subject :", u"Date :", u"Time :", u"Recur :", u"Alarm :", u"Memo :"}));
+    });
+    RunNew(kModeNewAlarm);
+}
+
+TEST_F(EditorTexts, LabelsOfAHoliday) {
+    Desk.Check([&] {
+        EXPECT_EQ(RowNames(), (Texts{u"Subject :", u"Date :", u"Recur :", u"Alarm :", u"", u"Memo :"}));
+    });
+    RunNew(kModeNewHoliday);
+}
+
+TEST_F(EditorTexts, LabelsOfAnAppointment) {
+    Desk.Check([&] {
+        EXPECT_EQ(RowNames(), (Texts{u"Subject :", u"Start :", u"End :", u"", u"Recur :", u"Alarm :", u"", u"Memo :"}));
+    });
+    RunNew(kModeNewAppointment);
+}
+
+TEST_F(EditorTexts, AnAlarmSaysItsTimeToTheSecond) {
+    Desk.Check([&] {
+        EXPECT_EQ(Desk.ValueOf(kEditStartDate), u"2026.11.21 (Sat)");
+        EXPECT_EQ(Desk.ValueOf(kEditStartTime), u"02:30:00 PM");
+        EXPECT_EQ(Desk.ValueOf(kEditRecurrence), u"Once");
+        EXPECT_EQ(Desk.ValueOf(kEditSound), u"Sound off");
+        EXPECT_EQ(Desk.ValueOf(kEditMemo), u"Edit memo...");
+    });
+    RunNew(kModeNewAlarm);
+}
+
+TEST_F(EditorTexts, AHolidaySaysItsDayAlone) {
+    Desk.Check([&] {
+        EXPECT_EQ(Desk.ValueOf(kEditStartDate), u"2026.11.21 (Sat)");
+        EXPECT_EQ(Desk.ValueOf(kEditStartTime), u"(not painted)");
+        EXPECT_EQ(Desk.ValueOf(kEditReminder), u"No");
+        EXPECT_EQ(Desk.ValueOf(kEditReminderValue), u"12");
+        EXPECT_EQ(Desk.ValueOf(kEditReminderUnit), u"Hour(s)");
+    });
+    RunNew(kModeNewHoliday);
+}
+
+TEST_F(EditorTexts, AnAppointmentSaysItsTimesToTheMinute) {
+    Desk.Check([&] {
+        EXPECT_EQ(Desk.ValueOf(kEditStartDate), u"2026.11.21");
+        EXPECT_EQ(Desk.ValueOf(kEditStartTime), u"02:30 PM");
+        EXPECT_EQ(Desk.ValueOf(kEditEndDate), u"2026.11.21");
+        EXPECT_EQ(Desk.ValueOf(kEditEndTime), u"02:30 PM");
+        EXPECT_EQ(Desk.ValueOf(kEditAllDay), u"All day");
+    });
+    RunNew(kModeNewAppointment);
+}
+
+TEST_F(EditorTexts, AnAllDayAppointmentSaysSoInPlaceOfItsTimes) {
+    Desk.TapAllDay();
+    Desk.Check([&] {
+        EXPECT_EQ(Desk.ValueOf(kEditStartDate), u"2026.11.21");
+        EXPECT_EQ(Desk.ValueOf(kEditStartTime), u"All day recurring");
+        EXPECT_EQ(Desk.ValueOf(kEditEndTime), u"All day recurring");
+        EXPECT_TRUE(Desk.Device.See.ShowsText(u"All day recurring"));
+    });
+    RunNew(kModeNewAppointment);
+}
+
+TEST_F(EditorTexts, AValueFollowsItsControlAtTheNextTap) {
+    Desk.Subject(u"Dentist");
+    Desk.PickStartDate(2027, 1, 2);
+    Desk.Device.Tap(2, 2);
+    Desk.Check([&] {
+        EXPECT_TRUE(Desk.Device.See.ShowsText(u"Dentist"));
+        EXPECT_TRUE(Desk.Device.See.ShowsText(u"2027.01.02 (Sat)"));
+    });
+    RunNew(kModeNewAlarm);
+}
+
+TEST_F(EditorTexts, ALongSubjectEndsInDotsWithinItsRow) {
+    Desk.Subject(std::u16string(100, u'm'));
+    Desk.Device.Tap(2, 2);
+    Desk.Check([&] {
+        EXPECT_EQ(Desk.ValueOf(kEditSubject), std::u16string(100, u'm'));
+        bool isShortened = false;
+        for (const headless::Placed& placed : Desk.Device.See.Visible()) {
+            if (placed.Text.starts_with(u"mmm")) {
+                isShortened = placed.Text.ends_with(u"...");
+                EXPECT_GE(placed.Area.Left, 65);
+                EXPECT_LE(placed.Area.Right, 235);
+            }
+        }
+        EXPECT_TRUE(isShortened);
+    });
+    RunNew(kModeNewAlarm);
+}
+
+TEST_F(EditorTexts, NoRecurrenceTextIsShortened) {
+    // The longest of them all, in the widest of months and weekdays.
+    Desk.PickStartDate(2026, 11, 25);
+    Desk.ChooseRecurrence(kChoiceMonthNth);
+    Desk.Device.Tap(2, 2);
+    Desk.Check([&] { EXPECT_TRUE(Desk.Device.See.ShowsText(u"The 4th Wed. of every month")); });
+    RunNew(kModeNewAppointment);
+}
+
+TEST_F(EditorTexts, NoTextIsDrawnUnderTheControlThatIsShown) {
+    Desk.Check([&] { EXPECT_TRUE(Desk.Device.See.ShowsText(u"2026.11.21 (Sat)")); });
+    Desk.ShowRow(1);
+    Desk.Check([&] { EXPECT_FALSE(Desk.Device.See.ShowsText(u"2026.11.21 (Sat)")); });
+    RunNew(kModeNewAlarm);
+}
+
+TEST_F(EditorTexts, TheSoundRowHasPlayAndStop) {
+    Desk.Check([&] {
+        for (const auto& [name, left] : {std::pair{u"Play", 196}, std::pair{u"Stop", 214}}) {
+            const std::optional<PaintedItem> icon = Desk.Device.See.FindItem(PaintedRole::Button, name);
+            ASSERT_TRUE(icon.has_value());
+            EXPECT_EQ(icon->Bounds.Left, left);
+            EXPECT_EQ(icon->Bounds.Width(), 16);
+            EXPECT_EQ(icon->Bounds.Height(), 16);
+            EXPECT_GE(icon->Bounds.Top, 119);
+            EXPECT_LE(icon->Bounds.Bottom, 119 + 26);
+        }
+        EXPECT_TRUE(Desk.Device.See.ShowsBitmap(kBitmapPlay));
+        EXPECT_TRUE(Desk.Device.See.ShowsBitmap(kBitmapStop));
+    });
+    RunNew(kModeNewAlarm);
+}
+
+TEST_F(EditorTexts, GreyRulesLieBetweenTheRowsOnWhite) {
+    Desk.Check([&] {
+        for (int row = 0; row <= 6; ++row) {
+            EXPECT_EQ(Desk.Device.See.PixelAt(232, 14 + 26 * row), kRule) << row;
+            EXPECT_EQ(Desk.Device.See.PixelAt(232, 14 + 26 * row + 13), Color::FromRgb(255, 255, 255)) << row;
+        }
+    });
+    RunNew(kModeNewAlarm);
+}
+
+TEST_F(EditorTexts, TheRowOfTheShownControlIsSelected) {
+    Desk.ShowRow(3);
+    Desk.Check([&] {
+        const std::optional<PaintedItem> row = Desk.Device.See.FindItem(PaintedRole::Row, u"Recur :");
+        ASSERT_TRUE(row.has_value());
+        EXPECT_TRUE(row->Selected);
+        EXPECT_FALSE(Desk.Device.See.FindItem(PaintedRole::Row, u"Date :")->Selected);
+    });
+    RunNew(kModeNewAlarm);
+}
+
+} // namespace
+} // namespace tavo::test
