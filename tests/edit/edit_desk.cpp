@@ -118,6 +118,9 @@ SavedPattern EditDesk::ReadPattern(Oid oid) {
     expect(pattern->get_PatternStartDate(saved.Start));
     expect(pattern->get_NoEndDate(saved.NoEnd));
     expect(pattern->get_PatternEndDate(saved.End));
+    expect(pattern->get_StartTime(saved.StartTime));
+    expect(pattern->get_EndTime(saved.EndTime));
+    expect(pattern->get_Duration(saved.Duration));
     expect(pattern->get_Occurrences(saved.Occurrences));
     expect(pattern->get_Interval(saved.Interval));
     expect(pattern->get_DayOfWeekMask(saved.Mask));
@@ -193,6 +196,11 @@ void EditDesk::ChooseReminder(bool yes) {
 void EditDesk::TypeLead(std::u16string text) {
     Device.Do([this] { ShowRow(RowOf(kEditReminderValue), 120); });
     Device.TypeInto(kEditReminderValue, std::move(text));
+}
+
+void EditDesk::ChooseLeadUnit(int unit) {
+    Device.Do([this] { ShowRow(RowOf(kEditReminderUnit), 160); });
+    Device.Choose(kEditReminderUnit, unit);
 }
 
 void EditDesk::ChooseSound(std::u16string name) {

@@ -44,6 +44,9 @@ struct SavedPattern {
     DATE Start = 0;
     bool NoEnd = false;
     DATE End = 0;
+    DATE StartTime = 0;
+    DATE EndTime = 0;
+    std::int32_t Duration = -1;
     std::int32_t Occurrences = -1;
     std::int32_t Interval = -1;
     std::int32_t Mask = -1;
@@ -85,6 +88,7 @@ class EditDesk : public StoreWords, public IListOwner, public IInkNoteEditor {
     void ChooseRecurrence(int choice);
     void ChooseReminder(bool yes);
     void TypeLead(std::u16string text);
+    void ChooseLeadUnit(int unit);
     void ChooseSound(std::u16string name);
     void TapAllDay();
     void Ok();
