@@ -69,6 +69,20 @@ bool EditWithKey(HeadlessHost& host, WindowHandle control, int key) {
     }
 }
 
+bool IsPaper(HeadlessHost& host, WindowHandle control) {
+    const shell::ControlState* state = host.State.Tree.FindControl(control);
+    return state != nullptr && state->Kind == ControlKind::Ink && host.State.TakesInput(control);
+}
+
+// In the middle of the pixel; the stylus of this device tells no pressure.
+ink::PenSample SampleAt(HeadlessHost& host, WindowHandle control, Point screen) {
+    const Rect bounds = host.State.Tree.ScreenBounds(control);
+    ink::PenSample sample;
+    sample.Place = {screen.X - bounds.Left + 0.5, screen.Y - bounds.Top + 0.5};
+    sample.Time = static_cast<std::uint32_t>(host.Time.GetMilliseconds());
+    return sample;
+}
+
 bool UseKey(HeadlessHost& host, WindowHandle control, int key) {
     const shell::ControlState& state = *host.State.Tree.FindControl(control);
     const bool isButton = state.Kind == ControlKind::CheckBox || state.Kind == ControlKind::RadioButton ||
@@ -90,6 +104,25 @@ bool UseKey(HeadlessHost& host, WindowHandle control, int key) {
 
 } // namespace
 
+void PressControl(HeadlessHost& host, WindowHandle control, Point screen) {
+    if (IsPaper(host, control)) {
+        host.ControlActions.Focus(control);
+        host.Papers.Find(control).PenDown(ink::PenEnd::Tip, SampleAt(host, control, screen));
+    }
+}
+
+void MoveOnControl(HeadlessHost& host, WindowHandle control, Point screen) {
+    if (IsPaper(host, control)) {
+        host.Papers.Find(control).PenMove(SampleAt(host, control, screen));
+    }
+}
+
+void ReleaseControl(HeadlessHost& host, WindowHandle control, Point screen) {
+    if (IsPaper(host, control)) {
+        host.Papers.Find(control).PenUp(SampleAt(host, control, screen));
+    }
+}
+
 void TapControl(HeadlessHost& host, WindowHandle control, Point screen) {
     const ControlKind kind = host.State.Tree.FindControl(control)->Kind;
     host.ControlActions.Focus(control);
@@ -105,6 +138,9 @@ void TapControl(HeadlessHost& host, WindowHandle control, Point screen) {
 
 void PressKeyInControl(HeadlessHost& host, WindowHandle control, int key, int modifiers) {
     const ControlKind kind = host.State.Tree.FindControl(control)->Kind;
+    if (IsPaper(host, control) && host.Papers.Find(control).Key(key, modifiers)) {
+        return;
+    }
     const bool opens = shell::IsList(kind) || kind == ControlKind::DatePicker;
     if (opens && key == VK_DOWN && modifiers == kModifierAlt) {
         host.ControlActions.OpenList(control);

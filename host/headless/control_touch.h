@@ -5,6 +5,10 @@
 
 namespace tavo::headless {
 
+// The stylus comes down, moves and leaves on a control that it is held on; points of the screen.
+void PressControl(HeadlessHost& host, WindowHandle control, Point screen);
+void MoveOnControl(HeadlessHost& host, WindowHandle control, Point screen);
+void ReleaseControl(HeadlessHost& host, WindowHandle control, Point screen);
 // A tap at this point of the screen, which lies on the control: focus, click, open, scroll.
 void TapControl(HeadlessHost& host, WindowHandle control, Point screen);
 // A key pressed while the control has the focus. What it does not use goes to its parent.

@@ -31,10 +31,17 @@ void Device::Expect(bool done, const std::string& problem) {
 
 void Device::Down(Point screen) {
     TouchedControl = OwnHost.Stylus.Down(screen);
+    PressControl(OwnHost, TouchedControl, screen);
+}
+
+void Device::Move(Point screen) {
+    OwnHost.Stylus.Move(screen);
+    MoveOnControl(OwnHost, TouchedControl, screen);
 }
 
 void Device::Up(Point screen) {
     OwnHost.Stylus.Up(screen);
+    ReleaseControl(OwnHost, TouchedControl, screen);
     const WindowHandle control = std::exchange(TouchedControl, WindowHandle::None);
     if (control != WindowHandle::None && OwnHost.State.TakesInput(control) &&
         OwnHost.State.Tree.ScreenBounds(control).Contains(screen)) {
@@ -56,7 +63,7 @@ void Device::Press(int x, int y) {
 }
 
 void Device::MoveTo(int x, int y) {
-    Do([this, x, y] { OwnHost.Stylus.Move(ToScreen(x, y)); });
+    Do([this, x, y] { Move(ToScreen(x, y)); });
 }
 
 void Device::Release(int x, int y) {

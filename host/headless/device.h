@@ -77,6 +77,7 @@ class Device {
     void OnControl(int id, const std::string& action, std::function<void(WindowHandle)> act);
     int FindMenu(std::u16string_view menu) const;
     void Down(Point screen);
+    void Move(Point screen);
     void Up(Point screen);
 
     HeadlessHost OwnHost;

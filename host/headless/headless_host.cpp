@@ -21,6 +21,9 @@ HeadlessHost::HeadlessHost(const DeviceOptions& options)
       OwnFiles({Root.Path().string(), options.InstalledSounds.string()}),
       Outlook(options.Outlook ? options.Outlook : MakeRealStore) {
     Seen.Watch(State);
+    Seen.SetDestroyed([this](WindowHandle window) { Papers.Drop(window); });
+    Papers.SetClock(Time.Clock);
+    Time.SetWaited([this] { Papers.NoteShown(); });
 }
 
 Status HeadlessHost::CoInitializeEx() {

@@ -3,10 +3,10 @@
 
 #include "host/files/device_files.h"
 #include "host/headless/device_root_folder.h"
-#include "host/headless/ink_holder.h"
 #include "host/headless/recorders.h"
 #include "host/headless/scripted_time.h"
 #include "host/headless/sightings.h"
+#include "host/ink/ink_desk.h"
 #include "host/locale/us_english_locale.h"
 #include "host/shell/control_input.h"
 #include "host/shell/key_input.h"
@@ -79,7 +79,7 @@ class HeadlessHost : public IHost {
     shell::StylusInput Stylus{State, Navigation};
     shell::KeyInput Keys{State, Navigation};
     shell::ControlInput ControlActions{State};
-    InkHolder Papers;
+    ink::InkDesk Papers{State};
     RecordedProcesses ProcessCalls;
     RecordedRegistry RegistryCalls;
     files::DeviceFiles OwnFiles;

@@ -9,6 +9,9 @@ void ScriptedTime::WaitForEvents(std::optional<shell::Milliseconds> deadline) {
     if (deadline && *deadline <= Elapsed) {
         return; // nothing waits outside: a step comes only when the program has nothing left to do
     }
+    if (Waited) {
+        Waited();
+    }
     if (PassUntil) {
         if (deadline && *deadline <= *PassUntil) {
             MoveTo(*deadline);

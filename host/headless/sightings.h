@@ -4,6 +4,9 @@
 #include "host/headless/recorded_drawing.h"
 #include "host/shell/shell.h"
 
+#include <functional>
+#include <utility>
+
 namespace tavo::headless {
 
 struct OpenedList {
@@ -24,6 +27,9 @@ class Sightings : public shell::IShellObserver {
 
     void Watch(shell::Shell& shell) { State = &shell; }
 
+    // Called with every window that goes.
+    void SetDestroyed(std::function<void(WindowHandle)> destroyed) { Destroyed = std::move(destroyed); }
+
     void OnChange(shell::Change change, WindowHandle window) override;
 
     std::vector<MessageBoxDescription> Boxes;
@@ -37,6 +43,7 @@ class Sightings : public shell::IShellObserver {
   private:
     RecordedDrawing& Drawing;
     shell::Shell* State = nullptr;
+    std::function<void(WindowHandle)> Destroyed;
 };
 
 } // namespace tavo::headless

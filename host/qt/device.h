@@ -1,8 +1,8 @@
 // What the widgets of the host share: the shell, the ways into it, and how the screen lies in the window.
 #pragma once
 
+#include "host/ink/ink_desk.h"
 #include "host/qt/fonts.h"
-#include "host/qt/ink_papers.h"
 #include "host/qt/pictures.h"
 #include "host/qt/screen_geometry.h"
 #include "host/shell/control_input.h"
@@ -23,7 +23,7 @@ struct Device {
     shell::ControlInput Controls{State};
     qt::Fonts Fonts;
     qt::Pictures Pictures;
-    InkPapers Ink;
+    ink::InkDesk Ink{State};
     ScreenGeometry Geometry; // of what is seen
     bool KeyWasLast = false; // the last thing a person used was a key
     Scale PaintScale;        // of new surfaces; follows a change of the geometry after a moment of rest

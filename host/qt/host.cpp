@@ -53,6 +53,7 @@ QtHost::QtHost(HostOptions options)
         info.Shown = !info.Shown;
         OwnPanel.SipSetInfo(info);
     });
+    Shared.Ink.SetClock(OwnClock);
     Shared.Ink.SetWatch([this](WindowHandle ink) { OwnViews.NoteState(ink); });
     Events.SetPreparation([this](bool waits) { PrepareWait(waits); });
     OwnDesktop.Start(ChooseDesktopSize(qgetenv("TAVO_SCALE"), ReadRememberedSize(Options.Root.Path()),

@@ -15,12 +15,19 @@ class HeadlessDriver : public IDeviceDriver {
 
     void Do(std::function<void()> step) override { Device.Do(std::move(step)); }
 
-    void PressStylus(Point screen) override { Touched = Real().Stylus.Down(screen); }
+    void PressStylus(Point screen) override {
+        Touched = Real().Stylus.Down(screen);
+        headless::PressControl(Real(), Touched, screen);
+    }
 
-    void MoveStylus(Point screen) override { Real().Stylus.Move(screen); }
+    void MoveStylus(Point screen) override {
+        Real().Stylus.Move(screen);
+        headless::MoveOnControl(Real(), Touched, screen);
+    }
 
     void ReleaseStylus(Point screen) override {
         Real().Stylus.Up(screen);
+        headless::ReleaseControl(Real(), Touched, screen);
         if (const WindowHandle control = std::exchange(Touched, WindowHandle::None); control != WindowHandle::None) {
             headless::TapControl(Real(), control, screen);
         }

@@ -28,10 +28,10 @@ class InkView::Paper final : public QWidget {
         CountRealPixels(painter, *this, Shared.Geometry);
         const Rect bounds = Shared.State.Tree.ScreenBounds(Control);
         painter.fillRect(Shared.Geometry.RealPixels(bounds), Qt::white);
-        const InkState state = Shared.Ink.Find(Control);
-        const int distance = std::max(1, kRuleDistance * state.Zoom / 100);
-        const bool isGrid = (state.PageStyle & kInkStyleGrid) != 0;
-        if (isGrid || (state.PageStyle & kInkStyleRuled) != 0) {
+        const ink::InkControl& ink = Shared.Ink.Find(Control);
+        const int distance = std::max(1, kRuleDistance * ink.View().Zoom() / 100);
+        const bool isGrid = (ink.PageStyle() & kInkStyleGrid) != 0;
+        if (isGrid || (ink.PageStyle() & kInkStyleRuled) != 0) {
             for (int y = bounds.Top + distance; y < bounds.Bottom; y += distance) {
                 Fill(painter, {bounds.Left, y, bounds.Right, y + 1}, kRuleColor);
             }

@@ -1,0 +1,150 @@
+// The ink control without a screen: paper, pen, selection, and the answers to the control's messages.
+#pragma once
+
+#include "host/ink/codec.h"
+#include "host/ink/edit_history.h"
+#include "host/ink/ink_shared.h"
+#include "host/ink/paper_view.h"
+#include "platform/ink.h"
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace tavo::ink {
+
+enum class PenEnd { Tip, Eraser };
+
+constexpr int kNoPressure = -1; // of a device that does not tell
+
+struct PenSample {
+    ViewPoint Place; // in the control's pixels
+    int Pressure = kNoPressure;
+    std::uint32_t Time = 0; // milliseconds since some moment
+};
+
+// What must be shown anew since the last time somebody asked.
+struct Damage {
+    bool All = false;          // another part of the paper, or at another size
+    bool Overlay = false;      // frames, notice, bars
+    bool LiveChanged = false;  // the stroke being drawn got longer
+    bool LiveFinished = false; // it is the page's last stroke now
+    Box Ink;                   // of the paper
+};
+
+class InkControl {
+  public:
+    explicit InkControl(InkShared& shared) : Shared(shared) {}
+
+    // The control's answer, 0 for unknown messages.
+    int SendMessageW(MessageNumber number, int first, int second);
+    // While nothing was drawn over bytes that are not ink of ours, these are they, unchanged.
+    std::vector<std::uint8_t> GetData() const;
+    bool SetData(std::span<const std::uint8_t> data);
+
+    void Resize(Size size);
+
+    Size ControlSize() const { return Control; }
+
+    // A person has seen the paper: from now on a zoom keeps the middle of what they see, not the paper's corner.
+    void NoteShown() { WasSeen = true; }
+
+    void PenDown(PenEnd end, const PenSample& sample);
+    void PenMove(const PenSample& sample);
+    void PenUp(const PenSample& sample);
+    // The gesture is taken back.
+    void PenCancel();
+
+    bool IsPenDown() const { return Doing != Gesture::None; }
+
+    void Wheel(int steps);            // up is positive
+    void ScrollTo(Point offset);      // ticks
+    bool Key(int key, int modifiers); // false when it means nothing here
+
+    const Page& Ink() const { return Paper; }
+
+    const PaperView& View() const { return Shown; }
+
+    int PageStyle() const { return Style; }
+
+    const Stroke* LiveStroke() const { return Doing == Gesture::Draw ? &Live : nullptr; }
+
+    // The frame around the selection, where it would go if the pen left now; empty without one.
+    Box SelectionFrame() const;
+
+    // The area that the pen is spanning; empty when it is not.
+    Box Lasso() const { return Doing == Gesture::Lasso ? Span : Box(); }
+
+    // What stands on the paper because its bytes could not be read; empty otherwise.
+    std::u16string_view Notice() const;
+
+    std::optional<Rect> RecorderBar() const; // its place in the control
+
+    const Pen& ChosenPen() const { return Shared.Tool; }
+
+    // Counts what a person did to the ink, the stroke being drawn included.
+    std::uint64_t Revision() const { return Changes; }
+
+    Damage TakeDamage() { return std::exchange(Damaged, {}); }
+
+    // Called after anything changed that is seen.
+    void SetWatch(std::function<void()> watch) { Watch = std::move(watch); }
+
+  private:
+    enum class Gesture { None, Draw, Erase, Lasso, Move };
+
+    int Set(MessageNumber number, int first, int second);
+    int EditBy(MessageNumber number, int first, int second);
+    int Ask(MessageNumber number) const;
+    void SetZoom(int percent);
+    void Undo();
+    void Redo();
+    void Copy();
+    void Clear();
+    void Paste();
+    void SelectAll(bool selected);
+    void Do(Edit edit, bool isPartOfLast = false);
+    void NoteInk(const Box& changed);
+    void RefreshPaper();
+    void Tell();
+
+    bool PressBars(ViewPoint place);
+    void BeginStroke(const PenSample& sample);
+    void ExtendStroke(const PenSample& sample);
+    void FinishStroke();
+    void EraseTo(ViewPoint place);
+    void SelectLasso();
+    void MoveSelection();
+    void FinishGesture();
+    ViewPoint Clamped(ViewPoint place) const;
+
+    InkShared& Shared;
+    Page Paper;
+    EditHistory History;
+    PaperView Shown;
+    Size Control;
+    std::vector<std::uint8_t> Unread; // bytes that are not ink of ours
+    Reading UnreadKind = Reading::Whole;
+    int Style = kInkStyleNone;
+    int PenMode = kInkPenSelects;
+    int ViewKind = kInkViewTyping;
+    bool RecorderShown = false;
+    bool WasSeen = false;
+
+    Gesture Doing = Gesture::None;
+    Stroke Live;
+    std::uint32_t LiveBegan = 0;
+    ViewPoint Anchor; // where the gesture began, and where it is; ticks
+    ViewPoint Last;
+    Box Span;
+    bool ErasedAny = false;
+
+    std::uint64_t Changes = 0;
+    Damage Damaged;
+    std::function<void()> Watch;
+};
+
+} // namespace tavo::ink
