@@ -67,6 +67,11 @@ std::optional<std::u16string> RecordedRegistry::TextValue(const std::u16string& 
     return text;
 }
 
+std::optional<std::size_t> RecordedRegistry::ValueSize(const std::u16string& path, const std::u16string& name) const {
+    const auto found = Values.find({path, name});
+    return found == Values.end() ? std::nullopt : std::optional(found->second.Data.size());
+}
+
 std::optional<int> RecordedRegistry::ProfileInt(const std::u16string& section, const std::u16string& key) const {
     const auto found = Profile.find({section, key});
     return found == Profile.end() ? std::nullopt : std::optional(found->second);

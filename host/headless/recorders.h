@@ -55,6 +55,7 @@ class RecordedRegistry : public IRegistry {
 
     // A text value (REG_SZ), without its terminating zero.
     std::optional<std::u16string> TextValue(const std::u16string& path, const std::u16string& name) const;
+    std::optional<std::size_t> ValueSize(const std::u16string& path, const std::u16string& name) const; // in bytes
     std::optional<int> ProfileInt(const std::u16string& section, const std::u16string& key) const;
 
     std::size_t OpenKeyCount() const { return OpenKeys.size(); }
