@@ -5,6 +5,7 @@
 #include "app/start.h"
 #include "res/resource_ids.h"
 #include "res/strings.h"
+#include "store/undo.h"
 
 #include <memory>
 
@@ -14,7 +15,7 @@ namespace {
 constexpr int kStartFailed = 1; // exit status
 }
 
-CTavoApp::CTavoApp(IHost& host) : Device(host), Pump(host), State(Pump), Maker(Pump, State) {}
+CTavoApp::CTavoApp(IHost& host) : Device(host), Pump(host), State(Pump) {}
 
 CTavoApp::Start CTavoApp::InitInstance() {
     if (ActivateRunningCopy()) {
@@ -63,20 +64,19 @@ void CTavoApp::TakeCommand(int command) {
     case kCommandExit:
         Frame->Quit();
         break;
+    case kCommandUndoStep:
+        if (UndoLastStep(State)) {
+            Frame->View().PostChangeNotice();
+        }
+        break;
     case kCommandNewAlarm:
     case kCommandNewHoliday:
     case kCommandNewAnniversary:
     case kCommandNewAppointment:
-        MakeItem(static_cast<ItemKind>(command - kCommandNewAlarm));
+        Frame->View().MakeItem(static_cast<ItemKind>(command - kCommandNewAlarm));
         break;
     default:
         break;
-    }
-}
-
-void CTavoApp::MakeItem(ItemKind kind) {
-    if (Maker.Make(kind)) {
-        Frame->View().PostChangeNotice();
     }
 }
 

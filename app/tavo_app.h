@@ -1,7 +1,6 @@
 // The application object: start-up, the commands of the whole program, and its end.
 #pragma once
 
-#include "app/item_maker.h"
 #include "app/main_frame.h"
 #include "framework/message_pump.h"
 #include "store/program_state.h"
@@ -29,12 +28,10 @@ class CTavoApp : public ICommandTarget {
   private:
     bool ActivateRunningCopy();
     void TakeCommand(int command) override;
-    void MakeItem(ItemKind kind);
 
     IHost& Device;
     CMessagePump Pump;
     CProgramState State;
-    ItemMaker Maker;
     std::unique_ptr<CMainFrame> Frame;
 };
 

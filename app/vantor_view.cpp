@@ -117,6 +117,12 @@ void CVantorView::CloseShownPage() {
     }
 }
 
+void CVantorView::MakeItem(ItemKind kind) {
+    if (SchedulePage) {
+        SchedulePage->MakeItem(kind);
+    }
+}
+
 void CVantorView::PostChangeNotice() {
     Post(kChangeNotice);
 }

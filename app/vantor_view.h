@@ -33,6 +33,8 @@ class CVantorView : public CPaintedWindow, public IMainView {
     void UpdateFirst();
     // As if the shown page's × were tapped; nothing when there are no pages.
     void CloseShownPage();
+    // Opens the editor on a new item of this kind; nothing when there are no pages.
+    void MakeItem(ItemKind kind);
     // Another process changed items or asked for tags.
     void TakeOutsideChange();
 

@@ -93,6 +93,8 @@ std::vector<MenuItem> MakePageMenus() {
     return {
         Popup(u"Tools",
               {
+                  Command(kCommandUndoStep, u"Undo", u"Ctrl+Z"),
+                  Separator(),
                   Command(kCommandNewAlarm, u"New Alarm", u"Ctrl+1"),
                   Command(kCommandNewHoliday, u"New Holiday", u"Ctrl+2"),
                   Command(kCommandNewAnniversary, u"New Anniversary", u"Ctrl+3"),

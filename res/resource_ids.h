@@ -44,6 +44,7 @@ constexpr int kMenuSchedulePage = 208;
 // Commands of the whole program.
 constexpr int kCommandAbout = 57664;
 constexpr int kCommandExit = 57665;
+constexpr int kCommandUndoStep = 57643;
 constexpr int kCommandNewAlarm = 32811; // in the order of the kinds
 constexpr int kCommandNewHoliday = 32812;
 constexpr int kCommandNewAnniversary = 32813;

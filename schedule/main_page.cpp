@@ -2,6 +2,7 @@
 #include "schedule/main_page.h"
 
 #include "res/resource_ids.h"
+#include "store/undo.h"
 
 #include <array>
 #include <cstddef>
@@ -33,6 +34,7 @@ const MessageMap& CMainPage::Messages() {
         On<&CMainPage::ClosePage>(WM_CLOSE),
         On<&CMainPage::TakePageBarPress>(WM_LBUTTONDOWN),
         On<&CMainPage::TakePageKey>(WM_KEYDOWN),
+        On<&CMainPage::PrepareMenus>(WM_INITMENUPOPUP),
     };
     static const MessageMap map{entries, &CPage::Messages()};
     return map;
@@ -43,8 +45,7 @@ bool CMainPage::CreateOn(WindowHandle view) {
         return false;
     }
     OnInitDialog();
-    // A page without its menu bar is still of use.
-    static_cast<void>(View.CreatePageMenuBar(Handle(), MenuId));
+    MenuBar = View.CreatePageMenuBar(Handle(), MenuId); // a page without one is still of use
     return true;
 }
 
@@ -92,6 +93,11 @@ void CMainPage::GoToPage(int page) {
     }
     State.CurrentPage = page;
     View.ShowPage(page);
+}
+
+void CMainPage::PrepareMenus() {
+    Host().Menus().SetMenuItemText(MenuBar, kCommandUndoStep, DescribeUndo(State));
+    Host().Menus().SetMenuItem(MenuBar, kCommandUndoStep, CanUndo(State), false);
 }
 
 void CMainPage::ClosePage() {

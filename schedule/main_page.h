@@ -32,6 +32,11 @@ class CMainPage : public CPage {
 
     void HandleByDefault(const Message& message) override;
 
+    // A menu of the menu bar is about to open, or one of its shortcuts to be carried out.
+    virtual void PrepareMenus();
+
+    WindowHandle MenuBar = WindowHandle::None;
+
     CProgramState& State;
     IMainView& View;
 

@@ -76,11 +76,14 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
     WindowHandle MenuOwner() const override { return Handle(); }
 
     // schedule_page_commands.cpp
+    void PrepareMenus() override;
     void ViewSelected();
     void ModifySelected();
     void DeleteSelected();
     void PauseSelected();
     void CopyToCategory(int command);
+    void CopyAppointment(const AppointmentData& record, CCategoryItemList& target);
+    bool IsIn(ItemKind kind, Oid oid);
     void EditItem(ItemKind kind, const AppointmentData& record);
     // The selected record of the list on show; without one says so in these words and gives null.
     const AppointmentData* SelectedOr(const std::u16string_view (&texts)[4]);

@@ -2,12 +2,10 @@
 #include "schedule/schedule_page.h"
 
 #include "edit/appointment_dlg.h"
-#include "framework/format.h"
 #include "res/resource_ids.h"
 #include "res/strings.h"
 #include "store/change_group.h"
-
-#include <utility>
+#include "store/item_deletion.h"
 
 namespace tavo {
 
@@ -88,14 +86,32 @@ void CSchedulePage::PauseSelected() {}
 void CSchedulePage::CopyToCategory(int command) {
     const AppointmentData* selected = Appointments.GetSelected();
     CCategoryItemList* target = CategoryListOf(TargetOf(command));
-    if (selected == nullptr || target == nullptr) {
+    if (selected == nullptr || target == nullptr || IsIn(target->Kind(), selected->Oid)) {
         return;
     }
-    ChangeGroup group(State.Store, u"copy");
-    target->AddOrReplace(*selected, true, 0);
-    static_cast<void>(group.End());
+    CopyAppointment(*selected, *target);
     SetScrollBar();
     View.PostChangeNotice();
+}
+
+// The tag is a step of its own: taking back the step before must not go past it.
+void CSchedulePage::CopyAppointment(const AppointmentData& record, CCategoryItemList& target) {
+    ChangeGroup group(State.Store, NameCopy(target.Kind(), record));
+    target.AddOrReplace(record, true, 0);
+    static_cast<void>(group.End()); // the category list is the truth, also where the store could not note the step
+}
+
+bool CSchedulePage::IsIn(ItemKind kind, Oid oid) {
+    return State.Categories.ListOf(static_cast<TagList>(IndexOf(kind))).Contains(oid);
+}
+
+void CSchedulePage::PrepareMenus() {
+    CMainPage::PrepareMenus();
+    const AppointmentData* selected = Appointments.GetSelected();
+    for (const int command : {kCommandCopyToAlarm, kCommandCopyToHoliday, kCommandCopyToAnniversary}) {
+        const bool useful = selected != nullptr && !IsIn(TargetOf(command), selected->Oid);
+        Host().Menus().SetMenuItem(MenuBar, command, useful, false);
+    }
 }
 
 void CSchedulePage::EditItem(ItemKind kind, const AppointmentData& record) {

@@ -17,6 +17,8 @@ namespace {
 
 constexpr std::size_t kLongestName = 30; // characters of the subject, as a menu can show them
 constexpr std::array<std::u16string_view, 4> kKindWords{u"alarm", u"holiday", u"anniversary", u"appointment"};
+constexpr std::array<std::u16string_view, 4> kKindWordsOfMany{u"alarms", u"holidays", u"anniversaries",
+                                                              u"appointments"};
 
 // Of the two units that make one character beyond the first 65,536.
 bool IsFirstOfPair(char16_t unit) {
@@ -38,6 +40,10 @@ std::u16string ShortenSubject(std::u16string_view subject) {
 std::u16string NameDeletion(ItemKind kind, const AppointmentData& record) {
     const std::u16string_view word = record.IsRecurring ? u"series" : kKindWords[IndexOf(kind)];
     return FormatText(u"delete of %s %s", word, ShortenSubject(record.Subject));
+}
+
+std::u16string NameCopy(ItemKind target, const AppointmentData& record) {
+    return FormatText(u"copy of %s to %s", ShortenSubject(record.Subject), kKindWordsOfMany[IndexOf(target)]);
 }
 
 bool DeleteItem(CProgramState& state, ItemKind kind, const AppointmentData& record) {

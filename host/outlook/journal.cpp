@@ -7,6 +7,12 @@
 
 namespace tavo::outlook {
 
+Status Journal::BeginRun() {
+    Query query(Source, "SELECT coalesce(max(id), 0) FROM journal_group");
+    LastBefore = query.Next() ? query.Integer(0) : 0;
+    return query.Result();
+}
+
 void Journal::OpenGroup(std::u16string_view name) {
     GroupName = ToUtf8(name);
     GroupId = 0;
@@ -88,8 +94,10 @@ Status Journal::CloseGroup() {
 
 Status Journal::FindUndoable(std::int64_t& group, std::u16string& name) {
     group = 0;
-    Query query(Source, "SELECT id, name FROM journal_group WHERE undone = 0 ORDER BY id DESC LIMIT 1");
-    if (query.Next()) {
+    Query query(Source, "SELECT id, name FROM journal_group WHERE undone = 0 AND (time >= ? OR"
+                        " (id > ? AND id > (SELECT max(id) FROM journal_group) - ?)) ORDER BY id DESC LIMIT 1");
+    const std::int64_t anHourAgo = static_cast<std::int64_t>(std::time(nullptr)) - kOfferedSeconds;
+    if (query.Bind(anHourAgo).Bind(LastBefore).Bind(kOfferedGroups).Next()) {
         group = query.Integer(0);
         name = ToUtf16(query.Text(1));
     }

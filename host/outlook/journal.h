@@ -28,6 +28,13 @@ class Journal {
     static constexpr std::int64_t kKeptGroups = 1000;
     static constexpr std::int64_t kKeptSeconds = 3600;
 
+    // What is offered to be taken back: the newest groups of this run, and all of the last hour.
+    static constexpr std::int64_t kOfferedGroups = 20;
+    static constexpr std::int64_t kOfferedSeconds = 3600;
+
+    // The run begins: groups that are there already count as older.
+    Status BeginRun();
+
     void OpenGroup(std::u16string_view name);
     Status NoteCreated(Oid oid);
     Status NoteImage(ChangeKind kind, const ItemImage& image);
@@ -49,7 +56,7 @@ class Journal {
     // Writes what is still held back, and drops groups that are past both bounds.
     Status CloseGroup();
 
-    // The newest group that was not taken back; 0 when there is none.
+    // The newest group on offer that was not taken back; 0 when there is none.
     Status FindUndoable(std::int64_t& group, std::u16string& name);
     // Newest change first, one at a time: `step` is where the last one was, and starts as kNewestStep.
     Status ReadChangeBefore(std::int64_t group, std::int64_t& step, std::optional<JournalChange>& change);
@@ -64,7 +71,8 @@ class Journal {
 
     Database& Source;
     std::string GroupName;
-    std::int64_t GroupId = 0; // 0 until the first change
+    std::int64_t LastBefore = 0; // the newest group of the runs before
+    std::int64_t GroupId = 0;    // 0 until the first change
     std::int64_t NextStep = 0;
     Oid CreatedFirst = 0; // a run of created items that is not written yet; 0 is none
     Oid CreatedLast = 0;

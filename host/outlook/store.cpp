@@ -124,6 +124,9 @@ Status OpenStore(const std::filesystem::path& path, const StoreOptions& options,
         const std::string zone = options.DeviceZone.empty() ? ReadSystemZoneName() : options.DeviceZone;
         status = core->SetDeviceZone(zone);
     }
+    if (Succeeded(status)) {
+        status = core->Changes.BeginRun();
+    }
     if (Failed(status)) {
         return ExplainFailure(status, path);
     }

@@ -15,6 +15,25 @@ std::int64_t NumberOf(TagList list) {
 
 } // namespace
 
+// Within a group: as if the old list were emptied from its end, and the new one built from its beginning.
+Status TagMirror::NoteReplacement(TagList list, std::span<const Oid> oids) {
+    std::vector<Oid> before;
+    Query read(Core.Db, "SELECT oid FROM tag WHERE list = ? ORDER BY place");
+    read.Bind(NumberOf(list));
+    while (read.Next()) {
+        before.push_back(read.Small(0));
+    }
+    Status status = read.Result();
+    for (std::size_t index = before.size(); index > 0 && Succeeded(status); --index) {
+        const auto position = static_cast<std::int32_t>(index - 1);
+        status = Core.NoteTag(ChangeKind::TagRemoved, before[index - 1], {list, position});
+    }
+    for (std::size_t index = 0; index < oids.size() && Succeeded(status); ++index) {
+        status = Core.NoteTag(ChangeKind::TagInserted, oids[index], {list, static_cast<std::int32_t>(index)});
+    }
+    return status;
+}
+
 Status TagMirror::ReplaceList(TagList list, std::span<const Oid> oids) {
     return Core.RunQuietly([&] {
         // Rebuilt at every start, and mostly the same: what is the same is not written.
@@ -27,17 +46,24 @@ Status TagMirror::ReplaceList(TagList list, std::span<const Oid> oids) {
         if (same == oids.size() && !read.Next()) {
             return read.Result();
         }
-        Query clear(Core.Db, "DELETE FROM tag WHERE list = ?");
-        Status status = clear.Bind(NumberOf(list)).Finish();
-        std::int64_t place = 0;
-        Query add(Core.Db, "INSERT INTO tag(list, place, oid) VALUES (?, ?, ?)");
-        for (const Oid oid : oids) {
-            if (Succeeded(status)) {
-                status = add.Bind(NumberOf(list)).Bind(place += kPlaceStep).Bind(oid).Finish();
-            }
+        if (const Status status = Core.InGroup() ? NoteReplacement(list, oids) : Status::Ok; Failed(status)) {
+            return status;
         }
-        return status;
+        return WriteList(list, oids);
     });
+}
+
+Status TagMirror::WriteList(TagList list, std::span<const Oid> oids) {
+    Query clear(Core.Db, "DELETE FROM tag WHERE list = ?");
+    Status status = clear.Bind(NumberOf(list)).Finish();
+    std::int64_t place = 0;
+    Query add(Core.Db, "INSERT INTO tag(list, place, oid) VALUES (?, ?, ?)");
+    for (const Oid oid : oids) {
+        if (Succeeded(status)) {
+            status = add.Bind(NumberOf(list)).Bind(place += kPlaceStep).Bind(oid).Finish();
+        }
+    }
+    return status;
 }
 
 Status TagMirror::Renumber(TagList list) {
@@ -47,9 +73,7 @@ Status TagMirror::Renumber(TagList list) {
     while (read.Next()) {
         oids.push_back(read.Small(0));
     }
-    // A list that differs from the stored one is written anew, with full steps between its places.
-    const Status status = Failed(read.Result()) ? read.Result() : ReplaceList(list, {});
-    return Succeeded(status) ? ReplaceList(list, oids) : status;
+    return Failed(read.Result()) ? read.Result() : WriteList(list, oids);
 }
 
 Status TagMirror::Insert(TagList list, std::int32_t position, Oid oid) {

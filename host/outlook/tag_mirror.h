@@ -27,6 +27,9 @@ class TagMirror final : public ITagMirror {
     Status Insert(TagList list, std::int32_t position, Oid oid);
     Status Remove(TagList list, std::int32_t position, Oid oid);
     Status Renumber(TagList list);
+    // With full steps between the places.
+    Status WriteList(TagList list, std::span<const Oid> oids);
+    Status NoteReplacement(TagList list, std::span<const Oid> oids);
 
     StoreCore& Core;
 };

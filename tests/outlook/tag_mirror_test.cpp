@@ -131,6 +131,24 @@ TEST_F(TagMirror, TagsOfAGroupAreTakenBackWithIt) {
     EXPECT_EQ(requests[1].Position, 0);
 }
 
+TEST_F(TagMirror, AListThatIsEmptiedInAGroupIsWishedBackInItsOrder) {
+    ASSERT_EQ(App->Tags().ReplaceList(TagList::Alarm, std::vector<Oid>{7, 5, 6}), Status::Ok);
+    ASSERT_EQ(App->Begin(u"All alarms"), Status::Ok);
+    ASSERT_EQ(App->Tags().ReplaceList(TagList::Alarm, {}), Status::Ok);
+    ASSERT_EQ(App->End(), Status::Ok);
+    EXPECT_THAT(List(TagList::Alarm), IsEmpty());
+    std::vector<Oid> restored;
+    ASSERT_EQ(App->Undo(restored), Status::Ok);
+    const auto requests = Requests();
+    ASSERT_EQ(requests.size(), 3U);
+    for (std::int32_t position = 0; position < 3; ++position) {
+        EXPECT_EQ(requests[static_cast<std::size_t>(position)].Item,
+                  (std::vector<Oid>{7, 5, 6})[static_cast<std::size_t>(position)]);
+        EXPECT_EQ(requests[static_cast<std::size_t>(position)].Position, position);
+        EXPECT_TRUE(requests[static_cast<std::size_t>(position)].Set);
+    }
+}
+
 TEST_F(TagMirror, AnAbandonedGroupLeavesTheMirrorAsItWas) {
     ASSERT_EQ(App->Tags().ReplaceList(TagList::Alarm, std::vector<Oid>{5}), Status::Ok);
     ASSERT_EQ(App->Begin(u"Never mind"), Status::Ok);

@@ -217,6 +217,36 @@ TEST_F(Undo, ADamagedPictureIsRefusedAndNothingChanges) {
     EXPECT_EQ(Read(oid).Subject, u"New");
 }
 
+TEST_F(Undo, OffersTheLastTwentyGroupsOfTheRunHoweverOldTheyAre) {
+    const Oid oid = Add("2026-05-04 10:00", "2026-05-04 11:00", u"0");
+    const auto item = Get(oid);
+    for (int number = 1; number <= 21; ++number) {
+        ASSERT_EQ(item->put_Subject(std::u16string(1, static_cast<char16_t>(u'a' + number))), Status::Ok);
+        ASSERT_EQ(item->Save(), Status::Ok);
+    }
+    ASSERT_EQ(Store->Core().Db.Run("UPDATE journal_group SET time = time - 7200"), Status::Ok);
+    for (int number = 0; number < 20; ++number) {
+        TakeBack();
+    }
+    std::u16string name;
+    EXPECT_EQ(App->GetUndoName(name), Status::NotFound);
+    EXPECT_EQ(Read(oid).Subject, u"b"); // the first change stays, and so does the item
+}
+
+TEST_F(Undo, OffersOfEarlierRunsTheGroupsOfTheLastHour) {
+    const Oid older = Add("2026-05-04 10:00", "2026-05-04 11:00", u"Older");
+    ASSERT_EQ(Store->Core().Db.Run("UPDATE journal_group SET time = time - 3700"), Status::Ok);
+    const Oid newer = Add("2026-05-04 10:00", "2026-05-04 11:00", u"Newer");
+    ASSERT_EQ(Store->Core().Db.Run("UPDATE journal_group SET time = time - 3500 WHERE id = 2"), Status::Ok);
+    Reopen();
+    EXPECT_THAT(TakeBack(), ElementsAre(newer));
+    std::u16string name;
+    std::vector<Oid> restored;
+    EXPECT_EQ(App->GetUndoName(name), Status::NotFound);
+    EXPECT_EQ(App->Undo(restored), Status::NotFound);
+    EXPECT_TRUE(Exists(older));
+}
+
 TEST_F(Undo, TheJournalKeepsAThousandGroupsAndTheLastHour) {
     StoreCore& core = Store->Core();
     const auto countGroups = [&core] {

@@ -71,7 +71,9 @@ TEST(Menus, PagesHaveTools) {
     ASSERT_EQ(menus.size(), 1U);
     EXPECT_EQ(menus[0].Text, u"Tools");
     EXPECT_TRUE(menus[0].IsPopup);
-    const std::vector<Entry> expected{{u"New Alarm", kCommandNewAlarm},
+    const std::vector<Entry> expected{{u"Undo", kCommandUndoStep},
+                                      {u"", 0},
+                                      {u"New Alarm", kCommandNewAlarm},
                                       {u"New Holiday", kCommandNewHoliday},
                                       {u"New Anniversary", kCommandNewAnniversary},
                                       {u"New Appointment", kCommandNewAppointment},
@@ -79,10 +81,18 @@ TEST(Menus, PagesHaveTools) {
                                       {u"About Tavo Calendar...", 57664},
                                       {u"Exit", kCommandExit}};
     EXPECT_EQ(EntriesOf(menus[0]), expected);
-    EXPECT_EQ(menus[0].Children[0].Shortcut, u"Ctrl+1");
-    EXPECT_EQ(menus[0].Children[1].Shortcut, u"Ctrl+2");
-    EXPECT_EQ(menus[0].Children[2].Shortcut, u"Ctrl+3");
-    EXPECT_EQ(menus[0].Children[3].Shortcut, u"Ctrl+4");
+    EXPECT_EQ(menus[0].Children[0].Shortcut, u"Ctrl+Z");
+    EXPECT_EQ(menus[0].Children[2].Shortcut, u"Ctrl+1");
+    EXPECT_EQ(menus[0].Children[3].Shortcut, u"Ctrl+2");
+    EXPECT_EQ(menus[0].Children[4].Shortcut, u"Ctrl+3");
+    EXPECT_EQ(menus[0].Children[5].Shortcut, u"Ctrl+4");
+}
+
+TEST(Menus, TheSchedulePageHasItsOwnMenuBeforeTools) {
+    const std::vector<MenuItem> menus = LoadMenuW(kMenuSchedulePage);
+    ASSERT_EQ(menus.size(), 2U);
+    EXPECT_EQ(menus[0], LoadMenuW(kMenuPopups).at(kPopupSchedule));
+    EXPECT_EQ(menus[1], LoadMenuW(kMenuPage).front());
 }
 
 TEST(Menus, AnUnknownNumberHasNone) {
