@@ -1,0 +1,163 @@
+// The editor without a stylus.
+#include "tests/edit/edit_desk.h"
+
+#include <gtest/gtest.h>
+
+namespace tavo::test {
+namespace {
+
+class EditorKeys : public testing::Test {
+  protected:
+    // The control with the focus; 0 for the dialog or none.
+    int Focused() {
+        const shell::WindowTree& tree = Desk.Device.Host().State.Tree;
+        const shell::ControlState* control = tree.FindControl(Desk.Device.Host().Windows().GetFocus());
+        return control == nullptr ? 0 : control->Id;
+    }
+
+    // Each press of the key, what has the focus then and is shown alone.
+    void ExpectWalk(int modifiers, const std::vector<int>& stops) {
+        for (const int stop : stops) {
+            Desk.Device.Key(VK_TAB, modifiers);
+            Desk.Check([this, stop] {
+                const bool isButton = stop == IDOK || stop == IDCANCEL;
+                const bool isPainted = stop == kEditMemo;
+                EXPECT_EQ(Focused(), isPainted ? 0 : stop);
+                EXPECT_EQ(Desk.ShownEditingControls(), isButton || isPainted ? std::vector<int>{} : std::vector{stop});
+                if (isPainted) {
+                    EXPECT_TRUE(Desk.Device.See.FindItem(PaintedRole::Row, u"Memo :")->Selected);
+                }
+            });
+        }
+    }
+
+    EditDesk Desk;
+};
+
+TEST_F(EditorKeys, TabWalksTheRowsOfAnAlarmAndRoundAgain) {
+    ExpectWalk(0, {kEditSubject, kEditStartDate, kEditStartTime, kEditRecurrence, kEditSound, kEditMemo, IDOK, IDCANCEL,
+                   kEditSubject});
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDCANCEL);
+}
+
+TEST_F(EditorKeys, TabLeavesOutWhatIsDisabled) {
+    ExpectWalk(0, {kEditSubject, kEditStartDate, kEditRecurrence, kEditReminder, kEditMemo, IDOK, IDCANCEL});
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunNew(kModeNewHoliday), IDCANCEL);
+}
+
+TEST_F(EditorKeys, TabWalksAllOfAnAppointmentThatReminds) {
+    Desk.ChooseReminder(true);
+    Desk.ChooseSound(u"bell.wav");
+    Desk.ShowRow(7);
+    ExpectWalk(0, {IDOK, IDCANCEL, kEditSubject, kEditStartDate, kEditStartTime, kEditEndDate, kEditEndTime,
+                   kEditAllDay, kEditRecurrence, kEditReminder, kEditReminderValue, kEditReminderUnit, kEditSound,
+                   kEditPreview, kEditMemo, IDOK});
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunNew(kModeNewAppointment), IDCANCEL);
+}
+
+TEST_F(EditorKeys, ShiftAndTabWalkBackwards) {
+    ExpectWalk(kModifierShift, {IDCANCEL, IDOK, kEditMemo, kEditReminder, kEditRecurrence, kEditAllDay, kEditEndTime,
+                                kEditEndDate, kEditStartTime, kEditStartDate, kEditSubject, IDCANCEL});
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunNew(kModeNewAppointment), IDCANCEL);
+}
+
+TEST_F(EditorKeys, TabGoesOnFromWhereTheStylusWas) {
+    Desk.ShowRow(1);
+    ExpectWalk(0, {kEditStartTime});
+    Desk.Device.Tap(2, 2); // hides it
+    ExpectWalk(0, {kEditRecurrence});
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDCANCEL);
+}
+
+TEST_F(EditorKeys, AnAllDayAppointmentHasNoTimesToWalkTo) {
+    Desk.TapAllDay();
+    Desk.ShowRow(0);
+    ExpectWalk(0, {kEditStartDate, kEditEndDate, kEditAllDay});
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunNew(kModeNewAppointment), IDCANCEL);
+}
+
+TEST_F(EditorKeys, EnterSavesFromEveryRow) {
+    for (int steps = 1; steps <= 6; ++steps) {
+        Desk.Subject(u"Thing");
+        for (int step = 1; step < steps; ++step) {
+            Desk.Device.Key(VK_TAB);
+        }
+        Desk.Device.Key(VK_RETURN);
+        EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDOK) << steps;
+    }
+    EXPECT_EQ(Desk.CountItems(), 6);
+}
+
+TEST_F(EditorKeys, EnterOnCancelCancels) {
+    Desk.Subject(u"Thing");
+    Desk.Device.Key(VK_TAB, kModifierShift);
+    Desk.Check([&] { EXPECT_EQ(Focused(), IDCANCEL); });
+    Desk.Device.Key(VK_RETURN);
+    EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDCANCEL);
+    EXPECT_EQ(Desk.CountItems(), 0);
+}
+
+TEST_F(EditorKeys, EscapeCancelsFromAnywhere) {
+    Desk.Device.Key(VK_ESCAPE);
+    EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDCANCEL);
+    Desk.Subject(u"Thing");
+    Desk.Device.Key(VK_ESCAPE);
+    EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDCANCEL);
+    EXPECT_EQ(Desk.CountItems(), 0);
+}
+
+TEST_F(EditorKeys, AltAndDownOpenTheListOfTheRow) {
+    for (int step = 0; step < 4; ++step) {
+        Desk.Device.Key(VK_TAB);
+    }
+    Desk.Device.Key(VK_DOWN, kModifierAlt);
+    Desk.Check([&] { EXPECT_EQ(Desk.Device.Host().State.OpenList, Desk.Device.See.Control(kEditRecurrence)); });
+    Desk.Device.CloseList(kEditRecurrence);
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDCANCEL);
+}
+
+TEST_F(EditorKeys, AWholeAppointmentByKeysAlone) {
+    Desk.Device.Key(VK_TAB);
+    Desk.Device.Type(u"Dinner");
+    for (int step = 0; step < 5; ++step) {
+        Desk.Device.Key(VK_TAB);
+    }
+    Desk.Check([&] { EXPECT_EQ(Focused(), kEditAllDay); });
+    Desk.Device.Key(VK_SPACE);
+    Desk.Device.Key(VK_TAB);
+    Desk.Check([&] { EXPECT_EQ(Focused(), kEditRecurrence); });
+    Desk.Device.Key(VK_DOWN);
+    Desk.Device.Key(VK_TAB);
+    Desk.Device.Key(VK_UP); // from No to Yes
+    Desk.Device.Key(VK_TAB);
+    Desk.Check([&] { EXPECT_EQ(Focused(), kEditReminderValue); });
+    Desk.Device.Key(VK_RETURN);
+    EXPECT_EQ(Desk.RunNew(kModeNewAppointment), IDOK);
+    const AppointmentData record = Desk.Load(Desk.LastSaved());
+    EXPECT_EQ(record.Subject, u"Dinner");
+    EXPECT_TRUE(record.AllDay);
+    EXPECT_EQ(record.RecurChoice, kChoiceEveryday);
+    EXPECT_TRUE(record.HasReminder);
+    EXPECT_EQ(record.ReminderMinutes, 720);
+}
+
+TEST_F(EditorKeys, TheSubjectsFocusRaisesTheInputPanelAndItsLossLowersIt) {
+    const auto isRaised = [&] { return Desk.Device.Host().InputPanel().SipGetInfo().Shown; };
+    Desk.Check([&] { EXPECT_FALSE(isRaised()); });
+    Desk.Device.Key(VK_TAB);
+    Desk.Check([&] { EXPECT_TRUE(isRaised()); });
+    Desk.Device.Key(VK_TAB);
+    Desk.Check([&] { EXPECT_FALSE(isRaised()); });
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDCANCEL);
+}
+
+} // namespace
+} // namespace tavo::test
