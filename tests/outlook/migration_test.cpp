@@ -1,6 +1,7 @@
 // A store of version 1 is brought forward with everything in it.
 #include "host/outlook/diagnosis.h"
 #include "host/outlook/schema.h"
+#include "host/outlook/store_core.h"
 #include "tests/outlook/store_fixture.h"
 #include "tests/outlook/version_1_store.h"
 
