@@ -45,8 +45,27 @@ bool MemoFiles::ReadMemo(std::u16string_view path) {
     return true;
 }
 
+// The next write says whether this helped.
+void MemoFiles::MakeDataFolder() {
+    const std::u16string& folder = State.DataFolder;
+    for (std::size_t end = folder.find(u'\\', 1); end != std::u16string::npos; end = folder.find(u'\\', end + 1)) {
+        static_cast<void>(State.Host().Files().CreateDirectoryW(folder.substr(0, end)));
+    }
+    static_cast<void>(State.Host().Files().CreateDirectoryW(folder));
+}
+
 bool MemoFiles::WriteMemo(std::u16string_view path) {
-    return !State.Memo.IsEmpty() && State.Host().Files().WriteWholeFile(path, State.Memo.Bytes()) == ErrorCode::Success;
+    if (State.Memo.IsEmpty()) {
+        return false;
+    }
+    IFiles& files = State.Host().Files();
+    ErrorCode written = files.WriteWholeFile(path, State.Memo.Bytes());
+    if (written == ErrorCode::PathNotFound || written == ErrorCode::FileNotFound) {
+        // Somebody took the data folder away while the program ran.
+        MakeDataFolder();
+        written = files.WriteWholeFile(path, State.Memo.Bytes());
+    }
+    return written == ErrorCode::Success;
 }
 
 } // namespace tavo

@@ -29,6 +29,7 @@ class MemoFiles {
     bool WriteMemo(std::u16string_view path);
 
   private:
+    void MakeDataFolder();
     std::u16string DayPattern(int year, int month, int day) const;
 
     CProgramState& State;

@@ -94,6 +94,9 @@ constexpr int kRangeEndDate = 1041;
 constexpr int kRangeEndsAfter = 1042;
 constexpr int kRangeCount = 1045;
 
+// The paper of the ink editor (268) and of the appointment view (269).
+constexpr int kInkPaper = 1066;
+
 // Appointment view (269).
 constexpr int kViewModify = 1000;
 constexpr int kViewDelete = 1001;

@@ -54,9 +54,9 @@ constexpr DialogTemplate kSettingsPageTemplate{kDialogSettings, u"Settings", kPa
 
 std::span<const DialogTemplate* const> AllDialogTemplates() {
     static constexpr const DialogTemplate* all[] = {
-        &kAboutTemplate,        &kClockPageTemplate,    &kSchedulePageTemplate,
-        &kCalendarPageTemplate, &kSettingsPageTemplate, &kAppointmentTemplate,
-        &kRecurrenceTemplate,   &kPatternPageTemplate,  &kRangePageTemplate};
+        &kAboutTemplate,        &kClockPageTemplate,   &kSchedulePageTemplate,    &kCalendarPageTemplate,
+        &kSettingsPageTemplate, &kAppointmentTemplate, &kRecurrenceTemplate,      &kPatternPageTemplate,
+        &kRangePageTemplate,    &kInkMemoTemplate,     &kAppointmentViewTemplate, &kCopyMemoTemplate};
     return all;
 }
 

@@ -14,6 +14,9 @@ extern const DialogTemplate kAppointmentTemplate;
 extern const DialogTemplate kRecurrenceTemplate;
 extern const DialogTemplate kPatternPageTemplate;
 extern const DialogTemplate kRangePageTemplate;
+extern const DialogTemplate kInkMemoTemplate;
+extern const DialogTemplate kAppointmentViewTemplate;
+extern const DialogTemplate kCopyMemoTemplate;
 
 // Where the About dialog shows the program's icon, in dialog units.
 constexpr Rect kAboutIconPlace = Rect::FromSize(6, 22, 21, 20);

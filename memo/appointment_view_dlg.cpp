@@ -1,0 +1,188 @@
+// The appointment view's life, and what the stylus and the keys do in it.
+#include "memo/appointment_view_dlg.h"
+
+#include "memo/appointment_view_look.h"
+#include "res/dialog_templates.h"
+#include "res/resource_ids.h"
+#include "store/date_pictures.h"
+
+#include <utility>
+#include <vector>
+
+namespace tavo {
+
+namespace {
+
+constexpr int kDateBuffer = 64; // UTF-16 units, with the end
+constexpr int kNoteZoom = 100;
+constexpr int kKeyModify = VK_F1 + 1;
+
+} // namespace
+
+CAppointmentViewDlg::CAppointmentViewDlg(CMessagePump& pump, CProgramState& state)
+    : CDialog(pump, kAppointmentViewTemplate), State(state) {}
+
+const MessageMap& CAppointmentViewDlg::Messages() {
+    static constexpr MessageEntry entries[] = {
+        On<&CAppointmentViewDlg::TakeStylusDown>(WM_LBUTTONDOWN),
+        On<&CAppointmentViewDlg::TakeStylusMove>(WM_MOUSEMOVE),
+        On<&CAppointmentViewDlg::TakeStylusUp>(WM_LBUTTONUP),
+        On<&CAppointmentViewDlg::TakeKey>(WM_KEYDOWN),
+        OnCommand<&CAppointmentViewDlg::EndWithModify>(kViewModify),
+        OnCommand<&CAppointmentViewDlg::EndWithDelete>(kViewDelete),
+    };
+    static const MessageMap map{entries, &CDialog::Messages()};
+    return map;
+}
+
+// Kept on purpose: of an item that is gone the times are shown without dates.
+void CAppointmentViewDlg::OnInitDialog() {
+    ReleaseButtons();
+    FirstLine.clear();
+    SecondLine.clear();
+    Ink = WindowHandle::None;
+    ComPtr<IAppointment> item;
+    if (!State.Store.OutlookApp || Failed(State.Store.OutlookApp->GetItemFromOid(Oid, item)) || !item) {
+        return;
+    }
+    PlaceButton(kViewModify, kModifyButton);
+    PlaceButton(kViewDelete, kDeleteButton);
+    TakeDates(*item);
+    TakeNote(*item);
+    ShowNote();
+}
+
+void CAppointmentViewDlg::PlaceButton(int id, const Rect& place) {
+    MoveItem(id, place);
+    ShowItem(id, false);
+}
+
+void CAppointmentViewDlg::TakeDates(IAppointment& item) {
+    if (Appointment.RecurType == kRecursOnce) {
+        FirstLine = DateText(Appointment.Start, kPictureListDate);
+        SecondLine = DateText(Appointment.End, kPictureListDate);
+        return;
+    }
+    const auto dateOf = [this](DATE date) {
+        SYSTEMTIME time;
+        return Host().Locale().VariantTimeToSystemTime(date, time) ? DateText(time, kPicturePlainDate)
+                                                                   : std::u16string();
+    };
+    ComPtr<IRecurrencePattern> pattern;
+    if (Failed(item.GetRecurrencePattern(pattern))) {
+        return;
+    }
+    DATE date = kNoDate;
+    if (Succeeded(pattern->get_PatternStartDate(date))) {
+        FirstLine = dateOf(date);
+    }
+    bool noEnd = true;
+    if (Succeeded(pattern->get_NoEndDate(noEnd)) && !noEnd && Succeeded(pattern->get_PatternEndDate(date))) {
+        SecondLine = dateOf(date);
+    }
+}
+
+std::u16string CAppointmentViewDlg::DateText(const SYSTEMTIME& date, std::u16string_view picture) const {
+    return Host().Locale().GetDateFormatW(LocaleId::User, date, picture, kDateBuffer).value_or(u"");
+}
+
+void CAppointmentViewDlg::TakeNote(IAppointment& item) {
+    State.Memo.Empty();
+    std::vector<std::uint8_t> note;
+    if (Succeeded(item.get_BodyInk(note))) {
+        State.Memo.Fill(std::move(note));
+    }
+}
+
+void CAppointmentViewDlg::ShowNote() {
+    const Rect client = Host().Windows().GetClientRect(Handle());
+    ControlDescription paper;
+    paper.Kind = ControlKind::Ink;
+    paper.Id = kInkPaper;
+    paper.Bounds = {client.Left, kNoteTop, client.Right, client.Bottom - kNoteMargin};
+    Ink = AddControl(paper);
+    if (Ink == WindowHandle::None) {
+        return;
+    }
+    IInk& ink = Host().Ink();
+    // A note that is no ink of ours is shown as the control shows it.
+    static_cast<void>(ink.SetData(Ink, State.Memo.Bytes()));
+    static_cast<void>(ink.SendMessageW(Ink, kInkSetPageStyle, kInkStyleNone, 0)); // these give no answer
+    static_cast<void>(ink.SendMessageW(Ink, kInkSetZoom, 0, kNoteZoom));
+    static_cast<void>(ink.SendMessageW(Ink, kInkSetPenMode, kInkPenSelects, 0));
+    static_cast<void>(ink.SendMessageW(Ink, kInkSetView, kInkViewTyping, 0));
+}
+
+// There is nothing to take over: "ok" closes the view like ×.
+void CAppointmentViewDlg::OnOK() {
+    OnCancel();
+}
+
+bool CAppointmentViewDlg::TakeStylusDown(Point point) {
+    if (kModifyHit.Contains(point)) {
+        ModPressed = true;
+        ModTracking = true;
+        Invalidate(kModifyButton);
+        return true;
+    }
+    if (kDeleteHit.Contains(point)) {
+        DelPressed = true;
+        DelTracking = true;
+        Invalidate(kDeleteButton);
+        return true;
+    }
+    ReleaseButtons();
+    return false;
+}
+
+void CAppointmentViewDlg::TakeStylusMove(Point point) {
+    if (ModTracking) {
+        ModPressed = kModifyHit.Contains(point);
+        Invalidate(kModifyButton);
+    }
+    if (DelTracking) {
+        DelPressed = kDeleteHit.Contains(point);
+        Invalidate(kDeleteButton);
+    }
+}
+
+void CAppointmentViewDlg::TakeStylusUp(Point point) {
+    if (ModTracking && kModifyHit.Contains(point)) {
+        EndWithModify();
+    } else if (DelTracking && kDeleteHit.Contains(point)) {
+        EndWithDelete();
+    }
+    ReleaseButtons();
+    Invalidate(kModifyButton);
+    Invalidate(kDeleteButton);
+}
+
+// The drawn buttons cannot take the focus, so each has a key.
+bool CAppointmentViewDlg::TakeKey(int key) {
+    if (key == kKeyModify) {
+        EndWithModify();
+        return true;
+    }
+    if (key == VK_DELETE) {
+        EndWithDelete();
+        return true;
+    }
+    return false;
+}
+
+void CAppointmentViewDlg::ReleaseButtons() {
+    ModPressed = false;
+    ModTracking = false;
+    DelPressed = false;
+    DelTracking = false;
+}
+
+void CAppointmentViewDlg::EndWithModify() {
+    EndDialog(kResultModify);
+}
+
+void CAppointmentViewDlg::EndWithDelete() {
+    EndDialog(kResultDelete);
+}
+
+} // namespace tavo

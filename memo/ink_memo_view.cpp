@@ -1,0 +1,119 @@
+// The ink editor's life: the ink comes from the memo buffer and goes back to it.
+#include "memo/ink_memo_view.h"
+
+#include "memo/copy_memo_dlg.h"
+#include "memo/memo_files.h"
+#include "res/dialog_templates.h"
+#include "res/menus.h"
+#include "res/resource_ids.h"
+#include "res/strings.h"
+
+namespace tavo {
+
+namespace {
+
+constexpr int kInkMargin = 24; // left free under the paper
+constexpr int kPictureWriting = 0;
+constexpr int kPictureRecorder = 1;
+constexpr int kButtonPictureSize = 16;
+constexpr std::u16string_view kBadFileName = u"Please check the file name is valid.";
+
+} // namespace
+
+CInkMemoView::CInkMemoView(CMessagePump& pump, CProgramState& state) : CDialog(pump, kInkMemoTemplate), State(state) {}
+
+void CInkMemoView::OnInitDialog() {
+    CreateInkBar();
+    CreateInk();
+    LoadInk();
+    ToggleInputMode(); // a fresh control reads; the editor opens in writing
+}
+
+void CInkMemoView::CreateInkBar() {
+    MenuBar = Host().Menus().SHCreateMenuBar(Handle(), LoadMenuW(kMenuInkMemo));
+    Host().Menus().AddButtons(
+        MenuBar, {{kCommandInputMode, kBitmapInkButtons, kPictureWriting, kButtonPictureSize, u"Write or select"},
+                  {kCommandRecorderBar, kBitmapInkButtons, kPictureRecorder, kButtonPictureSize, u"Pens"}});
+}
+
+void CInkMemoView::CreateInk() {
+    const Rect client = Host().Windows().GetClientRect(Handle());
+    ControlDescription paper;
+    paper.Kind = ControlKind::Ink;
+    paper.Id = kInkPaper;
+    paper.Bounds = {client.Left, client.Top, client.Right, client.Bottom - kInkMargin};
+    Ink = AddControl(paper);
+    OptionOn = false;
+    InputMode = kInkStyleNone;
+    TellInk(kInkSetPageStyle, InputMode);
+    ShowZoom(100);
+}
+
+void CInkMemoView::LoadInk() {
+    IsForeign = Ink != WindowHandle::None && !Host().Ink().SetData(Ink, State.Memo.Bytes());
+    SetReading();
+    ModeExtra = kInkViewTyping;
+    SendModes();
+}
+
+void CInkMemoView::TakeInk() {
+    State.Memo.Empty();
+    if (Ink != WindowHandle::None && AskInk(kInkGetDataLength) >= 1) {
+        State.Memo.Fill(Host().Ink().GetData(Ink));
+    }
+}
+
+void CInkMemoView::OnOK() {
+    TakeInk();
+    if (State.Memo.IsEmpty() && IsForeign) {
+        EndDialog(IDCANCEL); // what was not understood stays as it is until somebody writes over it
+        return;
+    }
+    if (SaveAsMode) {
+        const bool asked = !State.Memo.IsEmpty();
+        if (asked && !SaveAs()) {
+            return;
+        }
+        if (!asked) {
+            EndDialog(IDCANCEL);
+        }
+        return;
+    }
+    if (!FilePath.empty() && !State.Memo.IsEmpty() && !WriteFile(FilePath)) {
+        return;
+    }
+    if (Keeper != nullptr && !State.Memo.IsEmpty() && !Keeper->KeepMemo(Handle())) {
+        return;
+    }
+    EndDialog(IDOK);
+}
+
+// False when the file could not be made: the editor stays open.
+bool CInkMemoView::SaveAs() {
+    CCopyMemoDlg dialog(Pump());
+    dialog.Name = FilePath;
+    dialog.Purpose = kPurposeSave;
+    if (dialog.DoModal() != IDOK) {
+        EndDialog(IDCANCEL);
+        return true;
+    }
+    if (!WriteFile(dialog.Name)) {
+        return false;
+    }
+    EndDialog(IDOK);
+    return true;
+}
+
+// False after a message.
+bool CInkMemoView::WriteFile(std::u16string_view path) {
+    if (MemoFiles(State).WriteMemo(path)) {
+        return true;
+    }
+    MessageBoxDescription box;
+    box.Text = kBadFileName;
+    box.Caption = kProgramTitle;
+    Pump().ShowMessageBox(Handle(), box);
+    return false;
+}
+
+} // namespace tavo
