@@ -41,9 +41,13 @@ QRect FindDifference(const QImage& one, const QImage& other, QRect area) {
 }
 
 void CopyPixels(QImage& to, const QImage& from, const QRect& area) {
-    for (int y = area.top(); y <= area.bottom(); ++y) {
-        const QRgb* source = RowOf(from, y) + area.left();
-        std::copy_n(source, area.width(), reinterpret_cast<QRgb*>(to.scanLine(y)) + area.left());
+    if (area.isEmpty()) {
+        return;
+    }
+    const qsizetype stride = to.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
+    QRgb* target = reinterpret_cast<QRgb*>(to.bits()) + area.top() * stride + area.left();
+    for (int y = area.top(); y <= area.bottom(); ++y, target += stride) {
+        std::copy_n(RowOf(from, y) + area.left(), area.width(), target);
     }
 }
 

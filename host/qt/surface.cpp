@@ -88,9 +88,11 @@ void Surface::Fill(QRect pixels, std::uint32_t color) {
         return;
     }
     MakeOwn();
-    for (int y = pixels.top(); y <= pixels.bottom(); ++y) {
-        auto* row = reinterpret_cast<std::uint32_t*>(Pixels.scanLine(y));
-        std::fill_n(row + pixels.left(), pixels.width(), color);
+    // Asked for once: every call that hands out pixels to write on looks whether they are shared.
+    const qsizetype stride = Pixels.bytesPerLine() / static_cast<qsizetype>(sizeof(std::uint32_t));
+    std::uint32_t* row = reinterpret_cast<std::uint32_t*>(Pixels.bits()) + pixels.top() * stride + pixels.left();
+    for (int y = pixels.top(); y <= pixels.bottom(); ++y, row += stride) {
+        std::fill_n(row, pixels.width(), color);
     }
     MarkChanged(pixels);
 }
