@@ -17,9 +17,8 @@ constexpr int kLastDay = DayNumberOf(kLastAutomationYear, 12, 31);
 bool VariantTimeToSystemTime(DATE date, SYSTEMTIME& time) {
     if (!(date > kFirstDay - 1.0 && date < kLastDay + 1.0))
         return false;
-    const double wholeDays = std::trunc(date);
-    int day = static_cast<int>(wholeDays);
-    int second = static_cast<int>(std::floor(std::fabs(date - wholeDays) * kSecondsPerDay + 0.5));
+    int day = static_cast<int>(date); // towards zero
+    int second = static_cast<int>(std::fabs(date - day) * kSecondsPerDay + 0.5);
     if (second == kSecondsPerDay) {
         second = 0;
         ++day;

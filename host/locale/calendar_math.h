@@ -2,6 +2,7 @@
 #pragma once
 
 #include <compare>
+#include <cstdint>
 
 namespace tavo::locale {
 
@@ -33,35 +34,46 @@ constexpr bool IsDate(int year, int month, int day) {
     return day >= 1 && day <= DaysInMonth(year, month);
 }
 
-// The day number, counted like the days of an automation date: 1899-12-30 is 0. The date must exist; years from 1 on.
+// Rounds down for negative values, too. The divisor is positive.
+constexpr int DivideDown(int value, int divisor) {
+    return value >= 0 ? value / divisor : -((-value + divisor - 1) / divisor);
+}
+
+constexpr int kEraDays = 146097;        // 400 years, after which the calendar repeats itself
+constexpr int kDaysBeforeZero = 693899; // from 0000-03-01 to 1899-12-30
+
+// The day number, counted like the days of an automation date: 1899-12-30 is 0. A month outside 1..12 counts on into
+// other years, a day beyond its month into other months.
 constexpr int DayNumberOf(int year, int month, int day) {
-    // Years are counted from March, so that the leap day is a year's last, and in eras of 400 years.
-    constexpr int kDaysBeforeZero = 693899; // from 0000-03-01 to 1899-12-30
-    const int marchYear = month > 2 ? year : year - 1;
-    const int era = marchYear / 400;
+    // Years are counted from March, so that the leap day is a year's last, and in eras.
+    const int marchYear = year + DivideDown(month - 3, 12);
+    const int marchMonth = (year - marchYear) * 12 + month - 3;
+    const int era = DivideDown(marchYear, 400);
     const int yearOfEra = marchYear - era * 400;
-    const int marchMonth = month > 2 ? month - 3 : month + 9;
     const int dayOfYear = (153 * marchMonth + 2) / 5 + day - 1;
     const int dayOfEra = yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear;
-    return era * 146097 + dayOfEra - kDaysBeforeZero;
+    return era * kEraDays + dayOfEra - kDaysBeforeZero;
 }
 
 constexpr int DayNumberOf(const CivilDate& date) {
     return DayNumberOf(date.Year, date.Month, date.Day);
 }
 
-// The date of a day number; for days from 0001-01-01 on.
 constexpr CivilDate DateOfDayNumber(int dayNumber) {
-    constexpr int kDaysBeforeZero = 693899;
     const int days = dayNumber + kDaysBeforeZero;
-    const int era = days / 146097;
-    const int dayOfEra = days - era * 146097;
-    const int yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
-    const int dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
-    const int marchMonth = (5 * dayOfYear + 2) / 153;
-    const int day = dayOfYear - (153 * marchMonth + 2) / 5 + 1;
-    const int month = marchMonth < 10 ? marchMonth + 3 : marchMonth - 9;
-    return {yearOfEra + era * 400 + (month <= 2 ? 1 : 0), month, day};
+    const int era = DivideDown(days, kEraDays);
+    // An average century lasts 146097 quarters of a day and an average year 1461: counted in quarters, the remainders
+    // tell the day without a correction for the longer ones.
+    const auto quarters = static_cast<std::uint32_t>(days - era * kEraDays) * 4 + 3;
+    const std::uint32_t century = quarters / kEraDays;
+    const std::uint32_t quartersOfCentury = quarters % kEraDays | 3;
+    const std::uint32_t yearOfCentury = quartersOfCentury / 1461;
+    const std::uint32_t dayOfYear = quartersOfCentury % 1461 / 4;
+    const std::uint32_t marchMonth = (5 * dayOfYear + 2) / 153;
+    const std::uint32_t day = dayOfYear - (153 * marchMonth + 2) / 5 + 1;
+    const auto month = static_cast<int>(marchMonth < 10 ? marchMonth + 3 : marchMonth - 9);
+    const int marchYear = era * 400 + static_cast<int>(century * 100 + yearOfCentury);
+    return {marchYear + (month <= 2 ? 1 : 0), month, static_cast<int>(day)};
 }
 
 // 0 Sunday .. 6 Saturday; also for days before zero.

@@ -1,6 +1,7 @@
 // Wall-clock time as the store counts it: whole seconds since 1899-12-30 00:00, and days from the same origin.
 #pragma once
 
+#include "host/locale/calendar_math.h"
 #include "platform/system_time.h"
 
 #include <cstdint>
@@ -15,24 +16,23 @@ constexpr DayNumber kFirstStoredDay = 2;        // 1900-01-01
 constexpr DayNumber kLastStoredDay = 401768;    // 2999-12-31
 constexpr DayNumber kLowestQueryDay = -109205;  // 1601-01-01
 constexpr DayNumber kHighestQueryDay = 2958465; // 9999-12-31
-constexpr DayNumber kUnixEpochDay = 25569;      // 1970-01-01
 
-struct CivilDate {
-    int Year = 0;
-    int Month = 0; // 1..12
-    int Day = 0;   // 1..31
-    friend constexpr bool operator==(const CivilDate&, const CivilDate&) = default;
-};
+using locale::CivilDate;
+using locale::DaysInMonth;
+using locale::kUnixEpochDay;
 
-// Any year; the month may lie outside 1..12 and then counts on into other years.
-DayNumber DayFromCivil(int year, int month, int day);
-CivilDate CivilFromDay(DayNumber day);
-int DaysInMonth(int year, int month);
+// The calendar's arithmetic on the store's day numbers, for the days and years of anything that can be stored or asked.
+constexpr DayNumber DayFromCivil(int year, int month, int day) {
+    return locale::DayNumberOf(year, month, day);
+}
+
+constexpr CivilDate CivilFromDay(DayNumber day) {
+    return locale::DateOfDayNumber(static_cast<int>(day));
+}
 
 // 0 is Sunday.
 constexpr int WeekdayOf(DayNumber day) {
-    const auto weekday = static_cast<int>((day + 6) % 7);
-    return weekday < 0 ? weekday + 7 : weekday;
+    return locale::WeekdayOfDayNumber(static_cast<int>(day));
 }
 
 constexpr DayNumber DayOf(Seconds time) {

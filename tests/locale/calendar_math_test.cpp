@@ -12,6 +12,16 @@ static_assert(DayNumberOf(2999, 12, 31) == 401768);
 static_assert(DayNumberOf(4501, 1, 1) == 949998);
 static_assert(DayNumberOf(100, 1, 1) == -657434);
 static_assert(DayNumberOf(9999, 12, 31) == 2958465);
+// A month beyond the year counts on.
+static_assert(DayNumberOf(2004, 13, 31) == DayNumberOf(2005, 1, 31));
+static_assert(DayNumberOf(2004, 26, 1) == DayNumberOf(2006, 2, 1));
+static_assert(DayNumberOf(2004, 0, 1) == DayNumberOf(2003, 12, 1));
+static_assert(DayNumberOf(2004, -11, 1) == DayNumberOf(2003, 1, 1));
+static_assert(DayNumberOf(2004, -12, 1) == DayNumberOf(2002, 12, 1));
+// Before the calendar's first year.
+static_assert(DayNumberOf(0, 1, 1) == DayNumberOf(1, 1, 1) - 366);
+static_assert(DateOfDayNumber(DayNumberOf(0, 2, 29)) == CivilDate{0, 2, 29});
+static_assert(DateOfDayNumber(DayNumberOf(-1, 12, 31)) == CivilDate{-1, 12, 31});
 
 TEST(CalendarMath, EveryDayFromYearOneToTheLastFollowsTheOneBefore) {
     CivilDate expected{1, 1, 1};
