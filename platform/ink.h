@@ -3,9 +3,12 @@
 
 #include "platform/handles.h"
 #include "platform/messages.h"
+#include "platform/system_time.h"
 
 #include <cstdint>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace tavo {
@@ -29,10 +32,24 @@ constexpr MessageNumber EM_CANUNDO = 0x00C6;
 constexpr int kInkStyleRuled = 2;
 constexpr int kInkStyleGrid = 4;
 constexpr int kInkStyleNone = 16;
+constexpr int kInkStyleDotted = 32;
+constexpr int kInkStyleYellow = 64;
 constexpr int kInkPenDraws = 0;
 constexpr int kInkPenSelects = 1;
 constexpr int kInkViewTyping = 0;
 constexpr int kInkViewWriting = 2;
+
+// Ink of an editor that a crash closed before the person did.
+struct RecoveredInk {
+    std::u16string Name;
+    SYSTEMTIME WrittenOn; // when it was begun
+    std::vector<std::uint8_t> Data;
+};
+
+enum class RecoveredInkEnd {
+    Kept,     // it has become a memo: it goes
+    Declined, // it stays in the recovery folder, and is not found again
+};
 
 // The control itself is made with IControls as ControlKind::Ink.
 class IInk {
@@ -42,6 +59,10 @@ class IInk {
     virtual int SendMessageW(WindowHandle ink, MessageNumber number, int first, int second) = 0;
     virtual std::vector<std::uint8_t> GetData(WindowHandle ink) = 0; // WM_USER + 515; empty paper gives no bytes
     virtual bool SetData(WindowHandle ink, std::span<const std::uint8_t> data) = 0; // WM_USER + 516
+
+    // What crashes left, oldest first; none of it is open anywhere.
+    virtual std::vector<RecoveredInk> FindRecovered() = 0;
+    virtual void EndRecovered(std::u16string_view name, RecoveredInkEnd end) = 0;
 };
 
 } // namespace tavo

@@ -23,7 +23,11 @@ HeadlessHost::HeadlessHost(const DeviceOptions& options)
     Seen.Watch(State);
     Seen.SetDestroyed([this](WindowHandle window) { Papers.Drop(window); });
     Papers.SetClock(Time.Clock);
-    Time.SetWaited([this] { Papers.NoteShown(); });
+    Papers.SetRecovery((Root.Path() / "Recovery").string());
+    Time.SetWaited([this] {
+        Papers.NoteShown();
+        Papers.SaveRecovery();
+    });
 }
 
 Status HeadlessHost::CoInitializeEx() {

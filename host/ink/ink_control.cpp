@@ -133,6 +133,7 @@ bool InkControl::SetData(std::span<const std::uint8_t> data) {
     }
     Doing = Gesture::None;
     Paper.Reset(std::move(strokes));
+    ++Reshaped;
     History.Clear();
     WasSeen = false;
     Shown.ScrollTo({});
@@ -190,6 +191,7 @@ void InkControl::Do(Edit edit, bool isPartOfLast) {
     if (edit.IsEmpty()) {
         return;
     }
+    Reshaped += edit.Removed.empty() && edit.Moved.empty() ? 0 : 1; // else strokes came behind all others
     const Box changed = Paper.Apply(edit);
     isPartOfLast ? History.AddToLast(std::move(edit)) : History.Add(std::move(edit));
     NoteInk(changed);
@@ -197,12 +199,14 @@ void InkControl::Do(Edit edit, bool isPartOfLast) {
 
 void InkControl::Undo() {
     if (History.CanUndo()) {
+        ++Reshaped;
         NoteInk(History.Undo(Paper));
     }
 }
 
 void InkControl::Redo() {
     if (History.CanRedo()) {
+        ++Reshaped;
         NoteInk(History.Redo(Paper));
     }
 }

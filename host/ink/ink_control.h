@@ -88,6 +88,9 @@ class InkControl {
     // Counts what a person did to the ink, the stroke being drawn included.
     std::uint64_t Revision() const { return Changes; }
 
+    // Counts what was done to strokes that were already there: those after it cannot be told by what is new alone.
+    std::uint64_t Reshapes() const { return Reshaped; }
+
     Damage TakeDamage() { return std::exchange(Damaged, {}); }
 
     // Called after anything changed that is seen.
@@ -143,6 +146,7 @@ class InkControl {
     bool ErasedAny = false;
 
     std::uint64_t Changes = 0;
+    std::uint64_t Reshaped = 0;
     Damage Damaged;
     std::function<void()> Watch;
 };

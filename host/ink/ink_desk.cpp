@@ -18,6 +18,7 @@ std::int64_t MillisecondsOf(const SYSTEMTIME& time) {
 } // namespace
 
 void InkDesk::SetClock(IClock& clock) {
+    Clock = &clock;
     Common.Now = [&clock] { return MillisecondsOf(clock.GetLocalTime()); };
 }
 
@@ -77,6 +78,32 @@ std::vector<std::uint8_t> InkDesk::GetData(WindowHandle ink) {
 
 bool InkDesk::SetData(WindowHandle ink, std::span<const std::uint8_t> data) {
     return Find(ink).SetData(data);
+}
+
+std::vector<RecoveredInk> InkDesk::FindRecovered() {
+    return Recovery.has_value() ? Recovery->Find() : std::vector<RecoveredInk>();
+}
+
+void InkDesk::EndRecovered(std::u16string_view name, RecoveredInkEnd end) {
+    if (Recovery.has_value()) {
+        Recovery->End(name, end);
+    }
+}
+
+void InkDesk::SaveRecovery() {
+    if (!Recovery.has_value() || Clock == nullptr) {
+        return;
+    }
+    for (auto& [handle, entry] : Entries) {
+        if (entry.Control->Revision() == 0) {
+            continue;
+        }
+        if (!entry.Saved) {
+            entry.Saved = std::make_unique<RecoveryFile>(Recovery->Path(), Clock->GetLocalTime());
+        }
+        // Where nothing can be written there is nothing to be done: the ink itself is still there.
+        static_cast<void>(entry.Saved->Write(*entry.Control));
+    }
 }
 
 void InkDesk::NoteShown() {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "host/ink/ink_control.h"
+#include "host/ink/recovery_file.h"
+#include "host/ink/recovery_folder.h"
 #include "host/shell/shell.h"
 #include "platform/clock.h"
 
@@ -18,15 +20,23 @@ class InkDesk final : public IInk {
     // Where strokes get their time from.
     void SetClock(IClock& clock);
 
+    // Where ink is kept while it is being written; without a folder it is not.
+    void SetRecovery(std::string folder) { Recovery.emplace(std::move(folder)); }
+
     int SendMessageW(WindowHandle ink, MessageNumber number, int first, int second) override;
     std::vector<std::uint8_t> GetData(WindowHandle ink) override;
     bool SetData(WindowHandle ink, std::span<const std::uint8_t> data) override;
+    std::vector<RecoveredInk> FindRecovered() override;
+    void EndRecovered(std::u16string_view name, RecoveredInkEnd end) override;
 
     // Made when it is first asked for. It is as large as the shell's control.
     InkControl& Find(WindowHandle ink) { return *FindEntry(ink).Control; }
 
     // The control goes.
     void Drop(WindowHandle ink) { Entries.erase(ink); }
+
+    // Brings the recovery files up to what was written since. To be called within a second of a change.
+    void SaveRecovery();
 
     // A person sees all controls now.
     void NoteShown();
@@ -39,6 +49,7 @@ class InkDesk final : public IInk {
   private:
     struct Entry {
         std::unique_ptr<InkControl> Control;
+        std::unique_ptr<RecoveryFile> Saved;
         Rect WithBar; // its place after it grew by the recorder bar; empty when it did not
     };
 
@@ -47,6 +58,8 @@ class InkDesk final : public IInk {
 
     shell::Shell& State;
     InkShared Common;
+    IClock* Clock = nullptr;
+    std::optional<RecoveryFolder> Recovery;
     std::map<WindowHandle, Entry> Entries;
     std::function<void(WindowHandle)> Watch;
 };

@@ -14,11 +14,14 @@
 #include <QSocketNotifier>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <utility>
 
 namespace tavo::qt {
 namespace {
+
+constexpr std::chrono::milliseconds kRecoveryDelay{500}; // what is written is never further behind than a second
 
 ControlStyle* InstallStyle() {
     auto* style = new ControlStyle; // the application takes it over
@@ -54,7 +57,16 @@ QtHost::QtHost(HostOptions options)
         OwnPanel.SipSetInfo(info);
     });
     Shared.Ink.SetClock(OwnClock);
-    Shared.Ink.SetWatch([this](WindowHandle ink) { OwnViews.NoteState(ink); });
+    Shared.Ink.SetRecovery(Options.Root.Path() + "/Recovery");
+    RecoveryTimer.setSingleShot(true);
+    RecoveryTimer.setInterval(kRecoveryDelay);
+    QObject::connect(&RecoveryTimer, &QTimer::timeout, &RecoveryTimer, [this] { Shared.Ink.SaveRecovery(); });
+    Shared.Ink.SetWatch([this](WindowHandle ink) {
+        OwnViews.NoteState(ink);
+        if (!RecoveryTimer.isActive()) {
+            RecoveryTimer.start();
+        }
+    });
     Events.SetPreparation([this](bool waits) { PrepareWait(waits); });
     OwnDesktop.Start(ChooseDesktopSize(qgetenv("TAVO_SCALE"), ReadRememberedSize(Options.Root.Path()),
                                        QGuiApplication::primaryScreen()->availableSize()));

@@ -23,6 +23,8 @@
 #include "host/shell/shell_queue.h"
 #include "platform/host.h"
 
+#include <QTimer>
+
 #include <functional>
 #include <memory>
 
@@ -121,6 +123,7 @@ class QtHost final : public IHost, private shell::IShellObserver {
     shell::ShellMenus OwnMenus{Shared.State};
     shell::ShellInputPanel OwnPanel{Shared.State};
     QuitSignals OwnQuitSignals;
+    QTimer RecoveryTimer;
     std::unique_ptr<QSocketNotifier> Activation;
     bool FrameChanged = false;
     bool BarsChanged = true;

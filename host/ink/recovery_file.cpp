@@ -1,0 +1,212 @@
+// A head, then records one after another: the whole page, strokes added to it, the stroke being drawn.
+#include "host/ink/recovery_file.h"
+
+#include <array>
+#include <cerrno>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+namespace tavo::ink {
+namespace {
+
+constexpr std::array<std::uint8_t, 5> kSignature{0xF7, 'T', 'I', 'R', 1};
+constexpr std::size_t kHeadSize = kSignature.size() + 7; // the moment it was begun
+constexpr std::size_t kRecordHead = 5;                   // kind, length
+constexpr int kPage = 1;
+constexpr int kAdded = 2;
+constexpr int kLive = 3; // replaces the one before; without bytes there is none any more
+constexpr long long kRoomForNews = 8LL << 20;
+constexpr int kMaxNames = 1000;
+
+void PutNumber(std::vector<std::uint8_t>& bytes, std::uint32_t value, int size) {
+    for (int i = 0; i < size; ++i) {
+        bytes.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
+    }
+}
+
+std::uint32_t GetNumber(std::span<const std::uint8_t> bytes, std::size_t size) {
+    std::uint32_t value = 0;
+    for (std::size_t i = size; i-- > 0;) {
+        value = value << 8 | bytes[i];
+    }
+    return value;
+}
+
+std::vector<std::uint8_t> MakeHead(const SYSTEMTIME& begun) {
+    std::vector<std::uint8_t> head(kSignature.begin(), kSignature.end());
+    PutNumber(head, begun.Year, 2);
+    for (const std::uint16_t part : {begun.Month, begun.Day, begun.Hour, begun.Minute, begun.Second}) {
+        PutNumber(head, part, 1);
+    }
+    return head;
+}
+
+bool WriteAll(int file, std::span<const std::uint8_t> bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(file, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) {
+            continue;
+        }
+        if (written <= 0) {
+            return false;
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+std::string NameFor(const SYSTEMTIME& begun, int number) {
+    std::array<char, 64> name{};
+    std::snprintf(name.data(), name.size(), "%04d%02d%02d_%02d%02d%02d_%d.ink", begun.Year, begun.Month, begun.Day,
+                  begun.Hour, begun.Minute, begun.Second, number);
+    return name.data();
+}
+
+} // namespace
+
+RecoveryFile::~RecoveryFile() {
+    if (File) {
+        unlink(OwnPath.c_str());
+    }
+}
+
+bool RecoveryFile::Open() {
+    if (File) {
+        return true;
+    }
+    if (mkdir(Folder.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
+        return false;
+    }
+    for (int number = 1; number < kMaxNames; ++number) {
+        OwnPath = Folder + "/" + NameFor(Begun, number);
+        files::FileDescriptor made(open(OwnPath.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
+        if (!made && errno != EEXIST) {
+            return false;
+        }
+        if (made && flock(made.Get(), LOCK_EX | LOCK_NB) == 0) {
+            File = std::move(made);
+            return true;
+        }
+    }
+    return false;
+}
+
+bool RecoveryFile::Append(int kind, std::span<const std::uint8_t> bytes) {
+    std::vector<std::uint8_t> record;
+    record.reserve(bytes.size() + kRecordHead);
+    PutNumber(record, static_cast<std::uint32_t>(kind), 1);
+    PutNumber(record, static_cast<std::uint32_t>(bytes.size()), 4);
+    record.insert(record.end(), bytes.begin(), bytes.end());
+    if (!WriteAll(File.Get(), record)) {
+        // Half a record hides what comes behind it.
+        if (ftruncate(File.Get(), Size) != 0 || lseek(File.Get(), Size, SEEK_SET) != Size) {
+            File.Close();
+            Size = 0;
+        }
+        WrittenReshapes.reset();
+        return false;
+    }
+    Size += static_cast<long long>(record.size());
+    return true;
+}
+
+bool RecoveryFile::WritePage(const InkControl& control) {
+    const std::vector<std::uint8_t> page = Encode(control.Ink().Strokes());
+    if (Size > kRoomForNews + 4 * static_cast<long long>(page.size())) {
+        // Beside the old one, which lasts until the new one is written.
+        const std::string oldPath = OwnPath;
+        const files::FileDescriptor old = std::exchange(File, files::FileDescriptor());
+        Size = 0;
+        const bool isWritten = WritePage(control);
+        if (isWritten) {
+            unlink(oldPath.c_str());
+        }
+        return isWritten;
+    }
+    if (!Open()) {
+        return false;
+    }
+    if (Size == 0) {
+        const std::vector<std::uint8_t> head = MakeHead(Begun);
+        if (ftruncate(File.Get(), 0) != 0 || lseek(File.Get(), 0, SEEK_SET) != 0 || !WriteAll(File.Get(), head)) {
+            return false;
+        }
+        Size = static_cast<long long>(head.size());
+    }
+    if (!Append(kPage, page)) {
+        return false;
+    }
+    WrittenReshapes = control.Reshapes();
+    WrittenStrokes = control.Ink().Strokes().size();
+    HasLive = false;
+    return true;
+}
+
+bool RecoveryFile::WriteNews(const InkControl& control) {
+    const std::span<const PlacedStroke> strokes = control.Ink().Strokes();
+    if (strokes.size() > WrittenStrokes) {
+        if (!Append(kAdded, Encode(strokes.subspan(WrittenStrokes)))) {
+            return false;
+        }
+        WrittenStrokes = strokes.size();
+        HasLive = false;
+    }
+    const Stroke* live = control.LiveStroke();
+    if (live != nullptr) {
+        HasLive = true;
+        return Append(kLive, Encode(std::vector{Place(*live)}));
+    }
+    return !std::exchange(HasLive, false) || Append(kLive, {});
+}
+
+bool RecoveryFile::Write(const InkControl& control) {
+    if (control.Revision() == WrittenRevision) {
+        return true;
+    }
+    const bool isKnown = WrittenReshapes == control.Reshapes() && Size < (kRoomForNews << 3);
+    if ((!isKnown && !WritePage(control)) || !WriteNews(control)) {
+        return false;
+    }
+    WrittenRevision = control.Revision();
+    return true;
+}
+
+std::optional<RecoveryContents> ReadRecovery(std::span<const std::uint8_t> bytes) {
+    if (bytes.size() < kHeadSize || !std::equal(kSignature.begin(), kSignature.end(), bytes.begin())) {
+        return std::nullopt;
+    }
+    RecoveryContents contents;
+    const std::span<const std::uint8_t> moment = bytes.subspan(kSignature.size());
+    contents.Begun.Year = static_cast<std::uint16_t>(GetNumber(moment, 2));
+    contents.Begun.Month = moment[2];
+    contents.Begun.Day = moment[3];
+    contents.Begun.Hour = moment[4];
+    contents.Begun.Minute = moment[5];
+    contents.Begun.Second = moment[6];
+    std::vector<PlacedStroke> all;
+    std::vector<PlacedStroke> live;
+    for (bytes = bytes.subspan(kHeadSize); bytes.size() >= kRecordHead;) {
+        const int kind = bytes[0];
+        const std::size_t length = GetNumber(bytes.subspan(1), 4);
+        std::vector<PlacedStroke> strokes;
+        if (length > bytes.size() - kRecordHead || kind < kPage || kind > kLive ||
+            Decode(bytes.subspan(kRecordHead, length), strokes) != Reading::Whole) {
+            break;
+        }
+        if (kind == kPage) {
+            all.clear();
+        }
+        live.clear();
+        std::vector<PlacedStroke>& into = kind == kLive ? live : all;
+        into.insert(into.end(), strokes.begin(), strokes.end());
+        bytes = bytes.subspan(kRecordHead + length);
+    }
+    all.insert(all.end(), live.begin(), live.end());
+    contents.Ink = Encode(all);
+    return contents;
+}
+
+} // namespace tavo::ink

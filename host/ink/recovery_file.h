@@ -1,0 +1,55 @@
+// What is written while a memo is open, so that a crash takes no more than the last moment of it.
+#pragma once
+
+#include "host/files/file_descriptor.h"
+#include "host/ink/ink_control.h"
+#include "platform/system_time.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace tavo::ink {
+
+// The file goes with the object, and is locked as long as that lives: what is not locked was left by a crash.
+class RecoveryFile {
+  public:
+    RecoveryFile(std::string folder, const SYSTEMTIME& begun) : Folder(std::move(folder)), Begun(begun) {}
+
+    ~RecoveryFile();
+    RecoveryFile(const RecoveryFile&) = delete;
+    RecoveryFile& operator=(const RecoveryFile&) = delete;
+
+    // Brings the file up to the control's ink, the stroke that is being drawn included. False when it cannot be
+    // written; the next call then tries everything again.
+    bool Write(const InkControl& control);
+
+    const std::string& Path() const { return OwnPath; }
+
+  private:
+    bool Open();
+    bool Append(int kind, std::span<const std::uint8_t> bytes);
+    bool WritePage(const InkControl& control);
+    bool WriteNews(const InkControl& control);
+
+    std::string Folder;
+    SYSTEMTIME Begun;
+    std::string OwnPath;
+    files::FileDescriptor File;
+    long long Size = 0;
+    std::uint64_t WrittenRevision = 0;
+    std::optional<std::uint64_t> WrittenReshapes; // none: nothing of use is in the file
+    std::size_t WrittenStrokes = 0;
+    bool HasLive = false;
+};
+
+struct RecoveryContents {
+    SYSTEMTIME Begun;
+    std::vector<std::uint8_t> Ink; // as a control would give it
+};
+
+// Reads as far as the bytes are whole. None when they are no recovery file.
+std::optional<RecoveryContents> ReadRecovery(std::span<const std::uint8_t> bytes);
+
+} // namespace tavo::ink
