@@ -7,7 +7,7 @@ namespace tavo::outlook {
 
 namespace {
 
-// Version 1: everything but the reminder ledger, the place of a wished tag and the origin of exceptions.
+// Version 1: everything but reminders and their ledger, the place of a wished tag and the origin of exceptions.
 constexpr const char* kVersion1 = R"sql(
 CREATE TABLE setting(
     name TEXT PRIMARY KEY,
@@ -152,6 +152,45 @@ CREATE TRIGGER ledger_delete AFTER DELETE ON ledger BEGIN
     UPDATE change_count SET count = count + 1 WHERE kind = 'ledger'; END;
 )sql";
 
+// One row of the ledger for each occurrence and due time, what happened to each, and the reminders in order of lead and
+// start, series apart: so the next one of every lead is found at once.
+constexpr const char* kToVersion3 = R"sql(
+DROP TABLE ledger;
+CREATE TABLE ledger(
+    oid INTEGER NOT NULL,
+    original INTEGER NOT NULL,
+    due INTEGER NOT NULL,
+    at INTEGER NOT NULL,
+    start INTEGER NOT NULL,
+    state INTEGER NOT NULL,
+    until INTEGER NOT NULL,
+    shows INTEGER NOT NULL,
+    card INTEGER NOT NULL,
+    service TEXT NOT NULL,
+    title TEXT NOT NULL,
+    PRIMARY KEY (oid, original, due)
+) WITHOUT ROWID;
+CREATE INDEX ledger_open ON ledger(state) WHERE state < 5;
+CREATE TRIGGER ledger_insert AFTER INSERT ON ledger BEGIN
+    UPDATE change_count SET count = count + 1 WHERE kind = 'ledger'; END;
+CREATE TRIGGER ledger_update AFTER UPDATE ON ledger BEGIN
+    UPDATE change_count SET count = count + 1 WHERE kind = 'ledger'; END;
+CREATE TRIGGER ledger_delete AFTER DELETE ON ledger BEGIN
+    UPDATE change_count SET count = count + 1 WHERE kind = 'ledger'; END;
+
+CREATE TABLE ledger_log(
+    id INTEGER PRIMARY KEY,
+    time INTEGER NOT NULL,
+    oid INTEGER NOT NULL,
+    at INTEGER NOT NULL,
+    state INTEGER NOT NULL,
+    until INTEGER NOT NULL,
+    title TEXT NOT NULL
+);
+
+CREATE INDEX item_reminder ON item((flags & 4), reminder_minutes, start) WHERE flags & 2;
+)sql";
+
 // Asks every table that a file of a version must have for a row: finds a missing one and a damaged first page.
 constexpr const char* kTouchVersion1 =
     "SELECT (SELECT 1 FROM setting LIMIT 1), (SELECT 1 FROM change_count LIMIT 1), (SELECT 1 FROM zone LIMIT 1),"
@@ -161,6 +200,7 @@ constexpr const char* kTouchVersion1 =
     " (SELECT 1 FROM journal_group LIMIT 1), (SELECT 1 FROM journal_change LIMIT 1)";
 constexpr const char* kTouchVersion2 = "SELECT (SELECT position FROM request LIMIT 1), (SELECT source FROM exception "
                                        "LIMIT 1), (SELECT 1 FROM ledger LIMIT 1)";
+constexpr const char* kTouchVersion3 = "SELECT (SELECT shows FROM ledger LIMIT 1), (SELECT 1 FROM ledger_log LIMIT 1)";
 
 // Turns the pragma with its number into one statement.
 Status SetNumber(Database& database, const char* pragma, std::int32_t number) {
@@ -217,7 +257,7 @@ Status CreateSchema(Database& database) {
     if (const Status status = SetNumber(database, "application_id", kApplicationId); Failed(status)) {
         return status;
     }
-    return BringForward(database, [](std::int64_t) { return std::string(kVersion1) + kToVersion2; });
+    return BringForward(database, [](std::int64_t) { return std::string(kVersion1) + kToVersion2 + kToVersion3; });
 }
 
 Status ReadSchema(Database& database, std::int32_t& version) {
@@ -241,6 +281,9 @@ Status ReadSchema(Database& database, std::int32_t& version) {
     if (Succeeded(status) && version >= 2) {
         status = Touch(database, kTouchVersion2);
     }
+    if (Succeeded(status) && version >= 3) {
+        status = Touch(database, kTouchVersion3);
+    }
     return OursButDamaged(status);
 }
 
@@ -249,6 +292,9 @@ Status MigrateSchema(Database& database) {
         std::string steps;
         if (version < 2) {
             steps += kToVersion2;
+        }
+        if (version < 3) {
+            steps += kToVersion3;
         }
         return steps;
     });

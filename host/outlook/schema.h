@@ -9,7 +9,7 @@
 namespace tavo::outlook {
 
 constexpr std::int32_t kApplicationId = 0x5461766F; // "Tavo"
-constexpr std::int32_t kSchemaVersion = 2;
+constexpr std::int32_t kSchemaVersion = 3;
 
 // Stands for "after every time there is" in the end of an endless series.
 constexpr std::int64_t kForever = std::numeric_limits<std::int64_t>::max();

@@ -103,6 +103,16 @@ Seconds ZoneCache::FromWall(ZoneId zone, Seconds wall) {
     return rules == nullptr || Device == nullptr ? wall : rules->ToLocal(Device->ToUtc(wall));
 }
 
+Seconds ZoneCache::ToUtc(ZoneId zone, Seconds own) {
+    const ZoneRules* rules = Rules(zone);
+    rules = rules == nullptr ? Device.get() : rules;
+    return rules == nullptr ? own : rules->ToUtc(own);
+}
+
+Seconds ZoneCache::UtcToWall(Seconds utc) const {
+    return Device == nullptr ? utc : Device->ToLocal(utc);
+}
+
 void ZoneCache::Forget() {
     Zones.clear();
 }

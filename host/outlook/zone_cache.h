@@ -35,6 +35,9 @@ class ZoneCache {
     // Between a zone's clock and the device's. A zone without rules is taken for floating.
     Seconds ToWall(ZoneId zone, Seconds own);
     Seconds FromWall(ZoneId zone, Seconds wall);
+    // Between a zone's clock, or the device's for kFloating, and universal time.
+    Seconds ToUtc(ZoneId zone, Seconds own);
+    Seconds UtcToWall(Seconds utc) const;
 
     // After a transaction was taken back, what it added is no longer there.
     void Forget();

@@ -53,8 +53,10 @@ TEST_F(Processes, SeeEachOthersItems) {
 
 TEST_F(Processes, WriteAtOnceWithoutLosingAnything) {
     constexpr int kEach = 60;
+    constexpr int kWriters = 4;
     std::vector<std::unique_ptr<ChildProcess>> writers;
-    for (int writer = 0; writer < 4; ++writer) {
+    writers.reserve(kWriters);
+    for (int writer = 0; writer < kWriters; ++writer) {
         writers.push_back(Fork([this](ChildProcess::Link& link) {
             Reopen();
             link.Hear();
@@ -132,8 +134,7 @@ TEST_F(Processes, OwnChangesAndTheLedgersAreNoItemChangesOfOthers) {
     const auto other = Fork([this](ChildProcess::Link& link) {
         Reopen();
         link.Hear();
-        if (Failed(
-                Store->Core().Db.Run("INSERT INTO ledger(oid, original, due, state, until) VALUES (1, 2, 3, 0, 0)"))) {
+        if (Failed(Store->Core().Db.Run("INSERT INTO ledger VALUES (1, 2, 3, 4, 5, 0, 0, 0, 0, '', '')"))) {
             _exit(1);
         }
         link.Tell('d');

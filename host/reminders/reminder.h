@@ -1,0 +1,72 @@
+// What the reminder service knows of one reminder, and the row that the ledger keeps of it.
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <string>
+
+namespace tavo::reminders {
+
+// Seconds of universal time since 1899-12-30.
+using Moment = std::int64_t;
+
+constexpr Moment kMinute = 60;
+constexpr Moment kHour = 60 * kMinute;
+constexpr Moment kDay = 24 * kHour;
+
+// One occurrence and one due time. Both times are on the item's own clock, so that a change of the device's time zone
+// makes no other reminder of it.
+struct ReminderKey {
+    std::int32_t Item = 0;
+    std::int64_t Original = 0; // recurrence id of an occurrence; 0 for an item that does not recur
+    std::int64_t Due = 0;      // start minus lead
+    friend auto operator<=>(const ReminderKey&, const ReminderKey&) = default;
+};
+
+struct DueReminder {
+    ReminderKey Key;
+    Moment At = 0;    // when it is due
+    Moment Start = 0; // of the occurrence
+};
+
+// What people read and hear.
+struct ReminderText {
+    std::string Title; // UTF-8
+    std::string Location;
+    std::int64_t StartWall = 0; // seconds on the device's clock since 1899-12-30
+    bool AllDay = false;
+    std::int32_t Options = 0; // of the item's reminder
+    std::string Sound;        // a path of the device, or a bare name
+};
+
+enum class LedgerState {
+    Due = 0,       // its time came, and nothing was done yet
+    Offering = 1,  // the desktop is being asked; when a new process finds this, it may have been shown
+    Shown = 2,     // the desktop took it, nobody has answered
+    Snoozed = 3,   // comes again at Until
+    Listed = 4,    // stands in the list of missed ones, nobody has answered
+    Dismissed = 5, // answered
+    Withdrawn = 6, // its item was moved or deleted after it was shown
+};
+
+constexpr bool IsFinal(LedgerState state) {
+    return state == LedgerState::Dismissed || state == LedgerState::Withdrawn;
+}
+
+struct LedgerRow {
+    ReminderKey Key;
+    Moment At = 0;    // when it is due, or when it came to be owed where that was later
+    Moment Start = 0; // of the occurrence
+    LedgerState State = LedgerState::Due;
+    Moment Until = 0;       // of a snoozed one; stays while it is shown again
+    std::int32_t Shows = 0; // how often it was shown by itself, lists of missed ones not counted
+    std::uint32_t Card = 0; // the desktop's number for what shows it
+    std::string Service;    // who gave that number
+    std::string Title;      // for the log, when the item is gone
+    friend bool operator==(const LedgerRow&, const LedgerRow&) = default;
+
+    // When it has to be shown.
+    Moment OwedAt() const { return Until != 0 ? Until : At; }
+};
+
+} // namespace tavo::reminders

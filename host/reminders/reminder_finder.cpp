@@ -1,0 +1,334 @@
+// Walks the reminders of each lead in order of start; series are expanded around the time in question.
+#include "host/reminders/reminder_finder.h"
+
+#include "host/outlook/item_rows.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace tavo::reminders {
+
+namespace {
+
+using outlook::Database;
+using outlook::Entry;
+using outlook::EntryKind;
+using outlook::Query;
+using outlook::ZoneId;
+
+// Clocks differ from universal time, and from each other, by less; times found with it are looked at exactly.
+constexpr Moment kSlack = kDay;
+constexpr Moment kFirstReach = 2 * kDay; // how far a search for the next occurrence looks at first
+constexpr Moment kFarthestReach = 400000 * kDay;
+
+constexpr Moment LeadOf(std::int64_t minutes) {
+    return std::max<std::int64_t>(minutes, 0) * kMinute;
+}
+
+} // namespace
+
+struct ReminderFinder::Item {
+    std::int64_t Start = 0;
+    ZoneId Zone = outlook::kFloating;
+    std::int64_t OwnStart = 0;
+    std::int64_t Flags = 0;
+    Moment Lead = 0;
+    ReminderText Text;
+};
+
+// Whole days of the lead go by the clock on the wall, the rest is time that passes: "a day before" nine o'clock is nine
+// o'clock, and "half an hour before" is half an hour, also where the clock changes in between.
+Moment ReminderFinder::DueOf(ZoneId zone, std::int64_t own, Moment lead) {
+    return Core.Zones.ToUtc(zone, own - lead / kDay * kDay) - lead % kDay;
+}
+
+DueReminder ReminderFinder::MakePlain(Oid oid, ZoneId zone, std::int64_t own, Moment lead) {
+    return {{oid, 0, own - lead}, DueOf(zone, own, lead), Core.Zones.ToUtc(zone, own)};
+}
+
+Status ReminderFinder::MakeOccurrence(const RemindingSeries& series, const Entry& entry, DueReminder& reminder) {
+    std::int64_t own = entry.Original;
+    if (entry.Kind == EntryKind::Moved) {
+        Query query(Core.Db, "SELECT start FROM exception WHERE oid = ? AND original = ?");
+        if (!query.Bind(entry.Item).Bind(entry.Original).Next()) {
+            return Failed(query.Result()) ? query.Result() : Status::Corrupt;
+        }
+        own = query.Integer(0);
+    }
+    reminder = MakePlain(entry.Item, series.Row.Zone, own, series.Lead);
+    reminder.Key.Original = entry.Original;
+    return Status::Ok;
+}
+
+// Each lead once, by a search for the next greater one: there are few.
+Status ReminderFinder::ReadLeads(std::vector<Moment>& leads) {
+    std::int64_t last = std::numeric_limits<std::int32_t>::min();
+    while (true) {
+        Query query(Core.Db, "SELECT reminder_minutes FROM item WHERE flags & 2 AND (flags & 4) = 0"
+                             " AND reminder_minutes > ? ORDER BY reminder_minutes LIMIT 1");
+        if (!query.Bind(last).Next()) {
+            return query.Result();
+        }
+        last = query.Integer(0);
+        leads.push_back(last);
+    }
+}
+
+Status ReminderFinder::ReadSeries(std::int64_t from) {
+    std::int64_t items = 0;
+    std::int64_t ledger = 0;
+    if (const Status status = Core.ReadChangeCounts(items, ledger); Failed(status)) {
+        return status;
+    }
+    if (items == SeriesState && from >= SeriesFrom) {
+        return Status::Ok;
+    }
+    Series.clear();
+    SeriesState = -1;
+    std::unordered_map<Oid, Moment> leads;
+    Query query(Core.Db, "SELECT oid, reminder_minutes FROM item WHERE flags & 2 AND (flags & 4) = 4");
+    while (query.Next()) {
+        leads.emplace(query.Small(0), LeadOf(query.Integer(1)));
+    }
+    std::vector<outlook::SeriesRow> rows;
+    Status status = query.Result();
+    if (Succeeded(status)) {
+        status = outlook::ReadSeriesTouching(Core.Db, from, outlook::kForever, rows);
+    }
+    if (Failed(status)) {
+        return status;
+    }
+    for (const outlook::SeriesRow& row : rows) {
+        if (const auto lead = leads.find(row.Item); lead != leads.end()) {
+            Series.push_back({row, lead->second});
+        }
+    }
+    Series.shrink_to_fit();
+    SeriesFrom = from;
+    SeriesState = items;
+    return Status::Ok;
+}
+
+Status ReminderFinder::WalkPlain(Moment lead, std::int64_t from, std::int64_t to,
+                                 const std::function<bool(const DueReminder&, std::int64_t start)>& visit) {
+    Query query(Core.Db, "SELECT oid, start, zone, zone_start FROM item WHERE flags & 2 AND (flags & 4) = 0"
+                         " AND reminder_minutes = ? AND start BETWEEN ? AND ? ORDER BY start");
+    query.Bind(lead).Bind(from).Bind(to);
+    while (query.Next()) {
+        const std::int64_t start = query.Integer(1);
+        const bool zoned = !query.IsNull(2);
+        const ZoneId zone = zoned ? query.Integer(2) : outlook::kFloating;
+        if (!visit(MakePlain(query.Small(0), zone, zoned ? query.Integer(3) : start, LeadOf(lead)), start)) {
+            return Status::Ok;
+        }
+    }
+    return query.Result();
+}
+
+Status ReminderFinder::WalkSeries(const RemindingSeries& series, std::int64_t from, std::int64_t to,
+                                  const Visit& visit) {
+    if (series.Row.First > to || series.Row.Until < from) {
+        return Status::Ok;
+    }
+    Entries.clear();
+    Status status = Core.Items.Series().Expand(series.Row, from, to, Entries);
+    for (const Entry& entry : Entries) {
+        DueReminder reminder;
+        if (Succeeded(status)) {
+            status = MakeOccurrence(series, entry, reminder);
+        }
+        if (Succeeded(status)) {
+            visit(reminder);
+        }
+    }
+    return status;
+}
+
+Status ReminderFinder::FindDue(Moment after, Moment upTo, const Visit& visit) {
+    const Visit visitDue = [&](const DueReminder& reminder) {
+        if (reminder.At > after && reminder.At <= upTo) {
+            visit(reminder);
+        }
+    };
+    const std::int64_t from = Core.Zones.UtcToWall(after) - kSlack;
+    const std::int64_t to = Core.Zones.UtcToWall(upTo) + kSlack;
+    std::vector<Moment> leads;
+    Status status = ReadLeads(leads);
+    for (const Moment lead : leads) {
+        if (Succeeded(status)) {
+            status = WalkPlain(lead, from + LeadOf(lead), to + LeadOf(lead), [&](const DueReminder& reminder, auto) {
+                visitDue(reminder);
+                return true;
+            });
+        }
+    }
+    if (Succeeded(status)) {
+        status = ReadSeries(from);
+    }
+    for (const RemindingSeries& series : Series) {
+        if (Succeeded(status)) {
+            status = WalkSeries(series, from + series.Lead, to + series.Lead, visitDue);
+        }
+    }
+    return status;
+}
+
+Status ReminderFinder::FindAhead(Moment now, const Visit& visit) {
+    const Visit visitAhead = [&](const DueReminder& reminder) {
+        if (reminder.At <= now && reminder.Start > now) {
+            visit(reminder);
+        }
+    };
+    const std::int64_t wall = Core.Zones.UtcToWall(now);
+    std::vector<Moment> leads;
+    Status status = ReadLeads(leads);
+    for (const Moment lead : leads) {
+        if (Succeeded(status) && lead > 0) {
+            status =
+                WalkPlain(lead, wall - kSlack, wall + LeadOf(lead) + kSlack, [&](const DueReminder& reminder, auto) {
+                    visitAhead(reminder);
+                    return true;
+                });
+        }
+    }
+    if (Succeeded(status)) {
+        status = ReadSeries(wall - kSlack);
+    }
+    for (const RemindingSeries& series : Series) {
+        if (Succeeded(status)) {
+            status = WalkSeries(series, wall - kSlack, wall + series.Lead + kSlack, visitAhead);
+        }
+    }
+    return status;
+}
+
+Status ReminderFinder::FindNextPlain(Moment after, Moment& best) {
+    std::vector<Moment> leads;
+    Status status = ReadLeads(leads);
+    const std::int64_t wall = Core.Zones.UtcToWall(after);
+    for (const Moment lead : leads) {
+        if (Failed(status)) {
+            break;
+        }
+        const Moment before = LeadOf(lead);
+        status = WalkPlain(
+            lead, wall + before - kSlack, outlook::kForever, [&](const DueReminder& reminder, std::int64_t start) {
+                if (reminder.At > after) {
+                    best = std::min(best, reminder.At);
+                }
+                return best == outlook::kForever || start - before <= Core.Zones.UtcToWall(best) + kSlack;
+            });
+    }
+    return status;
+}
+
+Status ReminderFinder::FindNextOfSeries(Moment after, Moment& best) {
+    const std::int64_t wall = Core.Zones.UtcToWall(after);
+    Status status = ReadSeries(wall - kSlack);
+    std::int64_t from = wall - kSlack;
+    // Everything that is due before a plain item's reminder starts soon: that far all series are looked at.
+    for (Moment reach = kFirstReach; reach <= kFarthestReach && Succeeded(status); reach *= 4) {
+        const std::int64_t all = wall + reach;
+        const std::int64_t to = best == outlook::kForever ? all : std::min(all, Core.Zones.UtcToWall(best) + kSlack);
+        for (const RemindingSeries& series : Series) {
+            if (Succeeded(status)) {
+                status = WalkSeries(series, from + series.Lead, to + series.Lead, [&](const DueReminder& reminder) {
+                    if (reminder.At > after) {
+                        best = std::min(best, reminder.At);
+                    }
+                });
+            }
+        }
+        from = to;
+        if (best != outlook::kForever && Core.Zones.UtcToWall(best) + kSlack <= to) {
+            break;
+        }
+    }
+    return status;
+}
+
+Status ReminderFinder::FindNext(Moment after, std::optional<Moment>& next) {
+    Moment best = outlook::kForever;
+    Status status = FindNextPlain(after, best);
+    if (Succeeded(status)) {
+        status = FindNextOfSeries(after, best);
+    }
+    next = best == outlook::kForever ? std::nullopt : std::optional(best);
+    return status;
+}
+
+Status ReminderFinder::DescribePlain(const ReminderKey& key, Item& item, bool& stands) {
+    const std::int64_t own = item.Zone == outlook::kFloating ? item.Start : item.OwnStart;
+    stands = key.Original == 0 && own - item.Lead == key.Due;
+    item.Text.StartWall = item.Start;
+    return Status::Ok;
+}
+
+Status ReminderFinder::DescribeOccurrence(const ReminderKey& key, Item& item, bool& stands) {
+    stands = false;
+    std::int64_t own = key.Original;
+    Query exception(Core.Db, "SELECT kind, start, subject, location FROM exception WHERE oid = ? AND original = ?");
+    const bool excepted = exception.Bind(key.Item).Bind(key.Original).Next();
+    if (Failed(exception.Result())) {
+        return exception.Result();
+    }
+    if (excepted) {
+        if (exception.Small(0) != static_cast<int>(outlook::ExceptionKind::Moved)) {
+            return Status::Ok;
+        }
+        own = exception.Integer(1);
+        item.Text.Title = exception.IsNull(2) ? item.Text.Title : std::string(exception.Text(2));
+        item.Text.Location = exception.IsNull(3) ? item.Text.Location : std::string(exception.Text(3));
+    }
+    item.Text.StartWall = Core.Zones.ToWall(item.Zone, own);
+    if (own - item.Lead != key.Due) {
+        return Status::Ok;
+    }
+    std::vector<outlook::SeriesRow> rows;
+    const std::int64_t from = item.Text.StartWall - kSlack;
+    const std::int64_t to = item.Text.StartWall + kSlack;
+    Status status = Core.ReadSeriesTouching(from, to, rows);
+    const auto row =
+        std::find_if(rows.begin(), rows.end(), [&key](const outlook::SeriesRow& one) { return one.Item == key.Item; });
+    if (Succeeded(status) && row != rows.end()) {
+        Entries.clear();
+        status = Core.Items.Series().Expand(*row, from, to, Entries);
+        stands = std::any_of(Entries.begin(), Entries.end(),
+                             [&key](const Entry& entry) { return entry.Original == key.Original; });
+    }
+    return status;
+}
+
+Status ReminderFinder::Describe(const ReminderKey& key, std::optional<ReminderText>& text) {
+    text.reset();
+    Item item;
+    {
+        Query query(Core.Db, "SELECT start, zone, zone_start, flags, reminder_minutes, reminder_options,"
+                             " reminder_sound, subject, location FROM item WHERE oid = ?");
+        if (!query.Bind(key.Item).Next()) {
+            return query.Result();
+        }
+        item.Start = query.Integer(0);
+        item.Zone = query.IsNull(1) ? outlook::kFloating : query.Integer(1);
+        item.OwnStart = query.Integer(2);
+        item.Flags = query.Integer(3);
+        item.Lead = LeadOf(query.Integer(4));
+        item.Text.Options = query.Small(5);
+        item.Text.Sound = query.Text(6);
+        item.Text.Title = query.Text(7);
+        item.Text.Location = query.Text(8);
+    }
+    item.Text.AllDay = (item.Flags & outlook::kFlagAllDay) != 0;
+    if ((item.Flags & outlook::kFlagReminder) == 0) {
+        return Status::Ok;
+    }
+    bool stands = false;
+    const Status status = (item.Flags & outlook::kFlagRecurring) == 0 ? DescribePlain(key, item, stands)
+                                                                      : DescribeOccurrence(key, item, stands);
+    if (Succeeded(status) && stands) {
+        text = std::move(item.Text);
+    }
+    return status;
+}
+
+} // namespace tavo::reminders

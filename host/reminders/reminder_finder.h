@@ -1,0 +1,58 @@
+// Finds reminders in the store: what is due in a span of time, what is due next, and what one reminder says.
+#pragma once
+
+#include "host/outlook/store_core.h"
+#include "host/reminders/reminder.h"
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace tavo::reminders {
+
+class ReminderFinder {
+  public:
+    explicit ReminderFinder(outlook::StoreCore& core) : Core(core) {}
+
+    using Visit = std::function<void(const DueReminder&)>;
+
+    // Every reminder with after < due <= upTo; of items and occurrences, whatever their lead.
+    Status FindDue(Moment after, Moment upTo, const Visit& visit);
+    // Every reminder with due <= now < start.
+    Status FindAhead(Moment now, const Visit& visit);
+    // When the next reminder after this moment is due; nothing when there is none.
+    Status FindNext(Moment after, std::optional<Moment>& next);
+    // Nothing when there is no such reminder any more.
+    Status Describe(const ReminderKey& key, std::optional<ReminderText>& text);
+
+  private:
+    struct RemindingSeries {
+        outlook::SeriesRow Row;
+        Moment Lead = 0;
+    };
+
+    struct Item; // the columns that a description needs
+
+    DueReminder MakePlain(Oid oid, outlook::ZoneId zone, std::int64_t own, Moment lead);
+    Status MakeOccurrence(const RemindingSeries& series, const outlook::Entry& entry, DueReminder& reminder);
+    Moment DueOf(outlook::ZoneId zone, std::int64_t own, Moment lead);
+    Status ReadLeads(std::vector<Moment>& leads);
+    Status ReadSeries(std::int64_t from);
+    // Plain items with this lead and a start on the device's clock in a span, until the visitor gives false.
+    Status WalkPlain(Moment lead, std::int64_t from, std::int64_t to,
+                     const std::function<bool(const DueReminder&, std::int64_t start)>& visit);
+    // Occurrences of one series that start in a span on the device's clock.
+    Status WalkSeries(const RemindingSeries& series, std::int64_t from, std::int64_t to, const Visit& visit);
+    Status FindNextPlain(Moment after, Moment& best);
+    Status FindNextOfSeries(Moment after, Moment& best);
+    Status DescribePlain(const ReminderKey& key, Item& item, bool& stands);
+    Status DescribeOccurrence(const ReminderKey& key, Item& item, bool& stands);
+
+    outlook::StoreCore& Core;
+    std::vector<RemindingSeries> Series;
+    std::int64_t SeriesFrom = 0;   // what ends before is left out
+    std::int64_t SeriesState = -1; // the count of item changes for which it holds
+    std::vector<outlook::Entry> Entries;
+};
+
+} // namespace tavo::reminders

@@ -1,0 +1,38 @@
+// The items and the ledger as the scheduler sees them. Every call may fail, and then it has changed nothing.
+#pragma once
+
+#include "host/reminders/reminder.h"
+
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace tavo::reminders {
+
+class IReminderStore {
+  public:
+    virtual ~IReminderStore() = default;
+
+    // Up to when everything due was entered into the ledger; nothing before the first time.
+    virtual bool ReadProgress(std::optional<Moment>& passed) = 0;
+    // Rows that nobody has answered.
+    virtual bool ReadOpen(std::vector<LedgerRow>& rows) = 0;
+
+    // Reminders with after < due <= upTo that have no row yet.
+    virtual bool FindDue(Moment after, Moment upTo, std::vector<DueReminder>& found) = 0;
+    // Reminders with due <= now < start that have no row yet.
+    virtual bool FindAhead(Moment now, std::vector<DueReminder>& found) = 0;
+    // When the next reminder after this moment is due.
+    virtual bool FindNext(Moment after, std::optional<Moment>& next) = 0;
+    // Nothing when the item was moved or deleted, or does not remind any more.
+    virtual bool Describe(const ReminderKey& key, std::optional<ReminderText>& text) = 0;
+
+    // One transaction: writes these rows whole and, where it is given, the progress.
+    virtual bool Commit(std::span<const LedgerRow> rows, std::optional<Moment> passed) = 0;
+    // One transaction: forgets rows that were never shown by themselves and whose time is ahead; progress is now.
+    virtual bool GoBackTo(Moment now) = 0;
+    // Forgets what can never come again.
+    virtual bool Purge(Moment now) = 0;
+};
+
+} // namespace tavo::reminders

@@ -1,0 +1,398 @@
+// The way of a reminder: entered as due, offered to the desk, shown or listed, answered.
+#include "host/reminders/scheduler.h"
+
+#include <algorithm>
+
+namespace tavo::reminders {
+
+namespace {
+
+constexpr Moment kPiece = 31 * kDay;      // a clock that jumped over years is followed in pieces
+constexpr Moment kProgressPeriod = kHour; // how far the written progress may lie behind
+constexpr Moment kShortRetry = 1;         // while the store was refused to us for a moment only
+constexpr Moment kLongRetry = kMinute / 2;
+constexpr Moment kNobodyTookIt = kMinute;
+constexpr Moment kLongestSleep = kDay;
+
+bool IsOnDesk(const LedgerRow& row) {
+    return row.State == LedgerState::Shown || row.State == LedgerState::Listed;
+}
+
+bool Waits(const LedgerRow& row) {
+    return !IsOnDesk(row) && !IsFinal(row.State);
+}
+
+// Never shown by itself, so that it may come at its time without coming twice.
+bool MayComeAnew(const LedgerRow& row, Moment now) {
+    return row.At > now && row.Shows == 0 && row.State != LedgerState::Offering;
+}
+
+void SortByStart(std::vector<CardLine>& lines) {
+    std::stable_sort(lines.begin(), lines.end(), [](const CardLine& left, const CardLine& right) {
+        return left.Text.StartWall < right.Text.StartWall;
+    });
+}
+
+} // namespace
+
+bool Scheduler::Load() {
+    if (!Store.ReadProgress(Passed)) {
+        return false;
+    }
+    std::vector<LedgerRow> rows;
+    if (!Store.ReadOpen(rows)) {
+        return false;
+    }
+    for (LedgerRow& row : rows) {
+        Open.insert_or_assign(row.Key, std::move(row));
+    }
+    WrittenProgress = Passed;
+    Loaded = true;
+    return true;
+}
+
+void Scheduler::Keep(const LedgerRow& row) {
+    if (IsFinal(row.State) && !Unwritten.contains(row.Key)) {
+        Open.erase(row.Key);
+    } else {
+        Open.insert_or_assign(row.Key, row);
+    }
+}
+
+bool Scheduler::Commit(const std::vector<LedgerRow>& rows, std::optional<Moment> passed, Moment now) {
+    if (Store.Commit(rows, passed)) {
+        FailingSince.reset();
+        for (const LedgerRow& row : rows) {
+            Unwritten.erase(row.Key);
+        }
+        WrittenProgress = passed ? passed : WrittenProgress;
+        return true;
+    }
+    FailingSince = std::min(FailingSince.value_or(now), now);
+    return false;
+}
+
+bool Scheduler::Announce(const std::vector<LedgerRow>& rows, std::optional<Moment> passed, Moment now) {
+    const bool written = Commit(rows, passed, now);
+    if (!written && now - *FailingSince < kPatience) {
+        return false;
+    }
+    for (const LedgerRow& row : rows) {
+        if (!written) {
+            Unwritten.insert(row.Key);
+        }
+        Keep(row);
+    }
+    return true;
+}
+
+void Scheduler::Record(const std::vector<LedgerRow>& rows, Moment now) {
+    const bool written = Commit(rows, std::nullopt, now);
+    for (const LedgerRow& row : rows) {
+        if (!written) {
+            Unwritten.insert(row.Key);
+        }
+        Keep(row);
+    }
+}
+
+void Scheduler::Flush(Moment now) {
+    if (Unwritten.empty()) {
+        return;
+    }
+    std::vector<LedgerRow> rows;
+    for (const ReminderKey& key : Unwritten) {
+        rows.push_back(Open.at(key));
+    }
+    if (Commit(rows, Passed, now)) {
+        std::for_each(rows.begin(), rows.end(), [this](const LedgerRow& row) { Keep(row); });
+    }
+}
+
+bool Scheduler::FollowClock(Moment now) {
+    if (!Passed) {
+        // What was due before the service's first day was nobody's duty.
+        if (!Commit({}, now, now)) {
+            return false;
+        }
+        Passed = now;
+    } else if (now < *Passed) {
+        if (!Store.GoBackTo(now)) {
+            FailingSince = std::min(FailingSince.value_or(now), now);
+            return false;
+        }
+        std::erase_if(Open, [now](const auto& entry) { return MayComeAnew(entry.second, now); });
+        std::erase_if(Unwritten, [this](const ReminderKey& key) { return !Open.contains(key); });
+        Passed = now;
+        WrittenProgress = now;
+        LooksAtItems = true;
+    }
+    std::vector<LedgerRow> shortened;
+    for (const auto& [key, row] : Open) {
+        if (row.State == LedgerState::Snoozed && row.Until > now + kLongestSnooze) {
+            shortened.push_back(row);
+            shortened.back().Until = now + kLongestSnooze;
+        }
+    }
+    if (!shortened.empty()) {
+        Record(shortened, now);
+    }
+    return true;
+}
+
+bool Scheduler::EnterFound(const std::vector<DueReminder>& found, std::optional<Moment> passed, Moment notBefore,
+                           Moment now) {
+    std::vector<LedgerRow> rows;
+    for (const DueReminder& reminder : found) {
+        if (Open.contains(reminder.Key)) {
+            continue; // known, but the ledger could not take it yet
+        }
+        LedgerRow& row = rows.emplace_back();
+        row.Key = reminder.Key;
+        row.At = std::max(reminder.At, notBefore);
+        row.Start = reminder.Start;
+    }
+    const bool worthWriting = !rows.empty() || (passed && *passed - *WrittenProgress >= kProgressPeriod);
+    return !worthWriting || Announce(rows, passed, now);
+}
+
+bool Scheduler::Enter(Moment now) {
+    std::vector<DueReminder> found;
+    while (*Passed < now) {
+        const Moment to = std::min(now, *Passed + kPiece);
+        found.clear();
+        if (!Store.FindDue(*Passed, to, found) || !EnterFound(found, to, *Passed, now)) {
+            return false;
+        }
+        Passed = to;
+    }
+    if (!LooksAtItems) {
+        return true;
+    }
+    found.clear();
+    // What was made or moved too late for its own due time is owed from now on.
+    return Store.FindAhead(now, found) && EnterFound(found, std::nullopt, now, now);
+}
+
+bool Scheduler::CheckStanding(Moment now) {
+    std::map<std::uint32_t, std::vector<LedgerRow>> gone; // by card
+    for (const auto& [key, row] : Open) {
+        std::optional<ReminderText> text;
+        if (!IsOnDesk(row)) {
+            continue;
+        }
+        if (!Store.Describe(key, text)) {
+            return false;
+        }
+        if (!text) {
+            gone[row.Service == Desk.Service() ? row.Card : 0].push_back(row);
+        }
+    }
+    for (auto& [card, rows] : gone) {
+        for (LedgerRow& row : rows) {
+            row.State = LedgerState::Withdrawn;
+        }
+        if (card != 0 && !ShrinkCard(card, rows, now)) {
+            return false;
+        }
+        Record(rows, now);
+    }
+    return true;
+}
+
+bool Scheduler::ShrinkCard(std::uint32_t number, const std::vector<LedgerRow>& gone, Moment now) {
+    Card card;
+    std::vector<LedgerRow> left;
+    for (const auto& [key, row] : Open) {
+        const bool goes =
+            std::any_of(gone.begin(), gone.end(), [&key = key](const LedgerRow& one) { return one.Key == key; });
+        if (goes || !IsOnDesk(row) || row.Card != number) {
+            continue;
+        }
+        std::optional<ReminderText> text;
+        if (!Store.Describe(key, text)) {
+            return false;
+        }
+        if (text) {
+            card.Lines.push_back({key, *text, false});
+            left.push_back(row);
+        }
+    }
+    if (left.empty()) {
+        Desk.TakeBack(number);
+    } else {
+        SortByStart(card.Lines);
+        card.Kind = left.front().State == LedgerState::Listed ? CardKind::Missed : CardKind::Many;
+        const std::optional<std::uint32_t> taken = Desk.Show(card, number);
+        for (LedgerRow& row : left) {
+            row.Card = taken.value_or(row.Card);
+        }
+        Record(left, now);
+    }
+    if (RingingCard == number && left.empty()) {
+        Desk.StopRinging();
+    }
+    return true;
+}
+
+bool Scheduler::Collect(Moment now, Collected& collected) {
+    const std::string service = Desk.Service();
+    std::vector<LedgerRow> withdrawn;
+    for (const auto& [key, row] : Open) {
+        const bool owed = Waits(row) && row.OwedAt() <= now;
+        const bool lost = IsOnDesk(row) && row.Service != service;
+        const bool stays = row.State == LedgerState::Listed && !lost;
+        if (!owed && !lost && !stays) {
+            continue;
+        }
+        CardLine line;
+        line.Key = key;
+        std::optional<ReminderText> text;
+        if (!Store.Describe(key, text)) {
+            return false;
+        }
+        if (!text) {
+            // One that was not shown yet waits: an undo may bring its item back.
+            if (lost) {
+                withdrawn.push_back(row);
+                withdrawn.back().State = LedgerState::Withdrawn;
+            }
+            continue;
+        }
+        line.Text = std::move(*text);
+        line.Again = lost || row.State == LedgerState::Offering;
+        if (stays) {
+            collected.Listed.push_back(std::move(line));
+        } else if (lost || now - row.OwedAt() > kGrace) {
+            collected.Missed.push_back(std::move(line));
+            collected.MissedRings = collected.MissedRings || !lost;
+        } else {
+            collected.Fresh.push_back(std::move(line));
+        }
+    }
+    if (!withdrawn.empty()) {
+        Record(withdrawn, now);
+    }
+    return true;
+}
+
+bool Scheduler::Present(Moment now) {
+    NextTry.reset();
+    Collected collected;
+    if (!Collect(now, collected)) {
+        return false;
+    }
+    if (!collected.Missed.empty() && !PresentMissed(collected, now)) {
+        return false;
+    }
+    SortByStart(collected.Fresh);
+    if (collected.Fresh.size() > kMostSingleCards) {
+        return ShowCard({CardKind::Many, std::move(collected.Fresh)}, 0, true, now);
+    }
+    for (CardLine& line : collected.Fresh) {
+        if (!ShowCard({CardKind::Single, {std::move(line)}}, 0, true, now)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// There is one list: what stands in it already stays, and the new one takes the old one's place.
+bool Scheduler::PresentMissed(Collected& collected, Moment now) {
+    const std::uint32_t replaced = collected.Listed.empty() ? 0 : Open.at(collected.Listed.front().Key).Card;
+    Card card{CardKind::Missed, std::move(collected.Missed)};
+    card.Lines.insert(card.Lines.end(), collected.Listed.begin(), collected.Listed.end());
+    SortByStart(card.Lines);
+    return ShowCard(card, replaced, collected.MissedRings, now);
+}
+
+bool Scheduler::ShowCard(const Card& card, std::uint32_t replaced, bool rings, Moment now) {
+    std::vector<LedgerRow> before;
+    std::vector<LedgerRow> rows;
+    for (const CardLine& line : card.Lines) {
+        before.push_back(Open.at(line.Key));
+        rows.push_back(before.back());
+        rows.back().State = LedgerState::Offering;
+        rows.back().Title = line.Text.Title;
+    }
+    if (!Announce(rows, std::nullopt, now)) {
+        return false;
+    }
+    const std::optional<std::uint32_t> taken = Desk.Show(card, replaced);
+    if (!taken) {
+        Record(before, now); // nobody saw it
+        NextTry = now + kNobodyTookIt;
+        return true;
+    }
+    for (LedgerRow& row : rows) {
+        row.State = card.Kind == CardKind::Missed ? LedgerState::Listed : LedgerState::Shown;
+        row.Shows += card.Kind == CardKind::Missed ? 0 : 1;
+        row.Card = *taken;
+        row.Service = Desk.Service();
+    }
+    Record(rows, now);
+    if (rings) {
+        RingingCard = *taken;
+        Desk.Ring(card);
+    }
+    return true;
+}
+
+void Scheduler::Take(std::uint32_t card, Answer answer, int snooze, Moment now) {
+    const std::string service = Desk.Service();
+    std::vector<LedgerRow> rows;
+    for (const auto& [key, row] : Open) {
+        if (IsOnDesk(row) && row.Card == card && row.Service == service) {
+            rows.push_back(row);
+            rows.back().State = answer == Answer::Snooze ? LedgerState::Snoozed : LedgerState::Dismissed;
+            rows.back().Until = answer == Answer::Snooze ? now + snooze * kMinute : row.Until;
+        }
+    }
+    if (rows.empty()) {
+        return; // somebody else's card
+    }
+    if (RingingCard == card) {
+        Desk.StopRinging();
+    }
+    Record(rows, now);
+    if (answer == Answer::Open) {
+        Desk.OpenItem(rows.front().Key.Item);
+    }
+}
+
+Moment Scheduler::Run(Moment now, Look look) {
+    LooksAtItems = LooksAtItems || look == Look::Items || !Loaded;
+    if (!Loaded && !(Store.Purge(now) && Load())) {
+        return now + kShortRetry;
+    }
+    Flush(now);
+    const bool done = FollowClock(now) && (!LooksAtItems || CheckStanding(now)) && Enter(now) && Present(now);
+    LooksAtItems = LooksAtItems && !done;
+    return NextCall(now, done);
+}
+
+bool Scheduler::Leave(Moment now) {
+    return Loaded && Passed && Commit({}, std::min(*Passed, now), now);
+}
+
+Moment Scheduler::NextCall(Moment now, bool done) {
+    std::optional<Moment> next;
+    if (!done || !Store.FindNext(std::max(now, Passed.value_or(now)), next)) {
+        return now + (FailingSince && now - *FailingSince > kPatience ? kLongRetry : kShortRetry);
+    }
+    Moment call = std::min(next.value_or(now + kLongestSleep), now + kLongestSleep);
+    if (!Unwritten.empty()) {
+        call = std::min(call, now + kLongRetry);
+    }
+    if (NextTry) {
+        call = std::min(call, std::max(*NextTry, now + kShortRetry));
+    }
+    for (const auto& [key, row] : Open) {
+        if (Waits(row) && row.OwedAt() > now) {
+            call = std::min(call, row.OwedAt());
+        }
+    }
+    return call;
+}
+
+} // namespace tavo::reminders

@@ -1,0 +1,74 @@
+// Decides what is shown when, and writes each step into the ledger before and after it is done.
+#pragma once
+
+#include "host/reminders/desk.h"
+#include "host/reminders/reminder_store.h"
+
+#include <map>
+#include <optional>
+#include <set>
+#include <vector>
+
+namespace tavo::reminders {
+
+constexpr Moment kGrace = kMinute;        // shown later than this, it was missed
+constexpr Moment kPatience = kMinute / 2; // a store that cannot be written for so long does not hold reminders back
+constexpr Moment kLongestSnooze = kHour;
+constexpr std::size_t kMostSingleCards = 3; // more at once become one card
+
+enum class Look { Clock, Items }; // what may have changed: the time only, or items too
+
+// Waits for nothing, and keeps nothing that the ledger does not have, except what the ledger could not take yet.
+class Scheduler {
+  public:
+    Scheduler(IReminderStore& store, IDesk& desk) : Store(store), Desk(desk) {}
+
+    // Does what is to be done now. Gives when to be called again at the latest.
+    Moment Run(Moment now, Look look);
+    // Somebody answered a card; `snooze` in minutes. Run is to follow.
+    void Take(std::uint32_t card, Answer answer, int snooze, Moment now);
+    // At an orderly end: writes the progress down.
+    bool Leave(Moment now);
+
+  private:
+    struct Collected {
+        std::vector<CardLine> Fresh;
+        std::vector<CardLine> Missed;
+        std::vector<CardLine> Listed; // stand in the list already
+        bool MissedRings = false;
+    };
+
+    bool Load();
+    bool FollowClock(Moment now);
+    bool CheckStanding(Moment now);
+    bool ShrinkCard(std::uint32_t number, const std::vector<LedgerRow>& gone, Moment now);
+    bool Enter(Moment now);
+    bool EnterFound(const std::vector<DueReminder>& found, std::optional<Moment> passed, Moment notBefore, Moment now);
+    bool Collect(Moment now, Collected& collected);
+    bool Present(Moment now);
+    bool PresentMissed(Collected& collected, Moment now);
+    bool ShowCard(const Card& card, std::uint32_t replaced, bool rings, Moment now);
+    Moment NextCall(Moment now, bool done);
+
+    bool Commit(const std::vector<LedgerRow>& rows, std::optional<Moment> passed, Moment now);
+    // Before a step: false when it is not in the ledger and waiting is still right.
+    bool Announce(const std::vector<LedgerRow>& rows, std::optional<Moment> passed, Moment now);
+    // After a step: what has happened stays so, whether the ledger takes it now or later.
+    void Record(const std::vector<LedgerRow>& rows, Moment now);
+    void Flush(Moment now);
+    void Keep(const LedgerRow& row);
+
+    IReminderStore& Store;
+    IDesk& Desk;
+    bool Loaded = false;
+    std::optional<Moment> Passed;
+    std::optional<Moment> WrittenProgress;
+    std::map<ReminderKey, LedgerRow> Open; // without an answer, or not yet in the ledger
+    std::set<ReminderKey> Unwritten;
+    std::optional<Moment> FailingSince; // the ledger takes nothing
+    std::optional<Moment> NextTry;      // nobody took a card
+    bool LooksAtItems = false;
+    std::uint32_t RingingCard = 0;
+};
+
+} // namespace tavo::reminders

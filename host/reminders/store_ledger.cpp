@@ -1,0 +1,160 @@
+// Rows of the ledger, their log, and the progress.
+#include "host/reminders/store_ledger.h"
+
+#include "host/outlook/store_core.h"
+
+namespace tavo::reminders {
+
+namespace {
+
+using outlook::Query;
+
+constexpr Moment kKept = 90 * kDay; // how long an answered reminder and the log are remembered
+
+} // namespace
+
+StoreLedger::StoreLedger(outlook::StorePtr store, std::function<Moment()> now)
+    : Source(std::move(store)), Db(Source->Core().Db), Find(Source->Core()), Now(std::move(now)) {}
+
+bool StoreLedger::ReadProgress(std::optional<Moment>& passed) {
+    Query query(Db, "SELECT value FROM setting WHERE name = 'reminders_passed'");
+    passed = query.Next() ? std::optional<Moment>(query.Integer(0)) : std::nullopt;
+    return Succeeded(query.Result());
+}
+
+bool StoreLedger::ReadOpen(std::vector<LedgerRow>& rows) {
+    Query query(Db, "SELECT oid, original, due, at, start, state, until, shows, card, service, title FROM ledger"
+                    " WHERE state < 5");
+    while (query.Next()) {
+        LedgerRow& row = rows.emplace_back();
+        row.Key = {query.Small(0), query.Integer(1), query.Integer(2)};
+        row.At = query.Integer(3);
+        row.Start = query.Integer(4);
+        row.State = static_cast<LedgerState>(query.Small(5));
+        row.Until = query.Integer(6);
+        row.Shows = query.Small(7);
+        row.Card = static_cast<std::uint32_t>(query.Integer(8));
+        row.Service = query.Text(9);
+        row.Title = query.Text(10);
+    }
+    return Succeeded(query.Result());
+}
+
+bool StoreLedger::HasRow(const ReminderKey& key, Status& status) {
+    Query query(Db, "SELECT 1 FROM ledger WHERE oid = ? AND original = ? AND due = ?");
+    const bool has = query.Bind(key.Item).Bind(key.Original).Bind(key.Due).Next();
+    status = Failed(query.Result()) ? query.Result() : status;
+    return has;
+}
+
+bool StoreLedger::FindDue(Moment after, Moment upTo, std::vector<DueReminder>& found) {
+    Status asked = Status::Ok;
+    const Status status = Find.FindDue(after, upTo, [&](const DueReminder& reminder) {
+        if (!HasRow(reminder.Key, asked)) {
+            found.push_back(reminder);
+        }
+    });
+    return Succeeded(status) && Succeeded(asked);
+}
+
+bool StoreLedger::FindAhead(Moment now, std::vector<DueReminder>& found) {
+    Status asked = Status::Ok;
+    const Status status = Find.FindAhead(now, [&](const DueReminder& reminder) {
+        if (!HasRow(reminder.Key, asked)) {
+            found.push_back(reminder);
+        }
+    });
+    return Succeeded(status) && Succeeded(asked);
+}
+
+bool StoreLedger::FindNext(Moment after, std::optional<Moment>& next) {
+    return Succeeded(Find.FindNext(after, next));
+}
+
+bool StoreLedger::Describe(const ReminderKey& key, std::optional<ReminderText>& text) {
+    return Succeeded(Find.Describe(key, text));
+}
+
+// Rows of the ledger are no change of items, so nothing that is remembered of items is forgotten for them.
+Status StoreLedger::RunTransaction(const std::function<Status()>& work) {
+    Status status = Db.Run("BEGIN IMMEDIATE");
+    if (Failed(status)) {
+        return status;
+    }
+    status = work();
+    if (Succeeded(status)) {
+        status = Db.Run("COMMIT");
+    }
+    if (Failed(status) && Db.InTransaction()) {
+        (void)Db.Run("ROLLBACK"); // the first failure is the one to report
+    }
+    return status;
+}
+
+Status StoreLedger::WriteRow(const LedgerRow& row) {
+    Query query(Db, "INSERT INTO ledger(oid, original, due, at, start, state, until, shows, card, service, title)"
+                    " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) ON CONFLICT (oid, original, due) DO UPDATE SET"
+                    " at = excluded.at, start = excluded.start, state = excluded.state, until = excluded.until,"
+                    " shows = excluded.shows, card = excluded.card, service = excluded.service,"
+                    " title = excluded.title");
+    query.Bind(row.Key.Item).Bind(row.Key.Original).Bind(row.Key.Due).Bind(row.At).Bind(row.Start);
+    query.Bind(static_cast<std::int64_t>(row.State)).Bind(row.Until).Bind(row.Shows).Bind(row.Card);
+    return query.Bind(row.Service).Bind(row.Title).Finish();
+}
+
+Status StoreLedger::WriteEvent(const LedgerRow& row) {
+    Query query(Db, "INSERT INTO ledger_log(time, oid, at, state, until, title) VALUES (?, ?, ?, ?, ?, ?)");
+    query.Bind(Now()).Bind(row.Key.Item).Bind(row.At).Bind(static_cast<std::int64_t>(row.State)).Bind(row.Until);
+    return query.Bind(row.Title).Finish();
+}
+
+Status StoreLedger::WriteProgress(Moment passed) {
+    Query query(Db, "INSERT INTO setting(name, value) VALUES ('reminders_passed', ?)"
+                    " ON CONFLICT (name) DO UPDATE SET value = excluded.value");
+    return query.Bind(passed).Finish();
+}
+
+bool StoreLedger::Commit(std::span<const LedgerRow> rows, std::optional<Moment> passed) {
+    return Succeeded(RunTransaction([&] {
+        Status status = Status::Ok;
+        for (const LedgerRow& row : rows) {
+            status = Succeeded(status) ? WriteRow(row) : status;
+            status = Succeeded(status) ? WriteEvent(row) : status;
+        }
+        return Succeeded(status) && passed ? WriteProgress(*passed) : status;
+    }));
+}
+
+bool StoreLedger::GoBackTo(Moment now) {
+    return Succeeded(RunTransaction([&] {
+        Query query(Db, "DELETE FROM ledger WHERE at > ? AND shows = 0 AND state <> 1");
+        const Status status = query.Bind(now).Finish();
+        return Succeeded(status) ? WriteProgress(now) : status;
+    }));
+}
+
+bool StoreLedger::Purge(Moment now) {
+    return Succeeded(RunTransaction([&] {
+        Query rows(Db, "DELETE FROM ledger WHERE max(at, start, until) < ?");
+        Status status = rows.Bind(now - kKept).Finish();
+        Query log(Db, "DELETE FROM ledger_log WHERE time < ?");
+        return Succeeded(status) ? log.Bind(now - kKept).Finish() : status;
+    }));
+}
+
+bool StoreLedger::ReadLog(const std::function<void(const LedgerEvent&)>& visit) {
+    Query query(Db, "SELECT time, oid, at, state, until, title FROM ledger_log ORDER BY id");
+    while (query.Next()) {
+        LedgerEvent event;
+        event.Time = query.Integer(0);
+        event.Item = query.Small(1);
+        event.At = query.Integer(2);
+        event.State = static_cast<LedgerState>(query.Small(3));
+        event.Until = query.Integer(4);
+        event.Title = query.Text(5);
+        visit(event);
+    }
+    return Succeeded(query.Result());
+}
+
+} // namespace tavo::reminders

@@ -1,0 +1,55 @@
+// The ledger in the appointment store, and with it everything that the scheduler asks of a store.
+#pragma once
+
+#include "host/outlook/store.h"
+#include "host/reminders/reminder_finder.h"
+#include "host/reminders/reminder_store.h"
+
+#include <functional>
+
+namespace tavo::reminders {
+
+// One line of what happened.
+struct LedgerEvent {
+    Moment Time = 0;
+    std::int32_t Item = 0;
+    Moment At = 0;
+    LedgerState State = LedgerState::Due;
+    Moment Until = 0;
+    std::string Title;
+};
+
+class StoreLedger final : public IReminderStore {
+  public:
+    // `now` dates what is written.
+    StoreLedger(outlook::StorePtr store, std::function<Moment()> now);
+
+    bool ReadProgress(std::optional<Moment>& passed) override;
+    bool ReadOpen(std::vector<LedgerRow>& rows) override;
+    bool FindDue(Moment after, Moment upTo, std::vector<DueReminder>& found) override;
+    bool FindAhead(Moment now, std::vector<DueReminder>& found) override;
+    bool FindNext(Moment after, std::optional<Moment>& next) override;
+    bool Describe(const ReminderKey& key, std::optional<ReminderText>& text) override;
+    bool Commit(std::span<const LedgerRow> rows, std::optional<Moment> passed) override;
+    bool GoBackTo(Moment now) override;
+    bool Purge(Moment now) override;
+
+    // Everything that the log still holds, oldest first.
+    bool ReadLog(const std::function<void(const LedgerEvent&)>& visit);
+
+    ReminderFinder& Finder() { return Find; }
+
+  private:
+    bool HasRow(const ReminderKey& key, Status& status);
+    Status RunTransaction(const std::function<Status()>& work);
+    Status WriteRow(const LedgerRow& row);
+    Status WriteEvent(const LedgerRow& row);
+    Status WriteProgress(Moment passed);
+
+    outlook::StorePtr Source;
+    outlook::Database& Db;
+    ReminderFinder Find;
+    std::function<Moment()> Now;
+};
+
+} // namespace tavo::reminders
