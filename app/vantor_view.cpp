@@ -1,6 +1,7 @@
 // The main view's life and the switching of its pages.
 #include "app/vantor_view.h"
 
+#include "alarm/reminder_sound.h"
 #include "res/menus.h"
 #include "res/resource_ids.h"
 #include "store/category_file.h"
@@ -10,7 +11,8 @@ namespace tavo {
 
 namespace {
 
-constexpr int kNoticePeriod = 500; // milliseconds in which change notices become one
+constexpr int kReminderPeriod = 60000; // milliseconds between two looks for the next reminder
+constexpr int kNoticePeriod = 500;     // milliseconds in which change notices become one
 constexpr Size kViewSize{kClientArea.Width(), kClientArea.Height()};
 constexpr Color kViewBackground = Color::FromRgb(255, 255, 255);
 
@@ -30,6 +32,7 @@ const MessageMap& CVantorView::Messages() {
     static constexpr MessageEntry entries[] = {
         On<&CVantorView::TakeChangeNotice>(kChangeNotice),
         OnTimer<&CVantorView::RefreshPages>(kTimerChangeNotice),
+        OnTimer<&CVantorView::NameReminderSound>(kTimerReminderSound),
         On<&CVantorView::EndProcess>(WM_CLOSE),
     };
     static const MessageMap map{entries, &CPaintedWindow::Messages()};
@@ -57,6 +60,7 @@ void CVantorView::UpdateFirst() {
     // A corrupt file has shown its message; the start goes on with what was read.
     static_cast<void>(LoadCategoryFile(State));
     CreatePages();
+    Host().Windows().SetTimer(Handle(), kTimerReminderSound, kReminderPeriod);
     State.Busy = false;
     State.RefreshSuppressed = false;
 }
@@ -148,6 +152,12 @@ void CVantorView::RefreshPages() {
     if (SchedulePage) {
         SchedulePage->RefillLists();
     }
+    // The pages first: people look at them.
+    NameReminderSound();
+}
+
+void CVantorView::NameReminderSound() {
+    UpdateReminderSound(State);
 }
 
 WindowHandle CVantorView::CreatePageMenuBar(WindowHandle page, int menuId) {

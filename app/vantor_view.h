@@ -59,6 +59,7 @@ class CVantorView : public CPaintedWindow, public IMainView {
     void HidePages();
     void TakeChangeNotice();
     void RefreshPages();
+    void NameReminderSound();
     void EndProcess();
 
     CProgramState& State;
