@@ -7,6 +7,7 @@
 #include "store/date_pictures.h"
 #include "store/midnight.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace tavo {
@@ -30,6 +31,12 @@ const MessageMap& CCalendarPage::Messages() {
         On<&CCalendarPage::TakeKeyDown>(WM_KEYDOWN),
         OnScroll<&CCalendarPage::TakeScroll>(kCalendarScrollBar),
         OnCommand<&CCalendarPage::PassLeftToDayList>(kCommandDayListLeft),
+        OnCommand<&CCalendarPage::AddMemo>(kCommandAddMemo),
+        OnCommandRange<&CCalendarPage::ViewItem>(kCommandFirstAlarm, kCommandLastAlarm),
+        OnCommandRange<&CCalendarPage::ViewItem>(kCommandFirstHoliday, kCommandLastHoliday),
+        OnCommandRange<&CCalendarPage::ViewItem>(kCommandFirstAnniversary, kCommandLastAnniversary),
+        OnCommandRange<&CCalendarPage::ViewItem>(kCommandFirstSchedule, kCommandLastSchedule),
+        OnCommandRange<&CCalendarPage::OpenMemo>(kCommandFirstMemo, kCommandLastMemo),
     };
     static const MessageMap map{entries, &CMainPage::Messages()};
     return map;
@@ -109,6 +116,16 @@ DATE CCalendarPage::AutomationDate(const CalendarDate& date) const {
     // An impossible date (the 31st of a short month) gives day zero, which lies outside every grid.
     static_cast<void>(Host().Locale().SystemTimeToVariantTime(MidnightOf(date.Year, date.Month, date.Day), result));
     return result;
+}
+
+// A day that its month does not have counts as the nearest one that it has.
+CalendarDate CCalendarPage::DayBeside(CalendarDate date, int days) const {
+    date.Day = std::clamp(date.Day, 1, LengthOf(date.Month));
+    SYSTEMTIME time;
+    if (!Host().Locale().VariantTimeToSystemTime(AutomationDate(date) + days, time)) {
+        return date; // there is no day beyond
+    }
+    return {time.Year, time.Month, time.Day};
 }
 
 CalendarDate CCalendarPage::DateAt(int row, int column) const {

@@ -1,7 +1,9 @@
 // The month page: a grid of days with a mark for each kind of item, and a selected day.
 #pragma once
 
+#include "calendar/day_menu.h"
 #include "calendar/month_grid.h"
+#include "edit/ink_note_editor.h"
 #include "schedule/day_list.h"
 #include "schedule/main_page.h"
 
@@ -9,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace tavo {
 
@@ -27,6 +30,8 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
 
     CalendarDate SelectedDate() const { return {SelectedYear, SelectedMonth, SelectedDay}; }
 
+    IInkNoteEditor* InkEditor = nullptr; // for the edit dialog; may be absent
+
   protected:
     void OnInitDialog() override;
     void Paint() override;
@@ -42,6 +47,7 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
     CalendarDate Today() const;
     int WeekdayOf(const CalendarDate& date) const; // 0 Sunday
     DATE AutomationDate(const CalendarDate& date) const;
+    CalendarDate DayBeside(CalendarDate date, int days) const;
     CalendarDate DateAt(int row, int column) const;
     void QueryMonth();
     std::u16string ShortDate(DATE date) const;
@@ -68,8 +74,19 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
     void TakeKeyDown(const Message& key);
     bool MoveDisplayedDate(int key);
     void ShowMonth(CalendarDate month);
+    bool MoveSelectedDate(int key);
+    void OpenSelectedDay();
     void TakeScroll(const Message& scroll);
     void PassLeftToDayList();
+
+    // calendar_page_day_menu.cpp
+    void ShowDayMenu(); // at TapPoint
+    void ViewItem(int command);
+    void ModifyItem(ItemKind kind, const AppointmentData& item);
+    void AskAndDelete(ItemKind kind, const AppointmentData& item);
+    void OpenMemo(int command);
+    void AddMemo();
+    void Refuse(std::u16string_view text);
 
     int DisplayedYear = 0;
     int DisplayedMonth = 0;
@@ -93,6 +110,7 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
     DATE GridStart = 0;
     ComPtr<IPOutlookItemCollection> MonthItems;
     CDayList DayList;
+    DayMenu Day;
 };
 
 } // namespace tavo

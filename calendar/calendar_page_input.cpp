@@ -55,6 +55,7 @@ bool CCalendarPage::TakeGridPress(Point point) {
     FullPaint = true;
     TapPoint = point;
     Invalidate();
+    ShowDayMenu();
     return true;
 }
 
@@ -81,6 +82,11 @@ void CCalendarPage::TakeKeyDown(const Message& key) {
     if (TakePageKey(key)) {
         return;
     }
+    if ((key.Code & kModifierControl) != 0 && MoveSelectedDate(key.Id)) {
+        ReloadDayList();
+        Invalidate();
+        return;
+    }
     if (MoveDisplayedDate(key.Id)) {
         SelectDay({DisplayedYear, DisplayedMonth, DisplayedDay});
         FullPaint = true;
@@ -91,6 +97,60 @@ void CCalendarPage::TakeKeyDown(const Message& key) {
     DisplayedDay = std::min(DisplayedDay, LengthOf(DisplayedMonth));
     ReloadDayList();
     Invalidate();
+    if (key.Id == VK_RETURN) {
+        OpenSelectedDay();
+    }
+}
+
+// By a day or a week; the grid follows into another month.
+bool CCalendarPage::MoveSelectedDate(int key) {
+    constexpr int daysOfWeek = 7;
+    int days = 0;
+    switch (key) {
+    case VK_LEFT:
+        days = -1;
+        break;
+    case VK_RIGHT:
+        days = 1;
+        break;
+    case VK_UP:
+        days = -daysOfWeek;
+        break;
+    case VK_DOWN:
+        days = daysOfWeek;
+        break;
+    default:
+        return false;
+    }
+    const CalendarDate moved = DayBeside(SelectedDate(), days);
+    if (moved.Year < kLowestYear || moved.Year > kHighestYear) {
+        return true;
+    }
+    SelectDay(moved);
+    if (moved.Year != DisplayedYear || moved.Month != DisplayedMonth) {
+        DisplayedYear = moved.Year;
+        DisplayedMonth = moved.Month;
+        MonthChanged = true;
+    }
+    DisplayedDay = moved.Day;
+    State.SetFebruary(DisplayedYear);
+    SelectionChanged = true;
+    FullPaint = true;
+    return true;
+}
+
+// As if the selected cell were tapped in its middle; a day that the grid does not show, in the middle of the grid.
+void CCalendarPage::OpenSelectedDay() {
+    TapPoint = {(kGridLeft + kGridRight) / 2, (kGridTop + kGridBottom) / 2};
+    for (int row = 0; row < kGridRows; ++row) {
+        for (int column = 0; column < kGridColumns; ++column) {
+            if (DateAt(row, column) == SelectedDate()) {
+                TapPoint = {kGridLeft + column * kCellWidth + kCellWidth / 2,
+                            kGridTop + row * kCellHeight + kCellHeight / 2};
+            }
+        }
+    }
+    ShowDayMenu();
 }
 
 bool CCalendarPage::MoveDisplayedDate(int key) {

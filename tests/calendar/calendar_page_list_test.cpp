@@ -33,7 +33,7 @@ class CalendarPageList : public testing::Test {
     }
 
     void Tap(int x, int y) {
-        Program.Device.Tap(x, y);
+        Program.TapAside(x, y);
         ASSERT_TRUE(Program.Settle());
     }
 

@@ -23,7 +23,7 @@ class CalendarPageLook : public testing::Test {
 
     // A tap repaints everything in one go, so the frame's calls are those of the whole page.
     void Tap(int row, int column) {
-        Program->Device.Tap(10 + 33 * column, 70 + 26 * row);
+        Program->TapAside(10 + 33 * column, 70 + 26 * row);
         ASSERT_TRUE(Program->Settle());
     }
 

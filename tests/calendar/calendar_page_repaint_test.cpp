@@ -21,7 +21,7 @@ class CalendarPageRepaint : public testing::Test {
     }
 
     void Tap(int x, int y) {
-        Program.Device.Tap(x, y);
+        Program.TapAside(x, y);
         ASSERT_TRUE(Program.Settle());
     }
 

@@ -23,7 +23,7 @@ class CalendarPage : public testing::Test {
     }
 
     void Tap(int x, int y) {
-        Program->Device.Tap(x, y);
+        Program->TapAside(x, y);
         ASSERT_TRUE(Program->Settle());
     }
 

@@ -181,7 +181,7 @@ TEST_F(MonthMarks, AnItemThatRunsBeyondTheGridMarksUpToItsEnd) {
 TEST_F(MonthMarks, ATapKeepsTheMarks) {
     Program.GivenAppointment(u"Dentist", At(2004, 5, 3, 9), At(2004, 5, 3, 10));
     Open();
-    Program.Device.Tap(50, 90);
+    Program.TapAside(50, 90);
     ASSERT_TRUE(Program.Settle());
     EXPECT_EQ(Program.SelectedCell(), 8);
     EXPECT_EQ(MarkAt(1, 1, kAppointmentAt), kYellow);

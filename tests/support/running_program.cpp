@@ -61,6 +61,15 @@ void RunningProgram::ShowPage(int page) {
     EXPECT_TRUE(Settle());
 }
 
+void RunningProgram::TapAside(int x, int y) {
+    Device.Tap(x, y);
+    Device.Do([this] {
+        if (Device.Host().State.Menus.IsMenuOpen()) {
+            Device.ChooseTracked(0);
+        }
+    });
+}
+
 std::u16string RunningProgram::Header() const {
     for (const PaintedItem& item : Device.See.Items()) {
         if (item.Role == PaintedRole::Header) {

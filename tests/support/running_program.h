@@ -38,6 +38,9 @@ class RunningProgram : public StoreWords {
     // A tap on the page bar, and coming to rest.
     void ShowPage(int page);
 
+    // A tap on the page. The menu that it may open is closed again.
+    void TapAside(int x, int y);
+
     CProgramState& State() { return App->ProgramState(); }
 
     // What a person sees on the month page.

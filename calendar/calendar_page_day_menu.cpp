@@ -1,0 +1,124 @@
+// The selected day's menu, and what its commands do.
+#include "calendar/calendar_page.h"
+
+#include "edit/appointment_dlg.h"
+#include "memo/appointment_view_dlg.h"
+#include "memo/ink_memo_view.h"
+#include "memo/memo_file_keeper.h"
+#include "res/resource_ids.h"
+#include "res/strings.h"
+#include "store/item_deletion.h"
+
+#include <string_view>
+
+namespace tavo {
+
+namespace {
+
+constexpr int kRightHalf = 120; // from here the menu opens to the left of the tap
+constexpr int kMenuBeside = 5;
+constexpr int kMenuBelow = 29; // on the screen, where the page begins 26 lines down
+constexpr int kFromMenu = 1;   // where a command came from
+constexpr std::u16string_view kMemoUnreadable = u"This memo could not be read.";
+constexpr std::u16string_view kNotDeleted = u"The item could not be deleted.";
+
+} // namespace
+
+void CCalendarPage::ShowDayMenu() {
+    Day.Fill(DayList.Rows(), State.Categories, MemoFiles(State).FindMemos(SelectedYear, SelectedMonth, SelectedDay));
+    const bool opensLeft = TapPoint.X >= kRightHalf;
+    const Point at{TapPoint.X + (opensLeft ? -kMenuBeside : kMenuBeside), TapPoint.Y + kMenuBelow};
+    const MenuAlign align = opensLeft ? MenuAlign::Right : MenuAlign::Left;
+    if (const int command = Pump().TrackPopupMenu(Handle(), Day.Build(), at, align); command != 0) {
+        Post(WM_COMMAND, command, BN_CLICKED, kFromMenu);
+    }
+}
+
+void CCalendarPage::ViewItem(int command) {
+    const AppointmentData* chosen = Day.ItemOf(command);
+    if (chosen == nullptr) {
+        return; // an entry past the 200th, where the next kind has none
+    }
+    const ItemKind kind = *DayMenu::KindOfCommand(command);
+    AppointmentData item = *chosen;
+    // As it is now; one that is gone meanwhile is shown as it was.
+    if (AppointmentData current; State.Store.LoadAppointment(item.Oid, current) != 0) {
+        item = current;
+    }
+    CAppointmentViewDlg view(Pump(), State);
+    view.Oid = item.Oid;
+    view.Appointment = item;
+    const int result = view.DoModal();
+    if (result == kResultModify) {
+        ModifyItem(kind, item);
+    } else if (result == kResultDelete) {
+        AskAndDelete(kind, item);
+    }
+}
+
+void CCalendarPage::ModifyItem(ItemKind kind, const AppointmentData& item) {
+    CAppointmentDlg editor(Pump(), State);
+    editor.Mode = ModeOfNew(kind) + 1;
+    editor.Item = item;
+    editor.OpenedFromCalendar = true;
+    editor.InkEditor = InkEditor;
+    static_cast<void>(editor.DoModal()); // the notice goes out whatever it did
+    View.PostChangeNotice();
+}
+
+void CCalendarPage::AskAndDelete(ItemKind kind, const AppointmentData& item) {
+    MessageBoxDescription question;
+    question.Text = kDeleteQuestion;
+    question.Caption = kDeleteCaption;
+    question.Buttons = MessageBoxButtons::YesNo;
+    if (Pump().ShowMessageBox(Handle(), question) != IDYES) {
+        return;
+    }
+    if (!DeleteItem(State, kind, item)) {
+        Refuse(kNotDeleted);
+    }
+    View.PostChangeNotice();
+}
+
+void CCalendarPage::Refuse(std::u16string_view text) {
+    MessageBoxDescription box;
+    box.Text = text;
+    box.Caption = kProgramTitle;
+    box.Icon = MessageBoxIcon::Exclamation;
+    Pump().ShowMessageBox(Handle(), box);
+}
+
+void CCalendarPage::OpenMemo(int command) {
+    const std::u16string* name = Day.MemoOf(command);
+    if (name == nullptr) {
+        return; // an entry past the 200th of another kind
+    }
+    MemoFileKeeper keeper(State);
+    keeper.Path = MemoFiles(State).MemoPath(*name);
+    if (!MemoFiles(State).ReadMemo(keeper.Path)) {
+        Refuse(kMemoUnreadable);
+        RepaintAll(); // its mark goes where its file went
+        Invalidate();
+        return;
+    }
+    CInkMemoView editor(Pump(), State);
+    editor.Keeper = &keeper;
+    static_cast<void>(editor.DoModal()); // what it holds at OK is kept by then
+}
+
+void CCalendarPage::AddMemo() {
+    MemoFileKeeper keeper(State);
+    keeper.Year = SelectedYear;
+    keeper.Month = SelectedMonth;
+    keeper.Day = SelectedDay;
+    State.Memo.Empty();
+    CInkMemoView editor(Pump(), State);
+    editor.Keeper = &keeper;
+    if (editor.DoModal() == IDOK && !State.Memo.IsEmpty()) {
+        FullPaint = true;
+        MonthChanged = true;
+        Invalidate();
+    }
+}
+
+} // namespace tavo

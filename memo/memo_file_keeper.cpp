@@ -1,0 +1,27 @@
+// Writing the memo, and what the person is told when that fails.
+#include "memo/memo_file_keeper.h"
+
+#include "res/strings.h"
+
+#include <string_view>
+
+namespace tavo {
+
+namespace {
+constexpr std::u16string_view kNotSaved = u"The memo could not be saved. It is still open.";
+}
+
+bool MemoFileKeeper::KeepMemo(WindowHandle editor) {
+    MemoFiles files(State);
+    if (files.WriteMemo(Path.empty() ? files.NewMemoPath(Year, Month, Day) : Path)) {
+        return true;
+    }
+    MessageBoxDescription box;
+    box.Text = kNotSaved;
+    box.Caption = kProgramTitle;
+    box.Icon = MessageBoxIcon::Exclamation;
+    State.Pump.ShowMessageBox(editor, box);
+    return false;
+}
+
+} // namespace tavo
