@@ -90,11 +90,12 @@ TEST_F(ForeignRule, WindowsHoldWhatTheWholeWalkHolds) {
         rule->Expand(At("2001-01-01"), At("2031-01-01"), all);
         ASSERT_GT(all.size(), 5U) << text;
         for (int window = 0; window < 120; ++window) {
-            const Seconds from = At("2001-02-01") + window * 91 * kSecondsPerDay;
+            const Seconds from = At("2001-02-01") + Seconds{window} * 91 * kSecondsPerDay;
             const Seconds to = from + 75 * kSecondsPerDay;
             std::vector<RuleOccurrence> part;
             rule->Expand(from, to, part);
             std::vector<Seconds> found;
+            found.reserve(part.size());
             for (const RuleOccurrence& occurrence : part) {
                 found.push_back(occurrence.Start);
             }

@@ -160,6 +160,7 @@ TEST_F(ItemCollection, DeletingAnywhereKeepsTheOthersInOrder) {
 
 TEST_F(ItemCollection, ManyOfOneStartAreInOrderOfOid) {
     std::vector<Oid> expected;
+    expected.reserve(300);
     for (int index = 0; index < 300; ++index) { // plain items and occurrences in turn
         expected.push_back(index % 2 == 0 ? Add("2026-05-02 09:00", "2026-05-02 10:00")
                                           : AddSeries("2026-05-01 09:00", "2026-05-01 10:00", Daily()));

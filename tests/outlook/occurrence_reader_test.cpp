@@ -45,10 +45,10 @@ TEST_F(Listing, IsInOrderOfStartThenOid) {
 
 TEST_F(Listing, SaysTheSameAsARestrictedCollection) {
     for (int index = 0; index < 300; ++index) {
-        const Seconds start = At("2026-01-01") + index * 7919 * 60;
+        const Seconds start = At("2026-01-01") + Seconds{index} * 7919 * 60;
         StoredItem item;
         item.Start = start;
-        item.End = start + (index % 40) * 50000;
+        item.End = start + Seconds{index % 40} * 50000;
         item.Pattern = index % 7 == 0 ? Weekly(1 + index % 127, 1 + index % 3) : StoredPattern();
         Import(item);
     }

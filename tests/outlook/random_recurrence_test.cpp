@@ -66,7 +66,7 @@ class Dice {
     }
 
     // How far a walk may go: mostly some years, seldom to the end of time.
-    long DrawReach(long from) { return std::min(kLastDay, from + (Happens(500) ? kLastDay : Draw(0, 366 * 12))); }
+    long DrawReach(long from) { return std::min(kLastDay, from + (Happens(500) ? kLastDay : Draw(0, 366L * 12))); }
 
   private:
     std::mt19937 Source;
@@ -112,7 +112,7 @@ TEST(RandomRecurrence, AHundredThousandPatternsMatchAWalkThroughTheCalendar) {
         const long reach = dice.DrawReach(start.Number);
         SeriesRow row;
         row.Item = 1;
-        row.Start = MidnightOf(start.Number) + 10 * 3600;
+        row.Start = MidnightOf(start.Number) + Seconds{10} * 3600;
         row.Length = 1800;
         row.Pattern = ToPattern(rule);
         ASSERT_EQ(FindPatternFault(row.Pattern), PatternFault::None);
@@ -176,7 +176,7 @@ TEST_F(RandomStore, RestrictedWindowsHoldTheWalkedOccurrences) {
         }
         const PaperRule rule = dice.DrawRule(start);
         StoredItem item;
-        item.Start = MidnightOf(start.Number) + 10 * 3600;
+        item.Start = MidnightOf(start.Number) + Seconds{10} * 3600;
         item.End = item.Start + 1800;
         item.Pattern = ToPattern(rule);
         long limit = kLastDay;

@@ -30,7 +30,7 @@ class SaveRefusal : public StoreTest {
 
     // A new weekly series on Mondays, from Monday the 4th.
     ComPtr<IAppointment> NewSeries() {
-        const auto item = New();
+        auto item = New();
         EXPECT_EQ(item->GetRecurrencePattern(Pattern), Status::Ok);
         EXPECT_EQ(Pattern->put_RecurrenceType(kRecursWeekly), Status::Ok);
         EXPECT_EQ(Pattern->put_Interval(1), Status::Ok);

@@ -1,6 +1,7 @@
 // The words of the store's tests.
 #include "tests/outlook/store_fixture.h"
 
+#include <array>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
@@ -30,8 +31,18 @@ ScratchFolder::~ScratchFolder() {
 }
 
 Seconds At(const std::string& text) {
-    int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
-    std::sscanf(text.c_str(), "%d-%d-%d %d:%d:%d", &year, &month, &day, &hour, &minute, &second);
+    std::array<int, 6> fields{}; // from the year to the second; what is not written is 0
+    std::size_t begin = 0;
+    for (int& field : fields) {
+        begin = text.find_first_of("0123456789", begin);
+        if (begin == std::string::npos) {
+            break;
+        }
+        std::size_t length = 0;
+        field = std::stoi(text.substr(begin), &length);
+        begin += length;
+    }
+    const auto [year, month, day, hour, minute, second] = fields;
     return MakeTime(year, month, day, hour, minute, second);
 }
 
