@@ -136,13 +136,14 @@ bool CPatternPage::WriteToPattern(Validation validation) {
     if (!valid && validation == Validation::On) {
         return false;
     }
-    return WriteMode();
+    WriteMode();
+    return true;
 }
 
-// Numbers are not judged here: the store refuses bad ones when the appointment is saved.
-bool CPatternPage::WriteMode() {
-    bool written = true;
-    const auto put = [&](Status status) { written = written && Succeeded(status); };
+// Numbers are not judged here: the store refuses bad ones when the appointment is saved. An item whose pattern takes
+// nothing any more is refused there too.
+void CPatternPage::WriteMode() {
+    const auto put = [](Status status) { static_cast<void>(status); };
     switch (PageMode) {
     case PatternMode::Daily:
         put(Pattern.put_RecurrenceType(kRecursDaily));
@@ -183,7 +184,6 @@ bool CPatternPage::WriteMode() {
         }
         break;
     }
-    return written;
 }
 
 } // namespace tavo

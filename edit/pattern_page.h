@@ -67,13 +67,14 @@ class CPatternPage : public CWizardPage {
     void FillMonthly();
     void FillYearly();
     int OpeningOrdinal() const;
-    bool WriteMode();
+    void WriteMode();
 
     // pattern_page_input.cpp
     void ShowMode();
     void SetMode(PatternMode mode);
     bool TakeStylusDown(Point point);
     bool TakeKey(const Message& key);
+    bool RenewFocus(const Message& command);
     void ToggleDay(int control);
     void TakeChoice(int control);
     void ShowNoDay();
@@ -89,6 +90,7 @@ class CPatternPage : public CWizardPage {
     PatternFields Fields;
     PatternMode PageMode = PatternMode::Daily;
     std::array<bool, 7> DaySelected{}; // Sunday first
+    WindowHandle PaintedFocus = WindowHandle::None;
 };
 
 } // namespace tavo

@@ -38,6 +38,7 @@ const MessageMap& CPatternPage::Messages() {
     static constexpr MessageEntry entries[] = {
         On<&CPatternPage::TakeStylusDown>(WM_LBUTTONDOWN),
         On<&CPatternPage::TakeKey>(WM_KEYDOWN),
+        On<&CPatternPage::RenewFocus>(WM_COMMAND),
         OnCommand<&CPatternPage::ToggleDay>(kPatternSunday),
         OnCommand<&CPatternPage::ToggleDay>(kPatternMonday),
         OnCommand<&CPatternPage::ToggleDay>(kPatternTuesday),
@@ -115,6 +116,14 @@ bool CPatternPage::TakeKey(const Message& key) {
     return false;
 }
 
+// A control that was tapped may have taken the focus from what is painted with it. The command goes on to its handler.
+bool CPatternPage::RenewFocus(const Message&) {
+    if (PaintedFocus != Host().Windows().GetFocus()) {
+        Invalidate();
+    }
+    return false;
+}
+
 void CPatternPage::ToggleDay(int control) {
     const auto day =
         static_cast<std::size_t>(std::find(kDayToggles.begin(), kDayToggles.end(), control) - kDayToggles.begin());
@@ -172,6 +181,7 @@ void CPatternPage::Paint() {
         item.Selected = tab.Mode == PageMode;
         Declare(std::move(item));
     }
+    PaintedFocus = focus;
     if (focus == Handle()) {
         const Rect tab = TabBounds(PageMode);
         DrawFrame(Surface(), {tab.Left + kFocusGap, tab.Top + kFocusGap + 1, tab.Right - kFocusGap, tab.Bottom - 1});

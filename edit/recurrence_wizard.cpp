@@ -73,10 +73,8 @@ void CRecurrenceWizard::CreatePages() {
 
 void CRecurrenceWizard::MakeRoomForPanel() {
     IInputPanel& panel = Host().InputPanel();
-    SipInfo info = panel.SipGetInfo();
-    const int height = info.Panel.Height();
+    SipInfo info = panel.SipGetInfo(); // the panel keeps its height
     info.VisibleDesktop.Bottom = kClientArea.Top + Host().Windows().GetClientRect(Handle()).Bottom;
-    info.Panel.Bottom = info.Panel.Top + height;
     panel.SipSetInfo(info);
 }
 
@@ -155,9 +153,10 @@ bool CRecurrenceWizard::TakeKey(const Message& key) {
         Walk((key.Code & kModifierShift) != 0 ? -1 : 1);
         return true;
     }
-    if (key.Id != VK_RETURN && key.Id != VK_SPACE) {
+    if (key.Id != VK_RETURN) {
         return false;
     }
+    // On a button it presses that button; anywhere else it is OK.
     const WindowHandle focus = Host().Windows().GetFocus();
     const auto button =
         std::find_if(std::begin(kButtons), std::end(kButtons), [&](int id) { return Item(id) == focus; });

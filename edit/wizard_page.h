@@ -22,7 +22,7 @@ class CWizardPage : public CFormWindow {
     // Reads the controls into the page's fields. False when they cannot stand so; a message has then been shown.
     virtual bool UpdateData() = 0;
     // Reads the controls and writes the page's part of the pattern; with validation on, only what may stand so. False
-    // when it was not written.
+    // when it was not written for that; a message has then been shown.
     virtual bool WriteToPattern(Validation validation) = 0;
 
     // What Tab walks through, in this order.
