@@ -19,7 +19,7 @@ constexpr Color kViewBackground = Color::FromRgb(255, 255, 255);
 } // namespace
 
 CVantorView::CVantorView(CMessagePump& pump, CProgramState& state, ICommandTarget& commands)
-    : CPaintedWindow(pump, kViewSize), State(state), Commands(commands) {
+    : CPaintedWindow(pump, kViewSize), State(state), Commands(commands), InkNotes(pump, state) {
     State.CurrentPage = kClockPage;
     State.RefreshSuppressed = false;
 }
@@ -77,6 +77,8 @@ void CVantorView::CreatePages() {
     SchedulePage = MakePage<CSchedulePage>();
     CalendarPage = MakePage<CCalendarPage>();
     ClockPage = MakePage<CClockPage>();
+    SchedulePage->InkEditor = &InkNotes;
+    CalendarPage->InkEditor = &InkNotes;
     ClockPage->Show(ShowCommand::Maximize);
 }
 

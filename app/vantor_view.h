@@ -1,6 +1,7 @@
 // The main view: owns the store connection's life, the four pages, and the change notices between them.
 #pragma once
 
+#include "app/ink_note_editor.h"
 #include "calendar/calendar_page.h"
 #include "calendar/clock_page.h"
 #include "framework/painted_window.h"
@@ -64,6 +65,7 @@ class CVantorView : public CPaintedWindow, public IMainView {
 
     CProgramState& State;
     ICommandTarget& Commands;
+    InkNoteEditor InkNotes;
     WindowHandle Frame = WindowHandle::None;
     std::unique_ptr<CSettingsPage> SettingsPage;
     std::unique_ptr<CSchedulePage> SchedulePage;
