@@ -2,6 +2,7 @@
 #include "app/vantor_view.h"
 
 #include "alarm/reminder_sound.h"
+#include "app/ink_recovery.h"
 #include "res/menus.h"
 #include "res/resource_ids.h"
 #include "store/category_file.h"
@@ -63,6 +64,9 @@ void CVantorView::UpdateFirst() {
     Host().Windows().SetTimer(Handle(), kTimerReminderSound, kReminderPeriod);
     State.Busy = false;
     State.RefreshSuppressed = false;
+    if (OfferRecoveredInk(State)) {
+        PostChangeNotice();
+    }
 }
 
 // A page that the device cannot make stays away; the others are of use without it.

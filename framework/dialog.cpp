@@ -3,6 +3,9 @@
 
 #include "framework/message_pump.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace tavo {
 
 CDialog::CDialog(CMessagePump& pump, const DialogTemplate& form, NavigationButtons buttons)
@@ -35,6 +38,9 @@ int CDialog::DoModal() {
         Show(ShowCommand::Show);
         static_cast<void>(Pump().RunUntil(Ended)); // whether it ended is known below
     }
+    if (!Ended) {
+        OnQuit();
+    }
     Pump().PopDialog(Handle());
     Destroy();
     return Ended ? Result : IDCANCEL;
@@ -47,12 +53,38 @@ void CDialog::EndDialog(int result) {
     }
 }
 
-bool CDialog::TakeDialogKey(int key) {
-    if (key != VK_RETURN) {
+bool CDialog::TakeDialogKey(const Message& key) {
+    if (key.Id == VK_TAB && (key.Code & kModifierControl) == 0) {
+        WalkFocus((key.Code & kModifierShift) != 0 ? -1 : 1);
+        return true;
+    }
+    if (key.Id != VK_RETURN) {
         return false;
     }
     OnOK();
     return true;
+}
+
+void CDialog::WalkFocus(int step) {
+    IWindows& windows = Host().Windows();
+    std::vector<WindowHandle> stops;
+    for (const DialogItem& item : Form().Items) {
+        const WindowHandle control = Item(item.Id);
+        const bool takesKeys = item.Kind != ControlKind::Label && item.Kind != ControlKind::ScrollBar;
+        if (takesKeys && windows.IsWindowVisible(control) && windows.IsWindowEnabled(control)) {
+            stops.push_back(control);
+        }
+    }
+    if (stops.empty()) {
+        return;
+    }
+    const int count = static_cast<int>(stops.size());
+    const auto found = std::find(stops.begin(), stops.end(), windows.GetFocus());
+    int next = step > 0 ? 0 : count - 1;
+    if (found != stops.end()) {
+        next = (static_cast<int>(found - stops.begin()) + step + count) % count;
+    }
+    windows.SetFocus(stops[static_cast<std::size_t>(next)]);
 }
 
 } // namespace tavo

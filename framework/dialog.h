@@ -28,8 +28,13 @@ class CDialog : public CFormWindow {
 
     virtual void OnCancel() { EndDialog(IDCANCEL); }
 
+    // The program quits while the dialog is open: the last moment at which its controls hold what they hold.
+    virtual void OnQuit() {}
+
   private:
-    bool TakeDialogKey(int key);
+    bool TakeDialogKey(const Message& key);
+    // To the next or previous control of the template that can be used now.
+    void WalkFocus(int step);
 
     NavigationButtons Buttons;
     int Result = IDCANCEL;

@@ -8,6 +8,8 @@
 #include "res/resource_ids.h"
 #include "res/strings.h"
 
+#include <algorithm>
+
 namespace tavo {
 
 namespace {
@@ -51,6 +53,7 @@ void CInkMemoView::CreateInk() {
 
 void CInkMemoView::LoadInk() {
     IsForeign = Ink != WindowHandle::None && !Host().Ink().SetData(Ink, State.Memo.Bytes());
+    Loaded = Ink == WindowHandle::None ? std::vector<std::uint8_t>() : Host().Ink().GetData(Ink);
     SetReading();
     ModeExtra = kInkViewTyping;
     SendModes();
@@ -63,9 +66,28 @@ void CInkMemoView::TakeInk() {
     }
 }
 
+bool CInkMemoView::HasNewInk() const {
+    return !std::ranges::equal(State.Memo.Bytes(), Loaded);
+}
+
+// What was written goes where OK would put it, or else becomes a memo of today.
+void CInkMemoView::OnQuit() {
+    TakeInk();
+    if (State.Memo.IsEmpty() || !HasNewInk()) {
+        return;
+    }
+    if (Keeper != nullptr) {
+        static_cast<void>(Keeper->KeepMemo(Handle())); // nobody is there to be told
+        return;
+    }
+    const SYSTEMTIME now = Host().Clock().GetLocalTime();
+    MemoFiles files(State);
+    static_cast<void>(files.WriteMemo(files.FreeMemoPath(now)));
+}
+
 void CInkMemoView::OnOK() {
     TakeInk();
-    if (State.Memo.IsEmpty() && IsForeign) {
+    if (IsForeign && !HasNewInk()) {
         EndDialog(IDCANCEL); // what was not understood stays as it is until somebody writes over it
         return;
     }

@@ -5,7 +5,9 @@
 #include "memo/memo_keeper.h"
 #include "store/program_state.h"
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 namespace tavo {
 
@@ -27,12 +29,14 @@ class CInkMemoView : public CDialog {
   protected:
     void OnInitDialog() override;
     void OnOK() override;
+    void OnQuit() override;
 
   private:
     void CreateInkBar();
     void CreateInk();
     void LoadInk();
     void TakeInk();
+    bool HasNewInk() const;
     bool SaveAs();
     bool WriteFile(std::u16string_view path);
 
@@ -63,7 +67,8 @@ class CInkMemoView : public CDialog {
     int ModeFlag = 0;  // the pen mode
     int ModeExtra = 0; // the view
     bool OptionOn = false;
-    bool IsForeign = false; // the buffer held something that is no ink of ours
+    bool IsForeign = false;           // the buffer held something that is no ink of ours
+    std::vector<std::uint8_t> Loaded; // what the control gave back before anything was written
 };
 
 } // namespace tavo

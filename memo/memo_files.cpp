@@ -12,10 +12,32 @@ std::u16string MemoFiles::MemoPath(std::u16string_view name) const {
     return FormatText(u"%s\\%s", State.DataFolder, name);
 }
 
+std::u16string MemoFiles::PathOfMoment(const SYSTEMTIME& moment) const {
+    return FormatText(u"%s\\%d%02d%02d_%02d%02d%02d.pwi", State.DataFolder, moment.Year, moment.Month, moment.Day,
+                      moment.Hour, moment.Minute, moment.Second);
+}
+
 std::u16string MemoFiles::NewMemoPath(int year, int month, int day) const {
-    const SYSTEMTIME now = State.Host().Clock().GetLocalTime();
-    return FormatText(u"%s\\%d%02d%02d_%02d%02d%02d.pwi", State.DataFolder, year, month, day, now.Hour, now.Minute,
-                      now.Second);
+    SYSTEMTIME moment = State.Host().Clock().GetLocalTime();
+    moment.Year = static_cast<std::uint16_t>(year);
+    moment.Month = static_cast<std::uint16_t>(month);
+    moment.Day = static_cast<std::uint16_t>(day);
+    return PathOfMoment(moment);
+}
+
+std::u16string MemoFiles::FreeMemoPath(const SYSTEMTIME& written) const {
+    constexpr int secondsOfDay = 24 * 60 * 60;
+    const int begin = (written.Hour * 60 + written.Minute) * 60 + written.Second;
+    SYSTEMTIME moment = written;
+    std::u16string path = PathOfMoment(moment);
+    for (int tries = 1; tries < secondsOfDay && State.Host().Files().FindFirstFileW(path) != nullptr; ++tries) {
+        const int second = (begin + tries) % secondsOfDay;
+        moment.Hour = static_cast<std::uint16_t>(second / 3600);
+        moment.Minute = static_cast<std::uint16_t>(second / 60 % 60);
+        moment.Second = static_cast<std::uint16_t>(second % 60);
+        path = PathOfMoment(moment);
+    }
+    return path;
 }
 
 std::u16string MemoFiles::DayPattern(int year, int month, int day) const {

@@ -19,6 +19,9 @@ class MemoFiles {
     // For a memo of this day that is first saved now.
     std::u16string NewMemoPath(int year, int month, int day) const;
 
+    // For a memo that was written at this time; no other memo has this name.
+    std::u16string FreeMemoPath(const SYSTEMTIME& written) const;
+
     // The names of the day's memos, without the folder, in the order in which the device finds them.
     std::vector<std::u16string> FindMemos(int year, int month, int day) const;
     bool HasMemo(int year, int month, int day) const;
@@ -30,6 +33,7 @@ class MemoFiles {
 
   private:
     void MakeDataFolder();
+    std::u16string PathOfMoment(const SYSTEMTIME& moment) const;
     std::u16string DayPattern(int year, int month, int day) const;
 
     CProgramState& State;

@@ -1,0 +1,64 @@
+// The question, and what its answers do.
+#include "app/ink_recovery.h"
+
+#include "framework/format.h"
+#include "memo/memo_files.h"
+#include "res/strings.h"
+#include "store/date_pictures.h"
+
+#include <string_view>
+
+namespace tavo {
+
+namespace {
+
+constexpr std::u16string_view kQuestion = u"A memo of %s was not saved. Keep it?";
+constexpr std::u16string_view kNotKept = u"The memo could not be saved. You will be asked again.";
+constexpr int kDateBuffer = 40; // UTF-16 units, with the end
+
+bool Ask(CProgramState& state, const SYSTEMTIME& written, int& answer) {
+    const std::u16string date =
+        state.Host().Locale().GetDateFormatW(LocaleId::User, written, kPictureListDate, kDateBuffer).value_or(u"");
+    MessageBoxDescription box;
+    box.Text = FormatText(kQuestion, date);
+    box.Caption = kProgramTitle;
+    box.Buttons = MessageBoxButtons::YesNo;
+    answer = state.Pump.ShowMessageBox(state.MainView, box);
+    return answer == IDYES || answer == IDNO;
+}
+
+bool Keep(CProgramState& state, RecoveredInk ink) {
+    MemoFiles files(state);
+    state.Memo.Fill(std::move(ink.Data));
+    if (!files.WriteMemo(files.FreeMemoPath(ink.WrittenOn))) {
+        MessageBoxDescription box;
+        box.Text = kNotKept;
+        box.Caption = kProgramTitle;
+        box.Icon = MessageBoxIcon::Exclamation;
+        state.Pump.ShowMessageBox(state.MainView, box);
+        return false;
+    }
+    state.Host().Ink().EndRecovered(ink.Name, RecoveredInkEnd::Kept);
+    return true;
+}
+
+} // namespace
+
+bool OfferRecoveredInk(CProgramState& state) {
+    bool kept = false;
+    for (RecoveredInk& ink : state.Host().Ink().FindRecovered()) {
+        int answer = 0;
+        if (!Ask(state, ink.WrittenOn, answer)) {
+            break; // the program quits; the next start asks again
+        }
+        if (answer == IDYES) {
+            kept = Keep(state, std::move(ink)) || kept;
+        } else {
+            state.Host().Ink().EndRecovered(ink.Name, RecoveredInkEnd::Declined);
+        }
+    }
+    state.Memo.Empty();
+    return kept;
+}
+
+} // namespace tavo
