@@ -22,8 +22,11 @@ constexpr DialogItem List(ControlKind kind, int id, const Rect& bounds, std::spa
     return item;
 }
 
-constexpr DialogItem Text(int id, std::u16string_view text, const Rect& bounds) {
-    return {ControlKind::Label, id, text, bounds, false};
+// A label writes at its top, the other controls in the middle of their row: it stands lower.
+constexpr int kTextDrop = 2;
+
+constexpr DialogItem Text(int id, std::u16string_view text, const Rect& row) {
+    return {ControlKind::Label, id, text, {row.Left, row.Top + kTextDrop, row.Right, row.Bottom}, false};
 }
 
 constexpr DialogItem Radio(int id, std::u16string_view text, const Rect& bounds, bool startsGroup) {
@@ -37,11 +40,11 @@ constexpr DialogItem Toggle(int id, std::u16string_view name, int off, int on) {
 
 constexpr int kTop = 22;    // of the first row
 constexpr int kMiddle = 46; // of the second
-constexpr int kBottom = 64; // of the third
+constexpr int kBottom = 62; // of the third
 
 constexpr DialogItem kItems[] = {
     // Only a place: the tab strip is painted, since it has four pictures.
-    Text(kPatternTabs, u"", Rect::FromSize(0, 0, 160, 15)),
+    {ControlKind::Label, kPatternTabs, u"", Rect::FromSize(0, 0, 160, 15), false},
 
     Text(kPatternDailyEveryLabel, u"Every", Rect::FromSize(8, kTop, 26, 13)),
     List(ControlKind::EditableList, kPatternDayInterval, Rect::FromSize(36, kTop, 36, 13), kIntervals),

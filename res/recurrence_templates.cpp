@@ -18,12 +18,12 @@ constexpr std::u16string_view kCounts[] = {u"1", u"2", u"3", u"4", u"5", u"6", u
 // The page paints the heading in a font of its own.
 constexpr DialogItem kRangeItems[] = {
     {ControlKind::Label, kRangeLabel, u"The pattern", Rect::FromSize(6, 16, 146, 14), false},
-    {ControlKind::RadioButton, kRangeNoEnd, u"Does not end", Rect::FromSize(6, 33, 90, 13), true, true},
+    {ControlKind::RadioButton, kRangeNoEnd, u"Does not end", Rect::FromSize(6, 32, 90, 13), true, true},
     {ControlKind::RadioButton, kRangeEndsOn, u"Ends on", Rect::FromSize(6, 51, 48, 13)},
     {ControlKind::DatePicker, kRangeEndDate, u"", Rect::FromSize(56, 51, 66, 13)},
-    {ControlKind::RadioButton, kRangeEndsAfter, u"Ends after", Rect::FromSize(6, 69, 48, 13)},
-    {ControlKind::EditableList, kRangeCount, u"", Rect::FromSize(56, 69, 36, 13), true, false, 0, 0, kCounts},
-    {ControlKind::Label, kStaticText, u"occurrence(s)", Rect::FromSize(96, 69, 60, 13)},
+    {ControlKind::RadioButton, kRangeEndsAfter, u"Ends after", Rect::FromSize(6, 70, 48, 13)},
+    {ControlKind::EditableList, kRangeCount, u"", Rect::FromSize(56, 70, 36, 13), true, false, 0, 0, kCounts},
+    {ControlKind::Label, kStaticText, u"occurrence(s)", Rect::FromSize(96, 72, 60, 11)},
 };
 
 } // namespace
