@@ -34,6 +34,7 @@ const MessageMap& CVantorView::Messages() {
         On<&CVantorView::TakeChangeNotice>(kChangeNotice),
         OnTimer<&CVantorView::RefreshPages>(kTimerChangeNotice),
         OnTimer<&CVantorView::NameReminderSound>(kTimerReminderSound),
+        OnTimer<&CVantorView::WorkOn>(kTimerWork),
         On<&CVantorView::EndProcess>(WM_CLOSE),
     };
     static const MessageMap map{entries, &CPaintedWindow::Messages()};
@@ -108,7 +109,7 @@ void CVantorView::ShowPage(int page) {
         CalendarPage->Show(ShowCommand::Maximize);
         break;
     case kSettingsPage:
-        SettingsPage->Show(ShowCommand::Maximize);
+        SettingsPage->Open();
         break;
     default:
         break;
@@ -139,7 +140,10 @@ void CVantorView::PostChangeNotice() {
 
 void CVantorView::TakeOutsideChange() {
     // Whether a list changed or an item did, the pages are asked to show it.
-    static_cast<void>(State.Categories.ApplyTagRequests());
+    // A mass deletion holds the lists as they are; it asks for the requests at its end.
+    if (!State.Busy) {
+        static_cast<void>(State.Categories.ApplyTagRequests());
+    }
     PostChangeNotice();
 }
 
@@ -158,12 +162,21 @@ void CVantorView::RefreshPages() {
     if (SchedulePage) {
         SchedulePage->RefillLists();
     }
+    if (SettingsPage) {
+        SettingsPage->TakeChange();
+    }
     // The pages first: people look at them.
     NameReminderSound();
 }
 
 void CVantorView::NameReminderSound() {
     UpdateReminderSound(State);
+}
+
+void CVantorView::WorkOn() {
+    if (State.Work != nullptr) {
+        State.Work->DoSlice();
+    }
 }
 
 WindowHandle CVantorView::CreatePageMenuBar(WindowHandle page, int menuId) {

@@ -61,6 +61,7 @@ class CVantorView : public CPaintedWindow, public IMainView {
     void TakeChangeNotice();
     void RefreshPages();
     void NameReminderSound();
+    void WorkOn();
     void EndProcess();
 
     CProgramState& State;

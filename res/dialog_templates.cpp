@@ -44,6 +44,11 @@ constexpr DialogItem kSettingsItems[] = {
     {ControlKind::PushButton, kSettingsDelete, u"Delete", Rect::FromSize(12, 75, 50, 12)},
 };
 
+// Text and bar are painted.
+constexpr DialogItem kProgressItems[] = {
+    {ControlKind::PushButton, IDCANCEL, u"Cancel", Rect::FromSize(54, 74, 50, 14)},
+};
+
 } // namespace
 
 constexpr DialogTemplate kAboutTemplate{kDialogAbout, u"About Tavo Calendar", {153, 170}, 8, kAboutItems};
@@ -51,12 +56,14 @@ constexpr DialogTemplate kClockPageTemplate{kDialogClock, u"Clock", kPageExtent,
 constexpr DialogTemplate kSchedulePageTemplate{kDialogSchedule, u"Schedule", kPageExtent, 10, kScheduleItems};
 constexpr DialogTemplate kCalendarPageTemplate{kDialogCalendar, u"Calendar", kPageExtent, 10, kCalendarItems};
 constexpr DialogTemplate kSettingsPageTemplate{kDialogSettings, u"Settings", kPageExtent, 10, kSettingsItems};
+constexpr DialogTemplate kProgressTemplate{kDialogProgress, u"Delete", kPageExtent, 10, kProgressItems};
 
 std::span<const DialogTemplate* const> AllDialogTemplates() {
     static constexpr const DialogTemplate* all[] = {
         &kAboutTemplate,        &kClockPageTemplate,   &kSchedulePageTemplate,    &kCalendarPageTemplate,
         &kSettingsPageTemplate, &kAppointmentTemplate, &kRecurrenceTemplate,      &kPatternPageTemplate,
-        &kRangePageTemplate,    &kInkMemoTemplate,     &kAppointmentViewTemplate, &kCopyMemoTemplate};
+        &kRangePageTemplate,    &kInkMemoTemplate,     &kAppointmentViewTemplate, &kCopyMemoTemplate,
+        &kProgressTemplate};
     return all;
 }
 

@@ -17,6 +17,7 @@ extern const DialogTemplate kRangePageTemplate;
 extern const DialogTemplate kInkMemoTemplate;
 extern const DialogTemplate kAppointmentViewTemplate;
 extern const DialogTemplate kCopyMemoTemplate;
+extern const DialogTemplate kProgressTemplate;
 
 // Where the About dialog shows the program's icon, in dialog units.
 constexpr Rect kAboutIconPlace = Rect::FromSize(6, 22, 21, 20);

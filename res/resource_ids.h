@@ -15,6 +15,7 @@ constexpr int kTimerClockPrompt = 1002;   // Clock page: first redraw
 constexpr int kTimerClockRegular = 1003;  // Clock page: every redraw after it
 constexpr int kTimerChangeNotice = 1004;  // main view: several notices cause one refresh
 constexpr int kTimerReminderSound = 1006; // main view
+constexpr int kTimerWork = 1007;          // main view: the next slice of long work
 
 // Dialog templates.
 constexpr int kDialogAbout = 100;
@@ -29,6 +30,7 @@ constexpr int kDialogInkMemo = 268;
 constexpr int kDialogAppointmentView = 269;
 constexpr int kDialogCopyMemo = 270;
 constexpr int kDialogSettings = 271;
+constexpr int kDialogProgress = 272;
 
 // Results of dialogs besides OK and Cancel.
 constexpr int kResultModify = 10;

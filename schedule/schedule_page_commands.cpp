@@ -2,6 +2,7 @@
 #include "schedule/schedule_page.h"
 
 #include "edit/appointment_dlg.h"
+#include "memo/appointment_view_dlg.h"
 #include "res/resource_ids.h"
 #include "res/strings.h"
 #include "store/change_group.h"
@@ -51,7 +52,28 @@ bool CSchedulePage::ConfirmDeletion() {
 }
 
 void CSchedulePage::ViewSelected() {
-    static_cast<void>(SelectedOr(kSelectToView));
+    const AppointmentData* selected = SelectedOr(kSelectToView);
+    if (selected == nullptr) {
+        return;
+    }
+    const AppointmentData record = *selected;
+    CAppointmentViewDlg view(Pump(), State);
+    view.Oid = record.Oid;
+    view.Appointment = record;
+    switch (view.DoModal()) {
+    case kResultModify:
+        EditItem(Kind, record);
+        break;
+    case kResultDelete:
+        if (!ConfirmDeletion()) {
+            return;
+        }
+        static_cast<void>(DeleteItem(State, Kind, record)); // what the store refused stays in the list
+        break;
+    default:
+        return;
+    }
+    View.PostChangeNotice();
 }
 
 void CSchedulePage::ModifySelected() {

@@ -1,16 +1,35 @@
-// The Settings page: its title and the page bar.
+// The counted boxes of the Settings page, and its one button.
 #include "schedule/settings_page.h"
 
+#include "framework/format.h"
 #include "res/dialog_templates.h"
 #include "res/resource_ids.h"
+#include "res/strings.h"
+#include "schedule/memo_list.h"
+#include "schedule/progress_dlg.h"
 
 namespace tavo {
 
 namespace {
 
-constexpr Rect kTitleArea{40, 0, 220, 37};
-constexpr Color kTitleColor = Color::FromRgb(0, 0, 0);
 constexpr Color kBackground = Color::FromRgb(255, 255, 255);
+constexpr int kBoxes[] = {kSettingsAlarms, kSettingsHolidays, kSettingsAnniversaries, kSettingsAppointments,
+                          kSettingsMemos};
+
+// A deletion that is done by then needs no display.
+constexpr std::uint32_t kQuickMilliseconds = 500;
+constexpr int kQuickItems = 2000; // whatever the clock says
+
+// False when it was not done in time.
+bool DeleteQuickly(MassDeletion& deletion, IClock& clock) {
+    const std::uint32_t begin = clock.GetTickCount();
+    for (int count = 0; count < kQuickItems && clock.GetTickCount() - begin < kQuickMilliseconds; ++count) {
+        if (!deletion.DeleteNext()) {
+            return true;
+        }
+    }
+    return false;
+}
 
 } // namespace
 
@@ -18,16 +37,83 @@ CSettingsPage::CSettingsPage(CMessagePump& pump, CProgramState& state, IMainView
     : CMainPage(pump, state, view, kSettingsPageTemplate, kMenuPage) {}
 
 const MessageMap& CSettingsPage::Messages() {
-    static const MessageMap map{{}, &CMainPage::Messages()};
+    static constexpr MessageEntry entries[] = {
+        OnCommand<&CSettingsPage::DeleteChecked>(kSettingsDelete),
+    };
+    static const MessageMap map{entries, &CMainPage::Messages()};
     return map;
+}
+
+void CSettingsPage::Open() {
+    Recount();
+    Show(ShowCommand::Maximize);
+}
+
+void CSettingsPage::TakeChange() {
+    if (Host().Windows().IsWindowVisible(Handle())) {
+        Recount();
+    }
+}
+
+// Kept on purpose: tags of items that are gone make the number of appointments smaller, below zero too.
+void CSettingsPage::Recount() {
+    const auto alarms = static_cast<int>(State.Categories.AlarmList.Size());
+    const auto holidays = static_cast<int>(State.Categories.HolidayList.Size());
+    const auto anniversaries = static_cast<int>(State.Categories.AnniversaryList.Size());
+    const int appointments = State.Store.CountAppointments() - alarms - holidays - anniversaries;
+    SetItemText(kSettingsAlarms, FormatText(u"All alarms ( %d item(s) )", alarms));
+    SetItemText(kSettingsHolidays, FormatText(u"All holidays ( %d item(s) )", holidays));
+    SetItemText(kSettingsAnniversaries, FormatText(u"All anniversaries ( %d item(s) )", anniversaries));
+    SetItemText(kSettingsAppointments, FormatText(u"All appointments ( %d item(s) )", appointments));
+    SetItemText(kSettingsMemos, FormatText(u"All memos ( %d item(s) )", FindAllMemos(State).size()));
+}
+
+DeletionClasses CSettingsPage::ReadClasses() const {
+    return {IsChecked(kSettingsAlarms), IsChecked(kSettingsHolidays), IsChecked(kSettingsAnniversaries),
+            IsChecked(kSettingsAppointments), IsChecked(kSettingsMemos)};
+}
+
+bool CSettingsPage::ConfirmDeletion() {
+    MessageBoxDescription box;
+    box.Text = kDeleteQuestion;
+    box.Caption = kDeleteCaption;
+    box.Buttons = MessageBoxButtons::YesNo;
+    return Pump().ShowMessageBox(Handle(), box) == IDYES;
+}
+
+void CSettingsPage::DeleteChecked() {
+    if (!ConfirmDeletion()) {
+        return;
+    }
+    State.Busy = true;
+    Host().Windows().SetCursor(Cursor::Wait);
+    {
+        MassDeletion deletion(State, ReadClasses());
+        RunDeletion(deletion);
+    }
+    Host().Windows().SetCursor(Cursor::Arrow);
+    State.Busy = false;
+    static_cast<void>(State.Categories.ApplyTagRequests()); // the pages are told anyway
+    View.PostChangeNotice();
+    for (const int box : kBoxes) {
+        Host().Controls().SetCheck(Item(box), false);
+    }
+    Recount();
+}
+
+void CSettingsPage::RunDeletion(MassDeletion& deletion) {
+    if (DeleteQuickly(deletion, Host().Clock())) {
+        return;
+    }
+    CProgressDlg progress(Pump(), State, deletion);
+    if (progress.DoModal() != IDOK) {
+        deletion.Abandon();
+    }
 }
 
 void CSettingsPage::Paint() {
     DropPainted();
     Surface().FillRect(Rect::Whole(kPageSurface), kBackground);
-    Surface().DrawTextW(Form().Title, kTitleArea,
-                        {State.Fonts.FontComic13Bold, kTitleColor, DT_SINGLELINE | DT_VCENTER});
-    Declare({kTitleArea, PaintedRole::Header, std::u16string(Form().Title)});
     DrawPageBar();
     DeclarePageBar();
     PresentSurface();

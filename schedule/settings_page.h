@@ -1,7 +1,8 @@
-// The Settings page.
+// The Settings page: deleting whole classes of items.
 #pragma once
 
 #include "schedule/main_page.h"
+#include "schedule/mass_deletion.h"
 
 namespace tavo {
 
@@ -13,8 +14,23 @@ class CSettingsPage : public CMainPage {
 
     const MessageMap& GetMessageMap() const override { return Messages(); }
 
+    // Comes on show, with the numbers of now.
+    void Open();
+    // Appointments or category lists changed.
+    void TakeChange();
+
   protected:
     void Paint() override;
+
+  private:
+    void Recount();
+    void DeleteChecked();
+    bool ConfirmDeletion();
+    DeletionClasses ReadClasses() const;
+    // In one go where that is quick, else with a display of how far it is.
+    void RunDeletion(MassDeletion& deletion);
+
+    bool IsChecked(int box) const { return Host().Controls().GetCheck(Item(box)); }
 };
 
 } // namespace tavo

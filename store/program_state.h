@@ -6,6 +6,7 @@
 #include "store/memo_buffer.h"
 #include "store/outlook_session.h"
 #include "store/shared_fonts.h"
+#include "store/sliced_work.h"
 
 #include <array>
 #include <string>
@@ -34,6 +35,7 @@ struct CProgramState {
     WindowHandle MainView = WindowHandle::None; // owner of messages that no page shows
     int CurrentPage = 0;                        // 0 Clock, 1 Schedule, 2 Calendar, 3 Settings
     bool RefreshSuppressed = false;             // change notices are ignored while it is set
+    ISlicedWork* Work = nullptr;                // long work under way, driven by the main view's timer; null for none
     bool Busy = false;                          // a mass deletion is running
 
     std::array<int, 12> DaysInMonth{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};

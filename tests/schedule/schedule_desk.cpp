@@ -81,6 +81,20 @@ int ScheduleDesk::SelectedRow() const {
     return kNoRow;
 }
 
+std::vector<std::u16string> ScheduleDesk::ListTexts() {
+    std::vector<std::u16string> texts;
+    headless::HeadlessHost& host = Device.Host();
+    for (const WindowHandle child : host.State.Tree.ChildrenOf(Device.See.Top())) {
+        const headless::Frame* frame = host.State.Tree.IsVisible(child) ? host.Drawn.LastFrame(child) : nullptr;
+        for (const headless::DrawCall& call : frame != nullptr ? frame->Calls : std::vector<headless::DrawCall>()) {
+            if (call.Kind == headless::DrawKind::Text) {
+                texts.push_back(call.Text);
+            }
+        }
+    }
+    return texts;
+}
+
 std::vector<std::u16string> ScheduleDesk::OpenMenu() {
     std::vector<std::u16string> texts;
     const auto& tracked = Device.Host().State.Menus.Tracked;

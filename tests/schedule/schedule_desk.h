@@ -30,6 +30,7 @@ class ScheduleDesk : public RunningProgram {
     std::vector<std::u16string> Rows() const; // as declared: heading and lines
     std::vector<std::u16string> Headings() const;
     int SelectedRow() const;
+    std::vector<std::u16string> ListTexts(); // what is drawn in the list on show
     // The menu that is open, as "View...", "(Copy to Alarm)" where greyed, "-" for a separator.
     std::vector<std::u16string> OpenMenu();
     std::vector<std::u16string> Boxes(); // all message boxes so far, as "caption|text"
@@ -37,7 +38,7 @@ class ScheduleDesk : public RunningProgram {
     SYSTEMTIME Picked(int picker);
     void PickPeriodDate(int picker, int year, int month, int day); // from the open month calendar
     void LetNoticesArrive();                                       // half a second passes
-    // Taps a row and chooses from its menu; a question gets this answer.
+    // Taps a row of one of the lists with four rows, and chooses from its menu.
     void ChooseInRow(int row, int command);
 };
 

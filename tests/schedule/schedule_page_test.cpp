@@ -1,4 +1,4 @@
-// The Schedule page: its lists, its commands and what it says.
+// The Schedule page: its kinds, its scroll bar, its keys and its header.
 #include "tests/schedule/schedule_desk.h"
 
 #include <gmock/gmock.h>
@@ -14,44 +14,359 @@ using test::ScheduleDesk;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+constexpr int kWhite = 0xFFFFFF;
+constexpr int kBlue = 0xBF6000;
+
 class SchedulePage : public testing::Test {
   protected:
     SchedulePage() { EXPECT_TRUE(Desk.Start()); }
 
+    // So many appointments today, an hour each on the hour.
+    void GivenAppointmentsToday(int count) {
+        for (int number = 0; number < count; ++number) {
+            Desk.GivenAppointment(u"Item", At(2004, 11, 3, number), At(2004, 11, 3, number, 30));
+        }
+    }
+
+    void Scroll(int request, int position = 0) {
+        Desk.Device.Scroll(kScheduleScrollBar, request, position);
+        ASSERT_TRUE(Desk.Settle());
+    }
+
+    void Key(int key) {
+        Desk.Device.Key(key);
+        ASSERT_TRUE(Desk.Settle());
+    }
+
+    void Tap(int x, int y) {
+        Desk.Device.Tap(x, y);
+        ASSERT_TRUE(Desk.Settle());
+    }
+
+    // Selects a row without acting on it.
+    void Select(int row) {
+        Desk.ChooseInRow(row, 0);
+        ASSERT_TRUE(Desk.Settle());
+    }
+
+    bool PickersShown() {
+        const bool start = Desk.Device.See.IsShown(kSchedulePeriodStart);
+        EXPECT_EQ(start, Desk.Device.See.IsShown(kSchedulePeriodEnd));
+        return start;
+    }
+
+    Rect BarPlace() {
+        const shell::WindowTree& tree = Desk.Device.Host().State.Tree;
+        Rect bounds = tree.ScreenBounds(Desk.Device.See.Control(kScheduleScrollBar));
+        return {bounds.Left, bounds.Top - kClientArea.Top, bounds.Right, bounds.Bottom - kClientArea.Top};
+    }
+
     ScheduleDesk Desk;
 };
 
-TEST_F(SchedulePage, ShowsTheAlarmsInTheOrderOfTheirList) {
-    const std::vector<Oid> alarms = Desk.GivenAlarms(2);
-    Desk.Tag(ItemKind::Alarm, Desk.GivenAppointment(u"Early", At(2004, 11, 1, 8, 5), At(2004, 11, 1, 8, 5)));
+TEST_F(SchedulePage, EachKindHasItsTitleItsEmptyTextAndItsPlaces) {
+    const std::u16string titles[] = {u"Alarm", u"Holiday", u"Anniversary", u"Appointment"};
+    const std::u16string texts[] = {u"No registered alarm", u"No registered holiday", u"No registered anniversary",
+                                    u"No schedule"};
     Desk.Show(ItemKind::Alarm);
-    EXPECT_THAT(Desk.Rows(), ElementsAre(u"(12:00) Alarm 1, 12:00 PM, Once, from 2004.11.04(Thu)",
-                                         u"(12:00) Alarm 2, 12:00 PM, Once, from 2004.11.05(Fri)",
-                                         u"(08:05) Early, 08:05 AM, Once, from 2004.11.01(Mon)"));
+    for (int kind = 0; kind < 4; ++kind) {
+        EXPECT_EQ(Desk.Header(), titles[kind]);
+        EXPECT_THAT(Desk.ListTexts(), ElementsAre(texts[kind]));
+        EXPECT_EQ(PickersShown(), kind == 3);
+        EXPECT_EQ(BarPlace(), kind == 3 ? Rect::FromSize(225, 71, 15, 170) : Rect::FromSize(225, 37, 15, 204));
+        Tap(196, 20);
+    }
+    EXPECT_EQ(Desk.Header(), u"Alarm"); // after the last kind comes the first
+}
+
+TEST_F(SchedulePage, ThePreviousArrowGoesFromTheFirstKindToTheLast) {
+    Desk.Show(ItemKind::Alarm);
+    Tap(178, 20);
+    EXPECT_EQ(Desk.Header(), u"Appointment");
+    Tap(178, 20);
+    EXPECT_EQ(Desk.Header(), u"Anniversary");
+}
+
+TEST_F(SchedulePage, LeftAndRightSwitchTheKind) {
+    Desk.Show(ItemKind::Alarm);
+    Key(VK_LEFT);
+    EXPECT_EQ(Desk.Header(), u"Appointment");
+    Key(VK_RIGHT);
+    EXPECT_EQ(Desk.Header(), u"Alarm");
+    Key(VK_RIGHT);
+    EXPECT_EQ(Desk.Header(), u"Holiday");
+}
+
+TEST_F(SchedulePage, TheEdgesOfArrowsAndButtonDoNotCount) {
+    Desk.Show(ItemKind::Alarm);
+    for (const Point edge :
+         {Point{170, 20}, Point{186, 20}, Point{188, 20}, Point{204, 20}, Point{178, 12}, Point{178, 28},
+          Point{196, 12}, Point{196, 28}, Point{210, 20}, Point{236, 20}, Point{220, 8}, Point{220, 34}}) {
+        Tap(edge.X, edge.Y);
+        EXPECT_EQ(Desk.Header(), u"Alarm") << edge.X << ", " << edge.Y;
+        EXPECT_FALSE(Desk.Device.See.IsDialogOpen()) << edge.X << ", " << edge.Y;
+    }
+    Tap(171, 13);
+    EXPECT_EQ(Desk.Header(), u"Appointment");
+    Tap(189, 27);
+    EXPECT_EQ(Desk.Header(), u"Alarm");
+}
+
+TEST_F(SchedulePage, TheNewButtonOpensTheEditorForTheKindWhenItIsReleased) {
+    Desk.Show(ItemKind::Holiday);
+    Desk.Device.Press(211, 9);
+    Desk.Device.Do([&] { EXPECT_TRUE(Desk.Device.See.FindItem(PaintedRole::Button, u"New")->Pressed); });
+    Desk.Device.Release(235, 33);
+    Desk.Device.Do([&] { EXPECT_TRUE(Desk.Device.See.IsDialogOpen()); });
+    Desk.Device.Tap(100, 20);
+    Desk.Device.TypeInto(kEditSubject, u"Easter");
+    Desk.Device.TapControl(IDOK);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Desk.ListOf(ItemKind::Holiday).size(), 1U);
+    EXPECT_EQ(Desk.Headings(), std::vector<std::u16string>{u"Easter"});
+    EXPECT_EQ(Desk.SelectedRow(), 0);
+}
+
+TEST_F(SchedulePage, ReleasedBesideItTheNewButtonDoesNothing) {
+    Desk.Show(ItemKind::Alarm);
+    Desk.Device.Press(220, 20);
+    Desk.Device.MoveTo(220, 100);
+    Desk.Device.Release(220, 100);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_FALSE(Desk.Device.See.IsDialogOpen());
+    EXPECT_FALSE(Desk.Device.See.FindItem(PaintedRole::Button, u"New")->Pressed);
+}
+
+TEST_F(SchedulePage, PageDownStopsWhereTheLastFourRowsAreShown) {
+    Desk.GivenAlarms(12);
+    Desk.Show(ItemKind::Alarm);
+    EXPECT_EQ(Desk.Bar(), (ScrollInfo{0, 8, 0}));
+    Scroll(SB_PAGEDOWN);
+    EXPECT_EQ(Desk.Bar().Position, 5);
+    Scroll(SB_PAGEDOWN);
+    EXPECT_EQ(Desk.Bar().Position, 8);
+    EXPECT_THAT(Desk.Headings(),
+                ElementsAre(u"(12:00) Alarm 9", u"(12:00) Alarm 10", u"(12:00) Alarm 11", u"(12:00) Alarm 12"));
+    Scroll(SB_PAGEUP);
+    EXPECT_EQ(Desk.Bar().Position, 3);
+    Scroll(SB_PAGEUP);
+    EXPECT_EQ(Desk.Bar().Position, 0);
+}
+
+TEST_F(SchedulePage, AListOfThreeRowsHasNothingToScroll) {
+    Desk.GivenAlarms(3);
+    Desk.Show(ItemKind::Alarm);
+    EXPECT_EQ(Desk.Bar(), (ScrollInfo{0, 0, 0}));
+    Scroll(SB_LINEDOWN);
+    EXPECT_EQ(Desk.Bar().Position, 0);
+}
+
+TEST_F(SchedulePage, TheAppointmentsScrollByFiveRows) {
+    GivenAppointmentsToday(12);
+    Desk.Show(ItemKind::Appointment);
+    EXPECT_EQ(Desk.Bar(), (ScrollInfo{0, 7, 0}));
+    EXPECT_EQ(Desk.Rows().size(), 5U);
+}
+
+TEST_F(SchedulePage, LineAndThumbMoveTheTopWithinItsRange) {
+    Desk.GivenAlarms(8);
+    Desk.Show(ItemKind::Alarm);
+    Scroll(SB_LINEUP);
+    EXPECT_EQ(Desk.Bar().Position, 0);
+    Scroll(SB_LINEDOWN);
+    EXPECT_EQ(Desk.Bar().Position, 1);
+    Scroll(SB_THUMBTRACK, 3);
+    EXPECT_EQ(Desk.Bar().Position, 3);
+    Scroll(SB_THUMBPOSITION, 99);
+    EXPECT_EQ(Desk.Bar().Position, 4);
+    Scroll(SB_LINEDOWN);
+    EXPECT_EQ(Desk.Bar().Position, 4);
+    Scroll(SB_ENDSCROLL);
+    EXPECT_EQ(Desk.Bar().Position, 4);
+}
+
+TEST_F(SchedulePage, TheWheelScrollsRowByRow) {
+    Desk.GivenAlarms(8);
+    Desk.Show(ItemKind::Alarm);
+    Desk.Device.Wheel(100, 100, -3);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Desk.Bar().Position, 3);
+    Desk.Device.Wheel(100, 100, 1);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Desk.Bar().Position, 2);
+    EXPECT_EQ(Desk.Headings().front(), u"(12:00) Alarm 3");
+}
+
+TEST_F(SchedulePage, TheSelectionKeepsItsDistanceToTheTop) {
+    Desk.GivenAlarms(12);
+    Desk.Show(ItemKind::Alarm);
+    Select(2);
+    Scroll(SB_PAGEDOWN);
+    EXPECT_EQ(Desk.SelectedRow(), 7);
+    Scroll(SB_LINEUP);
+    EXPECT_EQ(Desk.SelectedRow(), 6);
+}
+
+TEST_F(SchedulePage, WithNothingSelectedScrollingSelectsNothing) {
+    Desk.GivenAlarms(12);
+    Desk.Show(ItemKind::Alarm);
+    Scroll(SB_PAGEDOWN);
+    Scroll(SB_PAGEUP);
     EXPECT_EQ(Desk.SelectedRow(), kNoRow);
 }
 
-TEST_F(SchedulePage, ATapSelectsTheRowAndDeleteInItsMenuDeletesIt) {
-    const std::vector<Oid> alarms = Desk.GivenAlarms(3);
+TEST_F(SchedulePage, DownSelectsTheFirstRowAndGoesOnScrollingAfterTheFourth) {
+    Desk.GivenAlarms(6);
     Desk.Show(ItemKind::Alarm);
-    Desk.ChooseInRow(1, kCommandDelete);
-    Desk.Device.AnswerBox(IDYES);
-    ASSERT_TRUE(Desk.Settle());
-    EXPECT_THAT(Desk.Boxes(), ElementsAre(u"Delete|Are you sure to delete?"));
-    EXPECT_THAT(Desk.Headings(), ElementsAre(u"(12:00) Alarm 1", u"(12:00) Alarm 3"));
-    EXPECT_FALSE(Desk.Exists(alarms[1]));
-    EXPECT_THAT(Desk.ListOf(ItemKind::Alarm), ElementsAre(alarms[0], alarms[2]));
+    Key(VK_UP);
+    EXPECT_EQ(Desk.SelectedRow(), kNoRow);
+    for (int row = 0; row < 4; ++row) {
+        Key(VK_DOWN);
+        EXPECT_EQ(Desk.SelectedRow(), row);
+        EXPECT_EQ(Desk.Bar().Position, 0);
+    }
+    Key(VK_DOWN);
+    EXPECT_EQ(Desk.SelectedRow(), 4);
+    EXPECT_EQ(Desk.Bar().Position, 1);
+    Key(VK_DOWN);
+    Key(VK_DOWN); // the last row stays
+    EXPECT_EQ(Desk.SelectedRow(), 5);
+    EXPECT_EQ(Desk.Bar().Position, 2);
+    for (int times = 0; times < 4; ++times) {
+        Key(VK_UP);
+    }
+    EXPECT_EQ(Desk.SelectedRow(), 1);
+    EXPECT_EQ(Desk.Bar().Position, 1); // up scrolls when the selection leaves at the top
 }
 
-TEST_F(SchedulePage, ADeletionThatIsDeclinedChangesNothing) {
-    const std::vector<Oid> alarms = Desk.GivenAlarms(1);
+TEST_F(SchedulePage, AmongTheAppointmentsTheKeysScrollAfterTheFifth) {
+    GivenAppointmentsToday(7);
+    Desk.Show(ItemKind::Appointment);
+    for (int times = 0; times < 5; ++times) {
+        Key(VK_DOWN);
+    }
+    EXPECT_EQ(Desk.SelectedRow(), 4);
+    EXPECT_EQ(Desk.Bar().Position, 0);
+    Key(VK_DOWN);
+    EXPECT_EQ(Desk.Bar().Position, 1);
+}
+
+TEST_F(SchedulePage, OnAnEmptyListTheKeysDoNothing) {
     Desk.Show(ItemKind::Alarm);
-    Desk.ChooseInRow(0, kCommandDelete);
-    Desk.Device.AnswerBox(IDNO);
-    ASSERT_TRUE(Desk.Settle());
-    EXPECT_TRUE(Desk.Exists(alarms[0]));
-    EXPECT_THAT(Desk.ListOf(ItemKind::Alarm), ElementsAre(alarms[0]));
+    Key(VK_DOWN);
+    Key(VK_UP);
+    EXPECT_THAT(Desk.Rows(), IsEmpty());
+}
+
+TEST_F(SchedulePage, TheSelectedRowIsBlueAndTheOthersWhite) {
+    Desk.GivenAlarms(2);
+    Desk.Show(ItemKind::Alarm);
+    Select(1);
+    EXPECT_EQ(Desk.Device.See.PixelAt(200, 37 + 25), Color{kWhite});
+    EXPECT_EQ(Desk.Device.See.PixelAt(200, 37 + 51 + 25), Color{kBlue});
+}
+
+TEST_F(SchedulePage, ATapBelowTheLastRowLeavesTheSelection) {
+    Desk.GivenAlarms(2);
+    Desk.Show(ItemKind::Alarm);
+    Select(0);
+    Tap(20, 37 + 2 * 51);
     EXPECT_EQ(Desk.SelectedRow(), 0);
+    EXPECT_FALSE(Desk.Device.Host().State.Menus.IsMenuOpen());
+}
+
+TEST_F(SchedulePage, ATapHitsTheRowUnderIt) {
+    Desk.GivenAlarms(2);
+    GivenAppointmentsToday(5);
+    Desk.Show(ItemKind::Alarm);
+    Desk.Device.Tap(20, 37 + 50);
+    Desk.Device.ChooseTracked(0);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Desk.SelectedRow(), 0);
+    Desk.Device.Tap(20, 37 + 51);
+    Desk.Device.ChooseTracked(0);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Desk.SelectedRow(), 1);
+    Key(VK_LEFT);
+    Desk.Device.Tap(20, 71 + 33);
+    Desk.Device.ChooseTracked(0);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Desk.SelectedRow(), 0);
+    Desk.Device.Tap(20, 71 + 169);
+    Desk.Device.ChooseTracked(0);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Desk.SelectedRow(), 4);
+}
+
+TEST_F(SchedulePage, TheMenuStandsBesideTheTap) {
+    Desk.GivenAlarms(1);
+    GivenAppointmentsToday(1);
+    Desk.Show(ItemKind::Alarm);
+    const auto& tracked = Desk.Device.Host().State.Menus.Tracked;
+    Desk.Device.Tap(119, 37 + 10);
+    Desk.Device.Do([&] {
+        EXPECT_EQ(tracked->At, (Point{124, 76}));
+        EXPECT_EQ(tracked->Align, MenuAlign::Left);
+    });
+    Desk.Device.ChooseTracked(0);
+    Desk.Device.Tap(120, 37 + 10);
+    Desk.Device.Do([&] {
+        EXPECT_EQ(tracked->At, (Point{115, 76}));
+        EXPECT_EQ(tracked->Align, MenuAlign::Right);
+    });
+    Desk.Device.ChooseTracked(0);
+    Desk.Device.Key(VK_LEFT);
+    Desk.Device.Tap(20, 71 + 10);
+    Desk.Device.Do([&] { EXPECT_EQ(tracked->At, (Point{25, 106})); });
+    Desk.Device.ChooseTracked(0);
+    ASSERT_TRUE(Desk.Settle());
+}
+
+TEST_F(SchedulePage, TheMenuIsCutDownForEachKind) {
+    Desk.GivenAlarms(1);
+    GivenAppointmentsToday(1);
+    Desk.Show(ItemKind::Alarm);
+    Desk.Device.Tap(20, 50);
+    Desk.Device.Do([&] { EXPECT_THAT(Desk.OpenMenu(), ElementsAre(u"View...", u"Modify...", u"Delete...")); });
+    Desk.Device.ChooseTracked(0);
+    Desk.Device.Key(VK_LEFT);
+    Desk.Device.Tap(20, 80);
+    Desk.Device.Do([&] {
+        EXPECT_THAT(Desk.OpenMenu(), ElementsAre(u"View...", u"Modify...", u"Delete...", u"-", u"Copy to Alarm",
+                                                 u"Copy to Holiday", u"Copy to Anniversary"));
+    });
+    Desk.Device.ChooseTracked(0);
+    ASSERT_TRUE(Desk.Settle());
+}
+
+TEST_F(SchedulePage, WhatWouldDoNothingIsGreyInTheMenuOfAnAppointment) {
+    const Oid oid = Desk.GivenAppointment(u"Item", At(2004, 11, 3, 9), At(2004, 11, 3, 10));
+    Desk.Tag(ItemKind::Holiday, oid);
+    Desk.Show(ItemKind::Appointment);
+    Desk.Device.Tap(20, 80);
+    Desk.Device.Do([&] {
+        EXPECT_THAT(Desk.OpenMenu(), ElementsAre(u"View...", u"Modify...", u"Delete...", u"-", u"Copy to Alarm",
+                                                 u"(Copy to Holiday)", u"Copy to Anniversary"));
+    });
+    Desk.Device.ChooseTracked(0);
+    Desk.Device.Do([&] { Desk.Delete(oid); }); // by another program, and not yet heard of
+    Desk.Device.Tap(20, 80);
+    Desk.Device.Do([&] {
+        EXPECT_THAT(Desk.OpenMenu(), ElementsAre(u"(View...)", u"(Modify...)", u"(Delete...)", u"-", u"(Copy to Alarm)",
+                                                 u"(Copy to Holiday)", u"(Copy to Anniversary)"));
+    });
+    Desk.Device.ChooseTracked(0);
+    ASSERT_TRUE(Desk.Settle());
+}
+
+TEST_F(SchedulePage, TheSelectedRowsMenuOpensAgain) {
+    Desk.GivenAlarms(1);
+    Desk.Show(ItemKind::Alarm);
+    Select(0);
+    Desk.Device.Tap(20, 50);
+    Desk.Device.Do([&] { EXPECT_TRUE(Desk.Device.Host().State.Menus.Tracked.has_value()); });
+    Desk.Device.ChooseTracked(0);
+    ASSERT_TRUE(Desk.Settle());
 }
 
 } // namespace

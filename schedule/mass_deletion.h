@@ -1,0 +1,62 @@
+// Deleting whole classes of items, one after the other.
+#pragma once
+
+#include "store/change_group.h"
+#include "store/program_state.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tavo {
+
+struct DeletionClasses {
+    bool Alarms = false;
+    bool Holidays = false;
+    bool Anniversaries = false;
+    bool Appointments = false; // those that stand in no category list
+    bool Memos = false;
+};
+
+// Appointments of all classes go as one step that can be taken back; memos go to the device's Deleted folder.
+// Until the last appointment is gone nothing is final.
+class MassDeletion {
+  public:
+    // Finds out what there is to delete.
+    MassDeletion(CProgramState& state, const DeletionClasses& classes);
+
+    int Total() const { return TotalCount; }
+
+    int Done() const { return DoneCount; }
+
+    // Deletes one thing. False when there is nothing left to delete.
+    bool DeleteNext();
+    // Takes back all that is not final yet.
+    void Abandon();
+
+  private:
+    void FindTagged(const DeletionClasses& classes);
+    void FindAppointments();
+    void CountInList(TagList list, std::u16string_view one, std::u16string_view many);
+    void AddToName(int count, std::u16string_view one, std::u16string_view many);
+    void Begin();
+    bool IsTagged(Oid oid) const;
+    bool DeleteNextAppointment();
+    void Commit();
+
+    CProgramState& State;
+    std::vector<TagList> Lists; // to be emptied, in the order of deletion
+    std::vector<Oid> Tagged;
+    ComPtr<IPOutlookItemCollection> Appointments; // of the whole folder; null when they stay
+    std::vector<std::u16string> Memos;            // names
+    std::u16string Name;                          // of the step
+    std::optional<ChangeGroup> Group;
+    std::size_t NextTagged = 0;
+    std::int32_t NextAppointment = 1; // in the collection, whose items move up as they go
+    std::size_t NextMemo = 0;
+    int TotalCount = 0;
+    int DoneCount = 0;
+};
+
+} // namespace tavo

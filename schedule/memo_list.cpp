@@ -1,0 +1,26 @@
+// Memo files by the pattern of their names.
+#include "schedule/memo_list.h"
+
+#include "framework/format.h"
+
+#include <memory>
+
+namespace tavo {
+
+std::vector<std::u16string> FindAllMemos(CProgramState& state) {
+    std::vector<std::u16string> names;
+    const std::unique_ptr<IFileSearch> search =
+        state.Host().Files().FindFirstFileW(FormatText(u"%s\\*.pwi", state.DataFolder));
+    bool found = search != nullptr;
+    while (found) {
+        names.push_back(search->FileName());
+        found = search->FindNextFileW();
+    }
+    return names;
+}
+
+void DeleteMemo(CProgramState& state, std::u16string_view name) {
+    static_cast<void>(state.Host().Files().DeleteFileW(FormatText(u"%s\\%s", state.DataFolder, name)));
+}
+
+} // namespace tavo

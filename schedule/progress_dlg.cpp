@@ -1,0 +1,72 @@
+// Slices of the deletion, driven by a timer of the main view, which runs in the background too.
+#include "schedule/progress_dlg.h"
+
+#include "framework/format.h"
+#include "res/dialog_templates.h"
+#include "res/resource_ids.h"
+
+namespace tavo {
+
+namespace {
+
+constexpr std::uint32_t kSliceMilliseconds = 20;
+constexpr int kSliceItems = 500; // whatever the clock says
+
+constexpr Rect kTextArea{20, 60, 220, 80};
+constexpr Rect kBarFrame{20, 84, 220, 100};
+constexpr Color kBackground = Color::FromRgb(255, 255, 255);
+constexpr Color kTextColor = Color::FromRgb(0, 0, 0);
+constexpr Color kFrameColor = Color::FromRgb(0, 0, 0);
+constexpr Color kBarColor{0xBF6000};
+
+constexpr Rect Shrink(const Rect& area) {
+    return {area.Left + 1, area.Top + 1, area.Right - 1, area.Bottom - 1};
+}
+
+} // namespace
+
+CProgressDlg::CProgressDlg(CMessagePump& pump, CProgramState& state, MassDeletion& deletion)
+    : CDialog(pump, kProgressTemplate, NavigationButtons::Close), State(state), Deletion(deletion) {}
+
+CProgressDlg::~CProgressDlg() {
+    Host().Windows().KillTimer(State.MainView, kTimerWork);
+    State.Work = nullptr;
+}
+
+void CProgressDlg::OnInitDialog() {
+    State.Work = this;
+    Host().Windows().SetTimer(State.MainView, kTimerWork, 1);
+}
+
+void CProgressDlg::DoSlice() {
+    const std::uint32_t begin = Host().Clock().GetTickCount();
+    for (int count = 0; count < kSliceItems; ++count) {
+        if (!Deletion.DeleteNext()) {
+            EndDialog(IDOK);
+            return;
+        }
+        if (Host().Clock().GetTickCount() - begin >= kSliceMilliseconds) {
+            break;
+        }
+    }
+    Invalidate();
+}
+
+void CProgressDlg::Paint() {
+    const std::u16string text = FormatText(u"%d of %d deleted", Deletion.Done(), Deletion.Total());
+    DropPainted();
+    Surface().FillRect(Rect::Whole(Surface().GetSize()), kBackground);
+    Surface().DrawTextW(text, kTextArea,
+                        {State.Fonts.FontArial10, kTextColor, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX});
+    Surface().FillRect(kBarFrame, kFrameColor);
+    Rect bar = Shrink(kBarFrame);
+    Surface().FillRect(bar, kBackground);
+    if (Deletion.Total() > 0) {
+        bar.Right = bar.Left + static_cast<int>(std::int64_t{bar.Width()} * Deletion.Done() / Deletion.Total());
+        Surface().FillRect(bar, kBarColor);
+    }
+    Declare({kTextArea, PaintedRole::Text, text});
+    PresentSurface();
+}
+
+} // namespace tavo
