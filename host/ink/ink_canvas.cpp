@@ -22,7 +22,7 @@ void InkCanvas::Resize(int width, int height, double pixelsPerPixel) {
 }
 
 // True when nothing of the old picture is left.
-bool InkCanvas::FollowView(const InkControl& control, PixelBox& changed) {
+bool InkCanvas::FollowView(const InkControl& control, bool mayShift) {
     PixelScale wanted;
     wanted.PixelsPerTick = PixelsPerPixel * control.View().Zoom() / (100.0 * kTicksPerPixel);
     // The corner lies on a whole real pixel, so that scrolling only shifts what is there.
@@ -33,7 +33,7 @@ bool InkCanvas::FollowView(const InkControl& control, PixelBox& changed) {
     wanted.Top = top / wanted.PixelsPerTick;
     const PixelScale before = std::exchange(OwnScale, wanted);
     const double rows = top - std::round(before.Top * wanted.PixelsPerTick);
-    const bool shifts = !IsNew && LivePoints == 0 && before.PixelsPerTick == wanted.PixelsPerTick &&
+    const bool shifts = mayShift && !IsNew && LivePoints == 0 && before.PixelsPerTick == wanted.PixelsPerTick &&
                         before.Left == wanted.Left && rows != 0 && std::abs(rows) < Front.Height();
     if (!shifts) {
         return true;
@@ -44,7 +44,6 @@ bool InkCanvas::FollowView(const InkControl& control, PixelBox& changed) {
     Repaint(control,
             count > 0 ? PixelBox{0, height - count, Front.Width(), height} : PixelBox{0, 0, Front.Width(), -count});
     Front.Copy(Finished, Front.Whole());
-    changed = Front.Whole();
     return false;
 }
 
@@ -112,11 +111,13 @@ PixelBox InkCanvas::FinishLive(const Stroke& stroke) {
 PixelBox InkCanvas::Update(InkControl& control) {
     const Damage damage = control.TakeDamage();
     PixelBox changed;
-    if ((damage.All || IsNew) && FollowView(control, changed)) {
-        ForgetLive();
-        IsNew = false;
+    if (damage.All || damage.Scrolled || IsNew) {
         changed = Front.Whole();
-        Repaint(control, changed);
+        if (FollowView(control, !damage.All && damage.Ink.IsEmpty() && !damage.LiveFinished)) {
+            ForgetLive();
+            IsNew = false;
+            Repaint(control, changed);
+        }
     } else if (!damage.Ink.IsEmpty() || (damage.LiveFinished && LivePoints == 0)) {
         Box ink = damage.Ink;
         if (damage.LiveFinished) {

@@ -19,7 +19,7 @@ class InkCanvas {
     PixelScale Scale() const { return OwnScale; }
 
   private:
-    bool FollowView(const InkControl& control, PixelBox& changed);
+    bool FollowView(const InkControl& control, bool mayShift);
     void Repaint(const InkControl& control, const PixelBox& area);
     void ForgetLive();
     PixelBox ExtendLive(const Stroke& stroke);

@@ -28,7 +28,8 @@ struct PenSample {
 
 // What must be shown anew since the last time somebody asked.
 struct Damage {
-    bool All = false;          // another part of the paper, or at another size
+    bool All = false;          // the paper is seen otherwise
+    bool Scrolled = false;     // another part of it
     bool Overlay = false;      // frames, notice, bars
     bool LiveChanged = false;  // the stroke being drawn got longer
     bool LiveFinished = false; // it is the page's last stroke now
@@ -60,7 +61,8 @@ class InkControl {
 
     bool IsPenDown() const { return Doing != Gesture::None; }
 
-    void Wheel(int steps);            // up is positive
+    void Wheel(int steps); // up is positive
+    void WheelSideways(int steps);
     void ScrollTo(Point offset);      // ticks
     bool Key(int key, int modifiers); // false when it means nothing here
 

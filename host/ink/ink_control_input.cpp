@@ -166,6 +166,7 @@ void InkControl::ExtendStroke(const PenSample& sample) {
     }
     if (!Live.Points.empty()) {
         const InkPoint& before = Live.Points.back();
+        point.Pressure = sample.Pressure == kNoPressure ? before.Pressure : point.Pressure;
         const bool isSame = before.X == point.X && before.Y == point.Y && before.Pressure == point.Pressure;
         if (isSame || Paper.PointCount() + Live.Points.size() >= kMaxPoints) {
             return;
@@ -247,12 +248,17 @@ void InkControl::Wheel(int steps) {
     ScrollTo({offset.X, offset.Y - steps * kWheelPixels * kTicksPerPixel * 100 / Shown.Zoom()});
 }
 
+void InkControl::WheelSideways(int steps) {
+    const Point offset = Shown.Offset();
+    ScrollTo({offset.X - steps * kWheelPixels * kTicksPerPixel * 100 / Shown.Zoom(), offset.Y});
+}
+
 void InkControl::ScrollTo(Point offset) {
     const Point before = Shown.Offset();
     Shown.ScrollTo(offset);
     WasSeen = true;
     if (!(before == Shown.Offset())) {
-        Damaged.All = true;
+        Damaged.Scrolled = true;
         Damaged.Overlay = true;
         Tell();
     }

@@ -38,7 +38,8 @@ bool ControlFilter::TakePress(WindowHandle control, QWidget& widget, QPointF pos
 // Turning the wheel over a list or picker must not change it by accident.
 bool ControlFilter::TakeWheel(WindowHandle control) {
     const shell::ControlState* state = Shared.State.Tree.FindControl(control);
-    return !Shared.State.TakesInput(control) || state == nullptr || state->Kind != ControlKind::ScrollBar;
+    return !Shared.State.TakesInput(control) || state == nullptr ||
+           (state->Kind != ControlKind::ScrollBar && state->Kind != ControlKind::Ink);
 }
 
 // Only a line of text has one that does not wait for its own end.

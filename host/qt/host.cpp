@@ -3,6 +3,7 @@
 
 #include "host/qt/accessible.h"
 #include "host/qt/frame_trace.h"
+#include "host/qt/ink_clipboard.h"
 #include "host/qt/menu_strip.h"
 #include "host/qt/navigation_bar.h"
 #include "host/qt/remembered_size.h"
@@ -57,6 +58,7 @@ QtHost::QtHost(HostOptions options)
         OwnPanel.SipSetInfo(info);
     });
     Shared.Ink.SetClock(OwnClock);
+    Shared.Ink.Shared().Copied = CopyPicture;
     Shared.Ink.SetRecovery(Options.Root.Path() + "/Recovery");
     RecoveryTimer.setSingleShot(true);
     RecoveryTimer.setInterval(kRecoveryDelay);
