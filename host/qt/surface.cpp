@@ -1,7 +1,5 @@
-// Drawing on the off-screen picture.
+// Turning what the program draws into steps, and finding those that change something.
 #include "host/qt/surface.h"
-
-#include "host/qt/text_placement.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -9,8 +7,6 @@
 
 namespace tavo::qt {
 namespace {
-
-constexpr QRgb kWhitePixel = 0xFFFFFFFF;
 
 QRgb ToPixel(Color color) {
     return qRgb(color.Red(), color.Green(), color.Blue());
@@ -41,122 +37,116 @@ Rect CoverStraightLine(Point from, Point to, int width) {
     return {left - before, top - before, right + after, bottom + after};
 }
 
+QRect Cover(const std::vector<DrawStep>& steps, std::size_t from, std::size_t to) {
+    QRect covered;
+    for (std::size_t i = from; i < to; ++i) {
+        covered |= steps[i].Covers;
+    }
+    return covered;
+}
+
+// Outside of this rectangle the same steps leave their traces in the same order.
+QRect FindDifference(const std::vector<DrawStep>& one, const std::vector<DrawStep>& other) {
+    const std::size_t most = std::min(one.size(), other.size());
+    std::size_t before = 0;
+    while (before < most && one[before] == other[before]) {
+        ++before;
+    }
+    std::size_t after = 0;
+    while (after < most - before && one[one.size() - 1 - after] == other[other.size() - 1 - after]) {
+        ++after;
+    }
+    return Cover(one, before, one.size() - after) | Cover(other, before, other.size() - after);
+}
+
 } // namespace
 
 Surface::Surface(Size size, Scale scale, Fonts& fonts, Pictures& pictures)
-    : LogicalSize(size), PixelScale(scale), OwnFonts(fonts), OwnPictures(pictures),
-      PixelSize(std::max(1, scale.Edge(size.Width)), std::max(1, scale.Edge(size.Height))), OwnNumber(TakeNextNumber()),
-      Changed(WholeArea()) {}
+    : LogicalSize(size), PixelScale(scale), OwnFonts(fonts), OwnPictures(pictures), OwnNumber(TakeNextNumber()),
+      OwnCanvas({std::max(1, scale.Edge(size.Width)), std::max(1, scale.Edge(size.Height))}, scale, pictures),
+      Changed(OwnCanvas.WholeArea()) {}
+
+void Surface::Take(DrawStep step) {
+    step.Covers &= OwnCanvas.WholeArea();
+    if (step.Covers.isEmpty()) {
+        return;
+    }
+    if (std::holds_alternative<FillStep>(step.What) && step.Covers == OwnCanvas.WholeArea()) {
+        Awaited.clear(); // nobody will see them
+        Awaited.push_back(std::move(step));
+    } else if (!Awaited.empty()) {
+        Awaited.push_back(std::move(step));
+    } else {
+        OwnCanvas.Draw(step, step.Covers);
+        Changed |= step.Covers;
+        Shown.clear();
+    }
+}
+
+void Surface::Settle() const {
+    if (Awaited.empty()) {
+        return;
+    }
+    const QRect area = Shown.empty() ? OwnCanvas.WholeArea() : FindDifference(Shown, Awaited);
+    for (const DrawStep& step : Awaited) {
+        OwnCanvas.Draw(step, area);
+    }
+    Changed |= area;
+    Shown = std::exchange(Awaited, {});
+}
 
 const QImage& Surface::Image() const {
-    if (OpenPainter.isActive()) {
-        OpenPainter.end();
-    }
-    return Pixels;
-}
-
-// Before drawing: whoever keeps a copy of the picture keeps what it was.
-void Surface::MakeOwn() {
-    if (Pixels.isNull()) {
-        Pixels = QImage(PixelSize, QImage::Format_RGB32);
-        Pixels.fill(Qt::white);
-    } else if (!OpenPainter.isActive()) {
-        Pixels.detach();
-    }
-}
-
-QPainter& Surface::Painter() {
-    if (!OpenPainter.isActive()) {
-        MakeOwn();
-        OpenPainter.begin(&Pixels);
-    }
-    return OpenPainter;
-}
-
-void Surface::MarkChanged(const QRect& pixels) {
-    Changed |= pixels & WholeArea();
+    Settle();
+    return OwnCanvas.Image();
 }
 
 QRect Surface::TakeChanged() const {
+    Settle();
     return std::exchange(Changed, QRect());
 }
 
-void Surface::Fill(QRect pixels, std::uint32_t color) {
-    pixels &= WholeArea();
-    const bool isStillWhite = Pixels.isNull() && color == kWhitePixel;
-    if (pixels.isEmpty() || isStillWhite) {
-        return;
-    }
-    MakeOwn();
-    // Asked for once: every call that hands out pixels to write on looks whether they are shared.
-    const qsizetype stride = Pixels.bytesPerLine() / static_cast<qsizetype>(sizeof(std::uint32_t));
-    std::uint32_t* row = reinterpret_cast<std::uint32_t*>(Pixels.bits()) + pixels.top() * stride + pixels.left();
-    for (int y = pixels.top(); y <= pixels.bottom(); ++y, row += stride) {
-        std::fill_n(row, pixels.width(), color);
-    }
-    MarkChanged(pixels);
+void Surface::TakeFill(const QRect& pixels, Color color) {
+    Take({pixels, FillStep{ToPixel(color)}});
 }
 
 void Surface::FillRect(const Rect& area, Color color) {
-    Fill(PixelScale.Edges(area), ToPixel(color));
+    TakeFill(PixelScale.Edges(area), color);
 }
 
 void Surface::DrawLine(Point from, Point to, const Pen& pen) {
     const int width = std::max(1, pen.Width);
+    if (from == to) {
+        return;
+    }
     if (from.X == to.X || from.Y == to.Y) {
         QRect covered = PixelScale.Edges(CoverStraightLine(from, to, width));
         if (width == 1) { // all lines of a grid are equally thick, wherever their edges would be rounded to
             const int thickness = std::max(1, PixelScale.Edge(1));
             from.Y == to.Y ? covered.setHeight(thickness) : covered.setWidth(thickness);
         }
-        Fill(from == to ? QRect() : covered, ToPixel(pen.Ink));
+        TakeFill(covered, pen.Ink);
         return;
     }
-    QPainter& painter = Painter();
-    painter.setClipping(false);
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setPen(QPen(QColor(ToPixel(pen.Ink)), width * PixelScale.Factor, Qt::SolidLine, Qt::RoundCap));
-    const QPointF start = QPointF(from.X + 0.5, from.Y + 0.5) * PixelScale.Factor;
-    const QPointF end = QPointF(to.X + 0.5, to.Y + 0.5) * PixelScale.Factor;
-    painter.drawLine(start, end);
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    const int reach = static_cast<int>(width * PixelScale.Factor) + 2;
-    MarkChanged(QRectF(start, end).normalized().toAlignedRect().adjusted(-reach, -reach, reach, reach));
+    const int reach = width + 2;
+    const Rect touched{std::min(from.X, to.X) - reach, std::min(from.Y, to.Y) - reach, std::max(from.X, to.X) + reach,
+                       std::max(from.Y, to.Y) + reach};
+    Take({PixelScale.Edges(touched), LineStep{from, to, width, ToPixel(pen.Ink)}});
 }
 
 void Surface::DrawTextW(std::u16string_view text, const Rect& area, const TextStyle& style) {
-    Font* font = OwnFonts.Find(style.Font);
+    std::shared_ptr<Font> font = OwnFonts.Share(style.Font);
     if (font == nullptr || text.empty() || area.IsEmpty()) {
         return;
     }
-    QPainter& painter = Painter();
-    const QRect cut = PixelScale.Edges(area);
-    painter.setClipRect(cut);
-    painter.setPen(QColor(ToPixel(style.Ink)));
-    for (const PlacedLine& line : PlaceText(*font, text, area, style.Format)) {
-        const ShapedText& shaped = font->Shape(line.Text);
-        font->Draw(painter, shaped, QPointF(PixelScale.Edge(line.Left), PixelScale.Edge(line.Baseline)), PixelScale);
-        if (line.Underlined >= 0) {
-            const auto marked = static_cast<std::size_t>(line.Underlined);
-            const double start = marked == 0 ? 0.0 : shaped.Ends[marked - 1];
-            const Rect under{line.Left + static_cast<int>(start), line.Baseline + 1,
-                             line.Left + static_cast<int>(shaped.Ends[marked]), line.Baseline + 2};
-            Fill(PixelScale.Edges(under) & cut, ToPixel(style.Ink));
-        }
-    }
-    MarkChanged(cut);
+    Take({PixelScale.Edges(area),
+          TextStep{std::move(font), std::u16string(text), area, ToPixel(style.Ink), style.Format}});
 }
 
 void Surface::DrawBitmap(int bitmap, Point at, const Rect& source) {
     const QRect target = PixelScale.Edges(Rect::FromSize(at.X, at.Y, source.Width(), source.Height()));
-    const QImage& picture = OwnPictures.Render(bitmap, source, target.size());
-    if (picture.isNull()) {
-        return;
+    if (!OwnPictures.SizeOf(bitmap).isEmpty()) {
+        Take({target, PictureStep{bitmap, source, target}});
     }
-    QPainter& painter = Painter();
-    painter.setClipping(false);
-    painter.drawImage(target.topLeft(), picture);
-    MarkChanged(target);
 }
 
 } // namespace tavo::qt

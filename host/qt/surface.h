@@ -1,18 +1,21 @@
 // An off-screen picture at the resolution of the screen.
 #pragma once
 
+#include "host/qt/canvas.h"
+#include "host/qt/draw_step.h"
 #include "host/qt/fonts.h"
 #include "host/qt/pictures.h"
 #include "host/qt/scale.h"
 #include "platform/drawing.h"
 
-#include <QImage>
-#include <QPainter>
-
 #include <cstdint>
+#include <vector>
 
 namespace tavo::qt {
 
+// What is drawn after a fill of the whole surface is a new picture, and is kept as steps until somebody looks. Only
+// where its steps differ from those of the picture before it is anything done then: a clock's tick draws a whole face
+// and changes little of it. Everything else is drawn at once.
 class Surface final : public ISurface {
   public:
     Surface(Size size, Scale scale, Fonts& fonts, Pictures& pictures);
@@ -37,25 +40,20 @@ class Surface final : public ISurface {
     QRect TakeChanged() const;
 
   private:
-    void MakeOwn();
-
-    QRect WholeArea() const { return {QPoint(), PixelSize}; }
-
-    void Fill(QRect pixels, std::uint32_t color);
-    QPainter& Painter();
-    void MarkChanged(const QRect& pixels);
+    void Take(DrawStep step);
+    void TakeFill(const QRect& pixels, Color color);
+    void Settle() const;
 
     Size LogicalSize;
     Scale PixelScale;
     Fonts& OwnFonts;
     Pictures& OwnPictures;
-    QSize PixelSize;
-    QImage Pixels; // made with the first drawing
-    // Begun once, because beginning costs more than most things that are drawn; an image that is painted on cannot be
-    // shared, so whoever looks at it ends it.
-    mutable QPainter OpenPainter;
     std::uint64_t OwnNumber;
-    mutable QRect Changed; // seen by whoever shows the surface; not part of what it looks like
+    // Not part of what the surface looks like: how far the drawing has come, and what whoever shows it has seen.
+    mutable Canvas OwnCanvas;
+    mutable std::vector<DrawStep> Awaited; // of a new picture; empty when there is none
+    mutable std::vector<DrawStep> Shown;   // made the canvas what it is; empty when more than them did
+    mutable QRect Changed;
 };
 
 } // namespace tavo::qt

@@ -69,6 +69,35 @@ TEST_P(SurfaceAtScale, AKeptPictureStaysAsItWas) {
     EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kWhitePixel), 0);
 }
 
+// A hand goes round over a picture and a text, as on a clock: what is drawn anew in part is what is drawn anew as a
+// whole.
+TEST_P(SurfaceAtScale, APartDrawnAnewLooksLikeTheWholeDrawnAnew) {
+    const FontHandle font = OwnFonts.Make({u"Arial", -20, 0, 700});
+    const auto draw = [&](Surface& surface, Point tip) {
+        surface.FillRect({0, 0, 90, 90}, Color::FromRgb(200, 220, 240));
+        surface.DrawBitmap(139, {3, 7}, {0, 0, 80, 60});
+        surface.DrawTextW(u"Wednesday", {5, 30, 85, 60}, {font, kBlack, DT_CENTER | DT_VCENTER | DT_SINGLELINE});
+        surface.DrawLine({45, 45}, tip, {Color::FromRgb(38, 114, 205), 3});
+        surface.FillRect({40, 40, 50, 50}, kBlack);
+    };
+    Surface kept = Make(90, 90);
+    for (const Point tip : {Point{80, 40}, Point{81, 47}, Point{60, 80}, Point{45, 85}, Point{12, 20}, Point{70, 13}}) {
+        Surface fresh = Make(90, 90);
+        draw(kept, tip);
+        draw(fresh, tip);
+        ASSERT_EQ(kept.Image(), fresh.Image()) << tip.X << ' ' << tip.Y;
+    }
+}
+
+TEST_P(SurfaceAtScale, ATextOutlivesItsFont) {
+    Surface surface = Make(90, 30);
+    const FontHandle font = OwnFonts.Make({u"Arial", -20, 0, 700});
+    surface.FillRect({0, 0, 90, 30}, Color::FromRgb(255, 255, 255));
+    surface.DrawTextW(u"Text", {0, 0, 90, 30}, {font, kBlack, DT_SINGLELINE});
+    OwnFonts.Delete(font);
+    EXPECT_GT(CountPixels(surface.Image(), surface.Image().rect(), kBlackPixel), 10);
+}
+
 TEST_P(SurfaceAtScale, StraightEdgesAreNeverAntialiased) {
     Surface surface = Make(40, 40);
     surface.FillRect({3, 5, 17, 11}, kBlack);
@@ -167,6 +196,42 @@ TEST_F(SurfaceTest, AnUnknownPictureDrawsNothing) {
     surface.FillRect({0, 0, 1, 1}, kBlack);
     surface.DrawBitmap(9999, {0, 0}, {0, 0, 30, 30});
     EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kWhitePixel), 1599);
+}
+
+TEST_F(SurfaceTest, APictureLikeTheOneBeforeChangesNothing) {
+    Surface surface = Make(40, 40, 2.0);
+    const auto drawFace = [&] {
+        surface.FillRect({0, 0, 40, 40}, Color::FromRgb(200, 220, 240));
+        surface.DrawLine({5, 5}, {30, 17}, {kBlack, 3});
+    };
+    drawFace();
+    (void)surface.Image();
+    (void)surface.TakeChanged();
+    drawFace();
+    EXPECT_TRUE(surface.TakeChanged().isEmpty());
+}
+
+TEST_F(SurfaceTest, ANewPictureChangesOnlyWhereItDiffers) {
+    Surface surface = Make(40, 40, 2.0);
+    for (const int x : {4, 20}) {
+        (void)surface.TakeChanged();
+        surface.FillRect({0, 0, 40, 40}, Color::FromRgb(255, 255, 255));
+        surface.FillRect({x, 10, x + 4, 14}, kBlack);
+        surface.FillRect({0, 30, 40, 34}, kBlack);
+    }
+    EXPECT_EQ(surface.TakeChanged(), QRect(8, 20, 40, 8));
+    EXPECT_EQ(CountPixels(surface.Image(), QRect(40, 20, 8, 8), kBlackPixel), 64);
+    EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kBlackPixel), 64 + 80 * 8);
+}
+
+TEST_F(SurfaceTest, DrawingOnAShownPictureIsGoneWithTheNext) {
+    Surface surface = Make(40, 40, 1.0);
+    surface.FillRect({0, 0, 40, 40}, Color::FromRgb(255, 255, 255));
+    (void)surface.Image();
+    surface.FillRect({3, 3, 9, 9}, kBlack);
+    (void)surface.Image();
+    surface.FillRect({0, 0, 40, 40}, Color::FromRgb(255, 255, 255));
+    EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kWhitePixel), 1600);
 }
 
 TEST_F(SurfaceTest, TellsWhatWasDrawnOnSinceTheLastTime) {
