@@ -155,6 +155,11 @@ bool DesktopWindow::event(QEvent* event) {
     return isTaken;
 }
 
+// In a dialog the key comes to the program instead.
+bool DesktopWindow::focusNextPrevChild(bool next) {
+    return (Keys == nullptr || !Keys->LeavesTabToProgram()) && QWidget::focusNextPrevChild(next);
+}
+
 void DesktopWindow::keyPressEvent(QKeyEvent* event) {
     if (Keys != nullptr) {
         Keys->Press(WindowHandle::None, *event);

@@ -98,9 +98,16 @@ void Keyboard::Press(WindowHandle from, QKeyEvent& event) {
             control = Shared.Keys.Character(unit.unicode());
         }
     }
-    if (control != WindowHandle::None) {
+    if (control != WindowHandle::None && key == VK_TAB && LeavesTabToProgram()) {
+        Shared.Keys.Unused(control, key, modifiers);
+    } else if (control != WindowHandle::None) {
         Deliver(control, key, modifiers, event);
     }
+}
+
+bool Keyboard::LeavesTabToProgram() const {
+    const shell::MenuState& menus = Shared.State.Menus;
+    return Shared.State.Tree.TopDialog() != WindowHandle::None && menus.Boxes.empty() && !menus.IsMenuOpen();
 }
 
 void Keyboard::Deliver(WindowHandle control, int key, int modifiers, QKeyEvent& event) {

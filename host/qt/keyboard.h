@@ -24,6 +24,9 @@ class Keyboard {
     // A key that was handed to a control is on its way through the control's own widgets.
     bool IsDelivering() const { return Delivering; }
 
+    // Whether Tab comes to the program as it is: a dialog knows what it shows next. Elsewhere the toolkit walks.
+    bool LeavesTabToProgram() const;
+
   private:
     bool TakeBarKey(const QKeyEvent& event);
     void Deliver(WindowHandle control, int key, int modifiers, QKeyEvent& event);

@@ -73,6 +73,20 @@ TEST_F(KeyConformance, FocusTravelsWithTheTapAndTheEditsTell) {
     EXPECT_EQ(Ended.CodesOf(kNumber), (std::vector<int>{EN_SETFOCUS, EN_CHANGE, EN_CHANGE}));
 }
 
+TEST_F(KeyConformance, TabWalksTheControlsOfADialogOneByOne) {
+    OpenDialogOnTap();
+    for (const int control : {kEdit, kNumber, kFixedList, kEditableList, kDate, kTime, kCheck}) {
+        Steps.Key(VK_TAB);
+        Steps.Do([&, control] { EXPECT_EQ(Host.Windows().GetFocus(), DialogItem(control)) << control; });
+    }
+    for (const int control : {kTime, kDate, kEditableList}) {
+        Steps.Key(VK_TAB, kModifierShift);
+        Steps.Do([&, control] { EXPECT_EQ(Host.Windows().GetFocus(), DialogItem(control)) << control; });
+    }
+    Steps.Do([&] { End(IDOK); });
+    ASSERT_TRUE(Steps.Finish(Pump));
+}
+
 TEST_F(KeyConformance, HidingTheFocusedEditTakesTheFocusAway) {
     OpenDialogOnTap();
     TapControl(kEdit);
