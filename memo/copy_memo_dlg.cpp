@@ -38,6 +38,7 @@ void CCopyMemoDlg::OnInitDialog() {
     Host().Windows().SetWindowTextW(Handle(), title);
     SetItemText(kCopyMemoLabel, title);
     SetItemText(kCopyMemoName, Name);
+    Show(ShowCommand::Show); // only what is seen takes the focus
     Host().Windows().SetFocus(Item(kCopyMemoName));
     Host().Controls().SetTextSelection(Item(kCopyMemoName), 0, -1);
     Host().InputPanel().SHSipPreference(Handle(), true);
