@@ -176,7 +176,9 @@ TEST_F(InkTest, ThePenTakesBackWhatThePalmBegan) {
 TEST_F(InkTest, TwoFingersPushThePaper) {
     DragMouse(20, 20, 100, 240);
     QTest::touchEvent(&Widget(), Touch).press(0, InWidget(50, 150).toPoint(), &Widget());
-    QTest::touchEvent(&Widget(), Touch).stationary(0).press(1, InWidget(90, 150).toPoint(), &Widget());
+    QTest::touchEvent(&Widget(), Touch)
+        .move(0, InWidget(50, 150).toPoint(), &Widget())
+        .press(1, InWidget(90, 150).toPoint(), &Widget());
     QTest::touchEvent(&Widget(), Touch)
         .move(0, InWidget(50, 110).toPoint(), &Widget())
         .move(1, InWidget(90, 110).toPoint(), &Widget());
