@@ -2,7 +2,6 @@
 #include "tests/qt/event_script.h"
 
 #include <QAbstractEventDispatcher>
-#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -12,6 +11,12 @@ namespace tavo::qt {
 EventScript::EventScript(std::function<void()> ended) : Ended(std::move(ended)) {
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             [this] { TakeWait(); });
+    Rest.setSingleShot(true);
+    Rest.setTimerType(Qt::PreciseTimer);
+    Turn.setSingleShot(true);
+    // Behind what the toolkit has put off to the next round.
+    connect(&Rest, &QTimer::timeout, this, [this] { Turn.start(0); });
+    connect(&Turn, &QTimer::timeout, this, [this] { RunNext(); });
 }
 
 void EventScript::TakeWait() {
@@ -20,10 +25,7 @@ void EventScript::TakeWait() {
     }
     using std::chrono::milliseconds;
     const auto rest = std::chrono::ceil<milliseconds>(NotBefore - std::chrono::steady_clock::now());
-    QTimer::singleShot(std::max(rest, milliseconds(0)), Qt::PreciseTimer, this, [this] {
-        // Behind what the toolkit has put off to the next round.
-        QTimer::singleShot(0, this, [this] { RunNext(); });
-    });
+    Rest.start(std::max(rest, milliseconds(0)));
 }
 
 void EventScript::RunNext() {

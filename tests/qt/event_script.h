@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 
 #include <chrono>
 #include <deque>
@@ -26,6 +27,8 @@ class EventScript final : public QObject {
     std::function<void()> Ended;
     std::deque<std::function<void()>> Steps;
     std::chrono::steady_clock::time_point NotBefore;
+    QTimer Rest;
+    QTimer Turn;
     bool IsScheduled = false;
 };
 
