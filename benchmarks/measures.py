@@ -12,6 +12,7 @@ import tempfile
 from pathlib import Path
 
 from desktop_measures import measure_desktop
+from editor_measures import measure_editor
 from processes import Cost, compare, median, measure, run
 from report import Report
 from window_measures import measure_window
@@ -36,9 +37,9 @@ def build():
     run(["cmake", "-S", str(ROOT), "-B", str(BUILD), "-G", "Ninja", *options])
     targets = ["products", "tavo-generate", "tavo-parse-whole", "tavo-month-window"]
     run(["cmake", "--build", str(BUILD), "--target", *targets])
-    # The month grid needs Qt, as the window does.
+    # These need Qt, as the window does.
     if (BIN / "tavocalendar").exists():
-        run(["cmake", "--build", str(BUILD), "--target", "tavo-month-grid"])
+        run(["cmake", "--build", str(BUILD), "--target", "tavo-month-grid", "tavo-editor-window"])
 
 
 def describe_machine(report):
@@ -203,6 +204,7 @@ def measure_all(report, folder, items):
     measure_agenda(report, device, "a month", *MONTH)
     if measure_desktop(report, device, BIN):
         measure_window(report, device, BIN, month_milliseconds)
+        measure_editor(report, device, BIN)  # changes an item
 
 
 def main():
