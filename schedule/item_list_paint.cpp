@@ -14,7 +14,8 @@ constexpr int kLineHeight = 17;
 constexpr int kLineLeft = 5;
 constexpr int kRightMargin = 20;
 constexpr int kHeadingWidth = 130;
-constexpr int kDateRight = 222; // as far as the scroll bar lets it be seen
+constexpr int kSmallRight = 224; // as far as the scroll bar lets it be seen
+constexpr int kDotsWidth = 16;   // with the character before them, in the small font
 constexpr std::uint32_t kLineFormat = DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX;
 
 constexpr Color kWhite = Color::FromRgb(255, 255, 255);
@@ -64,7 +65,7 @@ void CItemList::PaintRow(int row, int top) {
     Surface().DrawTextW(MakeOneLine(FitText(Host().Drawing(), bold, text.Heading, kHeadingWidth)), line,
                         {bold, ink, kLineFormat});
     if (!text.Date.empty()) {
-        Surface().DrawTextW(text.Date, {kLineLeft, line.Top, kDateRight, line.Bottom},
+        Surface().DrawTextW(text.Date, {kLineLeft, line.Top, kSmallRight, line.Bottom},
                             {State.Fonts.FontArial7, ink, kLineFormat | DT_RIGHT});
     }
     std::u16string name = text.Heading;
@@ -83,13 +84,22 @@ void CItemList::PaintRow(int row, int top) {
     Declare(std::move(item));
 }
 
-// A line that is too long for the ordinary font is drawn in the small one rather than cut.
-void CItemList::DrawLine(const std::u16string& words, const Rect& area, Color color) {
-    const SharedFonts& fonts = State.Fonts;
+// A line that is too long for the ordinary font is drawn in the small one, and shortened only if it must be.
+void CItemList::DrawLine(const std::u16string& words, Rect area, Color color) {
+    IDrawing& drawing = Host().Drawing();
+    FontHandle font = State.Fonts.FontArial10;
     std::vector<int> widths;
-    Host().Drawing().GetTextExtentExPointW(fonts.FontArial10, words, widths);
-    const bool fits = widths.empty() || widths.back() <= area.Width();
-    Surface().DrawTextW(MakeOneLine(words), area, {fits ? fonts.FontArial10 : fonts.FontArial7, color, kLineFormat});
+    drawing.GetTextExtentExPointW(font, words, widths);
+    std::u16string shown = words;
+    if (!widths.empty() && widths.back() > area.Width()) {
+        font = State.Fonts.FontArial7;
+        area.Right = kSmallRight;
+        drawing.GetTextExtentExPointW(font, words, widths);
+        if (widths.back() > area.Width()) {
+            shown = FitText(drawing, font, words, area.Width() - kDotsWidth);
+        }
+    }
+    Surface().DrawTextW(MakeOneLine(std::move(shown)), area, {font, color, kLineFormat});
 }
 
 } // namespace tavo

@@ -13,6 +13,7 @@ namespace tavo {
 namespace {
 
 constexpr Color kBackground = Color::FromRgb(255, 255, 255);
+constexpr Rect kLabelPlace = Rect::FromSize(12, 16, 100, 13);
 constexpr int kBoxes[] = {kSettingsAlarms, kSettingsHolidays, kSettingsAnniversaries, kSettingsAppointments,
                           kSettingsMemos};
 
@@ -42,6 +43,11 @@ const MessageMap& CSettingsPage::Messages() {
     };
     static const MessageMap map{entries, &CMainPage::Messages()};
     return map;
+}
+
+// The template's place is too narrow for the label's own text.
+void CSettingsPage::OnInitDialog() {
+    MoveItem(kStaticText, kLabelPlace);
 }
 
 void CSettingsPage::Open() {

@@ -20,6 +20,7 @@ class CSettingsPage : public CMainPage {
     void TakeChange();
 
   protected:
+    void OnInitDialog() override;
     void Paint() override;
 
   private:
