@@ -13,6 +13,7 @@ from pathlib import Path
 
 from desktop_measures import measure_desktop
 from editor_measures import measure_editor
+from ink_measures import measure_ink
 from processes import Cost, compare, median, measure, run
 from report import Report
 from window_measures import measure_window
@@ -35,7 +36,7 @@ MONTH = (datetime.date(2025, 3, 1), datetime.date(2025, 3, 31))
 def build():
     options = ["-DCMAKE_BUILD_TYPE=Release", "-DTAVO_BENCHMARKS=ON", "-DTAVO_TESTS=OFF"]
     run(["cmake", "-S", str(ROOT), "-B", str(BUILD), "-G", "Ninja", *options])
-    targets = ["products", "tavo-generate", "tavo-parse-whole", "tavo-month-window"]
+    targets = ["products", "tavo-generate", "tavo-parse-whole", "tavo-month-window", "tavo-ink-costs"]
     run(["cmake", "--build", str(BUILD), "--target", *targets])
     # These need Qt, as the window does.
     if (BIN / "tavocalendar").exists():
@@ -202,6 +203,7 @@ def measure_all(report, folder, items):
     report.section("tavo agenda, the whole process, beside the sqlite3 shell")
     measure_agenda(report, device, "a day", DAY, DAY)
     measure_agenda(report, device, "a month", *MONTH)
+    measure_ink(report, BIN)
     if measure_desktop(report, device, BIN):
         measure_window(report, device, BIN, month_milliseconds)
         measure_editor(report, device, BIN)  # changes an item
