@@ -16,7 +16,7 @@ from editor_measures import measure_editor
 from ink_measures import measure_ink
 from processes import Cost, compare, median, measure, run
 from report import Report
-from window_measures import measure_window
+from window_measures import MONTH_CHANGES, measure_window
 
 ROOT = Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build-bench"
@@ -113,10 +113,11 @@ def measure_size(report, device):
     report.figure("bytes for an item", size / device.items, BYTES_PER_ITEM, f"{size / 1e6:.1f} MB in all")
 
 
-def month_window(store):
-    numbers = run([str(BIN / "tavo-month-window"), str(store), str(DAY.year), str(DAY.month)]).split()
-    statement, rows, interfaces, occurrences = map(int, numbers)
-    return statement, rows, interfaces, occurrences
+def month_window(store, month, selected):
+    """Of the prepared statement, the interfaces and a selected day's loads: nanoseconds, and how many of them there are."""
+    day = f"{selected.month}/{selected.day}/{selected.year}"
+    command = [str(BIN / "tavo-month-window"), str(store), str(month.year), str(month.month), day]
+    return tuple(map(int, run(command).split()))
 
 
 def make_lean_store(device, folder):
@@ -140,9 +141,9 @@ def measure_month(report, device, folder):
     lean = make_lean_store(device, folder)
     full_runs, lean_runs = [], []
     for _ in range(5):
-        full_runs.append(month_window(device.store))
-        lean_runs.append(month_window(lean))
-    statement, rows, interfaces, occurrences = (statistics.median(values) for values in zip(*full_runs))
+        full_runs.append(month_window(device.store, DAY, DAY))
+        lean_runs.append(month_window(lean, DAY, DAY))
+    statement, rows, interfaces, occurrences, _, _ = (statistics.median(values) for values in zip(*full_runs))
     lean_interfaces = statistics.median(values[2] for values in lean_runs)
     lean_occurrences = lean_runs[0][3]
     allowed = 2 * statement + OCCURRENCE_NANOSECONDS * occurrences
@@ -153,7 +154,19 @@ def measure_month(report, device, folder):
     report.figure("month window, beside a store of nothing else", interfaces / lean_interfaces, 1.5,
                   f"{interfaces / 1e6:.2f} ms beside {lean_interfaces / 1e6:.2f} ms "
                   f"({lean_occurrences} occurrences)")
-    return interfaces / 1e6
+
+
+def measure_changed_month(report, device):
+    """Milliseconds of the month window and of the day's loads, where the month changes of the window lead: from this
+    month on, with today selected."""
+    today = datetime.date.today()
+    months = today.year * 12 + today.month - 1 + MONTH_CHANGES // 2
+    middle = datetime.date(months // 12, months % 12 + 1, 1)
+    runs = [month_window(device.store, middle, today) for _ in range(5)]
+    _, _, interfaces, occurrences, day, loads = (statistics.median(values) for values in zip(*runs))
+    report.note(f"{middle:%B %Y}: {interfaces / 1e6:.2f} ms for {occurrences:.0f} occurrences; "
+                f"{today}: {day / 1e6:.2f} ms for the loads of {loads:.0f} appointments")
+    return interfaces / 1e6, day / 1e6
 
 
 def select_rows(first, last, series):
@@ -199,13 +212,13 @@ def measure_all(report, folder, items):
     measure_import(report, device)
     device.complete()
     measure_size(report, device)
-    month_milliseconds = measure_month(report, device, folder)
+    measure_month(report, device, folder)
     report.section("tavo agenda, the whole process, beside the sqlite3 shell")
     measure_agenda(report, device, "a day", DAY, DAY)
     measure_agenda(report, device, "a month", *MONTH)
     measure_ink(report, BIN)
     if measure_desktop(report, device, BIN):
-        measure_window(report, device, BIN, month_milliseconds)
+        measure_window(report, device, BIN, *measure_changed_month(report, device))
         measure_editor(report, device, BIN)  # changes an item
 
 

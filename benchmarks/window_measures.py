@@ -105,7 +105,7 @@ class Window:
         return total
 
 
-def measure_month_change(report, window, month_window_milliseconds):
+def measure_month_change(report, window, month_milliseconds, day_milliseconds):
     window.show_calendar()
     costs = []
     before = window.settle()
@@ -117,12 +117,11 @@ def measure_month_change(report, window, month_window_milliseconds):
         before = after
     if len(costs) < MONTH_CHANGES:
         raise RuntimeError("a month change showed no frame")
-    allowed = month_window_milliseconds + MONTH_CHANGE_MILLISECONDS
+    allowed = month_milliseconds + day_milliseconds + MONTH_CHANGE_MILLISECONDS
     cost = statistics.median(costs)
     report.figure("month change, key to frame", cost / allowed, 1,
-                  f"{cost:.2f} ms of processor time beside {month_window_milliseconds:.2f} ms of the month window "
-                  f"+ {MONTH_CHANGE_MILLISECONDS} ms = {allowed:.2f} ms (the day's loads come on top of what is allowed, "
-                  "and are not counted in)")
+                  f"{cost:.2f} ms of processor time beside {month_milliseconds:.2f} ms of the month window "
+                  f"+ {day_milliseconds:.2f} ms of the day's loads + {MONTH_CHANGE_MILLISECONDS} ms = {allowed:.2f} ms")
 
 
 def measure_tick(report, window):
@@ -154,13 +153,13 @@ def measure_resize(report, window):
                   f"the worst of {len(spans)}, the resizing command included")
 
 
-def measure_window(report, device, folder, month_window_milliseconds):
+def measure_window(report, device, folder, month_milliseconds, day_milliseconds):
     report.section(f"The window, in an X server without a window manager, at {SCALE}x")
     program = folder / "tavocalendar"
     with Screen() as screen:
         with Window(program, device.environment, screen, fixed_scale=True) as window:
             measure_tick(report, window)
-            measure_month_change(report, window, month_window_milliseconds)
+            measure_month_change(report, window, month_milliseconds, day_milliseconds)
             measure_minimised(report, window)
         with Window(program, device.environment, screen, fixed_scale=False) as window:
             measure_resize(report, window)
