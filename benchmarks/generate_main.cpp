@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iostream>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -14,6 +15,10 @@ using namespace tavo::benchmarks;
 
 constexpr int kDefaultItems = 100'000;
 constexpr int kMemosOfItems = 10; // one memo for ten items
+constexpr std::string_view kUsage = "usage: tavo-generate FOLDER [ITEMS]\n\n"
+                                    "Writes calendar.ics with that many items (100000 unless told otherwise), "
+                                    "alarm.ics, holiday.ics and anniversary.ics\n"
+                                    "with those to be tagged so, and the folder memos.\n";
 
 bool WriteFile(const std::filesystem::path& path, const std::string& bytes) {
     std::ofstream file(path, std::ios::binary);
@@ -46,12 +51,17 @@ bool WriteMemos(const std::filesystem::path& folder, int memos) {
 } // namespace
 
 int main(int count, char** arguments) {
-    if (count < 2 || count > 3) {
-        std::cerr << "usage: tavo-generate FOLDER [ITEMS]\n";
+    const std::string_view first = count > 1 ? arguments[1] : "";
+    if (first == "--help" || first == "-h") {
+        std::cout << kUsage;
+        return 0;
+    }
+    const int items = count == 3 ? std::atoi(arguments[2]) : kDefaultItems;
+    if (count < 2 || count > 3 || first.empty() || first.front() == '-' || items <= 0) {
+        std::cerr << kUsage;
         return 2;
     }
-    const std::filesystem::path folder = arguments[1];
-    const int items = count == 3 ? std::atoi(arguments[2]) : kDefaultItems;
+    const std::filesystem::path folder = first;
     const int step = std::max(4, items / kTagsOfEach);
     std::error_code error;
     std::filesystem::create_directories(folder, error);
