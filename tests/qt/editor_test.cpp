@@ -118,7 +118,7 @@ TEST_F(EditorOnTheDesktop, ANewAlarmByKeysAlone) {
     Program.Type(u"Wake");
     Tab(1);
     ExpectFocusOn(kEditStartDate);
-    TypeDate(u"12312031");
+    TypeDate(u"12152031");
     Tab(1);
     ExpectFocusOn(kEditStartTime);
     Tab(1);
@@ -131,7 +131,7 @@ TEST_F(EditorOnTheDesktop, ANewAlarmByKeysAlone) {
     EXPECT_EQ(saved.Subject, u"Wake");
     EXPECT_EQ(saved.Start.Year, 2031);
     EXPECT_EQ(saved.Start.Month, 12);
-    EXPECT_EQ(saved.Start.Day, 31);
+    EXPECT_EQ(saved.Start.Day, 15);
     EXPECT_EQ(saved.RecurChoice, kChoiceEveryday);
     EXPECT_TRUE(Program.State().Categories.IsAlarm(1));
 }

@@ -46,7 +46,18 @@ void DateField::keyPressEvent(QKeyEvent* event) {
         WantsCalendar();
         return;
     }
+    if (event->key() == Qt::Key_Home && event->modifiers() == Qt::NoModifier) {
+        event->accept();
+        setSelectedSection(sectionAt(0));
+        return;
+    }
     QDateEdit::keyPressEvent(event);
+}
+
+// What is typed then replaces the month: into a part that is full and not selected nothing can be typed.
+void DateField::focusInEvent(QFocusEvent* event) {
+    QDateEdit::focusInEvent(event);
+    setSelectedSection(sectionAt(0));
 }
 
 DateView::DateView(Device& device, const shell::WindowRecord& record, QWidget* parent)

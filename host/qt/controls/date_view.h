@@ -16,6 +16,7 @@ class DateField final : public QDateEdit {
   protected:
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
 
   private:
     std::function<void()> WantsCalendar;
