@@ -3,18 +3,28 @@
 
 #include "host/reminders/reminder.h"
 
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <vector>
 
 namespace tavo::reminders {
 
+// Up to when everything due was entered into the ledger, also as the device's clock showed it then: when another zone
+// makes that clock show more, people went past what lay between.
+struct Progress {
+    Moment Passed = 0;
+    std::int64_t Wall = 0;
+};
+
 class IReminderStore {
   public:
     virtual ~IReminderStore() = default;
 
-    // Up to when everything due was entered into the ledger; nothing before the first time.
-    virtual bool ReadProgress(std::optional<Moment>& passed) = 0;
+    // Nothing before the first time.
+    virtual bool ReadProgress(std::optional<Progress>& progress) = 0;
+    // What the device's clock shows at a moment, in the zone of today.
+    virtual std::int64_t ToWall(Moment moment) = 0;
     // Rows that nobody has answered.
     virtual bool ReadOpen(std::vector<LedgerRow>& rows) = 0;
 

@@ -36,12 +36,14 @@ void SortByStart(std::vector<CardLine>& lines) {
 } // namespace
 
 bool Scheduler::Load() {
-    if (!Store.ReadProgress(Passed)) {
+    std::optional<Progress> progress;
+    std::vector<LedgerRow> rows;
+    if (!Store.ReadProgress(progress) || !Store.ReadOpen(rows)) {
         return false;
     }
-    std::vector<LedgerRow> rows;
-    if (!Store.ReadOpen(rows)) {
-        return false;
+    if (progress) {
+        Passed = progress->Passed;
+        PassedWall = progress->Wall;
     }
     for (LedgerRow& row : rows) {
         Open.insert_or_assign(row.Key, std::move(row));
@@ -109,24 +111,42 @@ void Scheduler::Flush(Moment now) {
     }
 }
 
-bool Scheduler::FollowClock(Moment now) {
-    if (!Passed) {
-        // What was due before the service's first day was nobody's duty.
-        if (!Commit({}, now, now)) {
-            return false;
+bool Scheduler::GoBack(Moment now) {
+    std::map<std::uint32_t, std::vector<LedgerRow>> forgotten; // by card
+    for (const auto& [key, row] : Open) {
+        if (MayComeAnew(row, now)) {
+            forgotten[row.Service == Desk.Service() ? row.Card : 0].push_back(row);
         }
-        Passed = now;
-    } else if (now < *Passed) {
-        if (!Store.GoBackTo(now)) {
-            FailingSince = std::min(FailingSince.value_or(now), now);
-            return false;
-        }
-        std::erase_if(Open, [now](const auto& entry) { return MayComeAnew(entry.second, now); });
-        std::erase_if(Unwritten, [this](const ReminderKey& key) { return !Open.contains(key); });
-        Passed = now;
-        WrittenProgress = now;
-        LooksAtItems = true;
     }
+    if (!Store.GoBackTo(now)) {
+        FailingSince = std::min(FailingSince.value_or(now), now);
+        return false;
+    }
+    std::erase_if(Open, [now](const auto& entry) { return MayComeAnew(entry.second, now); });
+    std::erase_if(Unwritten, [this](const ReminderKey& key) { return !Open.contains(key); });
+    Passed = now;
+    PassedWall = Store.ToWall(now);
+    WrittenProgress = now;
+    for (const auto& [card, rows] : forgotten) {
+        if (card != 0) {
+            // A card that cannot be redrawn now keeps a line too many.
+            static_cast<void>(ShrinkCard(card, rows, now));
+        }
+    }
+    return true;
+}
+
+// Where the device moved east, its clock jumped over reminders without any time passing.
+void Scheduler::FollowZone() {
+    const std::int64_t wall = Store.ToWall(*Passed);
+    if (wall > PassedWall) {
+        *Passed -= wall - PassedWall;
+    }
+    LooksAtItems = LooksAtItems || wall != PassedWall;
+    PassedWall = Store.ToWall(*Passed);
+}
+
+void Scheduler::ShortenSnoozes(Moment now) {
     std::vector<LedgerRow> shortened;
     for (const auto& [key, row] : Open) {
         if (row.State == LedgerState::Snoozed && row.Until > now + kLongestSnooze) {
@@ -137,11 +157,27 @@ bool Scheduler::FollowClock(Moment now) {
     if (!shortened.empty()) {
         Record(shortened, now);
     }
+}
+
+bool Scheduler::FollowClock(Moment now) {
+    if (!Passed) {
+        // What was due before the service's first day was nobody's duty.
+        if (!Commit({}, now, now)) {
+            return false;
+        }
+        Passed = now;
+        PassedWall = Store.ToWall(now);
+    }
+    FollowZone();
+    if (now < *Passed && !GoBack(now)) {
+        return false;
+    }
+    ShortenSnoozes(now);
     return true;
 }
 
-bool Scheduler::EnterFound(const std::vector<DueReminder>& found, std::optional<Moment> passed, Moment notBefore,
-                           Moment now) {
+bool Scheduler::EnterFound(const std::vector<DueReminder>& found, std::optional<Moment> passed,
+                           std::optional<Moment> notBefore, Moment now) {
     std::vector<LedgerRow> rows;
     for (const DueReminder& reminder : found) {
         if (Open.contains(reminder.Key)) {
@@ -149,7 +185,7 @@ bool Scheduler::EnterFound(const std::vector<DueReminder>& found, std::optional<
         }
         LedgerRow& row = rows.emplace_back();
         row.Key = reminder.Key;
-        row.At = std::max(reminder.At, notBefore);
+        row.At = std::max(reminder.At, notBefore.value_or(reminder.At));
         row.Start = reminder.Start;
     }
     const bool worthWriting = !rows.empty() || (passed && *passed - *WrittenProgress >= kProgressPeriod);
@@ -161,10 +197,11 @@ bool Scheduler::Enter(Moment now) {
     while (*Passed < now) {
         const Moment to = std::min(now, *Passed + kPiece);
         found.clear();
-        if (!Store.FindDue(*Passed, to, found) || !EnterFound(found, to, *Passed, now)) {
+        if (!Store.FindDue(*Passed, to, found) || !EnterFound(found, to, std::nullopt, now)) {
             return false;
         }
         Passed = to;
+        PassedWall = Store.ToWall(to);
     }
     if (!LooksAtItems) {
         return true;

@@ -40,10 +40,14 @@ class Scheduler {
 
     bool Load();
     bool FollowClock(Moment now);
+    void FollowZone();
+    bool GoBack(Moment now);
+    void ShortenSnoozes(Moment now);
     bool CheckStanding(Moment now);
     bool ShrinkCard(std::uint32_t number, const std::vector<LedgerRow>& gone, Moment now);
     bool Enter(Moment now);
-    bool EnterFound(const std::vector<DueReminder>& found, std::optional<Moment> passed, Moment notBefore, Moment now);
+    bool EnterFound(const std::vector<DueReminder>& found, std::optional<Moment> passed,
+                    std::optional<Moment> notBefore, Moment now);
     bool Collect(Moment now, Collected& collected);
     bool Present(Moment now);
     bool PresentMissed(Collected& collected, Moment now);
@@ -61,7 +65,8 @@ class Scheduler {
     IReminderStore& Store;
     IDesk& Desk;
     bool Loaded = false;
-    std::optional<Moment> Passed;
+    std::optional<Moment> Passed; // everything due up to here is entered
+    std::int64_t PassedWall = 0;  // as the device's clock showed it
     std::optional<Moment> WrittenProgress;
     std::map<ReminderKey, LedgerRow> Open; // without an answer, or not yet in the ledger
     std::set<ReminderKey> Unwritten;

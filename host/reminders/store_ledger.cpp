@@ -16,10 +16,15 @@ constexpr Moment kKept = 90 * kDay; // how long an answered reminder and the log
 StoreLedger::StoreLedger(outlook::StorePtr store, std::function<Moment()> now)
     : Source(std::move(store)), Db(Source->Core().Db), Find(Source->Core()), Now(std::move(now)) {}
 
-bool StoreLedger::ReadProgress(std::optional<Moment>& passed) {
-    Query query(Db, "SELECT value FROM setting WHERE name = 'reminders_passed'");
-    passed = query.Next() ? std::optional<Moment>(query.Integer(0)) : std::nullopt;
+bool StoreLedger::ReadProgress(std::optional<Progress>& progress) {
+    Query query(Db, "SELECT a.value, b.value FROM setting a JOIN setting b ON b.name = 'reminders_passed_wall'"
+                    " WHERE a.name = 'reminders_passed'");
+    progress = query.Next() ? std::optional(Progress{query.Integer(0), query.Integer(1)}) : std::nullopt;
     return Succeeded(query.Result());
+}
+
+std::int64_t StoreLedger::ToWall(Moment moment) {
+    return Source->Core().Zones.UtcToWall(moment);
 }
 
 bool StoreLedger::ReadOpen(std::vector<LedgerRow>& rows) {
@@ -109,9 +114,9 @@ Status StoreLedger::WriteEvent(const LedgerRow& row) {
 }
 
 Status StoreLedger::WriteProgress(Moment passed) {
-    Query query(Db, "INSERT INTO setting(name, value) VALUES ('reminders_passed', ?)"
+    Query query(Db, "INSERT INTO setting(name, value) VALUES ('reminders_passed', ?), ('reminders_passed_wall', ?)"
                     " ON CONFLICT (name) DO UPDATE SET value = excluded.value");
-    return query.Bind(passed).Finish();
+    return query.Bind(passed).Bind(ToWall(passed)).Finish();
 }
 
 bool StoreLedger::Commit(std::span<const LedgerRow> rows, std::optional<Moment> passed) {

@@ -24,7 +24,8 @@ class StoreLedger final : public IReminderStore {
     // `now` dates what is written.
     StoreLedger(outlook::StorePtr store, std::function<Moment()> now);
 
-    bool ReadProgress(std::optional<Moment>& passed) override;
+    bool ReadProgress(std::optional<Progress>& progress) override;
+    std::int64_t ToWall(Moment moment) override;
     bool ReadOpen(std::vector<LedgerRow>& rows) override;
     bool FindDue(Moment after, Moment upTo, std::vector<DueReminder>& found) override;
     bool FindAhead(Moment now, std::vector<DueReminder>& found) override;

@@ -1,0 +1,19 @@
+// What a card says.
+#pragma once
+
+#include "host/reminders/desk.h"
+
+#include <cstdint>
+#include <string>
+
+namespace tavo::companion {
+
+struct CardText {
+    std::string Summary; // one line
+    std::string Body;    // further lines, joined by line feeds; perhaps none
+};
+
+// `today` is the device's clock: it decides what is called today and tomorrow.
+CardText DescribeCard(const reminders::Card& card, std::int64_t nowWall);
+
+} // namespace tavo::companion

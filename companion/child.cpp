@@ -1,0 +1,118 @@
+// Starting, talking to and ending a child.
+#include "companion/child.h"
+
+#include "host/files/device_processes.h"
+
+#include <array>
+#include <csignal>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tavo::companion {
+
+namespace {
+
+// Only calls that are allowed between fork and exec.
+[[noreturn]] void BecomeProgram(char* const* arguments, int input, int output) {
+    (void)prctl(PR_SET_PDEATHSIG, SIGTERM); // what it shows nobody would answer
+    (void)dup2(input, STDIN_FILENO);
+    (void)dup2(output, STDOUT_FILENO);
+    sigset_t none;
+    sigemptyset(&none);
+    (void)sigprocmask(SIG_SETMASK, &none, nullptr);
+    execv(arguments[0], arguments);
+    _exit(127);
+}
+
+} // namespace
+
+bool Child::Start(const std::vector<std::string>& arguments) {
+    Stop();
+    if (access(arguments.front().c_str(), X_OK) != 0) {
+        return false;
+    }
+    std::array<int, 2> in{};
+    std::array<int, 2> out{};
+    if (pipe2(in.data(), O_CLOEXEC) != 0) {
+        return false;
+    }
+    files::FileDescriptor childInput(in[0]);
+    ToChild = files::FileDescriptor(in[1]);
+    if (pipe2(out.data(), O_CLOEXEC) != 0) {
+        return false;
+    }
+    FromChild = files::FileDescriptor(out[0]);
+    files::FileDescriptor childOutput(out[1]);
+    std::vector<char*> pointers;
+    for (const std::string& argument : arguments) {
+        pointers.push_back(const_cast<char*>(argument.c_str())); // execv wants it so and does not write
+    }
+    pointers.push_back(nullptr);
+    Unread.clear();
+    Process = fork();
+    if (Process == 0) {
+        BecomeProgram(pointers.data(), childInput.Get(), childOutput.Get());
+    }
+    return Process > 0;
+}
+
+void Child::Stop() {
+    if (Process > 0) {
+        (void)kill(Process, SIGTERM);
+        (void)waitpid(Process, nullptr, 0); // it was ours to reap
+    }
+    NoteEnd();
+}
+
+void Child::NoteEnd() {
+    Process = -1;
+    (void)ToChild.Close();
+    (void)FromChild.Close();
+}
+
+bool Child::Write(const std::string& line) {
+    std::size_t written = 0;
+    while (ToChild && written < line.size()) {
+        const ssize_t count = write(ToChild.Get(), line.data() + written, line.size() - written);
+        if (count <= 0) {
+            return false;
+        }
+        written += static_cast<std::size_t>(count);
+    }
+    return static_cast<bool>(ToChild);
+}
+
+std::string Child::ReadLine(int patience) {
+    while (FromChild) {
+        if (const std::size_t end = Unread.find('\n'); end != std::string::npos) {
+            std::string line = Unread.substr(0, end);
+            Unread.erase(0, end + 1);
+            return line;
+        }
+
+        struct pollfd ready {
+            FromChild.Get(), POLLIN, 0
+        };
+
+        std::array<char, 512> bytes{};
+        if (poll(&ready, 1, patience) <= 0) {
+            break;
+        }
+        const ssize_t count = read(FromChild.Get(), bytes.data(), bytes.size());
+        if (count <= 0) {
+            (void)FromChild.Close(); // it has ended, or will
+            break;
+        }
+        Unread.append(bytes.data(), static_cast<std::size_t>(count));
+    }
+    return {};
+}
+
+std::string HelperProgram(const std::string& name) {
+    return files::RunningProgramFolder() + "/../lib/tavocalendar/" + name;
+}
+
+} // namespace tavo::companion

@@ -1,0 +1,243 @@
+// The loop of the waiting process, and what wakes it.
+#include "companion/companion.h"
+
+#include "host/outlook/store_core.h"
+#include "host/outlook/zone_rules.h"
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <ctime>
+#include <malloc.h>
+#include <poll.h>
+#include <string_view>
+#include <sys/inotify.h>
+#include <sys/signalfd.h>
+#include <sys/stat.h>
+#include <sys/timerfd.h>
+
+namespace tavo::companion {
+
+namespace {
+
+using reminders::Look;
+using reminders::Moment;
+
+constexpr Moment kUnixEpoch = outlook::kUnixEpochDay * outlook::kSecondsPerDay;
+constexpr Moment kStoreRetry = 30;  // seconds until a store that cannot be opened is tried again
+constexpr int kStorePatience = 250; // milliseconds that one try may wait for other writers
+// The first sign of a change comes before the change is complete: looked at again after so many milliseconds.
+constexpr std::array<int, 3> kSecondLooks{40, 200, 1500};
+
+Moment Now() {
+    return std::time(nullptr) + kUnixEpoch;
+}
+
+bool Drain(int descriptor) {
+    std::array<std::byte, 4096> bytes{};
+    bool any = false;
+    while (read(descriptor, bytes.data(), bytes.size()) > 0) {
+        any = true;
+    }
+    return any;
+}
+
+files::FileDescriptor WatchFolder(const char* folder) {
+    files::FileDescriptor watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+    if (watch && inotify_add_watch(watch.Get(), folder, IN_MOVED_TO | IN_CREATE | IN_CLOSE_WRITE) < 0) {
+        (void)watch.Close();
+    }
+    return watch;
+}
+
+} // namespace
+
+struct Companion::Opened {
+    Opened(const outlook::StorePtr& store, ReminderDesk& desk)
+        : Store(store), Watcher(store), Ledger(store, Now), Planner(Ledger, desk) {}
+
+    outlook::StorePtr Store;
+    outlook::ChangeWatcher Watcher;
+    reminders::StoreLedger Ledger;
+    reminders::Scheduler Planner;
+
+    struct stat Identity {};
+};
+
+Companion::Companion(const files::DeviceRoot& root)
+    : Root(root),
+      Desk(root, {[this](std::uint32_t card, reminders::Answer answer, int snooze) { Answer(card, answer, snooze); },
+                  [this] { Pending = Pending.value_or(Look::Clock); },
+                  [this] { return Device == nullptr ? 0 : Device->Ledger.ToWall(Now()); }}) {}
+
+Companion::~Companion() = default;
+
+bool Companion::Prepare() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int number : {SIGTERM, SIGINT, SIGHUP, SIGCHLD}) {
+        sigaddset(&signals, number);
+    }
+    (void)sigprocmask(SIG_BLOCK, &signals, nullptr);
+    (void)std::signal(SIGPIPE, SIG_IGN); // a window that went is noticed when it is written to
+    Signals = files::FileDescriptor(signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC));
+    Alarm = files::FileDescriptor(timerfd_create(CLOCK_REALTIME, TFD_NONBLOCK | TFD_CLOEXEC));
+    Zone = WatchFolder("/etc");
+    return Signals && Alarm;
+}
+
+void Companion::OpenStore() {
+    Device.reset();
+    outlook::StorePtr store;
+    outlook::StoreOptions options;
+    options.LockPatience = kStorePatience;
+    if (Failed(outlook::OpenStore(Root.StorePath(), options, store))) {
+        Folder = WatchFolder(Root.Path().c_str());
+        return;
+    }
+    // This process asks little and lives long.
+    (void)store->Core().Db.Run("PRAGMA cache_size=-512"); // without it, it is merely larger
+    auto opened = std::make_unique<Opened>(store, Desk);
+    (void)stat(Root.StorePath().c_str(), &opened->Identity); // a wrong identity opens it once more
+    (void)opened->Watcher.Start();                           // without news it looks when a reminder is due
+    (void)Folder.Close();
+    Device = std::move(opened);
+}
+
+bool Companion::IsReplaced() const {
+    struct stat identity {};
+
+    return stat(Root.StorePath().c_str(), &identity) != 0 || identity.st_ino != Device->Identity.st_ino ||
+           identity.st_dev != Device->Identity.st_dev;
+}
+
+void Companion::SetAlarm(Moment at) {
+    struct itimerspec time {};
+
+    time.it_value.tv_sec = std::max<Moment>(at - kUnixEpoch, 1);
+    (void)timerfd_settime(Alarm.Get(), TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &time, nullptr);
+}
+
+void Companion::Work(Look look) {
+    (void)Desk.Bus().Connect(); // where there is no bus, our own window shows what is due
+    if (Device != nullptr && IsReplaced()) {
+        Device.reset();
+    }
+    if (Device == nullptr) {
+        OpenStore();
+        look = Look::Items;
+    }
+    SetAlarm(Device == nullptr ? Now() + kStoreRetry : Device->Planner.Run(Now(), look));
+}
+
+void Companion::GiveMemoryBack() {
+    if (Device != nullptr) {
+        sqlite3_db_release_memory(Device->Store->Core().Db.Raw());
+    }
+    malloc_trim(0);
+}
+
+void Companion::LookAtStore() {
+    if (Device == nullptr || IsReplaced()) {
+        Pending = Look::Items;
+    } else if (Device->Watcher.TakeItemChange()) {
+        Pending = Look::Items;
+        SecondLooks = 0;
+    }
+}
+
+void Companion::LookAtZone() {
+    if (Drain(Zone.Get()) && Device != nullptr) {
+        // A zone that is not known leaves the one before.
+        (void)Device->Store->SetDeviceZone(outlook::ReadSystemZoneName());
+        Pending = Look::Items;
+    }
+}
+
+void Companion::Answer(std::uint32_t card, reminders::Answer answer, int snooze) {
+    if (Device != nullptr) {
+        Device->Planner.Take(card, answer, snooze, Now());
+        Pending = Pending.value_or(Look::Clock);
+    }
+}
+
+bool Companion::TakeSignals() {
+    struct signalfd_siginfo signal {};
+
+    bool ends = false;
+    while (read(Signals.Get(), &signal, sizeof signal) == sizeof signal) {
+        ends = ends || signal.ssi_signo != SIGCHLD;
+    }
+    Desk.ReapChildren();
+    return !ends;
+}
+
+void Companion::Wait() {
+    enum Place { AlarmPlace, SignalPlace, ZonePlace, StorePlace, BusPlace, WindowPlace, Places };
+
+    std::array<struct pollfd, Places> places{};
+    places[AlarmPlace] = {Alarm.Get(), POLLIN, 0};
+    places[SignalPlace] = {Signals.Get(), POLLIN, 0};
+    places[ZonePlace] = {Zone.Get(), POLLIN, 0};
+    places[StorePlace] = {Device == nullptr ? Folder.Get() : Device->Watcher.Descriptor(), POLLIN, 0};
+    places[BusPlace] = {Desk.Bus().Descriptor(), static_cast<short>(Desk.Bus().PollEvents()), 0};
+    places[WindowPlace] = {Desk.WindowDescriptor(), POLLIN, 0};
+    const int patience =
+        SecondLooks == 0 ? -1 : kSecondLooks[kSecondLooks.size() - static_cast<std::size_t>(SecondLooks)];
+    const int ready = poll(places.data(), places.size(), patience);
+    if (ready == 0) {
+        --SecondLooks;
+        LookAtStore();
+        return;
+    }
+    const auto came = [&places](Place place) { return places[place].revents != 0; };
+    if (came(AlarmPlace)) {
+        (void)Drain(Alarm.Get()); // also tells of a clock that was set, by failing
+        Pending = Pending.value_or(Look::Clock);
+    }
+    if (came(ZonePlace)) {
+        LookAtZone();
+    }
+    if (came(StorePlace)) {
+        if (Device == nullptr) {
+            (void)Drain(Folder.Get());
+        }
+        SecondLooks = static_cast<int>(kSecondLooks.size());
+        LookAtStore();
+    }
+    if (came(BusPlace)) {
+        (void)Desk.Bus().Process();
+    }
+    if (came(WindowPlace)) {
+        Desk.ReadWindow();
+    }
+    if (came(SignalPlace)) {
+        Ending = !TakeSignals();
+    }
+}
+
+int Companion::Run() {
+    if (!Prepare()) {
+        return 1;
+    }
+    Pending = Look::Items;
+    while (!Ending) {
+        if (Pending) {
+            const Look look = *Pending;
+            Pending.reset();
+            Work(look);
+            GiveMemoryBack();
+            // What came while we asked the bus would wake nobody any more.
+            (void)Desk.Bus().Process();
+            Desk.ReadWindow();
+            continue;
+        }
+        Wait();
+    }
+    if (Device != nullptr) {
+        (void)Device->Planner.Leave(Now()); // else the next start looks a little further back
+    }
+    return 0;
+}
+
+} // namespace tavo::companion

@@ -1,0 +1,53 @@
+// The waiting process: sleeps until the next reminder, a change of the store or the clock, or an answer.
+#pragma once
+
+#include "companion/reminder_desk.h"
+#include "host/files/device_root.h"
+#include "host/outlook/change_watcher.h"
+#include "host/reminders/scheduler.h"
+#include "host/reminders/store_ledger.h"
+
+#include <memory>
+#include <optional>
+
+namespace tavo::companion {
+
+class Companion {
+  public:
+    explicit Companion(const files::DeviceRoot& root);
+    ~Companion();
+    Companion(const Companion&) = delete;
+    Companion& operator=(const Companion&) = delete;
+
+    // Until SIGTERM. Gives the exit status.
+    int Run();
+
+  private:
+    // An open store and what works on it; another one when the file was replaced.
+    struct Opened;
+
+    bool Prepare();
+    void OpenStore();
+    bool IsReplaced() const;
+    void Work(reminders::Look look);
+    void SetAlarm(reminders::Moment at);
+    void LookAtStore();
+    void LookAtZone();
+    void Answer(std::uint32_t card, reminders::Answer answer, int snooze);
+    bool TakeSignals();
+    void Wait();
+    void GiveMemoryBack();
+
+    const files::DeviceRoot Root;
+    ReminderDesk Desk;
+    std::unique_ptr<Opened> Device;
+    files::FileDescriptor Alarm;
+    files::FileDescriptor Signals;
+    files::FileDescriptor Folder; // of the store, while it is not open
+    files::FileDescriptor Zone;
+    std::optional<reminders::Look> Pending;
+    int SecondLooks = 0;
+    bool Ending = false;
+};
+
+} // namespace tavo::companion

@@ -1,0 +1,169 @@
+// The real companion on a real session bus, with a service of notifications that writes down what it is asked.
+#include "host/outlook/store_core.h"
+#include "tests/companion/notification_service.h"
+#include "tests/companion/running_companion.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <csignal>
+#include <sys/wait.h>
+
+namespace tavo::companion::test {
+namespace {
+
+using ::testing::Contains;
+using ::testing::HasSubstr;
+using ::testing::IsSupersetOf;
+
+constexpr double kSoon = 10; // seconds that a busy machine may take
+
+class OnABus : public CompanionTest {
+  protected:
+    OnABus() { StartCompanion(Bus.Address()); }
+
+    const Notification& Last() const { return Service.Came.back(); }
+
+    SessionBus Bus;
+    NotificationService Service{Bus};
+};
+
+TEST_F(OnABus, AReminderIsShownWithItsChoicesAndStays) {
+    AddReminder(u"Train", 600, 30);
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    EXPECT_EQ(Last().Summary, "Train");
+    EXPECT_THAT(Last().Body, HasSubstr("Today"));
+    EXPECT_THAT(Last().Actions, IsSupersetOf({"dismiss", "open", "snooze-5", "snooze-10", "snooze-30", "snooze-60"}));
+    EXPECT_EQ(Last().Timeout, 0);
+    EXPECT_TRUE(WaitForStates("2", kSoon));
+}
+
+TEST_F(OnABus, IsShownAtItsTime) {
+    Service.Serve(0.5);
+    AddReminder(u"Soon", 3);
+    const double due = std::floor(TimeNow()) + 3;
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    EXPECT_GE(Last().Time, due - 1); // the item was made in that second or the one before
+    EXPECT_LE(Last().Time, due + 2);
+}
+
+TEST_F(OnABus, ADismissedOneIsAnswered) {
+    AddReminder(u"Train", 600, 30);
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    ASSERT_TRUE(WaitForStates("2", kSoon));
+    Service.Choose(Last().Number, "dismiss");
+    EXPECT_TRUE(WaitForStates("5", kSoon));
+}
+
+TEST_F(OnABus, OneThatIsClosedByHandIsAnswered) {
+    AddReminder(u"Train", 600, 30);
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    ASSERT_TRUE(WaitForStates("2", kSoon));
+    Service.CloseByHand(Last().Number);
+    EXPECT_TRUE(WaitForStates("5", kSoon));
+}
+
+TEST_F(OnABus, ASnoozedOneWaits) {
+    AddReminder(u"Train", 600, 30);
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    ASSERT_TRUE(WaitForStates("2", kSoon));
+    Service.Choose(Last().Number, "snooze-10");
+    EXPECT_TRUE(WaitForStates("3", kSoon));
+}
+
+TEST_F(OnABus, ADeletedItemsReminderIsTakenBack) {
+    const Oid item = AddReminder(u"Train", 600, 30);
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    ASSERT_TRUE(WaitForStates("2", kSoon));
+    ASSERT_EQ(Get(item)->Delete(), Status::Ok);
+    EXPECT_TRUE(Service.WaitForTakenBack(Last().Number, kSoon));
+}
+
+TEST_F(OnABus, AMovedItemRemindsAtItsNewTimeOnly) {
+    const Oid item = AddReminder(u"Train", 600, 30);
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    ASSERT_TRUE(WaitForStates("2", kSoon));
+    const ComPtr<IAppointment> moved = Get(item);
+    DATE start = 0;
+    ASSERT_EQ(moved->get_Start(start), Status::Ok);
+    ASSERT_EQ(moved->put_Start(start + 1), Status::Ok);
+    ASSERT_EQ(moved->Save(), Status::Ok);
+    EXPECT_TRUE(Service.WaitForTakenBack(Last().Number, kSoon));
+    Service.Serve(0.5);
+    EXPECT_EQ(Service.Came.size(), 1U);
+}
+
+TEST_F(OnABus, TenThousandAtOnceAreOneNotification) {
+    ASSERT_EQ(App->Begin(u"Many"), Status::Ok);
+    for (int index = 0; index < 10000; ++index) {
+        AddReminder(u"Item " + std::u16string(1, static_cast<char16_t>(u'A' + index % 26)), 600, 30);
+    }
+    ASSERT_EQ(App->End(), Status::Ok);
+    ASSERT_TRUE(Service.WaitFor(1, 6 * kSoon));
+    Service.Serve(1);
+    EXPECT_EQ(Service.Came.size(), 1U);
+    EXPECT_EQ(Last().Summary, "10000 reminders");
+    EXPECT_THAT(Last().Body, HasSubstr("and 9992 more"));
+}
+
+TEST_F(OnABus, WhatWasMissedWhileItWasOffIsOneList) {
+    Service.Serve(0.5);
+    Kill(SIGTERM);
+    AddReminder(u"First", 2);
+    AddReminder(u"Second", 3);
+    // As if the machine had been off for a day.
+    ASSERT_EQ(Store->Core().Db.Run("UPDATE item SET start = start - 7200; UPDATE plain SET start = start - 7200;"
+                                   "UPDATE setting SET value = value - 86400 WHERE name LIKE 'reminders_passed%'"),
+              Status::Ok);
+    StartCompanion(Bus.Address());
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    EXPECT_EQ(Last().Summary, "2 missed reminders");
+    EXPECT_THAT(Last().Body, HasSubstr("First"));
+    EXPECT_THAT(Last().Body, HasSubstr("Second"));
+    EXPECT_TRUE(WaitForStates("4 4", kSoon));
+}
+
+TEST_F(OnABus, AKilledOneDoesNotShowAgainWhatTheDesktopStillHolds) {
+    AddReminder(u"Train", 600, 30);
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    ASSERT_TRUE(WaitForStates("2", kSoon));
+    Kill(SIGKILL);
+    StartCompanion(Bus.Address());
+    Service.Serve(1);
+    EXPECT_EQ(Service.Came.size(), 1U);
+    Service.Choose(Last().Number, "dismiss");
+    EXPECT_TRUE(WaitForStates("5", kSoon));
+}
+
+TEST_F(OnABus, OneKilledBeforeItCouldWriteSaysAgain) {
+    AddReminder(u"Train", 600, 30);
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    ASSERT_TRUE(WaitForStates("2", kSoon));
+    Kill(SIGKILL);
+    // As it stands between the desktop's acceptance and the commit.
+    ASSERT_EQ(Store->Core().Db.Run("UPDATE ledger SET state = 1, shows = 0, card = 0, service = ''"), Status::Ok);
+    StartCompanion(Bus.Address());
+    ASSERT_TRUE(Service.WaitFor(2, kSoon));
+    EXPECT_EQ(Last().Summary, "Again: Train");
+}
+
+TEST_F(OnABus, ASecondCompanionEndsAtOnce) {
+    Service.Serve(0.5);
+    const pid_t first = Process;
+    StartCompanion(Bus.Address());
+    int status = -1;
+    ASSERT_EQ(waitpid(Process, &status, 0), Process);
+    EXPECT_EQ(status, 0);
+    Process = first;
+    AddReminder(u"Train", 600, 30);
+    EXPECT_TRUE(Service.WaitFor(1, kSoon));
+}
+
+TEST_F(CompanionTest, WithoutABusItsOwnWindowShowsTheReminder) {
+    StartCompanion("");
+    AddReminder(u"Train", 600, 30);
+    EXPECT_TRUE(WaitForStates("2", 2 * kSoon));
+}
+
+} // namespace
+} // namespace tavo::companion::test

@@ -1,0 +1,78 @@
+// Starting and ending RSound, and a look at its ledger.
+#include "tests/companion/running_companion.h"
+
+#include "host/outlook/store_core.h"
+#include "host/outlook/wall_time.h"
+
+#include <csignal>
+#include <ctime>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tavo::companion::test {
+
+CompanionTest::CompanionTest() = default;
+
+CompanionTest::~CompanionTest() {
+    Kill(SIGTERM);
+}
+
+void CompanionTest::StartCompanion(const std::string& bus) {
+    const std::string home = "TAVO_HOME=" + Folder.Path.string();
+    const std::string address =
+        bus.empty() ? "DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere" : "DBUS_SESSION_BUS_ADDRESS=" + bus;
+    const std::string platform = "QT_QPA_PLATFORM=offscreen";
+    const std::string zone = "TZ=UTC";
+    char* environment[] = {const_cast<char*>(home.c_str()), const_cast<char*>(address.c_str()),
+                           const_cast<char*>(platform.c_str()), const_cast<char*>(zone.c_str()), nullptr};
+    Process = fork();
+    if (Process == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        char* arguments[] = {const_cast<char*>(TAVO_COMPANION), nullptr};
+        execve(TAVO_COMPANION, arguments, environment);
+        _exit(127);
+    }
+}
+
+void CompanionTest::Kill(int signal) {
+    if (Process > 0) {
+        kill(Process, signal);
+        waitpid(Process, nullptr, 0);
+        Process = -1;
+    }
+}
+
+Oid CompanionTest::AddReminder(const std::u16string& subject, int secondsAhead, int leadMinutes, std::int32_t options) {
+    const outlook::Seconds start = std::time(nullptr) + outlook::kUnixEpochDay * outlook::kSecondsPerDay + secondsAhead;
+    ComPtr<IAppointment> item;
+    EXPECT_EQ(App->CreateItem(kItemAppointment, item), Status::Ok);
+    EXPECT_EQ(item->put_Subject(subject), Status::Ok);
+    EXPECT_EQ(item->put_Start(outlook::DateFromSeconds(start)), Status::Ok);
+    EXPECT_EQ(item->put_End(outlook::DateFromSeconds(start + 600)), Status::Ok);
+    EXPECT_EQ(item->put_ReminderSet(true), Status::Ok);
+    EXPECT_EQ(item->put_ReminderMinutesBeforeStart(leadMinutes), Status::Ok);
+    EXPECT_EQ(item->put_ReminderOptions(options), Status::Ok);
+    EXPECT_EQ(item->Save(), Status::Ok);
+    Oid oid = 0;
+    EXPECT_EQ(item->get_Oid(oid), Status::Ok);
+    return oid;
+}
+
+std::string CompanionTest::LedgerStates() {
+    outlook::Query query(Store->Core().Db,
+                         "SELECT group_concat(state, ' ') FROM (SELECT state FROM ledger ORDER BY oid)");
+    return query.Next() ? std::string(query.Text(0)) : "";
+}
+
+bool CompanionTest::WaitForStates(const std::string& states, double seconds) {
+    for (double waited = 0; waited < seconds; waited += 0.02) {
+        if (LedgerStates() == states) {
+            return true;
+        }
+        usleep(20000);
+    }
+    return LedgerStates() == states;
+}
+
+} // namespace tavo::companion::test

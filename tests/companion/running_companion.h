@@ -1,0 +1,33 @@
+// The real RSound on a root folder and a bus of the test's own.
+#pragma once
+
+#include "tests/companion/session_bus.h"
+#include "tests/outlook/store_fixture.h"
+
+#include <string>
+#include <sys/types.h>
+
+namespace tavo::companion::test {
+
+class CompanionTest : public outlook::test::StoreTest {
+  protected:
+    CompanionTest();
+    ~CompanionTest() override;
+
+    // Starts RSound; `bus` is its session bus, "" for none.
+    void StartCompanion(const std::string& bus);
+    void Kill(int signal);
+
+    bool Runs() const { return Process > 0; }
+
+    // An item that starts so many seconds from now and reminds so many minutes before, with these options.
+    Oid AddReminder(const std::u16string& subject, int secondsAhead, int leadMinutes = 0, std::int32_t options = 5);
+    // The states of the ledger, in order of OID: "0 1 2".
+    std::string LedgerStates();
+    // Waits until the ledger says so, serving nobody meanwhile.
+    bool WaitForStates(const std::string& states, double seconds);
+
+    pid_t Process = -1;
+};
+
+} // namespace tavo::companion::test
