@@ -137,6 +137,7 @@ bool Notifications::Process() {
 }
 
 void Notifications::FindService() {
+    const std::string before = std::move(ServiceName);
     ServiceName.clear();
     sd_id128_t bus{};
     sd_bus_creds* owner = nullptr;
@@ -147,7 +148,7 @@ void Notifications::FindService() {
         ServiceName = std::string(sd_id128_to_string(bus, text.data())) + ' ' + unique;
     }
     sd_bus_creds_unref(owner);
-    if (!ServiceName.empty()) {
+    if (!ServiceName.empty() && ServiceName != before) {
         ReadCapabilities();
     }
 }
