@@ -1,0 +1,149 @@
+// The reference period of the appointments: its limits, and what lies in it.
+#include "tests/schedule/schedule_desk.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tavo {
+
+namespace {
+
+using test::At;
+using test::ScheduleDesk;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char16_t* kTooLong = u"|reference period cannot exceed 1 month";
+
+class SchedulePeriod : public testing::Test {
+  protected:
+    SchedulePeriod() { EXPECT_TRUE(Desk.Start()); }
+
+    void PickStart(int year, int month, int day) { Desk.PickPeriodDate(kSchedulePeriodStart, year, month, day); }
+
+    void PickEnd(int year, int month, int day) { Desk.PickPeriodDate(kSchedulePeriodEnd, year, month, day); }
+
+    // 1 January to 31 January 2004.
+    void ShowJanuary() {
+        Desk.Show(ItemKind::Appointment);
+        PickEnd(2004, 1, 1); // the start follows
+        PickEnd(2004, 1, 31);
+        ASSERT_TRUE(Desk.Settle());
+        ASSERT_EQ(Dates(), "2004-1-1 to 2004-1-31");
+        ASSERT_THAT(Desk.Boxes(), IsEmpty());
+    }
+
+    std::string Dates() {
+        const auto text = [](const SYSTEMTIME& date) {
+            return std::to_string(date.Year) + "-" + std::to_string(date.Month) + "-" + std::to_string(date.Day);
+        };
+        return text(Desk.Picked(kSchedulePeriodStart)) + " to " + text(Desk.Picked(kSchedulePeriodEnd));
+    }
+
+    Oid Given(std::u16string_view subject, const SYSTEMTIME& start, const SYSTEMTIME& end) {
+        return Desk.GivenAppointment(subject, start, end);
+    }
+
+    ScheduleDesk Desk;
+};
+
+TEST_F(SchedulePeriod, BeginsTodayAndReachesThirtyDaysAhead) {
+    Desk.Show(ItemKind::Appointment);
+    EXPECT_EQ(Dates(), "2004-11-3 to 2004-12-3");
+}
+
+TEST_F(SchedulePeriod, ThirtyOneDaysApartAreAccepted) {
+    ShowJanuary();
+    PickEnd(2004, 2, 1);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_THAT(Desk.Boxes(), IsEmpty());
+    EXPECT_EQ(Dates(), "2004-1-1 to 2004-2-1");
+}
+
+TEST_F(SchedulePeriod, AnEndThatIsTooLateComesBackToThirtyDays) {
+    ShowJanuary();
+    PickEnd(2004, 2, 2);
+    Desk.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_THAT(Desk.Boxes(), ElementsAre(kTooLong));
+    EXPECT_EQ(Dates(), "2004-1-1 to 2004-1-31");
+}
+
+TEST_F(SchedulePeriod, AStartThatIsTooEarlyComesForwardToThirtyDays) {
+    ShowJanuary();
+    PickStart(2003, 12, 30);
+    Desk.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_THAT(Desk.Boxes(), ElementsAre(kTooLong));
+    EXPECT_EQ(Dates(), "2004-1-1 to 2004-1-31");
+    PickStart(2003, 12, 31);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Dates(), "2003-12-31 to 2004-1-31");
+}
+
+TEST_F(SchedulePeriod, TheEndFollowsAStartThatPassesIt) {
+    ShowJanuary();
+    PickStart(2004, 3, 5);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Dates(), "2004-3-5 to 2004-3-5");
+}
+
+TEST_F(SchedulePeriod, TheStartFollowsAnEndThatPassesIt) {
+    ShowJanuary();
+    PickEnd(2003, 5, 5);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Dates(), "2003-5-5 to 2003-5-5");
+}
+
+TEST_F(SchedulePeriod, ADateIsTakenWhenItsMonthCalendarCloses) {
+    Given(u"In January", At(2004, 1, 20, 9), At(2004, 1, 20, 10));
+    ShowJanuary();
+    ASSERT_THAT(Desk.Headings(), ElementsAre(u"In January"));
+    Desk.Device.PickDate(kSchedulePeriodStart, 2004, 1, 25); // typed
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_THAT(Desk.Headings(), ElementsAre(u"In January"));
+    Desk.Device.OpenList(kSchedulePeriodStart);
+    Desk.Device.CloseList(kSchedulePeriodStart);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_THAT(Desk.Headings(), IsEmpty());
+}
+
+TEST_F(SchedulePeriod, HoldsWhatLiesInItOrReachesIntoItInOrderOfStart) {
+    Given(u"Last moment", At(2004, 1, 31, 23, 59), At(2004, 2, 1, 1));
+    Given(u"Reaches in", At(2003, 12, 2, 9), At(2004, 1, 1, 9)); // thirty days long
+    Given(u"Ended before", At(2003, 12, 31, 22), At(2004, 1, 1));
+    Given(u"Day before", At(2003, 12, 31, 9), At(2003, 12, 31, 10));
+    Given(u"First moment", At(2004, 1, 1), At(2004, 1, 1));
+    Given(u"Day after", At(2004, 2, 1), At(2004, 2, 1, 1));
+    ShowJanuary();
+    EXPECT_THAT(Desk.Headings(), ElementsAre(u"Reaches in", u"First moment", u"Last moment"));
+}
+
+TEST_F(SchedulePeriod, ASeriesHasARowForEachOccurrenceWithItsOwnDate) {
+    Desk.GivenSeries(u"Yoga", At(2003, 12, 30, 18), At(2003, 12, 30, 19), kRecursWeekly);
+    ShowJanuary();
+    EXPECT_THAT(Desk.Rows(), ElementsAre(u"Yoga, PM 6:00 - PM 7:00, (1/1, Tue) at PM 6:00 for 1 hour(s)",
+                                         u"Yoga, PM 6:00 - PM 7:00, (1/1, Tue) at PM 6:00 for 1 hour(s)",
+                                         u"Yoga, PM 6:00 - PM 7:00, (1/1, Tue) at PM 6:00 for 1 hour(s)",
+                                         u"Yoga, PM 6:00 - PM 7:00, (1/1, Tue) at PM 6:00 for 1 hour(s)"));
+    std::vector<std::u16string> dates;
+    for (const std::u16string& text : Desk.ListTexts()) {
+        if (text.starts_with(u"2004.")) {
+            dates.push_back(text);
+        }
+    }
+    EXPECT_THAT(dates, ElementsAre(u"2004.01.06(Tue)", u"2004.01.13(Tue)", u"2004.01.20(Tue)", u"2004.01.27(Tue)"));
+}
+
+TEST_F(SchedulePeriod, AfterAResetItsWholeLastDayCounts) {
+    Given(u"On the last day", At(2004, 1, 31, 15), At(2004, 1, 31, 16));
+    ShowJanuary();
+    PickEnd(2004, 2, 9);
+    Desk.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_THAT(Desk.Headings(), ElementsAre(u"On the last day"));
+}
+
+} // namespace
+
+} // namespace tavo
