@@ -65,9 +65,11 @@ void CTavoApp::TakeCommand(int command) {
         Frame->Quit();
         break;
     case kCommandUndoStep:
+        Device.Windows().SetCursor(Cursor::Wait); // a whole class may come back
         if (UndoLastStep(State)) {
             Frame->View().PostChangeNotice();
         }
+        Device.Windows().SetCursor(Cursor::Arrow);
         break;
     case kCommandNewAlarm:
     case kCommandNewHoliday:

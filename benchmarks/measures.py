@@ -14,6 +14,7 @@ from pathlib import Path
 from desktop_measures import measure_desktop
 from editor_measures import measure_editor
 from ink_measures import measure_ink
+from list_measures import FIRST_DAY, measure_lists
 from processes import Cost, compare, median, measure, run
 from report import Report
 from window_measures import MONTH_CHANGES, measure_window
@@ -36,7 +37,8 @@ MONTH = (datetime.date(2025, 3, 1), datetime.date(2025, 3, 31))
 def build():
     options = ["-DCMAKE_BUILD_TYPE=Release", "-DTAVO_BENCHMARKS=ON", "-DTAVO_TESTS=OFF"]
     run(["cmake", "-S", str(ROOT), "-B", str(BUILD), "-G", "Ninja", *options])
-    targets = ["products", "tavo-generate", "tavo-parse-whole", "tavo-month-window", "tavo-ink-costs"]
+    targets = ["products", "tavo-generate", "tavo-parse-whole", "tavo-month-window", "tavo-ink-costs",
+               "tavo-list-costs"]
     run(["cmake", "--build", str(BUILD), "--target", *targets])
     # These need Qt, as the window does.
     if (BIN / "tavocalendar").exists():
@@ -220,6 +222,7 @@ def measure_all(report, folder, items):
     if measure_desktop(report, device, BIN):
         measure_window(report, device, BIN, *measure_changed_month(report, device))
         measure_editor(report, device, BIN)  # changes an item
+    measure_lists(report, device, folder, BIN, seconds_of(datetime.date(*FIRST_DAY)))
 
 
 def main():
