@@ -96,6 +96,46 @@ bool TakeTag(WordReader& reader, ImportTag& tag, std::string& error) {
     return true;
 }
 
+bool TakeFormat(WordReader& reader, std::string& format, std::string& error) {
+    std::string_view value;
+    if (!reader.TakeValue(value, error)) {
+        return false;
+    }
+    format = value;
+    if (value != "svg" && value != "png" && value != "pdf") {
+        error = "\"" + format + "\" is no format. The formats are svg, png and pdf.";
+        return false;
+    }
+    return true;
+}
+
+bool TakeFolder(WordReader& reader, std::string& folder, std::string& error) {
+    std::string_view value;
+    const bool taken = reader.TakeValue(value, error);
+    folder = value;
+    return taken;
+}
+
+// What is missing or too much; empty when all is well.
+std::string FindMemoFault(const MemoOptions& options) {
+    if (options.Help) {
+        return {};
+    }
+    switch (options.Action) {
+    case MemoAction::None:
+        return "Say list or export.";
+    case MemoAction::List:
+        return options.Names.empty() && !options.All && options.Folder.empty() ? std::string()
+                                                                               : "Of list only --date can be told.";
+    case MemoAction::Export:
+        break;
+    }
+    if (options.All != options.Names.empty()) {
+        return "Say which memos to export: their names, or --all.";
+    }
+    return options.Folder.empty() ? "Say with --to which folder the memos go to." : std::string();
+}
+
 std::string MakeUnknown(WordReader& reader, std::string_view word) {
     return reader.IsOption(word) ? "There is no option " + std::string(word) + "."
                                  : "\"" + std::string(word) + "\" is one word too many.";
@@ -158,6 +198,39 @@ std::optional<ImportOptions> ParseImport(std::span<const std::string_view> words
         return std::nullopt;
     }
     return options;
+}
+
+std::optional<MemoOptions> ParseMemo(std::span<const std::string_view> words, std::string& error) {
+    MemoOptions options;
+    WordReader reader(words);
+    while (reader.HasMore()) {
+        const std::string_view word = reader.Take();
+        bool good = true;
+        if (options.Action == MemoAction::None && (word == "list" || word == "export")) {
+            options.Action = word == "list" ? MemoAction::List : MemoAction::Export;
+        } else if (IsHelp(word)) {
+            options.Help = true;
+        } else if (word == "--date" && options.Action == MemoAction::List) {
+            good = TakeDay(reader, word, options.Date, error);
+        } else if (word == "--all") {
+            options.All = true;
+            good = reader.RefuseValue(error);
+        } else if (word == "--to") {
+            good = TakeFolder(reader, options.Folder, error);
+        } else if (word == "--format") {
+            good = TakeFormat(reader, options.Format, error);
+        } else if (!reader.IsOption(word) && options.Action == MemoAction::Export) {
+            options.Names.emplace_back(word);
+        } else {
+            error = MakeUnknown(reader, word);
+            good = false;
+        }
+        if (!good) {
+            return std::nullopt;
+        }
+    }
+    error = FindMemoFault(options);
+    return error.empty() ? std::optional(options) : std::nullopt;
 }
 
 std::optional<CheckOptions> ParseCheck(std::span<const std::string_view> words, std::string& error) {

@@ -36,9 +36,22 @@ struct CheckOptions {
     bool Help = false;
 };
 
+enum class MemoAction { None, List, Export };
+
+struct MemoOptions {
+    MemoAction Action = MemoAction::None;
+    std::optional<Day> Date; // of those to be listed
+    std::vector<std::string> Names;
+    bool All = false;
+    std::string Folder;
+    std::string Format = "svg"; // or png or pdf
+    bool Help = false;
+};
+
 // Each reads the words after the command's name. Empty with a sentence in `error` when they make no sense.
 std::optional<AgendaOptions> ParseAgenda(std::span<const std::string_view> words, std::string& error);
 std::optional<ImportOptions> ParseImport(std::span<const std::string_view> words, std::string& error);
 std::optional<CheckOptions> ParseCheck(std::span<const std::string_view> words, std::string& error);
+std::optional<MemoOptions> ParseMemo(std::span<const std::string_view> words, std::string& error);
 
 } // namespace tavo::tools

@@ -8,5 +8,6 @@ namespace tavo::tools {
 int RunAgenda(const AgendaOptions& options);
 int RunImport(const ImportOptions& options);
 int RunCheck();
+int RunMemo(const MemoOptions& options);
 
 } // namespace tavo::tools

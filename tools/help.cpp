@@ -11,6 +11,7 @@ Usage: tavo COMMAND [OPTIONS]
 Commands:
   import PATH...   bring iCalendar files, or folders of them, into the calendar
   agenda           list the appointments of today, or of any days
+  memo             list the handwritten memos, or export them as pictures
   check            say whether the calendar's files are sound, and what to do if not
 
   tavo COMMAND --help   explains a command
@@ -77,6 +78,31 @@ Reads the store and the list of tags through and says in words what is wrong, if
 and what to do. It changes nothing.
 
 Exit status: 0 everything is sound, 1 something is wrong.
+)";
+
+const std::string_view kMemoHelp =
+    R"(tavo memo - list and export handwritten memos
+
+Usage: tavo memo list [--date DATE]
+       tavo memo export NAME... --to FOLDER [--format svg|png|pdf]
+       tavo memo export --all --to FOLDER [--format svg|png|pdf]
+
+list writes the names of the memos, a line for each; a name begins with the memo's day.
+
+  --date DATE     only the memos of this day, written YYYY-MM-DD
+
+export draws each memo at the size of its paper into a file of its own in the FOLDER,
+which is made if it is missing. A file of the same name there is replaced.
+
+  --all           every memo
+  --to FOLDER     where the files go
+  --format KIND   svg (if not given) and pdf keep the strokes, png is a picture of dots
+  --help          show this text
+
+A memo that another program wrote cannot be drawn; it is named, and the others go on.
+
+Exit status: 0 all went well, 1 something could not be drawn or written, 2 the command
+line was not understood.
 )";
 
 const std::string_view kVersionText = "tavo " TAVO_VERSION "\n";

@@ -9,6 +9,7 @@ extern const std::string_view kGeneralHelp;
 extern const std::string_view kImportHelp;
 extern const std::string_view kAgendaHelp;
 extern const std::string_view kCheckHelp;
+extern const std::string_view kMemoHelp;
 extern const std::string_view kVersionText;
 
 } // namespace tavo::tools

@@ -65,6 +65,13 @@ int RunCommand(Words words) {
         }
         return options->Help ? Print(kCheckHelp) : RunCheck();
     }
+    if (command == "memo") {
+        const std::optional<MemoOptions> options = ParseMemo(rest, error);
+        if (!options) {
+            return Refuse(error, "tavo memo --help");
+        }
+        return options->Help ? Print(kMemoHelp) : RunMemo(*options);
+    }
     return Refuse((command.starts_with('-') ? "There is no option " : "There is no command ") + std::string(command) +
                       ".",
                   "tavo --help");

@@ -1,0 +1,115 @@
+// tavo memo: lists the handwritten memos, and has them drawn by the program beside this one, which knows how.
+#include "tools/commands.h"
+#include "tools/device.h"
+#include "tools/output.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+
+#include <unistd.h>
+
+namespace tavo::tools {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kEnding = ".pwi";
+constexpr std::string_view kExporter = "tavo-ink-export";
+
+bool IsMemo(const std::string& name) {
+    if (name.size() <= kEnding.size()) {
+        return false;
+    }
+    std::string ending = name.substr(name.size() - kEnding.size());
+    std::transform(ending.begin(), ending.end(), ending.begin(), [](char letter) {
+        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
+    });
+    return ending == kEnding;
+}
+
+fs::path MemoFolder(const files::DeviceRoot& root) {
+    return fs::path(root.DocumentsFolder()) / "TavoCalendar";
+}
+
+// In the order of their names, which begin with their days.
+std::vector<std::string> FindMemos(const fs::path& folder) {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        std::error_code ignored; // what cannot be looked at is no memo
+        const std::string name = entry->path().filename().string();
+        if (IsMemo(name) && entry->is_regular_file(ignored)) {
+            names.push_back(name);
+        }
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+int ListMemos(const fs::path& folder, const std::optional<Day>& date) {
+    std::string day = date.has_value() ? WriteIsoDay(*date) : std::string();
+    std::erase(day, '-'); // as names are written
+    Output output;
+    for (const std::string& name : FindMemos(folder)) {
+        if (name.starts_with(day)) {
+            output.Write(name + "\n");
+        }
+    }
+    return output.Finish() ? kExitSuccess : kExitFailure;
+}
+
+// The memos' paths; a name may be told without its ending. False when one is missing, which is said.
+bool ChooseMemos(const fs::path& folder, const MemoOptions& options, std::vector<std::string>& paths) {
+    const std::vector<std::string> all = FindMemos(folder);
+    bool areFound = true;
+    for (const std::string& name : options.All ? all : options.Names) {
+        const auto known = std::find_if(all.begin(), all.end(), [&](const std::string& memo) {
+            return memo == name || memo.substr(0, memo.size() - kEnding.size()) == name;
+        });
+        if (known == all.end()) {
+            Complain("There is no memo \"" + name + "\".");
+            areFound = false;
+        } else {
+            paths.push_back((folder / *known).string());
+        }
+    }
+    return areFound;
+}
+
+int Draw(const MemoOptions& options, const std::vector<std::string>& paths) {
+    std::error_code error;
+    const fs::path program = fs::read_symlink("/proc/self/exe", error).parent_path() / kExporter;
+    std::vector<std::string> words{program.string(), options.Format, options.Folder};
+    words.insert(words.end(), paths.begin(), paths.end());
+    std::vector<char*> arguments;
+    for (std::string& word : words) {
+        arguments.push_back(word.data());
+    }
+    arguments.push_back(nullptr);
+    execv(program.c_str(), arguments.data());
+    Complain("The program that draws memos, " + program.string() + ", cannot be started: " + std::strerror(errno) +
+             ".");
+    return kExitFailure;
+}
+
+} // namespace
+
+int RunMemo(const MemoOptions& options) {
+    const std::optional<files::DeviceRoot> root = FindRoot();
+    if (!root) {
+        return kExitFailure;
+    }
+    const fs::path folder = MemoFolder(*root);
+    if (options.Action == MemoAction::List) {
+        return ListMemos(folder, options.Date);
+    }
+    std::vector<std::string> paths;
+    if (!ChooseMemos(folder, options, paths)) {
+        return kExitFailure;
+    }
+    return paths.empty() ? kExitSuccess : Draw(options, paths);
+}
+
+} // namespace tavo::tools
