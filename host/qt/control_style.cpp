@@ -97,6 +97,8 @@ int ControlStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
     case SH_Widget_Animation_Duration:
     case SH_UnderlineShortcut:
         return 0;
+    case SH_Menu_Scrollable: // else a long menu grows sideways
+        return 1;
     default:
         return QProxyStyle::styleHint(hint, option, widget, returned);
     }

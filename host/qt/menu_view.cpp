@@ -5,6 +5,7 @@
 #include "host/qt/menu_strip.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMenu>
 
@@ -14,6 +15,14 @@ namespace tavo::qt {
 namespace {
 
 constexpr double kMenuPixels = 13.0;
+constexpr int kWidestText = 170; // logical pixels that an entry's text may take, so that its menu fits the screen
+
+// An item's text is the person's own: no character of it means a shortcut, and it stays on one line.
+QString EntryText(const std::u16string& text, const QFontMetrics& metrics, int widest) {
+    QString shown = QString::fromStdU16String(text).simplified();
+    shown = metrics.elidedText(shown, Qt::ElideRight, widest);
+    return shown.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
 
 } // namespace
 
@@ -26,12 +35,15 @@ QMenu* MenuView::Build(const std::vector<MenuItem>& items, QWidget* parent) {
     QFont font = menu->font();
     font.setPixelSize(Shared.Geometry.Length(kMenuPixels));
     menu->setFont(font);
+    menu->installEventFilter(this);
+    const QFontMetrics metrics(font);
+    const int widest = Shared.Geometry.Length(kWidestText);
     for (const MenuItem& item : items) {
         if (item.IsSeparator) {
             menu->addSeparator();
             continue;
         }
-        const QString text = QString::fromStdU16String(item.Text);
+        const QString text = EntryText(item.Text, metrics, widest);
         QAction* action = nullptr;
         if (item.IsPopup || !item.Children.empty()) {
             QMenu* submenu = Build(item.Children, menu);
@@ -86,17 +98,30 @@ void MenuView::Open(QMenu* menu, QPoint corner) {
     Shared.Stylus.Cancel(); // the menu takes over whatever gesture opened it
     Menu = menu;
     Chosen = 0;
-    menu->installEventFilter(this);
     connect(menu, &QMenu::triggered, this, [this](QAction* action) { Chosen = action->data().toInt(); });
     // A choice is told only after the menu has hidden itself.
     connect(menu, &QMenu::aboutToHide, this, [this] { CallLater(this, [this] { Finish(); }); });
-    const QRect screen = Desktop.ScreenOnDesktop();
-    const QSize size = menu->sizeHint();
-    corner.setX(std::clamp(corner.x(), screen.left(), std::max(screen.left(), screen.right() + 1 - size.width())));
-    corner.setY(std::clamp(corner.y(), screen.top(), std::max(screen.top(), screen.bottom() + 1 - size.height())));
     menu->popup(corner);
-    if (Shared.KeyWasLast && !menu->actions().isEmpty()) {
-        menu->setActiveAction(menu->actions().front());
+    if (Shared.KeyWasLast) {
+        // To the first entry that can be chosen; made active otherwise, it would open its submenu at once.
+        QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+        QCoreApplication::sendEvent(menu, &down);
+    }
+}
+
+// A menu, or a submenu, comes on show: it stays within the device's screen, and scrolls where it is too long for it.
+void MenuView::FitToScreen(QMenu& menu) {
+    const QRect screen = Desktop.ScreenOnDesktop();
+    QRect place(menu.pos(), menu.sizeHint());
+    const bool isTooLong = place.height() > screen.height();
+    place.setHeight(std::min(place.height(), screen.height()));
+    place.setWidth(std::min(place.width(), screen.width()));
+    place.moveLeft(std::clamp(place.left(), screen.left(), screen.right() + 1 - place.width()));
+    place.moveTop(std::clamp(place.top(), screen.top(), screen.bottom() + 1 - place.height()));
+    menu.setGeometry(place);
+    if (isTooLong) {
+        // The toolkit finds out how far a menu scrolls when it goes to an entry.
+        menu.setActiveAction(menu.actions().front());
     }
 }
 
@@ -135,6 +160,10 @@ void MenuView::OpenNeighbour(int step) {
 }
 
 bool MenuView::eventFilter(QObject* object, QEvent* event) {
+    if (auto* menu = qobject_cast<QMenu*>(object); menu != nullptr && event->type() == QEvent::Show) {
+        FitToScreen(*menu);
+        return false;
+    }
     if (event->type() != QEvent::KeyPress || object != Menu.data() || !Shared.State.Menus.BarMenu.has_value()) {
         return false;
     }

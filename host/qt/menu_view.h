@@ -30,6 +30,7 @@ class MenuView final : public QObject {
   private:
     QMenu* Build(const std::vector<MenuItem>& items, QWidget* parent);
     void Open(QMenu* menu, QPoint corner);
+    void FitToScreen(QMenu& menu);
     void Finish();
     void OpenNeighbour(int step);
 
