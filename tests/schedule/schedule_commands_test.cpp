@@ -121,6 +121,20 @@ TEST_F(ScheduleCommands, ARowIsDeletedThoughTheListWasFilledAnewMeanwhile) {
     EXPECT_THAT(Desk.ListOf(ItemKind::Alarm), ElementsAre(alarms[2]));
 }
 
+TEST_F(ScheduleCommands, AMenuActsOnItsRowThoughTheListWasFilledAnewMeanwhile) {
+    const std::vector<Oid> alarms = Desk.GivenAlarms(3);
+    Desk.Show(ItemKind::Alarm);
+    Desk.Device.Tap(20, 37 + 51 + 25);
+    Desk.Device.Do([&] { Desk.Delete(alarms[0]); });
+    Desk.Device.ChangeStore();
+    Desk.Device.AdvanceClock(500);
+    Desk.Device.ChooseTracked(kCommandDelete);
+    Desk.Device.AnswerBox(IDYES);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_THAT(Desk.ListOf(ItemKind::Alarm), ElementsAre(alarms[2]));
+    EXPECT_FALSE(Desk.Exists(alarms[1]));
+}
+
 TEST_F(ScheduleCommands, ARowThatIsGoneByThenTakesNoOtherWithIt) {
     const std::vector<Oid> alarms = Desk.GivenAlarms(2);
     Desk.Show(ItemKind::Alarm);

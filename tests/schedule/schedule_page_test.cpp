@@ -207,6 +207,25 @@ TEST_F(SchedulePage, TheSelectionKeepsItsDistanceToTheTop) {
     EXPECT_EQ(Desk.SelectedRow(), 6);
 }
 
+TEST_F(SchedulePage, ASelectionAtTheTopStaysThere) {
+    Desk.GivenAlarms(12);
+    Desk.Show(ItemKind::Alarm);
+    Select(0);
+    Scroll(SB_PAGEDOWN);
+    EXPECT_EQ(Desk.SelectedRow(), 5);
+}
+
+TEST_F(SchedulePage, ASelectionAboveTheTopIsLeftWhereItIs) {
+    Desk.GivenAlarms(12);
+    Desk.Show(ItemKind::Alarm);
+    Scroll(SB_PAGEDOWN);
+    Key(VK_DOWN); // selects the first row, which is not to be seen
+    EXPECT_EQ(Desk.SelectedRow(), kNoRow);
+    Scroll(SB_LINEDOWN);
+    Scroll(SB_THUMBPOSITION, 0);
+    EXPECT_EQ(Desk.SelectedRow(), 0);
+}
+
 TEST_F(SchedulePage, WithNothingSelectedScrollingSelectsNothing) {
     Desk.GivenAlarms(12);
     Desk.Show(ItemKind::Alarm);
