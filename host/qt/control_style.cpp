@@ -70,6 +70,8 @@ int ControlStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, co
         return Pixels(1);
     case PM_MenuHMargin:
         return 0;
+    case PM_MenuScrollerHeight:
+        return Pixels(14);
     case PM_MenuVMargin:
         return Pixels(3);
     case PM_ButtonMargin:
