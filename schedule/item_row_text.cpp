@@ -6,6 +6,7 @@
 #include "store/date_pictures.h"
 #include "store/describe_recurrence.h"
 
+#include <cstdint>
 #include <string_view>
 
 namespace tavo {
@@ -16,6 +17,7 @@ constexpr int kPictureBuffer = 64; // UTF-16 units
 constexpr std::u16string_view kAllDay = u"All day";
 constexpr int kMinutesPerHour = 60;
 constexpr int kHoursPerDay = 24;
+constexpr std::int64_t kMinutesPerDay = 1440;
 
 std::u16string DateText(const SYSTEMTIME& date, ILocale& locale) {
     return locale.GetDateFormatW(LocaleId::User, date, kPictureListDate, kPictureBuffer).value_or(std::u16string());
@@ -79,7 +81,7 @@ std::u16string DescribeDay(const AppointmentData& record, const SYSTEMTIME& day,
     }
     const std::int64_t minutes = LengthInMinutes(record, locale);
     const std::int64_t hours = minutes / kMinutesPerHour;
-    if (minutes > 0 && minutes % (kHoursPerDay * kMinutesPerHour) == 0) {
+    if (minutes > 0 && minutes % kMinutesPerDay == 0) {
         return FormatText(u"(%d/%d, %s) at %s for %d days", number, days, weekday, start, hours / kHoursPerDay);
     }
     if (hours > 0 && hours < kHoursPerDay && minutes % kMinutesPerHour == 0) {

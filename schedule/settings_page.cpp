@@ -13,7 +13,6 @@ namespace tavo {
 namespace {
 
 constexpr Color kBackground = Color::FromRgb(255, 255, 255);
-constexpr Rect kLabelPlace = Rect::FromSize(12, 16, 100, 13);
 constexpr int kBoxes[] = {kSettingsAlarms, kSettingsHolidays, kSettingsAnniversaries, kSettingsAppointments,
                           kSettingsMemos};
 
@@ -45,9 +44,15 @@ const MessageMap& CSettingsPage::Messages() {
     return map;
 }
 
-// The template's place is too narrow for the label's own text.
+// The template's places are too narrow for the label and for large numbers.
 void CSettingsPage::OnInitDialog() {
-    MoveItem(kStaticText, kLabelPlace);
+    for (const DialogItem& item : Form().Items) {
+        if (item.Kind != ControlKind::PushButton) {
+            Rect place = ToPixels(item.Bounds);
+            place.Right = kPageSurface.Width;
+            MoveItem(item.Id, place);
+        }
+    }
 }
 
 void CSettingsPage::Open() {
