@@ -59,7 +59,7 @@ struct LedgerRow {
     Moment Start = 0; // of the occurrence
     LedgerState State = LedgerState::Due;
     Moment Until = 0;       // of a snoozed one; stays while it is shown again
-    std::int32_t Shows = 0; // how often it was shown by itself, lists of missed ones not counted
+    std::int32_t Shows = 0; // how often it was offered by itself, lists of missed ones not counted
     std::uint32_t Card = 0; // the desktop's number for what shows it
     std::string Service;    // who gave that number
     std::string Title;      // for the log, when the item is gone

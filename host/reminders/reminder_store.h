@@ -41,7 +41,7 @@ class IReminderStore {
     virtual bool Commit(std::span<const LedgerRow> rows, std::optional<Moment> passed) = 0;
     // One transaction: forgets rows that were never shown by themselves and whose time is ahead; progress is now.
     virtual bool GoBackTo(Moment now) = 0;
-    // Forgets what can never come again.
+    // Forgets old rows of what people have seen.
     virtual bool Purge(Moment now) = 0;
 };
 

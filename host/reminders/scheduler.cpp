@@ -23,8 +23,9 @@ bool Waits(const LedgerRow& row) {
 }
 
 // Never shown by itself, so that it may come at its time without coming twice.
-bool MayComeAnew(const LedgerRow& row, Moment now) {
-    return row.At > now && row.Shows == 0 && row.State != LedgerState::Offering;
+bool MayComeAnew(const LedgerRow& row, Moment now, std::int64_t wall) {
+    // By its own clock too: it may have been entered in another zone.
+    return (row.At > now || row.Key.Due > wall) && row.Shows == 0 && row.State != LedgerState::Offering;
 }
 
 void SortByStart(std::vector<CardLine>& lines) {
@@ -46,6 +47,9 @@ bool Scheduler::Load() {
         PassedWall = progress->Wall;
     }
     for (LedgerRow& row : rows) {
+        if (IsOnDesk(row)) {
+            Inherited.insert(row.Key);
+        }
         Open.insert_or_assign(row.Key, std::move(row));
     }
     WrittenProgress = Passed;
@@ -54,6 +58,9 @@ bool Scheduler::Load() {
 }
 
 void Scheduler::Keep(const LedgerRow& row) {
+    if (!IsOnDesk(row)) {
+        Inherited.erase(row.Key);
+    }
     if (IsFinal(row.State) && !Unwritten.contains(row.Key)) {
         Open.erase(row.Key);
     } else {
@@ -62,7 +69,7 @@ void Scheduler::Keep(const LedgerRow& row) {
 }
 
 bool Scheduler::Commit(const std::vector<LedgerRow>& rows, std::optional<Moment> passed, Moment now) {
-    if (Store.Commit(rows, passed)) {
+    if (WriteGoingBack() && Store.Commit(rows, passed)) {
         FailingSince.reset();
         for (const LedgerRow& row : rows) {
             Unwritten.erase(row.Key);
@@ -111,36 +118,55 @@ void Scheduler::Flush(Moment now) {
     }
 }
 
-bool Scheduler::GoBack(Moment now) {
+// Before anything else may be written: later rows must not be forgotten with the earlier ones.
+bool Scheduler::WriteGoingBack() {
+    if (WentBackTo && Store.GoBackTo(*WentBackTo)) {
+        WrittenProgress = *WentBackTo;
+        WentBackTo.reset();
+    }
+    return !WentBackTo;
+}
+
+void Scheduler::GoBack(Moment now) {
     std::map<std::uint32_t, std::vector<LedgerRow>> forgotten; // by card
+    const std::int64_t wall = Store.ToWall(now);
     for (const auto& [key, row] : Open) {
-        if (MayComeAnew(row, now)) {
+        if (MayComeAnew(row, now, wall)) {
             forgotten[row.Service == Desk.Service() ? row.Card : 0].push_back(row);
         }
     }
-    if (!Store.GoBackTo(now)) {
-        FailingSince = std::min(FailingSince.value_or(now), now);
-        return false;
-    }
-    std::erase_if(Open, [now](const auto& entry) { return MayComeAnew(entry.second, now); });
+    WentBackTo = now;
+    std::erase_if(Open, [=](const auto& entry) { return MayComeAnew(entry.second, now, wall); });
     std::erase_if(Unwritten, [this](const ReminderKey& key) { return !Open.contains(key); });
     Passed = now;
-    PassedWall = Store.ToWall(now);
-    WrittenProgress = now;
+    PassedWall = wall;
+    LooksAtItems = true;
     for (const auto& [card, rows] : forgotten) {
         if (card != 0) {
             // A card that cannot be redrawn now keeps a line too many.
             static_cast<void>(ShrinkCard(card, rows, now));
         }
     }
-    return true;
+}
+
+// The time that went by asleep was looked through when falling asleep: what was made meanwhile with a time that was
+// over already is not missed.
+void Scheduler::PassQuietTime(Moment now) {
+    if (QuietUntil && Passed) {
+        const Moment to = std::max(*Passed, std::min(now, *QuietUntil - 1));
+        PassedWall += to - *Passed;
+        Passed = to;
+    }
+    QuietUntil.reset();
 }
 
 // Where the device moved east, its clock jumped over reminders without any time passing.
-void Scheduler::FollowZone() {
+void Scheduler::FollowZone(Moment now) {
     const std::int64_t wall = Store.ToWall(*Passed);
     if (wall > PassedWall) {
         *Passed -= wall - PassedWall;
+    } else if (wall < PassedWall) {
+        GoBack(std::min(now, *Passed)); // it moved west, and some times are to come once more
     }
     LooksAtItems = LooksAtItems || wall != PassedWall;
     PassedWall = Store.ToWall(*Passed);
@@ -168,12 +194,13 @@ bool Scheduler::FollowClock(Moment now) {
         Passed = now;
         PassedWall = Store.ToWall(now);
     }
-    FollowZone();
-    if (now < *Passed && !GoBack(now)) {
-        return false;
+    FollowZone(now);
+    if (now < *Passed) {
+        GoBack(now);
     }
     ShortenSnoozes(now);
-    return true;
+    // Waits a while for the ledger to forget what is to come again.
+    return !WentBackTo || Commit({}, std::nullopt, now) || now - *FailingSince >= kPatience;
 }
 
 bool Scheduler::EnterFound(const std::vector<DueReminder>& found, std::optional<Moment> passed,
@@ -251,7 +278,7 @@ bool Scheduler::ShrinkCard(std::uint32_t number, const std::vector<LedgerRow>& g
             return false;
         }
         if (text) {
-            card.Lines.push_back({key, *text, false});
+            card.Lines.push_back({key, *text, Inherited.contains(key)});
             left.push_back(row);
         }
     }
@@ -297,7 +324,7 @@ bool Scheduler::Collect(Moment now, Collected& collected) {
             continue;
         }
         line.Text = std::move(*text);
-        line.Again = lost || row.State == LedgerState::Offering;
+        line.Again = lost || row.State == LedgerState::Offering || (stays && Inherited.contains(key));
         if (stays) {
             collected.Listed.push_back(std::move(line));
         } else if (lost || now - row.OwedAt() > kGrace) {
@@ -350,6 +377,7 @@ bool Scheduler::ShowCard(const Card& card, std::uint32_t replaced, bool rings, M
         before.push_back(Open.at(line.Key));
         rows.push_back(before.back());
         rows.back().State = LedgerState::Offering;
+        rows.back().Shows += card.Kind == CardKind::Missed ? 0 : 1; // counted before: it may be all that is left of us
         rows.back().Title = line.Text.Title;
     }
     if (!Announce(rows, std::nullopt, now)) {
@@ -363,7 +391,6 @@ bool Scheduler::ShowCard(const Card& card, std::uint32_t replaced, bool rings, M
     }
     for (LedgerRow& row : rows) {
         row.State = card.Kind == CardKind::Missed ? LedgerState::Listed : LedgerState::Shown;
-        row.Shows += card.Kind == CardKind::Missed ? 0 : 1;
         row.Card = *taken;
         row.Service = Desk.Service();
     }
@@ -403,6 +430,7 @@ Moment Scheduler::Run(Moment now, Look look) {
         return now + kShortRetry;
     }
     Flush(now);
+    PassQuietTime(now);
     const bool done = FollowClock(now) && (!LooksAtItems || CheckStanding(now)) && Enter(now) && Present(now);
     LooksAtItems = LooksAtItems && !done;
     return NextCall(now, done);
@@ -417,6 +445,7 @@ Moment Scheduler::NextCall(Moment now, bool done) {
     if (!done || !Store.FindNext(std::max(now, Passed.value_or(now)), next)) {
         return now + (FailingSince && now - *FailingSince > kPatience ? kLongRetry : kShortRetry);
     }
+    QuietUntil = next.value_or(now + kLongestSleep);
     Moment call = std::min(next.value_or(now + kLongestSleep), now + kLongestSleep);
     if (!Unwritten.empty()) {
         call = std::min(call, now + kLongRetry);

@@ -39,9 +39,11 @@ class Scheduler {
     };
 
     bool Load();
+    void PassQuietTime(Moment now);
     bool FollowClock(Moment now);
-    void FollowZone();
-    bool GoBack(Moment now);
+    void FollowZone(Moment now);
+    void GoBack(Moment now);
+    bool WriteGoingBack();
     void ShortenSnoozes(Moment now);
     bool CheckStanding(Moment now);
     bool ShrinkCard(std::uint32_t number, const std::vector<LedgerRow>& gone, Moment now);
@@ -65,11 +67,14 @@ class Scheduler {
     IReminderStore& Store;
     IDesk& Desk;
     bool Loaded = false;
-    std::optional<Moment> Passed; // everything due up to here is entered
-    std::int64_t PassedWall = 0;  // as the device's clock showed it
+    std::optional<Moment> Passed;     // everything due up to here is entered
+    std::int64_t PassedWall = 0;      // as the device's clock showed it
+    std::optional<Moment> WentBackTo; // and the ledger does not know yet
+    std::optional<Moment> QuietUntil; // nothing that was known was due before
     std::optional<Moment> WrittenProgress;
     std::map<ReminderKey, LedgerRow> Open; // without an answer, or not yet in the ledger
     std::set<ReminderKey> Unwritten;
+    std::set<ReminderKey> Inherited;    // on the desk since an earlier process, whose last answers may be lost
     std::optional<Moment> FailingSince; // the ledger takes nothing
     std::optional<Moment> NextTry;      // nobody took a card
     bool LooksAtItems = false;

@@ -132,15 +132,15 @@ bool StoreLedger::Commit(std::span<const LedgerRow> rows, std::optional<Moment> 
 
 bool StoreLedger::GoBackTo(Moment now) {
     return Succeeded(RunTransaction([&] {
-        Query query(Db, "DELETE FROM ledger WHERE at > ? AND shows = 0 AND state <> 1");
-        const Status status = query.Bind(now).Finish();
+        Query query(Db, "DELETE FROM ledger WHERE (at > ? OR due > ?) AND shows = 0 AND state <> 1");
+        const Status status = query.Bind(now).Bind(ToWall(now)).Finish();
         return Succeeded(status) ? WriteProgress(now) : status;
     }));
 }
 
 bool StoreLedger::Purge(Moment now) {
     return Succeeded(RunTransaction([&] {
-        Query rows(Db, "DELETE FROM ledger WHERE max(at, start, until) < ?");
+        Query rows(Db, "DELETE FROM ledger WHERE state NOT IN (0, 1, 3) AND max(at, start, until) < ?");
         Status status = rows.Bind(now - kKept).Finish();
         Query log(Db, "DELETE FROM ledger_log WHERE time < ?");
         return Succeeded(status) ? log.Bind(now - kKept).Finish() : status;

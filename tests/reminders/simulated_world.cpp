@@ -1,0 +1,157 @@
+// The made-up machine at work.
+#include "tests/reminders/simulated_world.h"
+
+#include <algorithm>
+
+namespace tavo::reminders::test {
+
+DueReminder SimulatedCalendar::ReminderOf(std::int32_t oid, const SimulatedItem& item, int occurrence) const {
+    const std::int64_t start = item.Start + item.Period * occurrence;
+    return {{oid, item.Period == 0 ? 0 : start, start - item.Lead}, ToUtc(start) - item.Lead, ToUtc(start)};
+}
+
+bool SimulatedCalendar::Stands(const ReminderKey& key) const {
+    const auto found = Items.find(key.Item);
+    if (found == Items.end()) {
+        return false;
+    }
+    const SimulatedItem& item = found->second;
+    for (int index = 0; index < item.Occurrences; ++index) {
+        if (ReminderOf(key.Item, item, index).Key == key) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool SimulatedStore::ReadProgress(std::optional<Progress>& progress) {
+    Ending.Step();
+    progress = Passed;
+    return true;
+}
+
+bool SimulatedStore::ReadOpen(std::vector<LedgerRow>& rows) {
+    Ending.Step();
+    for (const auto& [key, row] : Ledger) {
+        if (!IsFinal(row.State)) {
+            rows.push_back(row);
+        }
+    }
+    return true;
+}
+
+bool SimulatedStore::FindDue(Moment after, Moment upTo, std::vector<DueReminder>& found) {
+    Ending.Step();
+    Calendar.VisitAll([&](const DueReminder& reminder) {
+        if (reminder.At > after && reminder.At <= upTo && !Ledger.contains(reminder.Key)) {
+            found.push_back(reminder);
+        }
+    });
+    return true;
+}
+
+bool SimulatedStore::FindAhead(Moment now, std::vector<DueReminder>& found) {
+    Ending.Step();
+    Calendar.VisitAll([&](const DueReminder& reminder) {
+        if (reminder.At <= now && reminder.Start > now && !Ledger.contains(reminder.Key)) {
+            found.push_back(reminder);
+        }
+    });
+    return true;
+}
+
+bool SimulatedStore::FindNext(Moment after, std::optional<Moment>& next) {
+    Ending.Step();
+    Calendar.VisitAll([&](const DueReminder& reminder) {
+        if (reminder.At > after && (!next || reminder.At < *next)) {
+            next = reminder.At;
+        }
+    });
+    return true;
+}
+
+bool SimulatedStore::Describe(const ReminderKey& key, std::optional<ReminderText>& text) {
+    Ending.Step();
+    text.reset();
+    if (Calendar.Stands(key)) {
+        text.emplace();
+        text->StartWall = key.Original != 0 ? key.Original : key.Due;
+    }
+    return true;
+}
+
+bool SimulatedStore::Commit(std::span<const LedgerRow> rows, std::optional<Moment> passed) {
+    Ending.Step();
+    if (Locked) {
+        return false;
+    }
+    for (const LedgerRow& row : rows) {
+        Ledger[row.Key] = row;
+    }
+    if (passed) {
+        Passed = Progress{*passed, ToWall(*passed)};
+    }
+    Ending.Step();
+    return true;
+}
+
+bool SimulatedStore::GoBackTo(Moment now) {
+    Ending.Step();
+    if (Locked) {
+        return false;
+    }
+    std::erase_if(Ledger, [now, wall = ToWall(now)](const auto& entry) {
+        return (entry.second.At > now || entry.first.Due > wall) && entry.second.Shows == 0 &&
+               entry.second.State != LedgerState::Offering;
+    });
+    Passed = Progress{now, ToWall(now)};
+    Ending.Step();
+    return true;
+}
+
+bool SimulatedStore::Purge(Moment now) {
+    Ending.Step();
+    if (Locked) {
+        return false;
+    }
+    constexpr Moment kept = 90 * kDay;
+    std::erase_if(Ledger, [now](const auto& entry) {
+        const LedgerRow& row = entry.second;
+        return (IsFinal(row.State) || row.State == LedgerState::Shown || row.State == LedgerState::Listed) &&
+               std::max({row.At, row.Start, row.Until}) < now - kept;
+    });
+    Ending.Step();
+    return true;
+}
+
+std::optional<std::uint32_t> SimulatedDesk::Show(const Card& card, std::uint32_t replaced) {
+    Ending.Step();
+    if (!Works) {
+        return std::nullopt;
+    }
+    const std::vector<ReminderKey> before = Cards[replaced];
+    Cards.erase(replaced);
+    const std::uint32_t number = replaced != 0 ? replaced : ++LastCard;
+    std::vector<ReminderKey>& keys = Cards[number];
+    for (const CardLine& line : card.Lines) {
+        keys.push_back(line.Key);
+        if (std::find(before.begin(), before.end(), line.Key) == before.end()) {
+            Seen(line, card.Kind);
+        }
+    }
+    Ending.Step();
+    return number;
+}
+
+void SimulatedDesk::TakeBack(std::uint32_t card) {
+    Ending.Step();
+    Cards.erase(card);
+    Ending.Step();
+}
+
+void SimulatedDesk::Restart() {
+    Cards.clear();
+    ++Generation;
+}
+
+} // namespace tavo::reminders::test

@@ -1,0 +1,125 @@
+// A machine of made-up time: a clock, a store and a desktop that follow a script and die where it says.
+#pragma once
+
+#include "host/reminders/scheduler.h"
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <random>
+#include <set>
+#include <vector>
+
+namespace tavo::reminders::test {
+
+// What a kill looks like from inside the process.
+struct Killed {};
+
+struct SimulatedItem {
+    std::int64_t Start = 0;  // on the device's clock
+    std::int64_t Period = 0; // seconds from one occurrence to the next; 0: does not recur
+    int Occurrences = 1;
+    Moment Lead = 0;
+};
+
+// Which reminders there are, by the plainest arithmetic.
+class SimulatedCalendar {
+  public:
+    // Universal time from the device's clock. The zone changes only when the simulation says so.
+    Moment ToUtc(std::int64_t wall) const { return wall - Offset; }
+
+    DueReminder ReminderOf(std::int32_t oid, const SimulatedItem& item, int occurrence) const;
+    bool Stands(const ReminderKey& key) const;
+
+    template <class Visit> void VisitAll(const Visit& visit) const {
+        for (const auto& [oid, item] : Items) {
+            for (int index = 0; index < item.Occurrences; ++index) {
+                visit(ReminderOf(oid, item, index));
+            }
+        }
+    }
+
+    std::map<std::int32_t, SimulatedItem> Items;
+    std::int64_t Offset = 0;
+};
+
+// Dies at the nth call, before or after that call has had its effect.
+class Fate {
+  public:
+    void DieAfter(int calls) { Left = calls; }
+
+    void Live() { Left = -1; }
+
+    // Around each call: Step, the effect, Step.
+    void Step() {
+        if (Left >= 0 && Left-- == 0) {
+            throw Killed();
+        }
+    }
+
+  private:
+    int Left = -1;
+};
+
+class SimulatedStore final : public IReminderStore {
+  public:
+    SimulatedStore(SimulatedCalendar& calendar, Fate& fate) : Calendar(calendar), Ending(fate) {}
+
+    bool ReadProgress(std::optional<Progress>& progress) override;
+
+    std::int64_t ToWall(Moment moment) override { return moment + Calendar.Offset; }
+
+    bool ReadOpen(std::vector<LedgerRow>& rows) override;
+    bool FindDue(Moment after, Moment upTo, std::vector<DueReminder>& found) override;
+    bool FindAhead(Moment now, std::vector<DueReminder>& found) override;
+    bool FindNext(Moment after, std::optional<Moment>& next) override;
+    bool Describe(const ReminderKey& key, std::optional<ReminderText>& text) override;
+    bool Commit(std::span<const LedgerRow> rows, std::optional<Moment> passed) override;
+    bool GoBackTo(Moment now) override;
+    bool Purge(Moment now) override;
+
+    std::map<ReminderKey, LedgerRow> Ledger;
+    std::optional<Progress> Passed;
+    bool Locked = false; // for those who write
+
+  private:
+    SimulatedCalendar& Calendar;
+    Fate& Ending;
+};
+
+struct Display {
+    bool Again = false;
+    bool AsMissed = false;
+};
+
+class SimulatedDesk final : public IDesk {
+  public:
+    explicit SimulatedDesk(Fate& fate) : Ending(fate) {}
+
+    std::string Service() override { return "desktop " + std::to_string(Generation); }
+
+    std::optional<std::uint32_t> Show(const Card& card, std::uint32_t replaced) override;
+    void TakeBack(std::uint32_t card) override;
+
+    void Ring(const Card&) override { Ending.Step(); }
+
+    void StopRinging() override {}
+
+    void OpenItem(std::int32_t) override {}
+
+    // The session ends: all cards are gone.
+    void Restart();
+
+    bool Works = true;
+    std::map<std::uint32_t, std::vector<ReminderKey>> Cards; // on the desktop now
+    // Told of every reminder that comes to be seen and did not stand on the desktop before.
+    std::function<void(const CardLine&, CardKind)> Seen;
+
+  private:
+    Fate& Ending;
+    std::uint32_t LastCard = 0;
+    int Generation = 1;
+};
+
+} // namespace tavo::reminders::test
