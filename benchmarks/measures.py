@@ -11,6 +11,7 @@ import sys
 import tempfile
 from pathlib import Path
 
+from day_menu_measures import measure_day_menu
 from desktop_measures import measure_desktop
 from editor_measures import measure_editor
 from ink_measures import measure_ink
@@ -42,7 +43,8 @@ def build():
     run(["cmake", "--build", str(BUILD), "--target", *targets])
     # These need Qt, as the window does.
     if (BIN / "tavocalendar").exists():
-        run(["cmake", "--build", str(BUILD), "--target", "tavo-month-grid", "tavo-editor-window"])
+        run(["cmake", "--build", str(BUILD), "--target", "tavo-month-grid", "tavo-editor-window",
+             "tavo-day-menu-window"])
 
 
 def describe_machine(report):
@@ -221,6 +223,7 @@ def measure_all(report, folder, items):
     measure_ink(report, BIN)
     if measure_desktop(report, device, BIN):
         measure_window(report, device, BIN, *measure_changed_month(report, device))
+        measure_day_menu(report, device, folder, BIN)
         measure_editor(report, device, BIN)  # changes an item
     measure_lists(report, device, folder, BIN, seconds_of(datetime.date(*FIRST_DAY)))
 
