@@ -1,6 +1,9 @@
 // What the command line of `tavo` asks for.
 #include "tools/arguments.h"
 
+#include <charconv>
+#include <system_error>
+
 namespace tavo::tools {
 namespace {
 
@@ -136,6 +139,34 @@ std::string FindMemoFault(const MemoOptions& options) {
     return options.Folder.empty() ? "Say with --to which folder the memos go to." : std::string();
 }
 
+bool TakeCount(WordReader& reader, std::string_view option, int& count, std::string& error) {
+    constexpr int most = 3660; // ten years
+    std::string_view value;
+    if (!reader.TakeValue(value, error)) {
+        return false;
+    }
+    const auto [end, problem] = std::from_chars(value.data(), value.data() + value.size(), count);
+    if (problem == std::errc() && end == value.data() + value.size() && count >= 1 && count <= most) {
+        return true;
+    }
+    error = "\"" + std::string(value) + "\" is no number of days for " + std::string(option) + ": 1 to " +
+            std::to_string(most) + ".";
+    return false;
+}
+
+RemindersAction FindRemindersAction(std::string_view word) {
+    if (word == "list") {
+        return RemindersAction::List;
+    }
+    if (word == "log") {
+        return RemindersAction::Log;
+    }
+    if (word == "on") {
+        return RemindersAction::On;
+    }
+    return word == "off" ? RemindersAction::Off : RemindersAction::None;
+}
+
 std::string MakeUnknown(WordReader& reader, std::string_view word) {
     return reader.IsOption(word) ? "There is no option " + std::string(word) + "."
                                  : "\"" + std::string(word) + "\" is one word too many.";
@@ -231,6 +262,34 @@ std::optional<MemoOptions> ParseMemo(std::span<const std::string_view> words, st
     }
     error = FindMemoFault(options);
     return error.empty() ? std::optional(options) : std::nullopt;
+}
+
+std::optional<RemindersOptions> ParseReminders(std::span<const std::string_view> words, std::string& error) {
+    RemindersOptions options;
+    WordReader reader(words);
+    while (reader.HasMore()) {
+        const std::string_view word = reader.Take();
+        bool good = true;
+        if (word == "--days") {
+            good = TakeCount(reader, word, options.Days, error);
+        } else if (IsHelp(word)) {
+            options.Help = true;
+        } else if (const RemindersAction action = FindRemindersAction(word);
+                   action != RemindersAction::None && options.Action == RemindersAction::None) {
+            options.Action = action;
+        } else {
+            error = MakeUnknown(reader, word);
+            good = false;
+        }
+        if (!good) {
+            return std::nullopt;
+        }
+    }
+    if (options.Action == RemindersAction::None && !options.Help) {
+        error = "Say list, log, on or off.";
+        return std::nullopt;
+    }
+    return options;
 }
 
 std::optional<CheckOptions> ParseCheck(std::span<const std::string_view> words, std::string& error) {

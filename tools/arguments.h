@@ -48,10 +48,19 @@ struct MemoOptions {
     bool Help = false;
 };
 
+enum class RemindersAction { None, List, Log, On, Off };
+
+struct RemindersOptions {
+    RemindersAction Action = RemindersAction::None;
+    int Days = 7; // to list
+    bool Help = false;
+};
+
 // Each reads the words after the command's name. Empty with a sentence in `error` when they make no sense.
 std::optional<AgendaOptions> ParseAgenda(std::span<const std::string_view> words, std::string& error);
 std::optional<ImportOptions> ParseImport(std::span<const std::string_view> words, std::string& error);
 std::optional<CheckOptions> ParseCheck(std::span<const std::string_view> words, std::string& error);
+std::optional<RemindersOptions> ParseReminders(std::span<const std::string_view> words, std::string& error);
 std::optional<MemoOptions> ParseMemo(std::span<const std::string_view> words, std::string& error);
 
 } // namespace tavo::tools

@@ -8,6 +8,7 @@ namespace tavo::tools {
 int RunAgenda(const AgendaOptions& options);
 int RunImport(const ImportOptions& options);
 int RunCheck();
+int RunReminders(const RemindersOptions& options);
 int RunMemo(const MemoOptions& options);
 
 } // namespace tavo::tools

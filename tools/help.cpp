@@ -12,6 +12,7 @@ Commands:
   import PATH...   bring iCalendar files, or folders of them, into the calendar
   agenda           list the appointments of today, or of any days
   memo             list the handwritten memos, or export them as pictures
+  reminders        list what will remind, what happened, and switch reminders on or off
   check            say whether the calendar's files are sound, and what to do if not
 
   tavo COMMAND --help   explains a command
@@ -103,6 +104,23 @@ A memo that another program wrote cannot be drawn; it is named, and the others g
 
 Exit status: 0 all went well, 1 something could not be drawn or written, 2 the command
 line was not understood.
+)";
+
+const std::string_view kRemindersHelp =
+    R"(tavo reminders - what will remind, what was missed, and what happened
+
+Usage: tavo reminders list [--days N]
+       tavo reminders log
+       tavo reminders on|off
+
+  list        what nobody has answered yet, and what will come in the next N days (7)
+  log         what happened to each reminder in the last 90 days
+  on          start the reminder service now and at each login
+  off         end it, and do not start it at login; the calendar starts it again
+  --help      show this text
+
+A line of the list holds when it is due, its state, its subject and, in brackets, the
+start. Times are the calendar's own.
 )";
 
 const std::string_view kVersionText = "tavo " TAVO_VERSION "\n";

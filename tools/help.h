@@ -10,6 +10,7 @@ extern const std::string_view kImportHelp;
 extern const std::string_view kAgendaHelp;
 extern const std::string_view kCheckHelp;
 extern const std::string_view kMemoHelp;
+extern const std::string_view kRemindersHelp;
 extern const std::string_view kVersionText;
 
 } // namespace tavo::tools

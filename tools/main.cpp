@@ -65,6 +65,13 @@ int RunCommand(Words words) {
         }
         return options->Help ? Print(kCheckHelp) : RunCheck();
     }
+    if (command == "reminders") {
+        const std::optional<RemindersOptions> options = ParseReminders(rest, error);
+        if (!options) {
+            return Refuse(error, "tavo reminders --help");
+        }
+        return options->Help ? Print(kRemindersHelp) : RunReminders(*options);
+    }
     if (command == "memo") {
         const std::optional<MemoOptions> options = ParseMemo(rest, error);
         if (!options) {
