@@ -13,11 +13,6 @@ constexpr std::u16string_view kForeignNotice = u"This memo was written by anothe
 constexpr std::u16string_view kDamagedNotice = u"This memo is damaged and cannot be shown.";
 constexpr std::int32_t kPasteStep = 8 * kTicksPerPixel;
 
-bool HasSelection(const Page& page) {
-    const auto strokes = page.Strokes();
-    return std::any_of(strokes.begin(), strokes.end(), [](const PlacedStroke& stroke) { return stroke.Selected; });
-}
-
 } // namespace
 
 int InkControl::SendMessageW(MessageNumber number, int first, int second) {
@@ -57,7 +52,7 @@ int InkControl::Ask(MessageNumber number) const {
     case EM_CANUNDO:
         return History.CanUndo() ? 1 : 0;
     case EM_GETSEL:
-        return HasSelection(Paper) ? 1 : 0;
+        return Paper.SelectedCount() > 0 ? 1 : 0;
     default:
         return 0;
     }
@@ -212,7 +207,7 @@ void InkControl::Redo() {
 }
 
 void InkControl::Copy() {
-    if (!HasSelection(Paper)) {
+    if (Paper.SelectedCount() == 0) {
         return;
     }
     Shared.Clipboard.clear();
@@ -266,6 +261,9 @@ void InkControl::Paste() {
 }
 
 void InkControl::SelectAll(bool selected) {
+    if (!selected && Paper.SelectedCount() == 0) {
+        return;
+    }
     for (std::size_t i = 0; i < Paper.Strokes().size(); ++i) {
         if (Paper.Strokes()[i].Selected != selected) {
             Paper.Select(i, selected);

@@ -13,6 +13,7 @@ Edit Edit::Reversed() const {
 void Page::Reset(std::vector<PlacedStroke> strokes) {
     All = std::move(strokes);
     Points = 0;
+    SelectedStrokes = 0;
     for (const PlacedStroke& stroke : All) {
         Points += stroke.Body->Points.size();
     }
@@ -25,6 +26,7 @@ void Page::Remove(std::span<const NumberedStroke> removed, Box& changed) {
         if (next != removed.end() && next->Index == i) {
             changed = changed.United(All[i].Bounds);
             Points -= All[i].Body->Points.size();
+            SelectedStrokes -= All[i].Selected ? 1 : 0;
             ++next;
         } else {
             All[kept++] = std::move(All[i]);
@@ -48,6 +50,7 @@ void Page::Add(std::span<const NumberedStroke> added, Box& changed) {
         }
         changed = changed.United(stroke.Stroke.Bounds);
         Points += stroke.Stroke.Body->Points.size();
+        SelectedStrokes += stroke.Stroke.Selected ? 1 : 0;
         All.push_back(stroke.Stroke);
     }
     All.insert(All.end(), std::make_move_iterator(nextBehind), std::make_move_iterator(behind.end()));
@@ -67,6 +70,13 @@ Box Page::Apply(const Edit& edit) {
         changed = changed.United(All[index].Bounds);
     }
     return changed;
+}
+
+void Page::Select(std::size_t index, bool selected) {
+    if (All[index].Selected != selected) {
+        All[index].Selected = selected;
+        SelectedStrokes = selected ? SelectedStrokes + 1 : SelectedStrokes - 1;
+    }
 }
 
 Box Page::Bounds() const {
@@ -89,6 +99,9 @@ std::vector<std::size_t> Page::SelectedIndices() const {
 
 Box Page::SelectedBounds() const {
     Box bounds;
+    if (SelectedStrokes == 0) {
+        return bounds; // asked for at every sample of the pen
+    }
     for (const PlacedStroke& stroke : All) {
         bounds = stroke.Selected ? bounds.United(stroke.Bounds) : bounds;
     }

@@ -41,7 +41,9 @@ class Page {
     // Gives the part of the paper that looks different now.
     Box Apply(const Edit& edit);
 
-    void Select(std::size_t index, bool selected) { All[index].Selected = selected; }
+    void Select(std::size_t index, bool selected);
+
+    std::size_t SelectedCount() const { return SelectedStrokes; }
 
     // Of all ink; empty without any.
     Box Bounds() const;
@@ -60,6 +62,7 @@ class Page {
 
     std::vector<PlacedStroke> All;
     std::size_t Points = 0;
+    std::size_t SelectedStrokes = 0;
 };
 
 // Whether the line passes within so many ticks of the segment from one point to the other.

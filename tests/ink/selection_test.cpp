@@ -45,6 +45,19 @@ TEST_F(InkSelection, ADragOverNothingLetsGo) {
     EXPECT_EQ(Send(EM_GETSEL), 0);
 }
 
+TEST_F(InkSelection, EndsWithTheStrokesThatWereSelected) {
+    Send(EM_SETSEL, 0, -1);
+    Send(WM_CUT);
+    EXPECT_EQ(Send(EM_GETSEL), 0);
+    Send(WM_PASTE);
+    EXPECT_NE(Send(EM_GETSEL), 0);
+    Send(kInkUndo); // takes the pasted ones off
+    EXPECT_EQ(Send(EM_GETSEL), 0);
+    Send(kInkUndo);
+    EXPECT_EQ(Send(EM_GETSEL), 0);
+    EXPECT_EQ(Count(), 2U);
+}
+
 TEST_F(InkSelection, ATapTakesTheStrokeItMeets) {
     Tap(100, 61);
     EXPECT_THAT(Selected(), ElementsAre(1));
