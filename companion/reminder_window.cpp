@@ -12,6 +12,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -108,7 +109,7 @@ void ReminderWindow::ShowCard(quint32 number, const QString& summary, const QStr
     adjustSize();
     if (const QScreen* screen = QGuiApplication::primaryScreen(); screen != nullptr) {
         const QRect room = screen->availableGeometry();
-        move(room.right() - width() - kScreenGap, room.top() + kScreenGap);
+        move(std::max(room.left(), room.right() - width() - kScreenGap), room.top() + kScreenGap);
     }
     raise();
 }
@@ -124,17 +125,23 @@ void ReminderWindow::CloseCard(quint32 number) {
 }
 
 // As with the desktop's own: who closes a reminder has seen it.
-void ReminderWindow::closeEvent(QCloseEvent* event) {
+void ReminderWindow::DismissAll() {
     const QList<quint32> numbers = Cards.keys();
     for (const quint32 number : numbers) {
         Answer(number, QStringLiteral("dismiss %1").arg(number));
+    }
+}
+
+void ReminderWindow::closeEvent(QCloseEvent* event) {
+    if (event->spontaneous()) { // by a person; the end of the session answers nothing
+        DismissAll();
     }
     event->accept();
 }
 
 void ReminderWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) {
-        close();
+        DismissAll();
     } else {
         QWidget::keyPressEvent(event);
     }

@@ -24,6 +24,7 @@ class ReminderWindow : public QWidget {
   private:
     QWidget* MakeCard(quint32 number, const QString& summary, const QString& body);
     QWidget* MakeButtons(quint32 number);
+    void DismissAll();
     void Answer(quint32 number, const QString& answer);
 
     QVBoxLayout* Stack;

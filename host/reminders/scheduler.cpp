@@ -13,6 +13,7 @@ constexpr Moment kShortRetry = 1;         // while the store was refused to us f
 constexpr Moment kLongRetry = kMinute / 2;
 constexpr Moment kNobodyTookIt = kMinute;
 constexpr Moment kLongestSleep = kDay;
+constexpr Moment kUnknownTime = 3 * kDay; // looked through again after the clock was set back unseen
 
 bool IsOnDesk(const LedgerRow& row) {
     return row.State == LedgerState::Shown || row.State == LedgerState::Listed;
@@ -54,6 +55,7 @@ bool Scheduler::Load() {
     }
     WrittenProgress = Passed;
     Loaded = true;
+    JustLoaded = true;
     return true;
 }
 
@@ -69,6 +71,9 @@ void Scheduler::Keep(const LedgerRow& row) {
 }
 
 bool Scheduler::Commit(const std::vector<LedgerRow>& rows, std::optional<Moment> passed, Moment now) {
+    if (!passed && Unwritten.empty()) {
+        passed = Passed; // no row may be newer than the progress: else a clock that was set back goes unnoticed
+    }
     if (WriteGoingBack() && Store.Commit(rows, passed)) {
         FailingSince.reset();
         for (const LedgerRow& row : rows) {
@@ -197,7 +202,13 @@ bool Scheduler::FollowClock(Moment now) {
     FollowZone(now);
     if (now < *Passed) {
         GoBack(now);
+        if (JustLoaded) {
+            // Set back while nobody was awake: how long ago cannot be told.
+            Passed = now - kUnknownTime;
+            PassedWall = Store.ToWall(*Passed);
+        }
     }
+    JustLoaded = false;
     ShortenSnoozes(now);
     // Waits a while for the ledger to forget what is to come again.
     return !WentBackTo || Commit({}, std::nullopt, now) || now - *FailingSince >= kPatience;

@@ -67,6 +67,7 @@ class Scheduler {
     IReminderStore& Store;
     IDesk& Desk;
     bool Loaded = false;
+    bool JustLoaded = false;
     std::optional<Moment> Passed;     // everything due up to here is entered
     std::int64_t PassedWall = 0;      // as the device's clock showed it
     std::optional<Moment> WentBackTo; // and the ledger does not know yet

@@ -149,6 +149,12 @@ void SimulatedDesk::TakeBack(std::uint32_t card) {
     Ending.Step();
 }
 
+bool SimulatedDesk::Holds(const ReminderKey& key) const {
+    return std::any_of(Cards.begin(), Cards.end(), [&key](const auto& card) {
+        return std::find(card.second.begin(), card.second.end(), key) != card.second.end();
+    });
+}
+
 void SimulatedDesk::Restart() {
     Cards.clear();
     ++Generation;

@@ -108,6 +108,7 @@ class SimulatedDesk final : public IDesk {
 
     void OpenItem(std::int32_t) override {}
 
+    bool Holds(const ReminderKey& key) const;
     // The session ends: all cards are gone.
     void Restart();
 

@@ -72,9 +72,7 @@ void Simulation::KillService() {
     for (auto& [key, life] : Lives) {
         const auto row = Store.Ledger.find(key);
         const LedgerState state = row == Store.Ledger.end() ? LedgerState::Due : row->second.State;
-        const bool onDesk = std::any_of(Desk.Cards.begin(), Desk.Cards.end(), [&key = key](const auto& card) {
-            return std::find(card.second.begin(), card.second.end(), key) != card.second.end();
-        });
+        const bool onDesk = Desk.Holds(key);
         life.Undecided = life.Undecided || (onDesk && state == LedgerState::Offering);
         // An answer that was not written is as if it had not been given.
         const bool willComeAgain = state == LedgerState::Snoozed || (state == LedgerState::Offering && !onDesk);
@@ -205,6 +203,7 @@ void Simulation::JumpClock(Moment by) {
 // Listed only, and its time is to come again as the service sees it: then the list does not count.
 void Simulation::ReopenLists() {
     for (auto& [key, life] : Lives) {
+        life.Reopened = life.Reopened || !life.Shown;
         if (!life.Shown && key.Due > WallNow()) {
             life.Listed = false;
         }
@@ -287,7 +286,7 @@ void Simulation::NoteSeen(const CardLine& line, CardKind kind) {
         ++(line.Again ? Result.PutUpAgain : Result.Doubled);
     } else if (life.Undecided && !snoozeIsOver) {
         ++(line.Again ? Result.DoubledAllowed : Result.Doubled);
-    } else if (!snoozeIsOver) {
+    } else if (!snoozeIsOver && (listed || life.Shown || !life.Reopened)) {
         ++Result.Doubled;
     }
     life.Shown = life.Shown || !listed;
@@ -307,6 +306,8 @@ void Simulation::Judge() {
             return;
         }
         Life& life = Lives[key];
+        // A list that a desktop out of order could not shorten still holds it.
+        life.Listed = life.Listed || Desk.Holds(key);
         const bool waits = life.SnoozedUntil != 0 && life.SnoozedUntil <= Now;
         if ((!life.Shown && !life.Listed) || waits || life.Gone) {
             ++Result.Lost;
