@@ -189,6 +189,10 @@ class IPOutlookApp : public IUnknown {
     virtual Status GetUndoName(std::u16string& name) = 0;
     // Takes back the newest group that was not undone yet. `restored` gets the OIDs it touched.
     virtual Status Undo(std::vector<Oid>& restored) = 0;
+    // The same in steps, for a large group: begins, and says how many steps there are. No other change is taken until
+    // End makes it final, which only succeeds after the last step, or Abandon leaves everything as it was.
+    virtual Status BeginUndo(std::int32_t& steps) = 0;
+    virtual Status StepUndo() = 0; // False when there is nothing left to take back
 
     virtual ITagMirror& Tags() = 0; // valid while this object lives
 };

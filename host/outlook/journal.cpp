@@ -120,15 +120,22 @@ Status Journal::ReadChangeBefore(std::int64_t group, std::int64_t& step, std::op
     return query.Result();
 }
 
+Status Journal::CountSteps(std::int64_t group, std::int32_t& count) {
+    Query query(Source, "SELECT coalesce(sum(last_oid - oid + 1), 0) FROM journal_change WHERE group_id = ?");
+    if (query.Bind(group).Next()) {
+        count = query.Small(0);
+    }
+    return query.Result();
+}
+
+Status Journal::DropChange(std::int64_t group, std::int64_t step) {
+    Query drop(Source, "DELETE FROM journal_change WHERE group_id = ? AND step = ?");
+    return drop.Bind(group).Bind(step).Finish();
+}
+
 Status Journal::MarkUndone(std::int64_t group) {
     Query mark(Source, "UPDATE journal_group SET undone = 1 WHERE id = ?");
-    Status status = mark.Bind(group).Finish();
-    if (Succeeded(status)) {
-        // There is no way forward again: the pictures are of no more use.
-        Query drop(Source, "DELETE FROM journal_change WHERE group_id = ?");
-        status = drop.Bind(group).Finish();
-    }
-    return status;
+    return mark.Bind(group).Finish();
 }
 
 } // namespace tavo::outlook

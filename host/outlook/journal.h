@@ -60,6 +60,10 @@ class Journal {
     Status FindUndoable(std::int64_t& group, std::u16string& name);
     // Newest change first, one at a time: `step` is where the last one was, and starts as kNewestStep.
     Status ReadChangeBefore(std::int64_t group, std::int64_t& step, std::optional<JournalChange>& change);
+    // How many items and tags its changes are about.
+    Status CountSteps(std::int64_t group, std::int32_t& count);
+    // A change that was taken back is of no more use.
+    Status DropChange(std::int64_t group, std::int64_t step);
     Status MarkUndone(std::int64_t group);
 
     static constexpr std::int64_t kNewestStep = INT64_MAX;

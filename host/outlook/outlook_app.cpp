@@ -46,7 +46,7 @@ Status OutlookApp::Logoff() {
     if (!Open) {
         return Status::False;
     }
-    const Status status = Open->Core.InGroup() ? Open->Core.AbandonGroup() : Status::Ok;
+    const Status status = Open->Core.HasBegun() ? Open->Core.AbandonGroup() : Status::Ok;
     Open.Reset();
     return status;
 }
@@ -103,6 +103,14 @@ Status OutlookApp::GetUndoName(std::u16string& name) {
 
 Status OutlookApp::Undo(std::vector<Oid>& restored) {
     return Open ? Open->Core.Undo(restored) : Status::Unexpected;
+}
+
+Status OutlookApp::BeginUndo(std::int32_t& steps) {
+    return Open ? Open->Core.BeginUndo(steps) : Status::Unexpected;
+}
+
+Status OutlookApp::StepUndo() {
+    return Open ? Open->Core.StepUndo() : Status::Unexpected;
 }
 
 ITagMirror& OutlookApp::Tags() {

@@ -22,6 +22,8 @@ class OutlookApp final : public RefCounted<IPOutlookApp> {
     Status Abandon() override;
     Status GetUndoName(std::u16string& name) override;
     Status Undo(std::vector<Oid>& restored) override;
+    Status BeginUndo(std::int32_t& steps) override;
+    Status StepUndo() override;
     ITagMirror& Tags() override;
 
     StorePtr Source() const { return Open ? Open->Source : nullptr; }

@@ -7,13 +7,13 @@
 namespace tavo::outlook {
 
 StoreCore::~StoreCore() {
-    if (GroupOpen) {
+    if (HasBegun()) {
         (void)AbandonGroup(); // nobody is left to hear of a failure
     }
 }
 
 Status StoreCore::BeginGroup(std::u16string_view name) {
-    if (GroupOpen) {
+    if (HasBegun()) {
         return Status::Unexpected;
     }
     if (!CanWrite) {
@@ -65,6 +65,9 @@ Status StoreCore::CommitGroup() {
 }
 
 Status StoreCore::EndGroup() {
+    if (TakingBack) {
+        return EndUndo();
+    }
     if (!GroupOpen) {
         return Status::Unexpected;
     }
@@ -82,6 +85,9 @@ Status StoreCore::EndGroup() {
 }
 
 Status StoreCore::AbandonGroup() {
+    if (TakingBack) {
+        return AbandonUndo();
+    }
     if (!GroupOpen) {
         return Status::Unexpected;
     }

@@ -14,6 +14,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace tavo::outlook {
@@ -34,10 +35,13 @@ class StoreCore {
     StoreCore(const StoreCore&) = delete;
     StoreCore& operator=(const StoreCore&) = delete;
 
-    // Groups do not nest: Unexpected.
+    // Groups do not nest: Unexpected. An undo in steps ends in the same way.
     Status BeginGroup(std::u16string_view name);
     Status EndGroup();
     Status AbandonGroup();
+
+    // A group, or an undo in steps.
+    bool HasBegun() const { return GroupOpen || TakingBack; }
 
     bool InGroup() const { return GroupOpen; }
 
@@ -55,6 +59,8 @@ class StoreCore {
 
     Status GetUndoName(std::u16string& name);
     Status Undo(std::vector<Oid>& restored);
+    Status BeginUndo(std::int32_t& steps);
+    Status StepUndo();
 
     // Runs statements in a transaction that is no group: the tag mirror, a change of zone.
     Status RunQuietly(const std::function<Status()>& work);
@@ -83,15 +89,31 @@ class StoreCore {
     TagMirror Tags;
 
   private:
+    // The group that is being taken back, newest change first.
+    struct UndoWork {
+        std::int64_t Group = 0;
+        std::int64_t Step = Journal::kNewestStep;
+        std::optional<JournalChange> Change; // what is left of the one under way
+        std::vector<Oid> Restored;           // in the order in which they were touched first
+        std::unordered_set<Oid> Known;       // the same
+        bool IsAtEnd = false;
+        bool IsBroken = false;
+    };
+
     Status CommitGroup();
     void ResetGroup();
     Status TakeOid(Oid& oid);
     Status SaveNextOid();
     Status CountItemChange();
-    Status UndoChange(const JournalChange& change, std::vector<Oid>& restored);
-    Status UndoCreated(const JournalChange& change, std::vector<Oid>& restored);
-    Status RestoreImage(const JournalChange& change, std::vector<Oid>& restored);
-    Status UndoTag(const JournalChange& change, std::vector<Oid>& restored);
+    Status FindGroupToUndo(std::int32_t& steps);
+    Status EndUndo();
+    Status AbandonUndo();
+    Status FinishChange();
+    Status UndoChange();
+    Status UndoCreated(Oid oid);
+    Status RestoreImage(const JournalChange& change);
+    Status UndoTag(const JournalChange& change);
+    void NoteRestored(Oid oid);
     Status WishTagBack(Oid oid, TagPlace place, bool set);
 
     SeriesCache Series;
@@ -103,6 +125,7 @@ class StoreCore {
     std::int64_t KnownItemCount = -1;
     bool ForeignChange = false;
     std::vector<Oid> Deleted; // in this group
+    std::optional<UndoWork> TakingBack;
     // Tags that the program took away just before it deletes their item in a group of its own.
     std::vector<std::pair<Oid, TagPlace>> JustUntagged;
     std::vector<IDeletionListener*> Listeners;

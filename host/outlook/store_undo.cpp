@@ -1,19 +1,9 @@
 // Taking back the newest group of changes.
 #include "host/outlook/store_core.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace tavo::outlook {
-
-namespace {
-
-void AddOnce(std::vector<Oid>& oids, Oid oid) {
-    if (std::find(oids.begin(), oids.end(), oid) == oids.end()) {
-        oids.push_back(oid);
-    }
-}
-
-} // namespace
 
 Status StoreCore::GetUndoName(std::u16string& name) {
     std::int64_t group = 0;
@@ -30,23 +20,24 @@ Status StoreCore::WishTagBack(Oid oid, TagPlace place, bool set) {
     return Tags.AddRequest(request);
 }
 
-Status StoreCore::UndoCreated(const JournalChange& change, std::vector<Oid>& restored) {
-    for (Oid oid = change.Last; oid >= change.First && oid > 0; --oid) {
-        const Status status = Items.Remove(oid);
-        if (Failed(status) && status != Status::NotFound) {
-            return status;
-        }
-        if (Succeeded(status)) {
-            restored.push_back(oid);
-            for (IDeletionListener* listener : Listeners) {
-                listener->OnItemDeleted(oid);
-            }
-        }
+void StoreCore::NoteRestored(Oid oid) {
+    if (TakingBack->Known.insert(oid).second) {
+        TakingBack->Restored.push_back(oid);
     }
-    return Status::Ok;
 }
 
-Status StoreCore::RestoreImage(const JournalChange& change, std::vector<Oid>& restored) {
+Status StoreCore::UndoCreated(Oid oid) {
+    const Status status = Items.Remove(oid);
+    if (Succeeded(status)) {
+        NoteRestored(oid);
+        for (IDeletionListener* listener : Listeners) {
+            listener->OnItemDeleted(oid);
+        }
+    }
+    return status == Status::NotFound ? Status::Ok : status;
+}
+
+Status StoreCore::RestoreImage(const JournalChange& change) {
     ItemImage image;
     if (!DecodeImage(change.Image, image) || image.Item.Item != change.First) {
         return Status::Corrupt;
@@ -71,66 +62,149 @@ Status StoreCore::RestoreImage(const JournalChange& change, std::vector<Oid>& re
             status = WishTagBack(item.Item, place, true);
         }
     }
-    AddOnce(restored, item.Item);
+    NoteRestored(item.Item);
     return status;
 }
 
-Status StoreCore::UndoTag(const JournalChange& change, std::vector<Oid>& restored) {
+Status StoreCore::UndoTag(const JournalChange& change) {
     TagPlace place;
     if (!DecodeTag(change.Image, place)) {
         return Status::Corrupt;
     }
-    AddOnce(restored, change.First);
+    NoteRestored(change.First);
     return WishTagBack(change.First, place, change.Kind == ChangeKind::TagRemoved);
 }
 
-Status StoreCore::UndoChange(const JournalChange& change, std::vector<Oid>& restored) {
+// Of a run of created items, one.
+Status StoreCore::UndoChange() {
+    JournalChange& change = *TakingBack->Change;
     switch (change.Kind) {
     case ChangeKind::Created:
-        return UndoCreated(change, restored);
+        return UndoCreated(change.Last--);
     case ChangeKind::Changed:
     case ChangeKind::Deleted:
-        return RestoreImage(change, restored);
+        return RestoreImage(change);
     case ChangeKind::TagInserted:
     case ChangeKind::TagRemoved:
-        return UndoTag(change, restored);
+        return UndoTag(change);
     }
     return Status::Corrupt;
 }
 
-Status StoreCore::Undo(std::vector<Oid>& restored) {
-    restored.clear();
-    if (GroupOpen) {
+// There is no way forward again: its picture is of no more use.
+Status StoreCore::FinishChange() {
+    const JournalChange& change = *TakingBack->Change;
+    if (change.Kind == ChangeKind::Created && change.Last >= change.First) {
+        return Status::Ok;
+    }
+    TakingBack->Change.reset();
+    return Changes.DropChange(TakingBack->Group, TakingBack->Step);
+}
+
+Status StoreCore::FindGroupToUndo(std::int32_t& steps) {
+    std::u16string name;
+    Status status = Changes.FindUndoable(TakingBack->Group, name);
+    if (Succeeded(status) && TakingBack->Group == 0) {
+        return Status::NotFound;
+    }
+    return Succeeded(status) ? Changes.CountSteps(TakingBack->Group, steps) : status;
+}
+
+Status StoreCore::BeginUndo(std::int32_t& steps) {
+    steps = 0;
+    if (HasBegun()) {
         return Status::Unexpected;
     }
-    const std::int64_t knownBefore = KnownItemCount;
-    const Status status = RunQuietly([&] {
-        std::int64_t group = 0;
-        std::u16string name;
-        Status steps = Changes.FindUndoable(group, name);
-        if (Succeeded(steps) && group == 0) {
-            return Status::NotFound;
-        }
-        std::int64_t step = Journal::kNewestStep;
-        std::optional<JournalChange> change;
-        while (Succeeded(steps)) {
-            steps = Changes.ReadChangeBefore(group, step, change);
-            if (Failed(steps) || !change) {
-                break;
-            }
-            steps = UndoChange(*change, restored);
-        }
-        if (Succeeded(steps)) {
-            steps = Changes.MarkUndone(group);
-        }
-        return Succeeded(steps) ? CountItemChange() : steps;
-    });
-    if (Failed(status)) {
-        restored.clear();
-        KnownItemCount = knownBefore;
-        Zones.Forget();
+    if (!CanWrite) {
+        return Status::AccessDenied;
     }
+    if (const Status status = Db.Run("BEGIN IMMEDIATE"); Failed(status)) {
+        return status;
+    }
+    TakingBack.emplace();
+    const Status status = FindGroupToUndo(steps);
+    if (Failed(status)) {
+        (void)AbandonUndo(); // why there is nothing to take back is what counts
+    }
+    return status;
+}
+
+Status StoreCore::StepUndo() {
+    if (!TakingBack) {
+        return Status::Unexpected;
+    }
+    if (TakingBack->IsBroken || !Db.InTransaction()) {
+        return Status::Fail; // only Abandon is left
+    }
+    ++OwnChanges;
+    Status status = Status::Ok;
+    if (!TakingBack->Change) {
+        status = Changes.ReadChangeBefore(TakingBack->Group, TakingBack->Step, TakingBack->Change);
+        if (Succeeded(status) && !TakingBack->Change) {
+            TakingBack->IsAtEnd = true;
+            return Status::False;
+        }
+    }
+    if (Succeeded(status)) {
+        status = UndoChange();
+    }
+    if (Succeeded(status)) {
+        status = FinishChange();
+    }
+    TakingBack->IsBroken = Failed(status);
+    return status;
+}
+
+Status StoreCore::EndUndo() {
+    if (!TakingBack->IsAtEnd || !Db.InTransaction()) {
+        (void)AbandonUndo(); // half of a group is not taken back
+        return Status::Fail;
+    }
+    const std::int64_t knownBefore = KnownItemCount;
+    Status status = Changes.MarkUndone(TakingBack->Group);
+    if (Succeeded(status)) {
+        status = CountItemChange();
+    }
+    if (Succeeded(status)) {
+        status = Db.Run("COMMIT");
+    }
+    if (Failed(status)) {
+        KnownItemCount = knownBefore;
+        (void)AbandonUndo(); // the failure of the commit is the one to report
+        return status;
+    }
+    TakingBack.reset();
     JustUntagged.clear();
+    return status;
+}
+
+Status StoreCore::AbandonUndo() {
+    TakingBack.reset();
+    ++OwnChanges;
+    JustUntagged.clear();
+    Zones.Forget();
+    return Db.InTransaction() ? Db.Run("ROLLBACK") : Status::Ok;
+}
+
+Status StoreCore::Undo(std::vector<Oid>& restored) {
+    restored.clear();
+    std::int32_t steps = 0;
+    Status status = BeginUndo(steps);
+    if (Failed(status)) {
+        return status;
+    }
+    do {
+        status = StepUndo();
+    } while (status == Status::Ok);
+    if (Failed(status)) {
+        (void)AbandonUndo(); // the failure of the step is the one to report
+        return status;
+    }
+    std::vector<Oid> touched = std::move(TakingBack->Restored);
+    status = EndUndo();
+    if (Succeeded(status)) {
+        restored = std::move(touched);
+    }
     return status;
 }
 

@@ -69,6 +69,10 @@ class StoreLink::LinkedApp final : public outlook::RefCounted<IPOutlookApp> {
 
     Status Undo(std::vector<Oid>& restored) override { return Store->Undo(restored); }
 
+    Status BeginUndo(std::int32_t& steps) override { return Store->BeginUndo(steps); }
+
+    Status StepUndo() override { return Store->StepUndo(); }
+
     ITagMirror& Tags() override { return Store->Tags(); }
 
   private:

@@ -109,6 +109,10 @@ class OutlookProbe final : public IPOutlookApp {
 
     Status Undo(std::vector<Oid>& restored) override { return Real ? Real->Undo(restored) : Status::NotFound; }
 
+    Status BeginUndo(std::int32_t& steps) override { return Real ? Real->BeginUndo(steps) : Status::NotFound; }
+
+    Status StepUndo() override { return Real ? Real->StepUndo() : Status::Unexpected; }
+
     ITagMirror& Tags() override { return Mirror; }
 
     // A pointer that a session may hold as its own.
