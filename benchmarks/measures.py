@@ -17,6 +17,7 @@ from editor_measures import measure_editor
 from ink_measures import measure_ink
 from list_measures import FIRST_DAY, measure_lists
 from processes import Cost, compare, median, measure, run
+from reminder_measures import measure_reminders
 from report import Report
 from window_measures import MONTH_CHANGES, measure_window
 
@@ -38,7 +39,7 @@ MONTH = (datetime.date(2025, 3, 1), datetime.date(2025, 3, 31))
 def build():
     options = ["-DCMAKE_BUILD_TYPE=Release", "-DTAVO_BENCHMARKS=ON", "-DTAVO_TESTS=OFF"]
     run(["cmake", "-S", str(ROOT), "-B", str(BUILD), "-G", "Ninja", *options])
-    targets = ["products", "tavo-generate", "tavo-parse-whole", "tavo-month-window", "tavo-ink-costs",
+    targets = ["products", "tavo-next-reminder", "tavo-notification-service", "tavo-generate", "tavo-parse-whole", "tavo-month-window", "tavo-ink-costs",
                "tavo-list-costs"]
     run(["cmake", "--build", str(BUILD), "--target", *targets])
     # These need Qt, as the window does.
@@ -226,6 +227,7 @@ def measure_all(report, folder, items):
         measure_day_menu(report, device, folder, BIN)
         measure_editor(report, device, BIN)  # changes an item
     measure_lists(report, device, folder, BIN, seconds_of(datetime.date(*FIRST_DAY)))
+    measure_reminders(report, device, BIN)
 
 
 def main():

@@ -1,0 +1,58 @@
+// Processor time, in milliseconds, for finding the next due reminder after a change by another process: 21 times.
+#include "host/outlook/store.h"
+#include "host/outlook/store_core.h"
+#include "host/reminders/reminder_finder.h"
+
+#include <cstdio>
+#include <ctime>
+#include <sqlite3.h>
+
+namespace {
+
+constexpr int kChanges = 21;
+
+double ProcessorMilliseconds() {
+    struct timespec time {};
+
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+// As another process would: the count of changes of items goes up.
+bool ChangeFromOutside(const char* path) {
+    sqlite3* database = nullptr;
+    const bool changed = sqlite3_open(path, &database) == SQLITE_OK &&
+                         sqlite3_exec(database, "UPDATE change_count SET count = count + 1 WHERE kind = 'items'",
+                                      nullptr, nullptr, nullptr) == SQLITE_OK;
+    sqlite3_close(database);
+    return changed;
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    using namespace tavo;
+    outlook::StorePtr store;
+    if (count != 2 || Failed(outlook::OpenStore(arguments[1], {}, store))) {
+        std::fprintf(stderr, "usage: tavo-next-reminder STORE\n");
+        return 1;
+    }
+    (void)store->Core().Db.Run("PRAGMA cache_size=-512"); // as the companion has it
+    reminders::ReminderFinder finder(store->Core());
+    // The middle of the ten years, where most is still to come.
+    const reminders::Moment now = outlook::MakeTime(2025, 3, 14, 12);
+    for (int change = 0; change < kChanges; ++change) {
+        if (!ChangeFromOutside(arguments[1])) {
+            return 1;
+        }
+        const double begin = ProcessorMilliseconds();
+        std::optional<reminders::Moment> next;
+        if (Failed(finder.FindNext(now, next)) || !next) {
+            std::fprintf(stderr, "no reminder was found\n");
+            return 1;
+        }
+        std::printf("%.3f\n", ProcessorMilliseconds() - begin);
+        sqlite3_db_release_memory(store->Core().Db.Raw()); // likewise
+    }
+    return 0;
+}

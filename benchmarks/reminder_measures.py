@@ -1,0 +1,126 @@
+"""What the waiting companion costs, and how soon it shows a reminder."""
+
+import os
+import re
+import shutil
+import subprocess
+import time
+from pathlib import Path
+
+from processes import run
+
+EPOCH_DAY = 25569  # 1970-01-01 in the store's count of days
+IDLE_SECONDS = 60
+MEGABYTE = 1024
+PSS_MEGABYTES = 25
+WAKE_UPS_A_MINUTE = 1
+NEXT_DUE_MILLISECONDS = 10
+SHOWN_MILLISECONDS = 200
+SETTLE_SECONDS = 3
+PATIENCE_SECONDS = 30
+REMINDER_SECONDS_AHEAD = 4
+REPORTS = 5
+
+
+def pss_megabytes(process):
+    text = Path(f"/proc/{process}/smaps_rollup").read_text()
+    return int(re.search(r"^Pss:\s+(\d+)", text, re.M).group(1)) / MEGABYTE
+
+
+def wake_ups(process):
+    text = Path(f"/proc/{process}/status").read_text()
+    return int(re.search(r"^voluntary_ctxt_switches:\s+(\d+)", text, re.M).group(1))
+
+
+def idle_wake_ups(process):
+    before = wake_ups(process)
+    time.sleep(IDLE_SECONDS)
+    return (wake_ups(process) - before) * 60 / IDLE_SECONDS
+
+
+class Bus:
+    """A session bus of its own, watched from outside."""
+
+    def __enter__(self):
+        self.daemon = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=1"],
+                                       stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        self.address = self.daemon.stdout.readline().strip()
+        return self
+
+    def __exit__(self, *_):
+        self.daemon.terminate()
+        self.daemon.wait()
+
+
+def next_due_milliseconds(folder, store):
+    numbers = [float(line) for line in run([str(folder / "tavo-next-reminder"), str(store)]).split()]
+    return sorted(numbers)[len(numbers) // 2]
+
+
+def add_reminder(store, seconds_ahead):
+    """An item that reminds at its start, a whole second from now; gives that second since 1970."""
+    due = int(time.time()) + seconds_ahead
+    start = due + EPOCH_DAY * 86400
+    sql = ("PRAGMA busy_timeout=5000; BEGIN IMMEDIATE;"
+           " INSERT INTO item(oid, start, length, flags, busy, sensitivity, reminder_minutes, reminder_options,"
+           " reminder_sound, subject, location, categories, body) SELECT value, "
+           f"{start}, 600, 2, 2, 0, 0, 5, '', 'Bench', '', '', '' FROM setting WHERE name = 'next_oid';"
+           f" INSERT INTO plain(span, start, oid, length) SELECT 0, {start}, value, 600 FROM setting"
+           " WHERE name = 'next_oid'; UPDATE setting SET value = value + 1 WHERE name = 'next_oid';"
+           " UPDATE change_count SET count = count + 1 WHERE kind = 'items'; COMMIT;")
+    run(["sqlite3", str(store), sql])
+    return due
+
+
+def start_companion(device, folder, address):
+    environment = {**device.environment, "DBUS_SESSION_BUS_ADDRESS": address, "TZ": "UTC",
+                   "QT_QPA_PLATFORM": "offscreen"}
+    return subprocess.Popen([str(folder / "RSound")], env=environment, stdout=subprocess.DEVNULL,
+                            stderr=subprocess.DEVNULL)
+
+
+def wait_for_notification(monitor, due):
+    """Milliseconds from the due second to the call of Notify as the bus saw it."""
+    end = time.monotonic() + PATIENCE_SECONDS
+    while time.monotonic() < end:
+        line = monitor.stdout.readline()
+        found = re.search(r"time=(\d+\.\d+).*member=Notify", line)
+        if found and float(found.group(1)) >= due:
+            return (float(found.group(1)) - due) * 1e3
+    raise RuntimeError("no notification came")
+
+
+def measure_reminders(report, device, folder):
+    """The companion on the whole calendar; nothing where the bus is not at hand."""
+    if not (os.access(folder / "RSound", os.X_OK) and shutil.which("dbus-daemon") and shutil.which("dbus-monitor")):
+        report.note("The companion, dbus-daemon or dbus-monitor is missing: reminders are not measured.")
+        return
+    report.section(f"Reminders with {device.items:,} items")
+    report.figure("next due reminder after a change, processor time in ms",
+                  next_due_milliseconds(folder, device.store), NEXT_DUE_MILLISECONDS, "median of 21 changes")
+    with Bus() as bus:
+        monitor = subprocess.Popen(
+            ["dbus-monitor", "--address", bus.address, "interface='org.freedesktop.Notifications'"],
+            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        service = subprocess.Popen([str(folder / "tavo-notification-service"), bus.address])
+        companion = start_companion(device, folder, bus.address)
+        try:
+            time.sleep(SETTLE_SECONDS)
+            report.figure("companion, memory before ringing in MB (PSS)", pss_megabytes(companion.pid), PSS_MEGABYTES,
+                          "")
+            report.figure("companion, wake-ups a minute before ringing", idle_wake_ups(companion.pid),
+                          WAKE_UPS_A_MINUTE, f"over {IDLE_SECONDS} s")
+            late = []
+            for _ in range(REPORTS):
+                late.append(wait_for_notification(monitor, add_reminder(device.store, REMINDER_SECONDS_AHEAD)))
+            report.figure("a reminder is shown, ms after it is due, the worst", max(late), SHOWN_MILLISECONDS,
+                          f"of {REPORTS}; the best {min(late):.0f} ms")
+            time.sleep(SETTLE_SECONDS)
+            report.figure("companion, memory after ringing in MB (PSS)", pss_megabytes(companion.pid), PSS_MEGABYTES,
+                          "")
+            report.figure("companion, wake-ups a minute after ringing", idle_wake_ups(companion.pid),
+                          WAKE_UPS_A_MINUTE, f"over {IDLE_SECONDS} s")
+        finally:
+            for process in (companion, service, monitor):
+                process.terminate()
+                process.wait()
