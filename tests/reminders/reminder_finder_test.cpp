@@ -1,0 +1,122 @@
+// Which reminders the store holds, and when each is due.
+#include "host/reminders/reminder_finder.h"
+#include "tests/outlook/store_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace tavo::reminders::test {
+namespace {
+
+using outlook::test::At;
+using outlook::test::TextOf;
+
+class ReminderFinder : public outlook::test::StoreTest {
+  protected:
+    void GivenReminder(Oid oid, int minutes) {
+        const ComPtr<IAppointment> item = Get(oid);
+        ASSERT_EQ(item->put_ReminderSet(true), Status::Ok);
+        ASSERT_EQ(item->put_ReminderMinutesBeforeStart(minutes), Status::Ok);
+        ASSERT_EQ(item->Save(), Status::Ok);
+    }
+
+    std::vector<std::string> Due(const std::string& after, const std::string& upTo) {
+        std::vector<std::string> found;
+        reminders::ReminderFinder finder(Store->Core());
+        EXPECT_EQ(finder.FindDue(At(after), At(upTo),
+                                 [&](const DueReminder& reminder) { found.push_back(TextOf(reminder.At)); }),
+                  Status::Ok);
+        return found;
+    }
+
+    // In universal time.
+    std::string Next(const std::string& after) {
+        std::optional<Moment> next;
+        reminders::ReminderFinder finder(Store->Core());
+        EXPECT_EQ(finder.FindNext(At(after), next), Status::Ok);
+        return next ? TextOf(*next) : "none";
+    }
+};
+
+TEST_F(ReminderFinder, ALeadOfFortyDaysIsFound) {
+    GivenReminder(Add("2026-06-01 09:00", "2026-06-01 10:00"), 40 * 24 * 60);
+    EXPECT_EQ(Next("2026-01-01 00:00"), "2026-04-22 09:00");
+    EXPECT_EQ(Next("2026-04-22 08:59"), "2026-04-22 09:00");
+    EXPECT_EQ(Next("2026-04-22 09:00"), "none");
+}
+
+TEST_F(ReminderFinder, TheNextOneMayHaveALaterStart) {
+    GivenReminder(Add("2026-06-01 09:00", "2026-06-01 10:00"), 5);
+    GivenReminder(Add("2026-06-03 09:00", "2026-06-03 10:00"), 3 * 24 * 60);
+    EXPECT_EQ(Next("2026-05-30 00:00"), "2026-05-31 09:00");
+    EXPECT_EQ(Next("2026-05-31 09:00"), "2026-06-01 08:55");
+}
+
+TEST_F(ReminderFinder, OccurrencesRemindEach) {
+    GivenReminder(AddSeries("2026-06-01 09:00", "2026-06-01 10:00", outlook::test::Daily(2)), 15);
+    EXPECT_EQ(Due("2026-06-01 00:00", "2026-06-06 00:00"),
+              (std::vector<std::string>{"2026-06-01 08:45", "2026-06-03 08:45", "2026-06-05 08:45"}));
+    EXPECT_EQ(Next("2030-01-01 00:00"), "2030-01-01 08:45");
+}
+
+TEST_F(ReminderFinder, AnItemWithoutAReminderIsNotFound) {
+    Add("2026-06-01 09:00", "2026-06-01 10:00");
+    EXPECT_EQ(Next("2026-01-01 00:00"), "none");
+}
+
+TEST_F(ReminderFinder, HalfAnHourIsHalfAnHourWhereTheClockChangesInBetween) {
+    Reopen("Europe/Berlin");
+    // At two the clock goes to three.
+    GivenReminder(Add("2026-03-29 03:15", "2026-03-29 04:00"), 30);
+    EXPECT_EQ(Next("2026-03-28 00:00"), "2026-03-29 00:45");
+}
+
+TEST_F(ReminderFinder, ADayBeforeIsTheSameTimeOfDayWhereTheClockChangesInBetween) {
+    Reopen("Europe/Berlin");
+    GivenReminder(Add("2026-03-29 09:00", "2026-03-29 10:00"), 24 * 60);
+    EXPECT_EQ(Next("2026-03-27 00:00"), "2026-03-28 08:00"); // nine o'clock in winter
+    GivenReminder(Add("2026-10-25 09:00", "2026-10-25 10:00"), 24 * 60);
+    EXPECT_EQ(Next("2026-10-20 00:00"), "2026-10-24 07:00"); // and in summer
+}
+
+TEST_F(ReminderFinder, AMovedItemsOldReminderStandsNoMore) {
+    const Oid oid = Add("2026-06-01 09:00", "2026-06-01 10:00");
+    GivenReminder(oid, 15);
+    const ReminderKey key{oid, 0, At("2026-06-01 08:45")};
+    reminders::ReminderFinder finder(Store->Core());
+    std::optional<ReminderText> text;
+    ASSERT_EQ(finder.Describe(key, text), Status::Ok);
+    ASSERT_TRUE(text.has_value());
+    EXPECT_EQ(text->Title, "Item");
+    EXPECT_EQ(TextOf(text->StartWall), "2026-06-01 09:00");
+    const ComPtr<IAppointment> item = Get(oid);
+    ASSERT_EQ(item->put_Start(outlook::test::DateAt("2026-06-01 09:30")), Status::Ok);
+    ASSERT_EQ(item->Save(), Status::Ok);
+    ASSERT_EQ(finder.Describe(key, text), Status::Ok);
+    EXPECT_FALSE(text.has_value());
+}
+
+TEST_F(ReminderFinder, ACancelledOccurrenceDoesNotRemind) {
+    const Oid oid = AddSeries("2026-06-01 09:00", "2026-06-01 10:00", outlook::test::Daily());
+    GivenReminder(oid, 15);
+    const ComPtr<IPOutlookItemCollection> items = Restrict(u"[Start] >= 6/2/2026 and [Start] <= 6/2/2026");
+    ASSERT_EQ(items->put_IncludeRecurrences(true), Status::Ok);
+    ComPtr<IAppointment> second;
+    ASSERT_EQ(items->Item(1, second), Status::Ok);
+    ASSERT_EQ(second->Delete(), Status::Ok);
+    EXPECT_EQ(Due("2026-06-01 00:00", "2026-06-04 00:00"),
+              (std::vector<std::string>{"2026-06-01 08:45", "2026-06-03 08:45"}));
+}
+
+TEST_F(ReminderFinder, OneWhoseTimeIsOverAndWhoseStartIsAheadIsOwed) {
+    GivenReminder(Add("2026-06-01 09:00", "2026-06-01 10:00"), 60);
+    GivenReminder(Add("2026-06-01 08:00", "2026-06-01 10:00"), 60);
+    std::vector<std::string> found;
+    reminders::ReminderFinder finder(Store->Core());
+    ASSERT_EQ(finder.FindAhead(At("2026-06-01 08:30"),
+                               [&](const DueReminder& reminder) { found.push_back(TextOf(reminder.Start)); }),
+              Status::Ok);
+    EXPECT_EQ(found, std::vector<std::string>{"2026-06-01 09:00"});
+}
+
+} // namespace
+} // namespace tavo::reminders::test
