@@ -65,6 +65,10 @@ struct LedgerRow {
     std::string Title;      // for the log, when the item is gone
     friend bool operator==(const LedgerRow&, const LedgerRow&) = default;
 
+    bool IsOnDesk() const { return State == LedgerState::Shown || State == LedgerState::Listed; }
+
+    bool Waits() const { return !IsOnDesk() && !IsFinal(State); }
+
     // When it has to be shown.
     Moment OwedAt() const { return Until != 0 ? Until : At; }
 };

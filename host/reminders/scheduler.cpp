@@ -1,4 +1,4 @@
-// The way of a reminder: entered as due, offered to the desk, shown or listed, answered.
+// Following clock and zone, entering what is due, and keeping to the ledger.
 #include "host/reminders/scheduler.h"
 
 #include <algorithm>
@@ -11,28 +11,13 @@ constexpr Moment kPiece = 31 * kDay;      // a clock that jumped over years is f
 constexpr Moment kProgressPeriod = kHour; // how far the written progress may lie behind
 constexpr Moment kShortRetry = 1;         // while the store was refused to us for a moment only
 constexpr Moment kLongRetry = kMinute / 2;
-constexpr Moment kNobodyTookIt = kMinute;
 constexpr Moment kLongestSleep = kDay;
 constexpr Moment kUnknownTime = 3 * kDay; // looked through again after the clock was set back unseen
-
-bool IsOnDesk(const LedgerRow& row) {
-    return row.State == LedgerState::Shown || row.State == LedgerState::Listed;
-}
-
-bool Waits(const LedgerRow& row) {
-    return !IsOnDesk(row) && !IsFinal(row.State);
-}
 
 // Never shown by itself, so that it may come at its time without coming twice.
 bool MayComeAnew(const LedgerRow& row, Moment now, std::int64_t wall) {
     // By its own clock too: it may have been entered in another zone.
     return (row.At > now || row.Key.Due > wall) && row.Shows == 0 && row.State != LedgerState::Offering;
-}
-
-void SortByStart(std::vector<CardLine>& lines) {
-    std::stable_sort(lines.begin(), lines.end(), [](const CardLine& left, const CardLine& right) {
-        return left.Text.StartWall < right.Text.StartWall;
-    });
 }
 
 } // namespace
@@ -48,7 +33,7 @@ bool Scheduler::Load() {
         PassedWall = progress->Wall;
     }
     for (LedgerRow& row : rows) {
-        if (IsOnDesk(row)) {
+        if (row.IsOnDesk()) {
             Inherited.insert(row.Key);
         }
         Open.insert_or_assign(row.Key, std::move(row));
@@ -60,7 +45,7 @@ bool Scheduler::Load() {
 }
 
 void Scheduler::Keep(const LedgerRow& row) {
-    if (!IsOnDesk(row)) {
+    if (!row.IsOnDesk()) {
         Inherited.erase(row.Key);
     }
     if (IsFinal(row.State) && !Unwritten.contains(row.Key)) {
@@ -249,175 +234,11 @@ bool Scheduler::Enter(Moment now) {
     return Store.FindAhead(now, found) && EnterFound(found, std::nullopt, now, now);
 }
 
-bool Scheduler::CheckStanding(Moment now) {
-    std::map<std::uint32_t, std::vector<LedgerRow>> gone; // by card
-    for (const auto& [key, row] : Open) {
-        std::optional<ReminderText> text;
-        if (!IsOnDesk(row)) {
-            continue;
-        }
-        if (!Store.Describe(key, text)) {
-            return false;
-        }
-        if (!text) {
-            gone[row.Service == Desk.Service() ? row.Card : 0].push_back(row);
-        }
-    }
-    for (auto& [card, rows] : gone) {
-        for (LedgerRow& row : rows) {
-            row.State = LedgerState::Withdrawn;
-        }
-        if (card != 0 && !ShrinkCard(card, rows, now)) {
-            return false;
-        }
-        Record(rows, now);
-    }
-    return true;
-}
-
-bool Scheduler::ShrinkCard(std::uint32_t number, const std::vector<LedgerRow>& gone, Moment now) {
-    Card card;
-    std::vector<LedgerRow> left;
-    for (const auto& [key, row] : Open) {
-        const bool goes =
-            std::any_of(gone.begin(), gone.end(), [&key = key](const LedgerRow& one) { return one.Key == key; });
-        if (goes || !IsOnDesk(row) || row.Card != number) {
-            continue;
-        }
-        std::optional<ReminderText> text;
-        if (!Store.Describe(key, text)) {
-            return false;
-        }
-        if (text) {
-            card.Lines.push_back({key, *text, Inherited.contains(key)});
-            left.push_back(row);
-        }
-    }
-    if (left.empty()) {
-        Desk.TakeBack(number);
-    } else {
-        SortByStart(card.Lines);
-        card.Kind = left.front().State == LedgerState::Listed ? CardKind::Missed : CardKind::Many;
-        const std::optional<std::uint32_t> taken = Desk.Show(card, number);
-        for (LedgerRow& row : left) {
-            row.Card = taken.value_or(row.Card);
-        }
-        Record(left, now);
-    }
-    if (RingingCard == number && left.empty()) {
-        Desk.StopRinging();
-    }
-    return true;
-}
-
-bool Scheduler::Collect(Moment now, Collected& collected) {
-    const std::string service = Desk.Service();
-    std::vector<LedgerRow> withdrawn;
-    for (const auto& [key, row] : Open) {
-        const bool owed = Waits(row) && row.OwedAt() <= now;
-        const bool lost = IsOnDesk(row) && row.Service != service;
-        const bool stays = row.State == LedgerState::Listed && !lost;
-        if (!owed && !lost && !stays) {
-            continue;
-        }
-        CardLine line;
-        line.Key = key;
-        std::optional<ReminderText> text;
-        if (!Store.Describe(key, text)) {
-            return false;
-        }
-        if (!text) {
-            // One that was not shown yet waits: an undo may bring its item back.
-            if (lost) {
-                withdrawn.push_back(row);
-                withdrawn.back().State = LedgerState::Withdrawn;
-            }
-            continue;
-        }
-        line.Text = std::move(*text);
-        line.Again = lost || row.State == LedgerState::Offering || (stays && Inherited.contains(key));
-        if (stays) {
-            collected.Listed.push_back(std::move(line));
-        } else if (lost || now - row.OwedAt() > kGrace) {
-            collected.Missed.push_back(std::move(line));
-            collected.MissedRings = collected.MissedRings || !lost;
-        } else {
-            collected.Fresh.push_back(std::move(line));
-        }
-    }
-    if (!withdrawn.empty()) {
-        Record(withdrawn, now);
-    }
-    return true;
-}
-
-bool Scheduler::Present(Moment now) {
-    NextTry.reset();
-    Collected collected;
-    if (!Collect(now, collected)) {
-        return false;
-    }
-    if (!collected.Missed.empty() && !PresentMissed(collected, now)) {
-        return false;
-    }
-    SortByStart(collected.Fresh);
-    if (collected.Fresh.size() > kMostSingleCards) {
-        return ShowCard({CardKind::Many, std::move(collected.Fresh)}, 0, true, now);
-    }
-    for (CardLine& line : collected.Fresh) {
-        if (!ShowCard({CardKind::Single, {std::move(line)}}, 0, true, now)) {
-            return false;
-        }
-    }
-    return true;
-}
-
-// There is one list: what stands in it already stays, and the new one takes the old one's place.
-bool Scheduler::PresentMissed(Collected& collected, Moment now) {
-    const std::uint32_t replaced = collected.Listed.empty() ? 0 : Open.at(collected.Listed.front().Key).Card;
-    Card card{CardKind::Missed, std::move(collected.Missed)};
-    card.Lines.insert(card.Lines.end(), collected.Listed.begin(), collected.Listed.end());
-    SortByStart(card.Lines);
-    return ShowCard(card, replaced, collected.MissedRings, now);
-}
-
-bool Scheduler::ShowCard(const Card& card, std::uint32_t replaced, bool rings, Moment now) {
-    std::vector<LedgerRow> before;
-    std::vector<LedgerRow> rows;
-    for (const CardLine& line : card.Lines) {
-        before.push_back(Open.at(line.Key));
-        rows.push_back(before.back());
-        rows.back().State = LedgerState::Offering;
-        rows.back().Shows += card.Kind == CardKind::Missed ? 0 : 1; // counted before: it may be all that is left of us
-        rows.back().Title = line.Text.Title;
-    }
-    if (!Announce(rows, std::nullopt, now)) {
-        return false;
-    }
-    const std::optional<std::uint32_t> taken = Desk.Show(card, replaced);
-    if (!taken) {
-        Record(before, now); // nobody saw it
-        NextTry = now + kNobodyTookIt;
-        return true;
-    }
-    for (LedgerRow& row : rows) {
-        row.State = card.Kind == CardKind::Missed ? LedgerState::Listed : LedgerState::Shown;
-        row.Card = *taken;
-        row.Service = Desk.Service();
-    }
-    Record(rows, now);
-    if (rings) {
-        RingingCard = *taken;
-        Desk.Ring(card);
-    }
-    return true;
-}
-
 void Scheduler::Take(std::uint32_t card, Answer answer, int snooze, Moment now) {
     const std::string service = Desk.Service();
     std::vector<LedgerRow> rows;
     for (const auto& [key, row] : Open) {
-        if (IsOnDesk(row) && row.Card == card && row.Service == service) {
+        if (row.IsOnDesk() && row.Card == card && row.Service == service) {
             rows.push_back(row);
             rows.back().State = answer == Answer::Snooze ? LedgerState::Snoozed : LedgerState::Dismissed;
             rows.back().Until = answer == Answer::Snooze ? now + snooze * kMinute : row.Until;
@@ -465,7 +286,7 @@ Moment Scheduler::NextCall(Moment now, bool done) {
         call = std::min(call, std::max(*NextTry, now + kShortRetry));
     }
     for (const auto& [key, row] : Open) {
-        if (Waits(row) && row.OwedAt() > now) {
+        if (row.Waits() && row.OwedAt() > now) {
             call = std::min(call, row.OwedAt());
         }
     }

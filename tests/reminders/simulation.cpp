@@ -308,6 +308,9 @@ void Simulation::Judge() {
         Life& life = Lives[key];
         // A list that a desktop out of order could not shorten still holds it.
         life.Listed = life.Listed || Desk.Holds(key);
+        // Seen, then taken back while its item was gone: nobody is owed it again when the item comes back.
+        const auto row = Store.Ledger.find(key);
+        life.Gone = life.Gone && row != Store.Ledger.end() && !IsFinal(row->second.State);
         const bool waits = life.SnoozedUntil != 0 && life.SnoozedUntil <= Now;
         if ((!life.Shown && !life.Listed) || waits || life.Gone) {
             ++Result.Lost;
