@@ -84,6 +84,9 @@ void CCalendarPage::MarkDay(std::size_t cell, Oid oid) {
                             {font, kHolidayNumber, DT_SINGLELINE});
     }
     const ItemKind kind = State.Categories.KindOf(oid);
+    if ((CellKinds[cell] & KindBit(kind)) != 0) {
+        return; // the same mark again would change nothing
+    }
     const Mark& mark = kMarks[static_cast<std::size_t>(kind)];
     Surface().FillRect({left + mark.Offset, rect.Bottom - kMarkHeight, left + mark.Offset + kMarkWidth, rect.Bottom},
                        mark.Ink);
