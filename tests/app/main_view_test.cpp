@@ -222,5 +222,27 @@ TEST_F(MainView, EscapeOnAPageIsItsClose) {
     EXPECT_TRUE(Program.Device.Host().State.Minimized);
 }
 
+TEST_F(MainView, LooksForTheNextRemindersSoundEachMinuteAndAtEachChange) {
+    const auto wave = [this] {
+        return Program.Device.Host().RegistryCalls.TextValue(u"\\ControlPanel\\Notifications\\Reminders", u"Wave");
+    };
+    const auto remind = [](std::u16string_view sound) {
+        return [sound](IAppointment& item) {
+            EXPECT_EQ(item.put_ReminderSet(true), Status::Ok);
+            EXPECT_EQ(item.put_ReminderSoundFile(sound), Status::Ok);
+        };
+    };
+    Program.GivenAppointment(u"Late", At(2004, 11, 4, 9), At(2004, 11, 4, 10), remind(u"\\Windows\\Late.wav"));
+    EXPECT_EQ(wave(), std::nullopt);
+    Program.Device.AdvanceClock(60000);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_EQ(wave(), u"\\Windows\\Late.wav");
+    Program.GivenAppointment(u"Early", At(2004, 11, 3, 20), At(2004, 11, 3, 21), remind(u"\\Windows\\Early.wav"));
+    PostNotice();
+    Program.Device.AdvanceClock(500);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_EQ(wave(), u"\\Windows\\Early.wav");
+}
+
 } // namespace
 } // namespace tavo::test
