@@ -9,7 +9,7 @@
 namespace tavo::tools {
 namespace {
 
-constexpr std::size_t kFlushSize = 64 * 1024;
+constexpr std::size_t kFlushSize = std::size_t{64} * 1024;
 
 struct Days {
     Day First;

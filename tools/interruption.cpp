@@ -6,7 +6,8 @@
 namespace tavo::tools {
 namespace {
 
-volatile std::sig_atomic_t interrupted = 0;
+// All that the signal handler may touch.
+volatile std::sig_atomic_t interrupted = 0; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
 
 void Remember(int /*signal*/) {
     interrupted = 1;

@@ -43,7 +43,7 @@ TEST_F(Check, ADamagedStoreIsSaidInWordsAndLeftByteForByte) {
     {
         std::fstream file(Device.StorePath(), std::ios::binary | std::ios::in | std::ios::out);
         file.seekp(4096);
-        file << std::string(3 * 4096, '\xAA');
+        file << std::string(std::size_t{3} * 4096, '\xAA');
     }
     const std::string damaged = ReadWhole(Device.StorePath());
     const CommandResult result = Device.Run({"check"});

@@ -11,13 +11,14 @@
 #include <stdexcept>
 #include <system_error>
 
-extern char** environ;
+extern char** environ; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): the C library's
 
 namespace tavo::tools {
 namespace {
 
 std::vector<char*> MakePointers(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts) {
         pointers.push_back(text.data());
     }
@@ -35,7 +36,7 @@ std::vector<std::string> MakeEnvironment(const std::map<std::string, std::string
     }
     for (const auto& [name, value] : changes) {
         if (!value.empty()) {
-            variables.push_back(name + "=" + value);
+            variables.push_back(std::string(name).append("=").append(value));
         }
     }
     return variables;
