@@ -9,6 +9,17 @@ bool TellsFocus(const ControlState* control) {
     return control != nullptr && (control->Kind == ControlKind::Edit || control->Kind == ControlKind::NumberEdit);
 }
 
+// What is typed next then replaces a number, or a word chosen from a list.
+void SelectShortText(Shell& state, WindowHandle window) {
+    ControlState* control = state.Tree.FindControl(window);
+    if (control != nullptr &&
+        (control->Kind == ControlKind::NumberEdit || control->Kind == ControlKind::EditableList)) {
+        control->SelectionFirst = 0;
+        control->SelectionLast = static_cast<int>(state.Tree.Find(window)->Text.size());
+        state.Report(Change::TextSelection, window);
+    }
+}
+
 } // namespace
 
 void Shell::Report(Change change, WindowHandle window) {
@@ -29,6 +40,7 @@ void Shell::MoveFocus(WindowHandle window) {
         Notify(Focus, WM_COMMAND, EN_KILLFOCUS);
     }
     Focus = window;
+    SelectShortText(*this, Focus);
     if (TellsFocus(Tree.FindControl(Focus))) {
         Notify(Focus, WM_COMMAND, EN_SETFOCUS);
     }

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <fstream>
 
@@ -134,6 +135,73 @@ TEST_F(EditorOnTheDesktop, ANewAlarmByKeysAlone) {
     EXPECT_EQ(saved.Start.Day, 15);
     EXPECT_EQ(saved.RecurChoice, kChoiceEveryday);
     EXPECT_TRUE(Program.State().Categories.IsAlarm(1));
+}
+
+TEST_F(EditorOnTheDesktop, ATimeIsTypedFromItsHourOn) {
+    OpenByKey(kNewAlarm);
+    TypeSubject(kTop, u"Wake");
+    TapRow(kTop, 2, kEditStartTime);
+    Program.TapControl(kEditStartTime);
+    Program.Key(VK_RIGHT);
+    Program.Key(VK_HOME);
+    Program.Type(u"1135ap");
+    Program.TapControl(IDOK);
+    ASSERT_TRUE(Program.Settle());
+    ASSERT_EQ(CountItems(), 1);
+    EXPECT_EQ(Load(1).Start.Hour, 23);
+    EXPECT_EQ(Load(1).Start.Minute, 35);
+}
+
+TEST_F(EditorOnTheDesktop, TypingReplacesTheLeadThatTheFocusComesTo) {
+    OpenByKey(kNewHoliday);
+    TypeSubject(kTop, u"Fair");
+    TapRow(kTop, 3, kEditReminder);
+    Program.Choose(kEditReminder, 0);
+    TapRow(kTop, 3, kEditReminderValue, 130);
+    Program.Type(u"45");
+    Program.Do([&] { EXPECT_EQ(TextOf(kEditReminderValue), u"45"); });
+    Tab(1);
+    Tab(1, kModifierShift);
+    Program.Type(u"6");
+    Program.Do([&] { EXPECT_EQ(TextOf(kEditReminderValue), u"6"); });
+    Program.TapControl(IDOK);
+    ASSERT_TRUE(Program.Settle());
+    ASSERT_EQ(CountItems(), 1);
+    EXPECT_EQ(Load(1).ReminderMinutes, 6 * 60);
+}
+
+TEST_F(EditorOnTheDesktop, AListOpensWithinTheScreen) {
+    OpenByKey(kNewAppointment);
+    const auto expectWithin = [this](int control) {
+        Program.Key(VK_DOWN, kModifierAlt);
+        Program.Do([this, control] {
+            const QWidget* popup = QApplication::activePopupWidget();
+            const auto* box = dynamic_cast<const QComboBox*>(Program.Widget(control));
+            ASSERT_TRUE(popup != nullptr && box != nullptr);
+            const QWidget* window = box->window();
+            EXPECT_TRUE(QRect(window->mapToGlobal(QPoint()), window->size()).contains(popup->geometry()));
+            const QRect place(box->mapToGlobal(QPoint()), box->size());
+            EXPECT_FALSE(popup->geometry().intersects(place));
+            EXPECT_GE(box->view()->viewport()->height(), std::min(box->count(), 7) * box->view()->sizeHintForRow(0));
+        });
+    };
+    TapRow(kAppointmentTop, 4, kEditRecurrence);
+    expectWithin(kEditRecurrence);
+    Program.Key(VK_END); // beyond what is seen at first
+    Program.Do([&] {
+        const auto* box = dynamic_cast<const QComboBox*>(Program.Widget(kEditRecurrence));
+        const QRect last = box->view()->visualRect(box->model()->index(kChoiceCustom, 0));
+        EXPECT_TRUE(box->view()->viewport()->rect().contains(last));
+    });
+    Program.Key(VK_ESCAPE);
+    TapRow(kAppointmentTop, 5, kEditReminder);
+    Program.Choose(kEditReminder, 0);
+    TapRow(kAppointmentTop, 6, kEditSound);
+    expectWithin(kEditSound);
+    Program.Key(VK_ESCAPE);
+    Program.Key(VK_ESCAPE);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_EQ(CountItems(), 0);
 }
 
 TEST_F(EditorOnTheDesktop, AHolidayThatComesBackEveryYear) {

@@ -23,14 +23,24 @@ void ListBox::hidePopup() {
 
 void ListBox::OpenNow() {
     const QRect screen = Shared.Geometry.ToolkitPixels(kWholeScreen).translated(window()->mapToGlobal(QPoint()));
-    const bool scrolls = count() > maxVisibleItems();
-    const int wished = view()->sizeHintForColumn(0) + 2 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth) +
-                       (scrolls ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0);
-    view()->setMinimumWidth(std::clamp(wished, width(), std::max(width(), screen.width())));
+    const QRect box(mapToGlobal(QPoint()), size());
+    const int below = screen.bottom() - box.bottom();
+    const int above = box.top() - screen.top();
+    const int frame = 2 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
+    const int row = std::max(1, view()->sizeHintForRow(0));
+    const int wishedRows = std::clamp(count(), 1, maxVisibleItems());
+    // Where it does not fit at all it opens on the roomier side, shows fewer entries and scrolls.
+    const bool opensAbove = wishedRows * row + frame > below && above > below;
+    const int rows = std::clamp(((opensAbove ? above : below) - frame) / row, 1, wishedRows);
+    const int wishedWidth =
+        view()->sizeHintForColumn(0) + frame + (count() > rows ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0);
+    view()->setMinimumWidth(std::clamp(wishedWidth, width(), std::max(width(), screen.width())));
     QComboBox::showPopup();
     QWidget* popup = view()->window();
+    const int height = rows * row + frame;
     const int left = std::max(screen.left(), std::min(popup->x(), screen.right() + 1 - popup->width()));
-    popup->move(left, popup->y());
+    popup->setGeometry(left, opensAbove ? box.top() - height : box.bottom() + 1, popup->width(), height);
+    view()->scrollTo(view()->currentIndex());
 }
 
 ListView::ListView(Device& device, const shell::WindowRecord& record, QWidget* parent)

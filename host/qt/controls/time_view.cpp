@@ -1,10 +1,42 @@
 // The time picker.
 #include "host/qt/controls/time_view.h"
 
+#include <QKeyEvent>
+
 namespace tavo::qt {
 
+void TimeField::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Home && event->modifiers() == Qt::NoModifier) {
+        event->accept();
+        setSelectedSection(sectionAt(0));
+        return;
+    }
+    const QString letter = event->text().toLower();
+    if (letter == QStringLiteral("a") || letter == QStringLiteral("p")) {
+        event->accept();
+        ChooseHalf(letter == QStringLiteral("p"));
+        return;
+    }
+    QTimeEdit::keyPressEvent(event);
+}
+
+// One letter is enough: the toolkit would wait for the second, and know nothing until then.
+void TimeField::ChooseHalf(bool afternoon) {
+    constexpr int kHalfDay = 12 * 60 * 60;
+    if ((time().hour() >= 12) != afternoon) {
+        setTime(time().addSecs(kHalfDay));
+    }
+    setSelectedSection(AmPmSection);
+}
+
+// What is typed then replaces the hour: into a part that is full and not selected nothing can be typed.
+void TimeField::focusInEvent(QFocusEvent* event) {
+    QTimeEdit::focusInEvent(event);
+    setSelectedSection(sectionAt(0));
+}
+
 TimeView::TimeView(Device& device, const shell::WindowRecord& record, QWidget* parent)
-    : ControlView(device, record.Handle), Field(std::make_unique<QTimeEdit>(parent)) {
+    : ControlView(device, record.Handle), Field(std::make_unique<TimeField>(parent)) {
     Field->setDisplayFormat(QStringLiteral("h:mm AP"));
     Field->setWrapping(true);
     ShowState(record);
