@@ -5,6 +5,7 @@
 #include "store/fit_text.h"
 
 #include <utility>
+#include <vector>
 
 namespace tavo {
 
@@ -22,7 +23,7 @@ constexpr Pen kTickPen{Color::FromRgb(38, 100, 180), 2};
 constexpr int kRuleLeft = 5;
 constexpr int kRuleRight = 235;
 constexpr int kIndent = 3;       // of a value in the place of its control
-constexpr int kDotsRoom = 12;    // what a shortened text is wider than asked
+constexpr int kDotsRoom = 24;    // what a shortened text is wider than asked: its last character and the dots
 constexpr int kAllDayLeft = 141; // of the words in place of the times
 constexpr int kBoxSize = 13;
 constexpr int kBoxGap = 6;
@@ -35,6 +36,14 @@ constexpr int kPictureBuffer = 40; // UTF-16 units of a formatted date or time
 constexpr std::uint32_t kLineFormat = DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX;
 constexpr std::u16string_view kAllDayRecurring = u"All day recurring";
 constexpr std::u16string_view kEditMemoText = u"Edit memo...";
+
+// Only what does not fit is shortened.
+std::u16string ShortenTo(IDrawing& drawing, FontHandle font, std::u16string_view text, int room) {
+    std::vector<int> widths;
+    drawing.GetTextExtentExPointW(font, text, widths);
+    const bool fits = widths.empty() || widths.back() <= room;
+    return fits ? std::u16string(text) : FitText(drawing, font, text, room - kDotsRoom);
+}
 
 } // namespace
 
@@ -99,10 +108,8 @@ void CAppointmentDlg::PaintField(int row, const FormField& field) {
     }
     const bool isAlone = field.Width == FormField{}.Width;
     const Rect place{bounds.Left + kIndent, bounds.Top, isAlone ? kRuleRight : bounds.Right - kIndent, bounds.Bottom};
-    const int room = place.Width();
     const bool canBeLong = field.Control == kEditSubject || field.Control == kEditSound;
-    const std::u16string shown =
-        saysAllDay ? text : FitText(Host().Drawing(), font, text, canBeLong ? room - kDotsRoom : room);
+    const std::u16string shown = canBeLong ? ShortenTo(Host().Drawing(), font, text, place.Width()) : text;
     if (!isCovered) {
         Surface().DrawTextW(shown, place, style);
     }

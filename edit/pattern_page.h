@@ -71,6 +71,7 @@ class CPatternPage : public CWizardPage {
 
     // pattern_page_input.cpp
     void ShowMode();
+    bool LiesInChosenRow(int control) const;
     void SetMode(PatternMode mode);
     bool TakeStylusDown(Point point);
     bool TakeKey(const Message& key);

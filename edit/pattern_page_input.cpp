@@ -3,6 +3,7 @@
 #include "framework/message_pump.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace tavo {
 
@@ -73,10 +74,21 @@ void CPatternPage::ShowMode() {
             ShowItem(control, false);
         }
     }
-    for (const int control : kPatternTabList[static_cast<std::size_t>(PageMode)].Controls) {
-        ShowItem(control, true);
+    // What is typed while nothing has the focus goes to the list shown last: that is one of the chosen row.
+    for (const bool isOfChosenRow : {false, true}) {
+        for (const int control : kPatternTabList[static_cast<std::size_t>(PageMode)].Controls) {
+            if (LiesInChosenRow(control) == isOfChosenRow) {
+                ShowItem(control, true);
+            }
+        }
     }
     Invalidate();
+}
+
+bool CPatternPage::LiesInChosenRow(int control) const {
+    return std::any_of(std::begin(kRowRadios), std::end(kRowRadios), [&](const RowRadio& row) {
+        return row.List == control && Host().Controls().GetCheck(Item(row.Radio));
+    });
 }
 
 void CPatternPage::SetMode(PatternMode mode) {

@@ -266,6 +266,12 @@ std::u16string EditDesk::ValueOf(int control) const {
     return u"(not painted)";
 }
 
+int EditDesk::WidthOf(std::u16string_view text) {
+    std::vector<int> widths;
+    Device.Host().Drawing().GetTextExtentExPointW(State.Fonts.FontArial10, text, widths);
+    return widths.empty() ? 0 : widths.back();
+}
+
 SYSTEMTIME EditDesk::PickerOf(int id) {
     return Device.Host().Controls().GetSystemtime(Device.See.Control(id));
 }

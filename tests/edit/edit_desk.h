@@ -105,6 +105,8 @@ class EditDesk : public StoreWords, public IListOwner, public IInkNoteEditor {
 
     // The value that the form shows for a control: what was declared of it.
     std::u16string ValueOf(int control) const;
+    // In the form's font.
+    int WidthOf(std::u16string_view text);
     SYSTEMTIME PickerOf(int id);
     Rect PlaceOf(int id); // in the dialog
     std::vector<int> ShownEditingControls() const;

@@ -107,20 +107,24 @@ TEST_F(EditorTexts, AValueFollowsItsControlAtTheNextTap) {
 }
 
 TEST_F(EditorTexts, ALongSubjectEndsInDotsWithinItsRow) {
-    Desk.Subject(std::u16string(100, u'm'));
-    Desk.Device.Tap(2, 2);
-    Desk.Check([&] {
-        EXPECT_EQ(Desk.ValueOf(kEditSubject), std::u16string(100, u'm'));
-        bool isShortened = false;
-        for (const headless::Placed& placed : Desk.Device.See.Visible()) {
-            if (placed.Text.starts_with(u"mmm")) {
-                isShortened = placed.Text.ends_with(u"...");
-                EXPECT_GE(placed.Area.Left, 65);
-                EXPECT_LE(placed.Area.Right, 235);
+    for (const char16_t wideOrNarrow : {u'm', u'W', u'i'}) {
+        const std::u16string subject(100, wideOrNarrow);
+        Desk.Subject(subject);
+        Desk.Device.Tap(2, 2);
+        Desk.Check([this, subject] {
+            EXPECT_EQ(Desk.ValueOf(kEditSubject), subject);
+            bool isShortened = false;
+            for (const headless::Placed& placed : Desk.Device.See.Visible()) {
+                if (placed.Text.starts_with(subject.substr(0, 3))) {
+                    isShortened = placed.Text.ends_with(u"...");
+                    EXPECT_GE(placed.Area.Left, 65);
+                    EXPECT_LE(placed.Area.Right, 235);
+                    EXPECT_LE(Desk.WidthOf(placed.Text), 235 - 68);
+                }
             }
-        }
-        EXPECT_TRUE(isShortened);
-    });
+            EXPECT_TRUE(isShortened);
+        });
+    }
     RunNew(kModeNewAlarm);
 }
 

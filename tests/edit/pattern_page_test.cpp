@@ -337,6 +337,25 @@ TEST_F(PatternPage, TypingAnIntervalChoosesTheRowButTypingADayDoesNot) {
     ExpectCancelled();
 }
 
+TEST_F(PatternPage, WhatIsTypedWithoutFocusGoesToTheChosenRow) {
+    Desk.TapTab(2);
+    Desk.Device.Type(u"7");
+    Desk.Check([&] {
+        EXPECT_EQ(Desk.Text(Desk.OnPattern(kPatternDayMonths)), u"7");
+        EXPECT_EQ(Desk.Text(Desk.OnPattern(kPatternTheMonths)), u"1");
+    });
+    LookForRadios(kPatternMonthlyDay, kPatternMonthlyThe);
+    ExpectCancelled();
+    Desk.Rule(kRecursMonthNth, 1, kSaturdayBit, 3);
+    Desk.Device.Type(u"9");
+    Desk.Check([&] {
+        EXPECT_EQ(Desk.Text(Desk.OnPattern(kPatternDayMonths)), u"1");
+        EXPECT_EQ(Desk.Text(Desk.OnPattern(kPatternTheMonths)), u"9");
+    });
+    LookForRadios(kPatternMonthlyThe, kPatternMonthlyDay);
+    ExpectCancelled();
+}
+
 TEST_F(PatternPage, RadioButtonsOfOnePairLeaveTheOtherPairAlone) {
     Desk.TapTab(2);
     Desk.TapPattern(kPatternMonthlyThe);

@@ -84,6 +84,18 @@ TEST_F(SavingRecurrence, FromTheTwentyNinthOnItIsTheLastOfTheMonth) {
     EXPECT_EQ(SaveNew(kModeNewAlarm).Instance, 5);
 }
 
+// A week of the month of 5 is read as a rule of its own, and every choice writes the start's.
+TEST_F(SavingRecurrence, FromTheTwentyNinthOnAChoiceIsACustomRuleWhenReadAgain) {
+    for (const int day : {28, 29}) {
+        for (int choice = kChoiceEveryday; choice < kChoiceCustom; ++choice) {
+            Desk.PickStartDate(2026, 11, day);
+            Desk.ChooseRecurrence(choice);
+            static_cast<void>(SaveNew(kModeNewAlarm));
+            EXPECT_EQ(Desk.Load(Desk.LastSaved()).RecurChoice, day < 29 ? choice : kChoiceCustom) << day;
+        }
+    }
+}
+
 TEST_F(SavingRecurrence, OnceRemovesTheRecurrenceOfAnItem) {
     const Oid oid = Desk.GivenSeries(u"Class", At(2026, 11, 18, 9, 0), At(2026, 11, 18, 10, 0), kRecursWeekly);
     Desk.ChooseRecurrence(kChoiceOnce);
