@@ -75,6 +75,7 @@ void Simulation::KillService() {
         const bool onDesk = Desk.Holds(key);
         life.Undecided = life.Undecided || (onDesk && state == LedgerState::Offering);
         // An answer that was not written is as if it had not been given.
+        life.Offered = life.Offered || state == LedgerState::Offering;
         const bool willComeAgain = state == LedgerState::Snoozed || (state == LedgerState::Offering && !onDesk);
         life.SnoozedUntil = willComeAgain ? row->second.Until : 0;
     }
@@ -204,7 +205,7 @@ void Simulation::JumpClock(Moment by) {
 void Simulation::ReopenLists() {
     for (auto& [key, life] : Lives) {
         life.Reopened = life.Reopened || !life.Shown;
-        if (!life.Shown && key.Due > WallNow()) {
+        if (!life.Shown && !life.Offered && key.Due > WallNow()) {
             life.Listed = false;
         }
     }
