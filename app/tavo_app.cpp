@@ -5,15 +5,20 @@
 #include "app/start.h"
 #include "res/resource_ids.h"
 #include "res/strings.h"
+#include "schedule/progress_dlg.h"
+#include "store/busy_time.h"
 #include "store/undo.h"
 
 #include <memory>
+#include <string_view>
 
 namespace tavo {
 
 namespace {
 constexpr int kStartFailed = 1; // exit status
-}
+constexpr std::u16string_view kUndoCaption = u"Undo";
+constexpr std::u16string_view kNotUndone = u"The last step could not be undone.";
+} // namespace
 
 CTavoApp::CTavoApp(IHost& host) : Device(host), Pump(host), State(Pump) {}
 
@@ -65,11 +70,7 @@ void CTavoApp::TakeCommand(int command) {
         Frame->Quit();
         break;
     case kCommandUndoStep:
-        Device.Windows().SetCursor(Cursor::Wait); // a whole class may come back
-        if (UndoLastStep(State)) {
-            Frame->View().PostChangeNotice();
-        }
-        Device.Windows().SetCursor(Cursor::Arrow);
+        Undo();
         break;
     case kCommandNewAlarm:
     case kCommandNewHoliday:
@@ -79,6 +80,28 @@ void CTavoApp::TakeCommand(int command) {
         break;
     default:
         break;
+    }
+}
+
+void CTavoApp::Undo() {
+    if (State.Busy || !CanUndo(State)) {
+        return;
+    }
+    bool refused = false;
+    {
+        const BusyTime busy(State);
+        LongUndo undo(State);
+        RunLongWork(Pump, State, undo, kUndoCaption);
+        refused = undo.IsRefused();
+    }
+    static_cast<void>(State.Categories.ApplyTagRequests()); // those from outside waited; the pages are told anyway
+    Frame->View().PostChangeNotice();
+    if (refused) {
+        MessageBoxDescription box;
+        box.Text = kNotUndone;
+        box.Caption = kProgramTitle;
+        box.Icon = MessageBoxIcon::Exclamation;
+        Pump.ShowMessageBox(WindowHandle::None, box);
     }
 }
 

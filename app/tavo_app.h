@@ -27,6 +27,8 @@ class CTavoApp : public ICommandTarget {
 
   private:
     bool ActivateRunningCopy();
+    // Takes the last step back, with a display where it takes long.
+    void Undo();
     void TakeCommand(int command) override;
 
     IHost& Device;

@@ -156,6 +156,9 @@ void CVantorView::TakeChangeNotice() {
 
 void CVantorView::RefreshPages() {
     Host().Windows().KillTimer(Handle(), kTimerChangeNotice);
+    if (State.Busy) {
+        return; // what it sees is not final; its end gives notice again
+    }
     if (CalendarPage) {
         CalendarPage->RebuildAll();
     }

@@ -126,7 +126,7 @@ void RunDeletion(const std::string& home) {
         DeletionClasses classes;
         classes.Appointments = true;
         MassDeletion deletion(desk.State, classes);
-        while (deletion.DeleteNext()) {
+        while (deletion.DoNext()) {
         }
         deleted = deletion.Done();
     }

@@ -86,7 +86,6 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
     void AskAndDelete(ItemKind kind, const AppointmentData& item);
     void OpenMemo(int command);
     void AddMemo();
-    void Refuse(std::u16string_view text);
 
     int DisplayedYear = 0;
     int DisplayedMonth = 0;
@@ -105,6 +104,7 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
     bool TodayTracking = false;
     bool IsAnalog = true; // the clock's face; kept though the month does not show it
     bool DayListShown = false;
+    bool DayListLoaded = false; // at least once since the page was made
     Point TapPoint;
     CalendarDate PaintedToday;
     DATE GridStart = 0;

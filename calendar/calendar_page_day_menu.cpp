@@ -20,7 +20,6 @@ constexpr int kMenuBeside = 5;
 constexpr int kMenuBelow = 29; // on the screen, where the page begins 26 lines down
 constexpr int kFromMenu = 1;   // where a command came from
 constexpr std::u16string_view kMemoUnreadable = u"This memo could not be read.";
-constexpr std::u16string_view kNotDeleted = u"The item could not be deleted.";
 
 } // namespace
 
@@ -75,17 +74,9 @@ void CCalendarPage::AskAndDelete(ItemKind kind, const AppointmentData& item) {
         return;
     }
     if (!DeleteItem(State, kind, item)) {
-        Refuse(kNotDeleted);
+        Refuse(kItemNotDeleted);
     }
     View.PostChangeNotice();
-}
-
-void CCalendarPage::Refuse(std::u16string_view text) {
-    MessageBoxDescription box;
-    box.Text = text;
-    box.Caption = kProgramTitle;
-    box.Icon = MessageBoxIcon::Exclamation;
-    Pump().ShowMessageBox(Handle(), box);
 }
 
 void CCalendarPage::OpenMemo(int command) {

@@ -74,12 +74,14 @@ void CAppointmentItemList::Fill(const SYSTEMTIME& periodStart, const SYSTEMTIME&
     SetRows(std::move(rows));
 }
 
-void CAppointmentItemList::DeleteSelected() {
-    if (const AppointmentData* selected = GetSelected(); selected != nullptr) {
-        // When the store refuses, the list shows what is there still.
-        static_cast<void>(DeleteItem(State, Kind(), *selected));
-        Fill(PeriodStart, PeriodEnd);
+bool CAppointmentItemList::DeleteSelected() {
+    const AppointmentData* selected = GetSelected();
+    if (selected == nullptr) {
+        return false;
     }
+    const bool deleted = DeleteItem(State, Kind(), *selected);
+    Fill(PeriodStart, PeriodEnd); // when the store refuses, with what is there still
+    return deleted;
 }
 
 ItemRowText CAppointmentItemList::Describe(const AppointmentData& record) {

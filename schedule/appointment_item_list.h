@@ -13,7 +13,7 @@ class CAppointmentItemList : public CItemList {
     // the times of their occurrence, and the rest from the stored item. Nothing is selected then.
     void Fill(const SYSTEMTIME& periodStart, const SYSTEMTIME& periodEnd);
     // The list is filled for the same period afterwards.
-    void DeleteSelected() override;
+    bool DeleteSelected() override;
 
   protected:
     ItemRowText Describe(const AppointmentData& record) override;

@@ -49,11 +49,13 @@ void CCategoryItemList::AddOrReplace(const AppointmentData& record, bool isNew, 
     }
 }
 
-void CCategoryItemList::DeleteSelected() {
+bool CCategoryItemList::DeleteSelected() {
     const AppointmentData* selected = GetSelected();
-    if (selected != nullptr && DeleteItem(State, Kind(), *selected)) {
-        RemoveRow(Selected());
+    if (selected == nullptr || !DeleteItem(State, Kind(), *selected)) {
+        return false;
     }
+    RemoveRow(Selected());
+    return true;
 }
 
 ItemRowText CCategoryItemList::Describe(const AppointmentData& record) {

@@ -15,7 +15,7 @@ class CCategoryItemList : public CItemList {
     // A new item joins the end of the category list. Of an item that was edited, `record` takes the place of the row
     // and of the OID that it had before.
     void AddOrReplace(const AppointmentData& record, bool isNew, Oid oldOid);
-    void DeleteSelected() override;
+    bool DeleteSelected() override;
 
   protected:
     ItemRowText Describe(const AppointmentData& record) override;

@@ -68,8 +68,9 @@ class CItemList : public CPaintedWindow {
     void SetTop(int index);
     // Up and Down. False for other keys.
     bool MoveSelection(int key);
-    // Removes the selected row and deletes its appointment. Kept on purpose: the selected index stays.
-    virtual void DeleteSelected() = 0;
+    // Removes the selected row and deletes its appointment. Kept on purpose: the selected index stays. False when the
+    // store refuses, or nothing is selected.
+    virtual bool DeleteSelected() = 0;
 
     static const MessageMap& Messages();
 

@@ -2,6 +2,7 @@
 #include "schedule/main_page.h"
 
 #include "res/resource_ids.h"
+#include "res/strings.h"
 #include "store/undo.h"
 
 #include <array>
@@ -98,6 +99,14 @@ void CMainPage::GoToPage(int page) {
 void CMainPage::PrepareMenus() {
     Host().Menus().SetMenuItemText(MenuBar, kCommandUndoStep, DescribeUndo(State));
     Host().Menus().SetMenuItem(MenuBar, kCommandUndoStep, CanUndo(State), false);
+}
+
+void CMainPage::Refuse(std::u16string_view text) {
+    MessageBoxDescription box;
+    box.Text = text;
+    box.Caption = kProgramTitle;
+    box.Icon = MessageBoxIcon::Exclamation;
+    Pump().ShowMessageBox(Handle(), box);
 }
 
 void CMainPage::ClosePage() {

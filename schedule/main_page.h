@@ -5,6 +5,8 @@
 #include "schedule/main_view.h"
 #include "store/program_state.h"
 
+#include <string_view>
+
 namespace tavo {
 
 class CMainPage : public CPage {
@@ -31,6 +33,9 @@ class CMainPage : public CPage {
     bool TakePageKey(const Message& key);
 
     void HandleByDefault(const Message& message) override;
+
+    // Says that something could not be done.
+    void Refuse(std::u16string_view text);
 
     // A menu of the menu bar is about to open, or one of its shortcuts to be carried out.
     virtual void PrepareMenus();

@@ -77,6 +77,7 @@ bool MassDeletion::IsTagged(Oid oid) const {
 void MassDeletion::Begin() {
     Group.emplace(State.Store, Name.empty() ? std::u16string_view(u"delete of forgotten tags") : Name);
     if (!Group->IsOpen()) {
+        Refused = true;
         TotalCount = 0;
         Tagged.clear();
         Appointments.Reset();
@@ -90,7 +91,7 @@ void MassDeletion::Begin() {
     }
 }
 
-bool MassDeletion::DeleteNext() {
+bool MassDeletion::DoNext() {
     if (Group) {
         if (NextTagged < Tagged.size()) {
             State.Store.DeleteAppointment(Tagged[NextTagged++]);
@@ -127,11 +128,16 @@ bool MassDeletion::DeleteNextAppointment() {
 void MassDeletion::Commit() {
     const bool kept = Group->End();
     Group.reset();
+    Refused = !kept;
     if (kept) {
         for (const TagList list : Lists) {
             State.Categories.ListOf(list).RemoveAll();
         }
     }
+}
+
+std::u16string MassDeletion::DescribeProgress() const {
+    return FormatText(u"%d of %d deleted", DoneCount, TotalCount);
 }
 
 void MassDeletion::Abandon() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "store/change_group.h"
+#include "store/long_work.h"
 #include "store/program_state.h"
 
 #include <cstddef>
@@ -21,19 +22,21 @@ struct DeletionClasses {
 
 // Appointments of all classes go as one step that can be taken back; memos go to the device's Deleted folder.
 // Until the last appointment is gone nothing is final.
-class MassDeletion {
+class MassDeletion : public ILongWork {
   public:
     // Finds out what there is to delete.
     MassDeletion(CProgramState& state, const DeletionClasses& classes);
 
-    int Total() const { return TotalCount; }
+    int Total() const override { return TotalCount; }
 
-    int Done() const { return DoneCount; }
+    int Done() const override { return DoneCount; }
 
-    // Deletes one thing. False when there is nothing left to delete.
-    bool DeleteNext();
-    // Takes back all that is not final yet.
-    void Abandon();
+    // True when the store took no changes, or could not keep them: its items are all there still.
+    bool IsRefused() const { return Refused; }
+
+    bool DoNext() override;
+    void Abandon() override;
+    std::u16string DescribeProgress() const override;
 
   private:
     void FindTagged(const DeletionClasses& classes);
@@ -57,6 +60,7 @@ class MassDeletion {
     std::size_t NextMemo = 0;
     int TotalCount = 0;
     int DoneCount = 0;
+    bool Refused = false;
 };
 
 } // namespace tavo

@@ -1,13 +1,16 @@
-// Slices of the deletion, driven by a timer of the main view, which runs in the background too.
+// Slices of the work, driven by a timer of the main view, which runs in the background too.
 #include "schedule/progress_dlg.h"
 
-#include "framework/format.h"
 #include "res/dialog_templates.h"
 #include "res/resource_ids.h"
 
 namespace tavo {
 
 namespace {
+
+// Work that is done by then needs no display.
+constexpr std::uint32_t kQuickMilliseconds = 500;
+constexpr int kQuickItems = 2000; // whatever the clock says
 
 constexpr std::uint32_t kSliceMilliseconds = 20;
 constexpr int kSliceItems = 500; // whatever the clock says
@@ -23,10 +26,21 @@ constexpr Rect Shrink(const Rect& area) {
     return {area.Left + 1, area.Top + 1, area.Right - 1, area.Bottom - 1};
 }
 
+// False when it was not done in time.
+bool DoQuickly(ILongWork& work, IClock& clock) {
+    const std::uint32_t begin = clock.GetTickCount();
+    for (int count = 0; count < kQuickItems && clock.GetTickCount() - begin < kQuickMilliseconds; ++count) {
+        if (!work.DoNext()) {
+            return true;
+        }
+    }
+    return false;
+}
+
 } // namespace
 
-CProgressDlg::CProgressDlg(CMessagePump& pump, CProgramState& state, MassDeletion& deletion)
-    : CDialog(pump, kProgressTemplate, NavigationButtons::Close), State(state), Deletion(deletion) {}
+CProgressDlg::CProgressDlg(CMessagePump& pump, CProgramState& state, ILongWork& work, std::u16string_view caption)
+    : CDialog(pump, kProgressTemplate, NavigationButtons::Close), State(state), Work(work), Caption(caption) {}
 
 CProgressDlg::~CProgressDlg() {
     Host().Windows().KillTimer(State.MainView, kTimerWork);
@@ -34,6 +48,7 @@ CProgressDlg::~CProgressDlg() {
 }
 
 void CProgressDlg::OnInitDialog() {
+    Host().Windows().SetWindowTextW(Handle(), Caption);
     State.Work = this;
     Host().Windows().SetTimer(State.MainView, kTimerWork, 1);
 }
@@ -41,7 +56,7 @@ void CProgressDlg::OnInitDialog() {
 void CProgressDlg::DoSlice() {
     const std::uint32_t begin = Host().Clock().GetTickCount();
     for (int count = 0; count < kSliceItems; ++count) {
-        if (!Deletion.DeleteNext()) {
+        if (!Work.DoNext()) {
             EndDialog(IDOK);
             return;
         }
@@ -53,7 +68,7 @@ void CProgressDlg::DoSlice() {
 }
 
 void CProgressDlg::Paint() {
-    const std::u16string text = FormatText(u"%d of %d deleted", Deletion.Done(), Deletion.Total());
+    const std::u16string text = Work.DescribeProgress();
     DropPainted();
     Surface().FillRect(Rect::Whole(Surface().GetSize()), kBackground);
     Surface().DrawTextW(text, kTextArea,
@@ -61,12 +76,22 @@ void CProgressDlg::Paint() {
     Surface().FillRect(kBarFrame, kFrameColor);
     Rect bar = Shrink(kBarFrame);
     Surface().FillRect(bar, kBackground);
-    if (Deletion.Total() > 0) {
-        bar.Right = bar.Left + static_cast<int>(std::int64_t{bar.Width()} * Deletion.Done() / Deletion.Total());
+    if (Work.Total() > 0) {
+        bar.Right = bar.Left + static_cast<int>(std::int64_t{bar.Width()} * Work.Done() / Work.Total());
         Surface().FillRect(bar, kBarColor);
     }
     Declare({kTextArea, PaintedRole::Text, text});
     PresentSurface();
+}
+
+void RunLongWork(CMessagePump& pump, CProgramState& state, ILongWork& work, std::u16string_view caption) {
+    if (DoQuickly(work, pump.Host().Clock())) {
+        return;
+    }
+    CProgressDlg progress(pump, state, work, caption);
+    if (progress.DoModal() != IDOK) {
+        work.Abandon();
+    }
 }
 
 } // namespace tavo

@@ -1,16 +1,19 @@
-// Shows how far a long deletion is, and lets it be cancelled.
+// Shows how far long work is, and lets it be cancelled.
 #pragma once
 
 #include "framework/dialog.h"
-#include "schedule/mass_deletion.h"
+#include "store/long_work.h"
+#include "store/program_state.h"
 #include "store/sliced_work.h"
+
+#include <string_view>
 
 namespace tavo {
 
-// DoModal gives IDOK when all is deleted, IDCANCEL when it was cancelled: the opener then takes it back.
+// DoModal gives IDOK when all is done, IDCANCEL when it was cancelled: the opener then takes it back.
 class CProgressDlg : public CDialog, private ISlicedWork {
   public:
-    CProgressDlg(CMessagePump& pump, CProgramState& state, MassDeletion& deletion);
+    CProgressDlg(CMessagePump& pump, CProgramState& state, ILongWork& work, std::u16string_view caption);
     ~CProgressDlg() override;
 
   protected:
@@ -25,7 +28,11 @@ class CProgressDlg : public CDialog, private ISlicedWork {
     void DoSlice() override;
 
     CProgramState& State;
-    MassDeletion& Deletion;
+    ILongWork& Work;
+    std::u16string Caption;
 };
+
+// Does the work in one go where that is quick, else with such a display. What was cancelled is taken back.
+void RunLongWork(CMessagePump& pump, CProgramState& state, ILongWork& work, std::u16string_view caption);
 
 } // namespace tavo

@@ -85,6 +85,8 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
     void CopyAppointment(const AppointmentData& record, CCategoryItemList& target);
     bool IsIn(ItemKind kind, Oid oid);
     void EditItem(ItemKind kind, const AppointmentData& record);
+    // As the store has it now: another process may have changed it since the list was filled.
+    AppointmentData ReadAnew(const AppointmentData& record);
     // The selected record of the list on show; without one says so in these words and gives null.
     const AppointmentData* SelectedOr(const std::u16string_view (&texts)[4]);
     bool ConfirmDeletion();

@@ -51,12 +51,24 @@ bool CSchedulePage::ConfirmDeletion() {
     return Pump().ShowMessageBox(Handle(), box) == IDYES;
 }
 
+AppointmentData CSchedulePage::ReadAnew(const AppointmentData& record) {
+    AppointmentData current;
+    if (State.Store.LoadAppointment(record.Oid, current) == 0) {
+        return record;
+    }
+    if (record.IsRecurring && current.IsRecurring) {
+        current.Start = record.Start; // a row of a series has the times of its occurrence
+        current.End = record.End;
+    }
+    return current;
+}
+
 void CSchedulePage::ViewSelected() {
     const AppointmentData* selected = SelectedOr(kSelectToView);
     if (selected == nullptr) {
         return;
     }
-    const AppointmentData record = *selected;
+    const AppointmentData record = ReadAnew(*selected);
     CAppointmentViewDlg view(Pump(), State);
     view.Oid = record.Oid;
     view.Appointment = record;
@@ -68,7 +80,9 @@ void CSchedulePage::ViewSelected() {
         if (!ConfirmDeletion()) {
             return;
         }
-        static_cast<void>(DeleteItem(State, Kind, record)); // what the store refused stays in the list
+        if (!DeleteItem(State, Kind, record)) {
+            Refuse(kItemNotDeleted);
+        }
         break;
     default:
         return;
@@ -78,7 +92,7 @@ void CSchedulePage::ViewSelected() {
 
 void CSchedulePage::ModifySelected() {
     if (const AppointmentData* selected = SelectedOr(kSelectToModify); selected != nullptr) {
-        EditItem(Kind, *selected);
+        EditItem(Kind, ReadAnew(*selected));
         View.PostChangeNotice();
     }
 }
@@ -97,8 +111,11 @@ void CSchedulePage::DeleteSelected() {
     if (still == nullptr || still->Oid != record.Oid) {
         list.SelectItem(record); // the list was filled anew while the question was open
     }
-    list.DeleteSelected();
+    const bool refused = list.GetSelected() != nullptr && !list.DeleteSelected();
     SetScrollBar();
+    if (refused) {
+        Refuse(kItemNotDeleted);
+    }
     View.PostChangeNotice();
 }
 

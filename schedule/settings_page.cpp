@@ -7,6 +7,7 @@
 #include "res/strings.h"
 #include "schedule/memo_list.h"
 #include "schedule/progress_dlg.h"
+#include "store/busy_time.h"
 
 namespace tavo {
 
@@ -16,20 +17,7 @@ constexpr Color kBackground = Color::FromRgb(255, 255, 255);
 constexpr int kBoxes[] = {kSettingsAlarms, kSettingsHolidays, kSettingsAnniversaries, kSettingsAppointments,
                           kSettingsMemos};
 
-// A deletion that is done by then needs no display.
-constexpr std::uint32_t kQuickMilliseconds = 500;
-constexpr int kQuickItems = 2000; // whatever the clock says
-
-// False when it was not done in time.
-bool DeleteQuickly(MassDeletion& deletion, IClock& clock) {
-    const std::uint32_t begin = clock.GetTickCount();
-    for (int count = 0; count < kQuickItems && clock.GetTickCount() - begin < kQuickMilliseconds; ++count) {
-        if (!deletion.DeleteNext()) {
-            return true;
-        }
-    }
-    return false;
-}
+constexpr std::u16string_view kNotDeleted = u"The items could not be deleted.";
 
 } // namespace
 
@@ -96,29 +84,21 @@ void CSettingsPage::DeleteChecked() {
     if (!ConfirmDeletion()) {
         return;
     }
-    State.Busy = true;
-    Host().Windows().SetCursor(Cursor::Wait);
+    bool refused = false;
     {
+        const BusyTime busy(State);
         MassDeletion deletion(State, ReadClasses());
-        RunDeletion(deletion);
+        RunLongWork(Pump(), State, deletion, kDeleteCaption);
+        refused = deletion.IsRefused();
     }
-    Host().Windows().SetCursor(Cursor::Arrow);
-    State.Busy = false;
     static_cast<void>(State.Categories.ApplyTagRequests()); // the pages are told anyway
     View.PostChangeNotice();
     for (const int box : kBoxes) {
         Host().Controls().SetCheck(Item(box), false);
     }
     Recount();
-}
-
-void CSettingsPage::RunDeletion(MassDeletion& deletion) {
-    if (DeleteQuickly(deletion, Host().Clock())) {
-        return;
-    }
-    CProgressDlg progress(Pump(), State, deletion);
-    if (progress.DoModal() != IDOK) {
-        deletion.Abandon();
+    if (refused) {
+        Refuse(kNotDeleted);
     }
 }
 

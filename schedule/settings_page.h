@@ -28,8 +28,6 @@ class CSettingsPage : public CMainPage {
     void DeleteChecked();
     bool ConfirmDeletion();
     DeletionClasses ReadClasses() const;
-    // In one go where that is quick, else with a display of how far it is.
-    void RunDeletion(MassDeletion& deletion);
 
     bool IsChecked(int box) const { return Host().Controls().GetCheck(Item(box)); }
 };

@@ -3,7 +3,7 @@
 
 #include "framework/format.h"
 
-#include <vector>
+#include <utility>
 
 namespace tavo {
 
@@ -40,14 +40,58 @@ std::u16string DescribeUndo(CProgramState& state) {
     return name.empty() ? std::u16string(kUndo) : FormatText(u"%s %s", kUndo, name);
 }
 
-bool UndoLastStep(CProgramState& state) {
-    std::vector<Oid> restored;
-    if (!state.Store.OutlookApp || Failed(state.Store.OutlookApp->Undo(restored))) {
+LongUndo::LongUndo(CProgramState& state) : State(state) {
+    IsOpen = State.Store.OutlookApp && Succeeded(State.Store.OutlookApp->BeginUndo(TotalCount));
+    Refused = !IsOpen;
+}
+
+LongUndo::~LongUndo() {
+    Abandon();
+}
+
+void LongUndo::Abandon() {
+    if (std::exchange(IsOpen, false) && State.Store.OutlookApp) {
+        static_cast<void>(State.Store.OutlookApp->Abandon()); // one that broke is gone by itself
+    }
+}
+
+bool LongUndo::DoNext() {
+    if (!IsOpen) {
         return false;
     }
-    // Whether a list changed too, the pages follow either way.
-    static_cast<void>(state.Categories.ApplyTagRequests());
-    return true;
+    switch (State.Store.OutlookApp->StepUndo()) {
+    case Status::Ok:
+        ++DoneCount;
+        return true;
+    case Status::False:
+        Finish();
+        return false;
+    default:
+        Refused = true;
+        Abandon();
+        return false;
+    }
+}
+
+void LongUndo::Finish() {
+    IsOpen = false;
+    IsDoneWell = Succeeded(State.Store.OutlookApp->End());
+    Refused = !IsDoneWell;
+    if (IsDoneWell) {
+        // Whether a list changed too, the pages follow either way.
+        static_cast<void>(State.Categories.ApplyTagRequests());
+    }
+}
+
+std::u16string LongUndo::DescribeProgress() const {
+    return FormatText(u"%d of %d undone", DoneCount, TotalCount);
+}
+
+bool UndoLastStep(CProgramState& state) {
+    LongUndo undo(state);
+    while (undo.DoNext()) {
+    }
+    return undo.IsDone();
 }
 
 } // namespace tavo

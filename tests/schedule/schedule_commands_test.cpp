@@ -188,6 +188,127 @@ TEST_F(ScheduleCommands, ViewShowsTheItemAndItsButtonsModifyAndDelete) {
     EXPECT_THAT(Desk.ListTexts(), ElementsAre(u"No registered alarm"));
 }
 
+// As another process does it.
+class ChangedBetween : public ScheduleCommands {
+  protected:
+    void Rename(Oid oid, std::u16string_view subject) {
+        ComPtr<IAppointment> item;
+        ASSERT_EQ(Desk.Connect()->GetItemFromOid(oid, item), Status::Ok);
+        ASSERT_EQ(item->put_Subject(subject), Status::Ok);
+        ASSERT_EQ(item->Save(), Status::Ok);
+    }
+
+    void MoveToNoonOf(Oid oid, int day) {
+        ComPtr<IAppointment> item;
+        ASSERT_EQ(Desk.Connect()->GetItemFromOid(oid, item), Status::Ok);
+        DATE noon = 0;
+        ASSERT_TRUE(Desk.Device.Host().Locale().SystemTimeToVariantTime(At(2004, 11, day, 12), noon));
+        ASSERT_EQ(item->put_Start(noon), Status::Ok);
+        ASSERT_EQ(item->Save(), Status::Ok);
+    }
+
+    std::u16string SubjectOf(Oid oid) {
+        AppointmentData record;
+        EXPECT_EQ(Desk.State().Store.LoadAppointment(oid, record), oid);
+        return record.Subject;
+    }
+};
+
+TEST_F(ChangedBetween, ViewShowsTheItemAsItIsNow) {
+    const std::vector<Oid> alarms = Desk.GivenAlarms(1);
+    Desk.Show(ItemKind::Alarm);
+    Desk.Device.Do([&] { Rename(alarms[0], u"Renamed"); });
+    Desk.ChooseInRow(0, kCommandView);
+    Desk.Device.Do([&] { EXPECT_TRUE(Desk.Device.See.ShowsText(u"Renamed")); });
+    Desk.Device.PressClose();
+    ASSERT_TRUE(Desk.Settle());
+}
+
+TEST_F(ChangedBetween, ModifyDoesNotPutBackWhatAnotherProcessChanged) {
+    const Oid oid = GivenToday(u"Party");
+    Desk.Show(ItemKind::Appointment);
+    Desk.Device.Do([&] {
+        Rename(oid, u"Renamed");
+        MoveToNoonOf(oid, 3);
+    });
+    Desk.Device.Tap(20, 80);
+    Desk.Device.ChooseTracked(kCommandModify);
+    Desk.Device.TapControl(IDOK);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(SubjectOf(oid), u"Renamed");
+    AppointmentData record;
+    ASSERT_EQ(Desk.State().Store.LoadAppointment(oid, record), oid);
+    EXPECT_EQ(record.Start.Hour, 12);
+}
+
+TEST_F(ChangedBetween, AnItemThatMovedWhileItsMenuWasOpenIsActedOnInItsNewPlace) {
+    const Oid moved = GivenToday(u"Moved");
+    const Oid other = GivenToday(u"Other");
+    Desk.Show(ItemKind::Appointment);
+    Desk.Device.Tap(20, 80);
+    Desk.Device.Do([&] { MoveToNoonOf(moved, 5); }); // now the second row
+    Desk.Device.ChangeStore();
+    Desk.Device.AdvanceClock(500);
+    Desk.Device.ChooseTracked(kCommandDelete);
+    Desk.Device.AnswerBox(IDYES);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_FALSE(Desk.Exists(moved));
+    EXPECT_TRUE(Desk.Exists(other));
+}
+
+TEST_F(ChangedBetween, AnItemThatLeftThePeriodMeanwhileIsLeftAlone) {
+    const Oid moved = GivenToday(u"Moved");
+    const Oid other = GivenToday(u"Other");
+    Desk.Show(ItemKind::Appointment);
+    Desk.Device.Tap(20, 80);
+    Desk.Device.ChooseTracked(kCommandDelete);
+    Desk.Device.Do([&] { MoveToNoonOf(moved, 1); });
+    Desk.Device.ChangeStore();
+    Desk.Device.AdvanceClock(500);
+    Desk.Device.AnswerBox(IDYES);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_TRUE(Desk.Exists(moved));
+    EXPECT_TRUE(Desk.Exists(other));
+}
+
+TEST_F(ChangedBetween, AnItemOfASeriesKeepsItsDayInTheViewThoughItWasRenamed) {
+    const Oid series = Desk.GivenSeries(u"Series", At(2004, 11, 1, 9), At(2004, 11, 1, 10), kRecursDaily);
+    Desk.Show(ItemKind::Appointment);
+    Desk.Device.Do([&] { Rename(series, u"Renamed"); });
+    Desk.Device.Tap(20, 80 + 34); // 4 November
+    Desk.Device.ChooseTracked(kCommandView);
+    Desk.Device.Do([&] { EXPECT_TRUE(Desk.Device.See.ShowsText(u"Renamed")); });
+    Desk.Device.PressClose();
+    ASSERT_TRUE(Desk.Settle());
+}
+
+TEST_F(ScheduleCommands, ADeletionThatTheStoreRefusesIsToldAndChangesNothing) {
+    const std::vector<Oid> alarms = Desk.GivenAlarms(1);
+    const Oid party = GivenToday(u"Party");
+    Desk.Show(ItemKind::Alarm);
+    const ComPtr<IPOutlookApp> store = Desk.State().Store.OutlookApp;
+    ASSERT_EQ(store->Begin(u"Under way"), Status::Ok); // groups do not nest
+    Desk.ChooseInRow(0, kCommandDelete);
+    Desk.Device.AnswerBox(IDYES);
+    Desk.Device.AnswerBox(IDOK);
+    Desk.ChooseInRow(0, kCommandView);
+    Desk.Device.Tap(226, 49); // delete
+    Desk.Device.AnswerBox(IDYES);
+    Desk.Device.AnswerBox(IDOK);
+    Desk.Device.Key(VK_LEFT);
+    Desk.Device.Tap(20, 80);
+    Desk.Device.ChooseTracked(kCommandDelete);
+    Desk.Device.AnswerBox(IDYES);
+    Desk.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(Desk.Settle());
+    ASSERT_EQ(store->Abandon(), Status::Ok);
+    const std::u16string question = u"Delete|Are you sure to delete?";
+    const std::u16string refusal = u"Tavo Calendar|The item could not be deleted.";
+    EXPECT_THAT(Desk.Boxes(), ElementsAre(question, refusal, question, refusal, question, refusal));
+    EXPECT_EQ(Desk.ListOf(ItemKind::Alarm), alarms);
+    EXPECT_TRUE(Desk.Exists(alarms[0]) && Desk.Exists(party));
+}
+
 TEST_F(ScheduleCommands, PauseChangesNothing) {
     const std::vector<Oid> alarms = Desk.GivenAlarms(1);
     Desk.Show(ItemKind::Alarm);

@@ -207,6 +207,24 @@ TEST_F(SettingsPage, OneUndoBringsAllClassesBackInTheOrderOfTheirLists) {
     EXPECT_EQ(Captions()[0], u"All alarms ( 15 item(s) )");
 }
 
+TEST_F(SettingsPage, ADeletionThatTheStoreRefusesIsToldAndChangesNothing) {
+    GivenOneOfEach();
+    Open();
+    const ComPtr<IPOutlookApp> store = Desk.State().Store.OutlookApp;
+    ASSERT_EQ(store->Begin(u"Under way"), Status::Ok); // groups do not nest
+    Desk.Device.TapControl(kSettingsAlarms);
+    Desk.Device.TapControl(kSettingsAppointments);
+    Desk.Device.TapControl(kSettingsDelete);
+    Desk.Device.AnswerBox(IDYES);
+    Desk.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(Desk.Settle());
+    ASSERT_EQ(store->Abandon(), Status::Ok);
+    EXPECT_THAT(Desk.Boxes(),
+                ElementsAre(u"Delete|Are you sure to delete?", u"Tavo Calendar|The items could not be deleted."));
+    EXPECT_TRUE(Desk.Exists(Alarm) && Desk.Exists(Plain));
+    EXPECT_THAT(Desk.ListOf(ItemKind::Alarm), ElementsAre(Alarm));
+}
+
 // Enough of them that the deletion is shown while it goes on.
 class LongDeletion : public SettingsPage {
   protected:
@@ -238,8 +256,73 @@ TEST_F(LongDeletion, ShowsHowFarItIsAndGoesOnByItself) {
     ASSERT_TRUE(Desk.Settle());
     EXPECT_EQ(shown, u"2500 of 3000 deleted");
     EXPECT_EQ(Desk.State().Store.CountAppointments(), 0);
-    Undo();
+}
+
+// The step that such a deletion left is as long.
+class LongWayBack : public LongDeletion {
+  protected:
+    LongWayBack() {
+        Desk.Device.AdvanceClock(10);
+        EXPECT_TRUE(Desk.Settle());
+        EXPECT_EQ(Desk.State().Store.CountAppointments(), 0);
+        Desk.Device.Key('Z', kModifierControl);
+    }
+};
+
+TEST_F(LongWayBack, ShowsHowFarItIsAndGoesOnByItself) {
+    std::u16string shown;
+    std::u16string caption;
+    Desk.Device.AdvanceClock(1);
+    Desk.Device.Do([&] {
+        shown = Desk.Device.See.Items().at(0).Name;
+        caption = Desk.Device.See.Caption();
+        EXPECT_TRUE(Desk.State().Busy);
+    });
+    Desk.Device.AdvanceClock(10);
+    Desk.Device.Do([&] { EXPECT_FALSE(Desk.Device.See.IsDialogOpen()); });
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(shown, u"2500 of 3000 undone");
+    EXPECT_EQ(caption, u"Undo");
     EXPECT_EQ(Desk.State().Store.CountAppointments(), kMany);
+    EXPECT_FALSE(Desk.State().Busy);
+    Desk.LetNoticesArrive();
+    EXPECT_EQ(Captions()[3], u"All appointments ( 3000 item(s) )");
+}
+
+TEST_F(LongWayBack, CancelledItLeavesThingsAsTheyWereAndIsOfferedAgain) {
+    Desk.Device.AdvanceClock(1);
+    Desk.Device.TapControl(IDCANCEL);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Desk.State().Store.CountAppointments(), 0);
+    EXPECT_FALSE(Desk.State().Busy);
+    EXPECT_THAT(Desk.Boxes(), ElementsAre(u"Delete|Are you sure to delete?"));
+    Desk.Device.Key('Z', kModifierControl);
+    Desk.Device.AdvanceClock(10);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Desk.State().Store.CountAppointments(), kMany);
+}
+
+TEST_F(LongWayBack, QuittingMeanwhileLeavesThingsAsTheyWere) {
+    Desk.Device.AdvanceClock(1);
+    Desk.Device.Quit();
+    EXPECT_FALSE(Desk.Settle());
+    EXPECT_EQ(Desk.State().Store.CountAppointments(), 0);
+}
+
+TEST_F(LongDeletion, ThePagesDoNotShowWhatIsNotFinal) {
+    Desk.Device.AdvanceClock(10);
+    ASSERT_TRUE(Desk.Settle());
+    Desk.LetNoticesArrive();
+    const WindowHandle box = Desk.Device.See.Control(kSettingsAppointments);
+    std::u16string meanwhile;
+    Desk.Device.ChangeStore();
+    Desk.Device.AdvanceClock(499);
+    Desk.Device.Key('Z', kModifierControl);
+    Desk.Device.AdvanceClock(1); // the notice is due, and 2,500 of the items are back
+    Desk.Device.Do([&] { meanwhile = Desk.Device.Host().Controls().GetWindowTextW(box); });
+    Desk.Device.TapControl(IDCANCEL);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(meanwhile, u"All appointments ( 0 item(s) )");
 }
 
 TEST_F(LongDeletion, CancelledItLeavesEverything) {

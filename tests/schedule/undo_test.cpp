@@ -130,6 +130,22 @@ TEST_F(UndoMenu, TakesBackACopyToACategory) {
     EXPECT_TRUE(Desk.Exists(oid));
 }
 
+TEST_F(UndoMenu, WhatTheStoreRefusesIsToldAndStaysOnOffer) {
+    const std::vector<Oid> alarms = Desk.GivenAlarms(2);
+    Desk.Show(ItemKind::Alarm);
+    DeleteRow(0);
+    const ComPtr<IPOutlookApp> store = Desk.State().Store.OutlookApp;
+    ASSERT_EQ(store->Begin(u"Under way"), Status::Ok);
+    Desk.Device.Key('Z', kModifierControl);
+    Desk.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(Desk.Settle());
+    ASSERT_EQ(store->Abandon(), Status::Ok);
+    EXPECT_EQ(Desk.Boxes().back(), u"Tavo Calendar|The last step could not be undone.");
+    EXPECT_THAT(Desk.ListOf(ItemKind::Alarm), ElementsAre(alarms[1]));
+    Undo();
+    EXPECT_EQ(Desk.ListOf(ItemKind::Alarm), alarms);
+}
+
 TEST_F(UndoMenu, ALongSubjectIsShortenedAndItsLineBreaksBecomeBlanks) {
     Desk.Tag(ItemKind::Alarm, Desk.GivenAppointment(u"One\r\ntwo\tthree " + std::u16string(4000, u'x'),
                                                     At(2004, 11, 3, 9), At(2004, 11, 3, 9)));
