@@ -13,6 +13,9 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 namespace tavo::qt {
 namespace {
 
@@ -40,8 +43,10 @@ QAction* FindAction(const QMenu& menu, int command) {
 
 } // namespace
 
-DesktopProgram::DesktopProgram()
-    : Host(WithStore(Root)), App(std::make_unique<CTavoApp>(Host)),
+DesktopProgram::DesktopProgram() : DesktopProgram(std::make_shared<TemporaryRoot>()) {}
+
+DesktopProgram::DesktopProgram(std::shared_ptr<TemporaryRoot> root)
+    : Root(std::move(root)), Host(WithStore(*Root)), App(std::make_unique<CTavoApp>(Host)),
       Script([this] { Host.Queue().PostQuitMessage(kScriptEnded); }) {
     EXPECT_EQ(App->InitInstance(), CTavoApp::Start::Running);
     EXPECT_TRUE(Settle());
@@ -91,6 +96,10 @@ void DesktopProgram::Choose(int id, int index) {
 
 void DesktopProgram::ChooseMenu(int index, int command) {
     Do([this, index] { TapMiddle(Host, Host.Desktop().Menus().MenuPlace(index)); });
+    ChooseTracked(command);
+}
+
+void DesktopProgram::ChooseTracked(int command) {
     Do([this, command] {
         QMenu* menu = Host.OpenMenu().Current();
         ASSERT_NE(menu, nullptr);
@@ -164,10 +173,11 @@ bool DesktopProgram::IsDialogOpen() {
 }
 
 std::u16string DesktopProgram::NameOf(PaintedRole role, int id) {
-    const PaintedWidget* painted = Host.Views().FindPainted(Host.Parts().State.Tree.Top());
-    EXPECT_NE(painted, nullptr);
-    if (painted != nullptr) {
-        for (const PaintedItem& item : painted->Items()) {
+    const shell::WindowTree& tree = Host.Parts().State.Tree;
+    EXPECT_NE(Host.Views().FindPainted(tree.Top()), nullptr);
+    for (const WindowHandle window : tree.Subtree(tree.Top())) {
+        const PaintedWidget* painted = tree.IsVisible(window) ? Host.Views().FindPainted(window) : nullptr;
+        for (const PaintedItem& item : painted != nullptr ? painted->Items() : std::vector<PaintedItem>()) {
             if (item.Role == role && item.Id == id) {
                 return item.Name;
             }

@@ -18,6 +18,8 @@ class DesktopProgram {
   public:
     // The program is started and has come to rest.
     DesktopProgram();
+    // On a device that is there already.
+    explicit DesktopProgram(std::shared_ptr<TemporaryRoot> root);
     ~DesktopProgram();
     DesktopProgram(const DesktopProgram&) = delete;
     DesktopProgram& operator=(const DesktopProgram&) = delete;
@@ -28,6 +30,7 @@ class DesktopProgram {
     void TapControl(int id);
     void Choose(int id, int index);          // opens the list by its arrow
     void ChooseMenu(int index, int command); // of the menu bar
+    void ChooseTracked(int command);         // of the menu that is open
     void AnswerBox(int answer);
 
     void Do(std::function<void()> step) { Script.Do(std::move(step)); }
@@ -43,13 +46,13 @@ class DesktopProgram {
     bool IsShown(int id); // to the eye: its widget is visible
     std::u16string Caption();
     bool IsDialogOpen();
-    // What the window on top painted there and how it named it; empty when it painted no such thing.
+    // What the window on top, or one within it, painted there and how it named it; empty when there is no such thing.
     std::u16string NameOf(PaintedRole role, int id);
     std::u16string BoxText(); // of the message box that is open; empty without one
 
     CProgramState& State() { return App->ProgramState(); }
 
-    TemporaryRoot Root;
+    std::shared_ptr<TemporaryRoot> Root;
     QtHost Host;
 
   private:

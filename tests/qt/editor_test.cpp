@@ -308,7 +308,7 @@ TEST_F(EditorOnTheDesktop, ALeadOutOfRangeIsToldKeptAndMended) {
 }
 
 TEST_F(EditorOnTheDesktop, ASoundIsListenedToWhileItIsChosen) {
-    std::ofstream(Program.Root.Path() / "Windows" / "Gong.wav") << "no sound at all";
+    std::ofstream(Program.Root->Path() / "Windows" / "Gong.wav") << "no sound at all";
     OpenByKey(kNewAlarm);
     TypeSubject(kTop, u"Wake");
     TapRow(kTop, 4, kEditSound);
