@@ -14,7 +14,7 @@ from pathlib import Path
 from day_menu_measures import measure_day_menu
 from desktop_measures import measure_desktop
 from editor_measures import measure_editor
-from ink_measures import measure_ink
+from ink_measures import measure_ink, measure_ink_window
 from list_measures import FIRST_DAY, measure_lists
 from processes import Cost, compare, median, measure, run
 from reminder_measures import measure_reminders
@@ -45,7 +45,7 @@ def build():
     # These need Qt, as the window does.
     if (BIN / "tavocalendar").exists():
         run(["cmake", "--build", str(BUILD), "--target", "tavo-month-grid", "tavo-editor-window",
-             "tavo-day-menu-window"])
+             "tavo-day-menu-window", "tavo-ink-window"])
 
 
 def describe_machine(report):
@@ -225,6 +225,7 @@ def measure_all(report, folder, items):
     if measure_desktop(report, device, BIN):
         measure_window(report, device, BIN, *measure_changed_month(report, device))
         measure_day_menu(report, device, folder, BIN)
+        measure_ink_window(report, folder, BIN)
         measure_editor(report, device, BIN)  # changes an item
     measure_lists(report, device, folder, BIN, seconds_of(datetime.date(*FIRST_DAY)))
     measure_reminders(report, device, BIN)

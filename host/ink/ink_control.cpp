@@ -116,7 +116,14 @@ int InkControl::EditBy(MessageNumber number, int first, int second) {
 }
 
 std::vector<std::uint8_t> InkControl::GetData() const {
-    return Paper.IsEmpty() ? Unread : Encode(Paper.Strokes());
+    const Stroke* live = LiveStroke();
+    if (live == nullptr) {
+        return Paper.IsEmpty() ? Unread : Encode(Paper.Strokes());
+    }
+    const auto strokes = Paper.Strokes();
+    std::vector<PlacedStroke> all(strokes.begin(), strokes.end());
+    all.push_back(Place(*live)); // the pen need not leave the paper for its ink to count
+    return Encode(all);
 }
 
 bool InkControl::SetData(std::span<const std::uint8_t> data) {

@@ -51,6 +51,22 @@ TEST_F(InkControlTest, AStrokeIsWhereThePenWent) {
     EXPECT_GT(Send(kInkGetDataLength), 0);
 }
 
+TEST_F(InkControlTest, InkCountsBeforeThePenLeavesThePaper) {
+    Write();
+    Drag(10, 20, 60, 20);
+    Control.PenDown(PenEnd::Tip, {{10, 60}, kNoPressure, 500});
+    Control.PenMove({{90, 60}, kNoPressure, 505});
+    const std::vector<std::uint8_t> data = Control.GetData();
+    EXPECT_EQ(Send(kInkGetDataLength), static_cast<int>(data.size()));
+    std::vector<PlacedStroke> strokes;
+    ASSERT_EQ(Decode(data, strokes), Reading::Whole);
+    ASSERT_EQ(strokes.size(), 2U);
+    EXPECT_EQ(strokes[1].Body->Points.size(), 2U);
+    Control.PenMove({{90, 90}, kNoPressure, 510}); // and the stroke goes on
+    Control.PenUp({{90, 90}, kNoPressure, 515});
+    EXPECT_EQ(Control.Ink().Strokes()[1].Body->Points.size(), 3U);
+}
+
 TEST_F(InkControlTest, AtAnotherZoomTheStrokeLiesUnderThePen) {
     Write(150);
     Drag(30, 60, 60, 60);
