@@ -108,8 +108,10 @@ int ControlStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
 
 QRect ControlStyle::ScrollBarPart(const QStyleOptionSlider& bar, SubControl part) const {
     const QRect area = bar.rect;
-    const int end = std::min(Pixels(15), area.height() / 2);
-    const int length = area.height() - 2 * end;
+    const bool isUpright = bar.orientation == Qt::Vertical;
+    const int whole = isUpright ? area.height() : area.width();
+    const int end = std::min(Pixels(15), whole / 2);
+    const int length = whole - 2 * end;
     const int range = bar.maximum - bar.minimum;
     int thumb = length;
     if (range > 0) {
@@ -118,19 +120,23 @@ QRect ControlStyle::ScrollBarPart(const QStyleOptionSlider& bar, SubControl part
     }
     const int start =
         end + sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition, length - thumb, bar.upsideDown);
+    const auto piece = [&](int from, int to) {
+        return isUpright ? QRect(area.left(), area.top() + from, area.width(), to - from)
+                         : QRect(area.left() + from, area.top(), to - from, area.height());
+    };
     switch (part) {
     case SC_ScrollBarSubLine:
-        return {area.left(), area.top(), area.width(), end};
+        return piece(0, end);
     case SC_ScrollBarAddLine:
-        return {area.left(), area.bottom() + 1 - end, area.width(), end};
+        return piece(whole - end, whole);
     case SC_ScrollBarSubPage:
-        return {area.left(), area.top() + end, area.width(), start - end};
+        return piece(end, start);
     case SC_ScrollBarAddPage:
-        return {area.left(), area.top() + start + thumb, area.width(), length + end - start - thumb};
+        return piece(start + thumb, whole - end);
     case SC_ScrollBarGroove:
-        return {area.left(), area.top() + end, area.width(), length};
+        return piece(end, whole - end);
     case SC_ScrollBarSlider:
-        return {area.left(), area.top() + start, area.width(), thumb};
+        return piece(start, start + thumb);
     default:
         return {};
     }
@@ -165,7 +171,7 @@ QRect ControlStyle::subControlRect(ComplexControl control, const QStyleOptionCom
         }
     }
     if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
-        control == CC_ScrollBar && bar != nullptr && bar->orientation == Qt::Vertical) {
+        control == CC_ScrollBar && bar != nullptr) {
         return ScrollBarPart(*bar, part);
     }
     return QProxyStyle::subControlRect(control, option, part, widget);

@@ -38,7 +38,7 @@ class ControlStyle final : public QProxyStyle {
     void DrawMenuItem(const QStyleOptionMenuItem& item, QPainter& painter) const;
     void DrawList(const QStyleOptionComplex& option, QPainter& painter, const QWidget* widget) const;
     void DrawSpinField(const QStyleOptionComplex& option, QPainter& painter, const QWidget* widget) const;
-    void DrawScrollBar(const QStyleOptionComplex& option, QPainter& painter, const QWidget* widget) const;
+    void DrawScrollBar(const QStyleOptionSlider& bar, QPainter& painter) const;
     QRect ScrollBarPart(const QStyleOptionSlider& bar, SubControl part) const;
 
     double Scale = 1.0;

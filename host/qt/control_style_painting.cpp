@@ -135,21 +135,20 @@ void ControlStyle::DrawSpinField(const QStyleOptionComplex& option, QPainter& pa
     shapes.DrawArrow(down.adjusted(0, 0, 0, -Pixels(2)), ControlPainter::Arrow::Down, arrow);
 }
 
-void ControlStyle::DrawScrollBar(const QStyleOptionComplex& option, QPainter& painter, const QWidget* widget) const {
-    const auto part = [&](SubControl which) { return proxy()->subControlRect(CC_ScrollBar, &option, which, widget); };
-    const bool isEnabled = option.state.testFlag(State_Enabled);
-    painter.fillRect(option.rect, QColor::fromRgb(kTroughColor));
+void ControlStyle::DrawScrollBar(const QStyleOptionSlider& bar, QPainter& painter) const {
+    const bool isUpright = bar.orientation == Qt::Vertical;
+    painter.fillRect(bar.rect, QColor::fromRgb(kTroughColor));
     ControlPainter shapes(painter, Scale);
-    const QRgb arrow = isEnabled ? kAccentColor : kControlGreyedColor;
-    shapes.DrawArrow(part(SC_ScrollBarSubLine), ControlPainter::Arrow::Up, arrow);
-    shapes.DrawArrow(part(SC_ScrollBarAddLine), ControlPainter::Arrow::Down, arrow);
-    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(&option);
-    if (bar != nullptr && bar->maximum > bar->minimum) {
+    const QRgb arrow = bar.state.testFlag(State_Enabled) ? kAccentColor : kControlGreyedColor;
+    using Arrow = ControlPainter::Arrow;
+    shapes.DrawArrow(ScrollBarPart(bar, SC_ScrollBarSubLine), isUpright ? Arrow::Up : Arrow::Left, arrow);
+    shapes.DrawArrow(ScrollBarPart(bar, SC_ScrollBarAddLine), isUpright ? Arrow::Down : Arrow::Right, arrow);
+    if (bar.maximum > bar.minimum) {
         const int side = Pixels(3);
-        const bool isHeld =
-            option.activeSubControls.testFlag(SC_ScrollBarSlider) && option.state.testFlag(State_Sunken);
-        shapes.Field(part(SC_ScrollBarSlider).adjusted(side, 0, -side, 0), isHeld ? kAccentColor : kFieldEdgeColor,
-                     isHeld ? kAccentColor : kFieldEdgeColor, 3);
+        const bool isHeld = bar.activeSubControls.testFlag(SC_ScrollBarSlider) && bar.state.testFlag(State_Sunken);
+        const QRect thumb = ScrollBarPart(bar, SC_ScrollBarSlider);
+        shapes.Field(isUpright ? thumb.adjusted(side, 0, -side, 0) : thumb.adjusted(0, side, 0, -side),
+                     isHeld ? kAccentColor : kFieldEdgeColor, isHeld ? kAccentColor : kFieldEdgeColor, 3);
     }
 }
 
@@ -160,8 +159,8 @@ void ControlStyle::drawComplexControl(ComplexControl control, const QStyleOption
     } else if (control == CC_SpinBox) {
         DrawSpinField(*option, *painter, widget);
     } else if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
-               control == CC_ScrollBar && bar != nullptr && bar->orientation == Qt::Vertical) {
-        DrawScrollBar(*option, *painter, widget);
+               control == CC_ScrollBar && bar != nullptr) {
+        DrawScrollBar(*bar, *painter);
     } else {
         QProxyStyle::drawComplexControl(control, option, painter, widget);
     }

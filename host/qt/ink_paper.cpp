@@ -29,12 +29,6 @@ QColor ToColor(Color color) {
     return {color.Red(), color.Green(), color.Blue()};
 }
 
-constexpr const char* kSidewaysLook =
-    "QScrollBar:horizontal { background: #EEF1F5; border: none; margin: 0; }"
-    "QScrollBar::handle:horizontal { background: #9AA7BC; border-radius: 3px; margin: 4px 2px; min-width: 24px; }"
-    "QScrollBar::add-line:horizontal, QScrollBar::sub-line:horizontal { width: 0; }"
-    "QScrollBar::add-page:horizontal, QScrollBar::sub-page:horizontal { background: none; }";
-
 void PrepareBar(QScrollBar& bar) {
     bar.setContextMenuPolicy(Qt::NoContextMenu);
     bar.setFocusPolicy(Qt::NoFocus);
@@ -75,7 +69,6 @@ InkPaper::InkPaper(Device& device, WindowHandle control, QWidget* parent)
     setCursor(Qt::CrossCursor);
     PrepareBar(Down);
     PrepareBar(Sideways);
-    Sideways.setStyleSheet(QString::fromLatin1(kSidewaysLook)); // the device's style knows upright bars only
     connect(&Down, &QScrollBar::valueChanged, this, [this](int value) {
         Ink().ScrollTo({Ink().View().Offset().X, value});
     });
