@@ -87,6 +87,24 @@ TEST_F(KeyConformance, TabWalksTheControlsOfADialogOneByOne) {
     ASSERT_TRUE(Steps.Finish(Pump));
 }
 
+TEST_F(KeyConformance, WhatIsTypedReplacesTheNumberThatTheFocusComesTo) {
+    OpenDialogOnTap();
+    Steps.Do([&] {
+        Dialog->SetItemText(kNumber, u"15");
+        Host.Controls().SetCurSel(DialogItem(kEditableList), 2);
+        Host.Windows().SetFocus(DialogItem(kNumber));
+    });
+    Steps.Type(u"8");
+    Steps.Do([&] { Host.Windows().SetFocus(DialogItem(kEditableList)); });
+    Steps.Type(u"9");
+    Steps.Do([&] {
+        EXPECT_EQ(Dialog->ItemText(kNumber), u"8");
+        EXPECT_EQ(Dialog->ItemText(kEditableList), u"9");
+        End(IDOK);
+    });
+    ASSERT_TRUE(Steps.Finish(Pump));
+}
+
 TEST_F(KeyConformance, HidingTheFocusedEditTakesTheFocusAway) {
     OpenDialogOnTap();
     TapControl(kEdit);

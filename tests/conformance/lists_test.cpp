@@ -32,15 +32,33 @@ TEST_F(ListConformance, ChosenEntryIsSelectedAndTold) {
 
 TEST_F(ListConformance, AltAndDownOpenTheListWithTheFocus) {
     OpenDialogOnTap();
-    Steps.Do([&] { Host.Windows().SetFocus(DialogItem(kFixedList)); });
-    Steps.Key(VK_DOWN, kModifierAlt);
+    for (const int list : {kFixedList, kEditableList}) {
+        Steps.Do([this, list] { Host.Windows().SetFocus(DialogItem(list)); });
+        Steps.Key(VK_DOWN, kModifierAlt);
+        Steps.Do([this, list] {
+            EXPECT_TRUE(Driver->IsListOpen(DialogItem(list)));
+            Driver->ChooseEntry(DialogItem(list), 1);
+        });
+    }
+    CloseDialog();
+    ASSERT_TRUE(Steps.Finish(Pump));
+    for (const int list : {kFixedList, kEditableList}) {
+        EXPECT_EQ(Ended.CodesOf(list), (std::vector<int>{CBN_DROPDOWN, CBN_SELCHANGE, CBN_CLOSEUP})) << list;
+    }
+}
+
+TEST_F(ListConformance, TypingTheTextOfAnEntryIsNotChoosingIt) {
+    OpenDialogOnTap();
+    Steps.Do([&] { Host.Windows().SetFocus(DialogItem(kEditableList)); });
+    Steps.Type(u"Blue");
+    Steps.Do([&] { Host.Windows().SetFocus(DialogItem(kEdit)); });
     Steps.Do([&] {
-        EXPECT_TRUE(Driver->IsListOpen(DialogItem(kFixedList)));
-        Driver->ChooseEntry(DialogItem(kFixedList), 1);
+        EXPECT_EQ(Dialog->ItemText(kEditableList), u"Blue");
+        EXPECT_EQ(Host.Controls().GetCurSel(DialogItem(kEditableList)), -1);
     });
     CloseDialog();
     ASSERT_TRUE(Steps.Finish(Pump));
-    EXPECT_EQ(Ended.CodesOf(kFixedList), (std::vector<int>{CBN_DROPDOWN, CBN_SELCHANGE, CBN_CLOSEUP}));
+    EXPECT_EQ(Ended.Count(WM_COMMAND, kEditableList, CBN_SELCHANGE), 0);
 }
 
 TEST_F(ListConformance, ListRefilledAtItsNoticeOpensWithTheNewEntries) {

@@ -53,6 +53,9 @@ ListView::ListView(Device& device, const shell::WindowRecord& record, QWidget* p
         Box->setEditable(true);
         Box->setInsertPolicy(QComboBox::NoInsert);
         Box->setCompleter(nullptr);
+        // Typing an entry's text is not choosing it, whether the focus or Enter ends it.
+        QObject::disconnect(Box->lineEdit(), &QLineEdit::editingFinished, Box.get(), nullptr);
+        QObject::disconnect(Box->lineEdit(), &QLineEdit::returnPressed, Box.get(), nullptr);
         Text.Connect(*Box->lineEdit());
     }
     QObject::connect(Box.get(), &QComboBox::activated, Box.get(), [this](int index) {
