@@ -23,6 +23,29 @@ std::u16string CategoryFilePath(const CProgramState& state) {
     return FormatText(u"%s\\%s", state.DataFolder, state.DataFileName);
 }
 
+bool IsMissing(ErrorCode error) {
+    return error == ErrorCode::FileNotFound || error == ErrorCode::PathNotFound;
+}
+
+// The lists will be saved over a file of which only a part could be read: its bytes are kept beside it, at most a few
+// times. Without a copy the start goes on all the same.
+void KeepCorruptFile(CProgramState& state, const std::vector<std::uint8_t>& bytes) {
+    constexpr int mostCopies = 9;
+    IFiles& files = state.Host().Files();
+    for (int number = 1; number <= mostCopies; ++number) {
+        const std::u16string path = FormatText(u"%s.damaged%d", CategoryFilePath(state), number);
+        std::vector<std::uint8_t> kept;
+        const ErrorCode read = files.ReadWholeFile(path, kept);
+        if (IsMissing(read)) {
+            static_cast<void>(files.WriteWholeFile(path, bytes));
+            return;
+        }
+        if (read == ErrorCode::Success && kept == bytes) {
+            return; // from a start before
+        }
+    }
+}
+
 void MakeDataFolder(CProgramState& state) {
     const ErrorCode made = state.Host().Files().CreateDirectoryW(state.DataFolder);
     if (made != ErrorCode::Success && made != ErrorCode::AlreadyExists) {
@@ -41,10 +64,6 @@ void ShowCorrupt(CProgramState& state) {
     box.Text = kCorrupt;
     box.Caption = kProgramTitle;
     state.Pump.ShowMessageBox(WindowHandle::None, box);
-}
-
-bool IsMissing(ErrorCode error) {
-    return error == ErrorCode::FileNotFound || error == ErrorCode::PathNotFound;
 }
 
 // The bytes of the file, which is made when there is none. Nothing after a message.
@@ -89,6 +108,7 @@ bool LoadCategoryFile(CProgramState& state) {
     }
     static_cast<void>(categories.ApplyTagRequests()); // nothing is shown yet that would have to change
     if (bytes && !isWhole) {
+        KeepCorruptFile(state, *bytes);
         ShowCorrupt(state); // last: while it waits, other programs may ask for tags
     }
     return isWhole;

@@ -8,7 +8,8 @@ namespace tavo {
 struct CProgramState;
 
 // Fills the lists from the file, making the folder and an empty file where there is none, and carries out the tags
-// asked for from outside. Shows a message and gives false when the file is corrupt or cannot be had.
+// asked for from outside. Shows a message and gives false when the file is corrupt, of which
+// a copy is kept beside it, or cannot be had.
 bool LoadCategoryFile(CProgramState& state);
 
 // Writes the lists. Shows a message and gives false when the file cannot be written.

@@ -23,6 +23,8 @@ using testing::Optional;
 using Bytes = std::vector<std::uint8_t>;
 
 constexpr std::u16string_view kDataFile = u"\\My Documents\\TavoCalendar\\TavoCalendar.dat";
+constexpr std::u16string_view kFirstCopy = u"\\My Documents\\TavoCalendar\\TavoCalendar.dat.damaged1";
+constexpr std::u16string_view kSecondCopy = u"\\My Documents\\TavoCalendar\\TavoCalendar.dat.damaged2";
 constexpr std::u16string_view kFallbackFile = u"\\My Documents\\TavoCalendar.dat";
 const Bytes kEmptyFile{0, 0, 0, 0, 0x3B, 0, 0, 0, 0, 0x3B, 0, 0, 0, 0, 0x3B};
 constexpr std::u16string_view kCorruptMessage = u"Tavo Calendar|TavoCalendar.dat corrputed|OK";
@@ -89,6 +91,35 @@ TEST_F(CategoryFileTest, ACutListIsReportedOnceAndKeepsWhatWasRead) {
     EXPECT_THAT(Device.MessagesShown(), ElementsAre(kCorruptMessage));
     EXPECT_THAT(Lists().AlarmList.All(), ElementsAre(9));
     EXPECT_THAT(Lists().HolidayList.All(), IsEmpty());
+}
+
+TEST_F(CategoryFileTest, ACorruptFileIsKeptBesideTheOneThatReplacesIt) {
+    const Bytes corrupt{2, 0, 0, 0, 9, 0, 0, 0};
+    Device.GivenFile(kDataFile, corrupt);
+    Device.WillAnswer(IDOK);
+    EXPECT_FALSE(LoadCategoryFile(State));
+    EXPECT_THAT(Device.FileBytes(kFirstCopy), Optional(corrupt));
+    EXPECT_TRUE(SaveCategoryFile(State));
+    EXPECT_NE(Device.FileBytes(kDataFile), corrupt);
+    EXPECT_THAT(Device.FileBytes(kFirstCopy), Optional(corrupt));
+}
+
+TEST_F(CategoryFileTest, ASecondCorruptFileDoesNotReplaceTheCopyOfTheFirst) {
+    const Bytes first{2, 0, 0, 0, 9, 0, 0, 0};
+    const Bytes second{3, 0, 0, 0, 8, 0, 0, 0};
+    for (const Bytes& bytes : {first, first, second}) { // the same file read twice is kept once
+        Device.GivenFile(kDataFile, bytes);
+        Device.WillAnswer(IDOK);
+        EXPECT_FALSE(LoadCategoryFile(State));
+    }
+    EXPECT_THAT(Device.FileBytes(kFirstCopy), Optional(first));
+    EXPECT_THAT(Device.FileBytes(kSecondCopy), Optional(second));
+}
+
+TEST_F(CategoryFileTest, NoCopyIsMadeOfAWholeFile) {
+    Device.GivenFile(kDataFile, kEmptyFile);
+    EXPECT_TRUE(LoadCategoryFile(State));
+    EXPECT_EQ(Device.FileBytes(kFirstCopy), std::nullopt);
 }
 
 TEST_F(CategoryFileTest, AWrongFirstSeparatorLeavesTheLaterListsEmpty) {
