@@ -56,7 +56,7 @@ AppointmentData CSchedulePage::ReadAnew(const AppointmentData& record) {
     if (State.Store.LoadAppointment(record.Oid, current) == 0) {
         return record;
     }
-    if (record.IsRecurring && current.IsRecurring) {
+    if (Kind == ItemKind::Appointment && record.IsRecurring && current.IsRecurring) {
         current.Start = record.Start; // a row of a series has the times of its occurrence
         current.End = record.End;
     }
