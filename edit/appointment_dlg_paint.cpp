@@ -24,7 +24,7 @@ constexpr int kRuleLeft = 5;
 constexpr int kRuleRight = 235;
 constexpr int kIndent = 3;       // of a value in the place of its control
 constexpr int kDotsRoom = 24;    // what a shortened text is wider than asked: its last character and the dots
-constexpr int kAllDayLeft = 141; // of the words in place of the times
+constexpr int kAllDayLeft = 137; // of the words in place of the times
 constexpr int kBoxSize = 13;
 constexpr int kBoxGap = 6;
 constexpr Size kIconSize{16, 16};
@@ -92,14 +92,16 @@ void CAppointmentDlg::PaintField(int row, const FormField& field) {
         return;
     }
     const bool enabled = Host().Windows().IsWindowEnabled(Control(field.Control));
-    const bool isCovered = ShownField == field.Control && field.Control != kEditMemo;
     const FontHandle font = State.Fonts.FontArial10;
     TextStyle style{font, enabled ? kValueColor : kDisabledColor, kLineFormat};
     const std::u16string text = TextOfField(field.Control);
     const bool saysAllDay = text == kAllDayRecurring;
+    const int coveredBy =
+        saysAllDay ? Layout().Rows[static_cast<std::size_t>(row)].Fields.front().Control : field.Control;
+    const bool isCovered = ShownField == coveredBy && field.Control != kEditMemo;
     if (saysAllDay) {
         bounds.Left = kAllDayLeft;
-        bounds.Right = kFormWidth;
+        bounds.Right = kRuleRight + kIndent;
     }
     if (field.Control == kEditReminderValue) {
         style.Format |= DT_RIGHT;

@@ -95,6 +95,28 @@ TEST_F(EditorTexts, AnAllDayAppointmentSaysSoInPlaceOfItsTimes) {
     RunNew(kModeNewAppointment);
 }
 
+TEST_F(EditorTexts, AWideDateCoversTheWordsBesideItAndNothingRunsPastTheRule) {
+    const auto countWords = [this](int expected) {
+        Desk.Check([this, expected] {
+            int count = 0;
+            for (const headless::Placed& placed : Desk.Device.See.Visible()) {
+                if (placed.Text == u"All day recurring") {
+                    ++count;
+                    EXPECT_LE(placed.Area.Right, 235);
+                }
+            }
+            EXPECT_EQ(count, expected);
+        });
+    };
+    Desk.TapAllDay();
+    countWords(2);
+    Desk.ShowRow(1);
+    countWords(1);
+    Desk.ShowRow(2);
+    countWords(1);
+    RunNew(kModeNewAppointment);
+}
+
 TEST_F(EditorTexts, AValueFollowsItsControlAtTheNextTap) {
     Desk.Subject(u"Dentist");
     Desk.PickStartDate(2027, 1, 2);
