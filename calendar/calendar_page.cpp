@@ -49,7 +49,7 @@ void CCalendarPage::OnInitDialog() {
     static_cast<void>(DayList.CreateOn(Handle(), kDayListPlace));
     ShowItem(kCalendarScrollBar, false);
     MoveItem(kCalendarScrollBar, kScrollBarPlace);
-    DayList.SetDate(SelectedYear, SelectedMonth, SelectedDay);
+    ReloadDayList();
 }
 
 void CCalendarPage::RepaintAll() {
@@ -65,9 +65,6 @@ void CCalendarPage::RebuildAll() {
 }
 
 void CCalendarPage::OpenFromPageBar() {
-    if (!DayListLoaded) {
-        ReloadDayList(); // not at the page's creation: nobody sees the list yet, and the first frame need not wait
-    }
     FullPaint = true;
     if (PaintedToday != Today()) {
         SelectionChanged = true; // midnight passed while another page was on show
@@ -99,7 +96,6 @@ void CCalendarPage::ReloadDayList() {
 }
 
 void CCalendarPage::OnDayListLoaded() {
-    DayListLoaded = true;
     Host().Controls().SetScrollInfo(Item(kCalendarScrollBar), {0, DayList.MaximumTop(), DayList.Top()});
 }
 

@@ -1,6 +1,5 @@
 // The hidden day list of the month page and its scroll bar: always the selected day's.
 #include "res/resource_ids.h"
-#include "tests/support/folder_probe.h"
 #include "tests/support/running_program.h"
 
 #include <gtest/gtest.h>
@@ -67,32 +66,6 @@ class CalendarPageList : public testing::Test {
 
     RunningProgram Program{At(2004, 11, 3, 7, 0)};
 };
-
-TEST_F(CalendarPageList, TheDayIsFirstReadWhenThePageOpens) {
-    GivenItems(6, 11, 3);
-    ASSERT_TRUE(Program.Start());
-    FolderFaults faults;
-    faults.RestrictResult = Status::Fail;
-    const ComPtr<IFolder> folder = Program.State().Store.CalendarFolder;
-    Program.State().Store.CalendarFolder = FolderProbe::Make(folder, faults);
-    Program.ShowPage(2);
-    EXPECT_EQ(Bar(), (BarState{0, 0, 0})); // what the start could still have read, the opening cannot
-    Program.Stop();                        // before the faults go
-}
-
-TEST_F(CalendarPageList, OpeningThePageAgainReadsNothing) {
-    GivenItems(6, 11, 3);
-    Open();
-    EXPECT_EQ(Bar(), (BarState{0, 2, 0}));
-    FolderFaults faults;
-    faults.RestrictResult = Status::Fail;
-    const ComPtr<IFolder> folder = Program.State().Store.CalendarFolder;
-    Program.State().Store.CalendarFolder = FolderProbe::Make(folder, faults);
-    Program.ShowPage(0);
-    Program.ShowPage(2);
-    EXPECT_EQ(Bar(), (BarState{0, 2, 0}));
-    Program.Stop();
-}
 
 TEST_F(CalendarPageList, ListAndBarLieHiddenInTheirPlaces) {
     Open();
