@@ -41,6 +41,7 @@ class CAppointmentDlg : public CDialog {
     void OnInitDialog() override;
     void OnOK() override;
     void OnCancel() override;
+    void OnQuit() override;
     void Paint() override;
 
   private:
@@ -94,7 +95,7 @@ class CAppointmentDlg : public CDialog {
     void TakeRecurrenceCloseUp();
     bool RunWizard();
 
-    // appointment_dlg_reminder.cpp: reminder, sound and memo
+    // appointment_dlg_reminder.cpp: reminder and sound
     void SetReminderControls();
     void EnableReminderControls();
     void FillSoundList();
@@ -106,7 +107,11 @@ class CAppointmentDlg : public CDialog {
     void TogglePreview();
     void PlaySelected();
     void StopPreview();
+
+    // appointment_dlg_memo.cpp
     void OpenMemo();
+    void OfferMemoOfDay();
+    bool KeepAsMemo(const SYSTEMTIME& day);
 
     // appointment_save.cpp
     AppointmentInput ReadInput() const;

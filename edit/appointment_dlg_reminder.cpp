@@ -23,7 +23,6 @@ constexpr std::u16string_view kStopCaption = u"[]";
 constexpr LeadTime kNewAlarmLead{15, kLeadMinutes};
 constexpr LeadTime kNewItemLead{12, kLeadHours};
 constexpr std::u16string_view kRangeText = u"Enter an integer between %d and %d.";
-constexpr std::u16string_view kMemoTooLarge = u"Cannot save. Memo exceeded memory limitation.";
 
 } // namespace
 
@@ -114,17 +113,6 @@ void CAppointmentDlg::StopPreview() {
     Preview.Stop();
     SetItemText(kEditPreview, kPlayCaption);
     Invalidate();
-}
-
-void CAppointmentDlg::OpenMemo() {
-    if (InkEditor == nullptr) {
-        return;
-    }
-    State.Memo.Empty();
-    State.Memo.Fill(Edited.InkNote());
-    if (InkEditor->EditInkNote() == IDOK && !Edited.PutInkNote(State.Memo.Bytes())) {
-        ShowRefusal(kMemoTooLarge);
-    }
 }
 
 void CAppointmentDlg::ShowRefusal(std::u16string_view text) {

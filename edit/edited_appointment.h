@@ -61,6 +61,9 @@ class EditedAppointment {
     // False when the item takes no such note.
     bool PutInkNote(std::span<const std::uint8_t> ink);
 
+    // Put, and not saved yet.
+    bool HasNewInk() const { return InkChanged; }
+
   private:
     void TakePattern();
     void PutRule(std::int32_t type, std::int32_t mask, const ItemTimes& times);

@@ -71,18 +71,19 @@ bool CInkMemoView::HasNewInk() const {
 }
 
 // What was written goes where OK would put it, or else becomes a memo of today.
+bool CInkMemoView::KeepAtQuit() {
+    if (Keeper != nullptr) {
+        return Keeper->KeepMemoAtQuit();
+    }
+    MemoFiles files(State);
+    return files.WriteMemo(files.FreeMemoPath(Host().Clock().GetLocalTime()));
+}
+
 void CInkMemoView::OnQuit() {
     TakeInk();
-    if (State.Memo.IsEmpty() || !HasNewInk()) {
-        return;
+    if (!State.Memo.IsEmpty() && HasNewInk() && !KeepAtQuit()) {
+        Host().Ink().LeaveForRecovery(Ink); // the next start asks what is to become of it
     }
-    if (Keeper != nullptr) {
-        static_cast<void>(Keeper->KeepMemo(Handle())); // nobody is there to be told
-        return;
-    }
-    const SYSTEMTIME now = Host().Clock().GetLocalTime();
-    MemoFiles files(State);
-    static_cast<void>(files.WriteMemo(files.FreeMemoPath(now)));
 }
 
 void CInkMemoView::OnOK() {

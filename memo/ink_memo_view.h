@@ -37,6 +37,7 @@ class CInkMemoView : public CDialog {
     void LoadInk();
     void TakeInk();
     bool HasNewInk() const;
+    bool KeepAtQuit();
     bool SaveAs();
     bool WriteFile(std::u16string_view path);
 

@@ -11,9 +11,13 @@ namespace {
 constexpr std::u16string_view kNotSaved = u"The memo could not be saved. It is still open.";
 }
 
-bool MemoFileKeeper::KeepMemo(WindowHandle editor) {
+bool MemoFileKeeper::KeepMemoAtQuit() {
     MemoFiles files(State);
-    if (files.WriteMemo(Path.empty() ? files.NewMemoPath(Year, Month, Day) : Path)) {
+    return files.WriteMemo(Path.empty() ? files.NewMemoPath(Year, Month, Day) : Path);
+}
+
+bool MemoFileKeeper::KeepMemo(WindowHandle editor) {
+    if (KeepMemoAtQuit()) {
         return true;
     }
     MessageBoxDescription box;

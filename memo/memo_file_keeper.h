@@ -19,6 +19,7 @@ class MemoFileKeeper : public IMemoKeeper {
     int Day = 0;
 
     bool KeepMemo(WindowHandle editor) override;
+    bool KeepMemoAtQuit() override;
 
   private:
     CProgramState& State;

@@ -11,6 +11,9 @@ class IMemoKeeper {
     // `editor`, was told so: the editor then stays open with its ink.
     virtual bool KeepMemo(WindowHandle editor) = 0;
 
+    // The same when the program ends with the editor open, and nobody is there to be told.
+    virtual bool KeepMemoAtQuit() = 0;
+
   protected:
     ~IMemoKeeper() = default;
 };

@@ -60,6 +60,9 @@ class IInk {
     virtual std::vector<std::uint8_t> GetData(WindowHandle ink) = 0; // WM_USER + 515; empty paper gives no bytes
     virtual bool SetData(WindowHandle ink, std::span<const std::uint8_t> data) = 0; // WM_USER + 516
 
+    // Nobody could keep the control's ink: when the control goes, it is left as a crash would leave it.
+    virtual void LeaveForRecovery(WindowHandle ink) = 0;
+
     // What crashes left, oldest first; none of it is open anywhere.
     virtual std::vector<RecoveredInk> FindRecovered() = 0;
     virtual void EndRecovered(std::u16string_view name, RecoveredInkEnd end) = 0;

@@ -67,14 +67,14 @@ std::vector<MenuItem> MakeInkMenus() {
     return {
         Popup(u"Edit",
               {
-                  Command(kCommandUndo, u"Undo"),
-                  Command(kCommandRedo, u"Redo"),
+                  Command(kCommandUndo, u"Undo", u"Ctrl+Z"),
+                  Command(kCommandRedo, u"Redo", u"Ctrl+Y"),
                   Separator(),
-                  Command(kCommandCut, u"Cut"),
-                  Command(kCommandCopy, u"Copy"),
-                  Command(kCommandPaste, u"Paste"),
-                  Command(kCommandClear, u"Clear"),
-                  Command(kCommandSelectAll, u"Select All"),
+                  Command(kCommandCut, u"Cut", u"Ctrl+X"),
+                  Command(kCommandCopy, u"Copy", u"Ctrl+C"),
+                  Command(kCommandPaste, u"Paste", u"Ctrl+V"),
+                  Command(kCommandClear, u"Clear", u"Del"),
+                  Command(kCommandSelectAll, u"Select All", u"Ctrl+A"),
               }),
         Popup(u"Tool",
               {

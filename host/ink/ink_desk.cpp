@@ -90,19 +90,28 @@ void InkDesk::EndRecovered(std::u16string_view name, RecoveredInkEnd end) {
     }
 }
 
-void InkDesk::SaveRecovery() {
-    if (!Recovery.has_value() || Clock == nullptr) {
+void InkDesk::Save(Entry& entry) {
+    if (!Recovery.has_value() || Clock == nullptr || entry.Control->Revision() == 0) {
         return;
     }
+    if (!entry.Saved) {
+        entry.Saved = std::make_unique<RecoveryFile>(Recovery->Path(), Clock->GetLocalTime());
+    }
+    // Where nothing can be written there is nothing to be done: the ink itself is still there.
+    static_cast<void>(entry.Saved->Write(*entry.Control));
+}
+
+void InkDesk::SaveRecovery() {
     for (auto& [handle, entry] : Entries) {
-        if (entry.Control->Revision() == 0) {
-            continue;
-        }
-        if (!entry.Saved) {
-            entry.Saved = std::make_unique<RecoveryFile>(Recovery->Path(), Clock->GetLocalTime());
-        }
-        // Where nothing can be written there is nothing to be done: the ink itself is still there.
-        static_cast<void>(entry.Saved->Write(*entry.Control));
+        Save(entry);
+    }
+}
+
+void InkDesk::LeaveForRecovery(WindowHandle ink) {
+    Entry& entry = FindEntry(ink);
+    Save(entry);
+    if (entry.Saved) {
+        entry.Saved->Leave();
     }
 }
 

@@ -26,6 +26,7 @@ class InkDesk final : public IInk {
     int SendMessageW(WindowHandle ink, MessageNumber number, int first, int second) override;
     std::vector<std::uint8_t> GetData(WindowHandle ink) override;
     bool SetData(WindowHandle ink, std::span<const std::uint8_t> data) override;
+    void LeaveForRecovery(WindowHandle ink) override;
     std::vector<RecoveredInk> FindRecovered() override;
     void EndRecovered(std::u16string_view name, RecoveredInkEnd end) override;
 
@@ -54,6 +55,7 @@ class InkDesk final : public IInk {
     };
 
     Entry& FindEntry(WindowHandle ink);
+    void Save(Entry& entry);
     void MakeRoomForBar(WindowHandle ink, Entry& entry, bool shown);
 
     shell::Shell& State;

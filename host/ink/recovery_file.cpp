@@ -68,7 +68,7 @@ std::string NameFor(const SYSTEMTIME& begun, int number) {
 } // namespace
 
 RecoveryFile::~RecoveryFile() {
-    if (File) {
+    if (File && !IsLeft) {
         unlink(OwnPath.c_str());
     }
 }

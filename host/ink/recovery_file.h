@@ -25,6 +25,9 @@ class RecoveryFile {
     // written; the next call then tries everything again.
     bool Write(const InkControl& control);
 
+    // The file outlives the object.
+    void Leave() { IsLeft = true; }
+
     const std::string& Path() const { return OwnPath; }
 
   private:
@@ -42,6 +45,7 @@ class RecoveryFile {
     std::optional<std::uint64_t> WrittenReshapes; // none: nothing of use is in the file
     std::size_t WrittenStrokes = 0;
     bool HasLive = false;
+    bool IsLeft = false;
 };
 
 struct RecoveryContents {

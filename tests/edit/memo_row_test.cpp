@@ -1,4 +1,5 @@
 // The memo row: an item's ink note on its way to the ink editor and back.
+#include "memo/memo_files.h"
 #include "tests/edit/edit_desk.h"
 
 #include <gtest/gtest.h>
@@ -104,14 +105,58 @@ TEST_F(MemoRow, InkThatIsTooLargeIsToldAndTheDialogStays) {
     };
     TapMemo();
     Desk.Device.AnswerBox(IDOK);
+    Desk.Device.AnswerBox(IDNO);
     Desk.Check([&] {
         EXPECT_TRUE(Desk.Device.See.IsDialogOpen());
         EXPECT_EQ(Desk.Messages(),
-                  std::vector<std::u16string>{u"Tavo Calendar|Cannot save. Memo exceeded memory limitation.!"});
+                  (std::vector<std::u16string>{u"Tavo Calendar|Cannot save. Memo exceeded memory limitation.!",
+                                               u"Tavo Calendar|Keep it as a memo of 2026.11.23(Mon) instead?"}));
+        EXPECT_EQ(Desk.Device.Host().Seen.Boxes.back().Buttons, MessageBoxButtons::YesNo);
     });
     Desk.Ok();
     EXPECT_EQ(Desk.RunExisting(kModeAlarm, oid), IDOK);
     EXPECT_EQ(NoteOf(oid), (Bytes{1, 2, 3}));
+    EXPECT_FALSE(MemoFiles(Desk.State).HasMemo(2026, 11, 23));
+}
+
+TEST_F(MemoRow, InkThatIsTooLargeCanBecomeAMemoOfTheItemsDay) {
+    const Oid oid = GivenNote({1, 2, 3});
+    const Bytes ink(std::size_t{5} * 1024 * 1024, 7);
+    Desk.EditInk = [&] {
+        Desk.State.Memo.Fill(Bytes(ink));
+        return IDOK;
+    };
+    TapMemo();
+    Desk.Device.AnswerBox(IDOK);
+    Desk.Device.AnswerBox(IDYES);
+    Desk.Ok();
+    EXPECT_EQ(Desk.RunExisting(kModeAlarm, oid), IDOK);
+    MemoFiles files(Desk.State);
+    ASSERT_EQ(files.FindMemos(2026, 11, 23), std::vector<std::u16string>{u"20261123_094700.pwi"});
+    ASSERT_TRUE(files.ReadMemo(files.MemoPath(u"20261123_094700.pwi")));
+    EXPECT_EQ(BufferNow(), ink);
+}
+
+TEST_F(MemoRow, InkThatWaitsForOkBecomesAMemoWhenTheProgramQuits) {
+    const Oid oid = GivenNote({1, 2, 3});
+    Desk.EditInk = [&] {
+        Desk.State.Memo.Fill({4, 5});
+        return IDOK;
+    };
+    TapMemo();
+    EXPECT_EQ(Desk.RunExisting(kModeAlarm, oid), kLeftOpen);
+    EXPECT_EQ(NoteOf(oid), (Bytes{1, 2, 3}));
+    MemoFiles files(Desk.State);
+    ASSERT_TRUE(files.ReadMemo(files.MemoPath(u"20261123_094700.pwi")));
+    EXPECT_EQ(BufferNow(), (Bytes{4, 5}));
+}
+
+TEST_F(MemoRow, ANoteThatWasOnlyThereIsNotKeptWhenTheProgramQuits) {
+    const Oid oid = GivenNote({1, 2, 3});
+    Desk.EditInk = [] { return IDCANCEL; };
+    TapMemo();
+    EXPECT_EQ(Desk.RunExisting(kModeAlarm, oid), kLeftOpen);
+    EXPECT_FALSE(MemoFiles(Desk.State).HasMemo(2026, 11, 23));
 }
 
 TEST_F(MemoRow, NewInkOutlivesACancelledWizard) {

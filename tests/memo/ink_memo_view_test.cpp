@@ -1,62 +1,10 @@
-// The ink editor: its two states, its commands, and what becomes of the ink.
-#include "memo/ink_memo_view.h"
-
-#include "memo/memo_file_keeper.h"
-#include "tests/memo/memo_desk.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <array>
+// The ink editor: its two states and its commands.
+#include "tests/memo/ink_memo_view_desk.h"
 
 namespace tavo::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
-
-constexpr std::array<int, 5> kZoomCommands{kCommandZoom75, kCommandZoom100, kCommandZoom150, kCommandZoom200,
-                                           kCommandZoom300};
-constexpr std::array<int, 5> kZooms{75, 100, 150, 200, 300};
-constexpr std::u16string_view kMemoName = u"\\My Documents\\TavoCalendar\\20040915_101500.pwi";
-
-class InkMemoView : public testing::Test {
-  protected:
-    int Run() { return Desk.Run(Editor); }
-
-    void Choose(std::u16string menu, int command) { Desk.Device.ChooseMenu(std::move(menu), command); }
-
-    // The zooms whose items are checked.
-    std::vector<int> CheckedZooms() {
-        std::vector<int> zooms;
-        for (std::size_t index = 0; index < kZooms.size(); ++index) {
-            if (Desk.IsChecked(kZoomCommands[index])) {
-                zooms.push_back(kZooms[index]);
-            }
-        }
-        return zooms;
-    }
-
-    int Ask(MessageNumber number) { return Desk.Paper().SendMessageW(number, 0, 0); }
-
-    int Zoom() { return Desk.Paper().View().Zoom(); }
-
-    // Ink as the control gives it: of a memo with so many strokes.
-    std::vector<std::uint8_t> GivenInk(int strokes = 1) {
-        MemoDesk other;
-        CInkMemoView editor(other.Pump, other.State);
-        for (int stroke = 0; stroke < strokes; ++stroke) {
-            other.Draw(40 + 20 * stroke);
-        }
-        other.Device.PressOk();
-        EXPECT_EQ(other.Run(editor), IDOK);
-        EXPECT_THAT(other.Buffer(), testing::Not(IsEmpty()));
-        return other.Buffer();
-    }
-
-    MemoDesk Desk;
-    CInkMemoView Editor{Desk.Pump, Desk.State};
-};
 
 TEST_F(InkMemoView, OpensInWritingAtZoom150) {
     Desk.Check([this] {
@@ -205,183 +153,27 @@ TEST_F(InkMemoView, TheSecondButtonShowsAndHidesThePens) {
     EXPECT_EQ(Run(), IDCANCEL);
 }
 
-TEST_F(InkMemoView, OkWithNothingDrawnLeavesTheBufferEmpty) {
-    Desk.Device.PressOk();
-    EXPECT_EQ(Run(), IDOK);
-    EXPECT_TRUE(Desk.State.Memo.IsEmpty());
-}
-
-TEST_F(InkMemoView, OkLeavesTheInkInTheBufferAndOpeningShowsIt) {
-    const std::vector<std::uint8_t> ink = GivenInk(2);
-    Desk.State.Memo.Fill(ink);
-    Desk.Check([this] { EXPECT_EQ(Desk.Strokes(), 2U); });
-    Desk.Device.PressOk();
-    EXPECT_EQ(Run(), IDOK);
-    EXPECT_EQ(Desk.Buffer(), ink);
-}
-
-TEST_F(InkMemoView, ClosingAndEscapeCancel) {
+TEST_F(InkMemoView, ItsCommandsHaveKeys) {
+    const auto press = [this](int key, std::size_t strokes) {
+        Desk.Device.Key(key, key == VK_DELETE ? 0 : kModifierControl);
+        Desk.Check([=, this] { EXPECT_EQ(Desk.Strokes(), strokes) << key; });
+    };
     Desk.Draw();
-    Desk.Device.Key(VK_ESCAPE);
-    EXPECT_EQ(Run(), IDCANCEL);
-}
-
-TEST_F(InkMemoView, DeleteNoteAnsweredNoChangesNothing) {
-    Desk.State.Memo.Fill(GivenInk());
-    Choose(u"Tool", kCommandDeleteNote);
-    Desk.Device.AnswerBox(IDNO);
-    Desk.Check([this] {
-        EXPECT_TRUE(Desk.Device.See.IsDialogOpen());
-        EXPECT_EQ(Desk.Strokes(), 1U);
-    });
-    Desk.Device.PressOk();
-    EXPECT_EQ(Run(), IDOK);
-    EXPECT_FALSE(Desk.State.Memo.IsEmpty());
-    EXPECT_THAT(Desk.Messages(), ElementsAre(u"|This memo will be deleted. Continue?"));
-}
-
-TEST_F(InkMemoView, DeleteNoteAnsweredYesEndsWithOkAndAnEmptyBuffer) {
-    Desk.State.Memo.Fill(GivenInk());
-    MemoFileKeeper keeper(Desk.State);
-    keeper.Path = kMemoName;
-    Editor.Keeper = &keeper;
-    Choose(u"Tool", kCommandDeleteNote);
-    Desk.Device.AnswerBox(IDYES);
-    EXPECT_EQ(Run(), IDOK);
-    EXPECT_TRUE(Desk.State.Memo.IsEmpty());
-    EXPECT_EQ(Desk.Host.OwnFiles.LastWritten, u"");
-}
-
-TEST_F(InkMemoView, DeleteNoteWithAPathDeletesTheFileAndCancels) {
-    const std::vector<std::uint8_t> ink = GivenInk();
-    Desk.State.Memo.Fill(ink);
-    ASSERT_TRUE(Desk.Files.WriteMemo(kMemoName));
-    Editor.FilePath = kMemoName;
-    Choose(u"Tool", kCommandDeleteNote);
-    Desk.Device.AnswerBox(IDYES);
-    EXPECT_EQ(Run(), IDCANCEL);
-    EXPECT_FALSE(Desk.Files.HasMemo(2004, 9, 15));
-}
-
-TEST_F(InkMemoView, OkWithAPathWritesTheFile) {
-    Editor.FilePath = kMemoName;
-    Desk.Draw();
-    Desk.Device.PressOk();
-    EXPECT_EQ(Run(), IDOK);
-    EXPECT_TRUE(Desk.Files.HasMemo(2004, 9, 15));
-    EXPECT_FALSE(Desk.State.Memo.IsEmpty());
-}
-
-TEST_F(InkMemoView, SaveAsAsksForANameAndWritesThere) {
-    Editor.SaveAsMode = true;
-    Editor.FilePath = u"\\proposed.pwi";
-    Desk.Draw();
-    Desk.Device.PressOk();
-    Desk.Check([this] {
-        EXPECT_EQ(Desk.Device.See.Caption(), u"Save As");
-        EXPECT_EQ(Desk.Device.See.TextOf(kCopyMemoName), u"\\proposed.pwi");
-    });
-    Desk.Device.TypeInto(kCopyMemoName, kMemoName);
-    Desk.Device.TapControl(kCopyMemoOk);
-    EXPECT_EQ(Run(), IDOK);
-    EXPECT_TRUE(Desk.Files.HasMemo(2004, 9, 15));
-}
-
-TEST_F(InkMemoView, SaveAsWithABadNameSaysSoAndStaysOpen) {
-    Editor.SaveAsMode = true;
-    Desk.Draw();
-    Desk.Device.PressOk();
-    Desk.Device.TypeInto(kCopyMemoName, u"\\no such folder\\memo.pwi");
-    Desk.Device.TapControl(kCopyMemoOk);
-    Desk.Device.AnswerBox(IDOK);
-    Desk.Check([this] {
-        EXPECT_EQ(Desk.Device.See.Caption(), u"Memo");
-        EXPECT_EQ(Desk.Strokes(), 1U);
-    });
+    press('Z', 0);
+    press('Z', 0); // there is nothing left to undo
+    press('Y', 1);
+    Desk.Device.PressBarButton(kCommandInputMode);
+    press('V', 1); // nor to paste
+    press('A', 1);
+    press('C', 1);
+    press('V', 2);
+    press('A', 2);
+    press('X', 0);
+    press('V', 2);
+    press('A', 2);
+    press(VK_DELETE, 0);
     Desk.Device.PressClose();
     EXPECT_EQ(Run(), IDCANCEL);
-    EXPECT_THAT(Desk.Messages(), ElementsAre(u"Tavo Calendar|Please check the file name is valid."));
-}
-
-TEST_F(InkMemoView, SaveAsWithoutInkOrWithoutANameCancels) {
-    Editor.SaveAsMode = true;
-    Desk.Device.PressOk();
-    EXPECT_EQ(Run(), IDCANCEL);
-    Desk.Draw();
-    Desk.Device.PressOk();
-    Desk.Device.TapControl(IDCANCEL);
-    EXPECT_EQ(Run(), IDCANCEL);
-    EXPECT_EQ(Desk.Host.OwnFiles.LastWritten, u"");
-}
-
-TEST_F(InkMemoView, WhereTheMemoCannotBeKeptTheEditorStaysOpenWithItsInk) {
-    MemoFileKeeper keeper(Desk.State);
-    keeper.Year = 2004;
-    keeper.Month = 9;
-    keeper.Day = 15;
-    Editor.Keeper = &keeper;
-    Desk.Host.OwnFiles.WriteResult = ErrorCode::DiskFull;
-    Desk.Draw();
-    Desk.Device.PressOk();
-    Desk.Device.AnswerBox(IDOK);
-    Desk.Check([this] {
-        EXPECT_EQ(Desk.Strokes(), 1U);
-        Desk.Host.OwnFiles.WriteResult = ErrorCode::Success; // somebody made room
-    });
-    Desk.Device.PressOk();
-    EXPECT_EQ(Run(), IDOK);
-    EXPECT_THAT(Desk.Messages(), ElementsAre(u"Tavo Calendar|The memo could not be saved. It is still open."));
-    EXPECT_TRUE(Desk.Files.HasMemo(2004, 9, 15));
-}
-
-TEST_F(InkMemoView, BytesOfAnotherProgramStayAsTheyAreUntilSomebodyWrites) {
-    MemoFileKeeper keeper(Desk.State);
-    keeper.Path = kMemoName;
-    Editor.Keeper = &keeper;
-    Desk.State.Memo.Fill({1, 2, 3});
-    Desk.Device.PressOk();
-    EXPECT_EQ(Run(), IDCANCEL);
-    EXPECT_EQ(Desk.Host.OwnFiles.LastWritten, u"");
-
-    Desk.State.Memo.Fill({1, 2, 3});
-    Desk.Draw();
-    Desk.Device.PressOk();
-    EXPECT_EQ(Run(), IDOK);
-    EXPECT_EQ(Desk.Host.OwnFiles.LastWritten, kMemoName);
-    EXPECT_NE(Desk.Buffer(), (std::vector<std::uint8_t>{1, 2, 3}));
-}
-
-TEST_F(InkMemoView, DeleteNoteTakesAwayAnotherProgramsBytes) {
-    Desk.State.Memo.Fill({1, 2, 3});
-    Choose(u"Tool", kCommandDeleteNote);
-    Desk.Device.AnswerBox(IDYES);
-    EXPECT_EQ(Run(), IDOK);
-    EXPECT_TRUE(Desk.State.Memo.IsEmpty());
-}
-
-TEST_F(InkMemoView, WhatIsWrittenWhenTheProgramQuitsIsKept) {
-    MemoFileKeeper keeper(Desk.State);
-    keeper.Path = kMemoName;
-    Editor.Keeper = &keeper;
-    Desk.Draw();
-    EXPECT_EQ(Run(), kLeftOpen);
-    EXPECT_TRUE(Desk.Files.HasMemo(2004, 9, 15));
-}
-
-TEST_F(InkMemoView, WithoutAPlaceOfItsOwnItBecomesAMemoOfTodayBesideTheOthers) {
-    Desk.State.Memo.Fill({9});
-    ASSERT_TRUE(Desk.Files.WriteMemo(kMemoName)); // of this very second
-    Desk.State.Memo.Empty();
-    Desk.Draw();
-    EXPECT_EQ(Run(), kLeftOpen);
-    EXPECT_THAT(Desk.Files.FindMemos(2004, 9, 15),
-                testing::UnorderedElementsAre(u"20040915_101500.pwi", u"20040915_101501.pwi"));
-}
-
-TEST_F(InkMemoView, InkThatWasOnlyLookedAtIsNotKeptWhenTheProgramQuits) {
-    Desk.State.Memo.Fill(GivenInk());
-    EXPECT_EQ(Run(), kLeftOpen);
-    EXPECT_FALSE(Desk.Files.HasMemo(2004, 9, 15));
 }
 
 } // namespace

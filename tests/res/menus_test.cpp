@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <string_view>
+
 namespace tavo {
 
 namespace {
@@ -64,6 +67,11 @@ TEST(Menus, InkEditor) {
     const std::vector<Entry> tool{{u"75%", 32787},  {u"100%", 32788}, {u"150%", 32789},       {u"200%", 32790},
                                   {u"300%", 32791}, {u"", 0},         {u"Delete Note", 32803}};
     EXPECT_EQ(EntriesOf(menus[1]), tool);
+    constexpr std::array<std::u16string_view, 8> keys{u"Ctrl+Z", u"Ctrl+Y", u"",    u"Ctrl+X",
+                                                      u"Ctrl+C", u"Ctrl+V", u"Del", u"Ctrl+A"};
+    for (std::size_t index = 0; index < keys.size(); ++index) {
+        EXPECT_EQ(menus[0].Children[index].Shortcut, keys[index]);
+    }
 }
 
 TEST(Menus, PagesHaveTools) {
