@@ -87,6 +87,10 @@ void CInkMemoView::OnQuit() {
 }
 
 void CInkMemoView::OnOK() {
+    if (Ink == WindowHandle::None) {
+        EndDialog(IDCANCEL); // nobody saw the ink, so nobody took it away
+        return;
+    }
     TakeInk();
     if (IsForeign && !HasNewInk()) {
         EndDialog(IDCANCEL); // what was not understood stays as it is until somebody writes over it

@@ -167,6 +167,22 @@ TEST_F(AppointmentView, TheButtonsEndItWithTheirResults) {
     EXPECT_EQ(Run(oid), 11);
 }
 
+TEST_F(AppointmentView, TheTemplatesButtonsLieHiddenUnderTheDrawnOnes) {
+    Desk.Check([this] {
+        const shell::WindowTree& tree = Desk.Device.Host().State.Tree;
+        EXPECT_EQ(tree.Find(Desk.Device.See.Control(1000))->Bounds, (Rect{216, 16, 236, 36}));
+        EXPECT_EQ(tree.Find(Desk.Device.See.Control(1001))->Bounds, (Rect{216, 39, 236, 59}));
+        EXPECT_FALSE(Desk.Device.See.IsShown(1000));
+        EXPECT_FALSE(Desk.Device.See.IsShown(1001));
+        Desk.Device.Host().Queue().PostMessageW({Dialog.Handle(), WM_COMMAND, 1001, BN_CLICKED, 0, {}});
+    });
+    EXPECT_EQ(Run(GivenHour()), 11);
+    Desk.Check([this] {
+        Desk.Device.Host().Queue().PostMessageW({Dialog.Handle(), WM_COMMAND, 1000, BN_CLICKED, 0, {}});
+    });
+    EXPECT_EQ(Run(GivenHour()), 10);
+}
+
 TEST_F(AppointmentView, TheEdgesOfTheButtonsAreAPixelInside) {
     const Oid oid = GivenHour();
     for (const Point inside : {Point{217, 17}, Point{235, 17}, Point{217, 35}, Point{235, 35}}) {
