@@ -10,6 +10,8 @@
 #include <QTabletEvent>
 #include <QTest>
 
+#include <algorithm>
+
 namespace tavo::qt {
 namespace {
 
@@ -205,6 +207,32 @@ TEST_F(InkTest, TheWheelAndTheBarScrollAndTheInkGoesAlong) {
     EXPECT_EQ(bar->value(), 48 * ink::kTicksPerPixel);
     bar->setValue(0);
     EXPECT_TRUE(IsDark(60, 100));
+}
+
+TEST_F(InkTest, EnlargedPaperHasABarBelowItThatBeginsAtTheLeft) {
+    const auto barAt = [this](int x) {
+        const Color seen = ReadPixel(Host, {x, 244 - ink::kScrollBarWidth / 2 + kClientArea.Top});
+        return seen.Red();
+    };
+    Host.Ink().SetData(Paper, {}); // a memo is opened
+    Send(kInkSetZoom, 0, 150);
+    Run();
+    const int trough = barAt(200);
+    EXPECT_GT(trough, 220);
+    EXPECT_LT(barAt(40), 180); // the thumb
+    EXPECT_LT(barAt(130), 180);
+    const auto bars = Widget().findChildren<QScrollBar*>();
+    const auto* sideways = *std::find_if(bars.begin(), bars.end(),
+                                         [](const QScrollBar* bar) { return bar->orientation() == Qt::Horizontal; });
+    EXPECT_TRUE(sideways->isVisible());
+    EXPECT_EQ(sideways->value(), 0);
+    Ink().ScrollTo({ink::kPaperWidth, 0});
+    Run();
+    EXPECT_EQ(barAt(40), trough);
+    EXPECT_LT(barAt(190), 180);
+    Send(kInkSetZoom, 0, 100);
+    Run();
+    EXPECT_FALSE(sideways->isVisible());
 }
 
 TEST_F(InkTest, ANoticeStandsOnForeignPaperUntilSomebodyDraws) {
