@@ -47,6 +47,7 @@ bool Child::Start(const std::vector<std::string>& arguments) {
     FromChild = files::FileDescriptor(out[0]);
     files::FileDescriptor childOutput(out[1]);
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size() + 1);
     for (const std::string& argument : arguments) {
         pointers.push_back(const_cast<char*>(argument.c_str())); // execv wants it so and does not write
     }

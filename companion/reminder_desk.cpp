@@ -148,7 +148,7 @@ std::vector<std::string> ReminderDesk::FindSounds(const reminders::Card& card) {
             continue;
         }
         if (path.find(u'\\') == std::u16string::npos) {
-            path = u"\\Windows\\" + path;
+            path.insert(0, u"\\Windows\\");
         }
         if (std::optional<std::string> file = Files.RealPathOfFile(path)) {
             sounds.push_back(std::move(*file));

@@ -1,4 +1,6 @@
 // Plays the first of the named files that is a sound: once, or again and again, louder and louder, for two minutes.
+#include "host/qt/call_later.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QSoundEffect>
@@ -26,30 +28,28 @@ class Ringer : public QObject {
             }
         });
         connect(&Step, &QTimer::timeout, this, [this] { TakeStep(); });
+        // A device that never answers must not keep us for ever.
+        Patience.setSingleShot(true);
+        connect(&Patience, &QTimer::timeout, this, [this] { TryNext(); });
         TryNext();
     }
 
   private:
     void TryNext() {
         if (Files.isEmpty()) {
-            QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(1); });
+            tavo::qt::CallLater(this, [] { QCoreApplication::exit(1); }); // there may be no loop yet that could end
             return;
         }
-        const QString file = Files.takeFirst();
-        Effect.setSource(QUrl::fromLocalFile(file));
-        // A device that never answers must not keep us for ever.
-        QTimer::singleShot(kLoadingPatience, this, [this, file] {
-            if (!Begun && Effect.source() == QUrl::fromLocalFile(file)) {
-                TryNext();
-            }
-        });
+        Effect.setSource(QUrl::fromLocalFile(Files.takeFirst()));
+        Patience.start(kLoadingPatience);
     }
 
     void TakeStatus() {
         if (Effect.status() == QSoundEffect::Error && !Begun) {
-            QTimer::singleShot(0, this, [this] { TryNext(); }); // not from within the effect's own call
+            tavo::qt::CallLater(this, [this] { TryNext(); }); // not from within the effect's own call
         } else if (Effect.status() == QSoundEffect::Ready && !Begun) {
             Begun = true;
+            Patience.stop();
             Effect.setVolume(Repeats ? static_cast<float>(kFirstVolume) : 1.0F);
             Effect.setLoopCount(Repeats ? static_cast<int>(QSoundEffect::Infinite) : 1);
             Effect.play();
@@ -73,6 +73,7 @@ class Ringer : public QObject {
     bool Begun = false;
     QSoundEffect Effect;
     QTimer Step;
+    QTimer Patience;
     QElapsedTimer Time;
 };
 

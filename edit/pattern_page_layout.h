@@ -28,18 +28,18 @@ constexpr int kYearlyControls[] = {kPatternYearlyDay,   kPatternYearDayMonth,   
                                    kPatternYearOfLabel, kPatternYearNthMonth};
 
 struct PatternTab {
-    PatternMode Mode;
     std::u16string_view Name;
-    int Picture; // the strip with this tab in front
     std::span<const int> Controls;
+    PatternMode Mode;
+    int Picture; // the strip with this tab in front
 };
 
 // From left to right.
 constexpr PatternTab kPatternTabList[] = {
-    {PatternMode::Daily, u"Daily", kBitmapPatternDaily, kDailyControls},
-    {PatternMode::Weekly, u"Weekly", kBitmapPatternWeekly, kWeeklyControls},
-    {PatternMode::Monthly, u"Monthly", kBitmapPatternMonthly, kMonthlyControls},
-    {PatternMode::Yearly, u"Yearly", kBitmapPatternYearly, kYearlyControls},
+    {u"Daily", kDailyControls, PatternMode::Daily, kBitmapPatternDaily},
+    {u"Weekly", kWeeklyControls, PatternMode::Weekly, kBitmapPatternWeekly},
+    {u"Monthly", kMonthlyControls, PatternMode::Monthly, kBitmapPatternMonthly},
+    {u"Yearly", kYearlyControls, PatternMode::Yearly, kBitmapPatternYearly},
 };
 
 // The radio button of the row that a list lies in.

@@ -58,7 +58,9 @@ void CoverageMask::AddLine(const Nib& from, const Nib& to, const PixelBox& clip)
             const float awayY = offsetY - part * alongY;
             const float distance = std::sqrt(awayX * awayX + awayY * awayY);
             const float covered = std::clamp(from.Radius + part * growth + 0.5F - distance, 0.0F, 1.0F);
-            row[x] = std::max(row[x], static_cast<std::uint8_t>(covered * 255 + 0.5F));
+            // Never negative, and a call for each pixel would be felt.
+            const auto value = static_cast<std::uint8_t>(covered * 255 + 0.5F); // NOLINT(bugprone-incorrect-roundings)
+            row[x] = std::max(row[x], value);
         }
     }
 }
