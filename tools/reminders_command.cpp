@@ -48,6 +48,8 @@ const char* NameOf(LedgerState state) {
         return "answered";
     case LedgerState::Withdrawn:
         return "taken back";
+    case LedgerState::ToReturn:
+        return "to come again";
     }
     return "?";
 }

@@ -25,8 +25,9 @@ struct ReminderKey {
 
 struct DueReminder {
     ReminderKey Key;
-    Moment At = 0;    // when it is due
-    Moment Start = 0; // of the occurrence
+    Moment At = 0;      // when it is due
+    Moment Start = 0;   // of the occurrence
+    bool Again = false; // it may have been shown before
 };
 
 // What people read and hear.
@@ -47,10 +48,18 @@ enum class LedgerState {
     Listed = 4,    // stands in the list of missed ones, nobody has answered
     Dismissed = 5, // answered
     Withdrawn = 6, // its item was moved or deleted after it was shown
+    ToReturn = 7,  // the clock was set back to before its time, and a kill left open whether it was shown
+};
+
+// Whether it was shown by itself, as one of a list of missed ones is not.
+enum class Showing {
+    Never = 0,
+    Perhaps = 1, // a process that died in between has left that open
+    Surely = 2,
 };
 
 constexpr bool IsFinal(LedgerState state) {
-    return state == LedgerState::Dismissed || state == LedgerState::Withdrawn;
+    return state == LedgerState::Dismissed || state == LedgerState::Withdrawn || state == LedgerState::ToReturn;
 }
 
 struct LedgerRow {
@@ -58,8 +67,8 @@ struct LedgerRow {
     Moment At = 0;    // when it is due, or when it came to be owed where that was later
     Moment Start = 0; // of the occurrence
     LedgerState State = LedgerState::Due;
-    Moment Until = 0;       // of a snoozed one; stays while it is shown again
-    std::int32_t Shows = 0; // how often it was offered by itself, lists of missed ones not counted
+    Moment Until = 0; // of a snoozed one; stays while it is shown again
+    Showing ByItself = Showing::Never;
     std::uint32_t Card = 0; // the desktop's number for what shows it
     std::string Service;    // who gave that number
     std::string Title;      // for the log, when the item is gone

@@ -257,6 +257,17 @@ Status ReminderFinder::FindNext(Moment after, std::optional<Moment>& next) {
     return status;
 }
 
+Status ReminderFinder::FindTime(const ReminderKey& key, std::optional<Moment>& due) {
+    due.reset();
+    Query query(Core.Db, "SELECT zone, reminder_minutes FROM item WHERE oid = ? AND flags & 2");
+    if (query.Bind(key.Item).Next()) {
+        const ZoneId zone = query.IsNull(0) ? outlook::kFloating : query.Integer(0);
+        const Moment lead = LeadOf(query.Integer(1));
+        due = DueOf(zone, key.Due + lead, lead);
+    }
+    return query.Result();
+}
+
 Status ReminderFinder::DescribePlain(const ReminderKey& key, Item& item, bool& stands) {
     const std::int64_t own = item.Zone == outlook::kFloating ? item.Start : item.OwnStart;
     stands = key.Original == 0 && own - item.Lead == key.Due;

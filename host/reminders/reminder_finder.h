@@ -22,6 +22,8 @@ class ReminderFinder {
     Status FindAhead(Moment now, const Visit& visit);
     // When the next reminder after this moment is due; nothing when there is none.
     Status FindNext(Moment after, std::optional<Moment>& next);
+    // When it is due in the zone of today; nothing when its item is gone or does not remind.
+    Status FindTime(const ReminderKey& key, std::optional<Moment>& due);
     // Nothing when there is no such reminder any more.
     Status Describe(const ReminderKey& key, std::optional<ReminderText>& text);
 

@@ -28,10 +28,12 @@ class IReminderStore {
     // Rows that nobody has answered.
     virtual bool ReadOpen(std::vector<LedgerRow>& rows) = 0;
 
-    // Reminders with after < due <= upTo that have no row yet.
+    // Reminders with after < due <= upTo that have no row yet, or one that is to return.
     virtual bool FindDue(Moment after, Moment upTo, std::vector<DueReminder>& found) = 0;
-    // Reminders with due <= now < start that have no row yet.
+    // Reminders with due <= now < start that have no row yet, or one that is to return.
     virtual bool FindAhead(Moment now, std::vector<DueReminder>& found) = 0;
+    // When a reminder is due in the zone of today; nothing when its item is gone.
+    virtual bool FindTime(const ReminderKey& key, std::optional<Moment>& due) = 0;
     // When the next reminder after this moment is due.
     virtual bool FindNext(Moment after, std::optional<Moment>& next) = 0;
     // Nothing when the item was moved or deleted, or does not remind any more.
@@ -39,7 +41,8 @@ class IReminderStore {
 
     // One transaction: writes these rows whole and, where it is given, the progress.
     virtual bool Commit(std::span<const LedgerRow> rows, std::optional<Moment> passed) = 0;
-    // One transaction: forgets rows that were never shown by themselves and whose time is ahead; progress is now.
+    // One transaction: of the rows whose time is ahead, forgets those that nobody can have seen by themselves, and lets
+    // those return of which that is not known; progress is now.
     virtual bool GoBackTo(Moment now) = 0;
     // Forgets old rows of what people have seen.
     virtual bool Purge(Moment now) = 0;

@@ -14,10 +14,11 @@ constexpr Moment kLongRetry = kMinute / 2;
 constexpr Moment kLongestSleep = kDay;
 constexpr Moment kUnknownTime = 3 * kDay; // looked through again after the clock was set back unseen
 
-// Never shown by itself, so that it may come at its time without coming twice.
+// Not surely shown by itself, so that it has to come at its time. What still waits to be seen stays and waits on.
 bool MayComeAnew(const LedgerRow& row, Moment now, std::int64_t wall) {
+    const bool waits = row.State == LedgerState::Due || row.State == LedgerState::Offering;
     // By its own clock too: it may have been entered in another zone.
-    return (row.At > now || row.Key.Due > wall) && row.Shows == 0 && row.State != LedgerState::Offering;
+    return (row.At > now || row.Key.Due > wall) && row.ByItself != Showing::Surely && !waits;
 }
 
 } // namespace
@@ -126,6 +127,7 @@ void Scheduler::GoBack(Moment now) {
         }
     }
     WentBackTo = now;
+    DatesAnew = true;
     std::erase_if(Open, [=](const auto& entry) { return MayComeAnew(entry.second, now, wall); });
     std::erase_if(Unwritten, [this](const ReminderKey& key) { return !Open.contains(key); });
     Passed = now;
@@ -159,13 +161,14 @@ void Scheduler::FollowZone(Moment now) {
         GoBack(std::min(now, *Passed)); // it moved west, and some times are to come once more
     }
     LooksAtItems = LooksAtItems || wall != PassedWall;
+    DatesAnew = DatesAnew || wall != PassedWall;
     PassedWall = Store.ToWall(*Passed);
 }
 
 void Scheduler::ShortenSnoozes(Moment now) {
     std::vector<LedgerRow> shortened;
     for (const auto& [key, row] : Open) {
-        if (row.State == LedgerState::Snoozed && row.Until > now + kLongestSnooze) {
+        if (row.Waits() && row.Until > now + kLongestSnooze) {
             shortened.push_back(row);
             shortened.back().Until = now + kLongestSnooze;
         }
@@ -173,6 +176,28 @@ void Scheduler::ShortenSnoozes(Moment now) {
     if (!shortened.empty()) {
         Record(shortened, now);
     }
+}
+
+// After clock or zone changed each is dated by the zone of today. What waits is owed no later and no earlier than
+// before, unless its time is ahead again.
+bool Scheduler::DateAnew(Moment now) {
+    std::vector<LedgerRow> dated;
+    for (const auto& [key, row] : Open) {
+        const bool waits = row.Waits() && row.Until == 0;
+        std::optional<Moment> due;
+        if (!Store.FindTime(key, due)) {
+            return false;
+        }
+        if (due && *due != row.At && (!waits || *due > now || row.At > now)) {
+            dated.push_back(row);
+            dated.back().At = *due;
+        }
+    }
+    if (!dated.empty()) {
+        Record(dated, now);
+    }
+    DatesAnew = false;
+    return true;
 }
 
 bool Scheduler::FollowClock(Moment now) {
@@ -195,6 +220,9 @@ bool Scheduler::FollowClock(Moment now) {
     }
     JustLoaded = false;
     ShortenSnoozes(now);
+    if (DatesAnew && !DateAnew(now)) {
+        return false;
+    }
     // Waits a while for the ledger to forget what is to come again.
     return !WentBackTo || Commit({}, std::nullopt, now) || now - *FailingSince >= kPatience;
 }
@@ -210,6 +238,8 @@ bool Scheduler::EnterFound(const std::vector<DueReminder>& found, std::optional<
         row.Key = reminder.Key;
         row.At = std::max(reminder.At, notBefore.value_or(reminder.At));
         row.Start = reminder.Start;
+        row.State = reminder.Again ? LedgerState::Offering : LedgerState::Due;
+        row.ByItself = reminder.Again ? Showing::Perhaps : Showing::Never;
     }
     const bool worthWriting = !rows.empty() || (passed && *passed - *WrittenProgress >= kProgressPeriod);
     return !worthWriting || Announce(rows, passed, now);

@@ -45,6 +45,7 @@ class Scheduler {
     void GoBack(Moment now);
     bool WriteGoingBack();
     void ShortenSnoozes(Moment now);
+    bool DateAnew(Moment now);
     bool CheckStanding(Moment now);
     bool ShrinkCard(std::uint32_t number, const std::vector<LedgerRow>& gone, Moment now);
     bool Enter(Moment now);
@@ -68,6 +69,7 @@ class Scheduler {
     IDesk& Desk;
     bool Loaded = false;
     bool JustLoaded = false;
+    bool DatesAnew = true;            // rows were dated by another clock
     std::optional<Moment> Passed;     // everything due up to here is entered
     std::int64_t PassedWall = 0;      // as the device's clock showed it
     std::optional<Moment> WentBackTo; // and the ledger does not know yet

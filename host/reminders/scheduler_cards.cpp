@@ -150,13 +150,16 @@ bool Scheduler::PresentMissed(Collected& collected, Moment now) {
 }
 
 bool Scheduler::ShowCard(const Card& card, std::uint32_t replaced, bool rings, Moment now) {
+    const bool byItself = card.Kind != CardKind::Missed;
     std::vector<LedgerRow> before;
     std::vector<LedgerRow> rows;
     for (const CardLine& line : card.Lines) {
         before.push_back(Open.at(line.Key));
         rows.push_back(before.back());
         rows.back().State = LedgerState::Offering;
-        rows.back().Shows += card.Kind == CardKind::Missed ? 0 : 1; // counted before: it may be all that is left of us
+        if (byItself) {
+            rows.back().ByItself = std::max(rows.back().ByItself, Showing::Perhaps); // it may be all that is left of us
+        }
         rows.back().Title = line.Text.Title;
     }
     if (!Announce(rows, std::nullopt, now)) {
@@ -169,7 +172,8 @@ bool Scheduler::ShowCard(const Card& card, std::uint32_t replaced, bool rings, M
         return true;
     }
     for (LedgerRow& row : rows) {
-        row.State = card.Kind == CardKind::Missed ? LedgerState::Listed : LedgerState::Shown;
+        row.State = byItself ? LedgerState::Shown : LedgerState::Listed;
+        row.ByItself = byItself ? Showing::Surely : row.ByItself;
         row.Card = *taken;
         row.Service = Desk.Service();
     }

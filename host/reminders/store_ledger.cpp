@@ -3,6 +3,8 @@
 
 #include "host/outlook/store_core.h"
 
+#include <algorithm>
+
 namespace tavo::reminders {
 
 namespace {
@@ -37,7 +39,7 @@ bool StoreLedger::ReadOpen(std::vector<LedgerRow>& rows) {
         row.Start = query.Integer(4);
         row.State = static_cast<LedgerState>(query.Small(5));
         row.Until = query.Integer(6);
-        row.Shows = query.Small(7);
+        row.ByItself = static_cast<Showing>(std::min(query.Small(7), static_cast<int>(Showing::Surely)));
         row.Card = static_cast<std::uint32_t>(query.Integer(8));
         row.Service = query.Text(9);
         row.Title = query.Text(10);
@@ -45,31 +47,37 @@ bool StoreLedger::ReadOpen(std::vector<LedgerRow>& rows) {
     return Succeeded(query.Result());
 }
 
-bool StoreLedger::HasRow(const ReminderKey& key, Status& status) {
-    Query query(Db, "SELECT 1 FROM ledger WHERE oid = ? AND original = ? AND due = ?");
+Status StoreLedger::AddIfNew(DueReminder reminder, FoundList& found) {
+    Query query(Db, "SELECT state FROM ledger WHERE oid = ? AND original = ? AND due = ?");
+    const ReminderKey& key = reminder.Key;
     const bool has = query.Bind(key.Item).Bind(key.Original).Bind(key.Due).Next();
-    status = Failed(query.Result()) ? query.Result() : status;
-    return has;
+    if (Failed(query.Result())) {
+        return query.Result();
+    }
+    reminder.Again = has && static_cast<LedgerState>(query.Small(0)) == LedgerState::ToReturn;
+    if (!has || reminder.Again) {
+        found.push_back(reminder);
+    }
+    return Status::Ok;
 }
 
 bool StoreLedger::FindDue(Moment after, Moment upTo, std::vector<DueReminder>& found) {
-    Status asked = Status::Ok;
+    Status added = Status::Ok;
     const Status status = Find.FindDue(after, upTo, [&](const DueReminder& reminder) {
-        if (!HasRow(reminder.Key, asked)) {
-            found.push_back(reminder);
-        }
+        added = Succeeded(added) ? AddIfNew(reminder, found) : added;
     });
-    return Succeeded(status) && Succeeded(asked);
+    return Succeeded(status) && Succeeded(added);
 }
 
 bool StoreLedger::FindAhead(Moment now, std::vector<DueReminder>& found) {
-    Status asked = Status::Ok;
-    const Status status = Find.FindAhead(now, [&](const DueReminder& reminder) {
-        if (!HasRow(reminder.Key, asked)) {
-            found.push_back(reminder);
-        }
-    });
-    return Succeeded(status) && Succeeded(asked);
+    Status added = Status::Ok;
+    const Status status = Find.FindAhead(
+        now, [&](const DueReminder& reminder) { added = Succeeded(added) ? AddIfNew(reminder, found) : added; });
+    return Succeeded(status) && Succeeded(added);
+}
+
+bool StoreLedger::FindTime(const ReminderKey& key, std::optional<Moment>& due) {
+    return Succeeded(Find.FindTime(key, due));
 }
 
 bool StoreLedger::FindNext(Moment after, std::optional<Moment>& next) {
@@ -103,7 +111,8 @@ Status StoreLedger::WriteRow(const LedgerRow& row) {
                     " shows = excluded.shows, card = excluded.card, service = excluded.service,"
                     " title = excluded.title");
     query.Bind(row.Key.Item).Bind(row.Key.Original).Bind(row.Key.Due).Bind(row.At).Bind(row.Start);
-    query.Bind(static_cast<std::int64_t>(row.State)).Bind(row.Until).Bind(row.Shows).Bind(row.Card);
+    query.Bind(static_cast<std::int64_t>(row.State)).Bind(row.Until);
+    query.Bind(static_cast<std::int64_t>(row.ByItself)).Bind(row.Card);
     return query.Bind(row.Service).Bind(row.Title).Finish();
 }
 
@@ -132,8 +141,11 @@ bool StoreLedger::Commit(std::span<const LedgerRow> rows, std::optional<Moment> 
 
 bool StoreLedger::GoBackTo(Moment now) {
     return Succeeded(RunTransaction([&] {
-        Query query(Db, "DELETE FROM ledger WHERE (at > ? OR due > ?) AND shows = 0 AND state <> 1");
-        const Status status = query.Bind(now).Bind(ToWall(now)).Finish();
+        // Perhaps shown by itself: it returns. Never: it stood in a list at most. What waits to be seen waits on.
+        Query returns(Db, "UPDATE ledger SET state = 7 WHERE (at > ? OR due > ?) AND shows = 1 AND state > 1");
+        Status status = returns.Bind(now).Bind(ToWall(now)).Finish();
+        Query forgotten(Db, "DELETE FROM ledger WHERE (at > ? OR due > ?) AND shows = 0 AND state > 1");
+        status = Succeeded(status) ? forgotten.Bind(now).Bind(ToWall(now)).Finish() : status;
         return Succeeded(status) ? WriteProgress(now) : status;
     }));
 }

@@ -29,6 +29,7 @@ class StoreLedger final : public IReminderStore {
     bool ReadOpen(std::vector<LedgerRow>& rows) override;
     bool FindDue(Moment after, Moment upTo, std::vector<DueReminder>& found) override;
     bool FindAhead(Moment now, std::vector<DueReminder>& found) override;
+    bool FindTime(const ReminderKey& key, std::optional<Moment>& due) override;
     bool FindNext(Moment after, std::optional<Moment>& next) override;
     bool Describe(const ReminderKey& key, std::optional<ReminderText>& text) override;
     bool Commit(std::span<const LedgerRow> rows, std::optional<Moment> passed) override;
@@ -41,7 +42,9 @@ class StoreLedger final : public IReminderStore {
     ReminderFinder& Finder() { return Find; }
 
   private:
-    bool HasRow(const ReminderKey& key, Status& status);
+    using FoundList = std::vector<DueReminder>;
+    // Adds it unless the ledger has it.
+    Status AddIfNew(DueReminder reminder, FoundList& found);
     Status RunTransaction(const std::function<Status()>& work);
     Status WriteRow(const LedgerRow& row);
     Status WriteEvent(const LedgerRow& row);

@@ -40,11 +40,19 @@ bool SimulatedStore::ReadOpen(std::vector<LedgerRow>& rows) {
     return true;
 }
 
+void SimulatedStore::AddIfNew(DueReminder reminder, std::vector<DueReminder>& found) const {
+    const auto row = Ledger.find(reminder.Key);
+    reminder.Again = row != Ledger.end() && row->second.State == LedgerState::ToReturn;
+    if (row == Ledger.end() || reminder.Again) {
+        found.push_back(reminder);
+    }
+}
+
 bool SimulatedStore::FindDue(Moment after, Moment upTo, std::vector<DueReminder>& found) {
     Ending.Step();
     Calendar.VisitAll([&](const DueReminder& reminder) {
-        if (reminder.At > after && reminder.At <= upTo && !Ledger.contains(reminder.Key)) {
-            found.push_back(reminder);
+        if (reminder.At > after && reminder.At <= upTo) {
+            AddIfNew(reminder, found);
         }
     });
     return true;
@@ -53,10 +61,16 @@ bool SimulatedStore::FindDue(Moment after, Moment upTo, std::vector<DueReminder>
 bool SimulatedStore::FindAhead(Moment now, std::vector<DueReminder>& found) {
     Ending.Step();
     Calendar.VisitAll([&](const DueReminder& reminder) {
-        if (reminder.At <= now && reminder.Start > now && !Ledger.contains(reminder.Key)) {
-            found.push_back(reminder);
+        if (reminder.At <= now && reminder.Start > now) {
+            AddIfNew(reminder, found);
         }
     });
+    return true;
+}
+
+bool SimulatedStore::FindTime(const ReminderKey& key, std::optional<Moment>& due) {
+    Ending.Step();
+    due = Calendar.Items.contains(key.Item) ? std::optional(Calendar.ToUtc(key.Due)) : std::nullopt;
     return true;
 }
 
@@ -100,10 +114,19 @@ bool SimulatedStore::GoBackTo(Moment now) {
     if (Locked) {
         return false;
     }
-    std::erase_if(Ledger, [now, wall = ToWall(now)](const auto& entry) {
-        return (entry.second.At > now || entry.first.Due > wall) && entry.second.Shows == 0 &&
-               entry.second.State != LedgerState::Offering;
-    });
+    for (auto entry = Ledger.begin(); entry != Ledger.end();) {
+        LedgerRow& row = entry->second;
+        const bool isAhead = row.At > now || row.Key.Due > ToWall(now);
+        const bool isSettled = row.State != LedgerState::Due && row.State != LedgerState::Offering;
+        if (isAhead && isSettled && row.ByItself == Showing::Never) {
+            entry = Ledger.erase(entry);
+            continue;
+        }
+        if (isAhead && isSettled && row.ByItself == Showing::Perhaps) {
+            row.State = LedgerState::ToReturn;
+        }
+        ++entry;
+    }
     Passed = Progress{now, ToWall(now)};
     Ending.Step();
     return true;

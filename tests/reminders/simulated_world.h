@@ -73,6 +73,7 @@ class SimulatedStore final : public IReminderStore {
     bool ReadOpen(std::vector<LedgerRow>& rows) override;
     bool FindDue(Moment after, Moment upTo, std::vector<DueReminder>& found) override;
     bool FindAhead(Moment now, std::vector<DueReminder>& found) override;
+    bool FindTime(const ReminderKey& key, std::optional<Moment>& due) override;
     bool FindNext(Moment after, std::optional<Moment>& next) override;
     bool Describe(const ReminderKey& key, std::optional<ReminderText>& text) override;
     bool Commit(std::span<const LedgerRow> rows, std::optional<Moment> passed) override;
@@ -84,6 +85,8 @@ class SimulatedStore final : public IReminderStore {
     bool Locked = false; // for those who write
 
   private:
+    void AddIfNew(DueReminder reminder, std::vector<DueReminder>& found) const;
+
     SimulatedCalendar& Calendar;
     Fate& Ending;
 };

@@ -74,8 +74,9 @@ void Simulation::KillService() {
         const LedgerState state = row == Store.Ledger.end() ? LedgerState::Due : row->second.State;
         const bool onDesk = Desk.Holds(key);
         life.Undecided = life.Undecided || (onDesk && state == LedgerState::Offering);
+        const bool neverSure = row == Store.Ledger.end() || row->second.ByItself != Showing::Surely;
+        life.InDoubt = life.InDoubt || (life.Undecided && neverSure);
         // An answer that was not written is as if it had not been given.
-        life.Offered = life.Offered || state == LedgerState::Offering;
         const bool willComeAgain = state == LedgerState::Snoozed || (state == LedgerState::Offering && !onDesk);
         life.SnoozedUntil = willComeAgain ? row->second.Until : 0;
     }
@@ -194,8 +195,9 @@ void Simulation::JumpClock(Moment by) {
     for (auto& [key, life] : Lives) {
         life.SnoozedUntil = life.SnoozedUntil == 0 ? 0 : std::min(life.SnoozedUntil, Now + kLongestSnooze);
     }
-    NoteFuture();
+    // Set back and past again while nobody was awake: that cannot be told from time that passed.
     if (Service) {
+        NoteFuture();
         ReopenLists();
         Settle(Look::Clock);
     }
@@ -204,8 +206,8 @@ void Simulation::JumpClock(Moment by) {
 // Listed only, and its time is to come again as the service sees it: then the list does not count.
 void Simulation::ReopenLists() {
     for (auto& [key, life] : Lives) {
-        life.Reopened = life.Reopened || !life.Shown;
-        if (!life.Shown && !life.Offered && key.Due > WallNow()) {
+        life.Reopened = life.Reopened || !life.Shown || life.InDoubt;
+        if (!life.Shown && key.Due > WallNow()) {
             life.Listed = false;
         }
     }
@@ -287,6 +289,11 @@ void Simulation::NoteSeen(const CardLine& line, CardKind kind) {
         ++(line.Again ? Result.PutUpAgain : Result.Doubled);
     } else if (life.Undecided && !snoozeIsOver) {
         ++(line.Again ? Result.DoubledAllowed : Result.Doubled);
+    } else if (life.InDoubt && life.Reopened && !snoozeIsOver) {
+        // Its time came once more, and it cannot be known that it was seen.
+        ++(line.Again ? Result.DoubledAllowed : Result.Doubled);
+        life.Reopened = false;
+        life.InDoubt = listed;
     } else if (!snoozeIsOver && (listed || life.Shown || !life.Reopened)) {
         ++Result.Doubled;
     }

@@ -41,9 +41,9 @@ class Simulation {
         bool Shown = false;
         bool Listed = false;
         bool Undecided = false; // killed after the desktop took it, before that was written
-        bool Offered = false;   // a kill left open whether it was shown by itself
-        bool Reopened = false;  // listed only, and the clock was set back since: it may still come by itself
-        bool Gone = false;      // the desktop that held it is
+        bool InDoubt = false;   // so killed: to the service it stays open whether it was shown by itself
+        bool Reopened = false; // listed only or in doubt, and the clock was set back since: it may still come by itself
+        bool Gone = false;     // the desktop that held it is
         Moment SnoozedUntil = 0;
     };
 

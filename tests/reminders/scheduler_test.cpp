@@ -1,0 +1,116 @@
+// What becomes of a reminder that was not shown for certain when clock or zone change.
+#include "tests/reminders/simulated_world.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace tavo::reminders::test {
+namespace {
+
+constexpr Moment kBegin = 46000 * kDay;
+constexpr Moment kTime = kBegin + 2 * kHour; // of the reminder
+
+class SchedulerTest : public testing::Test {
+  protected:
+    struct Sight {
+        CardKind Kind;
+        bool Again;
+        friend bool operator==(const Sight&, const Sight&) = default;
+    };
+
+    SchedulerTest() {
+        Calendar.Items[1].Start = kTime;
+        Desk.Seen = [this](const CardLine& line, CardKind kind) { Seen.push_back({kind, line.Again}); };
+        Service = std::make_unique<Scheduler>(Store, Desk);
+        Service->Run(kBegin, Look::Items);
+    }
+
+    LedgerState State() { return Store.Ledger.begin()->second.State; }
+
+    // At its time, as soon as the ledger says that it is being shown.
+    void KillBeforeTheDesktopIsAsked() {
+        const std::optional<Progress> passed = Store.Passed;
+        bool stands = false;
+        for (int calls = 0; calls < 100 && !stands; ++calls) {
+            Store.Ledger.clear();
+            Store.Passed = passed;
+            Service = std::make_unique<Scheduler>(Store, Desk);
+            Ending.DieAfter(calls);
+            EXPECT_THROW(Service->Run(kTime, Look::Clock), Killed);
+            stands = !Store.Ledger.empty() && State() == LedgerState::Offering;
+        }
+        ASSERT_TRUE(stands);
+        Ending.Live();
+        ASSERT_TRUE(Seen.empty());
+        Service = std::make_unique<Scheduler>(Store, Desk);
+    }
+
+    SimulatedCalendar Calendar;
+    Fate Ending;
+    SimulatedStore Store{Calendar, Ending};
+    SimulatedDesk Desk{Ending};
+    std::unique_ptr<Scheduler> Service;
+    std::vector<Sight> Seen;
+};
+
+TEST_F(SchedulerTest, OneThatAKillLeftOpenComesAgainWhenTheClockIsSetBackThoughItWasDismissedInTheList) {
+    KillBeforeTheDesktopIsAsked();
+    Service->Run(kTime + kDay, Look::Clock);
+    ASSERT_EQ(Seen, (std::vector<Sight>{{CardKind::Missed, true}}));
+    Service->Take(Desk.Cards.begin()->first, Answer::Dismiss, 0, kTime + kDay);
+    ASSERT_EQ(State(), LedgerState::Dismissed);
+    Service->Run(kTime - kHour, Look::Clock); // the clock was a day ahead
+    EXPECT_EQ(State(), LedgerState::ToReturn);
+    EXPECT_EQ(Seen.size(), 1U);
+    EXPECT_EQ(Service->Run(kTime - kHour, Look::Clock), kTime);
+    Service->Run(kTime, Look::Clock);
+    ASSERT_EQ(Seen.size(), 2U);
+    EXPECT_EQ(Seen.back(), (Sight{CardKind::Single, true})); // it may have been shown, and says so
+    EXPECT_EQ(State(), LedgerState::Shown);
+}
+
+TEST_F(SchedulerTest, OneThatWasShownDoesNotComeAgainWhenTheClockIsSetBack) {
+    Service->Run(kTime, Look::Clock);
+    ASSERT_EQ(Seen, (std::vector<Sight>{{CardKind::Single, false}}));
+    Service->Run(kTime - kHour, Look::Clock);
+    Service->Run(kTime, Look::Clock);
+    EXPECT_EQ(Seen.size(), 1U);
+}
+
+TEST_F(SchedulerTest, OneThatWasOnlyListedComesAtItsTimeWhenTheClockIsSetBack) {
+    Service->Run(kTime + kDay, Look::Clock);
+    ASSERT_EQ(Seen, (std::vector<Sight>{{CardKind::Missed, false}}));
+    Service->Run(kTime - kHour, Look::Clock);
+    EXPECT_TRUE(Store.Ledger.empty());
+    Service->Run(kTime, Look::Clock);
+    ASSERT_EQ(Seen.size(), 2U);
+    EXPECT_EQ(Seen.back(), (Sight{CardKind::Single, false}));
+}
+
+TEST_F(SchedulerTest, OneThatNobodyTookIsNotForgottenWhenZoneAndClockChange) {
+    Desk.Works = false;
+    Service->Run(kTime, Look::Clock);
+    ASSERT_EQ(State(), LedgerState::Due);
+    Calendar.Offset = 9 * kHour; // its time is long over there
+    Service->Run(kTime, Look::Clock);
+    Service->Run(kTime - kHour, Look::Clock); // before the time at which it was entered
+    ASSERT_EQ(Store.Ledger.size(), 1U);
+    Desk.Works = true;
+    Service->Run(kTime - kHour / 2, Look::Clock);
+    EXPECT_EQ(Seen, (std::vector<Sight>{{CardKind::Missed, false}}));
+}
+
+TEST_F(SchedulerTest, OneThatNobodyTookWaitsForItsTimeInAZoneFurtherWest) {
+    Desk.Works = false;
+    Service->Run(kTime, Look::Clock);
+    Calendar.Offset = -3 * kHour;
+    Desk.Works = true;
+    Service->Run(kTime + kMinute, Look::Clock);
+    EXPECT_TRUE(Seen.empty());
+    Service->Run(kTime + 3 * kHour, Look::Clock);
+    EXPECT_EQ(Seen, (std::vector<Sight>{{CardKind::Single, false}}));
+}
+
+} // namespace
+} // namespace tavo::reminders::test
