@@ -12,7 +12,8 @@ using outlook::Seconds;
 
 constexpr Seconds kSecondsPerMinute = 60;
 constexpr Seconds kLongestLead = 366 * outlook::kSecondsPerDay;
-constexpr std::int32_t kSilentReminder = kReminderLight | kReminderDialog | kReminderRepeat;
+// Without the repeat bit: what comes from outside rings once.
+constexpr std::int32_t kSilentReminder = kReminderLight | kReminderDialog;
 constexpr std::int32_t kSoundingReminder = kSilentReminder | kReminderSound;
 
 struct Alarm {
