@@ -46,7 +46,7 @@ LongUndo::LongUndo(CProgramState& state) : State(state) {
 }
 
 LongUndo::~LongUndo() {
-    Abandon();
+    LongUndo::Abandon(); // as it is here: nobody derives from what is going
 }
 
 void LongUndo::Abandon() {

