@@ -84,6 +84,7 @@ int Draw(const MemoOptions& options, const std::vector<std::string>& paths) {
     std::vector<std::string> words{program.string(), options.Format, options.Folder};
     words.insert(words.end(), paths.begin(), paths.end());
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words) {
         arguments.push_back(word.data());
     }

@@ -10,7 +10,6 @@ namespace tavo::reminders {
 
 namespace {
 
-using outlook::Database;
 using outlook::Entry;
 using outlook::EntryKind;
 using outlook::Query;
