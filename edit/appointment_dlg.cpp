@@ -34,6 +34,7 @@ const MessageMap& CAppointmentDlg::Messages() {
     static constexpr MessageEntry entries[] = {
         On<&CAppointmentDlg::TakeStylusDown>(WM_LBUTTONDOWN),
         On<&CAppointmentDlg::TakeKey>(WM_KEYDOWN),
+        On<&CAppointmentDlg::TakeCharacter>(WM_CHAR),
         OnControl<&CAppointmentDlg::RebuildRecurrenceList>(kEditRecurrence, CBN_DROPDOWN),
         OnControl<&CAppointmentDlg::TakeRecurrenceCloseUp>(kEditRecurrence, CBN_CLOSEUP),
         OnControl<&CAppointmentDlg::TakeSoundChange>(kEditSound, CBN_SELCHANGE),

@@ -73,6 +73,7 @@ class CAppointmentDlg : public CDialog {
     void TakeSoundRowTap(int x);
     void TakeAllDayClick();
     bool TakeKey(const Message& key);
+    bool TakeCharacter(const Message& character);
     std::vector<int> FocusStops() const;
     int FocusedStop() const;
     void WalkFrom(int stop, int step);

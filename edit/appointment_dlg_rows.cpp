@@ -109,6 +109,20 @@ bool CAppointmentDlg::TakeKey(const Message& key) {
     return false;
 }
 
+// Whoever types before choosing a row means the subject.
+bool CAppointmentDlg::TakeCharacter(const Message& character) {
+    std::u16string subject = ItemText(kEditSubject);
+    if (ShownField != 0 || character.Id < u' ' || subject.size() >= kSubjectLimit) {
+        return false;
+    }
+    subject += static_cast<char16_t>(character.Id);
+    GoToStop(kEditSubject);
+    SetItemText(kEditSubject, subject);
+    const int end = static_cast<int>(subject.size());
+    Host().Controls().SetTextSelection(Control(kEditSubject), end, end);
+    return true;
+}
+
 // Every control that can be used now, row by row, then the buttons.
 std::vector<int> CAppointmentDlg::FocusStops() const {
     std::vector<int> stops;

@@ -103,6 +103,17 @@ TEST_F(EditorKeys, EnterOnCancelCancels) {
     EXPECT_EQ(Desk.CountItems(), 0);
 }
 
+TEST_F(EditorKeys, WhatIsTypedBeforeARowIsChosenIsTheSubject) {
+    Desk.Device.Type(u"Tea");
+    Desk.Check([&] {
+        EXPECT_EQ(Focused(), kEditSubject);
+        EXPECT_EQ(Desk.ShownEditingControls(), std::vector{kEditSubject});
+        EXPECT_EQ(Desk.TextOf(kEditSubject), u"Tea");
+    });
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunNew(kModeNewAppointment), IDCANCEL);
+}
+
 TEST_F(EditorKeys, EscapeCancelsFromAnywhere) {
     Desk.Device.Key(VK_ESCAPE);
     EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDCANCEL);
