@@ -9,7 +9,7 @@
 
 namespace tavo {
 
-class CTavoApp : public ICommandTarget {
+class CTavoApp final : public ICommandTarget {
   public:
     explicit CTavoApp(IHost& host);
 

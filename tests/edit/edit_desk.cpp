@@ -24,7 +24,7 @@ headless::DeviceOptions SetAt(headless::DeviceOptions options, const SYSTEMTIME&
 } // namespace
 
 EditDesk::EditDesk(const SYSTEMTIME& now, headless::DeviceOptions options)
-    : StoreWords(Device.Host()), Device(SetAt(std::move(options), now)), Pump(Device.Host()), State(Pump) {
+    : OwnDevice(SetAt(std::move(options), now)), StoreWords(Device.Host()), Pump(Device.Host()), State(Pump) {
     const std::vector<std::uint8_t> bytes{1};
     for (const std::u16string_view name : {u"bell.wav", u"chime.wav"}) {
         EXPECT_EQ(Device.Host().Files().WriteWholeFile(std::u16string(u"\\Windows\\").append(name), bytes),

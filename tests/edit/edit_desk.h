@@ -57,7 +57,7 @@ struct SavedPattern {
 
 constexpr int kLeftOpen = -1; // the script ended before the dialog did
 
-class EditDesk : public StoreWords, public IListOwner, public IInkNoteEditor {
+class EditDesk : public OwnDevice, public StoreWords, public IListOwner, public IInkNoteEditor {
   public:
     // Sounds "bell.wav" and "chime.wav" lie in the sound folder.
     explicit EditDesk(const SYSTEMTIME& now = At(2026, 11, 21, 9, 47), headless::DeviceOptions options = WithStore());
@@ -116,7 +116,6 @@ class EditDesk : public StoreWords, public IListOwner, public IInkNoteEditor {
     void UpdateOwnerList(const AppointmentData& record, bool isNew, Oid oid) override;
     int EditInkNote() override;
 
-    headless::Device Device;
     CMessagePump Pump;
     CProgramState State;
     std::vector<OwnerCall> Calls;

@@ -14,7 +14,7 @@ headless::DeviceOptions SetAt(headless::DeviceOptions options, const SYSTEMTIME&
 
 } // namespace
 
-MemoDesk::MemoDesk(const SYSTEMTIME& now) : StoreWords(Device.Host()), Device(SetAt(WithStore(), now)) {
+MemoDesk::MemoDesk(const SYSTEMTIME& now) : OwnDevice(SetAt(WithStore(), now)), StoreWords(Device.Host()) {
     const ErrorCode made = Device.Host().Files().CreateDirectoryW(State.DataFolder);
     EXPECT_TRUE(made == ErrorCode::Success || made == ErrorCode::AlreadyExists);
     EXPECT_TRUE(State.Store.OpenStore());

@@ -15,7 +15,7 @@ namespace tavo::test {
 
 constexpr int kLeftOpen = -1; // the script ended before the dialog did
 
-class MemoDesk : public StoreWords {
+class MemoDesk : public OwnDevice, public StoreWords {
   public:
     explicit MemoDesk(const SYSTEMTIME& now = At(2004, 9, 15, 10, 15));
     ~MemoDesk();
@@ -47,7 +47,6 @@ class MemoDesk : public StoreWords {
     // All message boxes so far, as "caption|text".
     std::vector<std::u16string> Messages();
 
-    headless::Device Device;
     HostProbe Host{Device.Host()};
     CMessagePump Pump{Host};
     CProgramState State{Pump};

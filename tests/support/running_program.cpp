@@ -23,7 +23,7 @@ headless::DeviceOptions At(headless::DeviceOptions options, const SYSTEMTIME& no
 } // namespace
 
 RunningProgram::RunningProgram(const SYSTEMTIME& now, headless::DeviceOptions options)
-    : StoreWords(Device.Host()), Device(At(std::move(options), now)), Root(Device.Host().Root.Path()) {}
+    : OwnDevice(At(std::move(options), now)), StoreWords(Device.Host()), Root(Device.Host().Root.Path()) {}
 
 RunningProgram::~RunningProgram() {
     Stop();

@@ -13,7 +13,7 @@
 
 namespace tavo::test {
 
-class RunningProgram : public StoreWords {
+class RunningProgram : public OwnDevice, public StoreWords {
   public:
     // The device's clock stands at `now`; the program is not started yet.
     explicit RunningProgram(const SYSTEMTIME& now = At(2004, 11, 3, 17, 10),
@@ -50,7 +50,6 @@ class RunningProgram : public StoreWords {
     // The number that is to be seen in a cell, with its colour; the text is empty when there is none.
     headless::Placed NumberIn(int row, int column) const;
 
-    headless::Device Device;
     std::unique_ptr<CTavoApp> App;
 
   private:

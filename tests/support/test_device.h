@@ -2,7 +2,7 @@
 #pragma once
 
 #include "framework/message_pump.h"
-#include "host/headless/headless_host.h"
+#include "host/headless/device.h"
 
 #include <cstdint>
 #include <functional>
@@ -47,6 +47,13 @@ class StoreWords {
 
     IHost& Host;
     ComPtr<IPOutlookApp> Own;
+};
+
+// Inherited first, it is there before what is made with it.
+struct OwnDevice {
+    explicit OwnDevice(const headless::DeviceOptions& options) : Device(options) {}
+
+    headless::Device Device;
 };
 
 class TestDevice : public StoreWords {
