@@ -33,10 +33,6 @@ std::string FieldOf(const std::string& text) {
     return field;
 }
 
-bool Sounds(const reminders::CardLine& line) {
-    return (line.Text.Options & kReminderSound) != 0;
-}
-
 } // namespace
 
 ReminderDesk::ReminderDesk(const files::DeviceRoot& root, Events events)
@@ -144,7 +140,7 @@ std::vector<std::string> ReminderDesk::FindSounds(const reminders::Card& card) {
     std::vector<std::string> sounds;
     for (const reminders::CardLine& line : card.Lines) {
         std::u16string path = locale::ToUtf16(line.Text.Sound);
-        if (!Sounds(line) || path.empty() || !sounds.empty()) {
+        if (!line.Text.Rings() || path.empty() || !sounds.empty()) {
             continue;
         }
         if (path.find(u'\\') == std::u16string::npos) {
@@ -161,14 +157,9 @@ std::vector<std::string> ReminderDesk::FindSounds(const reminders::Card& card) {
 }
 
 void ReminderDesk::Ring(const reminders::Card& card) {
-    bool rings = false;
     bool repeats = false;
     for (const reminders::CardLine& line : card.Lines) {
-        rings = rings || Sounds(line);
-        repeats = repeats || (Sounds(line) && (line.Text.Options & kReminderRepeat) != 0);
-    }
-    if (!rings) {
-        return;
+        repeats = repeats || (line.Text.Rings() && (line.Text.Options & kReminderRepeat) != 0);
     }
     std::vector<std::string> command{HelperProgram("tavo_reminder_sound")};
     if (repeats && card.Kind != reminders::CardKind::Missed) {

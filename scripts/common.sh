@@ -53,12 +53,13 @@ apt_get() {
     as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=300 "$@" </dev/null
 }
 
-# Those of the optional packages that the archive, as last fetched, can install.
+# Those of the optional packages that the archive, as last fetched, can install beside what is there already.
 offered_packages() {
     local package
     for package in "$@"; do
         # Read whole: a reader that leaves early looks like a failure of the one that writes.
-        if [[ "$(apt-cache policy "$package" 2>/dev/null)" =~ Candidate:\ [^\(] ]]; then
+        if [[ "$(apt-cache policy "$package" 2>/dev/null)" =~ Candidate:\ [^\(] ]] &&
+            apt-get -s --no-install-recommends --no-remove install "$package" >/dev/null 2>&1; then
             echo "$package"
         fi
     done

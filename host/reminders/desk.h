@@ -38,7 +38,7 @@ class IDesk {
     // The card's number; nothing when nobody took it. `replaced` is a card that this one stands in for, or 0.
     virtual std::optional<std::uint32_t> Show(const Card& card, std::uint32_t replaced) = 0;
     virtual void TakeBack(std::uint32_t card) = 0;
-    // What rang before becomes silent.
+    // One of its lines rings at least. What rang before becomes silent.
     virtual void Ring(const Card& card) = 0;
     virtual void StopRinging() = 0;
     // Brings the program forward, on this item.

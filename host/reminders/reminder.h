@@ -1,9 +1,12 @@
 // What the reminder service knows of one reminder, and the row that the ledger keeps of it.
 #pragma once
 
+#include "platform/outlook.h"
+
 #include <compare>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace tavo::reminders {
 
@@ -30,6 +33,9 @@ struct DueReminder {
     bool Again = false; // it may have been shown before
 };
 
+// As the editor's list of sounds calls none; an item that holds it for a sound's name is silent too.
+constexpr std::string_view kSoundOff = "Sound off";
+
 // What people read and hear.
 struct ReminderText {
     std::string Title; // UTF-8
@@ -38,6 +44,8 @@ struct ReminderText {
     bool AllDay = false;
     std::int32_t Options = 0; // of the item's reminder
     std::string Sound;        // a path of the device, or a bare name
+
+    bool Rings() const { return (Options & kReminderSound) != 0 && Sound != kSoundOff; }
 };
 
 enum class LedgerState {

@@ -178,7 +178,10 @@ bool Scheduler::ShowCard(const Card& card, std::uint32_t replaced, bool rings, M
         row.Service = Desk.Service();
     }
     Record(rows, now);
-    if (rings) {
+    // A silent one leaves the ringing to the card before.
+    const bool isHeard =
+        std::any_of(card.Lines.begin(), card.Lines.end(), [](const CardLine& line) { return line.Text.Rings(); });
+    if (rings && isHeard) {
         RingingCard = *taken;
         Desk.Ring(card);
     }

@@ -24,8 +24,10 @@ void CompanionTest::StartCompanion(const std::string& bus) {
         bus.empty() ? "DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere" : "DBUS_SESSION_BUS_ADDRESS=" + bus;
     const std::string platform = "QT_QPA_PLATFORM=offscreen";
     const std::string zone = "TZ=UTC";
-    char* environment[] = {const_cast<char*>(home.c_str()), const_cast<char*>(address.c_str()),
-                           const_cast<char*>(platform.c_str()), const_cast<char*>(zone.c_str()), nullptr};
+    const std::string sound = "PULSE_SERVER=" + SoundServer;
+    char* environment[] = {const_cast<char*>(home.c_str()),     const_cast<char*>(address.c_str()),
+                           const_cast<char*>(platform.c_str()), const_cast<char*>(zone.c_str()),
+                           const_cast<char*>(sound.c_str()),    nullptr};
     Process = fork();
     if (Process == 0) {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -43,7 +45,8 @@ void CompanionTest::Kill(int signal) {
     }
 }
 
-Oid CompanionTest::AddReminder(const std::u16string& subject, int secondsAhead, int leadMinutes, std::int32_t options) {
+Oid CompanionTest::AddReminder(const std::u16string& subject, int secondsAhead, int leadMinutes, std::int32_t options,
+                               const std::u16string& sound) {
     const outlook::Seconds start = std::time(nullptr) + outlook::kUnixEpochDay * outlook::kSecondsPerDay + secondsAhead;
     ComPtr<IAppointment> item;
     EXPECT_EQ(App->CreateItem(kItemAppointment, item), Status::Ok);
@@ -53,6 +56,7 @@ Oid CompanionTest::AddReminder(const std::u16string& subject, int secondsAhead, 
     EXPECT_EQ(item->put_ReminderSet(true), Status::Ok);
     EXPECT_EQ(item->put_ReminderMinutesBeforeStart(leadMinutes), Status::Ok);
     EXPECT_EQ(item->put_ReminderOptions(options), Status::Ok);
+    EXPECT_EQ(item->put_ReminderSoundFile(sound), Status::Ok);
     EXPECT_EQ(item->Save(), Status::Ok);
     Oid oid = 0;
     EXPECT_EQ(item->get_Oid(oid), Status::Ok);
@@ -73,6 +77,17 @@ bool CompanionTest::WaitForStates(const std::string& states, double seconds) {
         usleep(20000);
     }
     return LedgerStates() == states;
+}
+
+bool CompanionTest::WaitForState(const std::string& title, int state, double seconds) {
+    const auto isThere = [&] {
+        outlook::Query query(Store->Core().Db, "SELECT 1 FROM ledger WHERE title = ? AND state = ?");
+        return query.Bind(title).Bind(state).Next();
+    };
+    for (double waited = 0; waited < seconds && !isThere(); waited += 0.02) {
+        usleep(20000);
+    }
+    return isThere();
 }
 
 } // namespace tavo::companion::test

@@ -21,13 +21,17 @@ class CompanionTest : public outlook::test::StoreTest {
     bool Runs() const { return Process > 0; }
 
     // An item that starts so many seconds from now and reminds so many minutes before, with these options.
-    Oid AddReminder(const std::u16string& subject, int secondsAhead, int leadMinutes = 0, std::int32_t options = 5);
+    Oid AddReminder(const std::u16string& subject, int secondsAhead, int leadMinutes = 0, std::int32_t options = 5,
+                    const std::u16string& sound = u"");
     // The states of the ledger, in order of OID: "0 1 2".
     std::string LedgerStates();
     // Waits until the ledger says so, serving nobody meanwhile.
     bool WaitForStates(const std::string& states, double seconds);
+    // Waits until the reminder of this title has come so far.
+    bool WaitForState(const std::string& title, int state, double seconds);
 
     pid_t Process = -1;
+    std::string SoundServer = "unix:/nowhere"; // for the next start
 };
 
 } // namespace tavo::companion::test

@@ -14,7 +14,10 @@ exit 1""",
 printf '%s:\n  Candidate: %s\n' "$2" "$candidate"
 sleep 0.1 # and goes on writing after its reader knows enough
 echo "  Version table:" || exit 100""",
-    "apt-get": 'echo "$@" >>"$STAGE/calls"',
+    "apt-get": r"""case "$1" in
+-s) for package in "$@"; do ! grep -qx "$package" "$STAGE/harmful" || exit 100; done ;;
+*) echo "$@" >>"$STAGE/calls" ;;
+esac""",
     "id": "echo 0",
 }
 
@@ -28,6 +31,7 @@ class EnsurePackages(MadeUpTree):
         self.write("scripts/packages/one.txt", "# Why.\nalpha\nbeta # and why\n\n?gamma\n")
         self.write("installed", "")
         self.write("offered", "")
+        self.write("harmful", "")
         self.write("calls", "")
 
     def ensure(self):
@@ -51,6 +55,12 @@ class EnsurePackages(MadeUpTree):
 
     def test_AnOptionalPackageThatIsNotOfferedCostsNothing(self):
         self.write("installed", "alpha\nbeta\n")
+        self.assertEqual(self.ensure(), [])
+
+    def test_AnOptionalPackageForWhichAnotherHadToGoIsLeftOut(self):
+        self.write("installed", "alpha\nbeta\n")
+        self.write("offered", "gamma\n")
+        self.write("harmful", "gamma\n")
         self.assertEqual(self.ensure(), [])
 
     def test_APackageWhoseNameOnlyBeginsAlikeDoesNotCount(self):
