@@ -2,6 +2,7 @@
 #include "app/main_frame.h"
 
 #include "framework/message_pump.h"
+#include "platform/activation.h"
 #include "res/strings.h"
 
 namespace tavo {
@@ -18,6 +19,7 @@ const MessageMap& CMainFrame::Messages() {
         On<&CMainFrame::CloseView>(WM_CLOSE),
         On<&CMainFrame::Quit>(WM_QUERYENDSESSION),
         On<&CMainFrame::TakeStoreChange>(WM_STORECHANGED),
+        On<&CMainFrame::OpenItem>(WM_OPENITEM),
     };
     static const MessageMap map{entries, &CWindow::Messages()};
     return map;
@@ -47,6 +49,10 @@ void CMainFrame::CloseView() {
 
 void CMainFrame::TakeStoreChange() {
     FormView.TakeOutsideChange();
+}
+
+void CMainFrame::OpenItem(int oid) {
+    FormView.OpenItem(oid);
 }
 
 } // namespace tavo

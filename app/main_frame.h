@@ -28,6 +28,7 @@ class CMainFrame : public CWindow {
   private:
     void CloseView();
     void TakeStoreChange();
+    void OpenItem(int oid);
 
     CVantorDoc OwnDocument;
     CVantorView FormView;

@@ -134,6 +134,12 @@ void CVantorView::MakeItem(ItemKind kind) {
     }
 }
 
+void CVantorView::OpenItem(Oid oid) {
+    if (SchedulePage && !State.Busy) {
+        SchedulePage->OpenItem(oid);
+    }
+}
+
 void CVantorView::PostChangeNotice() {
     Post(kChangeNotice);
 }

@@ -36,6 +36,8 @@ class CVantorView : public CPaintedWindow, public IMainView {
     void CloseShownPage();
     // Opens the editor on a new item of this kind; nothing when there are no pages.
     void MakeItem(ItemKind kind);
+    // Opens the view on this item; nothing when it is gone or there are no pages.
+    void OpenItem(Oid oid);
     // Another process changed items or asked for tags.
     void TakeOutsideChange();
 

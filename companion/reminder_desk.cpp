@@ -174,10 +174,10 @@ void ReminderDesk::StopRinging() {
     Ringer.Stop();
 }
 
-void ReminderDesk::OpenItem(std::int32_t) {
-    if (files::InstanceLock::ProgramRuns(RunFolder)) {
-        static_cast<void>(files::InstanceLock::RequestActivation(RunFolder, "")); // it does not come forward then
-    } else {
+void ReminderDesk::OpenItem(std::int32_t item) {
+    // First, so that a start finds it. Not written, a running program stays where it is and a new one shows its clock.
+    static_cast<void>(files::InstanceLock::RequestItem(RunFolder, item));
+    if (!files::InstanceLock::ProgramRuns(RunFolder)) {
         static_cast<void>(files::StartDetached({files::RunningProgramFolder() + "/tavocalendar"}));
     }
 }

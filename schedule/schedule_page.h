@@ -25,6 +25,8 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
     void RefillLists();
     // Opens the editor on a new item of this kind, whatever kind is shown.
     void MakeItem(ItemKind kind);
+    // Opens the view on an item, whatever is shown, and does what is asked there. Nothing when the item is gone.
+    void OpenItem(Oid oid);
 
     // The edit dialog saved the item that this page opened it for.
     void UpdateOwnerList(const AppointmentData& record, bool isNew, Oid oid) override;
@@ -78,6 +80,7 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
     // schedule_page_commands.cpp
     void PrepareMenus() override;
     void ViewSelected();
+    void ViewItem(ItemKind kind, const AppointmentData& record);
     void ModifySelected();
     void DeleteSelected();
     void PauseSelected();

@@ -64,23 +64,24 @@ AppointmentData CSchedulePage::ReadAnew(const AppointmentData& record) {
 }
 
 void CSchedulePage::ViewSelected() {
-    const AppointmentData* selected = SelectedOr(kSelectToView);
-    if (selected == nullptr) {
-        return;
+    if (const AppointmentData* selected = SelectedOr(kSelectToView); selected != nullptr) {
+        ViewItem(Kind, ReadAnew(*selected));
     }
-    const AppointmentData record = ReadAnew(*selected);
+}
+
+void CSchedulePage::ViewItem(ItemKind kind, const AppointmentData& record) {
     CAppointmentViewDlg view(Pump(), State);
     view.Oid = record.Oid;
     view.Appointment = record;
     switch (view.DoModal()) {
     case kResultModify:
-        EditItem(Kind, record);
+        EditItem(kind, record);
         break;
     case kResultDelete:
         if (!ConfirmDeletion()) {
             return;
         }
-        if (!DeleteItem(State, Kind, record)) {
+        if (!DeleteItem(State, kind, record)) {
             Refuse(kItemNotDeleted);
         }
         break;
@@ -167,6 +168,12 @@ void CSchedulePage::EditItem(ItemKind kind, const AppointmentData& record) {
 void CSchedulePage::MakeItem(ItemKind kind) {
     EditItem(kind, {});
     View.PostChangeNotice();
+}
+
+void CSchedulePage::OpenItem(Oid oid) {
+    if (AppointmentData record; State.Store.LoadAppointment(oid, record) != 0) {
+        ViewItem(State.Categories.KindOf(oid), record);
+    }
 }
 
 } // namespace tavo

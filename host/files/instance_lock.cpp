@@ -5,7 +5,10 @@
 
 #include <array>
 #include <cerrno>
+#include <charconv>
+#include <cmath>
 #include <cstdint>
+#include <ctime>
 #include <thread>
 #include <vector>
 
@@ -21,6 +24,7 @@ constexpr off_t kWindowByte = 0;
 constexpr off_t kDataByte = 1;
 constexpr std::chrono::milliseconds kBetweenTries{20};
 constexpr std::size_t kLongestToken = 4096;
+constexpr double kItemPatience = 60; // seconds; who asked has given up by then
 
 std::string LockPath(const std::string& runFolder) {
     return runFolder + "/Instance.lock";
@@ -28,6 +32,39 @@ std::string LockPath(const std::string& runFolder) {
 
 std::string RequestPath(const std::string& runFolder) {
     return runFolder + "/Activate";
+}
+
+// A file of its own: a start that is handed over at the same moment does not take its place.
+std::string ItemPath(const std::string& runFolder) {
+    return runFolder + "/OpenItem";
+}
+
+// Also not of a time to come: the clock was set back, and nobody knows how long ago that was.
+bool IsYoung(const std::string& path) {
+    struct stat status {};
+
+    return stat(path.c_str(), &status) == 0 &&
+           std::abs(std::difftime(std::time(nullptr), status.st_mtime)) <= kItemPatience;
+}
+
+std::int32_t ParseOid(std::string_view text) {
+    std::int32_t oid = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), oid);
+    return error == std::errc() && end == text.data() + text.size() ? oid : 0;
+}
+
+ErrorCode WriteRequest(const std::string& path, std::string_view text) {
+    const std::vector<std::uint8_t> bytes(text.begin(), text.end());
+    return ReplaceFile(path, bytes);
+}
+
+std::optional<std::string> TakeFile(const std::string& path) {
+    std::vector<std::uint8_t> bytes;
+    if (ReadFile(path, kLongestToken, bytes) != ErrorCode::Success)
+        return std::nullopt;
+    if (unlink(path.c_str()) != 0)
+        return std::nullopt; // a request that cannot be removed would come again without end
+    return std::string(bytes.begin(), bytes.end());
 }
 
 struct flock WriteLockOf(off_t byte) {
@@ -99,9 +136,11 @@ bool InstanceLock::ProgramRuns(const std::string& runFolder) {
 }
 
 ErrorCode InstanceLock::RequestActivation(const std::string& runFolder, std::string_view token) {
-    token = token.substr(0, kLongestToken);
-    const std::vector<std::uint8_t> bytes(token.begin(), token.end());
-    return ReplaceFile(RequestPath(runFolder), bytes);
+    return WriteRequest(RequestPath(runFolder), token.substr(0, kLongestToken));
+}
+
+ErrorCode InstanceLock::RequestItem(const std::string& runFolder, std::int32_t oid) {
+    return WriteRequest(ItemPath(runFolder), std::to_string(oid));
 }
 
 ErrorCode InstanceLock::WatchActivation() {
@@ -114,17 +153,18 @@ ErrorCode InstanceLock::WatchActivation() {
     return ErrorCode::Success;
 }
 
-std::optional<std::string> InstanceLock::TakeActivation() {
+std::optional<ActivationRequest> InstanceLock::TakeActivation() {
     std::array<char, 4096> events{};
     while (Watch && read(Watch.Get(), events.data(), events.size()) > 0) {
-        // Which name moved does not matter: the request file itself tells.
+        // Which name moved does not matter: the request files themselves tell.
     }
-    std::vector<std::uint8_t> bytes;
-    if (ReadFile(RequestPath(RunFolder), kLongestToken, bytes) != ErrorCode::Success)
+    const bool isItemWanted = IsYoung(ItemPath(RunFolder));
+    const std::optional<std::string> item = TakeFile(ItemPath(RunFolder));
+    const std::optional<std::string> token = TakeFile(RequestPath(RunFolder));
+    const bool hasItem = isItemWanted && item.has_value();
+    if (!hasItem && !token)
         return std::nullopt;
-    if (unlink(RequestPath(RunFolder).c_str()) != 0)
-        return std::nullopt; // a request that cannot be removed would come again without end
-    return std::string(bytes.begin(), bytes.end());
+    return ActivationRequest{token.value_or(""), hasItem ? ParseOid(*item) : 0};
 }
 
 } // namespace tavo::files

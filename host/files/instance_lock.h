@@ -5,6 +5,7 @@
 #include "platform/status.h"
 
 #include <chrono>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,6 +22,12 @@ enum class LockOutcome {
     ProgramRuns, // another program has the root
     Busy,        // a tool has the data file and did not let go in time
     Failed,      // the lock file cannot be made; see Problem()
+};
+
+// What brings the running program forward.
+struct ActivationRequest {
+    std::string Token;     // the desktop's activation token, perhaps empty
+    std::int32_t Item = 0; // OID of the item to show, or 0
 };
 
 // Record locks of an open file: they end with the process, however it ends, and asking about them takes nothing away.
@@ -42,6 +49,8 @@ class InstanceLock {
 
     // For the second start: asks the running program to come forward. `token` is the desktop's activation token.
     static ErrorCode RequestActivation(const std::string& runFolder, std::string_view token);
+    // Asks for an item, of a program that runs or is about to be started. Forgotten when nobody takes it in a minute.
+    static ErrorCode RequestItem(const std::string& runFolder, std::int32_t oid);
 
     // For the first: from now on ActivationFd is readable when a request arrives. Look once with TakeActivation right
     // after this call, because a request may have come before it.
@@ -49,8 +58,8 @@ class InstanceLock {
 
     int ActivationFd() const { return Watch.Get(); }
 
-    // The token of the newest request, perhaps empty; nothing when there is none. Makes the descriptor unreadable.
-    std::optional<std::string> TakeActivation();
+    // The newest requests as one; nothing when there is none. Makes the descriptor unreadable.
+    std::optional<ActivationRequest> TakeActivation();
 
   private:
     std::string RunFolder;

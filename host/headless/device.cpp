@@ -281,4 +281,15 @@ void Device::ChangeStore() {
     Do([this] { OwnHost.State.AnnounceStoreChange(); });
 }
 
+void Device::RequestItem(std::int32_t oid) {
+    Do([this, oid] {
+        OwnHost.State.SetMinimized(false);
+        OwnHost.Items.Make(oid);
+    });
+}
+
+void Device::RequestItemAtStart(std::int32_t oid) {
+    OwnHost.Items.MakeAtStart(oid);
+}
+
 } // namespace tavo::headless

@@ -3,6 +3,8 @@
 
 #include "host/headless/device_sight.h"
 
+#include <cstdint>
+
 namespace tavo::headless {
 
 // Everything that a person does is put into a script. Its next step happens when the program waits with nothing left to
@@ -56,7 +58,10 @@ class Device {
     void Minimize();
     void Restore();
     void ChangeScale();
-    void ChangeStore(); // another process did
+    void ChangeStore();                 // another process did
+    void RequestItem(std::int32_t oid); // another process asks for it
+    // One did before the program ran; no step of the script.
+    void RequestItemAtStart(std::int32_t oid);
     void Do(std::function<void()> step);
 
     // Runs the program until the script so far has been done. False when the program quit before, or waits in a nested

@@ -27,6 +27,8 @@ HeadlessHost::HeadlessHost(const DeviceOptions& options)
     Time.SetWaited([this] {
         Papers.NoteShown();
         Papers.SaveRecovery();
+        Items.Follow();
+        return !State.Posted.IsEmpty();
     });
 }
 

@@ -9,6 +9,7 @@
 #include "host/ink/ink_desk.h"
 #include "host/locale/us_english_locale.h"
 #include "host/shell/control_input.h"
+#include "host/shell/item_request.h"
 #include "host/shell/key_input.h"
 #include "host/shell/shell_controls.h"
 #include "host/shell/shell_input_panel.h"
@@ -79,6 +80,7 @@ class HeadlessHost : public IHost {
     shell::StylusInput Stylus{State, Navigation};
     shell::KeyInput Keys{State, Navigation};
     shell::ControlInput ControlActions{State};
+    shell::ItemRequest Items{State};
     ink::InkDesk Papers{State};
     RecordedProcesses ProcessCalls;
     RecordedRegistry RegistryCalls;

@@ -9,8 +9,8 @@ void ScriptedTime::WaitForEvents(std::optional<shell::Milliseconds> deadline) {
     if (deadline && *deadline <= Elapsed) {
         return; // nothing waits outside: a step comes only when the program has nothing left to do
     }
-    if (Waited) {
-        Waited();
+    if (Waited && Waited()) {
+        return;
     }
     if (PassUntil) {
         if (deadline && *deadline <= *PassUntil) {

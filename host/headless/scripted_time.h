@@ -23,8 +23,9 @@ class ScriptedTime : public shell::IEventSource {
     // Moves the clock to the deadline if that lies within the time that is to pass, else does the script's next step.
     void WaitForEvents(std::optional<shell::Milliseconds> deadline) override;
 
-    // Called when the program waits and has nothing left to show.
-    void SetWaited(std::function<void()> waited) { Waited = std::move(waited); }
+    // Called when the program waits and has nothing left to show. Gives true when it found something for the program
+    // to do first.
+    void SetWaited(std::function<bool()> waited) { Waited = std::move(waited); }
 
     // Lets time pass from now on, timer by timer.
     void Pass(shell::Milliseconds span) { PassUntil = Elapsed + span; }
@@ -33,7 +34,7 @@ class ScriptedTime : public shell::IEventSource {
     void MoveTo(shell::Milliseconds moment);
 
     std::function<void()> OnEnd;
-    std::function<void()> Waited;
+    std::function<bool()> Waited;
     shell::Milliseconds Elapsed = 0;
     std::optional<shell::Milliseconds> PassUntil;
 };

@@ -6,6 +6,7 @@
 #include "host/qt/pictures.h"
 #include "host/qt/screen_geometry.h"
 #include "host/shell/control_input.h"
+#include "host/shell/item_request.h"
 #include "host/shell/key_input.h"
 #include "host/shell/navigation_input.h"
 #include "host/shell/shell.h"
@@ -21,6 +22,7 @@ struct Device {
     shell::StylusInput Stylus{State, Navigation};
     shell::KeyInput Keys{State, Navigation};
     shell::ControlInput Controls{State};
+    shell::ItemRequest Items{State};
     qt::Fonts Fonts;
     qt::Pictures Pictures;
     ink::InkDesk Ink{State};

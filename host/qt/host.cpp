@@ -98,6 +98,7 @@ void QtHost::UpdateWidgets() {
 
 void QtHost::PrepareWait(bool waits) {
     UpdateWidgets();
+    Shared.Items.Follow();
     // The window appears with its first picture, not white.
     if (FrameChanged && (waits || OwnDrawing.HasPresented())) {
         FrameChanged = false;
@@ -221,16 +222,26 @@ void QtHost::WatchActivation() {
         return;
     }
     Activation = std::make_unique<QSocketNotifier>(OwnWindows.Instance().ActivationFd(), QSocketNotifier::Read);
-    QObject::connect(Activation.get(), &QSocketNotifier::activated, Activation.get(), [this] { TakeActivation(); });
-    TakeActivation(); // a request may have come before anyone watched
+    QObject::connect(Activation.get(), &QSocketNotifier::activated, Activation.get(), [this] {
+        if (const std::int32_t item = TakeActivation(); item != 0) {
+            Shared.Items.Make(item);
+        }
+    });
+    // A request may have come before anyone watched, or be what the program was started for.
+    if (const std::int32_t item = TakeActivation(); item != 0) {
+        Shared.Items.MakeAtStart(item);
+    }
 }
 
-void QtHost::TakeActivation() {
-    if (const std::optional<std::string> token = OwnWindows.Instance().TakeActivation()) {
-        Shared.State.SetMinimized(false);
-        OwnDesktop.FollowFrame();
-        OwnDesktop.BringForward(QString::fromStdString(*token));
+std::int32_t QtHost::TakeActivation() {
+    const std::optional<files::ActivationRequest> request = OwnWindows.Instance().TakeActivation();
+    if (!request) {
+        return 0;
     }
+    Shared.State.SetMinimized(false);
+    OwnDesktop.FollowFrame();
+    OwnDesktop.BringForward(QString::fromStdString(request->Token));
+    return request->Item;
 }
 
 Status QtHost::CoInitializeEx() {

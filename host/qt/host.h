@@ -100,7 +100,8 @@ class QtHost final : public IHost, private shell::IShellObserver {
     void FollowPanel();
     void ShowCursor();
     void WatchActivation();
-    void TakeActivation();
+    // Comes forward where that was asked; gives the item that is asked for, or 0.
+    std::int32_t TakeActivation();
 
     HostOptions Options;
     EventSource Events;

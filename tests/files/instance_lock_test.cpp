@@ -4,6 +4,8 @@
 #include "tests/files/temporary_folder.h"
 
 #include <csignal>
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <sys/stat.h>
@@ -13,6 +15,7 @@ namespace tavo::files {
 namespace {
 
 using std::chrono::milliseconds;
+using namespace std::chrono_literals;
 
 constexpr milliseconds kNoPatience{0};
 constexpr milliseconds kPatience{5000};
@@ -53,6 +56,17 @@ class Holder {
   private:
     pid_t Child = 0;
 };
+
+std::filesystem::path ItemFile(const TemporaryFolder& folder) {
+    return std::filesystem::path(folder.Path()) / "OpenItem";
+}
+
+void ExpectTaken(InstanceLock& lock, std::string_view token, std::int32_t item) {
+    const std::optional<ActivationRequest> request = lock.TakeActivation();
+    ASSERT_TRUE(request.has_value());
+    EXPECT_EQ(request->Token, token);
+    EXPECT_EQ(request->Item, item);
+}
 
 bool IsReadable(int descriptor, int timeout) {
     pollfd watched{descriptor, POLLIN, 0};
@@ -161,16 +175,16 @@ TEST(InstanceLock, ARequestWakesTheFirstAndBringsItsToken) {
     InstanceLock lock(folder.Path());
     ASSERT_EQ(lock.Acquire(InstanceRole::Program, kNoPatience), LockOutcome::Held);
     ASSERT_EQ(lock.WatchActivation(), ErrorCode::Success);
-    EXPECT_EQ(lock.TakeActivation(), std::nullopt);
+    EXPECT_FALSE(lock.TakeActivation().has_value());
     EXPECT_FALSE(IsReadable(lock.ActivationFd(), 0));
     ASSERT_EQ(RunApart([&] {
                   return InstanceLock::RequestActivation(folder.Path(), "token-1") == ErrorCode::Success ? 0 : 1;
               }),
               0);
     EXPECT_TRUE(IsReadable(lock.ActivationFd(), 5000));
-    EXPECT_EQ(lock.TakeActivation(), "token-1");
+    ExpectTaken(lock, "token-1", 0);
     EXPECT_FALSE(IsReadable(lock.ActivationFd(), 0));
-    EXPECT_EQ(lock.TakeActivation(), std::nullopt);
+    EXPECT_FALSE(lock.TakeActivation().has_value());
 }
 
 TEST(InstanceLock, OfSeveralRequestsTheNewestCounts) {
@@ -178,11 +192,56 @@ TEST(InstanceLock, OfSeveralRequestsTheNewestCounts) {
     InstanceLock lock(folder.Path());
     ASSERT_EQ(InstanceLock::RequestActivation(folder.Path(), "before"), ErrorCode::Success);
     ASSERT_EQ(lock.WatchActivation(), ErrorCode::Success);
-    EXPECT_EQ(lock.TakeActivation(), "before"); // it came before the watch
+    ExpectTaken(lock, "before", 0); // it came before the watch
     for (int i = 0; i < 100; ++i)
         ASSERT_EQ(InstanceLock::RequestActivation(folder.Path(), ""), ErrorCode::Success);
-    EXPECT_EQ(lock.TakeActivation(), "");
+    ExpectTaken(lock, "", 0);
     EXPECT_FALSE(IsReadable(lock.ActivationFd(), 0));
+}
+
+TEST(InstanceLock, ARequestForAnItemWakesTheFirstAndIsTakenOnce) {
+    const TemporaryFolder folder;
+    InstanceLock lock(folder.Path());
+    ASSERT_EQ(lock.WatchActivation(), ErrorCode::Success);
+    ASSERT_EQ(RunApart([&] { return InstanceLock::RequestItem(folder.Path(), 42) == ErrorCode::Success ? 0 : 1; }), 0);
+    EXPECT_TRUE(IsReadable(lock.ActivationFd(), 5000));
+    ExpectTaken(lock, "", 42);
+    EXPECT_FALSE(IsReadable(lock.ActivationFd(), 0));
+    EXPECT_FALSE(lock.TakeActivation().has_value());
+    EXPECT_FALSE(std::filesystem::exists(ItemFile(folder)));
+}
+
+TEST(InstanceLock, AStartThatIsHandedOverTakesNoItemAway) {
+    const TemporaryFolder folder;
+    InstanceLock lock(folder.Path());
+    ASSERT_EQ(InstanceLock::RequestItem(folder.Path(), 42), ErrorCode::Success);
+    ASSERT_EQ(InstanceLock::RequestActivation(folder.Path(), "token-1"), ErrorCode::Success);
+    ExpectTaken(lock, "token-1", 42);
+}
+
+TEST(InstanceLock, ARequestForAnItemIsForgottenAfterAMinute) {
+    for (const std::chrono::seconds age : {-70s, 70s}) {
+        const TemporaryFolder folder;
+        InstanceLock lock(folder.Path());
+        ASSERT_EQ(InstanceLock::RequestItem(folder.Path(), 42), ErrorCode::Success);
+        std::filesystem::last_write_time(ItemFile(folder), std::filesystem::file_time_type::clock::now() - age);
+        EXPECT_FALSE(lock.TakeActivation().has_value()) << age.count();
+        EXPECT_FALSE(std::filesystem::exists(ItemFile(folder))) << age.count();
+    }
+    const TemporaryFolder folder;
+    InstanceLock lock(folder.Path());
+    ASSERT_EQ(InstanceLock::RequestItem(folder.Path(), 42), ErrorCode::Success);
+    std::filesystem::last_write_time(ItemFile(folder), std::filesystem::file_time_type::clock::now() - 30s);
+    ExpectTaken(lock, "", 42);
+}
+
+TEST(InstanceLock, ARequestThatNamesNoItemOnlyBringsForward) {
+    for (const std::string_view text : {"", "seven", "12 or 13", "99999999999"}) {
+        const TemporaryFolder folder;
+        InstanceLock lock(folder.Path());
+        std::ofstream(ItemFile(folder)) << text;
+        ExpectTaken(lock, "", 0);
+    }
 }
 
 } // namespace tavo::files
