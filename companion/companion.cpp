@@ -26,8 +26,7 @@ using reminders::Moment;
 constexpr Moment kUnixEpoch = outlook::kUnixEpochDay * outlook::kSecondsPerDay;
 constexpr Moment kStoreRetry = 30;  // seconds until a store that cannot be opened is tried again
 constexpr int kStorePatience = 250; // milliseconds that one try may wait for other writers
-// The first sign of a change comes before the change is complete: looked at again after so many milliseconds.
-constexpr std::array<int, 3> kSecondLooks{40, 200, 1500};
+constexpr auto kSecondLooks = outlook::ChangeWatcher::kSecondLooks;
 
 Moment Now() {
     return std::time(nullptr) + kUnixEpoch;
@@ -111,6 +110,35 @@ bool Companion::IsReplaced() const {
            identity.st_dev != Device->Identity.st_dev;
 }
 
+void Companion::LeaveStore() {
+    std::vector<reminders::LedgerRow> rows;
+    (void)Device->Ledger.ReadOpen(rows); // the cards of one that cannot be read stay until somebody closes them
+    for (const reminders::LedgerRow& row : rows) {
+        if (row.IsOnDesk() && row.Service == Desk.Service()) {
+            Orphans.insert(row.Card);
+        }
+    }
+    Desk.StopRinging(); // the next store knows nothing of it
+    Device.reset();
+}
+
+// A restored copy may know them: those stay, and are answered there.
+void Companion::TakeOrphansBack() {
+    std::vector<reminders::LedgerRow> rows;
+    if (Device == nullptr || !Device->Ledger.ReadOpen(rows)) {
+        return;
+    }
+    for (const reminders::LedgerRow& row : rows) {
+        if (row.IsOnDesk()) {
+            Orphans.erase(row.Card);
+        }
+    }
+    for (const std::uint32_t card : Orphans) {
+        Desk.TakeBack(card);
+    }
+    Orphans.clear();
+}
+
 void Companion::SetAlarm(Moment at) {
     struct itimerspec time {};
 
@@ -121,10 +149,11 @@ void Companion::SetAlarm(Moment at) {
 void Companion::Work(Look look) {
     (void)Desk.Bus().Connect(); // where there is no bus, our own window shows what is due
     if (Device != nullptr && IsReplaced()) {
-        Device.reset();
+        LeaveStore();
     }
     if (Device == nullptr) {
         OpenStore();
+        TakeOrphansBack();
         look = Look::Items;
     }
     SetAlarm(Device == nullptr ? Now() + kStoreRetry : Device->Planner.Run(Now(), look));
@@ -141,8 +170,7 @@ void Companion::LookAtStore() {
     if (Device == nullptr || IsReplaced()) {
         Pending = Look::Items;
     } else if (Device->Watcher.TakeItemChange()) {
-        Pending = Look::Items;
-        SecondLooks = 0;
+        Pending = Look::Items; // and the second looks go on: behind it another change may be on its way
     }
 }
 

@@ -9,6 +9,7 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 
 namespace tavo::companion {
 
@@ -28,6 +29,8 @@ class Companion {
 
     bool Prepare();
     void OpenStore();
+    void LeaveStore();
+    void TakeOrphansBack();
     bool IsReplaced() const;
     void Work(reminders::Look look);
     void SetAlarm(reminders::Moment at);
@@ -46,6 +49,7 @@ class Companion {
     files::FileDescriptor Folder; // of the store, while it is not open
     files::FileDescriptor Zone;
     std::optional<reminders::Look> Pending;
+    std::set<std::uint32_t> Orphans; // cards of a store that was replaced
     int SecondLooks = 0;
     bool Ending = false;
 };
