@@ -8,6 +8,7 @@ int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
+    qputenv("PULSE_SERVER", "unix:/nowhere"); // nobody's loudspeakers, and no sound server started for us
     testing::InitGoogleTest(&argc, argv);
     Q_INIT_RESOURCE(tavo_pictures);
     const QApplication application(argc, argv);
