@@ -6,6 +6,7 @@
 #include "host/outlook/store.h"
 
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <utility>
 
@@ -81,10 +82,18 @@ class StoreLink::LinkedApp final : public outlook::RefCounted<IPOutlookApp> {
 };
 
 struct StoreLink::Watch {
-    explicit Watch(outlook::StorePtr store) : Watcher(std::move(store)) {}
+    explicit Watch(outlook::StorePtr store) : Watcher(std::move(store)) { SecondLook.setSingleShot(true); }
+
+    void LookAgain() {
+        if (Looks < Watcher.kSecondLooks.size()) {
+            SecondLook.start(Watcher.kSecondLooks[Looks++]);
+        }
+    }
 
     outlook::ChangeWatcher Watcher;
     std::unique_ptr<QSocketNotifier> Notifier;
+    QTimer SecondLook;
+    std::size_t Looks = 0;
 };
 
 StoreLink::StoreLink(std::string path) : Path(std::move(path)) {}
@@ -112,12 +121,22 @@ void StoreLink::TakeLogon(IPOutlookApp& store, Status status) {
     watch->Notifier = std::make_unique<QSocketNotifier>(watch->Watcher.Descriptor(), QSocketNotifier::Read);
     OwnWatch = std::move(watch);
     QObject::connect(OwnWatch->Notifier.get(), &QSocketNotifier::activated, OwnWatch->Notifier.get(), [this] {
-        const bool itemsChanged = OwnWatch->Watcher.TakeItemChange();
-        const bool tagsAsked = OwnWatch->Watcher.TakeLedgerChange();
-        if ((itemsChanged || tagsAsked) && Changed) {
-            Changed();
-        }
+        OwnWatch->Looks = 0;
+        TakeNews();
     });
+    QObject::connect(&OwnWatch->SecondLook, &QTimer::timeout, &OwnWatch->SecondLook, [this] { TakeNews(); });
+}
+
+void StoreLink::TakeNews() {
+    OwnWatch->LookAgain();
+    const bool changed = OwnWatch->Watcher.TakeItemChange();
+    const bool reminded = OwnWatch->Watcher.TakeLedgerChange();
+    if (changed && Changed) {
+        Changed();
+    }
+    if (reminded && Reminded) {
+        Reminded();
+    }
 }
 
 void StoreLink::TakeLogoff() {

@@ -1,4 +1,4 @@
-// The appointment store, what went wrong with it last, and the news when another process changes it.
+// The appointment store, what went wrong with it last, and the news when another process writes into it.
 #pragma once
 
 #include "platform/com_ptr.h"
@@ -27,15 +27,20 @@ class StoreLink {
     // Called when another process changed items or asked for tags.
     void SetChanged(std::function<void()> changed) { Changed = std::move(changed); }
 
+    // Called when the reminder service went on: its ledger changed.
+    void SetReminded(std::function<void()> reminded) { Reminded = std::move(reminded); }
+
   private:
     class LinkedApp;
     struct Watch;
 
     void TakeLogon(IPOutlookApp& store, Status status);
     void TakeLogoff();
+    void TakeNews();
 
     std::string Path;
     std::function<void()> Changed;
+    std::function<void()> Reminded;
     ErrorCode Error = ErrorCode::Success;
     std::unique_ptr<Watch> OwnWatch;
 };
