@@ -281,6 +281,10 @@ void Device::ChangeStore() {
     Do([this] { OwnHost.State.AnnounceStoreChange(); });
 }
 
+void Device::GoOnReminding() {
+    Do([this] { OwnHost.State.AnnounceReminders(); });
+}
+
 void Device::RequestItem(std::int32_t oid) {
     Do([this, oid] {
         OwnHost.State.SetMinimized(false);

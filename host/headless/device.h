@@ -59,6 +59,7 @@ class Device {
     void Restore();
     void ChangeScale();
     void ChangeStore();                 // another process did
+    void GoOnReminding();               // the companion did
     void RequestItem(std::int32_t oid); // another process asks for it
     // One did before the program ran; no step of the script.
     void RequestItemAtStart(std::int32_t oid);

@@ -74,5 +74,6 @@ int main(int argc, char** argv) {
     options.LastStoreError = [&] { return store.LastError(); };
     qt::QtHost host(std::move(options));
     store.SetChanged([&] { host.Parts().State.AnnounceStoreChange(); });
+    store.SetReminded([&] { host.Parts().State.AnnounceReminders(); });
     return RunTavoCalendar(host);
 }

@@ -5,6 +5,8 @@ namespace tavo::shell {
 
 namespace {
 
+constexpr int kReminderTimer = 1006; // of the main view
+
 bool TellsFocus(const ControlState* control) {
     return control != nullptr && (control->Kind == ControlKind::Edit || control->Kind == ControlKind::NumberEdit);
 }
@@ -168,6 +170,19 @@ void Shell::AnnounceStoreChange() {
         message.Window = Tree.Frame();
         message.Number = WM_STORECHANGED;
         Post(message);
+    }
+}
+
+void Shell::AnnounceReminders() {
+    for (const WindowHandle child : Tree.ChildrenOf(Tree.Frame())) {
+        // Timers of the table are never posted: one that waits is this one.
+        if (Tree.Find(child)->Kind == WindowKind::View && !Posted.Has(WM_TIMER)) {
+            Message message;
+            message.Window = child;
+            message.Number = WM_TIMER;
+            message.Id = kReminderTimer;
+            Post(message);
+        }
     }
 }
 

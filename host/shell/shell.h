@@ -64,6 +64,8 @@ class Shell {
     void SetMinimized(bool minimized);
     // Another process changed the store.
     void AnnounceStoreChange();
+    // The companion, which has no window to send from, went on with the reminders: its timer comes to the main view.
+    void AnnounceReminders();
 
   private:
     IShellObserver* Observer;

@@ -222,26 +222,71 @@ TEST_F(MainView, EscapeOnAPageIsItsClose) {
     EXPECT_TRUE(Program.Device.Host().State.Minimized);
 }
 
-TEST_F(MainView, LooksForTheNextRemindersSoundEachMinuteAndAtEachChange) {
-    const auto wave = [this] {
-        return Program.Device.Host().RegistryCalls.TextValue(u"\\ControlPanel\\Notifications\\Reminders", u"Wave");
-    };
-    const auto remind = [](std::u16string_view sound) {
-        return [sound](IAppointment& item) {
+class RemindersSound : public MainView {
+  protected:
+    void GivenReminder(const SYSTEMTIME& start, std::u16string_view sound) {
+        SYSTEMTIME end = start;
+        end.Minute += 5;
+        Program.GivenAppointment(u"Item", start, end, [sound](IAppointment& item) {
             EXPECT_EQ(item.put_ReminderSet(true), Status::Ok);
             EXPECT_EQ(item.put_ReminderSoundFile(sound), Status::Ok);
-        };
-    };
-    Program.GivenAppointment(u"Late", At(2004, 11, 4, 9), At(2004, 11, 4, 10), remind(u"\\Windows\\Late.wav"));
-    EXPECT_EQ(wave(), std::nullopt);
-    Program.Device.AdvanceClock(60000);
+        });
+    }
+
+    void Pass(shell::Milliseconds span) {
+        Program.Device.AdvanceClock(span);
+        ASSERT_TRUE(Program.Settle());
+    }
+
+    std::u16string Wave() {
+        return Program.Device.Host()
+            .RegistryCalls.TextValue(u"\\ControlPanel\\Notifications\\Reminders", u"Wave")
+            .value_or(u"none");
+    }
+};
+
+TEST_F(RemindersSound, IsLookedForEachMinute) {
+    GivenReminder(At(2004, 11, 4, 9), u"\\Windows\\Late.wav");
+    Pass(59999);
+    EXPECT_EQ(Wave(), u"none");
+    Pass(1);
+    EXPECT_EQ(Wave(), u"\\Windows\\Late.wav");
+    GivenReminder(At(2004, 11, 3, 20), u"\\Windows\\Early.wav");
+    Pass(59999);
+    EXPECT_EQ(Wave(), u"\\Windows\\Late.wav");
+    Pass(1);
+    EXPECT_EQ(Wave(), u"\\Windows\\Early.wav");
+}
+
+TEST_F(RemindersSound, IsLookedForInTheBackgroundToo) {
+    Program.Device.PressClose();
     ASSERT_TRUE(Program.Settle());
-    EXPECT_EQ(wave(), u"\\Windows\\Late.wav");
-    Program.GivenAppointment(u"Early", At(2004, 11, 3, 20), At(2004, 11, 3, 21), remind(u"\\Windows\\Early.wav"));
+    ASSERT_TRUE(Program.Device.Host().State.Minimized);
+    GivenReminder(At(2004, 11, 4, 9), u"\\Windows\\Late.wav");
+    Pass(60000);
+    EXPECT_EQ(Wave(), u"\\Windows\\Late.wav");
+}
+
+TEST_F(RemindersSound, IsLookedForAtEachChange) {
+    GivenReminder(At(2004, 11, 4, 9), u"\\Windows\\Late.wav");
     PostNotice();
-    Program.Device.AdvanceClock(500);
+    Pass(500);
+    EXPECT_EQ(Wave(), u"\\Windows\\Late.wav");
+    GivenReminder(At(2004, 11, 3, 20), u"\\Windows\\Early.wav");
+    Program.Device.ChangeStore(); // the change of another process
+    Pass(500);
+    EXPECT_EQ(Wave(), u"\\Windows\\Early.wav");
+}
+
+TEST_F(RemindersSound, IsLookedForAtOnceWhenTheCompanionGoesOn) {
+    Program.ShowPage(2);
+    GivenReminder(At(2004, 11, 4, 9), u"\\Windows\\Late.wav");
+    const int before = TimesPresented();
+    Program.Device.GoOnReminding();
     ASSERT_TRUE(Program.Settle());
-    EXPECT_EQ(wave(), u"\\Windows\\Early.wav");
+    EXPECT_EQ(Wave(), u"\\Windows\\Late.wav");
+    Pass(500);
+    EXPECT_EQ(TimesPresented(), before); // nothing that is on show has changed
 }
 
 } // namespace

@@ -85,6 +85,15 @@ TEST_F(ShellQueueTest, OneChangeOfTheStoreIsPending) {
     EXPECT_EQ(Drain().size(), 1u);
 }
 
+TEST_F(ShellQueueTest, TheCompanionsTimerReachesTheViewOnceAndMinimisedToo) {
+    State.SetMinimized(true);
+    State.AnnounceReminders();
+    State.AnnounceReminders();
+    EXPECT_EQ(Drain(), std::vector<Message>({{View, WM_TIMER, 1006, 0, 0, {}}}));
+    State.AnnounceReminders();
+    EXPECT_EQ(Drain().size(), 1u);
+}
+
 TEST_F(ShellQueueTest, QuitComesBeforeEverythingElse) {
     Queue.PostMessageW({Page, WM_USER, 0, 0, 0, {}});
     Queue.PostQuitMessage(4);
