@@ -1,4 +1,6 @@
 // The real companion on a real session bus, with a service of notifications that writes down what it is asked.
+#include "host/files/device_root.h"
+#include "host/files/instance_lock.h"
 #include "host/outlook/store_core.h"
 #include "tests/companion/notification_service.h"
 #include "tests/companion/running_companion.h"
@@ -7,11 +9,16 @@
 
 #include <cmath>
 #include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <poll.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace tavo::companion::test {
 namespace {
 
+namespace fs = std::filesystem;
 using ::testing::Contains;
 using ::testing::HasSubstr;
 using ::testing::IsSupersetOf;
@@ -23,6 +30,14 @@ class OnABus : public CompanionTest {
     OnABus() { StartCompanion(Bus.Address()); }
 
     const Notification& Last() const { return Service.Came.back(); }
+
+    std::string RunFolder() const {
+        files::RootEnvironment environment;
+        environment.TavoHome = Folder.Path.string();
+        return files::OpenDeviceRoot(environment).Root.value().RunFolder();
+    }
+
+    fs::path Found() const { return Folder.Path / "found"; }
 
     SessionBus Bus;
     NotificationService Service{Bus};
@@ -69,6 +84,53 @@ TEST_F(OnABus, ASnoozedOneWaits) {
     ASSERT_TRUE(WaitForStates("2", kSoon));
     Service.Choose(Last().Number, "snooze-10");
     EXPECT_TRUE(WaitForStates("3", kSoon));
+}
+
+TEST_F(OnABus, OpenAsksTheProgramThatRunsForTheItem) {
+    files::InstanceLock program(RunFolder());
+    ASSERT_EQ(program.Acquire(files::InstanceRole::Program, {}), files::LockOutcome::Held);
+    ASSERT_EQ(program.WatchActivation(), ErrorCode::Success);
+    AddReminder(u"Bus", 86400);
+    const Oid item = AddReminder(u"Train", 600, 30);
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    ASSERT_TRUE(WaitForStates("2", kSoon));
+    Service.Choose(Last().Number, "open");
+
+    struct pollfd asked {
+        program.ActivationFd(), POLLIN, 0
+    };
+
+    ASSERT_EQ(poll(&asked, 1, static_cast<int>(kSoon * 1000)), 1);
+    const std::optional<files::ActivationRequest> request = program.TakeActivation();
+    ASSERT_TRUE(request.has_value());
+    EXPECT_EQ(request->Item, item);
+    EXPECT_TRUE(WaitForStates("5", kSoon));
+}
+
+TEST_F(OnABus, OpenStartsAProgramThatFindsTheItem) {
+    Service.Serve(0.5);
+    Kill(SIGTERM);
+    const fs::path programs = Folder.Path / "programs";
+    fs::create_directories(programs);
+    fs::copy_file(Program, programs / "RSound");
+    Program = programs / "RSound";
+    // Instead of the calendar: keeps what it finds.
+    std::ofstream(programs / "tavocalendar")
+        << "#!/bin/sh\ncp '" << RunFolder() << "/OpenItem' '" << Found().string() << ".part'\nmv '" << Found().string()
+        << ".part' '" << Found().string() << "'\n";
+    fs::permissions(programs / "tavocalendar", fs::perms::owner_all);
+    StartCompanion(Bus.Address());
+    const Oid item = AddReminder(u"Train", 600, 30);
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    ASSERT_TRUE(WaitForStates("2", kSoon));
+    Service.Choose(Last().Number, "open");
+    EXPECT_TRUE(WaitForStates("5", kSoon));
+    for (double waited = 0; waited < kSoon && !fs::exists(Found()); waited += 0.02) {
+        usleep(20000);
+    }
+    std::string found;
+    std::ifstream(Found()) >> found;
+    EXPECT_EQ(found, std::to_string(item));
 }
 
 TEST_F(OnABus, ADeletedItemsReminderIsTakenBack) {

@@ -12,7 +12,7 @@
 
 namespace tavo::companion::test {
 
-CompanionTest::CompanionTest() = default;
+CompanionTest::CompanionTest() : Program(TAVO_COMPANION) {}
 
 CompanionTest::~CompanionTest() {
     Kill(SIGTERM);
@@ -31,8 +31,8 @@ void CompanionTest::StartCompanion(const std::string& bus) {
     Process = fork();
     if (Process == 0) {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
-        char* arguments[] = {const_cast<char*>(TAVO_COMPANION), nullptr};
-        execve(TAVO_COMPANION, arguments, environment);
+        char* arguments[] = {Program.data(), nullptr};
+        execve(Program.c_str(), arguments, environment);
         _exit(127);
     }
 }

@@ -31,6 +31,7 @@ class CompanionTest : public outlook::test::StoreTest {
     bool WaitForState(const std::string& title, int state, double seconds);
 
     pid_t Process = -1;
+    std::string Program;                       // for the next start; the built RSound, or a copy of it
     std::string SoundServer = "unix:/nowhere"; // for the next start
 };
 

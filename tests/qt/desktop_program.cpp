@@ -45,9 +45,12 @@ QAction* FindAction(const QMenu& menu, int command) {
 
 DesktopProgram::DesktopProgram() : DesktopProgram(std::make_shared<TemporaryRoot>()) {}
 
-DesktopProgram::DesktopProgram(std::shared_ptr<TemporaryRoot> root)
+DesktopProgram::DesktopProgram(std::shared_ptr<TemporaryRoot> root, const std::function<void(DesktopProgram&)>& begin)
     : Root(std::move(root)), Host(WithStore(*Root)), App(std::make_unique<CTavoApp>(Host)),
       Script([this] { Host.Queue().PostQuitMessage(kScriptEnded); }) {
+    if (begin) {
+        begin(*this);
+    }
     EXPECT_EQ(App->InitInstance(), CTavoApp::Start::Running);
     EXPECT_TRUE(Settle());
 }

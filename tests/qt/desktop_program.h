@@ -18,8 +18,9 @@ class DesktopProgram {
   public:
     // The program is started and has come to rest.
     DesktopProgram();
-    // On a device that is there already.
-    explicit DesktopProgram(std::shared_ptr<TemporaryRoot> root);
+    // On a device that is there already. The start comes to rest after the steps that `begin` puts into the script.
+    explicit DesktopProgram(std::shared_ptr<TemporaryRoot> root,
+                            const std::function<void(DesktopProgram&)>& begin = {});
     ~DesktopProgram();
     DesktopProgram(const DesktopProgram&) = delete;
     DesktopProgram& operator=(const DesktopProgram&) = delete;
