@@ -47,7 +47,15 @@ void CompanionTest::Kill(int signal) {
 
 Oid CompanionTest::AddReminder(const std::u16string& subject, int secondsAhead, int leadMinutes, std::int32_t options,
                                const std::u16string& sound) {
-    const outlook::Seconds start = std::time(nullptr) + outlook::kUnixEpochDay * outlook::kSecondsPerDay + secondsAhead;
+    return AddReminderAt(Now() + secondsAhead, subject, leadMinutes, options, sound);
+}
+
+outlook::Seconds CompanionTest::Now() {
+    return std::time(nullptr) + outlook::kUnixEpochDay * outlook::kSecondsPerDay;
+}
+
+Oid CompanionTest::AddReminderAt(outlook::Seconds start, const std::u16string& subject, int leadMinutes,
+                                 std::int32_t options, const std::u16string& sound) {
     ComPtr<IAppointment> item;
     EXPECT_EQ(App->CreateItem(kItemAppointment, item), Status::Ok);
     EXPECT_EQ(item->put_Subject(subject), Status::Ok);
