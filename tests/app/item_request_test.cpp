@@ -159,16 +159,18 @@ TEST_F(ItemRequests, ModifyOpensTheEditorOfTheItemsKindAndThePagesFollow) {
     EXPECT_EQ(record.Subject, u"Get up");
 }
 
-TEST_F(ItemRequests, DeleteAsksAndOnYesThePagesFollow) {
+TEST_F(ItemRequests, DeleteAsksAndOnYesThePagesAndTheItemsListFollow) {
     const Oid oid = GivenDentist();
     ASSERT_TRUE(Program.Start());
+    Program.State().Categories.HolidayList.Append(oid);
     Program.ShowPage(2);
-    EXPECT_EQ(Program.CellName(0, 3), u"2004-11-03: appointment");
+    EXPECT_EQ(Program.CellName(0, 3), u"2004-11-03: holiday");
     Program.Device.RequestItem(oid);
     Tap(kDelete);
     Program.Device.AnswerBox(IDYES);
     ASSERT_TRUE(Program.Settle());
     EXPECT_FALSE(IsThere(oid));
+    EXPECT_EQ(Program.State().Categories.HolidayList.Size(), 0U);
     Program.Device.AdvanceClock(kNoticePeriod);
     ASSERT_TRUE(Program.Settle());
     EXPECT_EQ(Program.CellName(0, 3), u"2004-11-03");
