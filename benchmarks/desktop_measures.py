@@ -7,10 +7,16 @@ import tempfile
 import time
 from pathlib import Path
 
+from companions import end_companion
+
 PATIENCE_SECONDS = 20
 START_RUNS = 11
 START_RATIO = 1.5
 START_MEMORY_MEGABYTES = 20
+
+
+def has_desktop(folder):
+    return os.access(folder / "tavocalendar", os.X_OK) and os.access(folder / "tavo-month-grid", os.X_OK)
 
 
 def read_peak_kilobytes(process):
@@ -42,23 +48,15 @@ def measure_first_frame(command, environment):
 
 def measure_start(report, device, folder):
     """From exec to the first frame of the Clock page, beside a plain program that paints a month grid."""
+    report.section("The window, on the offscreen platform, beside a Qt program of a hundred lines")
     environment = {**device.environment, "QT_QPA_PLATFORM": "offscreen"}
     program, grid = [str(folder / "tavocalendar")], [str(folder / "tavo-month-grid")]
     runs = [(measure_first_frame(program, environment), measure_first_frame(grid, environment))
             for _ in range(START_RUNS)]
+    end_companion(device.home)
     start, memory, grid_start, grid_memory = (
         statistics.median(values) for values in zip(*((a[0], a[1], b[0], b[1]) for a, b in runs)))
     report.figure("start, to the first frame", start / grid_start, START_RATIO,
                   f"{start:.0f} ms beside {grid_start:.0f} ms")
     report.figure("start, memory above the month grid's in MB", (memory - grid_memory) / 1024, START_MEMORY_MEGABYTES,
                   f"{memory / 1024:.0f} MB beside {grid_memory / 1024:.0f} MB")
-
-
-def measure_desktop(report, device, folder):
-    """False where there is no window to measure."""
-    report.section("The window, on the offscreen platform, beside a Qt program of a hundred lines")
-    if not (os.access(folder / "tavocalendar", os.X_OK) and os.access(folder / "tavo-month-grid", os.X_OK)):
-        report.note("not measured: built without Qt")
-        return False
-    measure_start(report, device, folder)
-    return True

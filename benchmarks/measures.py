@@ -12,7 +12,7 @@ import tempfile
 from pathlib import Path
 
 from day_menu_measures import measure_day_menu
-from desktop_measures import measure_desktop
+from desktop_measures import has_desktop, measure_start
 from editor_measures import measure_editor
 from ink_measures import measure_ink, measure_ink_window
 from list_measures import FIRST_DAY, measure_lists
@@ -31,6 +31,8 @@ IMPORT_PEAK_KILOBYTES = 60 * 1024
 BYTES_PER_ITEM = 600
 LONGEST_ITEM_DAYS = 32
 KINDS = ("alarm", "holiday", "anniversary")
+# What can be measured by itself, in the order in which it is printed.
+ROWS = ("import", "size", "month", "agenda", "ink", "window", "day-menu", "ink-window", "editor", "lists", "reminders")
 # A day and a month in the middle of the ten years.
 DAY = datetime.date(2025, 3, 14)
 MONTH = (datetime.date(2025, 3, 1), datetime.date(2025, 3, 31))
@@ -39,8 +41,8 @@ MONTH = (datetime.date(2025, 3, 1), datetime.date(2025, 3, 31))
 def build():
     options = ["-DCMAKE_BUILD_TYPE=Release", "-DTAVO_BENCHMARKS=ON", "-DTAVO_TESTS=OFF"]
     run(["cmake", "-S", str(ROOT), "-B", str(BUILD), "-G", "Ninja", *options])
-    targets = ["products", "tavo-next-reminder", "tavo-notification-service", "tavo-generate", "tavo-parse-whole", "tavo-month-window", "tavo-ink-costs",
-               "tavo-list-costs"]
+    targets = ["products", "tavo-generate", "tavo-parse-whole", "tavo-month-window", "tavo-ink-costs", "tavo-list-costs",
+               "tavo-next-reminder", "tavo-notification-service"]
     run(["cmake", "--build", str(BUILD), "--target", *targets])
     # These need Qt, as the window does.
     if (BIN / "tavocalendar").exists():
@@ -80,6 +82,9 @@ class Device:
 
     def empty(self):
         shutil.rmtree(self.home, ignore_errors=True)
+
+    def fill(self):
+        run(self.command("import", self.calendars / "calendar.ics"), self.environment)
 
     def complete(self):
         """Tags and memos, as a device in long use has them."""
@@ -200,35 +205,65 @@ def measure_agenda(report, device, name, first, last):
         report.figure(f"agenda of {name}, shell selecting {kind}", cost.wall / yardstick.wall, 2, detail)
 
 
+def parse_rows(text):
+    rows = text.split(",")
+    unknown = [row for row in rows if row not in ROWS]
+    if unknown:
+        raise argparse.ArgumentTypeError(f"no such rows: {', '.join(unknown)}; there are {', '.join(ROWS)}")
+    return rows
+
+
 def parse_options():
     parser = argparse.ArgumentParser(prog="./bench")
     parser.add_argument("--items", type=int, default=100_000)
+    parser.add_argument("--rows", type=parse_rows, default=ROWS)
     parser.add_argument("--keep", type=Path)
     parser.add_argument("--folder-of-caller", type=Path, default=Path.cwd(), help=argparse.SUPPRESS)
     return parser.parse_args()
 
 
-def measure_all(report, folder, items):
+def measure_windows(report, device, folder, rows):
+    if "window" in rows:
+        measure_start(report, device, BIN)
+        measure_window(report, device, BIN, *measure_changed_month(report, device))
+    if "day-menu" in rows:
+        measure_day_menu(report, device, folder, BIN)
+    if "ink-window" in rows:
+        measure_ink_window(report, folder, BIN)
+    if "editor" in rows:
+        measure_editor(report, device, BIN)  # changes an item
+
+
+def measure_all(report, folder, items, rows):
     describe_machine(report)
     device = Device(folder, items)
     report.section("Data")
     size = (device.calendars / "calendar.ics").stat().st_size
     report.note(f"{items:,} items over ten years in {size / 1e6:.1f} MB of iCalendar; in {folder}")
-    measure_import(report, device)
+    if "import" in rows:
+        measure_import(report, device)
+    else:
+        device.empty()
+        device.fill()
     device.complete()
-    measure_size(report, device)
-    measure_month(report, device, folder)
-    report.section("tavo agenda, the whole process, beside the sqlite3 shell")
-    measure_agenda(report, device, "a day", DAY, DAY)
-    measure_agenda(report, device, "a month", *MONTH)
-    measure_ink(report, BIN)
-    if measure_desktop(report, device, BIN):
-        measure_window(report, device, BIN, *measure_changed_month(report, device))
-        measure_day_menu(report, device, folder, BIN)
-        measure_ink_window(report, folder, BIN)
-        measure_editor(report, device, BIN)  # changes an item
-    measure_lists(report, device, folder, BIN, seconds_of(datetime.date(*FIRST_DAY)))
-    measure_reminders(report, device, BIN)
+    if "size" in rows:
+        measure_size(report, device)
+    if "month" in rows:
+        measure_month(report, device, folder)
+    if "agenda" in rows:
+        report.section("tavo agenda, the whole process, beside the sqlite3 shell")
+        measure_agenda(report, device, "a day", DAY, DAY)
+        measure_agenda(report, device, "a month", *MONTH)
+    if "ink" in rows:
+        measure_ink(report, BIN)
+    if has_desktop(BIN):
+        measure_windows(report, device, folder, rows)
+    else:
+        report.note("The window is not measured: built without Qt.")
+    if "lists" in rows:
+        measure_lists(report, device, folder, BIN, seconds_of(datetime.date(*FIRST_DAY)))
+    if "reminders" in rows:
+        measure_reminders(report, device, BIN)
 
 
 def main():
@@ -240,7 +275,7 @@ def main():
     try:
         print("Building ...", flush=True)
         build()
-        measure_all(report, folder, options.items)
+        measure_all(report, folder, options.items, options.rows)
     except (RuntimeError, subprocess.SubprocessError) as problem:
         print(f"error: {problem}")
         return 2

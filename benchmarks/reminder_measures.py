@@ -20,6 +20,9 @@ SETTLE_SECONDS = 3
 PATIENCE_SECONDS = 30
 REMINDER_SECONDS_AHEAD = 4
 REPORTS = 5
+SILENT = 5  # light and dialog
+SOUNDING = 13  # the same with sound
+RINGING = 29  # and again and again
 
 
 def pss_megabytes(process):
@@ -57,14 +60,14 @@ def next_due_milliseconds(folder, store):
     return sorted(numbers)[len(numbers) // 2]
 
 
-def add_reminder(store, seconds_ahead):
-    """An item that reminds at its start, a whole second from now; gives that second since 1970."""
+def add_reminder(store, seconds_ahead, options):
+    """An item that reminds at its start, at a whole second; gives that second since 1970."""
     due = int(time.time()) + seconds_ahead
     start = due + EPOCH_DAY * 86400
     sql = ("PRAGMA busy_timeout=5000; BEGIN IMMEDIATE;"
            " INSERT INTO item(oid, start, length, flags, busy, sensitivity, reminder_minutes, reminder_options,"
            " reminder_sound, subject, location, categories, body) SELECT value, "
-           f"{start}, 600, 2, 2, 0, 0, 5, '', 'Bench', '', '', '' FROM setting WHERE name = 'next_oid';"
+           f"{start}, 600, 2, 2, 0, 0, {options}, '', 'Bench', '', '', '' FROM setting WHERE name = 'next_oid';"
            f" INSERT INTO plain(span, start, oid, length) SELECT 0, {start}, value, 600 FROM setting"
            " WHERE name = 'next_oid'; UPDATE setting SET value = value + 1 WHERE name = 'next_oid';"
            " UPDATE change_count SET count = count + 1 WHERE kind = 'items'; COMMIT;")
@@ -90,6 +93,55 @@ def wait_for_notification(monitor, due):
     raise RuntimeError("no notification came")
 
 
+def has_child(process):
+    return Path(f"/proc/{process}/task/{process}/children").read_text().strip() != ""
+
+
+def wait_for_silence(process):
+    end = time.monotonic() + PATIENCE_SECONDS
+    while has_child(process):
+        if time.monotonic() > end:
+            raise RuntimeError("the sound does not end")
+        time.sleep(0.1)
+
+
+def measure_waiting(report, process, when):
+    report.figure(f"companion, memory {when} ringing in MB (PSS)", pss_megabytes(process), PSS_MEGABYTES, "")
+    report.figure(f"companion, wake-ups a minute {when} ringing", idle_wake_ups(process), WAKE_UPS_A_MINUTE,
+                  f"over {IDLE_SECONDS} s")
+
+
+def measure_lateness(report, device, monitor, options, name):
+    late = [wait_for_notification(monitor, add_reminder(device.store, REMINDER_SECONDS_AHEAD, options))
+            for _ in range(REPORTS)]
+    report.figure(f"{name} is shown, ms after it is due, the worst", max(late), SHOWN_MILLISECONDS,
+                  f"of {REPORTS}; the best {min(late):.0f} ms")
+
+
+def measure_companion(report, device, folder, bus):
+    monitor = subprocess.Popen(
+        ["dbus-monitor", "--address", bus.address, "interface='org.freedesktop.Notifications'"],
+        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+    service = subprocess.Popen([str(folder / "tavo-notification-service"), bus.address])
+    companion = start_companion(device, folder, bus.address)
+    try:
+        time.sleep(SETTLE_SECONDS)
+        if companion.poll() is not None:
+            raise RuntimeError(f"the companion ended with status {companion.returncode}")
+        measure_waiting(report, companion.pid, "before")
+        measure_lateness(report, device, monitor, SILENT, "a silent reminder")
+        # Each but the first comes while the one before rings.
+        measure_lateness(report, device, monitor, RINGING, "a ringing reminder")
+        measure_lateness(report, device, monitor, SOUNDING, "a sounding reminder")
+        wait_for_silence(companion.pid)
+        time.sleep(SETTLE_SECONDS)
+        measure_waiting(report, companion.pid, "after")
+    finally:
+        for process in (companion, service, monitor):
+            process.terminate()
+            process.wait()
+
+
 def measure_reminders(report, device, folder):
     """The companion on the whole calendar; nothing where the bus is not at hand."""
     if not (os.access(folder / "RSound", os.X_OK) and shutil.which("dbus-daemon") and shutil.which("dbus-monitor")):
@@ -99,28 +151,4 @@ def measure_reminders(report, device, folder):
     report.figure("next due reminder after a change, processor time in ms",
                   next_due_milliseconds(folder, device.store), NEXT_DUE_MILLISECONDS, "median of 21 changes")
     with Bus() as bus:
-        monitor = subprocess.Popen(
-            ["dbus-monitor", "--address", bus.address, "interface='org.freedesktop.Notifications'"],
-            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
-        service = subprocess.Popen([str(folder / "tavo-notification-service"), bus.address])
-        companion = start_companion(device, folder, bus.address)
-        try:
-            time.sleep(SETTLE_SECONDS)
-            report.figure("companion, memory before ringing in MB (PSS)", pss_megabytes(companion.pid), PSS_MEGABYTES,
-                          "")
-            report.figure("companion, wake-ups a minute before ringing", idle_wake_ups(companion.pid),
-                          WAKE_UPS_A_MINUTE, f"over {IDLE_SECONDS} s")
-            late = []
-            for _ in range(REPORTS):
-                late.append(wait_for_notification(monitor, add_reminder(device.store, REMINDER_SECONDS_AHEAD)))
-            report.figure("a reminder is shown, ms after it is due, the worst", max(late), SHOWN_MILLISECONDS,
-                          f"of {REPORTS}; the best {min(late):.0f} ms")
-            time.sleep(SETTLE_SECONDS)
-            report.figure("companion, memory after ringing in MB (PSS)", pss_megabytes(companion.pid), PSS_MEGABYTES,
-                          "")
-            report.figure("companion, wake-ups a minute after ringing", idle_wake_ups(companion.pid),
-                          WAKE_UPS_A_MINUTE, f"over {IDLE_SECONDS} s")
-        finally:
-            for process in (companion, service, monitor):
-                process.terminate()
-                process.wait()
+        measure_companion(report, device, folder, bus)

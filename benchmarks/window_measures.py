@@ -7,6 +7,8 @@ import tempfile
 import time
 from pathlib import Path
 
+from companions import end_companion
+
 SCALE = 2
 MONTH_CHANGES = 24
 MONTH_CHANGE_MILLISECONDS = 4
@@ -63,6 +65,7 @@ class Window:
     def __exit__(self, *_):
         self.process.terminate()
         self.process.wait()
+        end_companion(self.environment["TAVO_HOME"])
         self.folder.cleanup()
 
     def frames(self):
