@@ -2,14 +2,12 @@
 // in TAVO_HOME, again and again. Prints the processor time in ns from the tap to the open menu, the median of the
 // runs, and how many appointments the menu counts.
 #include "app/tavo_app.h"
+#include "benchmarks/costs.h"
+#include "benchmarks/desktop_device.h"
 #include "calendar/month_grid.h"
-#include "host/outlook/store.h"
-#include "host/qt/font.h"
-#include "host/qt/host.h"
 #include "schedule/main_view.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QMenu>
 #include <QTimer>
 
@@ -17,7 +15,6 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <string>
 #include <vector>
 
@@ -27,12 +24,6 @@ using namespace tavo;
 
 constexpr int kRuns = 21;
 constexpr int kScheduleEntry = 3;
-
-long long ReadProcessorTime() {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return time.tv_sec * 1'000'000'000LL + time.tv_nsec;
-}
 
 // The middle of the day's cell.
 Point PlaceOf(int year, int month, int day) {
@@ -59,11 +50,11 @@ long long TapDay(qt::QtHost& host, CMessagePump& pump, WindowHandle page, Point 
     long long cost = 0;
     QTimer look;
     look.setInterval(1);
-    const long long begin = ReadProcessorTime();
+    const long long begin = bench::ReadProcessorTime();
     QObject::connect(&look, &QTimer::timeout, [&] {
         QMenu* menu = host.OpenMenu().Current();
         if (cost == 0 && menu != nullptr && menu->isVisible()) {
-            cost = ReadProcessorTime() - begin;
+            cost = bench::ReadProcessorTime() - begin;
             caption = menu->actions().at(kScheduleEntry)->text().toStdString();
             host.Menus().EndMenu();
         }
@@ -79,23 +70,12 @@ long long TapDay(qt::QtHost& host, CMessagePump& pump, WindowHandle page, Point 
 } // namespace
 
 int main(int count, char** arguments) {
-    const files::RootResult root = files::OpenDeviceRoot(files::RootEnvironment::OfProcess());
-    if (count != 3 || !root.Root) {
+    bench::DesktopDevice device(count, arguments);
+    if (count != 3 || !device.IsReady()) {
         std::fprintf(stderr, "usage: TAVO_HOME=FOLDER tavo-day-menu-window YEARS DAY\n");
         return 2;
     }
-    const QApplication application(count, arguments);
-    Q_INIT_RESOURCE(tavo_pictures);
-    if (!qt::PrepareFonts()) {
-        return 1;
-    }
-    qt::HostOptions options{*root.Root, ""};
-    const std::string store = root.Root->StorePath();
-    options.CreateOutlook = [&](ComPtr<IPOutlookApp>& outlook) {
-        outlook = outlook::CreateOutlookApp(store, {});
-        return Status::Ok;
-    };
-    qt::QtHost host(std::move(options));
+    qt::QtHost& host = device.Host();
     CTavoApp app(host);
     if (app.InitInstance() != CTavoApp::Start::Running) {
         return 1;
@@ -125,7 +105,6 @@ int main(int count, char** arguments) {
         std::fprintf(stderr, "a tap opened no menu\n");
         return 1;
     }
-    std::sort(costs.begin(), costs.end());
-    std::printf("%lld %s\n", costs[costs.size() / 2], caption.substr(caption.rfind(' ') + 1).c_str());
+    std::printf("%lld %s\n", bench::Median(costs), caption.substr(caption.rfind(' ') + 1).c_str());
     return 0;
 }

@@ -1,19 +1,15 @@
 // tavo-editor-window OID: opens the editor on an item of the store in TAVO_HOME and saves it, again and again.
 // Prints: processor time in ns from opening to the first frame, time in ns from OK to closed, time in ns of a
 // synchronised SQLite transaction of one row in the same folder. Each is the median of the runs, which take turns.
+#include "benchmarks/costs.h"
+#include "benchmarks/desktop_device.h"
 #include "edit/appointment_dlg.h"
-#include "host/outlook/store.h"
-#include "host/qt/font.h"
-#include "host/qt/host.h"
 
-#include <QApplication>
 #include <sqlite3.h>
 
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <functional>
 #include <string>
 #include <vector>
@@ -24,17 +20,6 @@ using namespace tavo;
 using Clock = std::chrono::steady_clock;
 
 constexpr int kRuns = 21;
-
-long long ReadProcessorTime() {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return time.tv_sec * 1'000'000'000LL + time.tv_nsec;
-}
-
-long long Median(std::vector<long long> times) {
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
 
 template <class Work> long long Measure(const Work& work) {
     const auto begin = Clock::now();
@@ -87,14 +72,14 @@ bool OpenAndSave(qt::QtHost& host, CMessagePump& pump, CProgramState& state, Oid
     item.Subject = u"Run " + std::u16string(1 + static_cast<std::size_t>(run) % 7, u'!');
     Clock::time_point ok;
     bool isShown = false;
-    const long long begin = ReadProcessorTime();
+    const long long begin = bench::ReadProcessorTime();
     CAppointmentDlg editor(pump, state);
     editor.Mode = kModeAppointment;
     editor.Item = item;
     host.Views().SetFrameWatch([&] {
         if (!isShown) {
             isShown = true;
-            cost.FirstFrame = ReadProcessorTime() - begin;
+            cost.FirstFrame = bench::ReadProcessorTime() - begin;
             ok = Clock::now();
             host.Queue().PostMessageW({editor.Handle(), WM_COMMAND, IDOK, BN_CLICKED, 0, {}});
         }
@@ -108,33 +93,19 @@ bool OpenAndSave(qt::QtHost& host, CMessagePump& pump, CProgramState& state, Oid
 } // namespace
 
 int main(int count, char** arguments) {
-    const files::RootResult root = files::OpenDeviceRoot(files::RootEnvironment::OfProcess());
-    if (count != 2 || !root.Root) {
+    bench::DesktopDevice device(count, arguments);
+    if (count != 2 || !device.IsReady()) {
         std::fprintf(stderr, "usage: TAVO_HOME=FOLDER tavo-editor-window OID\n");
         return 2;
     }
-    const QApplication application(count, arguments);
-    Q_INIT_RESOURCE(tavo_pictures);
-    if (!qt::PrepareFonts()) {
-        return 1;
-    }
-    qt::HostOptions options{*root.Root, ""};
-    const std::string store = root.Root->StorePath();
-    options.CreateOutlook = [&](ComPtr<IPOutlookApp>& outlook) {
-        outlook = outlook::CreateOutlookApp(store, {});
-        return Status::Ok;
-    };
-    qt::QtHost host(std::move(options));
+    qt::QtHost& host = device.Host();
     CMessagePump pump(host);
     CProgramState state(pump);
-    WindowDescription frame;
-    frame.Kind = WindowKind::Frame;
-    frame.Visible = true;
-    pump.SetMainWindow(host.Windows().CreateWindowExW(frame));
+    bench::OpenEmptyFrame(pump);
     if (!state.Store.OpenStore()) {
         return 1;
     }
-    PlainFile file(store + "-yardstick");
+    PlainFile file(device.StorePath() + "-yardstick");
     std::vector<long long> opened;
     std::vector<long long> saved;
     std::vector<long long> written;
@@ -148,7 +119,7 @@ int main(int count, char** arguments) {
         saved.push_back(cost.Saved);
         written.push_back(Measure([&] { file.Write(run); }));
     }
-    std::printf("%lld %lld %lld\n", Median(opened), Median(saved), Median(written));
+    std::printf("%lld %lld %lld\n", bench::Median(opened), bench::Median(saved), bench::Median(written));
     state.Store.CloseStore();
     return 0;
 }

@@ -1,23 +1,19 @@
 // tavo-ink-window STROKES: opens the ink editor on a page of so many strokes of 60 points and writes on it with a pen,
 // 200 samples a second. Prints the processor time in ns from a sample's arrival at the window to the end of the
 // painting it leads to: the median of the samples, and what 95 of 100 stay below.
-#include "host/files/device_root.h"
+#include "benchmarks/costs.h"
+#include "benchmarks/desktop_device.h"
 #include "host/ink/codec.h"
-#include "host/qt/font.h"
-#include "host/qt/host.h"
 #include "memo/ink_memo_view.h"
 #include "tests/ink/handwriting.h"
 
-#include <QApplication>
 #include <QPointingDevice>
 #include <QTabletEvent>
 #include <QTimer>
 #include <QWindow>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -32,12 +28,6 @@ constexpr int kSettled = 500;   // the same, until the editor is on show
 constexpr int kUncounted = 60;  // the first stroke
 constexpr std::size_t kSamples = 600;
 constexpr std::size_t kStrokesWritten = (kUncounted + kSamples) / kPointsEach;
-
-long long ReadProcessorTime() {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return time.tv_sec * 1'000'000'000LL + time.tv_nsec;
-}
 
 // Sends one sample, sleeps until the paper was painted, sends the next.
 class Writer : public QObject {
@@ -88,7 +78,7 @@ class Writer : public QObject {
 
     void WriteNext() {
         const int number = Number++;
-        Began = ReadProcessorTime();
+        Began = bench::ReadProcessorTime();
         if (number % kPointsEach == 0) { // a new stroke now and then, as writing goes
             if (number > 0) {
                 Send(QEvent::TabletRelease, number - 1);
@@ -103,7 +93,7 @@ class Writer : public QObject {
         if (!Began.has_value()) {
             return; // painted twice
         }
-        const long long cost = ReadProcessorTime() - *Began;
+        const long long cost = bench::ReadProcessorTime() - *Began;
         Began.reset();
         if (Number > kUncounted) {
             Costs.push_back(cost);
@@ -132,23 +122,15 @@ class Writer : public QObject {
 } // namespace
 
 int main(int count, char** arguments) {
-    const files::RootResult root = files::OpenDeviceRoot(files::RootEnvironment::OfProcess());
-    if (count != 2 || !root.Root) {
+    bench::DesktopDevice device(count, arguments);
+    if (count != 2 || !device.IsReady()) {
         std::fprintf(stderr, "usage: TAVO_HOME=FOLDER tavo-ink-window STROKES\n");
         return 2;
     }
-    const QApplication application(count, arguments);
-    Q_INIT_RESOURCE(tavo_pictures);
-    if (!qt::PrepareFonts()) {
-        return 1;
-    }
-    qt::QtHost host({*root.Root, ""});
+    qt::QtHost& host = device.Host();
     CMessagePump pump(host);
     CProgramState state(pump);
-    WindowDescription frame;
-    frame.Kind = WindowKind::Frame;
-    frame.Visible = true;
-    pump.SetMainWindow(host.Windows().CreateWindowExW(frame));
+    bench::OpenEmptyFrame(pump);
     const auto strokes = static_cast<std::size_t>(std::atoi(arguments[1]));
     state.Memo.Fill(ink::Encode(ink::WriteByHand(static_cast<int>(strokes), kPointsEach)));
     CInkMemoView editor(pump, state);
@@ -158,13 +140,12 @@ int main(int count, char** arguments) {
     });
     static_cast<void>(editor.DoModal()); // what it leaves in the buffer is looked at
     std::vector<ink::PlacedStroke> written;
-    std::vector<long long> costs = writer.Costs;
+    const std::vector<long long>& costs = writer.Costs;
     if (costs.size() < kSamples || ink::Decode(state.Memo.Bytes(), written) != ink::Reading::Whole ||
         written.size() != strokes + kStrokesWritten) {
         std::fprintf(stderr, "the strokes did not come onto the paper\n");
         return 1;
     }
-    std::sort(costs.begin(), costs.end());
-    std::printf("%lld %lld\n", costs[costs.size() / 2], costs[costs.size() * 95 / 100]);
+    std::printf("%lld %lld\n", bench::Median(costs), bench::Percentile(costs, 95));
     return 0;
 }

@@ -7,6 +7,7 @@
 //
 // bare STORE: deletes all untagged items in one SQLite transaction, with a copy of their rows in the journal. Prints
 // the items and ns.
+#include "benchmarks/costs.h"
 #include "host/headless/headless_host.h"
 #include "host/outlook/store.h"
 #include "schedule/appointment_item_list.h"
@@ -19,11 +20,9 @@
 
 #include <sqlite3.h>
 
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <string>
 #include <vector>
 
@@ -37,13 +36,6 @@ constexpr int kPeriodDays = 31;
 
 long long NanosecondsSince(Clock::time_point begin) {
     return std::chrono::duration_cast<std::chrono::nanoseconds>(Clock::now() - begin).count();
-}
-
-// Other work on the machine does not count.
-long long ProcessorNanoseconds() {
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return now.tv_sec * 1'000'000'000LL + now.tv_nsec;
 }
 
 [[noreturn]] void Fail(const std::string& what) {
@@ -96,10 +88,10 @@ template <class List, class Fill> void Measure(Desk& desk, List& list, Fill fill
     paint.Number = WM_PAINT;
     std::vector<long long> costs;
     for (int run = 0; run < kRuns; ++run) {
-        const long long begin = ProcessorNanoseconds();
+        const long long begin = bench::ReadProcessorTime();
         fill();
         list.HandleMessage(paint);
-        costs.push_back(ProcessorNanoseconds() - begin);
+        costs.push_back(bench::ReadProcessorTime() - begin);
     }
     std::nth_element(costs.begin(), costs.begin() + kRuns / 2, costs.end());
     std::printf("%lld %d\n", costs[kRuns / 2], list.Count());

@@ -2,12 +2,12 @@
 // prepared SQLite statement that reads the same columns of the items and series touching it. And what the day list does
 // with the selected day (as M/D/YYYY): restricting, and loading every appointment by its OID. Prints: statement ns, its
 // rows, interfaces ns, their occurrences, day ns, its loads. Times are the median of many runs, in turn.
+#include "benchmarks/costs.h"
 #include "host/outlook/store.h"
 #include "host/outlook/wall_time.h"
 
 #include <sqlite3.h>
 
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -126,11 +126,6 @@ int RunDay(IPOutlookApp& app, IPOutlookItemCollection& items, const Month& month
     return loads;
 }
 
-long long Median(std::vector<long long> times) {
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
-
 template <class Work> long long Measure(const Work& work) {
     const auto begin = Clock::now();
     work();
@@ -174,8 +169,8 @@ int main(int count, char** arguments) {
         interfaceTimes.push_back(Measure([&] { occurrences = RunInterfaces(*items, month); }));
         dayTimes.push_back(Measure([&] { loads = RunDay(*app, *items, month); }));
     }
-    std::printf("%lld %d %lld %d %lld %d\n", Median(statementTimes), rows, Median(interfaceTimes), occurrences,
-                Median(dayTimes), loads);
+    std::printf("%lld %d %lld %d %lld %d\n", bench::Median(statementTimes), rows, bench::Median(interfaceTimes),
+                occurrences, bench::Median(dayTimes), loads);
     std::fprintf(stderr, "%s", sink == 0 ? "nothing was read\n" : "");
     sqlite3_finalize(statement);
     sqlite3_close(database);

@@ -1,22 +1,15 @@
 // Processor time, in milliseconds, for finding the next due reminder after a change by another process: 21 times.
+#include "benchmarks/costs.h"
 #include "host/outlook/store.h"
 #include "host/outlook/store_core.h"
 #include "host/reminders/reminder_finder.h"
 
 #include <cstdio>
-#include <ctime>
 #include <sqlite3.h>
 
 namespace {
 
 constexpr int kChanges = 21;
-
-double ProcessorMilliseconds() {
-    struct timespec time {};
-
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-}
 
 // As another process would: the count of changes of items goes up.
 bool ChangeFromOutside(const char* path) {
@@ -45,13 +38,13 @@ int main(int count, char** arguments) {
         if (!ChangeFromOutside(arguments[1])) {
             return 1;
         }
-        const double begin = ProcessorMilliseconds();
+        const long long begin = bench::ReadProcessorTime();
         std::optional<reminders::Moment> next;
         if (Failed(finder.FindNext(now, next)) || !next) {
             std::fprintf(stderr, "no reminder was found\n");
             return 1;
         }
-        std::printf("%.3f\n", ProcessorMilliseconds() - begin);
+        std::printf("%.3f\n", static_cast<double>(bench::ReadProcessorTime() - begin) / 1e6);
         sqlite3_db_release_memory(store->Core().Db.Raw()); // likewise
     }
     return 0;

@@ -1,0 +1,16 @@
+// What work takes, as benchmarks print it.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+namespace tavo::bench {
+
+// Nanoseconds of this process so far: other work on the machine does not count.
+long long ReadProcessorTime();
+
+// The cost that so many of a hundred stay below. There must be costs.
+long long Percentile(std::vector<long long> costs, std::size_t share);
+long long Median(std::vector<long long> costs);
+
+} // namespace tavo::bench

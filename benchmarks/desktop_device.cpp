@@ -1,0 +1,40 @@
+// Setting the desktop host up as the program does.
+#include "benchmarks/desktop_device.h"
+
+#include "host/outlook/store.h"
+#include "host/qt/font.h"
+
+#include <cstdio>
+#include <utility>
+
+// Outside every namespace, as the macro demands.
+static void InitPictures() {
+    Q_INIT_RESOURCE(tavo_pictures);
+}
+
+namespace tavo::bench {
+
+DesktopDevice::DesktopDevice(int& count, char** arguments) : Application(count, arguments) {
+    InitPictures();
+    const files::RootResult root = files::OpenDeviceRoot(files::RootEnvironment::OfProcess());
+    if (!root.Root || !qt::PrepareFonts()) {
+        std::fprintf(stderr, "%s\n", root.Root ? "there are no fonts" : root.Problem.c_str());
+        return;
+    }
+    Store = root.Root->StorePath();
+    qt::HostOptions options{*root.Root, ""};
+    options.CreateOutlook = [store = Store](ComPtr<IPOutlookApp>& outlook) {
+        outlook = outlook::CreateOutlookApp(store, {});
+        return Status::Ok;
+    };
+    OwnHost.emplace(std::move(options));
+}
+
+void OpenEmptyFrame(CMessagePump& pump) {
+    WindowDescription frame;
+    frame.Kind = WindowKind::Frame;
+    frame.Visible = true;
+    pump.SetMainWindow(pump.Host().Windows().CreateWindowExW(frame));
+}
+
+} // namespace tavo::bench
