@@ -5,7 +5,6 @@ import os
 import shutil
 from pathlib import Path
 
-from companions import end_companion
 from list_measures import SECONDS_PER_DAY, TABLES
 from processes import run
 
@@ -40,10 +39,7 @@ def end_series_before(store):
 def tap(program, home):
     """Milliseconds of processor time from the tap to the open menu, and the appointments in it."""
     environment = {**os.environ, "TAVO_HOME": str(home), "QT_QPA_PLATFORM": "offscreen", "TAVO_SCALE": "2"}
-    try:
-        cost, count = run([str(program), str(YEARS_AHEAD), str(DAY)], environment).split()
-    finally:
-        end_companion(home)
+    cost, count = run([str(program), str(YEARS_AHEAD), str(DAY)], environment).split()
     return int(cost) / 1e6, int(count)
 
 

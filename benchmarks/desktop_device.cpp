@@ -23,6 +23,7 @@ DesktopDevice::DesktopDevice(int& count, char** arguments) : Application(count, 
     }
     Store = root.Root->StorePath();
     qt::HostOptions options{*root.Root, ""};
+    options.ProgramFolder = root.Root->Path(); // no companion lies there that would stay behind
     options.CreateOutlook = [store = Store](ComPtr<IPOutlookApp>& outlook) {
         outlook = outlook::CreateOutlookApp(store, {});
         return Status::Ok;

@@ -38,6 +38,7 @@ struct HostOptions {
     // The store's application object; without it there is no store.
     std::function<Status(ComPtr<IPOutlookApp>& outlook)> CreateOutlook = {};
     std::function<ErrorCode()> LastStoreError = {};
+    std::string ProgramFolder = files::RunningProgramFolder(); // where the companion lies
 };
 
 class QtHost final : public IHost, private shell::IShellObserver {
@@ -109,7 +110,7 @@ class QtHost final : public IHost, private shell::IShellObserver {
     ControlStyle* Style; // the application's
     files::SystemClock OwnClock;
     files::DeviceFiles OwnFiles;
-    files::DeviceProcesses OwnProcesses;
+    files::DeviceProcesses OwnProcesses{Options.ProgramFolder};
     files::RegistryFile OwnRegistry;
     locale::UsEnglishLocale OwnLocale;
     qt::Sound OwnSound{OwnFiles};

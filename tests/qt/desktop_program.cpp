@@ -24,6 +24,8 @@ constexpr int kArrowFromRight = 8; // of a list, within its place
 
 HostOptions WithStore(const TemporaryRoot& root) {
     HostOptions options{root.Open(), ""};
+    // No companion lies there: it would serve the device of the person who runs the tests.
+    options.ProgramFolder = options.Root.Path();
     const std::string store = options.Root.StorePath();
     options.CreateOutlook = [store](ComPtr<IPOutlookApp>& outlook) {
         outlook = outlook::CreateOutlookApp(store, {});
