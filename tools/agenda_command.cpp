@@ -58,19 +58,15 @@ Status List(const outlook::StorePtr& store, const Days& days, Agenda agenda, Out
 int RunAgenda(const AgendaOptions& options) {
     const Days days = ChooseDays(options);
     const std::optional<files::DeviceRoot> root = FindRoot();
-    if (!root) {
-        return kExitFailure;
-    }
-    outlook::StorePtr store;
-    const Opening opening = OpenStore(*root, outlook::Access::ReadOnly, store);
-    if (opening == Opening::Failed) {
+    const std::optional<outlook::StorePtr> store = root ? OpenStoreToRead(*root) : std::nullopt;
+    if (!store) {
         return kExitFailure;
     }
     Output output;
     bool any = false;
-    if (opening == Opening::Good) {
-        const Status status = options.TabSeparated ? List(store, days, TabbedAgenda(), output, any)
-                                                   : List(store, days, DailyAgenda(NumberOf(days.First)), output, any);
+    if (*store) {
+        const Status status = options.TabSeparated ? List(*store, days, TabbedAgenda(), output, any)
+                                                   : List(*store, days, DailyAgenda(NumberOf(days.First)), output, any);
         if (Failed(status)) {
             Complain("The calendar cannot be read: " + DescribeFailure(status) + ".");
             return kExitFailure;

@@ -34,6 +34,12 @@ Opening OpenStore(const files::DeviceRoot& root, outlook::Access access, outlook
     return Opening::Failed;
 }
 
+std::optional<outlook::StorePtr> OpenStoreToRead(const files::DeviceRoot& root) {
+    outlook::StorePtr store;
+    const bool failed = OpenStore(root, outlook::Access::ReadOnly, store) == Opening::Failed;
+    return failed ? std::nullopt : std::optional(store);
+}
+
 void Complain(std::string_view sentence) {
     std::fprintf(stderr, "tavo: %.*s\n", static_cast<int>(sentence.size()), sentence.data());
 }

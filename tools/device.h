@@ -19,6 +19,9 @@ std::optional<files::DeviceRoot> FindRoot();
 
 Opening OpenStore(const files::DeviceRoot& root, outlook::Access access, outlook::StorePtr& store);
 
+// The device's store, null when there is none yet; nothing with a sentence on standard error when it cannot be read.
+std::optional<outlook::StorePtr> OpenStoreToRead(const files::DeviceRoot& root);
+
 // Writes "tavo: ..." to standard error.
 void Complain(std::string_view sentence);
 

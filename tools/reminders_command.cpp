@@ -122,18 +122,14 @@ bool WriteLog(reminders::StoreLedger& ledger, Output& output, bool& any) {
 
 int Tell(const RemindersOptions& options) {
     const std::optional<files::DeviceRoot> root = FindRoot();
-    if (!root) {
-        return kExitFailure;
-    }
-    outlook::StorePtr store;
-    const Opening opening = OpenStore(*root, outlook::Access::ReadOnly, store);
-    if (opening == Opening::Failed) {
+    const std::optional<outlook::StorePtr> store = root ? OpenStoreToRead(*root) : std::nullopt;
+    if (!store) {
         return kExitFailure;
     }
     Output output;
     bool any = false;
-    if (opening == Opening::Good) {
-        reminders::StoreLedger ledger(store, Now);
+    if (*store) {
+        reminders::StoreLedger ledger(*store, Now);
         const bool read = options.Action == RemindersAction::Log
                               ? WriteLog(ledger, output, any)
                               : ListOpen(ledger, output, any) && ListComing(ledger, options.Days, output, any);
