@@ -17,9 +17,11 @@ constexpr char16_t kLineInText = 0x1F;
 void TakeLine(tavo::companion::ReminderWindow& window, const QByteArray& line) {
     const QStringList words = QString::fromUtf8(line).split(QLatin1Char('\t'));
     if (words.size() >= 4 && words[0] == QLatin1String("show")) {
+        QString summary = words[2];
+        summary.replace(QChar(kLineInText), QLatin1Char(' '));
         QString body = words[3];
         body.replace(QChar(kLineInText), QLatin1Char('\n'));
-        window.ShowCard(words[1].toUInt(), words[2], body);
+        window.ShowCard(words[1].toUInt(), summary, body);
         window.repaint(); // only what was painted is shown
         std::printf("shown\t%s\n", qPrintable(words[1]));
         std::fflush(stdout);
@@ -34,7 +36,10 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(true);
     QGuiApplication::setDesktopFileName(QStringLiteral("tavocalendar"));
-    tavo::companion::ReminderWindow window;
+    tavo::companion::ReminderWindow window([](const QString& answer) {
+        std::printf("%s\n", qPrintable(answer));
+        std::fflush(stdout);
+    });
     QByteArray unread;
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, &window, [&] {

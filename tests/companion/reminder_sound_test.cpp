@@ -28,16 +28,16 @@ const std::filesystem::path kHouseSounds = TAVO_SOUNDS;
     }
 
 // The player by itself.
-class ReminderSound : public ::testing::Test {
+class SoundPlayer : public ::testing::Test {
   protected:
-    ReminderSound() {
+    SoundPlayer() {
         if (SoundDevice::IsInstalled()) {
             Device.emplace();
         }
         WriteTone(File("Tone.wav"), kPitch, 0.5);
     }
 
-    ~ReminderSound() override { Stop(); }
+    ~SoundPlayer() override { Stop(); }
 
     void SetUp() override { SKIP_WITHOUT_A_SERVER(); }
 
@@ -88,7 +88,7 @@ class ReminderSound : public ::testing::Test {
     pid_t Process = -1;
 };
 
-TEST_F(ReminderSound, IsHeardOnceAndToItsEnd) {
+TEST_F(SoundPlayer, IsHeardOnceAndToItsEnd) {
     const HeardSound chime = ReadSound(kHouseSounds / "Chime.wav");
     Start(Device->Address(), {kHouseSounds / "Chime.wav"});
     EXPECT_TRUE(EndedWith(WaitForEnd(kSoon), 0));
@@ -100,7 +100,7 @@ TEST_F(ReminderSound, IsHeardOnceAndToItsEnd) {
     EXPECT_GT(heard.LoudestBetween(0, 2), 0.8 * chime.LoudestBetween(0, 2));
 }
 
-TEST_F(ReminderSound, OneThatRepeatsGetsLouder) {
+TEST_F(SoundPlayer, OneThatRepeatsGetsLouder) {
     Start(Device->Address(), {"--repeat", File("Tone.wav")});
     ASSERT_TRUE(Device->WaitForSound(6, 2 * kSoon)); // the tone is half a second long
     EXPECT_FALSE(WaitForEnd(0)) << "it has stopped";
@@ -115,18 +115,18 @@ TEST_F(ReminderSound, OneThatRepeatsGetsLouder) {
     EXPECT_LT(early, 0.5 * ReadSound(File("Tone.wav")).LoudestBetween(0, 0.5)) << "it began loudly";
 }
 
-TEST_F(ReminderSound, WithoutAnyFileEndsWithAFailure) {
+TEST_F(SoundPlayer, WithoutAnyFileEndsWithAFailure) {
     Start(Device->Address(), {});
     EXPECT_TRUE(EndedWith(WaitForEnd(kSoon), 1));
 }
 
-TEST_F(ReminderSound, WithoutAFileThatIsASoundEndsWithAFailure) {
+TEST_F(SoundPlayer, WithoutAFileThatIsASoundEndsWithAFailure) {
     std::ofstream(File("Bad.wav")) << "This is a letter, not a sound.\n";
     Start(Device->Address(), {File("Bad.wav")});
     EXPECT_TRUE(EndedWith(WaitForEnd(kSoon), 1));
 }
 
-TEST_F(ReminderSound, WithoutADeviceEndsAtOnce) {
+TEST_F(SoundPlayer, WithoutADeviceEndsAtOnce) {
     for (const bool repeats : {false, true}) {
         std::vector<std::string> arguments{File("Tone.wav")};
         if (repeats) {
@@ -137,7 +137,7 @@ TEST_F(ReminderSound, WithoutADeviceEndsAtOnce) {
     }
 }
 
-TEST_F(ReminderSound, EndsWhenTheServerHangs) {
+TEST_F(SoundPlayer, EndsWhenTheServerHangs) {
     Device->Freeze();
     Start(Device->Address(), {"--repeat", File("Tone.wav")});
     EXPECT_TRUE(WaitForEnd(2 * kSoon));
@@ -148,9 +148,9 @@ struct BadFile {
     void (*Make)(const std::filesystem::path& file);
 };
 
-class BadReminderSound : public ReminderSound, public ::testing::WithParamInterface<BadFile> {};
+class BadSoundFile : public SoundPlayer, public ::testing::WithParamInterface<BadFile> {};
 
-TEST_P(BadReminderSound, LetsTheNextOneBeHeard) {
+TEST_P(BadSoundFile, LetsTheNextOneBeHeard) {
     GetParam().Make(File("Bad.wav"));
     Start(Device->Address(), {File("Bad.wav"), kHouseSounds / "Chime.wav"});
     EXPECT_TRUE(EndedWith(WaitForEnd(2 * kSoon), 0));
@@ -164,7 +164,7 @@ template <std::size_t Length> void Cut(const std::filesystem::path& file) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    , BadReminderSound,
+    , BadSoundFile,
     ::testing::Values(BadFile{"Missing", [](const std::filesystem::path&) {}},
                       BadFile{"AFolder", [](const std::filesystem::path& file) { create_directory(file); }},
                       BadFile{"ALetter",

@@ -1,0 +1,56 @@
+// Our own window as the program that the companion starts and talks to.
+#include "companion/child.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tavo::companion {
+namespace {
+
+constexpr int kSoon = 10000; // milliseconds that a busy machine may take
+
+class WindowProcess : public ::testing::Test {
+  protected:
+    void SetUp() override { ASSERT_TRUE(Window.Start({TAVO_REMINDER_WINDOW})); }
+
+    // Its exit status; -1 when it goes on.
+    int WaitForEnd() {
+        for (int waited = 0; waited < kSoon; waited += 20) {
+            int status = 0;
+            if (waitpid(Window.Id(), &status, WNOHANG) == Window.Id()) {
+                Window.NoteEnd();
+                return status;
+            }
+            usleep(20000);
+        }
+        return -1;
+    }
+
+    Child Window;
+};
+
+TEST_F(WindowProcess, TellsWhatItHasShownAndEndsWithTheLastCard) {
+    ASSERT_TRUE(Window.Write("show\t7\tTrain\tToday, 2:30 PM\x1fPlatform 4\n"));
+    EXPECT_EQ(Window.ReadLine(kSoon), "shown\t7");
+    ASSERT_TRUE(Window.Write("show\t8\tTea\t\nclose\t7\n"));
+    EXPECT_EQ(Window.ReadLine(kSoon), "shown\t8");
+    ASSERT_TRUE(Window.Write("close\t8\n"));
+    EXPECT_EQ(WaitForEnd(), 0);
+}
+
+TEST_F(WindowProcess, LinesThatItDoesNotKnowChangeNothing) {
+    ASSERT_TRUE(Window.Write("\nshow\nshow\t7\nclose\nclose\t99\nhide\t1\nshow\t8\tTea\t\n"));
+    EXPECT_EQ(Window.ReadLine(kSoon), "shown\t8");
+}
+
+TEST_F(WindowProcess, IsReadInPiecesToo) {
+    ASSERT_TRUE(Window.Write("show\t7\tTr"));
+    EXPECT_EQ(Window.ReadLine(100), "");
+    ASSERT_TRUE(Window.Write("ain\tToday\n"));
+    EXPECT_EQ(Window.ReadLine(kSoon), "shown\t7");
+}
+
+} // namespace
+} // namespace tavo::companion
