@@ -3,7 +3,9 @@
 
 #include "host/files/device_root.h"
 
+#include <optional>
 #include <string>
+#include <sys/types.h>
 
 namespace tavo::tools {
 
@@ -11,5 +13,8 @@ namespace tavo::tools {
 std::string StartAtLogin(const files::DeviceRoot& root);
 // Takes it out, and ends the service that runs for this root.
 std::string StopAtLogin(const files::DeviceRoot& root);
+
+// The process that shows the reminders of this device; nothing when none does.
+std::optional<pid_t> FindReminderService(const files::DeviceRoot& root);
 
 } // namespace tavo::tools

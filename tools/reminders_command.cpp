@@ -4,6 +4,7 @@
 #include "tools/login_start.h"
 #include "tools/output.h"
 
+#include "host/reminders/scheduler.h"
 #include "host/reminders/store_ledger.h"
 
 #include <algorithm>
@@ -61,11 +62,6 @@ std::string OneLine(std::string text) {
     return text.empty() ? "No Subject" : text;
 }
 
-struct Coming {
-    Moment At = 0;
-    std::string Line;
-};
-
 bool ListOpen(reminders::StoreLedger& ledger, Output& output, bool& any) {
     std::vector<reminders::LedgerRow> rows;
     if (!ledger.ReadOpen(rows)) {
@@ -88,10 +84,11 @@ bool ListOpen(reminders::StoreLedger& ledger, Output& output, bool& any) {
     return true;
 }
 
-bool ListComing(reminders::StoreLedger& ledger, int days, Output& output, bool& any) {
-    const Moment now = Now();
+// `state`: what is said of a reminder that the ledger does not know.
+template <class State>
+bool ListDue(reminders::StoreLedger& ledger, Moment after, Moment upTo, const State& state, Output& output, bool& any) {
     std::vector<reminders::DueReminder> found;
-    if (!ledger.FindDue(now, now + days * reminders::kDay, found)) {
+    if (!ledger.FindDue(after, upTo, found)) {
         return false;
     }
     std::sort(found.begin(), found.end(), [](const auto& left, const auto& right) { return left.At < right.At; });
@@ -102,11 +99,28 @@ bool ListComing(reminders::StoreLedger& ledger, int days, Output& output, bool& 
         }
         if (text) {
             any = true;
-            output.Write(WriteWall(ledger.ToWall(reminder.At)) + "  to come  " + OneLine(text->Title) + " (" +
-                         WriteWall(text->StartWall) + ")\n");
+            output.Write(WriteWall(ledger.ToWall(reminder.At)) + "  " + state(reminder.At) + "  " +
+                         OneLine(text->Title) + " (" + WriteWall(text->StartWall) + ")\n");
         }
     }
     return true;
+}
+
+// What came due while nobody serves reminders is in no ledger yet.
+bool ListUnserved(reminders::StoreLedger& ledger, Moment now, Output& output, bool& any) {
+    std::optional<reminders::Progress> progress;
+    if (!ledger.ReadProgress(progress)) {
+        return false;
+    }
+    const auto state = [now](Moment at) { return now - at > reminders::kGrace ? "missed" : "due"; };
+    return !progress || progress->Passed >= now || ListDue(ledger, progress->Passed, now, state, output, any);
+}
+
+bool List(reminders::StoreLedger& ledger, int days, bool isServed, Output& output, bool& any) {
+    const Moment now = Now();
+    const auto state = [](Moment) { return "to come"; };
+    return ListOpen(ledger, output, any) && (isServed || ListUnserved(ledger, now, output, any)) &&
+           ListDue(ledger, now, now + days * reminders::kDay, state, output, any);
 }
 
 bool WriteLog(reminders::StoreLedger& ledger, Output& output, bool& any) {
@@ -132,7 +146,7 @@ int Tell(const RemindersOptions& options) {
         reminders::StoreLedger ledger(*store, Now);
         const bool read = options.Action == RemindersAction::Log
                               ? WriteLog(ledger, output, any)
-                              : ListOpen(ledger, output, any) && ListComing(ledger, options.Days, output, any);
+                              : List(ledger, options.Days, FindReminderService(*root).has_value(), output, any);
         if (!read) {
             Complain("The reminders cannot be read.");
             return kExitFailure;
