@@ -61,6 +61,29 @@ TEST_F(ReminderSound, OneWithoutAReminderDoesNotQualify) {
     EXPECT_EQ(Wave(), std::nullopt);
 }
 
+TEST_F(ReminderSound, WhatDoesNotQualifyIsPassedOver) {
+    GivenReminder(At(2004, 11, 3, 9, 0), u"\\Windows\\Past.wav");
+    GivenReminder(At(2004, 11, 3, 18, 0), u"\\Windows\\Silent.wav", false);
+    GivenReminder(At(2004, 11, 3, 19, 0), kBell);
+    UpdateReminderSound(State);
+    EXPECT_EQ(Wave(), kBell);
+}
+
+TEST_F(ReminderSound, OneWithoutASoundIsTakenAllTheSame) {
+    GivenReminder(At(2004, 11, 3, 18, 0), u"");
+    GivenReminder(At(2004, 11, 3, 19, 0), kBell);
+    UpdateReminderSound(State);
+    EXPECT_EQ(Wave(), u"");
+    EXPECT_EQ(Device.Host.RegistryCalls.ValueSize(u"\\ControlPanel\\Notifications\\Reminders", u"Wave"), 0U);
+}
+
+TEST_F(ReminderSound, TomorrowMayBeInTheNextYear) {
+    ASSERT_TRUE(Device.Host.Time.Clock.SetLocalTime(At(2004, 12, 31, 23, 50)));
+    GivenReminder(At(2005, 1, 1, 0, 30), kBell);
+    UpdateReminderSound(State);
+    EXPECT_EQ(Wave(), kBell);
+}
+
 TEST_F(ReminderSound, OneOfTheDayAfterTomorrowIsTooFarAway) {
     GivenReminder(At(2004, 11, 5, 0, 0), kBell);
     UpdateReminderSound(State);

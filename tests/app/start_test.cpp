@@ -49,6 +49,16 @@ TEST(Start, AttemptsToStartTheCompanionOnce) {
     EXPECT_EQ(program.Device.Host().ProcessCalls.Started, std::vector<StartedProcess>{kCompanion});
 }
 
+TEST(Start, TheCompanionIsStartedBeforeTheDataFileIsRead) {
+    RunningProgram program;
+    program.WriteFile("TavoCalendar.dat", std::string("\2\0\0\0\7\0\0\0", 8));
+    std::vector<StartedProcess> started;
+    program.Device.Do([&] { started = program.Device.Host().ProcessCalls.Started; }); // while it is said to be corrupt
+    program.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(program.Start());
+    EXPECT_EQ(started, std::vector<StartedProcess>{kCompanion});
+}
+
 TEST(Start, AMissingCompanionIsSilent) {
     RunningProgram program;
     program.Device.Host().ProcessCalls.CanStart = false;
