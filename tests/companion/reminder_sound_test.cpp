@@ -7,6 +7,7 @@
 #include <csignal>
 #include <fstream>
 #include <optional>
+#include <ostream>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -146,6 +147,8 @@ TEST_F(SoundPlayer, EndsWhenTheServerHangs) {
 struct BadFile {
     const char* Name;
     void (*Make)(const std::filesystem::path& file);
+
+    friend void PrintTo(const BadFile& bad, std::ostream* stream) { *stream << bad.Name; }
 };
 
 class BadSoundFile : public SoundPlayer, public ::testing::WithParamInterface<BadFile> {};
