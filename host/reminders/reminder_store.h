@@ -17,6 +17,12 @@ struct Progress {
     std::int64_t Wall = 0;
 };
 
+// A clock that shows less than before.
+struct Retreat {
+    Moment Now = 0;
+    Moment Passed = 0; // the progress from here on; now or before
+};
+
 class IReminderStore {
   public:
     virtual ~IReminderStore() = default;
@@ -41,9 +47,9 @@ class IReminderStore {
 
     // One transaction: writes these rows whole and, where it is given, the progress.
     virtual bool Commit(std::span<const LedgerRow> rows, std::optional<Moment> passed) = 0;
-    // One transaction: of the rows whose time is ahead, forgets those that nobody can have seen by themselves, and lets
-    // those return of which that is not known; progress is now.
-    virtual bool GoBackTo(Moment now) = 0;
+    // One transaction: of the rows whose time is ahead of now, forgets those that nobody can have seen by themselves,
+    // and lets those return of which that is not known.
+    virtual bool GoBack(const Retreat& retreat) = 0;
     // Forgets old rows of what people have seen.
     virtual bool Purge(Moment now) = 0;
 };

@@ -14,13 +14,6 @@ constexpr Moment kLongRetry = kMinute / 2;
 constexpr Moment kLongestSleep = kDay;
 constexpr Moment kUnknownTime = 3 * kDay; // looked through again after the clock was set back unseen
 
-// Not surely shown by itself, so that it has to come at its time. What still waits to be seen stays and waits on.
-bool MayComeAnew(const LedgerRow& row, Moment now, std::int64_t wall) {
-    const bool waits = row.State == LedgerState::Due || row.State == LedgerState::Offering;
-    // By its own clock too: it may have been entered in another zone.
-    return (row.At > now || row.Key.Due > wall) && row.ByItself != Showing::Surely && !waits;
-}
-
 } // namespace
 
 bool Scheduler::Load() {
@@ -46,7 +39,7 @@ bool Scheduler::Load() {
 }
 
 void Scheduler::Keep(const LedgerRow& row) {
-    if (!row.IsOnDesk()) {
+    if (!row.IsOnDesk() && row.State != LedgerState::Offering) {
         Inherited.erase(row.Key);
     }
     if (IsFinal(row.State) && !Unwritten.contains(row.Key)) {
@@ -60,7 +53,12 @@ bool Scheduler::Commit(const std::vector<LedgerRow>& rows, std::optional<Moment>
     if (!passed && Unwritten.empty()) {
         passed = Passed; // no row may be newer than the progress: else a clock that was set back goes unnoticed
     }
-    if (WriteGoingBack() && Store.Commit(rows, passed)) {
+    const bool goesBack = WentBack.has_value();
+    const bool wentBack = WriteGoingBack();
+    if (passed && goesBack && wentBack) {
+        passed = std::min(*passed, *Passed);
+    }
+    if (wentBack && Store.Commit(rows, passed)) {
         FailingSince.reset();
         for (const LedgerRow& row : rows) {
             Unwritten.erase(row.Key);
@@ -111,32 +109,48 @@ void Scheduler::Flush(Moment now) {
 
 // Before anything else may be written: later rows must not be forgotten with the earlier ones.
 bool Scheduler::WriteGoingBack() {
-    if (WentBackTo && Store.GoBackTo(*WentBackTo)) {
-        WrittenProgress = *WentBackTo;
-        WentBackTo.reset();
+    if (WentBack && Store.GoBack(*WentBack)) {
+        // What the ledger held until now was passed over, and is looked through again.
+        Passed = std::min(*Passed, WentBack->Passed);
+        PassedWall = Store.ToWall(*Passed);
+        QuietUntil.reset();
+        WrittenProgress = Passed;
+        WentBack.reset();
     }
-    return !WentBackTo;
+    return !WentBack;
 }
 
-void Scheduler::GoBack(Moment now) {
+// Not surely shown by itself, so that it has to come at its time. What still waits to be seen stays and waits on.
+bool Scheduler::MayComeAnew(const LedgerRow& row, Moment now) {
+    const bool waits = row.State == LedgerState::Due || row.State == LedgerState::Offering;
+    std::optional<Moment> due;
+    // It may have been entered in another zone; in which an item counts that is gone, and may come back, is not known.
+    const bool isKnown = Store.FindTime(row.Key, due) && due;
+    const bool isAhead = isKnown ? *due > now : row.At > now || row.Key.Due > Store.ToWall(now);
+    return isAhead && row.ByItself != Showing::Surely && !waits;
+}
+
+void Scheduler::GoBack(const Retreat& retreat) {
     std::map<std::uint32_t, std::vector<LedgerRow>> forgotten; // by card
-    const std::int64_t wall = Store.ToWall(now);
     for (const auto& [key, row] : Open) {
-        if (MayComeAnew(row, now, wall)) {
+        if (MayComeAnew(row, retreat.Now)) {
             forgotten[row.Service == Desk.Service() ? row.Card : 0].push_back(row);
         }
     }
-    WentBackTo = now;
+    WentBack =
+        WentBack ? Retreat{std::min(WentBack->Now, retreat.Now), std::min(WentBack->Passed, retreat.Passed)} : retreat;
     DatesAnew = true;
-    std::erase_if(Open, [=](const auto& entry) { return MayComeAnew(entry.second, now, wall); });
+    for (const auto& [card, rows] : forgotten) {
+        std::for_each(rows.begin(), rows.end(), [this](const LedgerRow& row) { Open.erase(row.Key); });
+    }
     std::erase_if(Unwritten, [this](const ReminderKey& key) { return !Open.contains(key); });
-    Passed = now;
-    PassedWall = wall;
+    Passed = retreat.Passed;
+    PassedWall = Store.ToWall(*Passed);
     LooksAtItems = true;
     for (const auto& [card, rows] : forgotten) {
         if (card != 0) {
             // A card that cannot be redrawn now keeps a line too many.
-            static_cast<void>(ShrinkCard(card, rows, now));
+            static_cast<void>(ShrinkCard(card, rows, retreat.Now));
         }
     }
 }
@@ -157,8 +171,12 @@ void Scheduler::FollowZone(Moment now) {
     const std::int64_t wall = Store.ToWall(*Passed);
     if (wall > PassedWall) {
         *Passed -= wall - PassedWall;
+        if (WentBack) {
+            WentBack->Passed -= wall - PassedWall;
+        }
     } else if (wall < PassedWall) {
-        GoBack(std::min(now, *Passed)); // it moved west, and some times are to come once more
+        // It moved west, and some times are to come once more; what of them has gone by since was seen or listed.
+        GoBack({now, std::min(now, *Passed)});
     }
     LooksAtItems = LooksAtItems || wall != PassedWall;
     DatesAnew = DatesAnew || wall != PassedWall;
@@ -211,7 +229,7 @@ bool Scheduler::FollowClock(Moment now) {
     }
     FollowZone(now);
     if (now < *Passed) {
-        GoBack(now);
+        GoBack({now, now});
         if (JustLoaded) {
             // Set back while nobody was awake: how long ago cannot be told.
             Passed = now - kUnknownTime;
@@ -224,7 +242,7 @@ bool Scheduler::FollowClock(Moment now) {
         return false;
     }
     // Waits a while for the ledger to forget what is to come again.
-    return !WentBackTo || Commit({}, std::nullopt, now) || now - *FailingSince >= kPatience;
+    return !WentBack || Commit({}, std::nullopt, now) || now - *FailingSince >= kPatience;
 }
 
 bool Scheduler::EnterFound(const std::vector<DueReminder>& found, std::optional<Moment> passed,
@@ -248,13 +266,16 @@ bool Scheduler::EnterFound(const std::vector<DueReminder>& found, std::optional<
 bool Scheduler::Enter(Moment now) {
     std::vector<DueReminder> found;
     while (*Passed < now) {
-        const Moment to = std::min(now, *Passed + kPiece);
+        const Moment from = *Passed;
+        const Moment to = std::min(now, from + kPiece);
         found.clear();
-        if (!Store.FindDue(*Passed, to, found) || !EnterFound(found, to, std::nullopt, now)) {
+        if (!Store.FindDue(from, to, found) || !EnterFound(found, to, std::nullopt, now)) {
             return false;
         }
-        Passed = to;
-        PassedWall = Store.ToWall(to);
+        if (*Passed == from) { // else the ledger could go back at last
+            Passed = to;
+            PassedWall = Store.ToWall(to);
+        }
     }
     if (!LooksAtItems) {
         return true;
@@ -288,8 +309,11 @@ void Scheduler::Take(std::uint32_t card, Answer answer, int snooze, Moment now) 
 
 Moment Scheduler::Run(Moment now, Look look) {
     LooksAtItems = LooksAtItems || look == Look::Items || !Loaded;
-    if (!Loaded && !(Store.Purge(now) && Load())) {
-        return now + kShortRetry;
+    if (!Loaded) {
+        static_cast<void>(Store.Purge(now)); // a ledger that takes nothing now is tidied at another start
+        if (!Load()) {
+            return now + kShortRetry;
+        }
     }
     Flush(now);
     PassQuietTime(now);

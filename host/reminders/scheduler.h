@@ -42,7 +42,8 @@ class Scheduler {
     void PassQuietTime(Moment now);
     bool FollowClock(Moment now);
     void FollowZone(Moment now);
-    void GoBack(Moment now);
+    bool MayComeAnew(const LedgerRow& row, Moment now);
+    void GoBack(const Retreat& retreat);
     bool WriteGoingBack();
     void ShortenSnoozes(Moment now);
     bool DateAnew(Moment now);
@@ -72,7 +73,7 @@ class Scheduler {
     bool DatesAnew = true;            // rows were dated by another clock
     std::optional<Moment> Passed;     // everything due up to here is entered
     std::int64_t PassedWall = 0;      // as the device's clock showed it
-    std::optional<Moment> WentBackTo; // and the ledger does not know yet
+    std::optional<Retreat> WentBack;  // and the ledger does not know yet
     std::optional<Moment> QuietUntil; // nothing that was known was due before
     std::optional<Moment> WrittenProgress;
     std::map<ReminderKey, LedgerRow> Open; // without an answer, or not yet in the ledger

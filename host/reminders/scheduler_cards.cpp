@@ -157,6 +157,7 @@ bool Scheduler::ShowCard(const Card& card, std::uint32_t replaced, bool rings, M
         before.push_back(Open.at(line.Key));
         rows.push_back(before.back());
         rows.back().State = LedgerState::Offering;
+        rows.back().Until = std::min(rows.back().Until, now); // ahead of a clock that was set back: it is owed now
         if (byItself) {
             rows.back().ByItself = std::max(rows.back().ByItself, Showing::Perhaps); // it may be all that is left of us
         }
@@ -177,6 +178,7 @@ bool Scheduler::ShowCard(const Card& card, std::uint32_t replaced, bool rings, M
         row.Card = *taken;
         row.Service = Desk.Service();
     }
+    std::for_each(rows.begin(), rows.end(), [this](const LedgerRow& row) { Inherited.erase(row.Key); });
     Record(rows, now);
     // A silent one leaves the ringing to the card before.
     const bool isHeard =

@@ -139,21 +139,56 @@ bool StoreLedger::Commit(std::span<const LedgerRow> rows, std::optional<Moment> 
     }));
 }
 
-bool StoreLedger::GoBackTo(Moment now) {
+bool StoreLedger::GoBack(const Retreat& retreat) {
     return Succeeded(RunTransaction([&] {
-        // Perhaps shown by itself: it returns. Never: it stood in a list at most. What waits to be seen waits on.
-        Query returns(Db, "UPDATE ledger SET state = 7 WHERE (at > ? OR due > ?) AND shows = 1 AND state > 1");
-        Status status = returns.Bind(now).Bind(ToWall(now)).Finish();
-        Query forgotten(Db, "DELETE FROM ledger WHERE (at > ? OR due > ?) AND shows = 0 AND state > 1");
-        status = Succeeded(status) ? forgotten.Bind(now).Bind(ToWall(now)).Finish() : status;
-        return Succeeded(status) ? WriteProgress(now) : status;
+        std::vector<ReminderKey> ahead;
+        Status status = FindSettledAhead(retreat.Now, ahead);
+        for (const ReminderKey& key : ahead) {
+            // Perhaps shown by itself: it returns. Never: it stood in a list at most.
+            for (const char* change :
+                 {"UPDATE ledger SET state = 7 WHERE oid = ? AND original = ? AND due = ? AND shows = 1",
+                  "DELETE FROM ledger WHERE oid = ? AND original = ? AND due = ? AND shows = 0"}) {
+                Query query(Db, change);
+                query.Bind(key.Item).Bind(key.Original).Bind(key.Due);
+                status = Succeeded(status) ? query.Finish() : status;
+            }
+        }
+        return Succeeded(status) ? WriteProgress(retreat.Passed) : status;
     }));
 }
 
+// Rows whose time is ahead in the zone of today, as they may have been entered in another. What waits to be seen waits
+// on. In which zone an item counts that is gone, and may come back, is not known.
+Status StoreLedger::FindSettledAhead(Moment now, std::vector<ReminderKey>& found) {
+    Query query(Db, "SELECT oid, original, due, at FROM ledger WHERE (at > ? OR due > ?) AND shows < 2 AND state > 1");
+    query.Bind(now).Bind(ToWall(now) - 2 * kDay); // an item may have a zone of its own
+    std::vector<LedgerRow> rows;
+    while (query.Next()) {
+        LedgerRow& row = rows.emplace_back();
+        row.Key = {query.Small(0), query.Integer(1), query.Integer(2)};
+        row.At = query.Integer(3);
+    }
+    Status status = query.Result();
+    for (const LedgerRow& row : rows) {
+        std::optional<Moment> due;
+        status = Succeeded(status) ? Find.FindTime(row.Key, due) : status;
+        if (due ? *due > now : row.At > now || row.Key.Due > ToWall(now)) {
+            found.push_back(row.Key);
+        }
+    }
+    return status;
+}
+
 bool StoreLedger::Purge(Moment now) {
+    std::optional<Progress> progress;
+    if (!ReadProgress(progress)) {
+        return false;
+    }
+    // What a clock that jumped far ahead has not passed yet is found once more.
+    const Moment passed = std::min(now, progress ? progress->Passed : now);
     return Succeeded(RunTransaction([&] {
         Query rows(Db, "DELETE FROM ledger WHERE state NOT IN (0, 1, 3) AND max(at, start, until) < ?");
-        Status status = rows.Bind(now - kKept).Finish();
+        Status status = rows.Bind(passed - kKept).Finish();
         Query log(Db, "DELETE FROM ledger_log WHERE time < ?");
         return Succeeded(status) ? log.Bind(now - kKept).Finish() : status;
     }));

@@ -33,7 +33,7 @@ class StoreLedger final : public IReminderStore {
     bool FindNext(Moment after, std::optional<Moment>& next) override;
     bool Describe(const ReminderKey& key, std::optional<ReminderText>& text) override;
     bool Commit(std::span<const LedgerRow> rows, std::optional<Moment> passed) override;
-    bool GoBackTo(Moment now) override;
+    bool GoBack(const Retreat& retreat) override;
     bool Purge(Moment now) override;
 
     // Everything that the log still holds, oldest first.
@@ -45,6 +45,7 @@ class StoreLedger final : public IReminderStore {
     using FoundList = std::vector<DueReminder>;
     // Adds it unless the ledger has it.
     Status AddIfNew(DueReminder reminder, FoundList& found);
+    Status FindSettledAhead(Moment now, std::vector<ReminderKey>& found);
     Status RunTransaction(const std::function<Status()>& work);
     Status WriteRow(const LedgerRow& row);
     Status WriteEvent(const LedgerRow& row);

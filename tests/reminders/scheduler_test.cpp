@@ -101,6 +101,86 @@ TEST_F(SchedulerTest, OneThatNobodyTookIsNotForgottenWhenZoneAndClockChange) {
     EXPECT_EQ(Seen, (std::vector<Sight>{{CardKind::Missed, false}}));
 }
 
+TEST_F(SchedulerTest, OneThatWasListedSaysAgainOnANewDesktopThoughTheZoneMovedWestMeanwhile) {
+    Service->Run(kTime + kHour, Look::Clock);
+    ASSERT_EQ(Seen, (std::vector<Sight>{{CardKind::Missed, false}}));
+    Service.reset();
+    Calendar.Offset = -2 * kHour; // its time came there while nobody was awake
+    Desk.Restart();
+    Service = std::make_unique<Scheduler>(Store, Desk);
+    Service->Run(kTime + 2 * kDay, Look::Items);
+    ASSERT_EQ(Seen.size(), 2U);
+    EXPECT_EQ(Seen.back(), (Sight{CardKind::Missed, true}));
+}
+
+TEST_F(SchedulerTest, OneThatALockedLedgerCouldNotForgetComesWhenItCan) {
+    Service->Run(kTime + kDay, Look::Clock);
+    ASSERT_EQ(Seen, (std::vector<Sight>{{CardKind::Missed, false}}));
+    Store.Locked = true;
+    Service->Run(kTime - kHour, Look::Clock); // the clock was a day ahead
+    Service->Run(kTime + kHour, Look::Clock);
+    EXPECT_EQ(Seen.size(), 1U); // the ledger still says that it was listed
+    Store.Locked = false;
+    Service->Run(kTime + kHour + 1, Look::Clock);
+    ASSERT_EQ(Seen.size(), 2U);
+    EXPECT_EQ(Seen.back(), (Sight{CardKind::Missed, false}));
+    EXPECT_EQ(State(), LedgerState::Listed);
+}
+
+TEST_F(SchedulerTest, ASnoozedOneThatStoodOnALostDesktopDoesNotWaitForItsSnoozeOnceMore) {
+    Service->Run(kTime, Look::Clock);
+    Service->Take(Desk.Cards.begin()->first, Answer::Snooze, 60, kTime);
+    Service->Run(kTime + kHour, Look::Clock);
+    ASSERT_EQ(Seen.size(), 2U);
+    Service->Run(kTime + kHour / 4, Look::Clock); // the clock was ahead
+    Desk.Restart();
+    bool stands = false;
+    for (int calls = 0; calls < 100 && !stands; ++calls) {
+        Ending.DieAfter(calls);
+        try {
+            Service->Run(kTime + kHour / 4, Look::Clock);
+        } catch (const Killed&) {
+            stands = State() == LedgerState::Offering;
+        }
+        Service = std::make_unique<Scheduler>(Store, Desk);
+    }
+    ASSERT_TRUE(stands);
+    Ending.Live();
+    ASSERT_EQ(Seen.size(), 2U);
+    Service->Run(kTime + kHour / 4, Look::Items);
+    ASSERT_EQ(Seen.size(), 3U);
+    EXPECT_TRUE(Seen.back().Again);
+}
+
+TEST_F(SchedulerTest, AServiceThatStartsOnALockedLedgerStillReminds) {
+    Service.reset();
+    Store.Locked = true;
+    Service = std::make_unique<Scheduler>(Store, Desk);
+    Service->Run(kTime, Look::Items);
+    EXPECT_TRUE(Seen.empty()); // the ledger may be free in a moment
+    Service->Run(kTime + kMinute / 2, Look::Clock);
+    EXPECT_EQ(Seen, (std::vector<Sight>{{CardKind::Single, false}}));
+}
+
+TEST_F(SchedulerTest, AListOfAnEarlierProcessSaysAgainThoughTheDesktopTookItOnlyAtTheSecondTry) {
+    Service->Run(kTime + kHour, Look::Clock);
+    ASSERT_EQ(Seen, (std::vector<Sight>{{CardKind::Missed, false}}));
+    const std::uint32_t list = Desk.Cards.begin()->first;
+    Service = std::make_unique<Scheduler>(Store, Desk);
+    Desk.Cards.erase(list);                    // answered, and killed before that was written
+    Calendar.Items[2].Start = kTime + kMinute; // made late, it joins the list
+    Calendar.Items[2].Lead = kMinute;
+    Desk.Works = false;
+    Store.Passed->Passed = kTime - kHour;
+    Store.Passed->Wall = kTime - kHour;
+    Service->Run(kTime + kHour, Look::Items);
+    ASSERT_EQ(Seen.size(), 1U);
+    Desk.Works = true;
+    Service->Run(kTime + kHour + kMinute, Look::Clock);
+    ASSERT_EQ(Seen.size(), 3U);
+    EXPECT_NE(Seen[1].Again, Seen[2].Again); // the old one says so, the new one does not
+}
+
 TEST_F(SchedulerTest, OneThatNobodyTookWaitsForItsTimeInAZoneFurtherWest) {
     Desk.Works = false;
     Service->Run(kTime, Look::Clock);

@@ -109,14 +109,16 @@ bool SimulatedStore::Commit(std::span<const LedgerRow> rows, std::optional<Momen
     return true;
 }
 
-bool SimulatedStore::GoBackTo(Moment now) {
+bool SimulatedStore::GoBack(const Retreat& retreat) {
+    const Moment now = retreat.Now;
     Ending.Step();
     if (Locked) {
         return false;
     }
     for (auto entry = Ledger.begin(); entry != Ledger.end();) {
         LedgerRow& row = entry->second;
-        const bool isAhead = row.At > now || row.Key.Due > ToWall(now);
+        const bool isGone = !Calendar.Items.contains(row.Key.Item);
+        const bool isAhead = row.Key.Due > ToWall(now) || (isGone && row.At > now);
         const bool isSettled = row.State != LedgerState::Due && row.State != LedgerState::Offering;
         if (isAhead && isSettled && row.ByItself == Showing::Never) {
             entry = Ledger.erase(entry);
@@ -127,7 +129,7 @@ bool SimulatedStore::GoBackTo(Moment now) {
         }
         ++entry;
     }
-    Passed = Progress{now, ToWall(now)};
+    Passed = Progress{retreat.Passed, ToWall(retreat.Passed)};
     Ending.Step();
     return true;
 }
@@ -138,7 +140,7 @@ bool SimulatedStore::Purge(Moment now) {
         return false;
     }
     constexpr Moment kept = 90 * kDay;
-    std::erase_if(Ledger, [now](const auto& entry) {
+    std::erase_if(Ledger, [now = std::min(now, Passed ? Passed->Passed : now)](const auto& entry) {
         const LedgerRow& row = entry.second;
         return (IsFinal(row.State) || row.State == LedgerState::Shown || row.State == LedgerState::Listed) &&
                std::max({row.At, row.Start, row.Until}) < now - kept;

@@ -77,7 +77,7 @@ class SimulatedStore final : public IReminderStore {
     bool FindNext(Moment after, std::optional<Moment>& next) override;
     bool Describe(const ReminderKey& key, std::optional<ReminderText>& text) override;
     bool Commit(std::span<const LedgerRow> rows, std::optional<Moment> passed) override;
-    bool GoBackTo(Moment now) override;
+    bool GoBack(const Retreat& retreat) override;
     bool Purge(Moment now) override;
 
     std::map<ReminderKey, LedgerRow> Ledger;

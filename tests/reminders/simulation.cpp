@@ -49,6 +49,7 @@ void Simulation::PassTime() {
         Service = std::make_unique<Scheduler>(Store, Desk);
         Excused = true;
         ReopenLists();
+        ShortenSnoozes();
         Settle(Look::Items);
         return;
     }
@@ -76,6 +77,8 @@ void Simulation::KillService() {
         life.Undecided = life.Undecided || (onDesk && state == LedgerState::Offering);
         const bool neverSure = row == Store.Ledger.end() || row->second.ByItself != Showing::Surely;
         life.InDoubt = life.InDoubt || (life.Undecided && neverSure);
+        // Taken back, before that was written.
+        life.Undecided = life.Undecided || (!onDesk && (state == LedgerState::Shown || state == LedgerState::Listed));
         // An answer that was not written is as if it had not been given.
         const bool willComeAgain = state == LedgerState::Snoozed || (state == LedgerState::Offering && !onDesk);
         life.SnoozedUntil = willComeAgain ? row->second.Until : 0;
@@ -192,14 +195,37 @@ void Simulation::JumpClock(Moment by) {
     LockedUntil += by; // who holds the store lives by time that passes
     BrokenUntil += by;
     Excused = true;
-    for (auto& [key, life] : Lives) {
-        life.SnoozedUntil = life.SnoozedUntil == 0 ? 0 : std::min(life.SnoozedUntil, Now + kLongestSnooze);
-    }
-    // Set back and past again while nobody was awake: that cannot be told from time that passed.
     if (Service) {
-        NoteFuture();
-        ReopenLists();
-        Settle(Look::Clock);
+        ShortenSnoozes();
+        FollowClock(Look::Clock);
+    }
+}
+
+// Set back and past again while nobody was awake, or nobody lived to write it down: that cannot be told from time that
+// passed.
+void Simulation::FollowClock(Look look) {
+    const std::set<ReminderKey> future = Future;
+    const std::map<ReminderKey, Life> lives = Lives;
+    NoteFuture();
+    ReopenLists();
+    Settle(look);
+    const bool isWritten =
+        !Store.Passed || (Store.Passed->Passed <= Now && Store.Passed->Wall <= Store.ToWall(Store.Passed->Passed));
+    if (Service || isWritten) {
+        return;
+    }
+    Future = future;
+    std::erase_if(Future, [this](const ReminderKey& key) { return !Calendar.Stands(key); });
+    for (const auto& [key, before] : lives) {
+        Lives[key].Listed = Lives[key].Listed || before.Listed;
+        Lives[key].Reopened = before.Reopened;
+    }
+}
+
+// None lasts longer, whatever the clock was set to.
+void Simulation::ShortenSnoozes() {
+    for (auto& [key, life] : Lives) {
+        life.SnoozedUntil = std::min(life.SnoozedUntil, Now + kLongestSnooze);
     }
 }
 
@@ -217,10 +243,10 @@ void Simulation::ChangeZone() {
     ++Result.ZoneChanges;
     Calendar.Offset = Pick(-10, 12) * kHour;
     Excused = true;
-    NoteFuture();
     if (Service) {
-        ReopenLists();
-        Settle(Look::Items);
+        FollowClock(Look::Items);
+    } else {
+        NoteFuture();
     }
 }
 

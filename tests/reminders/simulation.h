@@ -59,7 +59,9 @@ class Simulation {
     SimulatedItem MakeItem();
     void DisturbMachine();
     void JumpClock(Moment by);
+    void FollowClock(Look look);
     void ReopenLists();
+    void ShortenSnoozes();
     void ChangeZone();
     void PassTime();
     void NoteFuture();
