@@ -85,8 +85,8 @@ struct StoreLink::Watch {
     explicit Watch(outlook::StorePtr store) : Watcher(std::move(store)) { SecondLook.setSingleShot(true); }
 
     void LookAgain() {
-        if (Looks < Watcher.kSecondLooks.size()) {
-            SecondLook.start(Watcher.kSecondLooks[Looks++]);
+        if (Looks < outlook::ChangeWatcher::kSecondLooks.size()) {
+            SecondLook.start(outlook::ChangeWatcher::kSecondLooks[Looks++]);
         }
     }
 

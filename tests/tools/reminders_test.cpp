@@ -104,7 +104,7 @@ class Reminders : public testing::Test {
 };
 
 TEST_F(Reminders, WhatWillComeIsListedForSoManyDays) {
-    const std::time_t soon = Today + 2 * kDay + 9 * 3600;
+    const std::time_t soon = Today + 2 * kDay + std::time_t{9} * 3600;
     const std::time_t later = soon + 30 * kDay;
     Import("Later", later);
     Import("Soon", soon);
