@@ -84,9 +84,9 @@ class StoreTrouble : public CompanionTest {
 TEST_F(StoreTrouble, WhatComesDueWhileTheStoreIsLockedIsShownOnceWhenItIsFree) {
     StartCompanion(Bus.Address());
     Service.Serve(0.5);
-    AddReminder(u"Train", 2);
+    AddReminder(u"Train", 3);
     Lock lock(File);
-    Service.Serve(4);
+    Service.Serve(5);
     EXPECT_TRUE(Service.Came.empty()) << "it would not be known that it was shown";
     lock.Release();
     ASSERT_TRUE(Service.WaitFor(1, kSoon));
