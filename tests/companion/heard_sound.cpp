@@ -14,7 +14,7 @@ namespace tavo::companion::test {
 
 namespace {
 
-constexpr std::size_t kHeader = 44; // bytes before the samples
+constexpr std::uint32_t kHeader = 44; // bytes before the samples
 constexpr std::size_t kPiece = kSampleRate / 50;
 constexpr double kSilence = 8; // of 32767
 constexpr std::size_t kPitches = 72;

@@ -1,6 +1,7 @@
 // What is heard: the real player on a real sound server, alone and started by the real companion.
 #include "platform/outlook.h"
 #include "tests/companion/notification_service.h"
+#include "tests/companion/patience.h"
 #include "tests/companion/running_companion.h"
 #include "tests/companion/sound_device.h"
 
@@ -67,15 +68,12 @@ class SoundPlayer : public ::testing::Test {
 
     // How it ended, as waitpid tells it; nothing when it did not.
     std::optional<int> WaitForEnd(double patience) {
-        for (double waited = 0; waited < patience; waited += 0.02) {
-            int status = 0;
-            if (waitpid(Process, &status, WNOHANG) == Process) {
-                Process = -1;
-                return status;
-            }
-            usleep(20000);
+        int status = 0;
+        if (!WaitUntil([&] { return waitpid(Process, &status, WNOHANG) == Process; }, patience)) {
+            return std::nullopt;
         }
-        return std::nullopt;
+        Process = -1;
+        return status;
     }
 
     static bool EndedWith(std::optional<int> status, int code) {

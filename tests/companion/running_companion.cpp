@@ -3,6 +3,7 @@
 
 #include "host/outlook/store_core.h"
 #include "host/outlook/wall_time.h"
+#include "tests/companion/patience.h"
 
 #include <csignal>
 #include <ctime>
@@ -78,13 +79,7 @@ std::string CompanionTest::LedgerStates() {
 }
 
 bool CompanionTest::WaitForStates(const std::string& states, double seconds) {
-    for (double waited = 0; waited < seconds; waited += 0.02) {
-        if (LedgerStates() == states) {
-            return true;
-        }
-        usleep(20000);
-    }
-    return LedgerStates() == states;
+    return WaitUntil([&] { return LedgerStates() == states; }, seconds);
 }
 
 bool CompanionTest::WaitForState(const std::string& title, int state, double seconds) {
@@ -92,10 +87,7 @@ bool CompanionTest::WaitForState(const std::string& title, int state, double sec
         outlook::Query query(Store->Core().Db, "SELECT 1 FROM ledger WHERE title = ? AND state = ?");
         return query.Bind(title).Bind(state).Next();
     };
-    for (double waited = 0; waited < seconds && !isThere(); waited += 0.02) {
-        usleep(20000);
-    }
-    return isThere();
+    return WaitUntil(isThere, seconds);
 }
 
 } // namespace tavo::companion::test

@@ -1,8 +1,9 @@
 // A private sound server whose only device writes into a pipe, at the speed of the clock.
 #include "tests/companion/sound_device.h"
 
+#include "tests/companion/patience.h"
+
 #include <array>
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
@@ -15,26 +16,12 @@ namespace tavo::companion::test {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr double kServerPatience = 20; // seconds until it listens
-constexpr auto kGlance = std::chrono::milliseconds(20);
-
-template <class Done> bool WaitUntil(const Done& done, double seconds) {
-    const auto end = Clock::now() + std::chrono::duration<double>(seconds);
-    while (!done()) {
-        if (Clock::now() > end) {
-            return false;
-        }
-        std::this_thread::sleep_for(kGlance);
-    }
-    return true;
-}
 
 } // namespace
 
 bool SoundDevice::IsInstalled() {
-    return std::system("command -v pulseaudio >/dev/null 2>&1") == 0; // NOLINT: one thread, and no text of others
+    return std::system("command -v pulseaudio >/dev/null 2>&1") == 0;
 }
 
 SoundDevice::SoundDevice() : Place("unix:" + Folder.File("socket").string()) {

@@ -1,10 +1,10 @@
 // Our own window as the program that the companion starts and talks to.
 #include "companion/child.h"
+#include "tests/companion/patience.h"
 
 #include <gtest/gtest.h>
 
 #include <sys/wait.h>
-#include <unistd.h>
 
 namespace tavo::companion {
 namespace {
@@ -17,15 +17,11 @@ class WindowProcess : public ::testing::Test {
 
     // Its exit status; -1 when it goes on.
     int WaitForEnd() {
-        for (int waited = 0; waited < kSoon; waited += 20) {
-            int status = 0;
-            if (waitpid(Window.Id(), &status, WNOHANG) == Window.Id()) {
-                Window.NoteEnd();
-                return status;
-            }
-            usleep(20000);
+        int status = -1;
+        if (test::WaitUntil([&] { return waitpid(Window.Id(), &status, WNOHANG) == Window.Id(); }, kSoon / 1000)) {
+            Window.NoteEnd();
         }
-        return -1;
+        return status;
     }
 
     Child Window;
