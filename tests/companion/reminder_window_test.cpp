@@ -1,5 +1,6 @@
 // Our own window for reminders, worked by keys, pen and mouse.
 #include "companion/reminder_window.h"
+#include "host/qt/call_later.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -8,7 +9,6 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QTest>
-#include <QTimer>
 
 #include <gmock/gmock.h>
 
@@ -47,7 +47,7 @@ class ReminderWindowTest : public ::testing::Test {
 
     // Chooses as soon as the menu is up, since opening it waits for the choice.
     void ChooseInMenu(const std::vector<int>& keys) {
-        QTimer::singleShot(0, qApp, [keys] {
+        tavo::qt::CallLater(qApp, [keys] {
             ASSERT_NE(QApplication::activePopupWidget(), nullptr);
             for (const int key : keys) {
                 QTest::keyClick(QApplication::activePopupWidget(), static_cast<Qt::Key>(key));
@@ -138,7 +138,7 @@ TEST_F(ReminderWindowTest, ACardThatIsTakenBackAnswersNothing) {
 
 TEST_F(ReminderWindowTest, ACardThatIsTakenBackWhileItsChoicesAreOpenDoesNoHarm) {
     Press(Qt::Key_Tab);
-    QTimer::singleShot(0, qApp, [this] {
+    tavo::qt::CallLater(qApp, [this] {
         Window.CloseCard(7);
         Window.CloseCard(8);
         ASSERT_NE(QApplication::activePopupWidget(), nullptr);

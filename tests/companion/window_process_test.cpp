@@ -9,7 +9,8 @@
 namespace tavo::companion {
 namespace {
 
-constexpr int kSoon = 10000; // milliseconds that a busy machine may take
+constexpr int kPatience = 10;           // seconds that a busy machine may take
+constexpr int kSoon = 1000 * kPatience; // the same in milliseconds
 
 class WindowProcess : public ::testing::Test {
   protected:
@@ -18,7 +19,7 @@ class WindowProcess : public ::testing::Test {
     // Its exit status; -1 when it goes on.
     int WaitForEnd() {
         int status = -1;
-        if (test::WaitUntil([&] { return waitpid(Window.Id(), &status, WNOHANG) == Window.Id(); }, kSoon / 1000)) {
+        if (test::WaitUntil([&] { return waitpid(Window.Id(), &status, WNOHANG) == Window.Id(); }, kPatience)) {
             Window.NoteEnd();
         }
         return status;
