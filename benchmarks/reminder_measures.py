@@ -2,6 +2,7 @@
 
 import os
 import re
+import select
 import shutil
 import subprocess
 import time
@@ -55,6 +56,34 @@ class Bus:
         self.daemon.wait()
 
 
+class Monitor:
+    """What the bus sees of notifications."""
+
+    def __init__(self, address):
+        self.process = subprocess.Popen(
+            ["dbus-monitor", "--address", address, "interface='org.freedesktop.Notifications'"],
+            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self.unread = b""
+
+    def read_line(self, end):
+        while b"\n" not in self.unread:
+            ready, _, _ = select.select([self.process.stdout], [], [], max(0, end - time.monotonic()))
+            piece = os.read(self.process.stdout.fileno(), 65536) if ready else b""
+            if not piece:
+                raise RuntimeError("no notification came")
+            self.unread += piece
+        line, _, self.unread = self.unread.partition(b"\n")
+        return line.decode()
+
+    def wait_for_notification(self, due):
+        """Milliseconds from the due second to the call of Notify as the bus saw it."""
+        end = time.monotonic() + PATIENCE_SECONDS
+        while True:
+            found = re.search(r"time=(\d+\.\d+).*member=Notify", self.read_line(end))
+            if found and float(found.group(1)) >= due:
+                return (float(found.group(1)) - due) * 1e3
+
+
 def next_due_milliseconds(folder, store):
     numbers = [float(line) for line in run([str(folder / "tavo-next-reminder"), str(store)]).split()]
     return sorted(numbers)[len(numbers) // 2]
@@ -82,17 +111,6 @@ def start_companion(device, folder, address):
                             stderr=subprocess.DEVNULL)
 
 
-def wait_for_notification(monitor, due):
-    """Milliseconds from the due second to the call of Notify as the bus saw it."""
-    end = time.monotonic() + PATIENCE_SECONDS
-    while time.monotonic() < end:
-        line = monitor.stdout.readline()
-        found = re.search(r"time=(\d+\.\d+).*member=Notify", line)
-        if found and float(found.group(1)) >= due:
-            return (float(found.group(1)) - due) * 1e3
-    raise RuntimeError("no notification came")
-
-
 def has_child(process):
     return Path(f"/proc/{process}/task/{process}/children").read_text().strip() != ""
 
@@ -112,16 +130,14 @@ def measure_waiting(report, process, when):
 
 
 def measure_lateness(report, device, monitor, options, name):
-    late = [wait_for_notification(monitor, add_reminder(device.store, REMINDER_SECONDS_AHEAD, options))
+    late = [monitor.wait_for_notification(add_reminder(device.store, REMINDER_SECONDS_AHEAD, options))
             for _ in range(REPORTS)]
     report.figure(f"{name} is shown, ms after it is due, the worst", max(late), SHOWN_MILLISECONDS,
                   f"of {REPORTS}; the best {min(late):.0f} ms")
 
 
 def measure_companion(report, device, folder, bus):
-    monitor = subprocess.Popen(
-        ["dbus-monitor", "--address", bus.address, "interface='org.freedesktop.Notifications'"],
-        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+    monitor = Monitor(bus.address)
     service = subprocess.Popen([str(folder / "tavo-notification-service"), bus.address])
     companion = start_companion(device, folder, bus.address)
     try:
@@ -137,7 +153,7 @@ def measure_companion(report, device, folder, bus):
         time.sleep(SETTLE_SECONDS)
         measure_waiting(report, companion.pid, "after")
     finally:
-        for process in (companion, service, monitor):
+        for process in (companion, service, monitor.process):
             process.terminate()
             process.wait()
 
