@@ -1,24 +1,46 @@
 // RSound: one for each user and root folder.
 #include "companion/companion.h"
 #include "companion/companion_lock.h"
+#include "host/files/device_processes.h"
+#include "host/files/login_entry.h"
 
 #include <cstdio>
 #include <exception>
 #include <sqlite3.h>
 
+namespace {
+
+using namespace tavo;
+
+// Whoever has used the calendar is reminded after the next login too, unless they switched that off. A device in a
+// place of its own is somebody's trial.
+void EnterAtLogin(const files::RootEnvironment& environment) {
+    files::LoginEntry entry;
+    if (environment.TavoHome.empty() && !entry.IsDecided()) {
+        // Where it cannot be written, reminders come once the calendar is started.
+        (void)entry.SwitchOn(files::RunningProgramFolder() + "/RSound", "");
+    }
+}
+
+} // namespace
+
 int main() {
-    using namespace tavo;
     // One thread, and small: no memory is set aside for bookkeeping.
     (void)sqlite3_config(SQLITE_CONFIG_SINGLETHREAD);
     (void)sqlite3_config(SQLITE_CONFIG_LOOKASIDE, 128, 32);
     try {
-        const files::RootResult root = files::OpenDeviceRoot(files::RootEnvironment::OfProcess());
+        const files::RootEnvironment environment = files::RootEnvironment::OfProcess();
+        const files::RootResult root = files::OpenDeviceRoot(environment);
         if (!root.Root.has_value()) {
             std::fprintf(stderr, "RSound: %s\n", root.Problem.c_str());
             return 1;
         }
         const companion::CompanionLock lock(root.Root->RunFolder());
-        return lock.IsHeld() ? companion::Companion(*root.Root).Run() : 0; // another one is at work
+        if (!lock.IsHeld()) {
+            return 0; // another one is at work
+        }
+        EnterAtLogin(environment);
+        return companion::Companion(*root.Root).Run();
     } catch (const std::exception& problem) {
         std::fprintf(stderr, "RSound: %s\n", problem.what());
         return 1;

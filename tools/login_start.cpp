@@ -1,19 +1,17 @@
-// An entry of the desktop's own kind, and the companion's lock to find it by.
+// The desktop's entry, and the companion's lock to find it by.
 #include "tools/login_start.h"
 
 #include "host/files/device_processes.h"
 #include "host/files/file_descriptor.h"
-#include "host/files/replace_file.h"
+#include "host/files/login_entry.h"
 
 #include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
 #include <functional>
 #include <thread>
-#include <vector>
 
 namespace tavo::tools {
 
@@ -21,38 +19,11 @@ namespace {
 
 constexpr std::chrono::seconds kPatience{10};
 constexpr std::chrono::milliseconds kBetweenLooks{10};
-constexpr const char* kEntryName = "tavocalendar-reminders.desktop";
-
-std::filesystem::path EntryPath() {
-    const char* config = std::getenv("XDG_CONFIG_HOME");
-    if (config != nullptr && *config == '/') {
-        return std::filesystem::path(config) / "autostart" / kEntryName;
-    }
-    const char* home = std::getenv("HOME");
-    return home == nullptr || *home == '\0' ? std::filesystem::path()
-                                            : std::filesystem::path(home) / ".config" / "autostart" / kEntryName;
-}
-
-// As the desktop reads a command: in quotes, with what is special in them marked; per cent signs doubled.
-std::string QuoteCommand(const std::string& path) {
-    std::string quoted = "\"";
-    for (const char letter : path) {
-        if (letter == '"' || letter == '`' || letter == '$' || letter == '\\') {
-            quoted += "\\\\";
-        }
-        quoted += letter;
-        if (letter == '%') {
-            quoted += '%';
-        }
-    }
-    return quoted + '"';
-}
 
 // A session does not know where a terminal was told that the device is.
-std::string WriteCommand(const files::DeviceRoot& root, const std::string& program) {
+std::string FindNamedRoot(const files::DeviceRoot& root) {
     const char* home = std::getenv("TAVO_HOME");
-    const bool isElsewhere = home != nullptr && *home != '\0';
-    return (isElsewhere ? "env " + QuoteCommand("TAVO_HOME=" + root.Path()) + ' ' : "") + QuoteCommand(program);
+    return home != nullptr && *home != '\0' ? root.Path() : "";
 }
 
 // False when it does not become so within a while.
@@ -75,23 +46,18 @@ bool EndService(const files::DeviceRoot& root, pid_t service) {
     return WaitUntil([&] { return FindReminderService(root) != service; });
 }
 
+std::string WhyNotWritten(const files::LoginEntry& entry) {
+    return entry.Path().empty() ? "There is no home folder to put the entry into."
+                                : "The entry " + entry.Path().string() + " cannot be written.";
+}
+
 } // namespace
 
 std::string StartAtLogin(const files::DeviceRoot& root) {
     const std::string program = files::RunningProgramFolder() + "/RSound";
-    const std::filesystem::path entry = EntryPath();
-    if (entry.empty()) {
-        return "There is no home folder to put the entry into.";
-    }
-    std::error_code error;
-    std::filesystem::create_directories(entry.parent_path(), error);
-    const std::string text = "[Desktop Entry]\nType=Application\nName=Tavo Calendar Reminders\n"
-                             "Comment=Shows the reminders of Tavo Calendar\nExec=" +
-                             WriteCommand(root, program) +
-                             "\nIcon=tavocalendar\nNoDisplay=true\nX-GNOME-Autostart-enabled=true\n";
-    const std::vector<std::uint8_t> bytes(text.begin(), text.end());
-    if (files::ReplaceFile(entry, bytes) != ErrorCode::Success) {
-        return "The entry " + entry.string() + " cannot be written.";
+    files::LoginEntry entry;
+    if (!entry.SwitchOn(program, FindNamedRoot(root))) {
+        return WhyNotWritten(entry);
     }
     if (!files::StartDetached({program})) {
         return "The program " + program + " is not there.";
@@ -101,10 +67,9 @@ std::string StartAtLogin(const files::DeviceRoot& root) {
 }
 
 std::string StopAtLogin(const files::DeviceRoot& root) {
-    std::error_code error;
-    std::filesystem::remove(EntryPath(), error);
-    if (error) {
-        return "The entry " + EntryPath().string() + " cannot be removed.";
+    files::LoginEntry entry;
+    if (!entry.SwitchOff()) {
+        return WhyNotWritten(entry);
     }
     const std::optional<pid_t> service = FindReminderService(root);
     if (service && !EndService(root, *service)) {

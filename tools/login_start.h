@@ -11,7 +11,7 @@ namespace tavo::tools {
 
 // Enters the service among what the desktop starts at login, and starts it now. "" when it is done, else a sentence.
 std::string StartAtLogin(const files::DeviceRoot& root);
-// Takes it out, and ends the service that runs for this root.
+// Has it start no more at login, and ends the service that runs for this root.
 std::string StopAtLogin(const files::DeviceRoot& root);
 
 // The process that shows the reminders of this device; nothing when none does.

@@ -41,7 +41,7 @@ class IDesk {
     // One of its lines rings at least. What rang before becomes silent.
     virtual void Ring(const Card& card) = 0;
     virtual void StopRinging() = 0;
-    // Brings the program forward, on this item.
+    // Brings the program forward, on this item; on none with 0.
     virtual void OpenItem(std::int32_t item) = 0;
 };
 

@@ -303,7 +303,7 @@ void Scheduler::Take(std::uint32_t card, Answer answer, int snooze, Moment now) 
     }
     Record(rows, now);
     if (answer == Answer::Open) {
-        Desk.OpenItem(rows.front().Key.Item);
+        Desk.OpenItem(rows.size() == 1 ? rows.front().Key.Item : 0); // which of several was meant, nobody knows
     }
 }
 

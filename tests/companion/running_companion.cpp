@@ -13,27 +13,26 @@
 
 namespace tavo::companion::test {
 
-CompanionTest::CompanionTest() : Program(TAVO_COMPANION) {}
+CompanionTest::CompanionTest() : Places{"TAVO_HOME=" + Folder.Path.string()}, Program(TAVO_COMPANION) {}
 
 CompanionTest::~CompanionTest() {
     Kill(SIGTERM);
 }
 
 void CompanionTest::StartCompanion(const std::string& bus) {
-    const std::string home = "TAVO_HOME=" + Folder.Path.string();
-    const std::string address =
-        bus.empty() ? "DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere" : "DBUS_SESSION_BUS_ADDRESS=" + bus;
-    const std::string platform = "QT_QPA_PLATFORM=offscreen";
-    const std::string zone = "TZ=UTC";
-    const std::string sound = "PULSE_SERVER=" + SoundServer;
-    char* environment[] = {const_cast<char*>(home.c_str()),     const_cast<char*>(address.c_str()),
-                           const_cast<char*>(platform.c_str()), const_cast<char*>(zone.c_str()),
-                           const_cast<char*>(sound.c_str()),    nullptr};
+    std::vector<std::string> lines = Places;
+    lines.push_back(bus.empty() ? "DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere" : "DBUS_SESSION_BUS_ADDRESS=" + bus);
+    lines.insert(lines.end(), {"QT_QPA_PLATFORM=offscreen", "TZ=UTC", "PULSE_SERVER=" + SoundServer});
+    std::vector<char*> environment;
+    for (std::string& line : lines) {
+        environment.push_back(line.data());
+    }
+    environment.push_back(nullptr);
     Process = fork();
     if (Process == 0) {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         char* arguments[] = {Program.data(), nullptr};
-        execve(Program.c_str(), arguments, environment);
+        execve(Program.c_str(), arguments, environment.data());
         _exit(127);
     }
 }

@@ -6,6 +6,7 @@
 
 #include <string>
 #include <sys/types.h>
+#include <vector>
 
 namespace tavo::companion::test {
 
@@ -34,7 +35,8 @@ class CompanionTest : public outlook::test::StoreTest {
     bool WaitForState(const std::string& title, int state, double seconds);
 
     pid_t Process = -1;
-    std::string Program;                       // for the next start; the built RSound, or a copy of it
+    std::vector<std::string> Places; // of the environment, for the next start: where the device and settings are
+    std::string Program;             // for the next start; the built RSound, or a copy of it
     std::string SoundServer = "unix:/nowhere"; // for the next start
 };
 

@@ -152,6 +152,23 @@ TEST_F(SchedulerTest, ASnoozedOneThatStoodOnALostDesktopDoesNotWaitForItsSnoozeO
     EXPECT_TRUE(Seen.back().Again);
 }
 
+TEST_F(SchedulerTest, OpenOfOneShowsIt) {
+    Service->Run(kTime, Look::Clock);
+    Service->Take(Desk.Cards.begin()->first, Answer::Open, 0, kTime);
+    EXPECT_EQ(Desk.Opened, std::vector<std::int32_t>{1});
+    EXPECT_EQ(State(), LedgerState::Dismissed);
+}
+
+TEST_F(SchedulerTest, OpenOfSeveralOnlyComesForward) {
+    Calendar.Items[2].Start = kTime + kHour;
+    Service->Run(kTime + 2 * kHour, Look::Items);
+    ASSERT_EQ(Seen.size(), 2U);
+    ASSERT_EQ(Desk.Cards.size(), 1U);
+    Service->Take(Desk.Cards.begin()->first, Answer::Open, 0, kTime + 2 * kHour);
+    EXPECT_EQ(Desk.Opened, std::vector<std::int32_t>{0});
+    EXPECT_EQ(State(), LedgerState::Dismissed);
+}
+
 TEST_F(SchedulerTest, AServiceThatStartsOnALockedLedgerStillReminds) {
     Service.reset();
     Store.Locked = true;

@@ -109,7 +109,7 @@ class SimulatedDesk final : public IDesk {
 
     void StopRinging() override {}
 
-    void OpenItem(std::int32_t) override {}
+    void OpenItem(std::int32_t item) override { Opened.push_back(item); }
 
     bool Holds(const ReminderKey& key) const;
     // The session ends: all cards are gone.
@@ -117,6 +117,7 @@ class SimulatedDesk final : public IDesk {
 
     bool Works = true;
     std::map<std::uint32_t, std::vector<ReminderKey>> Cards; // on the desktop now
+    std::vector<std::int32_t> Opened;
     // Told of every reminder that comes to be seen and did not stand on the desktop before.
     std::function<void(const CardLine&, CardKind)> Seen;
 

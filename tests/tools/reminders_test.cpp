@@ -164,7 +164,7 @@ TEST_F(Reminders, OnStartsTheServiceNowAndAtLoginAndOffEndsBoth) {
     EXPECT_EQ(Device.Run({"reminders", "off"}).Output,
               "Reminders are off until the calendar is started, or `tavo reminders on`.\n");
     EXPECT_FALSE(ServiceRuns());
-    EXPECT_FALSE(std::filesystem::exists(EntryPath()));
+    EXPECT_THAT(ReadWhole(EntryPath()), HasSubstr("\nHidden=true\n")); // an entry, so that a start leaves it so
     EXPECT_EQ(Device.Run({"reminders", "off"}).Status, 0); // nothing to end
 }
 

@@ -1,0 +1,72 @@
+// The entry as desktops read it.
+#include "host/files/login_entry.h"
+
+#include "host/files/replace_file.h"
+
+#include <cstdlib>
+#include <vector>
+
+namespace tavo::files {
+
+namespace {
+
+constexpr const char* kFolder = "autostart";
+constexpr const char* kName = "tavocalendar-reminders.desktop";
+
+std::filesystem::path FindPlace() {
+    const char* config = std::getenv("XDG_CONFIG_HOME");
+    if (config != nullptr && *config == '/') {
+        return std::filesystem::path(config) / kFolder / kName;
+    }
+    const char* home = std::getenv("HOME");
+    return home == nullptr || *home == '\0' ? std::filesystem::path()
+                                            : std::filesystem::path(home) / ".config" / kFolder / kName;
+}
+
+// As the desktop reads a command: in quotes, with what is special in them marked; per cent signs doubled.
+std::string QuoteCommand(const std::string& path) {
+    std::string quoted = "\"";
+    for (const char letter : path) {
+        if (letter == '"' || letter == '`' || letter == '$' || letter == '\\') {
+            quoted += "\\\\";
+        }
+        quoted += letter;
+        if (letter == '%') {
+            quoted += '%';
+        }
+    }
+    return quoted + '"';
+}
+
+} // namespace
+
+LoginEntry::LoginEntry() : Place(FindPlace()) {}
+
+bool LoginEntry::IsDecided() const {
+    std::error_code error;
+    return Place.empty() || std::filesystem::exists(Place, error) || error;
+}
+
+bool LoginEntry::SwitchOn(const std::string& program, const std::string& root) {
+    const std::string device = root.empty() ? "" : "env " + QuoteCommand("TAVO_HOME=" + root) + ' ';
+    return Write("Exec=" + device + QuoteCommand(program) + "\nX-GNOME-Autostart-enabled=true\n");
+}
+
+bool LoginEntry::SwitchOff() {
+    return Write("Hidden=true\n");
+}
+
+bool LoginEntry::Write(const std::string& lines) {
+    if (Place.empty()) {
+        return false;
+    }
+    std::error_code error;
+    std::filesystem::create_directories(Place.parent_path(), error); // without it, writing fails
+    const std::string text = "[Desktop Entry]\nType=Application\nName=Tavo Calendar Reminders\n"
+                             "Comment=Shows the reminders of Tavo Calendar\nIcon=tavocalendar\nNoDisplay=true\n" +
+                             lines;
+    const std::vector<std::uint8_t> bytes(text.begin(), text.end());
+    return ReplaceFile(Place.string(), bytes) == ErrorCode::Success;
+}
+
+} // namespace tavo::files

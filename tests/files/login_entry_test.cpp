@@ -1,0 +1,74 @@
+// What is written for the desktop to start at login.
+#include "host/files/login_entry.h"
+
+#include "tests/files/temporary_folder.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace tavo::files {
+
+namespace {
+
+class LoginEntryTest : public testing::Test {
+  protected:
+    LoginEntryTest() {
+        setenv("XDG_CONFIG_HOME", Folder.Path().c_str(), 1);
+        Entry = LoginEntry();
+    }
+
+    ~LoginEntryTest() override {
+        Before.empty() ? unsetenv("XDG_CONFIG_HOME") : setenv("XDG_CONFIG_HOME", Before.c_str(), 1);
+    }
+
+    bool Has(const std::string& line) const {
+        std::stringstream text;
+        text << std::ifstream(Entry.Path()).rdbuf();
+        return ('\n' + text.str()).find('\n' + line + '\n') != std::string::npos;
+    }
+
+    const std::string Before = std::getenv("XDG_CONFIG_HOME") == nullptr ? "" : std::getenv("XDG_CONFIG_HOME");
+    TemporaryFolder Folder;
+    LoginEntry Entry;
+};
+
+TEST_F(LoginEntryTest, NobodyHasDecidedUntilItIsSwitched) {
+    EXPECT_FALSE(Entry.IsDecided());
+    ASSERT_TRUE(Entry.SwitchOn("/opt/RSound", ""));
+    EXPECT_TRUE(Entry.IsDecided());
+    EXPECT_TRUE(Has("[Desktop Entry]"));
+    EXPECT_TRUE(Has("Exec=\"/opt/RSound\""));
+    EXPECT_FALSE(Has("Hidden=true"));
+}
+
+TEST_F(LoginEntryTest, OffIsADecisionToo) {
+    ASSERT_TRUE(Entry.SwitchOn("/opt/RSound", ""));
+    ASSERT_TRUE(Entry.SwitchOff());
+    EXPECT_TRUE(Entry.IsDecided());
+    EXPECT_TRUE(Has("Hidden=true"));
+    EXPECT_FALSE(Has("Exec=\"/opt/RSound\""));
+}
+
+TEST_F(LoginEntryTest, AnotherRootIsNamedAndWhatTheDesktopReadsSpeciallyIsMarked) {
+    ASSERT_TRUE(Entry.SwitchOn("/opt/a b/50%/RSound", "/home/$x"));
+    EXPECT_TRUE(Has(R"(Exec=env "TAVO_HOME=/home/\\$x" "/opt/a b/50%%/RSound")"));
+}
+
+TEST_F(LoginEntryTest, WithoutAHomeFolderThereIsNothingToDecide) {
+    const std::string home = std::getenv("HOME") == nullptr ? "" : std::getenv("HOME");
+    unsetenv("XDG_CONFIG_HOME");
+    unsetenv("HOME");
+    LoginEntry nowhere;
+    if (!home.empty()) {
+        setenv("HOME", home.c_str(), 1);
+    }
+    EXPECT_TRUE(nowhere.Path().empty());
+    EXPECT_TRUE(nowhere.IsDecided());
+    EXPECT_FALSE(nowhere.SwitchOn("/opt/RSound", ""));
+}
+
+} // namespace
+
+} // namespace tavo::files
