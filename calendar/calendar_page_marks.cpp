@@ -43,8 +43,13 @@ void CCalendarPage::MarkMonth() {
         Oid oid = 0;
         SYSTEMTIME startTime;
         SYSTEMTIME endTime;
-        if (Succeeded(item->get_Start(start)) && Succeeded(item->get_End(end)) && Succeeded(item->get_Oid(oid)) &&
-            locale.VariantTimeToSystemTime(start, startTime) && locale.VariantTimeToSystemTime(end, endTime)) {
+        if (Failed(item->get_Start(start)) || Failed(item->get_End(end)) || Failed(item->get_Oid(oid))) {
+            continue;
+        }
+        // The months beside are in the collection too; a day is room enough for any rounding.
+        const bool isNearGrid = end >= GridStart - 1 && start <= GridStart + kGridCells + 1;
+        if (isNearGrid && locale.VariantTimeToSystemTime(start, startTime) &&
+            locale.VariantTimeToSystemTime(end, endTime)) {
             MarkAppointment(startTime, endTime, oid);
         }
     }
