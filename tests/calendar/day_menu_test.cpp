@@ -75,7 +75,7 @@ TEST_F(DayMenuTest, EveryKindsEntryOpensTheViewOnItsItem) {
     lists.HolidayList.Append(GivenItem(u"Fair", 7));
     lists.AnniversaryList.Append(GivenItem(u"Wedding", 8));
     GivenItem(u"Dentist", 9);
-    const auto expectView = [this](int command, std::u16string subject) {
+    const auto expectView = [this](int command, const std::u16string& subject) {
         TapDay();
         Choose(command);
         Check([this, subject] { EXPECT_TRUE(Program.Device.See.FindItem(PaintedRole::Header, subject).has_value()); });

@@ -3,6 +3,7 @@
 #include "host/files/instance_lock.h"
 #include "host/outlook/store_core.h"
 #include "tests/companion/notification_service.h"
+#include "tests/companion/patience.h"
 #include "tests/companion/running_companion.h"
 
 #include <gmock/gmock.h>
@@ -19,7 +20,6 @@ namespace tavo::companion::test {
 namespace {
 
 namespace fs = std::filesystem;
-using ::testing::Contains;
 using ::testing::HasSubstr;
 using ::testing::IsSupersetOf;
 
@@ -125,9 +125,7 @@ TEST_F(OnABus, OpenStartsAProgramThatFindsTheItem) {
     ASSERT_TRUE(WaitForStates("2", kSoon));
     Service.Choose(Last().Number, "open");
     EXPECT_TRUE(WaitForStates("5", kSoon));
-    for (double waited = 0; waited < kSoon && !fs::exists(Found()); waited += 0.02) {
-        usleep(20000);
-    }
+    ASSERT_TRUE(WaitUntil([&] { return fs::exists(Found()); }, kSoon));
     std::string found;
     std::ifstream(Found()) >> found;
     EXPECT_EQ(found, std::to_string(item));

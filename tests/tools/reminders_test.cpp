@@ -165,7 +165,7 @@ TEST_F(Reminders, OnStartsTheServiceNowAndAtLoginAndOffEndsBoth) {
               "Reminders are off until the calendar is started, or `tavo reminders on`.\n");
     EXPECT_FALSE(ServiceRuns());
     EXPECT_THAT(ReadWhole(EntryPath()), HasSubstr("\nHidden=true\n")); // an entry, so that a start leaves it so
-    EXPECT_EQ(Device.Run({"reminders", "off"}).Status, 0); // nothing to end
+    EXPECT_EQ(Device.Run({"reminders", "off"}).Status, 0);             // nothing to end
 }
 
 TEST_F(Reminders, WhileTheyAreServedTheLedgerKnowsAll) {
