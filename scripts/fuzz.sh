@@ -13,18 +13,42 @@ seconds="$2"
 configure fuzz
 build "$folder" fuzz/all
 mkdir -p "$folder/found"
+
+# fuzz FUZZER: alone it prints when it is done, so that what runs at the same time does not mix.
+fuzz() {
+    local name seeds grown status=0
+    name="$(basename "$1")"
+    seeds="fuzz/corpus/${name#fuzz_}"
+    grown="$folder/corpus/$name"
+    mkdir -p "$grown"
+    "$1" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=1024 -print_final_stats=1 -verbosity=0 \
+        -artifact_prefix="$folder/found/$name-" "$grown" "$seeds" >"$folder/$name.log" 2>&1 || status=1
+    say "$name for $seconds s"
+    cat "$folder/$name.log"
+    return "$status"
+}
+
+running=()
 status=0
+
+# They all take as long, so the oldest is the next to be done.
+wait_for_oldest() {
+    wait "${running[0]}" || status=1
+    running=("${running[@]:1}")
+}
+
 met=0
 for fuzzer in "$folder"/bin/fuzz_*; do
     [ -x "$fuzzer" ] || continue
     met=$((met + 1))
-    name="$(basename "$fuzzer")"
-    seeds="fuzz/corpus/${name#fuzz_}"
-    grown="$folder/corpus/$name"
-    mkdir -p "$grown"
-    say "$name for $seconds s"
-    "$fuzzer" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=1024 -print_final_stats=1 -verbosity=0 \
-        -artifact_prefix="$folder/found/$name-" "$grown" "$seeds" || status=1
+    if [ ${#running[@]} -ge "$(jobs_count)" ]; then
+        wait_for_oldest
+    fi
+    fuzz "$fuzzer" &
+    running+=($!)
 done
 [ "$met" -gt 0 ] || fail "no fuzzer was built"
+while [ ${#running[@]} -gt 0 ]; do
+    wait_for_oldest
+done
 exit "$status"
