@@ -20,6 +20,7 @@ namespace tavo::companion::test {
 namespace {
 
 namespace fs = std::filesystem;
+using ::testing::AnyOf;
 using ::testing::HasSubstr;
 using ::testing::IsSupersetOf;
 
@@ -47,10 +48,22 @@ TEST_F(OnABus, AReminderIsShownWithItsChoicesAndStays) {
     AddReminder(u"Train", 600, 30);
     ASSERT_TRUE(Service.WaitFor(1, kSoon));
     EXPECT_EQ(Last().Summary, "Train");
-    EXPECT_THAT(Last().Body, HasSubstr("Today"));
+    EXPECT_THAT(Last().Body, AnyOf(HasSubstr("Today"), HasSubstr("Tomorrow"))); // shortly before midnight
     EXPECT_THAT(Last().Actions, IsSupersetOf({"dismiss", "open", "snooze-5", "snooze-10", "snooze-30", "snooze-60"}));
     EXPECT_EQ(Last().Timeout, 0);
     EXPECT_TRUE(WaitForStates("2", kSoon));
+}
+
+TEST_F(OnABus, WhatLooksLikeMarkupIsShownAsItIsWritten) {
+    Service.Serve(0.5);
+    Kill(SIGTERM);
+    for (int number = 0; number < 4; ++number) { // more than come as cards of their own
+        AddReminder(u"<b>Tea</b> & cake", 600, 30);
+    }
+    StartCompanion(Bus.Address());
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    EXPECT_EQ(Last().Summary, "4 reminders");
+    EXPECT_THAT(Last().Body, HasSubstr("&lt;b&gt;Tea&lt;/b&gt; &amp; cake"));
 }
 
 TEST_F(OnABus, IsShownAtItsTime) {
