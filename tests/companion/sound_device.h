@@ -22,6 +22,11 @@ class SoundDevice {
     // False where the sound server is not installed.
     static bool IsInstalled();
 
+    // False where the server ended at once, or does not listen. What it has said of that is its log.
+    bool Runs() const { return Pipe >= 0; }
+
+    std::string Log() const;
+
     // What PULSE_SERVER has to say.
     const std::string& Address() const { return Place; }
 
@@ -38,6 +43,7 @@ class SoundDevice {
 
   private:
     void StartServer();
+    bool HasEnded();
     void Listen();
 
     outlook::test::ScratchFolder Folder;
