@@ -158,7 +158,7 @@ void EditDesk::ShowRow(int row, int x) {
     });
 }
 
-void EditDesk::Subject(std::u16string text) {
+void EditDesk::Subject(const std::u16string& text) {
     ShowRow(0);
     Device.TypeInto(kEditSubject, std::move(text));
 }
@@ -193,7 +193,7 @@ void EditDesk::ChooseReminder(bool yes) {
     Device.Choose(kEditReminder, yes ? 0 : 1);
 }
 
-void EditDesk::TypeLead(std::u16string text) {
+void EditDesk::TypeLead(const std::u16string& text) {
     Device.Do([this] { ShowRow(RowOf(kEditReminderValue), 120); });
     Device.TypeInto(kEditReminderValue, std::move(text));
 }

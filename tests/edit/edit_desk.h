@@ -79,15 +79,15 @@ class EditDesk : public OwnDevice, public StoreWords, public IListOwner, public 
     // Steps of the script.
     void Check(std::function<void()> look) { Device.Do(std::move(look)); }
 
-    void Subject(std::u16string text); // shows the row, types
-    void ShowRow(int row, int x = 70); // by a tap in the row's middle
+    void Subject(const std::u16string& text); // shows the row, types
+    void ShowRow(int row, int x = 70);        // by a tap in the row's middle
     void PickStartDate(int year, int month, int day);
     void PickStartTime(int hour, int minute, int second = 0);
     void PickEndDate(int year, int month, int day);
     void PickEndTime(int hour, int minute, int second = 0);
     void ChooseRecurrence(int choice);
     void ChooseReminder(bool yes);
-    void TypeLead(std::u16string text);
+    void TypeLead(const std::u16string& text);
     void ChooseLeadUnit(int unit);
     void ChooseSound(std::u16string name);
     void TapAllDay();
