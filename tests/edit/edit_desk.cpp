@@ -160,7 +160,7 @@ void EditDesk::ShowRow(int row, int x) {
 
 void EditDesk::Subject(const std::u16string& text) {
     ShowRow(0);
-    Device.TypeInto(kEditSubject, std::move(text));
+    Device.TypeInto(kEditSubject, text);
 }
 
 void EditDesk::PickStartDate(int year, int month, int day) {
@@ -195,7 +195,7 @@ void EditDesk::ChooseReminder(bool yes) {
 
 void EditDesk::TypeLead(const std::u16string& text) {
     Device.Do([this] { ShowRow(RowOf(kEditReminderValue), 120); });
-    Device.TypeInto(kEditReminderValue, std::move(text));
+    Device.TypeInto(kEditReminderValue, text);
 }
 
 void EditDesk::ChooseLeadUnit(int unit) {
