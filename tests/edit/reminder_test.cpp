@@ -21,7 +21,7 @@ class ReminderControls : public testing::Test {
         });
     }
 
-    void ExpectLead(std::u16string yesNo, std::u16string value, std::u16string unit) {
+    void ExpectLead(const std::u16string& yesNo, const std::u16string& value, const std::u16string& unit) {
         Desk.Check([this, yesNo, value, unit] {
             EXPECT_EQ(Desk.TextOf(kEditReminder), yesNo);
             EXPECT_EQ(Desk.TextOf(kEditReminderValue), value);
