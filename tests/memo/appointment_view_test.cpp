@@ -43,7 +43,7 @@ class AppointmentView : public testing::Test {
 
     Oid GivenHour() { return Desk.GivenAppointment(u"Dentist", At(2004, 9, 15, 9), At(2004, 9, 15, 10)); }
 
-    bool IsPressed(std::u16string name) {
+    bool IsPressed(const std::u16string& name) {
         const auto button = Desk.Device.See.FindItem(PaintedRole::Button, name);
         EXPECT_TRUE(button.has_value());
         return button && button->Pressed;
