@@ -12,6 +12,11 @@ namespace tavo::files {
 
 namespace {
 
+std::string Variable(const char* name) {
+    const char* value = std::getenv(name);
+    return value == nullptr ? "" : value;
+}
+
 class LoginEntryTest : public testing::Test {
   protected:
     LoginEntryTest() {
@@ -29,7 +34,7 @@ class LoginEntryTest : public testing::Test {
         return ('\n' + text.str()).find('\n' + line + '\n') != std::string::npos;
     }
 
-    const std::string Before = std::getenv("XDG_CONFIG_HOME") == nullptr ? "" : std::getenv("XDG_CONFIG_HOME");
+    const std::string Before = Variable("XDG_CONFIG_HOME");
     TemporaryFolder Folder;
     LoginEntry Entry;
 };
@@ -57,7 +62,7 @@ TEST_F(LoginEntryTest, AnotherRootIsNamedAndWhatTheDesktopReadsSpeciallyIsMarked
 }
 
 TEST_F(LoginEntryTest, WithoutAHomeFolderThereIsNothingToDecide) {
-    const std::string home = std::getenv("HOME") == nullptr ? "" : std::getenv("HOME");
+    const std::string home = Variable("HOME");
     unsetenv("XDG_CONFIG_HOME");
     unsetenv("HOME");
     LoginEntry nowhere;
