@@ -12,6 +12,8 @@
 
 #include <gmock/gmock.h>
 
+#include <memory>
+
 namespace tavo::companion {
 namespace {
 
@@ -121,11 +123,11 @@ TEST_F(ReminderWindowTest, AClickOnAButtonIsItsAnswer) {
 }
 
 TEST_F(ReminderWindowTest, ATouchOnAButtonIsItsAnswer) {
-    QPointingDevice* screen = QTest::createTouchDevice();
+    const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
     QWidget* button = Button(1, "&Dismiss");
     const QPoint middle = button->mapTo(&Window, button->rect().center());
-    QTest::touchEvent(Window.windowHandle(), screen).press(0, middle);
-    QTest::touchEvent(Window.windowHandle(), screen).release(0, middle);
+    QTest::touchEvent(Window.windowHandle(), screen.get()).press(0, middle);
+    QTest::touchEvent(Window.windowHandle(), screen.get()).release(0, middle);
     EXPECT_THAT(Answers, ElementsAre("dismiss 8"));
 }
 

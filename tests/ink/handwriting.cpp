@@ -37,7 +37,8 @@ std::vector<PlacedStroke> WriteByHand(int strokes, int pointsEach) {
         const double height = 5 * vary(random);
         const double width = 3.2 * vary(random);
         const double left = 6 + i % kLettersInALine * kLetterWidth;
-        const double top = 8 + i / kLettersInALine * kLineHeight;
+        const auto line = i / kLettersInALine;
+        const double top = 8 + line * kLineHeight;
         const double advance = kLetterWidth / pointsEach;
         std::uint32_t time = 0;
         for (int sample = 0; sample < pointsEach; ++sample) {

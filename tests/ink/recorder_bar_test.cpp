@@ -10,7 +10,8 @@ class RecorderBarTest : public ControlDesk {
   protected:
     void TapCell(int cell) {
         const Rect place = PenCell(*Control.RecorderBar(), cell);
-        Tap((place.Left + place.Right) / 2, (place.Top + place.Bottom) / 2);
+        const Point middle{(place.Left + place.Right) / 2, (place.Top + place.Bottom) / 2};
+        Tap(middle.X, middle.Y);
     }
 };
 

@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <memory>
 
 namespace tavo::qt {
 namespace {
@@ -97,7 +98,8 @@ class InkTest : public DesktopTest {
     }
 
     WindowHandle Paper;
-    QPointingDevice* Touch = QTest::createTouchDevice();
+    const std::unique_ptr<QPointingDevice> Screen{QTest::createTouchDevice()};
+    QPointingDevice* const Touch = Screen.get();
     QPointingDevice Pen{QStringLiteral("pen"),
                         101,
                         QInputDevice::DeviceType::Stylus,

@@ -7,6 +7,8 @@
 #include <QTest>
 #include <QWheelEvent>
 
+#include <memory>
+
 namespace tavo::qt {
 namespace {
 
@@ -49,11 +51,11 @@ TEST_F(DesktopTest, ThePenIsTheStylus) {
 }
 
 TEST_F(DesktopTest, AFingerIsTheStylusOnce) {
-    QPointingDevice* screen = QTest::createTouchDevice();
+    const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
     PaintedWidget& page = PageWidget();
-    QTest::touchEvent(&page, screen).press(0, InPage(Host, page, 50, 60), &page);
+    QTest::touchEvent(&page, screen.get()).press(0, InPage(Host, page, 50, 60), &page);
     Run();
-    QTest::touchEvent(&page, screen).release(0, InPage(Host, page, 50, 60), &page);
+    QTest::touchEvent(&page, screen.get()).release(0, InPage(Host, page, 50, 60), &page);
     Run();
     const std::vector<Message> messages = StylusMessages();
     ASSERT_EQ(messages.size(), 2u); // and no mouse made of it
@@ -62,13 +64,13 @@ TEST_F(DesktopTest, AFingerIsTheStylusOnce) {
 }
 
 TEST_F(DesktopTest, ASecondFingerTakesTheGestureBack) {
-    QPointingDevice* screen = QTest::createTouchDevice();
+    const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
     PaintedWidget& page = PageWidget();
-    QTest::touchEvent(&page, screen).press(0, InPage(Host, page, 50, 60), &page);
+    QTest::touchEvent(&page, screen.get()).press(0, InPage(Host, page, 50, 60), &page);
     Run();
-    QTest::touchEvent(&page, screen).stationary(0).press(1, InPage(Host, page, 90, 60), &page);
+    QTest::touchEvent(&page, screen.get()).stationary(0).press(1, InPage(Host, page, 90, 60), &page);
     Run();
-    QTest::touchEvent(&page, screen)
+    QTest::touchEvent(&page, screen.get())
         .release(0, InPage(Host, page, 50, 60), &page)
         .release(1, InPage(Host, page, 90, 60), &page);
     Run();
