@@ -232,11 +232,5 @@ TEST_F(OnABus, ASecondCompanionEndsAtOnce) {
     EXPECT_TRUE(Service.WaitFor(1, kSoon));
 }
 
-TEST_F(CompanionTest, WithoutABusItsOwnWindowShowsTheReminder) {
-    StartCompanion("");
-    AddReminder(u"Train", 600, 30);
-    EXPECT_TRUE(WaitForStates("2", 2 * kSoon));
-}
-
 } // namespace
 } // namespace tavo::companion::test
