@@ -40,6 +40,7 @@ Reading Read(const Bytes& bytes) {
 
 std::vector<Stroke> BodiesOf(const std::vector<PlacedStroke>& placed) {
     std::vector<Stroke> bodies;
+    bodies.reserve(placed.size());
     for (const PlacedStroke& stroke : placed) {
         bodies.push_back(*stroke.Body);
     }

@@ -37,8 +37,8 @@ constexpr std::chrono::milliseconds kPaintTime(100); // a dialog is painted by t
 
 // How a kind is written in the editor: places of its rows.
 struct KindForm {
-    int Key;
     std::u16string_view Subject;
+    int Key;
     int Top;
     int RecurrenceRow;
     int ReminderRow; // none where it always reminds
@@ -47,10 +47,10 @@ struct KindForm {
 };
 
 constexpr int kNone = -1;
-constexpr KindForm kForms[] = {{'1', u"Wake up", 15, 3, kNone, 5, kChoiceEveryday},
-                               {'2', u"New Year", 15, 2, 3, 5, kChoiceYearly},
-                               {'3', u"Wedding", 15, 2, 3, 5, kChoiceYearly},
-                               {'4', u"Course", 10, 4, 5, 7, kChoiceWeekly}};
+constexpr KindForm kForms[] = {{u"Wake up", '1', 15, 3, kNone, 5, kChoiceEveryday},
+                               {u"New Year", '2', 15, 2, 3, 5, kChoiceYearly},
+                               {u"Wedding", '3', 15, 2, 3, 5, kChoiceYearly},
+                               {u"Course", '4', 10, 4, 5, 7, kChoiceWeekly}};
 
 class DayInTheLife : public testing::Test {
   protected:

@@ -91,7 +91,7 @@ class Writer {
 
 int Kills() {
     const char* wanted = std::getenv("TAVO_INK_KILLS");
-    return wanted == nullptr ? 3 : std::atoi(wanted);
+    return wanted == nullptr ? 3 : static_cast<int>(std::strtol(wanted, nullptr, 10));
 }
 
 TEST(InkCrash, AtMostASecondOfTheStrokeIsGone) {
