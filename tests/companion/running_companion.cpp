@@ -24,6 +24,7 @@ void CompanionTest::StartCompanion(const std::string& bus) {
     lines.push_back(bus.empty() ? "DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere" : "DBUS_SESSION_BUS_ADDRESS=" + bus);
     lines.insert(lines.end(), {"QT_QPA_PLATFORM=offscreen", "TZ=UTC", "PULSE_SERVER=" + SoundServer});
     std::vector<char*> environment;
+    environment.reserve(lines.size() + 1);
     for (std::string& line : lines) {
         environment.push_back(line.data());
     }
