@@ -5,6 +5,7 @@
 #include "memo/memo_files.h"
 #include "res/strings.h"
 #include "store/date_pictures.h"
+#include "store/refusal.h"
 
 #include <string_view>
 
@@ -31,11 +32,7 @@ bool Keep(CProgramState& state, RecoveredInk ink) {
     MemoFiles files(state);
     state.Memo.Fill(std::move(ink.Data));
     if (!files.WriteMemo(files.FreeMemoPath(ink.WrittenOn))) {
-        MessageBoxDescription box;
-        box.Text = kNotKept;
-        box.Caption = kProgramTitle;
-        box.Icon = MessageBoxIcon::Exclamation;
-        state.Pump.ShowMessageBox(state.MainView, box);
+        ShowRefusal(state.Pump, state.MainView, kNotKept);
         return false;
     }
     state.Host().Ink().EndRecovered(ink.Name, RecoveredInkEnd::Kept);

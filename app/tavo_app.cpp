@@ -7,6 +7,7 @@
 #include "res/strings.h"
 #include "schedule/progress_dlg.h"
 #include "store/busy_time.h"
+#include "store/refusal.h"
 #include "store/undo.h"
 
 #include <memory>
@@ -97,11 +98,7 @@ void CTavoApp::Undo() {
     static_cast<void>(State.Categories.ApplyTagRequests()); // those from outside waited; the pages are told anyway
     Frame->View().PostChangeNotice();
     if (refused) {
-        MessageBoxDescription box;
-        box.Text = kNotUndone;
-        box.Caption = kProgramTitle;
-        box.Icon = MessageBoxIcon::Exclamation;
-        Pump.ShowMessageBox(WindowHandle::None, box);
+        ShowRefusal(Pump, WindowHandle::None, kNotUndone);
     }
 }
 

@@ -5,7 +5,7 @@
 #include "framework/format.h"
 #include "framework/message_pump.h"
 #include "res/resource_ids.h"
-#include "res/strings.h"
+#include "store/refusal.h"
 
 #include <algorithm>
 #include <memory>
@@ -116,11 +116,7 @@ void CAppointmentDlg::StopPreview() {
 }
 
 void CAppointmentDlg::ShowRefusal(std::u16string_view text) {
-    MessageBoxDescription box;
-    box.Text = text;
-    box.Caption = kProgramTitle;
-    box.Icon = MessageBoxIcon::Exclamation;
-    Pump().ShowMessageBox(Handle(), box);
+    tavo::ShowRefusal(Pump(), Handle(), text);
 }
 
 } // namespace tavo

@@ -1,7 +1,7 @@
 // Writing the memo, and what the person is told when that fails.
 #include "memo/memo_file_keeper.h"
 
-#include "res/strings.h"
+#include "store/refusal.h"
 
 #include <string_view>
 
@@ -20,11 +20,7 @@ bool MemoFileKeeper::KeepMemo(WindowHandle editor) {
     if (KeepMemoAtQuit()) {
         return true;
     }
-    MessageBoxDescription box;
-    box.Text = kNotSaved;
-    box.Caption = kProgramTitle;
-    box.Icon = MessageBoxIcon::Exclamation;
-    State.Pump.ShowMessageBox(editor, box);
+    ShowRefusal(State.Pump, editor, kNotSaved);
     return false;
 }
 

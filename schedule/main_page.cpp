@@ -2,7 +2,7 @@
 #include "schedule/main_page.h"
 
 #include "res/resource_ids.h"
-#include "res/strings.h"
+#include "store/refusal.h"
 #include "store/undo.h"
 
 #include <array>
@@ -102,11 +102,7 @@ void CMainPage::PrepareMenus() {
 }
 
 void CMainPage::Refuse(std::u16string_view text) {
-    MessageBoxDescription box;
-    box.Text = text;
-    box.Caption = kProgramTitle;
-    box.Icon = MessageBoxIcon::Exclamation;
-    Pump().ShowMessageBox(Handle(), box);
+    ShowRefusal(Pump(), Handle(), text);
 }
 
 void CMainPage::ClosePage() {
