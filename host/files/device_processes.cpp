@@ -2,7 +2,6 @@
 #include "host/files/device_processes.h"
 
 #include "host/files/device_path.h"
-#include "host/files/file_descriptor.h"
 #include "host/locale/case_folding.h"
 #include "host/locale/utf.h"
 
@@ -13,6 +12,7 @@
 
 #include <csignal>
 #include <fcntl.h>
+#include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -93,33 +93,42 @@ std::u16string FoldPath(std::u16string_view path) {
     return folded;
 }
 
-void CloseAllBut(int kept) {
-    const auto first = static_cast<unsigned>(STDERR_FILENO) + 1;
-    const auto keep = static_cast<unsigned>(kept);
-    if ((keep == first || close_range(first, keep - 1, 0) == 0) && close_range(keep + 1, ~0U, 0) == 0)
-        return;
-    const long most = sysconf(_SC_OPEN_MAX);
-    for (int number = STDERR_FILENO + 1; number < most; ++number)
-        if (number != kept)
-            (void)close(number); // most of them are not open
-}
+// How the new program begins: apart from our session and terminal, with none of our files and none of our signals'
+// settings, as what we ignore it would ignore too.
+class ProgramStart {
+  public:
+    ProgramStart() {
+        posix_spawn_file_actions_init(&Files);
+        for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+            posix_spawn_file_actions_addopen(&Files, standard, "/dev/null", O_RDWR, 0);
+        posix_spawn_file_actions_addclosefrom_np(&Files, STDERR_FILENO + 1);
+        sigset_t signals;
+        sigemptyset(&signals);
+        posix_spawnattr_init(&Attributes);
+        posix_spawnattr_setsigmask(&Attributes, &signals);
+        for (const int number : {SIGPIPE, SIGCHLD, SIGHUP, SIGINT, SIGQUIT, SIGTERM})
+            sigaddset(&signals, number);
+        posix_spawnattr_setsigdefault(&Attributes, &signals);
+        posix_spawnattr_setflags(&Attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+    }
 
-// The new program's side, after the second fork. Only calls that are allowed between fork and exec.
-[[noreturn]] void BecomeProgram(char* const* arguments, int report) {
-    const int nothing = open("/dev/null", O_RDWR);
-    for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-        (void)dup2(nothing, standard); // without /dev/null the program keeps ours
-    CloseAllBut(report);
-    sigset_t none;
-    sigemptyset(&none);
-    (void)sigprocmask(SIG_SETMASK, &none, nullptr);
-    for (const int number : {SIGPIPE, SIGCHLD, SIGHUP, SIGINT, SIGQUIT, SIGTERM})
-        (void)std::signal(number, SIG_DFL); // what we ignore the program would ignore too
-    execv(arguments[0], arguments);
-    const char failed = 1;
-    (void)!write(report, &failed, 1); // nobody is left to tell if this fails too
-    _exit(127);
-}
+    ~ProgramStart() {
+        posix_spawnattr_destroy(&Attributes);
+        posix_spawn_file_actions_destroy(&Files);
+    }
+
+    ProgramStart(const ProgramStart&) = delete;
+    ProgramStart& operator=(const ProgramStart&) = delete;
+
+    bool Spawn(char* const* arguments) const {
+        pid_t program = 0;
+        return posix_spawn(&program, arguments[0], &Files, &Attributes, arguments, environ) == 0;
+    }
+
+  private:
+    posix_spawn_file_actions_t Files{};
+    posix_spawnattr_t Attributes{};
+};
 
 } // namespace
 
@@ -140,32 +149,18 @@ bool StartDetached(const std::vector<std::string>& arguments) {
     for (const std::string& argument : arguments)
         pointers.push_back(const_cast<char*>(argument.c_str())); // execv wants it so and does not write
     pointers.push_back(nullptr);
-    int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0)
+    const ProgramStart start;
+    // A process between, so that the program is nobody's child here and leaves no zombie. It shares our memory while we
+    // wait: copying the tables of a window's memory would take longer than all the rest.
+    const pid_t between = vfork(); // NOLINT(clang-analyzer-security.insecureAPI.vfork): for that
+    if (between < 0)
         return false;
-    const FileDescriptor answer(ends[0]);
-    FileDescriptor report(ends[1]);
-    const pid_t child = fork();
-    if (child < 0)
-        return false;
-    if (child == 0) {
-        // A second fork, so that the program is nobody's child here and leaves no zombie.
-        setsid();
-        const pid_t grandchild = fork();
-        if (grandchild == 0)
-            BecomeProgram(pointers.data(), report.Get());
-        _exit(grandchild < 0 ? 1 : 0);
-    }
-    (void)report.Close();
+    if (between == 0)
+        _exit(start.Spawn(pointers.data()) ? 0 : 1); // NOLINT(clang-analyzer-unix.Vfork): writes to its own frames only
     int status = 0;
-    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    while (waitpid(between, &status, 0) < 0 && errno == EINTR) {
     }
-    // The pipe closes when the program has begun; a byte comes when it could not.
-    char failed = 0;
-    ssize_t count = 0;
-    while ((count = read(answer.Get(), &failed, 1)) < 0 && errno == EINTR) {
-    }
-    return count == 0 && status == 0;
+    return status == 0;
 }
 
 bool DeviceProcesses::CreateProcessW(std::u16string_view path, std::u16string_view commandLine) {
