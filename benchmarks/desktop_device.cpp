@@ -2,7 +2,7 @@
 #include "benchmarks/desktop_device.h"
 
 #include "host/outlook/store.h"
-#include "host/qt/font.h"
+#include "host/qt/font_preparation.h"
 
 #include <cstdio>
 #include <utility>

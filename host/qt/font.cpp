@@ -1,7 +1,8 @@
 // Shaping and drawing of text.
 #include "host/qt/font.h"
 
-#include <QFontDatabase>
+#include "host/qt/font_preparation.h"
+
 #include <QTextLayout>
 #include <QtEndian>
 
@@ -61,6 +62,7 @@ void Font::Load() {
     if (!Faces.empty()) {
         return;
     }
+    (void)PrepareFonts(); // whoever started the program says that there are none
     Found = MakeFont(Wish);
     QFont alone = Found;
     alone.setStyleStrategy(QFont::StyleStrategy(Found.styleStrategy() | QFont::NoFontMerging)); // found sooner
@@ -204,26 +206,6 @@ void Font::Draw(QPainter& painter, const ShapedText& text, QPointF baseline, Sca
     if (Stretch != 1.0) {
         painter.setWorldTransform(before);
     }
-}
-
-bool PrepareFonts() {
-    const QStringList families = QFontDatabase::families();
-    const std::pair<const char*, QStringList> faces[] = {
-        {"Arial", {"Arial", "Liberation Sans", "Arimo", "Nimbus Sans", "Helvetica", "DejaVu Sans"}},
-        {"Comic Sans MS", {"Comic Sans MS", "Comic Neue", "Comic Relief", "Liberation Sans", "DejaVu Sans"}},
-    };
-    for (const auto& [face, candidates] : faces) {
-        const auto found = std::find_if(candidates.begin(), candidates.end(),
-                                        [&](const QString& candidate) { return families.contains(candidate); });
-        if (found != candidates.end()) {
-            QFont::insertSubstitution(face, *found);
-        }
-    }
-    // The toolkit lists these even where there is nothing behind them.
-    return std::any_of(families.begin(), families.end(), [](const QString& family) {
-        return family != QLatin1String("Monospace") && family != QLatin1String("Sans Serif") &&
-               family != QLatin1String("Serif");
-    });
 }
 
 } // namespace tavo::qt

@@ -80,7 +80,4 @@ class Font {
     std::unordered_map<std::u16string, ShapedText, Hash, std::equal_to<>> Shaped;
 };
 
-// Names what stands in for fonts that are not installed. False: there is no font at all.
-bool PrepareFonts();
-
 } // namespace tavo::qt

@@ -2,6 +2,7 @@
 #include "host/qt/host.h"
 
 #include "host/qt/accessible.h"
+#include "host/qt/font_preparation.h"
 #include "host/qt/frame_trace.h"
 #include "host/qt/ink_clipboard.h"
 #include "host/qt/menu_strip.h"
@@ -97,6 +98,9 @@ void QtHost::UpdateWidgets() {
 }
 
 void QtHost::PrepareWait(bool waits) {
+    if (!PrepareFonts() && Options.RefuseWithoutFonts) {
+        Options.RefuseWithoutFonts();
+    }
     UpdateWidgets();
     Shared.Items.Follow();
     // The window appears with its first picture, not white.

@@ -38,6 +38,8 @@ struct HostOptions {
     // The store's application object; without it there is no store.
     std::function<Status(ComPtr<IPOutlookApp>& outlook)> CreateOutlook = {};
     std::function<ErrorCode()> LastStoreError = {};
+    // Called before anything is shown when the machine has no fonts.
+    std::function<void()> RefuseWithoutFonts = {};
     std::string ProgramFolder = files::RunningProgramFolder(); // where the companion lies
 };
 

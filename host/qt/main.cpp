@@ -1,6 +1,6 @@
 // Starts the program on the desktop, or says what is missing.
 #include "app/start.h"
-#include "host/qt/font.h"
+#include "host/qt/font_preparation.h"
 #include "host/qt/host.h"
 #include "host/qt/store_link.h"
 
@@ -48,6 +48,11 @@ void TakeToolkitMessage(QtMsgType type, const QMessageLogContext&, const QString
     }
 }
 
+// Found out after the program has begun, but before it showed anything.
+[[noreturn]] void RefuseWithoutFonts() {
+    std::_Exit(Refuse("there are no fonts. Install a package with fonts, such as fonts-liberation, and start again."));
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -65,15 +70,16 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("tavocalendar"));
     QGuiApplication::setDesktopFileName(QStringLiteral("tavocalendar"));
     Q_INIT_RESOURCE(tavo_pictures);
-    if (!qt::PrepareFonts()) {
-        return Refuse("there are no fonts. Install a package with fonts, such as fonts-liberation, and start again.");
-    }
+    qt::BeginPreparingFonts();
     qt::StoreLink store(root.Root->StorePath());
     qt::HostOptions options{*root.Root, InstalledSounds()};
     options.CreateOutlook = [&](ComPtr<IPOutlookApp>& outlook) { return store.Create(outlook); };
     options.LastStoreError = [&] { return store.LastError(); };
+    options.RefuseWithoutFonts = RefuseWithoutFonts;
     qt::QtHost host(std::move(options));
     store.SetChanged([&] { host.Parts().State.AnnounceStoreChange(); });
     store.SetReminded([&] { host.Parts().State.AnnounceReminders(); });
-    return RunTavoCalendar(host);
+    const int status = RunTavoCalendar(host);
+    (void)qt::PrepareFonts(); // not given up half done, when a window was there already
+    return status;
 }

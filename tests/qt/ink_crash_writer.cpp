@@ -1,6 +1,6 @@
 // Writes one stroke that never ends on an ink control of the desktop, a sample every few milliseconds, until it is
 // killed. Tells the number of each sample on standard output before it is sent.
-#include "host/qt/font.h"
+#include "host/qt/font_preparation.h"
 #include "host/qt/host.h"
 
 #include <QApplication>

@@ -1,5 +1,5 @@
 // Runs the tests of the desktop host without a screen.
-#include "host/qt/font.h"
+#include "host/qt/font_preparation.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // Text: measured once for all scales, placed by the device's flags, stretched to a wished width.
+#include "host/qt/font_preparation.h"
 #include "host/qt/surface.h"
 #include "host/qt/text_placement.h"
 

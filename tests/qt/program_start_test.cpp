@@ -1,0 +1,91 @@
+// The built program on machines that lack what it needs.
+#include "tests/files/temporary_folder.h"
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+namespace tavo::qt {
+namespace {
+
+using testing::HasSubstr;
+
+struct Ending {
+    int Status = -1; // 124: it was still running after a while
+    std::string Words;
+};
+
+class ProgramStart : public testing::Test {
+  protected:
+    // A copy, so that no companion lies beside it.
+    ProgramStart() { std::filesystem::copy_file(TAVO_PROGRAM, Folder / "tavocalendar"); }
+
+    // Starts it with these variables and no others but PATH.
+    Ending Start(const std::string& variables, int seconds = 20) const {
+        const std::string command = "env -i PATH=\"$PATH\" TAVO_TRACE_FRAMES='" + (Folder / "frames") + "' " +
+                                    variables + " timeout " + std::to_string(seconds) + " '" +
+                                    (Folder / "tavocalendar") + "' 2>&1";
+        std::FILE* output = popen(command.c_str(), "r");
+        Ending ending;
+        std::array<char, 256> part{};
+        while (std::fgets(part.data(), part.size(), output) != nullptr)
+            ending.Words += part.data();
+        const int status = pclose(output);
+        ending.Status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        return ending;
+    }
+
+    std::string Home() const { return "TAVO_HOME='" + (Folder / "home") + "'"; }
+
+    std::string FramesShown() const { return Folder.Has("frames") ? Folder.Get("frames") : ""; }
+
+    files::TemporaryFolder Folder;
+};
+
+TEST_F(ProgramStart, WithoutADisplayItSaysWhatToDo) {
+    const Ending ending = Start(Home());
+    EXPECT_EQ(ending.Status, 1);
+    EXPECT_THAT(ending.Words,
+                HasSubstr("tavocalendar: there is no display. Start it from a desktop session, or set DISPLAY"));
+    EXPECT_FALSE(Folder.Has("home"));
+}
+
+TEST_F(ProgramStart, ADisplayThatIsNotThereIsNoCrash) {
+    const Ending ending = Start(Home() + " DISPLAY=:9876 QT_QPA_PLATFORM=xcb");
+    EXPECT_EQ(ending.Status, 1);
+    EXPECT_THAT(ending.Words, HasSubstr("tavocalendar: the display cannot be reached."));
+}
+
+TEST_F(ProgramStart, WithoutFontsItSaysWhatToInstallAndShowsNothing) {
+    Folder.Put("no-fonts.conf", "<fontconfig><dir>" + (Folder / "none") + "</dir></fontconfig>");
+    const Ending ending =
+        Start(Home() + " QT_QPA_PLATFORM=offscreen FONTCONFIG_FILE='" + (Folder / "no-fonts.conf") + "'");
+    EXPECT_EQ(ending.Status, 1);
+    EXPECT_THAT(ending.Words, HasSubstr("tavocalendar: there are no fonts. Install a package with fonts"));
+    EXPECT_EQ(FramesShown(), "");
+}
+
+TEST_F(ProgramStart, AHomeThatCannotBeMadeIsNamed) {
+    Folder.Put("file", "");
+    const Ending ending = Start("TAVO_HOME='" + (Folder / "file/home") + "' QT_QPA_PLATFORM=offscreen");
+    EXPECT_EQ(ending.Status, 1);
+    EXPECT_THAT(ending.Words, HasSubstr("tavocalendar: The folder " + (Folder / "file") + " cannot be used"));
+}
+
+TEST_F(ProgramStart, WithoutAHomeOfTheUserItAsksForOne) {
+    const Ending ending = Start("HOME=/dev/null QT_QPA_PLATFORM=offscreen");
+    EXPECT_EQ(ending.Status, 1);
+    EXPECT_THAT(ending.Words, HasSubstr("set TAVO_HOME to a folder of your own"));
+}
+
+TEST_F(ProgramStart, WithEverythingThereItShowsItsFirstFrame) {
+    const Ending ending = Start(Home() + " QT_QPA_PLATFORM=offscreen TAVO_SCALE=1", 3);
+    EXPECT_EQ(ending.Status, 124) << ending.Words; // until it was told to end
+    EXPECT_NE(FramesShown(), "");
+}
+
+} // namespace
+} // namespace tavo::qt
