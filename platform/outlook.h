@@ -194,6 +194,11 @@ class IPOutlookApp : public IUnknown {
     virtual Status BeginUndo(std::int32_t& steps) = 0;
     virtual Status StepUndo() = 0; // False when there is nothing left to take back
 
+    // All that is read until EndReading is of one moment, and many items cost less. They nest; whatever begins a change
+    // ends them all.
+    virtual Status BeginReading() = 0;
+    virtual Status EndReading() = 0;
+
     virtual ITagMirror& Tags() = 0; // valid while this object lives
 };
 

@@ -71,6 +71,7 @@ void CDayList::Fill() {
                                     .Locale()
                                     .GetDateFormatW(LocaleId::System, Date, kPictureShortDate, kShortDateBuffer)
                                     .value_or(std::u16string());
+    const StoreReading reading(State.Store);
     const ComPtr<IPOutlookItemCollection> items =
         State.Store.QueryAppointments(FormatText(u"[Start] <= %s and [End] >= %s", date, date));
     if (!items) {

@@ -76,6 +76,7 @@ void CategoryLists::FinishTagRequests() {
 
 std::vector<AppointmentData> LoadAndPrune(CategoryList& list, OutlookSession& store) {
     const CategoryList::ReportOnce once(list);
+    const StoreReading reading(store);
     std::vector<AppointmentData> records;
     for (std::size_t index = 0; index < list.Size();) {
         AppointmentData record;

@@ -107,4 +107,16 @@ ComPtr<IPOutlookItemCollection> OutlookSession::GetItems() {
     return items;
 }
 
+StoreReading::StoreReading(OutlookSession& store) {
+    if (store.OutlookApp && Succeeded(store.OutlookApp->BeginReading())) {
+        Reader = store.OutlookApp;
+    }
+}
+
+StoreReading::~StoreReading() {
+    if (Reader) {
+        static_cast<void>(Reader->EndReading()); // nothing was written that could be lost
+    }
+}
+
 } // namespace tavo

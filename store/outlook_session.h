@@ -48,4 +48,16 @@ class OutlookSession {
     CMessagePump& Pump;
 };
 
+// While one lives all that is read is of one moment, and many items cost less. Not to be held while waiting.
+class StoreReading {
+  public:
+    explicit StoreReading(OutlookSession& store);
+    ~StoreReading();
+    StoreReading(const StoreReading&) = delete;
+    StoreReading& operator=(const StoreReading&) = delete;
+
+  private:
+    ComPtr<IPOutlookApp> Reader; // null when there is nothing to end
+};
+
 } // namespace tavo

@@ -143,13 +143,10 @@ Status List(StoreCore& core, const Restriction& restriction,
     span.Series = SeriesAs::Occurrences;
     // One look at the store for the whole list: else each of thousands of rows would take and give back the file's
     // lock.
-    const bool own = !core.Db.InTransaction();
-    Status status = own ? core.Db.Run("BEGIN") : Status::Ok;
+    Status status = core.BeginReading();
     if (Succeeded(status)) {
         status = Lister(core, visit).Run(span, restriction);
-        if (own) {
-            (void)core.Db.Run("COMMIT"); // nothing was written that could be lost
-        }
+        (void)core.EndReading(); // nothing was written that could be lost
     }
     return status;
 }

@@ -113,6 +113,14 @@ Status OutlookApp::StepUndo() {
     return Open ? Open->Core.StepUndo() : Status::Unexpected;
 }
 
+Status OutlookApp::BeginReading() {
+    return Open ? Open->Core.BeginReading() : Status::Unexpected;
+}
+
+Status OutlookApp::EndReading() {
+    return Open ? Open->Core.EndReading() : Status::Unexpected;
+}
+
 ITagMirror& OutlookApp::Tags() {
     if (Open) {
         return Open->Core.Tags;

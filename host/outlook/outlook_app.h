@@ -24,6 +24,8 @@ class OutlookApp final : public RefCounted<IPOutlookApp> {
     Status Undo(std::vector<Oid>& restored) override;
     Status BeginUndo(std::int32_t& steps) override;
     Status StepUndo() override;
+    Status BeginReading() override;
+    Status EndReading() override;
     ITagMirror& Tags() override;
 
     StorePtr Source() const { return Open ? Open->Source : nullptr; }

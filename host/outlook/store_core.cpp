@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace tavo::outlook {
 
@@ -19,13 +20,39 @@ Status StoreCore::BeginGroup(std::u16string_view name) {
     if (!CanWrite) {
         return Status::AccessDenied;
     }
-    if (const Status status = Db.Run("BEGIN IMMEDIATE"); Failed(status)) {
+    if (const Status status = BeginTransaction(); Failed(status)) {
         return status;
     }
     ResetGroup();
     GroupOpen = true;
     Changes.OpenGroup(name);
     return Status::Ok;
+}
+
+Status StoreCore::BeginTransaction() {
+    const Status status = StopReading();
+    return Succeeded(status) ? Db.Run("BEGIN IMMEDIATE") : status;
+}
+
+Status StoreCore::BeginReading() {
+    if (Readings++ > 0 || Db.InTransaction()) {
+        return Status::Ok;
+    }
+    const Status status = Query(Db, "BEGIN").Finish();
+    ReadingOpen = Succeeded(status);
+    Readings = ReadingOpen ? 1 : 0;
+    return status;
+}
+
+Status StoreCore::EndReading() {
+    if (Readings == 0) {
+        return Status::Unexpected;
+    }
+    return --Readings == 0 ? StopReading() : Status::Ok;
+}
+
+Status StoreCore::StopReading() {
+    return std::exchange(ReadingOpen, false) ? Query(Db, "COMMIT").Finish() : Status::Ok;
 }
 
 void StoreCore::ResetGroup() {
@@ -131,9 +158,9 @@ Status StoreCore::RunQuietly(const std::function<Status()>& work) {
     if (!CanWrite) {
         return Status::AccessDenied;
     }
-    const bool alone = !Db.InTransaction();
+    const bool alone = ReadingOpen || !Db.InTransaction();
     if (alone) {
-        if (const Status status = Db.Run("BEGIN IMMEDIATE"); Failed(status)) {
+        if (const Status status = BeginTransaction(); Failed(status)) {
             return status;
         }
     }

@@ -68,6 +68,11 @@ class StoreCore {
 
     void NoteRequest() { RequestsAdded = true; }
 
+    // Between them one transaction for reading, unless there is one anyway. Each that was begun must be ended, also
+    // when a change has ended the transaction.
+    Status BeginReading();
+    Status EndReading();
+
     Status GetUndoName(std::u16string& name);
     Status Undo(std::vector<Oid>& restored);
     Status BeginUndo(std::int32_t& steps);
@@ -101,6 +106,8 @@ class StoreCore {
 
   private:
     Status CommitGroup();
+    Status BeginTransaction();
+    Status StopReading();
     void ResetGroup();
     Status TakeOid(Oid& oid);
     Status SaveNextOid();
@@ -119,6 +126,8 @@ class StoreCore {
     SeriesCache Series;
     std::int64_t OwnChanges = 0; // of items, also when they are taken back
     bool GroupOpen = false;
+    int Readings = 0;         // that were begun and not ended
+    bool ReadingOpen = false; // with a transaction of their own
     bool RequestsAdded = false;
     std::int64_t NextOid = 0;      // 0: not read in this group
     std::int64_t NextOidFloor = 1; // what a group that was taken back had given out is not given out again

@@ -118,7 +118,7 @@ Status StoreCore::BeginUndo(std::int32_t& steps) {
     if (!CanWrite) {
         return Status::AccessDenied;
     }
-    if (const Status status = Db.Run("BEGIN IMMEDIATE"); Failed(status)) {
+    if (const Status status = BeginTransaction(); Failed(status)) {
         return status;
     }
     TakingBack.emplace();

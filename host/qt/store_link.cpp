@@ -74,6 +74,10 @@ class StoreLink::LinkedApp final : public outlook::RefCounted<IPOutlookApp> {
 
     Status StepUndo() override { return Store->StepUndo(); }
 
+    Status BeginReading() override { return Store->BeginReading(); }
+
+    Status EndReading() override { return Store->EndReading(); }
+
     ITagMirror& Tags() override { return Store->Tags(); }
 
   private:

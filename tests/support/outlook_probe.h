@@ -113,6 +113,10 @@ class OutlookProbe final : public IPOutlookApp {
 
     Status StepUndo() override { return Real ? Real->StepUndo() : Status::Unexpected; }
 
+    Status BeginReading() override { return Real ? Real->BeginReading() : Status::Ok; }
+
+    Status EndReading() override { return Real ? Real->EndReading() : Status::Ok; }
+
     ITagMirror& Tags() override { return Mirror; }
 
     // A pointer that a session may hold as its own.
