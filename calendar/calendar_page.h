@@ -8,6 +8,7 @@
 #include "schedule/main_page.h"
 
 #include <array>
+#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -63,7 +64,7 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
 
     // calendar_page_marks.cpp
     void MarkMonth();
-    void MarkAppointment(const SYSTEMTIME& start, const SYSTEMTIME& end, Oid oid);
+    void MarkAppointment(const DayMinute& start, const DayMinute& end, Oid oid);
     void MarkDay(std::size_t cell, Oid oid);
 
     // calendar_page_input.cpp
@@ -96,6 +97,7 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
     std::array<int, kGridCells> DayGrid{};
     std::array<Rect, kGridCells> CellRect{};
     std::array<std::uint8_t, kGridCells> CellKinds{}; // a bit for each kind of item marked in the cell
+    std::bitset<kGridCells> RedNumbers;               // of the cells whose number is drawn as a holiday's
 
     bool FullPaint = true;
     bool SelectionChanged = true;

@@ -4,6 +4,7 @@
 #include "calendar/calendar_page_look.h"
 #include "framework/format.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -26,6 +27,9 @@ constexpr std::array<Mark, 4> kMarks{{
     {18, kAppointmentMark},
 }};
 
+constexpr int kAllMarks = KindBit(ItemKind::Alarm) | KindBit(ItemKind::Holiday) | KindBit(ItemKind::Anniversary) |
+                          KindBit(ItemKind::Appointment);
+
 } // namespace
 
 void CCalendarPage::MarkMonth() {
@@ -35,47 +39,38 @@ void CCalendarPage::MarkMonth() {
     if (!MonthItems) {
         return;
     }
-    ILocale& locale = Host().Locale();
     ComPtr<IAppointment> item;
     for (std::int32_t index = 1; Succeeded(MonthItems->Item(index, item)) && item; ++index) {
         DATE start = 0;
         DATE end = 0;
         Oid oid = 0;
-        SYSTEMTIME startTime;
-        SYSTEMTIME endTime;
         if (Failed(item->get_Start(start)) || Failed(item->get_End(end)) || Failed(item->get_Oid(oid))) {
             continue;
         }
         // The months beside are in the collection too; a day is room enough for any rounding.
-        const bool isNearGrid = end >= GridStart - 1 && start <= GridStart + kGridCells + 1;
-        if (isNearGrid && locale.VariantTimeToSystemTime(start, startTime) &&
-            locale.VariantTimeToSystemTime(end, endTime)) {
-            MarkAppointment(startTime, endTime, oid);
+        if (end >= GridStart - 1 && start <= GridStart + kGridCells + 1) {
+            MarkAppointment(SplitDate(start), SplitDate(end), oid);
         }
     }
 }
 
-void CCalendarPage::MarkAppointment(const SYSTEMTIME& start, const SYSTEMTIME& end, Oid oid) {
-    const DATE startDay = AutomationDate({start.Year, start.Month, start.Day});
-    int days = static_cast<int>(AutomationDate({end.Year, end.Month, end.Day}) - startDay);
-    if (start.Hour == end.Hour && start.Minute == end.Minute && days > 0) {
+void CCalendarPage::MarkAppointment(const DayMinute& start, const DayMinute& end, Oid oid) {
+    int days = end.Day - start.Day;
+    if (start.Minute == end.Minute && days > 0) {
         --days; // it ends as the day begins that would be its last
     }
-    for (int day = 0; day <= days; ++day) {
-        const DATE date = startDay + day;
-        if (date < GridStart) {
-            continue;
-        }
-        // The grid starts on a Sunday, so the days since then are the cell.
-        const auto cell = static_cast<std::size_t>(date - GridStart);
-        if (cell >= kGridCells) {
-            break;
-        }
-        MarkDay(cell, oid);
+    // The grid starts on a Sunday, so the days since then are the cell.
+    const int first = start.Day - static_cast<int>(GridStart);
+    const int last = std::min(first + days, kGridCells - 1);
+    for (int cell = std::max(first, 0); cell <= last; ++cell) {
+        MarkDay(static_cast<std::size_t>(cell), oid);
     }
 }
 
 void CCalendarPage::MarkDay(std::size_t cell, Oid oid) {
+    if ((CellKinds[cell] & kAllMarks) == kAllMarks && RedNumbers.test(cell)) {
+        return; // nothing is left that an item could add
+    }
     const CalendarDate date =
         DateOfCell(static_cast<int>(cell) / kGridColumns, DayGrid[cell], DisplayedYear, DisplayedMonth);
     if (date.Day == 0) {
@@ -83,7 +78,9 @@ void CCalendarPage::MarkDay(std::size_t cell, Oid oid) {
     }
     const Rect& rect = CellRect[cell];
     const int left = rect.Left + kCellIndent;
-    if (State.Categories.IsHoliday(oid)) {
+    // Once: the same number again would grow bolder at its edges.
+    if (!RedNumbers.test(cell) && State.Categories.IsHoliday(oid)) {
+        RedNumbers.set(cell);
         const FontHandle font = date.Month == DisplayedMonth ? State.Fonts.FontArial10Bold : State.Fonts.FontArial9Bold;
         Surface().DrawTextW(FormatText(u"%d", DayGrid[cell]), {left, rect.Top, rect.Right, rect.Bottom},
                             {font, kHolidayNumber, DT_SINGLELINE});

@@ -99,6 +99,7 @@ void CCalendarPage::PaintGrid() {
     const CalendarDate today = Today();
     PaintedToday = today;
     CellKinds.fill(0);
+    RedNumbers.reset();
     for (int row = 0; row < kGridRows; ++row) {
         for (int column = 0; column < kGridColumns; ++column) {
             CellRect[CellAt(row, column)] = RectOfCell(row, column);

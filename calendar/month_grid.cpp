@@ -1,6 +1,7 @@
 // Which day stands in which cell.
 #include "calendar/month_grid.h"
 
+#include <cmath>
 #include <cstddef>
 
 namespace tavo {
@@ -8,6 +9,8 @@ namespace tavo {
 namespace {
 constexpr int kFirstYearBefore = 1901; // a leading cell lies in this year at the earliest
 constexpr int kFirstYearBeyond = 2999; // a trailing cell lies before this year
+constexpr int kSecondsPerDay = 86400;
+constexpr int kSecondsPerMinute = 60;
 } // namespace
 
 CalendarDate MonthBefore(CalendarDate date) {
@@ -51,6 +54,14 @@ CalendarDate DateOfCell(int row, int number, int displayedYear, int displayedMon
         date.Day = 0;
     }
     return date;
+}
+
+DayMinute SplitDate(DATE date) {
+    const int day = static_cast<int>(date); // towards zero; the fraction adds for days before zero too
+    // Never negative, and far from where a half more would round wrongly.
+    const int second =
+        static_cast<int>(std::fabs(date - day) * kSecondsPerDay + 0.5); // NOLINT(bugprone-incorrect-roundings)
+    return second == kSecondsPerDay ? DayMinute{day + 1, 0} : DayMinute{day, second / kSecondsPerMinute};
 }
 
 } // namespace tavo

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/geometry.h"
+#include "platform/system_time.h"
 
 #include <array>
 #include <cstddef>
@@ -40,6 +41,16 @@ std::array<int, kGridCells> ComputeDayGrid(int firstWeekday, int previousMonthLe
 // The date of a cell, from its row, its number and the month shown. Day is 0 for a cell that has no date: one that
 // falls in a year before 1901 or after 2998.
 CalendarDate DateOfCell(int row, int number, int displayedYear, int displayedMonth);
+
+// A moment's day, counted as whole automation dates are, and the minute of that day.
+struct DayMinute {
+    int Day = 0;
+    int Minute = 0;
+    friend constexpr bool operator==(const DayMinute&, const DayMinute&) = default;
+};
+
+// To the nearest second, as the device's own conversion goes. The date must be one that the device can convert.
+DayMinute SplitDate(DATE date);
 
 // Cells count row by row.
 constexpr std::size_t CellAt(int row, int column) {

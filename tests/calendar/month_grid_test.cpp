@@ -1,7 +1,11 @@
 // Which day stands in which cell of the month.
 #include "calendar/month_grid.h"
 
+#include "host/locale/us_english_locale.h"
+
 #include <gtest/gtest.h>
+
+#include <random>
 
 namespace tavo {
 namespace {
@@ -53,6 +57,34 @@ TEST(DateOfCell, ACellOfTheYear2999HasNoDate) {
 TEST(RectOfCell, CellsAreThirtyThreeByTwentySixPixels) {
     EXPECT_EQ(RectOfCell(0, 0), (Rect{4, 58, 37, 84}));
     EXPECT_EQ(RectOfCell(5, 6), (Rect{202, 188, 235, 214}));
+}
+
+TEST(SplitDate, GivesTheDayAndMinuteThatTheDeviceConvertsTo) {
+    locale::UsEnglishLocale locale;
+    std::mt19937 random(20041103);
+    // The calendar's years and some before day zero; every second of a day, and moments a hair beside one.
+    std::uniform_int_distribution<int> days(-800, 401767);
+    std::uniform_int_distribution<int> seconds(0, 86399);
+    for (int i = 0; i < 200'000; ++i) {
+        const int day = days(random);
+        const double fraction = seconds(random) / 86400.0;
+        const double hair = (i % 5 - 2) * 2.9e-6; // up to half a second
+        const DATE date = (day < 0 ? day - fraction : day + fraction) + hair;
+        SYSTEMTIME time;
+        ASSERT_TRUE(locale.VariantTimeToSystemTime(date, time));
+        SYSTEMTIME midnight = time;
+        midnight.Hour = midnight.Minute = midnight.Second = 0;
+        DATE dayOnly = 0;
+        ASSERT_TRUE(locale.SystemTimeToVariantTime(midnight, dayOnly));
+        ASSERT_EQ(SplitDate(date), (DayMinute{static_cast<int>(dayOnly), time.Hour * 60 + time.Minute})) << date;
+    }
+}
+
+TEST(SplitDate, AMomentJustBeforeMidnightIsTheNextDay) {
+    EXPECT_EQ(SplitDate(38293.9999999), (DayMinute{38294, 0}));
+    EXPECT_EQ(SplitDate(38293.5), (DayMinute{38293, 720}));
+    EXPECT_EQ(SplitDate(0.25), (DayMinute{0, 360}));
+    EXPECT_EQ(SplitDate(-1.25), (DayMinute{-1, 360}));
 }
 
 } // namespace
