@@ -35,17 +35,22 @@ std::string ChoosePath(const RootEnvironment& environment) {
     return {};
 }
 
+bool IsFolder(const std::string& path) {
+    struct stat state {};
+
+    return stat(path.c_str(), &state) == 0 && S_ISDIR(state.st_mode);
+}
+
 // Makes the folder and those above it. 0 or an errno, and then the folder that could not be made.
 int MakeFolders(const std::string& path, std::string& failed) {
+    if (IsFolder(path))
+        return 0; // as at every start but the first
     for (std::size_t end = path.find('/', 1);; end = path.find('/', end + 1)) {
         const std::string folder = path.substr(0, end);
         if (mkdir(folder.c_str(), kPrivateFolder) != 0) {
             const int error = errno;
-
-            struct stat state {};
-
             // On a read-only disk or in a folder that is not ours the answer is not "it exists" even when it does.
-            if (stat(folder.c_str(), &state) != 0 || !S_ISDIR(state.st_mode)) {
+            if (!IsFolder(folder)) {
                 failed = folder;
                 return error;
             }
