@@ -16,6 +16,8 @@ namespace {
 
 constexpr Rect kDayListPlace = Rect::FromSize(0, 30, 240, 210);
 constexpr Rect kScrollBarPlace = Rect::FromSize(222, 31, 15, 207);
+constexpr int kSecondsPerDay = 86400;
+constexpr int kNewDayPeriod = 10 * 60 * 1000; // milliseconds
 constexpr std::u16string_view kMonthRestriction = u"[Start] >= %s and [Start] <= %s and [End] >= %s\n";
 
 } // namespace
@@ -29,6 +31,7 @@ const MessageMap& CCalendarPage::Messages() {
         On<&CCalendarPage::TakeStylusMove>(WM_MOUSEMOVE),
         On<&CCalendarPage::TakeStylusUp>(WM_LBUTTONUP),
         On<&CCalendarPage::TakeKeyDown>(WM_KEYDOWN),
+        OnTimer<&CCalendarPage::TakeNewDay>(kTimerNewDay),
         OnScroll<&CCalendarPage::TakeScroll>(kCalendarScrollBar),
         OnCommand<&CCalendarPage::PassLeftToDayList>(kCommandDayListLeft),
         OnCommand<&CCalendarPage::AddMemo>(kCommandAddMemo),
@@ -50,6 +53,23 @@ void CCalendarPage::OnInitDialog() {
     ShowItem(kCalendarScrollBar, false);
     MoveItem(kCalendarScrollBar, kScrollBarPlace);
     ReloadDayList();
+    AwaitNewDay();
+}
+
+// The sooner of midnight and a while: the clock may be set, and a device that sleeps counts no time.
+void CCalendarPage::AwaitNewDay() {
+    const SYSTEMTIME now = Host().Clock().GetLocalTime();
+    const int secondsLeft = kSecondsPerDay - (now.Hour * 60 + now.Minute) * 60 - now.Second;
+    Host().Windows().SetTimer(Handle(), kTimerNewDay, std::min(secondsLeft * 1000, kNewDayPeriod));
+}
+
+// A hidden page does the same when it comes on show.
+void CCalendarPage::TakeNewDay() {
+    if (PaintedToday != Today()) {
+        FullPaint = SelectionChanged = true;
+        Invalidate();
+    }
+    AwaitNewDay();
 }
 
 void CCalendarPage::RepaintAll() {

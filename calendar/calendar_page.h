@@ -46,6 +46,8 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
     void ReloadDayList();
     void OnDayListLoaded() override;
     CalendarDate Today() const;
+    void AwaitNewDay();
+    void TakeNewDay();
     int WeekdayOf(const CalendarDate& date) const; // 0 Sunday
     DATE AutomationDate(const CalendarDate& date) const;
     CalendarDate DayBeside(CalendarDate date, int days) const;

@@ -16,6 +16,7 @@ constexpr int kTimerClockRegular = 1003;  // Clock page: every redraw after it
 constexpr int kTimerChangeNotice = 1004;  // main view: several notices cause one refresh
 constexpr int kTimerReminderSound = 1006; // main view
 constexpr int kTimerWork = 1007;          // main view: the next slice of long work
+constexpr int kTimerNewDay = 1008;        // Calendar page: another day may have begun
 
 // Dialog templates.
 constexpr int kDialogAbout = 100;

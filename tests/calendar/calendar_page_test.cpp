@@ -231,6 +231,33 @@ TEST_F(CalendarPage, ACellWithoutADateStaysBlankThoughAnItemLiesThere) {
     EXPECT_EQ(Program->CellName(0, 2), u"1901-01-01");
 }
 
+TEST_F(CalendarPage, MidnightMovesTodayWhileThePageIsOnShow) {
+    Open(At(2004, 11, 3, 23, 58));
+    Tap(10, 200);
+    EXPECT_EQ(Pixel(110, 64), kGrey);
+    Program->Device.AdvanceClock(shell::Milliseconds(119'000));
+    ASSERT_TRUE(Program->Settle());
+    EXPECT_EQ(Pixel(110, 64), kGrey);
+    Program->Device.AdvanceClock(shell::Milliseconds(1000));
+    ASSERT_TRUE(Program->Settle());
+    EXPECT_EQ(Pixel(110, 64), kWhite);
+    EXPECT_EQ(Pixel(143, 64), kGrey);
+    EXPECT_EQ(Program->SelectedCell(), 35); // what was chosen stays chosen
+    Program->Device.AdvanceClock(shell::Milliseconds(24 * 3600 * 1000));
+    ASSERT_TRUE(Program->Settle());
+    EXPECT_EQ(Pixel(176, 64), kGrey);
+}
+
+TEST_F(CalendarPage, AClockThatWasSetIsNoticedWithinTenMinutes) {
+    Open(At(2004, 11, 3, 9));
+    Tap(10, 200);
+    Program->Device.SetClock(At(2004, 11, 5, 9));
+    Program->Device.AdvanceClock(shell::Milliseconds(10 * 60 * 1000));
+    ASSERT_TRUE(Program->Settle());
+    EXPECT_EQ(Pixel(110, 64), kWhite);
+    EXPECT_EQ(Pixel(176, 64), kGrey);
+}
+
 TEST_F(CalendarPage, NumbersAreColouredByDayAndMonth) {
     Open(At(2004, 11, 3));
     EXPECT_EQ(Program->NumberIn(1, 0).Ink, kRed);        // Sunday
