@@ -41,6 +41,9 @@ ErrorCode RecordedRegistry::RegCreateKeyExW(std::u16string_view path, KeyHandle&
 
 ErrorCode RecordedRegistry::RegSetValueExW(KeyHandle key, std::u16string_view name, std::uint32_t type,
                                            std::span<const std::uint8_t> data) {
+    if (WriteFailure != ErrorCode::Success) {
+        return WriteFailure;
+    }
     const auto open = OpenKeys.find(key);
     if (open == OpenKeys.end()) {
         return ErrorCode::CannotComplete;

@@ -61,7 +61,8 @@ class RecordedRegistry : public IRegistry {
     std::size_t OpenKeyCount() const { return OpenKeys.size(); }
 
     std::u16string Company;
-    ErrorCode Failure = ErrorCode::Success; // what every further RegCreateKeyExW answers
+    ErrorCode Failure = ErrorCode::Success;      // what every further RegCreateKeyExW answers
+    ErrorCode WriteFailure = ErrorCode::Success; // what every further RegSetValueExW answers
 
   private:
     struct Value {

@@ -135,6 +135,20 @@ TEST_F(ReminderSound, ARegistryThatRefusesIsSilent) {
     EXPECT_TRUE(Device.MessagesShown().empty());
 }
 
+TEST_F(ReminderSound, ARefusedValueStaysAsItWasAndItsKeyIsClosed) {
+    GivenReminder(At(2004, 11, 4, 9, 0), kBell);
+    UpdateReminderSound(State);
+    GivenReminder(At(2004, 11, 4, 8, 0), u"\\Windows\\Earlier.wav");
+    Device.Host.RegistryCalls.WriteFailure = ErrorCode::AccessDenied;
+    UpdateReminderSound(State);
+    EXPECT_EQ(Wave(), kBell);
+    EXPECT_EQ(Device.Host.RegistryCalls.OpenKeyCount(), 0U);
+    EXPECT_TRUE(Device.MessagesShown().empty());
+    Device.Host.RegistryCalls.WriteFailure = ErrorCode::Success;
+    UpdateReminderSound(State);
+    EXPECT_EQ(Wave(), u"\\Windows\\Earlier.wav");
+}
+
 TEST_F(ReminderSound, AClosedStoreIsSilent) {
     GivenReminder(At(2004, 11, 4, 9, 0), kBell);
     State.Store.CloseStore();

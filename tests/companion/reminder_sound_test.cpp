@@ -1,11 +1,14 @@
 // What is heard: the real player on a real sound server, alone and started by the real companion.
+#include "host/outlook/store_core.h"
 #include "platform/outlook.h"
 #include "tests/companion/notification_service.h"
 #include "tests/companion/patience.h"
 #include "tests/companion/running_companion.h"
 #include "tests/companion/sound_device.h"
 
+#include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <fstream>
 #include <optional>
 #include <ostream>
@@ -116,6 +119,25 @@ TEST_F(HeardSoundPlayer, OneThatRepeatsGetsLouder) {
     EXPECT_GT(middle, 1.08 * early);
     EXPECT_GT(late, 1.08 * middle);
     EXPECT_LT(early, 0.5 * ReadSound(File("Tone.wav")).LoudestBetween(0, 0.5)) << "it began loudly";
+}
+
+// Two minutes long only where TAVO_WHOLE_RINGING is set.
+TEST_F(HeardSoundPlayer, OneThatRepeatsEndsAfterTwoMinutes) {
+    const bool isWhole = getenv("TAVO_WHOLE_RINGING") != nullptr;
+    WriteTone(File("Long.wav"), kPitch, 150); // as one that is longer itself does
+    const auto begin = std::chrono::steady_clock::now();
+    Start(Device->Address(), {"--repeat", File("Long.wav")});
+    ASSERT_TRUE(Device->WaitForSound(1, kSoon));
+    EXPECT_FALSE(WaitForEnd(isWhole ? 115 : 2)) << "it has stopped";
+    if (isWhole) {
+        EXPECT_TRUE(EndedWith(WaitForEnd(kSoon), 0));
+        const std::chrono::duration<double> rung = std::chrono::steady_clock::now() - begin;
+        EXPECT_NEAR(rung.count(), 120, 4);
+        const HeardSound heard = Device->Heard();
+        const double full = ReadSound(File("Long.wav")).LoudestBetween(0, 0.5);
+        EXPECT_LT(heard.LoudestBetween(30, 31), 0.8 * full);
+        EXPECT_GT(heard.LoudestBetween(62, 63), 0.9 * full);
+    }
 }
 
 TEST_F(SoundPlayer, WithoutAnyFileEndsWithAFailure) {
@@ -244,6 +266,24 @@ TEST_F(RingingCompanion, AKilledCompanionTakesTheRingingWithIt) {
     ASSERT_TRUE(Device->WaitForSound(1, kSoon));
     Kill(SIGKILL);
     EXPECT_TRUE(Device->WaitForSilence(1, kSoon));
+}
+
+TEST_F(RingingCompanion, TheListOfMissedOnesRingsOnce) {
+    Service.Serve(0.5);
+    Kill(SIGTERM);
+    AddReminder(u"First", 2, 0, kRingOn, u"Tone.wav");
+    AddReminder(u"Second", 3, 0, kRingOn, u"Tone.wav");
+    // As if the machine had been off for a day.
+    ASSERT_EQ(Store->Core().Db.Run("UPDATE item SET start = start - 7200; UPDATE plain SET start = start - 7200;"
+                                   "UPDATE setting SET value = value - 86400 WHERE name LIKE 'reminders_passed%'"),
+              Status::Ok);
+    StartCompanion(Bus.Address());
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    EXPECT_EQ(Service.Came.back().Summary, "2 missed reminders");
+    ASSERT_TRUE(Device->WaitForSound(0.4, kSoon));
+    ASSERT_TRUE(Device->WaitForSilence(2, kSoon));
+    EXPECT_TRUE(IsTone(Device->Heard()));
+    EXPECT_LT(Device->Heard().AudibleSeconds(), 0.7);
 }
 
 TEST_F(RingingCompanion, WithoutTheSoundBitIsSilent) {
