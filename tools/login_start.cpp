@@ -59,6 +59,10 @@ std::string StartAtLogin(const files::DeviceRoot& root) {
     if (!entry.SwitchOn(program, FindNamedRoot(root))) {
         return WhyNotWritten(entry);
     }
+    // One more, still on its way, would take the place of this one as soon as it is ended.
+    if (FindReminderService(root)) {
+        return "";
+    }
     if (!files::StartDetached({program})) {
         return "The program " + program + " is not there.";
     }
