@@ -184,10 +184,7 @@ TEST_F(OnABus, WhatWasMissedWhileItWasOffIsOneList) {
     Kill(SIGTERM);
     AddReminder(u"First", 2);
     AddReminder(u"Second", 3);
-    // As if the machine had been off for a day.
-    ASSERT_EQ(Store->Core().Db.Run("UPDATE item SET start = start - 7200; UPDATE plain SET start = start - 7200;"
-                                   "UPDATE setting SET value = value - 86400 WHERE name LIKE 'reminders_passed%'"),
-              Status::Ok);
+    BeOffForADay();
     StartCompanion(Bus.Address());
     ASSERT_TRUE(Service.WaitFor(1, kSoon));
     EXPECT_EQ(Last().Summary, "2 missed reminders");

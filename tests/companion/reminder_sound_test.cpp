@@ -1,5 +1,4 @@
 // What is heard: the real player on a real sound server, alone and started by the real companion.
-#include "host/outlook/store_core.h"
 #include "platform/outlook.h"
 #include "tests/companion/notification_service.h"
 #include "tests/companion/patience.h"
@@ -273,10 +272,7 @@ TEST_F(RingingCompanion, TheListOfMissedOnesRingsOnce) {
     Kill(SIGTERM);
     AddReminder(u"First", 2, 0, kRingOn, u"Tone.wav");
     AddReminder(u"Second", 3, 0, kRingOn, u"Tone.wav");
-    // As if the machine had been off for a day.
-    ASSERT_EQ(Store->Core().Db.Run("UPDATE item SET start = start - 7200; UPDATE plain SET start = start - 7200;"
-                                   "UPDATE setting SET value = value - 86400 WHERE name LIKE 'reminders_passed%'"),
-              Status::Ok);
+    BeOffForADay();
     StartCompanion(Bus.Address());
     ASSERT_TRUE(Service.WaitFor(1, kSoon));
     EXPECT_EQ(Service.Came.back().Summary, "2 missed reminders");

@@ -72,6 +72,12 @@ Oid CompanionTest::AddReminderAt(outlook::Seconds start, const std::u16string& s
     return oid;
 }
 
+void CompanionTest::BeOffForADay() {
+    EXPECT_EQ(Store->Core().Db.Run("UPDATE item SET start = start - 7200; UPDATE plain SET start = start - 7200;"
+                                   "UPDATE setting SET value = value - 86400 WHERE name LIKE 'reminders_passed%'"),
+              Status::Ok);
+}
+
 std::string CompanionTest::LedgerStates() {
     outlook::Query query(Store->Core().Db,
                          "SELECT group_concat(state, ' ') FROM (SELECT state FROM ledger ORDER BY oid)");

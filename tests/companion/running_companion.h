@@ -26,6 +26,8 @@ class CompanionTest : public outlook::test::StoreTest {
                     const std::u16string& sound = u"");
     Oid AddReminderAt(outlook::Seconds start, const std::u16string& subject, int leadMinutes, std::int32_t options = 5,
                       const std::u16string& sound = u"");
+    // As if the machine had been off since yesterday, and all items were two hours earlier.
+    void BeOffForADay();
     static outlook::Seconds Now();
     // The states of the ledger, in order of OID: "0 1 2".
     std::string LedgerStates();
