@@ -16,32 +16,35 @@ constexpr double kSoon = 10;
 constexpr int kTokyoHours = 9; // ahead of UTC, all the year
 constexpr int kHour = 3600;
 
-// The command that gives a program mounts of its own; empty where nobody may have them.
-std::string FindUnshare() {
-    for (const char* command : {"unshare -m", "unshare -rm"}) {
-        if (std::system((std::string(command) + " true 2>/dev/null").c_str()) == 0) {
-            return command;
-        }
-    }
-    return "";
-}
-
 // A companion with an /etc of the test's own.
 class ZoneChange : public CompanionTest {
   protected:
     void SetUp() override {
+        fs::create_directory(Etc());
+        SetZone("Etc/UTC");
         const std::string unshare = FindUnshare();
         if (unshare.empty() || !fs::exists("/usr/share/zoneinfo/Asia/Tokyo")) {
             GTEST_SKIP() << "no mounts of one's own, or no zones: /etc cannot be changed here";
         }
-        fs::create_directory(Etc());
-        SetZone("Etc/UTC");
         Program = Folder.File("companion-with-its-etc").string();
-        std::ofstream(Program) << "#!/bin/sh\nunset TZ # the machine's zone counts\nexec " << unshare
-                               << " sh -c 'mount --bind \"" << Etc().string()
-                               << "\" /etc && exec \"" TAVO_COMPANION "\"'\n";
+        std::ofstream(Program) << "#!/bin/sh\nunset TZ # the machine's zone counts\nexec "
+                               << WithItsEtc(unshare, "exec \"" TAVO_COMPANION "\"") << '\n';
         fs::permissions(Program, fs::perms::owner_all);
         StartCompanion(Bus.Address());
+    }
+
+    std::string WithItsEtc(const std::string& unshare, const std::string& command) const {
+        return unshare + " sh -c 'mount --bind \"" + Etc().string() + "\" /etc && " + command + "'";
+    }
+
+    // The command that gives a program mounts of its own; empty where nobody may have them.
+    std::string FindUnshare() const {
+        for (const char* unshare : {"unshare -m", "unshare -rm"}) {
+            if (std::system((WithItsEtc(unshare, "true") + " 2>/dev/null").c_str()) == 0) {
+                return unshare;
+            }
+        }
+        return "";
     }
 
     fs::path Etc() const { return Folder.File("etc"); }
