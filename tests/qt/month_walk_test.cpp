@@ -31,7 +31,7 @@ constexpr int kFirstYear = 2006;
 constexpr int kYears = 20;
 constexpr int kMonthsPerYear = 12;
 constexpr int kItems = 700;
-constexpr int kMinutesPerDay = 1440;
+constexpr long kMinutesPerDay = 1440;
 constexpr int kMarkMiddle = 2; // of a mark, from its left and its bottom
 constexpr long kNoLimit = 1'000'000;
 
