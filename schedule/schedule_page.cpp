@@ -95,23 +95,21 @@ void CSchedulePage::ShowNextKind(int step) {
 }
 
 void CSchedulePage::Open() {
-    if (Stale) {
+    if (!Filled) {
         FillLists();
     }
     Show(ShowCommand::Maximize);
     Host().Windows().SetFocus(CurrentList().Handle());
 }
 
+// Also while the page is hidden: filling takes what is gone out of the lists of the kinds, which others count.
 void CSchedulePage::RefillLists() {
-    Stale = true;
-    if (Host().Windows().IsWindowVisible(Handle())) {
-        FillLists();
-    }
+    FillLists();
     Invalidate();
 }
 
 void CSchedulePage::FillLists() {
-    Stale = false;
+    Filled = true;
     Alarms.Fill();
     Holidays.Fill();
     Anniversaries.Fill();

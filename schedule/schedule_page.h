@@ -97,7 +97,7 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
     ItemKind Kind = ItemKind::Alarm;
     bool NewPressed = false;
     bool NewTracking = false;
-    bool Stale = true; // the lists do not hold what the store does
+    bool Filled = false; // the lists, at least once
     ItemKind EditedKind = ItemKind::Alarm;
     Oid EditedOid = 0; // of the item in the editor; 0: a new one
     CCategoryItemList Alarms;

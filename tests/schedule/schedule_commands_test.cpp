@@ -292,6 +292,16 @@ TEST_F(ScheduleCommands, ADeletedItemLeavesTheListWithTheNextFill) {
     EXPECT_THAT(Desk.ListOf(ItemKind::Alarm), ElementsAre(alarms[0], alarms[2]));
 }
 
+TEST_F(ScheduleCommands, AHiddenPageForgetsWhatIsGone) {
+    const std::vector<Oid> alarms = Desk.GivenAlarms(3);
+    Desk.Show(ItemKind::Alarm);
+    Desk.ShowPage(0);
+    Desk.Delete(alarms[1]);
+    Desk.Device.ChangeStore();
+    Desk.LetNoticesArrive();
+    EXPECT_THAT(Desk.ListOf(ItemKind::Alarm), ElementsAre(alarms[0], alarms[2]));
+}
+
 TEST_F(ScheduleCommands, OfTenThousandTagsTheHalfThatIsGoneIsForgotten) {
     const ComPtr<IPOutlookApp> outlook = Desk.Connect();
     ASSERT_EQ(outlook->Begin(u"Many"), Status::Ok);
