@@ -1,9 +1,13 @@
 // The sound of the next appointment that reminds, as it stands in the registry.
 #include "alarm/reminder_sound.h"
 #include "store/program_state.h"
+#include "tests/support/folder_probe.h"
 #include "tests/support/test_device.h"
 
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
 
 namespace tavo {
 namespace {
@@ -99,6 +103,12 @@ TEST_F(ReminderSound, TheTerminatingZeroIsNotWritten) {
     UpdateReminderSound(State);
     EXPECT_EQ(Device.Host.RegistryCalls.ValueSize(u"\\ControlPanel\\Notifications\\Reminders", u"Wave"), 40U);
     EXPECT_EQ(Wave(), path);
+}
+
+TEST_F(ReminderSound, AsksForTodayAndTomorrow) {
+    const test::AskedRestrictions asked(State.Store.CalendarFolder);
+    UpdateReminderSound(State);
+    EXPECT_EQ(asked.Texts, std::vector<std::u16string>{u"[Start] >= 11/3/2004 and [Start] <= 11/4/2004\n"});
 }
 
 TEST_F(ReminderSound, OccurrencesOfASeriesQualify) {

@@ -1,8 +1,12 @@
 // The main view: its pages, the page bar and change notices.
 #include "res/resource_ids.h"
+#include "tests/support/folder_probe.h"
 #include "tests/support/running_program.h"
 
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
 
 namespace tavo::test {
 namespace {
@@ -115,6 +119,7 @@ TEST_F(MainView, ControlAndTabGoToTheNextPageAndWithShiftToThePreviousOne) {
 
 TEST_F(MainView, TenNoticesWithinHalfASecondCauseOneRefresh) {
     Program.ShowPage(2);
+    const AskedRestrictions asked(Program.State().Store.CalendarFolder);
     const int before = TimesPresented();
     for (int i = 0; i < 10; ++i) {
         Program.Device.Do([this] { PostNotice(); });
@@ -127,6 +132,12 @@ TEST_F(MainView, TenNoticesWithinHalfASecondCauseOneRefresh) {
     Program.Device.AdvanceClock(2000);
     ASSERT_TRUE(Program.Settle());
     EXPECT_EQ(TimesPresented(), before + 2); // the bare grid, and the grid with its marks
+    // The day list, the lists of the hidden Schedule page, the next reminder's sound and the month, each once.
+    EXPECT_EQ(asked.Texts, (std::vector<std::u16string>{
+                               u"[Start] <= 11/3/2004 and [End] >= 11/3/2004",
+                               u"[Start] >= 10/3/2004 and [Start] <= 12/3/2004 and [End] >= 11/3/2004",
+                               u"[Start] >= 11/3/2004 and [Start] <= 11/4/2004\n",
+                               u"[Start] >= 10/1/2004 and [Start] <= 12/12/2004 and [End] >= 10/31/2004\n"}));
 }
 
 TEST_F(MainView, ANoticeShowsWhatChangedInTheStore) {

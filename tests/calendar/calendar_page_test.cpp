@@ -1,5 +1,6 @@
 // The month page: which days it shows, and how keys and taps move through them.
 #include "res/resource_ids.h"
+#include "tests/support/folder_probe.h"
 #include "tests/support/running_program.h"
 
 #include <gtest/gtest.h>
@@ -231,6 +232,14 @@ TEST_F(CalendarPage, ACellWithoutADateStaysBlankThoughAnItemLiesThere) {
     EXPECT_EQ(Program->CellName(0, 2), u"1901-01-01");
 }
 
+TEST_F(CalendarPage, AsksForTheMonthFromTheFirstOfTheOneBeforeToTheGridsEnd) {
+    Open(At(2004, 11, 3));
+    const AskedRestrictions asked(Program->State().Store.CalendarFolder);
+    Press(VK_RIGHT);
+    ASSERT_FALSE(asked.Texts.empty());
+    EXPECT_EQ(asked.Texts.back(), u"[Start] >= 11/1/2004 and [Start] <= 1/9/2005 and [End] >= 11/28/2004\n");
+}
+
 TEST_F(CalendarPage, MidnightMovesTodayWhileThePageIsOnShow) {
     Open(At(2004, 11, 3, 23, 58));
     Tap(10, 200);
@@ -313,6 +322,10 @@ TEST_F(CalendarPage, TheTodayButtonIsPressedOnlyWhileTheStylusIsOnIt) {
     ASSERT_TRUE(Program->Settle());
     EXPECT_FALSE(isPressed());
     EXPECT_EQ(Program->Header(), u"Thu, Nov, 03, 2005"); // released beside it: nothing happened
+    Program->Device.Press(120, 230);
+    Program->Device.Release(215, 15); // that press is over, and another began elsewhere
+    ASSERT_TRUE(Program->Settle());
+    EXPECT_EQ(Program->Header(), u"Thu, Nov, 03, 2005");
 }
 
 TEST_F(CalendarPage, AReleaseOnTheTodayButtonWithoutAPressDoesNothing) {

@@ -48,6 +48,12 @@ TEST(ClockHands, AtTwelveTheSidePointsLieLeftAndRightOfTheBase) {
     EXPECT_EQ(hand.SecondSide, (Point{122, 132}));
 }
 
+TEST(ClockHands, LeftAndBelowTheMiddleFractionsAreCutTowardsIt) {
+    const HandPoints hand = PlaceHand(225, kMinuteHandLength);
+    EXPECT_EQ(hand.Tip, (Point{78, 177})); // 42.4 from the middle each way
+    EXPECT_EQ(hand.Base, (Point{118, 137}));
+}
+
 struct SectorCase {
     int Angle;
     Point FirstOffset; // of the first side point from the base

@@ -75,6 +75,12 @@ TEST_F(MemoFilesTest, FindsTheMemosOfADayWithoutTheFolder) {
     EXPECT_FALSE(Memos.HasMemo(2004, 9, 17));
 }
 
+TEST_F(MemoFilesTest, GivesThemInTheOrderInWhichTheyAreFound) {
+    Host.OwnFiles.Found = {u"20040915_120000.pwi", u"20040915_080000.pwi", u"20040915_100000.pwi"};
+    EXPECT_THAT(Memos.FindMemos(2004, 9, 15),
+                ElementsAre(u"20040915_120000.pwi", u"20040915_080000.pwi", u"20040915_100000.pwi"));
+}
+
 TEST_F(MemoFilesTest, TheNinthIsNotTheNineteenth) {
     GivenFile(u"20050119_080000.pwi");
     EXPECT_THAT(Memos.FindMemos(2005, 1, 9), IsEmpty());

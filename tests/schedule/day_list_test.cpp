@@ -1,6 +1,7 @@
 // The day schedule list: what it holds for a day, and what it shows.
 #include "schedule/day_list.h"
 
+#include "tests/support/folder_probe.h"
 #include "tests/support/outlook_probe.h"
 #include "tests/support/test_device.h"
 
@@ -82,6 +83,12 @@ class DayListTest : public testing::Test {
     CDayList List{Device.Pump, State};
     WindowHandle Frame = WindowHandle::None;
 };
+
+TEST_F(DayListTest, AsksForTheDayByItsDateTwice) {
+    const test::AskedRestrictions asked(State.Store.CalendarFolder);
+    LoadDay(2004, 5, 3);
+    EXPECT_EQ(asked.Texts, std::vector<std::u16string>{u"[Start] <= 5/3/2004 and [End] >= 5/3/2004"});
+}
 
 TEST_F(DayListTest, IsMadeHidden) {
     EXPECT_FALSE(Device.Host.Windows().IsWindowVisible(List.Handle()));

@@ -65,6 +65,23 @@ TEST(CategoryCodec, AMissingOrWrongSeparatorIsCorrupt) {
     EXPECT_THAT(lists, ElementsAre(ElementsAre(5), IsEmpty(), IsEmpty()));
 }
 
+TEST(CategoryCodec, AMissingOrWrongSeparatorIsCorruptAfterTheLaterListsToo) {
+    const Bytes alarms{1, 0, 0, 0, 5, 0, 0, 0, ';'};
+    const Bytes holidays{1, 0, 0, 0, 6, 0, 0, 0};
+    for (const Bytes& separator : {Bytes{}, Bytes{','}}) {
+        Bytes bytes = alarms;
+        bytes.insert(bytes.end(), holidays.begin(), holidays.end());
+        bytes.insert(bytes.end(), separator.begin(), separator.end());
+        CategoryFileLists lists;
+        EXPECT_FALSE(DecodeCategoryFile(bytes, lists));
+        EXPECT_THAT(lists, ElementsAre(ElementsAre(5), ElementsAre(6), IsEmpty()));
+        bytes = {0, 0, 0, 0, ';', 0, 0, 0, 0, ';', 1, 0, 0, 0, 7, 0, 0, 0};
+        bytes.insert(bytes.end(), separator.begin(), separator.end());
+        EXPECT_FALSE(DecodeCategoryFile(bytes, lists));
+        EXPECT_THAT(lists, ElementsAre(IsEmpty(), IsEmpty(), ElementsAre(7)));
+    }
+}
+
 TEST(CategoryCodec, EarlierSectionsStayWhenALaterOneIsCut) {
     const Bytes bytes{1, 0, 0, 0, 5, 0, 0, 0, ';', 2, 0, 0, 0, 6, 0, 0, 0, 7, 0, 0, 0, ';', 3, 0, 0, 0, 8, 0, 0, 0};
     CategoryFileLists lists;

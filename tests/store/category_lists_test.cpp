@@ -165,6 +165,8 @@ TEST_F(CategoryListsTest, PruningDropsWhatIsGoneAndGoesOnWithTheNext) {
     EXPECT_EQ(records[1].Subject, u"Lunch");
     EXPECT_THAT(Lists.AlarmList.All(), ElementsAre(dentist, lunch));
     EXPECT_EQ(Outlook.Mirror.Reports.size(), 1U);
+    EXPECT_EQ(Device.FileBytes(u"\\My Documents\\TavoCalendar\\TavoCalendar.dat"),
+              std::nullopt); // the next save's work
 }
 
 TEST_F(CategoryListsTest, PruningKeepsTagsWhileTheStoreCannotAnswer) {

@@ -1,6 +1,9 @@
 // Copying an appointment into a record.
 #include "store/outlook_session.h"
 
+#include "host/outlook/import_writer.h"
+#include "host/outlook/store.h"
+#include "host/outlook/wall_time.h"
 #include "store/fill_record.h"
 #include "tests/support/appointment_probe.h"
 #include "tests/support/test_device.h"
@@ -170,6 +173,24 @@ TEST_F(LoadAppointment, ASeriesWhosePatternCannotBeHadIsDescribedByItsStart) {
     EXPECT_EQ(record.DayOfMonth, 20);
     EXPECT_EQ(record.Instance, 2);
     EXPECT_EQ(record.MonthOfYear, 5);
+}
+
+TEST_F(LoadAppointment, ARuleThatIsNoneOfTheSixTypesIsACustomChoice) {
+    const ComPtr<IPOutlookApp> other = Device.Connect();
+    outlook::StoredItem item;
+    item.Subject = u"Standup";
+    item.Start = outlook::MakeTime(2004, 5, 3, 9);
+    item.End = item.Start + 900;
+    item.Pattern.Type = kRecursForeign;
+    item.ForeignRule = "RRULE:FREQ=MONTHLY;BYDAY=1MO,3MO";
+    outlook::ImportWriter writer(outlook::StoreOf(*other));
+    outlook::ImportOutcome outcome;
+    Put(writer.Begin(u"given"));
+    Put(writer.Write(item, outcome));
+    Put(writer.Commit());
+    const AppointmentData record = Load(outcome.Item);
+    EXPECT_TRUE(record.IsRecurring);
+    EXPECT_EQ(record.RecurChoice, 8);
 }
 
 TEST_F(LoadAppointment, WhatARecordHeldBeforeIsCleared) {

@@ -3,9 +3,27 @@
 
 #include "platform/files.h"
 
+#include <cstddef>
+#include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace tavo::test {
+
+// Gives these names, in this order.
+class NamedFiles final : public IFileSearch {
+  public:
+    explicit NamedFiles(std::vector<std::u16string> names) : Names(std::move(names)) {}
+
+    std::u16string FileName() const override { return Place < Names.size() ? Names[Place] : std::u16string(); }
+
+    bool FindNextFileW() override { return ++Place < Names.size(); }
+
+  private:
+    std::vector<std::u16string> Names;
+    std::size_t Place = 0;
+};
 
 class FilesProbe final : public IFiles {
   public:
@@ -29,13 +47,14 @@ class FilesProbe final : public IFiles {
 
     std::unique_ptr<IFileSearch> FindFirstFileW(std::u16string_view pattern) override {
         LastPattern = pattern;
-        return Files.FindFirstFileW(pattern);
+        return Found.empty() ? Files.FindFirstFileW(pattern) : std::make_unique<NamedFiles>(Found);
     }
 
     // A failure is given back without asking further.
     ErrorCode FolderResult = ErrorCode::Success;
     ErrorCode ReadResult = ErrorCode::Success;
     ErrorCode WriteResult = ErrorCode::Success;
+    std::vector<std::u16string> Found; // given instead of what is there
     std::u16string LastRead;
     std::u16string LastWritten;
     std::u16string LastPattern;

@@ -15,6 +15,7 @@ struct FolderFaults {
     Status CountResult = Status::Ok;
     Status RestrictResult = Status::Ok;
     std::vector<std::string>* Calls = nullptr; // where to note that the folder was released for good, if anywhere
+    std::vector<std::u16string>* Restrictions = nullptr; // where to note what was asked for, if anywhere
 };
 
 // Counts its references and goes with the last one. The faults outlive it.
@@ -60,6 +61,9 @@ class ItemsProbe final : public CountedProbe<IPOutlookItemCollection> {
     Status Item(std::int32_t index, ComPtr<IAppointment>& item) override { return Real->Item(index, item); }
 
     Status Restrict(std::u16string_view restriction, ComPtr<IPOutlookItemCollection>& items) override {
+        if (Faults.Restrictions != nullptr) {
+            Faults.Restrictions->emplace_back(restriction);
+        }
         return Failed(Faults.RestrictResult) ? Faults.RestrictResult : Real->Restrict(restriction, items);
     }
 
@@ -96,6 +100,27 @@ class FolderProbe final : public CountedProbe<IFolder> {
         }
     }
 
+    ComPtr<IFolder> Real;
+};
+
+// Notes what is asked of a calendar folder while this lives.
+class AskedRestrictions {
+  public:
+    explicit AskedRestrictions(ComPtr<IFolder>& folder) : Folder(folder), Real(folder) {
+        Faults.Restrictions = &Texts;
+        Folder = FolderProbe::Make(Real, Faults);
+    }
+
+    ~AskedRestrictions() { Folder = Real; }
+
+    AskedRestrictions(const AskedRestrictions&) = delete;
+    AskedRestrictions& operator=(const AskedRestrictions&) = delete;
+
+    std::vector<std::u16string> Texts;
+
+  private:
+    FolderFaults Faults;
+    ComPtr<IFolder>& Folder;
     ComPtr<IFolder> Real;
 };
 
