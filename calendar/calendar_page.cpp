@@ -16,7 +16,6 @@ namespace {
 
 constexpr Rect kDayListPlace = Rect::FromSize(0, 30, 240, 210);
 constexpr Rect kScrollBarPlace = Rect::FromSize(222, 31, 15, 207);
-constexpr int kSecondsPerDay = 86400;
 constexpr int kNewDayPeriod = 10 * 60 * 1000; // milliseconds
 constexpr std::u16string_view kMonthRestriction = u"[Start] >= %s and [Start] <= %s and [End] >= %s\n";
 

@@ -9,7 +9,6 @@ namespace tavo {
 namespace {
 constexpr int kFirstYearBefore = 1901; // a leading cell lies in this year at the earliest
 constexpr int kFirstYearBeyond = 2999; // a trailing cell lies before this year
-constexpr int kSecondsPerDay = 86400;
 constexpr int kSecondsPerMinute = 60;
 } // namespace
 

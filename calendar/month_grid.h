@@ -19,6 +19,7 @@ constexpr int kCellWidth = 33;
 constexpr int kCellHeight = 26;
 constexpr int kJanuary = 1;
 constexpr int kDecember = 12;
+constexpr int kSecondsPerDay = 86400;
 
 constexpr int kGridRight = kGridLeft + kGridColumns * kCellWidth;
 constexpr int kGridBottom = kGridTop + kGridRows * kCellHeight;
