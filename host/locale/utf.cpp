@@ -17,26 +17,6 @@ bool IsLowSurrogate(char16_t unit) {
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-void AppendUtf8(std::string& bytes, char32_t point) {
-    const auto append = [&bytes](char32_t value) { bytes += static_cast<char>(static_cast<unsigned char>(value)); };
-    if (point < 0x80) {
-        append(point);
-        return;
-    }
-    if (point < 0x800) {
-        append(0xC0 | point >> 6);
-    } else {
-        if (point < 0x10000) {
-            append(0xE0 | point >> 12);
-        } else {
-            append(0xF0 | point >> 18);
-            append(0x80 | (point >> 12 & 0x3F));
-        }
-        append(0x80 | (point >> 6 & 0x3F));
-    }
-    append(0x80 | (point & 0x3F));
-}
-
 void AppendUtf16(std::u16string& text, char32_t point) {
     if (point < 0x10000) {
         text += static_cast<char16_t>(point);
@@ -100,7 +80,7 @@ bool ConvertToUtf8(std::u16string_view text, std::string& bytes) {
             point = kReplacement;
             exact = false;
         }
-        AppendUtf8(bytes, point);
+        AppendCharacter(bytes, point);
     }
     return exact;
 }
@@ -124,6 +104,34 @@ bool ConvertToUtf16(std::string_view bytes, std::u16string& text) {
 }
 
 } // namespace
+
+void AppendCharacter(std::string& bytes, char32_t point) {
+    const auto append = [&bytes](char32_t value) { bytes += static_cast<char>(static_cast<unsigned char>(value)); };
+    if (point < 0x80) {
+        append(point);
+        return;
+    }
+    if (point < 0x800) {
+        append(0xC0 | point >> 6);
+    } else {
+        if (point < 0x10000) {
+            append(0xE0 | point >> 12);
+        } else {
+            append(0xF0 | point >> 18);
+            append(0x80 | (point >> 12 & 0x3F));
+        }
+        append(0x80 | (point >> 6 & 0x3F));
+    }
+    append(0x80 | (point & 0x3F));
+}
+
+char32_t TakeCharacter(std::string_view bytes, std::size_t& at) {
+    if (static_cast<unsigned char>(bytes[at]) < 0x80) {
+        return static_cast<unsigned char>(bytes[at++]);
+    }
+    char32_t point = 0;
+    return ReadLongCharacter(bytes, at, point) ? point : kReplacement;
+}
 
 std::string ToUtf8(std::u16string_view text) {
     std::string bytes;
