@@ -3,15 +3,56 @@
 
 usage: check_tidy.py BUILD_FOLDER [PATH_PART...]
 
-With path parts, only files whose path contains one of them. What .clang-tidy counts as an error fails the check.
+With path parts, only files whose path contains one of them. What .clang-tidy counts as an error fails the check. A file
+that was found good is not judged again until it, a header of it, its compile command or the rules change: what was said of
+it is kept in BUILD_FOLDER/tidy.
 """
 
+import functools
+import hashlib
 import json
 import os
+import shlex
 import subprocess
 import sys
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
+
+
+@functools.lru_cache(maxsize=None)
+def digest_of(path):
+    return hashlib.sha256(Path(path).read_bytes()).hexdigest()
+
+
+def files_read(entry):
+    """The files that the compiler reads for this entry of the compile commands, or none where it cannot tell."""
+    words = shlex.split(entry["command"])
+    while words and "clang" not in os.path.basename(words[0]):
+        words.pop(0)  # a launcher, such as a compiler cache
+    if "-o" in words:
+        del words[words.index("-o"):words.index("-o") + 2]
+    result = subprocess.run([*words, "-M"], cwd=entry["directory"], capture_output=True, text=True)
+    if result.returncode != 0:
+        return []
+    rule = result.stdout.replace("\\\n", " ").split(": ", 1)[1]
+    return sorted({os.path.join(entry["directory"], name) for name in shlex.split(rule)})
+
+
+class Verdicts:
+    """What was said of files that were found good, by the contents of everything that the judgement rests on."""
+
+    def __init__(self, folder, rules):
+        self.folder = folder
+        self.folder.mkdir(exist_ok=True)
+        self.rules = rules
+
+    def place(self, entry):
+        """Where the verdict on this entry is kept, or None where it cannot be told what it rests on."""
+        read = files_read(entry)
+        if not read:
+            return None
+        text = "\n".join([self.rules, entry["command"], *(f"{name} {digest_of(name)}" for name in read)])
+        return self.folder / hashlib.sha256(text.encode()).hexdigest()
 
 
 def main(arguments):
@@ -29,8 +70,18 @@ def main(arguments):
         print(f"{build}: compiles nothing of the project", file=sys.stderr)
         return 2
 
+    entry_of = {os.path.normpath(os.path.join(entry["directory"], entry["file"])): entry for entry in commands}
+    version = subprocess.run(["clang-tidy", "--version"], capture_output=True, text=True).stdout
+    verdicts = Verdicts(build / "tidy", version + (root / ".clang-tidy").read_text())
+
     def judge(file):
-        return subprocess.run(["clang-tidy", "-p", str(build), "--quiet", file], cwd=root, capture_output=True, text=True)
+        place = verdicts.place(entry_of[file])
+        if place and place.exists():
+            return subprocess.CompletedProcess([], 0, place.read_text(), "")
+        result = subprocess.run(["clang-tidy", "-p", str(build), "--quiet", file], cwd=root, capture_output=True, text=True)
+        if place and result.returncode == 0:
+            place.write_text(result.stdout)
+        return result
 
     failed = 0
     with ThreadPoolExecutor(max_workers=os.cpu_count() or 2) as pool:
