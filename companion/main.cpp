@@ -3,14 +3,21 @@
 #include "companion/companion_lock.h"
 #include "host/files/device_processes.h"
 #include "host/files/login_entry.h"
+#include "host/locale/harmless_text.h"
 
 #include <cstdio>
 #include <exception>
 #include <sqlite3.h>
+#include <string_view>
 
 namespace {
 
 using namespace tavo;
+
+int Refuse(std::string_view problem) {
+    std::fprintf(stderr, "RSound: %s\n", locale::MakeHarmless(problem).c_str());
+    return 1;
+}
 
 // Whoever has used the calendar is reminded after the next login too, unless they switched that off. A device in a
 // place of its own is somebody's trial.
@@ -32,8 +39,7 @@ int main() {
         const files::RootEnvironment environment = files::RootEnvironment::OfProcess();
         const files::RootResult root = files::OpenDeviceRoot(environment);
         if (!root.Root.has_value()) {
-            std::fprintf(stderr, "RSound: %s\n", root.Problem.c_str());
-            return 1;
+            return Refuse(root.Problem);
         }
         const companion::CompanionLock lock(root.Root->RunFolder());
         if (!lock.IsHeld()) {
@@ -42,7 +48,6 @@ int main() {
         EnterAtLogin(environment);
         return companion::Companion(*root.Root).Run();
     } catch (const std::exception& problem) {
-        std::fprintf(stderr, "RSound: %s\n", problem.what());
-        return 1;
+        return Refuse(problem.what());
     }
 }

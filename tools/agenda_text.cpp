@@ -1,6 +1,7 @@
 // The two ways in which `tavo agenda` writes occurrences.
 #include "tools/agenda_text.h"
 
+#include "host/locale/harmless_text.h"
 #include "tools/calendar_day.h"
 
 #include <algorithm>
@@ -34,26 +35,6 @@ void AppendClock(Seconds time, std::string& text) {
     const std::array<char, 5> clock{digit(minutes / 600), digit(minutes / 60 % 10), ':', digit(minutes % 60 / 10),
                                     digit(minutes % 10)};
     text.append(clock.data(), clock.size());
-}
-
-// Text from other calendars may hold anything; nothing of it may end a line or command a terminal.
-void AppendPlain(std::string_view subject, std::string& text) {
-    const bool clean = std::none_of(subject.begin(), subject.end(), [](char character) {
-        return static_cast<unsigned char>(character) < ' ' || character == 0x7F || character == '\xC2';
-    });
-    if (clean) {
-        text += subject;
-        return;
-    }
-    for (std::size_t index = 0; index < subject.size(); ++index) {
-        const auto byte = static_cast<unsigned char>(subject[index]);
-        if (byte == 0xC2 && index + 1 < subject.size() && static_cast<unsigned char>(subject[index + 1]) < 0xA0) {
-            text += ' '; // a control character of the upper half, which takes two bytes
-            ++index;
-        } else {
-            text += byte < ' ' || byte == 0x7F ? ' ' : subject[index];
-        }
-    }
 }
 
 std::string MakeClock(Seconds time) {
@@ -91,7 +72,7 @@ void TabbedAgenda::Add(const ListedOccurrence& occurrence, std::string& text) {
     std::array<char, 16> number{};
     text.append(number.data(), std::to_chars(number.data(), number.data() + number.size(), occurrence.Item).ptr);
     text += '\t';
-    AppendPlain(occurrence.Subject, text);
+    locale::AppendHarmless(occurrence.Subject, text);
     text += '\n';
 }
 
@@ -114,7 +95,7 @@ void DailyAgenda::Add(const ListedOccurrence& occurrence, std::string& text) {
     std::string times = DescribeTimes(occurrence, day);
     times.resize(std::max(kTimeColumn, times.size() + 1), ' ');
     text += "  " + times;
-    AppendPlain(occurrence.Subject.empty() ? kNoSubject : occurrence.Subject, text);
+    locale::AppendHarmless(occurrence.Subject.empty() ? kNoSubject : occurrence.Subject, text);
     if (occurrence.Kind != MirroredKind::Appointment) {
         text += "  [";
         text += NameKind(occurrence.Kind);

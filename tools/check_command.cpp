@@ -1,5 +1,6 @@
 // tavo check: says whether the calendar's files are sound.
 #include "host/files/device_files.h"
+#include "host/locale/harmless_text.h"
 #include "host/outlook/diagnosis.h"
 #include "store/category_codec.h"
 #include "tools/commands.h"
@@ -12,6 +13,8 @@
 namespace tavo::tools {
 namespace {
 
+using locale::MakeHarmless;
+
 constexpr std::u16string_view kTagFile = u"\\My Documents\\TavoCalendar\\TavoCalendar.dat";
 
 // One sentence; `sound` becomes false when something is wrong.
@@ -19,10 +22,10 @@ std::string CheckStore(const files::DeviceRoot& root, bool& sound) {
     const outlook::Diagnosis diagnosis = outlook::DiagnoseStore(root.StorePath(), outlook::CheckDepth::Full);
     const bool good = diagnosis.State == outlook::Verdict::Ok || diagnosis.State == outlook::Verdict::Missing;
     sound = sound && good && diagnosis.Findings.empty();
-    std::string text = "Store: " + diagnosis.What;
-    text += diagnosis.Advice.empty() ? "\n" : "\n  What to do: " + diagnosis.Advice + "\n";
+    std::string text = "Store: " + MakeHarmless(diagnosis.What);
+    text += diagnosis.Advice.empty() ? "\n" : "\n  What to do: " + MakeHarmless(diagnosis.Advice) + "\n";
     for (const std::string& finding : diagnosis.Findings) {
-        text += "  - " + finding + "\n";
+        text += "  - " + MakeHarmless(finding) + "\n";
     }
     return text;
 }
@@ -34,7 +37,7 @@ std::string CheckTags(const files::DeviceRoot& root, bool& sound) {
     if (read == ErrorCode::FileNotFound || read == ErrorCode::PathNotFound) {
         return "Tags: there is no TavoCalendar.dat yet. It is made when Tavo Calendar starts.\n";
     }
-    const std::string path = files.RealPathOfFile(kTagFile).value_or("TavoCalendar.dat");
+    const std::string path = MakeHarmless(files.RealPathOfFile(kTagFile).value_or("TavoCalendar.dat"));
     CategoryFileLists lists;
     if (read != ErrorCode::Success) {
         sound = false;

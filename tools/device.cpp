@@ -1,6 +1,7 @@
 // Opens the device's store for a command, and says in words why it cannot be opened.
 #include "tools/device.h"
 
+#include "host/locale/harmless_text.h"
 #include "host/outlook/diagnosis.h"
 
 #include <cstdio>
@@ -41,7 +42,7 @@ std::optional<outlook::StorePtr> OpenStoreToRead(const files::DeviceRoot& root) 
 }
 
 void Complain(std::string_view sentence) {
-    std::fprintf(stderr, "tavo: %.*s\n", static_cast<int>(sentence.size()), sentence.data());
+    std::fprintf(stderr, "tavo: %s\n", locale::MakeHarmless(sentence).c_str());
 }
 
 std::string DescribeFailure(Status status) {

@@ -22,7 +22,7 @@ Opening OpenStore(const files::DeviceRoot& root, outlook::Access access, outlook
 // The device's store, null when there is none yet; nothing with a sentence on standard error when it cannot be read.
 std::optional<outlook::StorePtr> OpenStoreToRead(const files::DeviceRoot& root);
 
-// Writes "tavo: ..." to standard error.
+// Writes "tavo: ..." to standard error, as one line whatever the sentence holds.
 void Complain(std::string_view sentence);
 
 // What a failed call on the open store means to people, as the end of a sentence.

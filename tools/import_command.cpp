@@ -1,6 +1,7 @@
 // tavo import: brings calendar files into the store, each whole or not at all.
 #include "host/exchange/calendar_file.h"
 #include "host/exchange/calendar_text.h"
+#include "host/locale/harmless_text.h"
 #include "tools/commands.h"
 #include "tools/device.h"
 #include "tools/import_files.h"
@@ -35,11 +36,8 @@ std::optional<TagList> ChooseList(ImportTag tag) {
 }
 
 void ComplainAbout(const std::string& path, int line, const std::string& reason) {
-    if (line > 0) {
-        std::fprintf(stderr, "%s:%d: %s\n", path.c_str(), line, reason.c_str());
-    } else {
-        std::fprintf(stderr, "%s: %s\n", path.c_str(), reason.c_str());
-    }
+    const std::string place = line > 0 ? path + ':' + std::to_string(line) : path;
+    std::fprintf(stderr, "%s\n", locale::MakeHarmless(place + ": " + reason).c_str());
 }
 
 std::string CountOf(int number, const char* one, const char* several) {

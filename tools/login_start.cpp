@@ -55,8 +55,15 @@ std::string WhyNotWritten(const files::LoginEntry& entry) {
 
 std::string StartAtLogin(const files::DeviceRoot& root) {
     const std::string program = files::RunningProgramFolder() + "/RSound";
+    const std::string device = FindNamedRoot(root);
+    for (const std::string& path : {program, device}) {
+        if (!files::LoginEntry::CanName(path)) {
+            return "What is started at login cannot be told the name " + path +
+                   ": it has characters that are no text. Give the folder another name.";
+        }
+    }
     files::LoginEntry entry;
-    if (!entry.SwitchOn(program, FindNamedRoot(root))) {
+    if (!entry.SwitchOn(program, device)) {
         return WhyNotWritten(entry);
     }
     // One more, still on its way, would take the place of this one as soon as it is ended.

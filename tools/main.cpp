@@ -1,6 +1,7 @@
 // The command `tavo`: finds the command that is meant and runs it.
 #include "tools/arguments.h"
 #include "tools/commands.h"
+#include "tools/device.h"
 #include "tools/help.h"
 #include "tools/output.h"
 
@@ -27,7 +28,8 @@ int Print(std::string_view text) {
 }
 
 int Refuse(const std::string& sentence, std::string_view help) {
-    std::fprintf(stderr, "tavo: %s\nTry `%.*s`.\n", sentence.c_str(), static_cast<int>(help.size()), help.data());
+    Complain(sentence);
+    std::fprintf(stderr, "Try `%.*s`.\n", static_cast<int>(help.size()), help.data());
     return kExitUsage;
 }
 
@@ -99,7 +101,7 @@ int main(int count, char** arguments) {
         const std::vector<std::string_view> words(arguments + 1, arguments + count);
         return RunCommand(words);
     } catch (const std::exception& problem) {
-        std::fprintf(stderr, "tavo: The command failed: %s.\n", problem.what());
+        Complain(std::string("The command failed: ") + problem.what() + ".");
         return kExitFailure;
     }
 }

@@ -1,4 +1,5 @@
 // tavo memo: lists the handwritten memos, and has them drawn by the program beside this one, which knows how.
+#include "host/locale/harmless_text.h"
 #include "tools/commands.h"
 #include "tools/device.h"
 #include "tools/output.h"
@@ -54,7 +55,7 @@ int ListMemos(const fs::path& folder, const std::optional<Day>& date) {
     Output output;
     for (const std::string& name : FindMemos(folder)) {
         if (name.starts_with(day)) {
-            output.Write(name + "\n");
+            output.Write(locale::MakeHarmless(name) + "\n");
         }
     }
     return output.Finish() ? kExitSuccess : kExitFailure;

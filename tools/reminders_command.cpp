@@ -4,6 +4,7 @@
 #include "tools/login_start.h"
 #include "tools/output.h"
 
+#include "host/locale/harmless_text.h"
 #include "host/reminders/scheduler.h"
 #include "host/reminders/store_ledger.h"
 
@@ -12,6 +13,7 @@
 #include <cstdio>
 #include <ctime>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tavo::tools {
@@ -55,11 +57,8 @@ const char* NameOf(LedgerState state) {
     return "?";
 }
 
-// One line for a person: control characters become blanks.
-std::string OneLine(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char letter) { return static_cast<unsigned char>(letter) < ' '; }, ' ');
-    return text.empty() ? "No Subject" : text;
+std::string OneLine(std::string_view title) {
+    return title.empty() ? "No Subject" : locale::MakeHarmless(title);
 }
 
 bool ListOpen(reminders::StoreLedger& ledger, Output& output, bool& any) {

@@ -2,6 +2,7 @@
 #include "host/files/login_entry.h"
 
 #include "host/files/replace_file.h"
+#include "host/locale/harmless_text.h"
 
 #include <cstdlib>
 #include <vector>
@@ -47,7 +48,14 @@ bool LoginEntry::IsDecided() const {
     return Place.empty() || std::filesystem::exists(Place, error) || error;
 }
 
+bool LoginEntry::CanName(const std::string& path) {
+    return locale::IsHarmless(path);
+}
+
 bool LoginEntry::SwitchOn(const std::string& program, const std::string& root) {
+    if (!CanName(program) || !CanName(root)) {
+        return false;
+    }
     const std::string device = root.empty() ? "" : "env " + QuoteCommand("TAVO_HOME=" + root) + ' ';
     return Write("Exec=" + device + QuoteCommand(program) + "\nX-GNOME-Autostart-enabled=true\n");
 }

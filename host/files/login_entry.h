@@ -16,7 +16,10 @@ class LoginEntry {
 
     // Whether somebody has decided already: switched on or off, here or with the desktop's own means.
     bool IsDecided() const;
-    // The program is started for the device's root; an empty one is the ordinary root. False when it cannot be written.
+    // Whether an entry can name this path: it is text without control characters.
+    static bool CanName(const std::string& path);
+    // The program is started for the device's root; an empty one is the ordinary root. False when it cannot be written,
+    // and nothing is written when it cannot name both.
     bool SwitchOn(const std::string& program, const std::string& root);
     // Stays as an entry that says so: the next start of the calendar must not switch it on again.
     bool SwitchOff();

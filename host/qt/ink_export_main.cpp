@@ -2,6 +2,7 @@
 // export` starts it, and with it needs no toolkit itself.
 #include "host/files/replace_file.h"
 #include "host/ink/codec.h"
+#include "host/locale/harmless_text.h"
 #include "host/qt/ink_export.h"
 
 #include <QCoreApplication>
@@ -20,7 +21,7 @@ constexpr int kFailure = 1;
 constexpr int kUsage = 2;
 
 bool Complain(const QString& sentence) {
-    std::fprintf(stderr, "tavo: %s\n", qPrintable(sentence));
+    std::fprintf(stderr, "tavo: %s\n", locale::MakeHarmless(sentence.toStdString()).c_str());
     return false;
 }
 

@@ -1,5 +1,6 @@
 // Starts the program on the desktop, or says what is missing.
 #include "app/start.h"
+#include "host/locale/harmless_text.h"
 #include "host/qt/font_preparation.h"
 #include "host/qt/host.h"
 #include "host/qt/store_link.h"
@@ -15,8 +16,8 @@ namespace {
 
 constexpr int kCannotStart = 1;
 
-int Refuse(const char* problem) {
-    std::fprintf(stderr, "tavocalendar: %s\n", problem);
+int Refuse(std::string_view problem) {
+    std::fprintf(stderr, "tavocalendar: %s\n", tavo::locale::MakeHarmless(problem).c_str());
     return kCannotStart;
 }
 
@@ -41,7 +42,9 @@ std::string InstalledSounds() {
 
 // The toolkit aborts when it cannot reach the display it was pointed at.
 void TakeToolkitMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
-    std::fprintf(stderr, "%s\n", qPrintable(message));
+    for (const QString& line : message.split(QLatin1Char('\n'))) {
+        std::fprintf(stderr, "%s\n", tavo::locale::MakeHarmless(line.toStdString()).c_str());
+    }
     if (type == QtFatalMsg) {
         std::fflush(stderr);
         std::_Exit(Refuse("the display cannot be reached. Start it from a desktop session, or check DISPLAY."));
@@ -63,7 +66,7 @@ int main(int argc, char** argv) {
     }
     const files::RootResult root = files::OpenDeviceRoot(files::RootEnvironment::OfProcess());
     if (!root.Root.has_value()) {
-        return Refuse(root.Problem.c_str());
+        return Refuse(root.Problem);
     }
     qInstallMessageHandler(TakeToolkitMessage);
     QApplication application(argc, argv);

@@ -61,6 +61,15 @@ TEST_F(LoginEntryTest, AnotherRootIsNamedAndWhatTheDesktopReadsSpeciallyIsMarked
     EXPECT_TRUE(Has(R"(Exec=env "TAVO_HOME=/home/\\$x" "/opt/a b/50%%/RSound")"));
 }
 
+TEST_F(LoginEntryTest, AFolderWithALineFeedAddsNoLine) {
+    for (const char* root : {"/home/x\nExec=/bin/evil", "/home/x\rExec=/bin/evil", "/home/\x1b[31m", "/home/\xFF"}) {
+        EXPECT_FALSE(Entry.SwitchOn("/opt/RSound", root));
+        EXPECT_FALSE(Entry.SwitchOn(std::string(root) + "/RSound", ""));
+        EXPECT_FALSE(Entry.IsDecided());
+    }
+    EXPECT_TRUE(Entry.SwitchOn("/opt/RSound", "/home/Kalender für Zoë"));
+}
+
 TEST_F(LoginEntryTest, WithoutAHomeFolderThereIsNothingToDecide) {
     const std::string home = Variable("HOME");
     unsetenv("XDG_CONFIG_HOME");

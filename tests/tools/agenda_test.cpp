@@ -95,7 +95,7 @@ TEST_F(Agenda, TimesOfZonesAreShownOnTheDevicesClock) {
 TEST_F(Agenda, ALineStaysALineWhateverTheSubjectHolds) {
     Import(MakeEvent("a", "DTSTART:20260314T090000\nSUMMARY:Tab\there\\nbreak\x1b[31m \xC2\x9Bred\n"));
     EXPECT_EQ(List("2026-03-14", "2026-03-14"),
-              "2026-03-14T09:00\t2026-03-14T09:00\tAppointment\t1\tTab here break [31m  red\n");
+              "2026-03-14T09:00\t2026-03-14T09:00\tAppointment\t1\tTab␉here␊break␛[31m �red\n");
 }
 
 TEST_F(Agenda, SubjectsComeOutAsUtf8) {

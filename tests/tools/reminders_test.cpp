@@ -147,7 +147,7 @@ TEST_F(Reminders, TheLogTellsWhatHappenedToEach) {
     happened(due, 2, 0);
     happened(due + 60, 3, due + 360);
     happened(due + 420, 5, 0);
-    const std::string end = "  Tra in (due " + Written(due) + ")\n";
+    const std::string end = "  Tra␊in (due " + Written(due) + ")\n";
     EXPECT_EQ(Device.Run({"reminders", "log"}).Output, Written(due) + "  shown" + end + Written(due + 60) +
                                                            "  snoozed until " + Written(due + 360) + end +
                                                            Written(due + 420) + "  answered" + end);
