@@ -95,6 +95,13 @@ void FillSingle(AppointmentData& record) {
     record.MonthOfYear = record.Start.Month;
 }
 
+// It stays a series, by a rule that nobody can say: taken for a single item, the next OK would clear its recurrence.
+void FillUnreadablePattern(AppointmentData& record) {
+    FillSingle(record);
+    record.RecurChoice = kChoiceCustom;
+    record.RecurType = kRecursForeign;
+}
+
 } // namespace
 
 void FillRecord(IAppointment& item, ILocale& locale, AppointmentData& record) {
@@ -108,11 +115,12 @@ void FillRecord(IAppointment& item, ILocale& locale, AppointmentData& record) {
     FillReminder(item, record);
     record.IsRecurring = Read(item, &IAppointment::get_IsRecurring);
     ComPtr<IRecurrencePattern> pattern;
-    if (record.IsRecurring && Succeeded(item.GetRecurrencePattern(pattern)) && pattern) {
+    if (!record.IsRecurring) {
+        FillSingle(record);
+    } else if (Succeeded(item.GetRecurrencePattern(pattern)) && pattern) {
         FillPattern(*pattern, record);
     } else {
-        record.IsRecurring = false; // a pattern that cannot be had is none
-        FillSingle(record);
+        FillUnreadablePattern(record);
     }
     record.IsPrivate = Read(item, &IAppointment::get_Sensitivity) != kSensitivityNormal;
     record.AllDay = Read(item, &IAppointment::get_AllDayEvent);

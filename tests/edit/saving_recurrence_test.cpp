@@ -1,5 +1,7 @@
 // The rule that each recurrence choice saves.
+#include "store/fill_record.h"
 #include "tests/edit/edit_desk.h"
+#include "tests/support/appointment_probe.h"
 
 #include <gtest/gtest.h>
 
@@ -138,6 +140,23 @@ TEST_F(SavingRecurrence, ACustomRuleSurvivesAChangeOfTheSubject) {
     EXPECT_EQ(after.Mask, before.Mask);
     EXPECT_EQ(after.End, before.End);
     EXPECT_FALSE(after.NoEnd);
+}
+
+TEST_F(SavingRecurrence, ASeriesWhosePatternCouldNotBeReadIsNotEndedByOk) {
+    const Oid oid = Desk.GivenSeries(u"Class", At(2026, 11, 18, 9, 0), At(2026, 11, 18, 10, 0), kRecursMonthly);
+    ComPtr<IAppointment> item;
+    ASSERT_EQ(Desk.State.Store.OutlookApp->GetItemFromOid(oid, item), Status::Ok);
+    AppointmentProbe probe(*item);
+    probe.PatternResult = Status::Fail; // while the record for the editor is made
+    AppointmentData record;
+    FillRecord(probe, Desk.Pump.Host().Locale(), record);
+    Desk.Subject(u"Course");
+    Desk.Ok();
+    EXPECT_EQ(Desk.Run(kModeAppointment, record), IDOK);
+    EXPECT_EQ(Desk.Read(oid).Subject, u"Course");
+    EXPECT_TRUE(Desk.Read(oid).IsRecurring);
+    EXPECT_EQ(Desk.ReadPattern(oid).Type, kRecursMonthly);
+    EXPECT_EQ(Desk.ReadPattern(oid).DayOfMonth, 18);
 }
 
 TEST_F(SavingRecurrence, AnotherStartMovesAStoredRuleOfTheList) {

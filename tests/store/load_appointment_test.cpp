@@ -152,7 +152,7 @@ TEST_F(LoadAppointment, AnySensitivityButTheNormalOneIsPrivate) {
     }
 }
 
-TEST_F(LoadAppointment, ASeriesWhosePatternCannotBeHadIsDescribedByItsStart) {
+TEST_F(LoadAppointment, ASeriesWhosePatternCannotBeHadStaysASeries) {
     const Oid oid = Device.GivenSeries(u"Standup", At(2004, 5, 20, 9, 0), At(2004, 5, 20, 9, 15), kRecursDaily);
     ComPtr<IAppointment> item;
     Put(Session.OutlookApp->GetItemFromOid(oid, item));
@@ -165,9 +165,9 @@ TEST_F(LoadAppointment, ASeriesWhosePatternCannotBeHadIsDescribedByItsStart) {
     FillRecord(probe, Device.Host.Locale(), record);
     EXPECT_EQ(record.Oid, oid);
     EXPECT_EQ(record.Subject, u"Standup");
-    EXPECT_FALSE(record.IsRecurring);
-    EXPECT_EQ(record.RecurChoice, 0);
-    EXPECT_EQ(record.RecurType, -1);
+    EXPECT_TRUE(record.IsRecurring);
+    EXPECT_EQ(record.RecurChoice, 8);
+    EXPECT_EQ(record.RecurType, 7);
     EXPECT_EQ(record.DayOfWeekMask, kThursday);
     EXPECT_EQ(record.Interval, 1);
     EXPECT_EQ(record.DayOfMonth, 20);
