@@ -65,7 +65,11 @@ WindowHandle KeyInput::Down(int key, int modifiers) {
         Navigation.RequestQuit();
         return WindowHandle::None;
     }
-    if (TakeForBoxOrMenu(key) || (key == VK_ESCAPE && Navigation.PressClose())) {
+    if (TakeForBoxOrMenu(key)) {
+        return WindowHandle::None;
+    }
+    if (key == VK_ESCAPE) {
+        (void)Navigation.PressEscape(); // with nothing to close it does nothing
         return WindowHandle::None;
     }
     if (TakeShortcut(key, modifiers, State.KeyTarget())) {
@@ -99,7 +103,8 @@ WindowHandle KeyInput::Character(char16_t character) {
 }
 
 void KeyInput::Unused(WindowHandle control, int key, int modifiers) {
-    if (key == VK_ESCAPE && Navigation.PressClose()) {
+    if (key == VK_ESCAPE) {
+        (void)Navigation.PressEscape(); // as above
         return;
     }
     if (const WindowRecord* record = State.Tree.Find(control); record != nullptr) {
@@ -113,7 +118,7 @@ bool KeyInput::TakeForBoxOrMenu(int key) {
             const bool asks = State.Menus.Boxes.back().Description.Buttons == MessageBoxButtons::YesNo;
             Navigation.AnswerBox(asks ? IDYES : IDOK);
         } else if (key == VK_ESCAPE) {
-            Navigation.PressClose();
+            (void)Navigation.PressEscape(); // a question stays
         }
         return true;
     }

@@ -26,7 +26,7 @@ void NavigationInput::PressOk() {
     State.Post({dialog->Handle, WM_COMMAND, IDOK, BN_CLICKED, kFromMenuOrKey, {}}, MessageOrigin::Person);
 }
 
-bool NavigationInput::PressClose() {
+bool NavigationInput::PressEscape() {
     if (!State.Menus.Boxes.empty()) {
         AnswerBox(IDOK); // with Yes and No there is no way around an answer
         return true;
@@ -41,6 +41,13 @@ bool NavigationInput::PressClose() {
     }
     if (const WindowHandle dialog = State.Tree.TopDialog(); dialog != WindowHandle::None) {
         State.Post({dialog, WM_COMMAND, IDCANCEL, BN_CLICKED, kFromMenuOrKey, {}}, MessageOrigin::Person);
+        return true;
+    }
+    return false;
+}
+
+bool NavigationInput::PressClose() {
+    if (PressEscape()) {
         return true;
     }
     if (const WindowHandle page = State.Tree.ShownPage(); page != WindowHandle::None) {
@@ -66,6 +73,7 @@ void NavigationInput::RequestClose() {
 }
 
 void NavigationInput::RequestQuit() {
+    QuitRequested = true;
     if (!State.Posted.Has(WM_QUERYENDSESSION)) {
         Message message;
         message.Window = State.Tree.Frame();
@@ -82,7 +90,7 @@ bool NavigationInput::ChooseCommand(int id) {
     bool canChoose = false;
     if (State.Menus.BarMenu) {
         const auto index = static_cast<std::size_t>(State.Menus.BarMenu->Index);
-        canChoose = CanChoose({bar->Menus[index]}, id);
+        canChoose = State.Menus.BarMenu->MenuBar == bar->Handle && CanChoose({bar->Menus[index]}, id);
     } else {
         for (const ButtonState& button : bar->Buttons) {
             canChoose = canChoose || (button.Button.Id == id && button.Enabled);

@@ -15,13 +15,19 @@ class NavigationInput {
 
     // "ok": WM_COMMAND IDOK to the dialog on top, when it has the button.
     void PressOk();
-    // × and Escape: IDCANCEL to the dialog on top, WM_CLOSE to a page. A menu or list that is open closes first, and
-    // that is all; a message box with a single button closes. False when there was nothing to close.
+    // IDCANCEL to the dialog on top. A menu or list that is open closes first, and that is all; a message box with a
+    // single button closes. False when there was nothing to close: it never puts the program into the background.
+    bool PressEscape();
+    // ×: as Escape, and WM_CLOSE to a page. False when there was nothing to close.
     bool PressClose();
     // The desktop window's own close button: as ×; with neither page nor dialog to close it quits.
     void RequestClose();
     // The person quits or the session ends: WM_QUERYENDSESSION to the main window, at most one pending.
     void RequestQuit();
+
+    // The end was asked for: whoever wants something of the program from now on wants it of the next one.
+    bool IsQuitRequested() const { return QuitRequested; }
+
     // A button of the shown menu bar, or an item of its open menu. False when it cannot be chosen.
     bool ChooseCommand(int id);
     // A menu of the shown bar is to open; it opens at the wait after the program had WM_INITMENUPOPUP. False when
@@ -36,6 +42,7 @@ class NavigationInput {
 
   private:
     Shell& State;
+    bool QuitRequested = false;
 };
 
 } // namespace tavo::shell

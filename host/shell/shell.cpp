@@ -98,6 +98,13 @@ void Shell::CloseMenu(int chosenCommand) {
     Report(Change::MenuClosed, WindowHandle::None);
 }
 
+void Shell::CloseStrayMenu() {
+    const MenuBarState* bar = ShownBar();
+    if (Menus.BarMenu && (bar == nullptr || bar->Handle != Menus.BarMenu->MenuBar)) {
+        CloseMenu(0);
+    }
+}
+
 WindowHandle Shell::KeyTarget() const {
     if (Focus != WindowHandle::None && TakesInput(Focus)) {
         return Focus;
@@ -131,6 +138,7 @@ void Shell::Invalidate(WindowHandle window) {
 void Shell::WatchTop() {
     if (const WindowHandle top = Tree.Top(); top != LastTop) {
         LastTop = top;
+        CloseStrayMenu();
         Report(Change::Top, top);
     }
 }

@@ -51,11 +51,13 @@ class Shell {
     void Notify(WindowHandle control, MessageNumber number, int code, MessageOrigin origin = MessageOrigin::Program);
     void CloseList();
     void CloseMenu(int chosenCommand);
+    // Closes the menu of a bar that is not the one on show any more: nothing could be chosen from it.
+    void CloseStrayMenu();
     // Where keys go that nothing else takes: the focus, else the control the program showed last, else the top window.
     WindowHandle KeyTarget() const;
     // The whole window is to be painted.
     void Invalidate(WindowHandle window);
-    // Reports when another page or dialog has come to the top since the last call.
+    // Reports when another page or dialog has come to the top since the last call; a menu of the one before closes.
     void WatchTop();
     // The bar of the window on top, or null.
     const MenuBarState* ShownBar() const;

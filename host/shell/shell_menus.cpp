@@ -16,6 +16,7 @@ WindowHandle ShellMenus::SHCreateMenuBar(WindowHandle parent, const std::vector<
     bar.Menus = menus;
     const WindowHandle handle = bar.Handle;
     State.Menus.Bars[handle] = std::move(bar);
+    State.CloseStrayMenu(); // the bar before this one is not shown any more
     State.Report(Change::MenuBar, handle);
     return handle;
 }

@@ -37,6 +37,7 @@ WindowHandle ShellWindows::CreateWindowExW(const WindowDescription& description)
 
 void ShellWindows::DestroyWindow(WindowHandle window) {
     if (State.Menus.Bars.erase(window) > 0) {
+        State.CloseStrayMenu();
         State.Report(Change::MenuBar, window);
         return;
     }
@@ -51,6 +52,7 @@ void ShellWindows::DestroyWindow(WindowHandle window) {
         State.Withdraw(gone);
         State.Timers.KillAll(gone);
         std::erase_if(State.Menus.Bars, [&](const auto& bar) { return bar.second.Parent == gone; });
+        State.CloseStrayMenu();
         State.Report(Change::Destroyed, gone);
         State.Tree.Remove(gone);
     }

@@ -227,10 +227,14 @@ TEST_F(MainView, RestoredFromTheBackgroundItShowsThePageItHad) {
     EXPECT_EQ(Page(), u"Settings");
 }
 
-TEST_F(MainView, EscapeOnAPageIsItsClose) {
-    Program.Device.Key(VK_ESCAPE);
-    ASSERT_TRUE(Program.Settle());
-    EXPECT_TRUE(Program.Device.Host().State.Minimized);
+TEST_F(MainView, EscapeOnAPageHidesNothing) {
+    for (const int page : {0, 1, 2, 3}) {
+        Program.ShowPage(page);
+        Program.Device.Key(VK_ESCAPE);
+        Program.Device.Key(VK_ESCAPE);
+        ASSERT_TRUE(Program.Settle());
+        EXPECT_FALSE(Program.Device.Host().State.Minimized) << page;
+    }
 }
 
 class RemindersSound : public MainView {

@@ -28,6 +28,15 @@ TEST_F(NavigationInputTest, WithNothingToCloseTheDesktopsCloseQuits) {
     EXPECT_EQ(Drain(), std::vector<Message>({{Frame, WM_QUERYENDSESSION, 0, 0, 0, {}}}));
 }
 
+TEST_F(NavigationInputTest, EscapeClosesDialogsButNoPage) {
+    EXPECT_FALSE(Navigation.PressEscape());
+    EXPECT_TRUE(Drain().empty());
+    const WindowHandle dialog = Make(WindowKind::Dialog, Page, {});
+    Drain();
+    EXPECT_TRUE(Navigation.PressEscape());
+    EXPECT_EQ(Drain(), std::vector<Message>({{dialog, WM_COMMAND, IDCANCEL, BN_CLICKED, 1, {}}}));
+}
+
 TEST_F(NavigationInputTest, DesktopsCloseShutsAMenuAndAsksThePage) {
     ASSERT_TRUE(Menus.TrackPopupMenu(Page, {}, {}, MenuAlign::Left));
     Navigation.RequestClose();
@@ -90,6 +99,45 @@ TEST_F(NavigationInputTest, MenuDoesNotOpenWhenADialogCameBetween) {
     Make(WindowKind::Dialog, Page, {});
     Drain();
     EXPECT_FALSE(State.Menus.IsMenuOpen());
+}
+
+// Its index would mean a menu of the other bar, or none at all.
+TEST_F(NavigationInputTest, MenuThatIsOpenClosesWhenAnotherBarComesOnShow) {
+    MakeBar();
+    ASSERT_TRUE(Navigation.OpenBarMenu(1));
+    Drain();
+    ASSERT_TRUE(State.Menus.BarMenu.has_value());
+    const WindowHandle other = Make(WindowKind::Dialog, Page, {});
+    EXPECT_FALSE(State.Menus.BarMenu.has_value()); // without a bar too
+    MenuItem only;
+    only.Id = 500;
+    Menus.SHCreateMenuBar(other, {only});
+    EXPECT_FALSE(Navigation.ChooseCommand(32901));
+    EXPECT_TRUE(Navigation.ChooseCommand(500));
+}
+
+TEST_F(NavigationInputTest, MenuThatIsOpenClosesWithItsBarOrItsWindow) {
+    const WindowHandle bar = MakeBar();
+    ASSERT_TRUE(Navigation.OpenBarMenu(1));
+    Drain();
+    Windows.DestroyWindow(bar);
+    EXPECT_FALSE(State.Menus.BarMenu.has_value());
+    EXPECT_FALSE(Navigation.ChooseCommand(32901));
+    MakeBar();
+    ASSERT_TRUE(Navigation.OpenBarMenu(1));
+    Drain();
+    Windows.DestroyWindow(Page);
+    EXPECT_FALSE(State.Menus.BarMenu.has_value());
+    EXPECT_FALSE(Navigation.ChooseCommand(32901));
+}
+
+TEST_F(NavigationInputTest, MenuThatIsOpenClosesWhenItsWindowGetsAnotherBar) {
+    MakeBar();
+    ASSERT_TRUE(Navigation.OpenBarMenu(0));
+    Drain();
+    Menus.SHCreateMenuBar(Page, {});
+    EXPECT_FALSE(State.Menus.BarMenu.has_value());
+    EXPECT_FALSE(Navigation.ChooseCommand(32900));
 }
 
 TEST_F(NavigationInputTest, BoxTakesOnlyAnswersThatItOffers) {
