@@ -156,16 +156,14 @@ bool CRecurrenceWizard::TakeKey(const Message& key) {
     if (key.Id != VK_RETURN) {
         return false;
     }
-    // On a button it presses that button; anywhere else it is OK.
+    // On Back and Next it presses that button.
     const WindowHandle focus = Host().Windows().GetFocus();
     const auto button =
         std::find_if(std::begin(kButtons), std::end(kButtons), [&](int id) { return Item(id) == focus; });
-    if (button == std::end(kButtons)) {
+    if (button == std::end(kButtons) || *button == IDCANCEL) {
         return false;
     }
-    if (*button == IDCANCEL) {
-        OnCancel();
-    } else if (*button == kWizardBack) {
+    if (*button == kWizardBack) {
         GoBack();
     } else {
         GoNext();

@@ -61,7 +61,13 @@ bool CDialog::TakeDialogKey(const Message& key) {
     if (key.Id != VK_RETURN) {
         return false;
     }
-    OnOK();
+    // Enter does what the button with the focus says; anywhere else it is OK.
+    const WindowHandle cancel = Item(IDCANCEL);
+    if (cancel != WindowHandle::None && Host().Windows().GetFocus() == cancel) {
+        OnCancel();
+    } else {
+        OnOK();
+    }
     return true;
 }
 

@@ -11,7 +11,14 @@ namespace tavo {
 
 namespace {
 
-const DialogTemplate kForm{100, u"About", {153, 170}, 8, {}};
+constexpr int kWord = 101;
+
+constexpr DialogItem kItems[] = {
+    {ControlKind::Edit, kWord, u"", Rect::FromSize(10, 10, 60, 12)},
+    {ControlKind::PushButton, IDOK, u"OK", Rect::FromSize(10, 40, 40, 14)},
+    {ControlKind::PushButton, IDCANCEL, u"Cancel", Rect::FromSize(60, 40, 40, 14)},
+};
+const DialogTemplate kForm{100, u"About", {153, 170}, 8, kItems};
 constexpr int kModify = 10;
 
 class PlainDialog : public CDialog {
@@ -19,6 +26,7 @@ class PlainDialog : public CDialog {
     explicit PlainDialog(CMessagePump& pump) : CDialog(pump, kForm) {}
 
     using CDialog::EndDialog;
+    using CFormWindow::Item;
 
     std::function<void()> OnOpen;
 
@@ -62,6 +70,16 @@ TEST_F(DialogTest, ReturnIsOkAndEscapeIsCancel) {
     EXPECT_EQ(Dialog.DoModal(), IDOK);
     Device.Key(VK_ESCAPE);
     EXPECT_EQ(Dialog.DoModal(), IDCANCEL);
+}
+
+TEST_F(DialogTest, ReturnOnCancelIsCancelAndAnywhereElseOk) {
+    for (const int control : {kWord, IDOK, IDCANCEL}) {
+        Dialog.OnOpen = [this, control] {
+            Device.Do([this, control] { Device.Host().Windows().SetFocus(Dialog.Item(control)); });
+            Device.Key(VK_RETURN);
+        };
+        EXPECT_EQ(Dialog.DoModal(), control == IDCANCEL ? IDCANCEL : IDOK) << control;
+    }
 }
 
 TEST_F(DialogTest, FirstResultCounts) {
