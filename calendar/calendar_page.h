@@ -57,11 +57,12 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
 
     // calendar_page_paint.cpp
     void PaintChrome();
-    void PaintHeader();
+    // Gives its text.
+    std::u16string PaintHeader();
     void PaintGrid();
     void PaintCell(int row, int column, const CalendarDate& today);
     void PaintGridLines();
-    void DeclareContents();
+    void DeclareContents(const std::u16string& header);
     std::u16string NameOfCell(std::size_t cell, const CalendarDate& date) const;
 
     // calendar_page_marks.cpp

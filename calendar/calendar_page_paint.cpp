@@ -42,17 +42,19 @@ void CCalendarPage::Paint() {
     if (FullPaint) {
         PaintChrome();
     }
-    PaintHeader();
+    const std::u16string header = PaintHeader();
     if (FullPaint && (MonthChanged || SelectionChanged)) {
         Host().Windows().SetCursor(Cursor::Wait);
         PaintGrid();
         if (MonthChanged) {
+            DeclareContents(header);
             PresentSurface(); // the bare grid shows before the marks
+            DropPainted();
         }
         MarkMonth();
         Host().Windows().SetCursor(Cursor::Arrow);
     }
-    DeclareContents();
+    DeclareContents(header);
     PresentSurface();
     if (DayListShown) {
         ShowItem(kCalendarScrollBar, true);
@@ -80,7 +82,7 @@ void CCalendarPage::PaintChrome() {
     }
 }
 
-void CCalendarPage::PaintHeader() {
+std::u16string CCalendarPage::PaintHeader() {
     Surface().FillRect(kHeaderArea, kPageBackground);
     const SYSTEMTIME date = MidnightOf(SelectedYear, SelectedMonth, SelectedDay);
     const std::u16string text =
@@ -91,8 +93,7 @@ void CCalendarPage::PaintHeader() {
     Surface().DrawBitmap(
         kBitmapToday, {kTodayButton.Left, kTodayButton.Top},
         Rect::FromSize(isPressed ? kTodayButton.Width() : 0, 0, kTodayButton.Width(), kTodayButton.Height()));
-    Declare({kHeaderText, PaintedRole::Header, text});
-    Declare({.Bounds = kTodayButton, .Role = PaintedRole::Button, .Name = u"Today", .Pressed = isPressed});
+    return text;
 }
 
 void CCalendarPage::PaintGrid() {
@@ -153,7 +154,12 @@ void CCalendarPage::PaintGridLines() {
     }
 }
 
-void CCalendarPage::DeclareContents() {
+void CCalendarPage::DeclareContents(const std::u16string& header) {
+    Declare({kHeaderText, PaintedRole::Header, header});
+    Declare({.Bounds = kTodayButton,
+             .Role = PaintedRole::Button,
+             .Name = u"Today",
+             .Pressed = TodayPressed && TodayTracking});
     for (int row = 0; row < kGridRows; ++row) {
         for (int column = 0; column < kGridColumns; ++column) {
             const auto cell = CellAt(row, column);
@@ -177,7 +183,9 @@ std::u16string CCalendarPage::NameOfCell(std::size_t cell, const CalendarDate& d
     std::u16string name = FormatText(u"%d-%02d-%02d", date.Year, date.Month, date.Day);
     std::u16string_view separator = u": ";
     for (const auto& [kind, word] : kKindWords) {
-        if ((CellKinds[cell] & KindBit(kind)) != 0) {
+        // A holiday that is something else too may show by its red number alone.
+        const bool isRed = kind == ItemKind::Holiday && RedNumbers.test(cell);
+        if (isRed || (CellKinds[cell] & KindBit(kind)) != 0) {
             name += separator;
             name += word;
             separator = u", ";

@@ -46,6 +46,7 @@ void RecordedDrawing::Present(WindowHandle window, const ISurface& surface, std:
     frame.Picture = recorded.Picture();
     frame.Items.assign(items.begin(), items.end());
     ++frame.Count;
+    frame.ItemCounts.push_back(items.size());
 }
 
 const Frame* RecordedDrawing::LastFrame(WindowHandle window) const {

@@ -15,6 +15,7 @@ struct Frame {
     PixelPicture Picture{Size{}};
     std::vector<PaintedItem> Items;
     int Count = 0; // how often the window was presented to
+    std::vector<std::size_t> ItemCounts; // how many items each of these times declared
 };
 
 class RecordedDrawing : public IDrawing {

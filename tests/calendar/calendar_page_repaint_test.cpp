@@ -42,6 +42,8 @@ class CalendarPageRepaint : public testing::Test {
         return item.has_value() && item->Pressed;
     }
 
+    const std::vector<std::size_t>& ItemsDeclared() const { return Program.Device.See.LastFrame()->ItemCounts; }
+
     int TimesPresented() const { return Program.Device.See.LastFrame()->Count; }
 
     std::vector<Cursor>& Cursors() { return Program.Device.Host().Seen.Cursors; }
@@ -84,6 +86,16 @@ TEST_F(CalendarPageRepaint, ATapPresentsOnceAndAnotherMonthTwice) {
     before = TimesPresented();
     Press(VK_RIGHT); // the bare grid, and the grid with its marks
     EXPECT_EQ(TimesPresented(), before + 2);
+}
+
+TEST_F(CalendarPageRepaint, CellsTabsAndButtonsStayDeclaredWhileTheMonthChanges) {
+    Open();
+    const std::size_t before = ItemsDeclared().size();
+    Press(VK_RIGHT);
+    ASSERT_EQ(ItemsDeclared().size(), before + 2);
+    for (std::size_t time = before; time < before + 2; ++time) {
+        EXPECT_EQ(ItemsDeclared()[time], 48U); // the header, Today, six weeks and four tabs
+    }
 }
 
 TEST_F(CalendarPageRepaint, AHeaderTapShowsTheStoreAsItIsAtTheNextPaint) {

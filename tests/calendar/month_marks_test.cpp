@@ -87,7 +87,7 @@ TEST_F(MonthMarks, AnAlarmThatIsAHolidayTooShowsTheBlueMarkAndARedNumber) {
     Program.State().Categories.AlarmList.Append(oid);
     Program.State().Categories.HolidayList.Append(oid);
     Program.ShowPage(2);
-    EXPECT_EQ(Program.CellName(1, 3), u"2004-05-05: alarm");
+    EXPECT_EQ(Program.CellName(1, 3), u"2004-05-05: alarm, holiday"); // what the red number says
     EXPECT_EQ(MarkAt(1, 3, kAlarmAt), kBlue);
     EXPECT_EQ(MarkAt(1, 3, kHolidayAt), kWhite);
     EXPECT_EQ(Program.NumberIn(1, 3).Ink, kRed);
