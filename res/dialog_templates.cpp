@@ -12,7 +12,7 @@ constexpr Size kPageExtent{159, 110};
 constexpr DialogItem kAboutItems[] = {
     {ControlKind::Label, kStaticText, u"Tavo Calendar Version 1.00", Rect::FromSize(31, 20, 103, 8)},
     {ControlKind::Label, kStaticText, u"Calendar, alarms and ink memos", Rect::FromSize(31, 32, 109, 8)},
-    {ControlKind::Label, kStaticText, u"on Pocket Outlook", Rect::FromSize(31, 46, 88, 8)},
+    {ControlKind::Label, kStaticText, u"kept on this device", Rect::FromSize(31, 46, 88, 8)},
     {ControlKind::Label, kStaticText,
      u"(If you find any problem, suggestion\n  on this product, please send email\n  to us.  Thank you.)",
      Rect::FromSize(11, 86, 123, 36)},

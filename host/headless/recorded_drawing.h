@@ -14,7 +14,7 @@ struct Frame {
     Transcript Calls; // on its surface since that was presented before
     PixelPicture Picture{Size{}};
     std::vector<PaintedItem> Items;
-    int Count = 0; // how often the window was presented to
+    int Count = 0;                       // how often the window was presented to
     std::vector<std::size_t> ItemCounts; // how many items each of these times declared
 };
 
