@@ -1,6 +1,8 @@
 // A lock of the process: it goes with it, and the system tells others who holds it.
 #include "companion/companion_lock.h"
 
+#include "host/files/private_file.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -8,7 +10,7 @@ namespace tavo::companion {
 
 CompanionLock::CompanionLock(const std::string& runFolder) {
     (void)mkdir(runFolder.c_str(), 0700); // when it is missing and cannot be made, opening the file tells
-    files::FileDescriptor file(open((runFolder + "/RSound.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    files::FileDescriptor file = files::OpenOrMakeFile(runFolder + "/RSound.lock");
 
     struct flock lock {};
 

@@ -1,7 +1,7 @@
 // What may stand in a path of the device.
 #include "host/files/device_path.h"
 
-#include "host/files/replace_file.h"
+#include "host/files/private_file.h"
 #include "host/locale/utf.h"
 
 #include <algorithm>

@@ -1,6 +1,8 @@
 // Finds and makes the device's root folder.
 #include "host/files/device_root.h"
 
+#include "host/files/private_file.h"
+
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -80,6 +82,33 @@ std::string DescribeFailure(const std::string& folder, int error) {
     }
 }
 
+// In single quotes, so that it can be pasted into a shell.
+std::string QuoteForShell(const std::string& text) {
+    std::string quoted = "'";
+    for (const char letter : text) {
+        quoted += letter == '\'' ? std::string("'\\''") : std::string(1, letter);
+    }
+    return quoted + "'";
+}
+
+// What is wrong with a folder into which others could put files; "" when they cannot.
+std::string DescribeExposure(const std::string& folder) {
+    constexpr const char* kElse = ", or set TAVO_HOME to a folder of your own.";
+    switch (LookAtFolder(folder)) {
+    case FolderKeeping::OfSomebodyElse:
+        return "The folder " + folder + " belongs to someone else; have it given to you (chown)" + kElse;
+    case FolderKeeping::OpenToOthers:
+        return "Others may write to the folder " + folder + "; close it to them with: chmod go-w " +
+               QuoteForShell(folder) + kElse;
+    default:
+        return {};
+    }
+}
+
+RootResult Refuse(const std::string& problem) {
+    return {std::nullopt, problem};
+}
+
 } // namespace
 
 RootEnvironment RootEnvironment::OfProcess() {
@@ -89,21 +118,26 @@ RootEnvironment RootEnvironment::OfProcess() {
 RootResult OpenDeviceRoot(const RootEnvironment& environment) {
     const std::string path = ChoosePath(environment);
     if (path.empty())
-        return {std::nullopt,
-                "There is no home folder to keep the calendar in; set HOME, or TAVO_HOME to a folder of your own."};
+        return Refuse(
+            "There is no home folder to keep the calendar in; set HOME, or TAVO_HOME to a folder of your own.");
     std::string failed;
     if (const int error = MakeFolders(path, failed); error != 0)
-        return {std::nullopt, DescribeFailure(failed, error)};
+        return Refuse(DescribeFailure(failed, error));
     const std::unique_ptr<char, void (*)(void*)> real(realpath(path.c_str(), nullptr), std::free);
     if (!real)
-        return {std::nullopt, DescribeFailure(path, errno)};
+        return Refuse(DescribeFailure(path, errno));
     DeviceRoot root(real.get());
     // A folder that can be read only is no reason to refuse: the store tells what it cannot do.
     if (access(real.get(), R_OK | X_OK) != 0)
-        return {std::nullopt, DescribeFailure(path, errno)};
+        return Refuse(DescribeFailure(path, errno));
+    // Before anything is made in it.
+    if (const std::string exposure = DescribeExposure(root.Path()); !exposure.empty())
+        return Refuse(exposure);
     for (const std::string& folder : {root.DocumentsFolder(), root.WindowsFolder(), root.RunFolder()})
         if (const int error = MakeFolders(folder, failed); error != 0)
-            return {std::nullopt, DescribeFailure(failed, error)};
+            return Refuse(DescribeFailure(failed, error));
+    if (const std::string exposure = DescribeExposure(root.RunFolder()); !exposure.empty())
+        return Refuse(exposure);
     return {std::move(root), {}};
 }
 

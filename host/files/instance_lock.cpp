@@ -1,6 +1,7 @@
 // Two bytes of one lock file: the window's, which only a program takes, and the data file's, which a tool takes too.
 #include "host/files/instance_lock.h"
 
+#include "host/files/private_file.h"
 #include "host/files/replace_file.h"
 
 #include <array>
@@ -95,7 +96,7 @@ bool IsTaken(int error) {
 
 FileDescriptor OpenLock(const std::string& runFolder) {
     (void)mkdir(runFolder.c_str(), 0700); // when it is missing and cannot be made, opening the file tells
-    return FileDescriptor(open(LockPath(runFolder).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    return OpenOrMakeFile(LockPath(runFolder));
 }
 
 } // namespace

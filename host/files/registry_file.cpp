@@ -1,13 +1,12 @@
 // The registry's calls on its text file.
 #include "host/files/registry_file.h"
 
-#include "host/files/file_descriptor.h"
+#include "host/files/private_file.h"
 #include "host/files/replace_file.h"
 
 #include <cerrno>
 #include <exception>
 
-#include <fcntl.h>
 #include <sys/file.h>
 
 namespace tavo::files {
@@ -21,7 +20,7 @@ constexpr std::string_view kHeading =
 
 // Held while it lives; a file system without locks is used without.
 FileDescriptor LockForChange(const std::string& path) {
-    FileDescriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    FileDescriptor file = OpenOrMakeFile(path);
     while (file && flock(file.Get(), LOCK_EX) != 0 && errno == EINTR) {
     }
     return file;

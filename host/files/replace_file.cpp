@@ -1,13 +1,13 @@
 // Write beside, synchronise, rename.
 #include "host/files/replace_file.h"
 
-#include "host/files/file_descriptor.h"
+#include "host/files/private_file.h"
 
-#include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <ctime>
 #include <memory>
+#include <string_view>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -17,19 +17,11 @@ namespace tavo::files {
 
 namespace {
 
-constexpr mode_t kPrivateFile = 0600;
 constexpr std::time_t kUnfinishedAge = 3600; // seconds after which nobody can still be writing
 
-std::string FolderOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos)
-        return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
-}
-
 // Success when nothing is there or a regular file that may be read and written.
-ErrorCode CheckReplaceable(const std::string& path) {
-    const FileDescriptor file(open(path.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
+ErrorCode CheckReplaceable(const FileDescriptor& folder, const std::string& name) {
+    const FileDescriptor file(openat(folder.Get(), name.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
     if (!file)
         return errno == ENOENT ? ErrorCode::Success : ErrorCodeOf(errno);
 
@@ -40,17 +32,9 @@ ErrorCode CheckReplaceable(const std::string& path) {
     return S_ISREG(state.st_mode) ? ErrorCode::Success : ErrorCode::AccessDenied;
 }
 
-FileDescriptor CreateBeside(const std::string& folder, std::string& path) {
-    static std::atomic<unsigned> counter{0};
-    constexpr int kMostTries = 1000; // names left behind by a killed process of the same number
-    for (int attempt = 0; attempt < kMostTries; ++attempt) {
-        path = folder + '/' + std::string(kUnfinishedPrefix) + std::to_string(getpid()) + '-' +
-               std::to_string(counter.fetch_add(1));
-        FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kPrivateFile));
-        if (file || errno != EEXIST)
-            return file;
-    }
-    return FileDescriptor();
+ErrorCode Sync(const FileDescriptor& folder) {
+    // Some file systems keep their names safe without being asked and refuse the request.
+    return fsync(folder.Get()) != 0 && errno != EINVAL ? ErrorCodeOf(errno) : ErrorCode::Success;
 }
 
 ErrorCode WriteAndSync(FileDescriptor& file, std::span<const std::uint8_t> bytes) {
@@ -102,23 +86,26 @@ ErrorCode ErrorCodeOf(int errnoValue) {
 
 ErrorCode ReplaceFile(const std::string& path, std::span<const std::uint8_t> bytes,
                       const std::function<ErrorCode()>& beforeRename) {
-    if (const ErrorCode error = CheckReplaceable(path); error != ErrorCode::Success)
+    const FileDescriptor folder = OpenFolder(FolderOf(path));
+    if (!folder)
+        return ErrorCodeOf(errno);
+    const std::string name = path.substr(path.rfind('/') + 1);
+    if (const ErrorCode error = CheckReplaceable(folder, name); error != ErrorCode::Success)
         return error;
-    const std::string folder = FolderOf(path);
     std::string unfinished;
-    FileDescriptor file = CreateBeside(folder, unfinished);
+    FileDescriptor file = MakeUnfinished(folder, unfinished);
     if (!file)
         return ErrorCodeOf(errno);
     ErrorCode error = WriteAndSync(file, bytes);
     if (error == ErrorCode::Success && beforeRename)
         error = beforeRename();
-    if (error == ErrorCode::Success && std::rename(unfinished.c_str(), path.c_str()) != 0)
+    if (error == ErrorCode::Success && renameat(folder.Get(), unfinished.c_str(), folder.Get(), name.c_str()) != 0)
         error = ErrorCodeOf(errno);
     if (error != ErrorCode::Success) {
-        (void)unlink(unfinished.c_str()); // the first failure is the one to tell
+        (void)unlinkat(folder.Get(), unfinished.c_str(), 0); // the first failure is the one to tell
         return error;
     }
-    return SyncFolder(folder);
+    return Sync(folder);
 }
 
 ErrorCode ReadFile(const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes) {
@@ -151,13 +138,8 @@ ErrorCode ReadFile(const std::string& path, std::size_t limit, std::vector<std::
 }
 
 ErrorCode SyncFolder(const std::string& folder) {
-    const FileDescriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!opened)
-        return ErrorCodeOf(errno);
-    // Some file systems keep their names safe without being asked and refuse the request.
-    if (fsync(opened.Get()) != 0 && errno != EINVAL)
-        return ErrorCodeOf(errno);
-    return ErrorCode::Success;
+    const FileDescriptor opened = OpenFolder(folder);
+    return opened ? Sync(opened) : ErrorCodeOf(errno);
 }
 
 void RemoveUnfinished(const std::string& folder) {

@@ -8,13 +8,9 @@
 #include <functional>
 #include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace tavo::files {
-
-// An unfinished replacement is written under a name with this beginning.
-inline constexpr std::string_view kUnfinishedPrefix = ".~tavo-";
 
 // The device's code for an `errno`.
 ErrorCode ErrorCodeOf(int errnoValue);

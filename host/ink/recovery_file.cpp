@@ -1,6 +1,8 @@
 // A head, then records one after another: the whole page, strokes added to it, the stroke being drawn.
 #include "host/ink/recovery_file.h"
 
+#include "host/files/private_file.h"
+
 #include <array>
 #include <cerrno>
 #include <utility>
@@ -80,9 +82,11 @@ bool RecoveryFile::Open() {
     if (mkdir(Folder.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
         return false;
     }
-    for (int number = 1; number < kMaxNames; ++number) {
-        OwnPath = Folder + "/" + NameFor(Begun, number);
-        files::FileDescriptor made(open(OwnPath.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    const files::FileDescriptor folder = files::OpenFolder(Folder);
+    for (int number = 1; folder && number < kMaxNames; ++number) {
+        const std::string name = NameFor(Begun, number);
+        OwnPath = Folder + "/" + name;
+        files::FileDescriptor made = files::MakeFile(folder, name);
         if (!made && errno != EEXIST) {
             return false;
         }

@@ -1,9 +1,11 @@
 // Strokes as filled outlines.
 #include "host/qt/ink_export.h"
 
+#include "host/files/replace_file.h"
 #include "host/ink/paper_view.h"
 #include "host/ink/stroke_shape.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QImage>
 #include <QPageSize>
@@ -76,7 +78,7 @@ bool DrawVector(QPainter& painter, const std::vector<ink::PlacedStroke>& strokes
     return painter.end();
 }
 
-bool WriteSvg(const std::vector<ink::PlacedStroke>& strokes, QSizeF size, QFile& file, const QString& title) {
+bool WriteSvg(const std::vector<ink::PlacedStroke>& strokes, QSizeF size, QIODevice& file, const QString& title) {
     QSvgGenerator generator;
     generator.setOutputDevice(&file);
     generator.setTitle(title);
@@ -87,7 +89,7 @@ bool WriteSvg(const std::vector<ink::PlacedStroke>& strokes, QSizeF size, QFile&
     return DrawVector(painter, strokes, 1);
 }
 
-bool WritePdf(const std::vector<ink::PlacedStroke>& strokes, QSizeF size, QFile& file, const QString& title) {
+bool WritePdf(const std::vector<ink::PlacedStroke>& strokes, QSizeF size, QIODevice& file, const QString& title) {
     QPdfWriter writer(&file);
     writer.setTitle(title);
     writer.setResolution(kVectorDotsPerInch);
@@ -97,7 +99,7 @@ bool WritePdf(const std::vector<ink::PlacedStroke>& strokes, QSizeF size, QFile&
     return DrawVector(painter, strokes, static_cast<double>(kVectorDotsPerInch) / kDotsPerInch);
 }
 
-bool WritePng(const std::vector<ink::PlacedStroke>& strokes, QSizeF size, QFile& file) {
+bool WritePng(const std::vector<ink::PlacedStroke>& strokes, QSizeF size, QIODevice& file) {
     const double longest = std::max(size.width(), size.height());
     const double scale = std::min(static_cast<double>(kPictureScale), kMaxSide / longest);
     QImage image((size * scale).toSize(), QImage::Format_RGB32);
@@ -146,8 +148,8 @@ void DrawStrokes(QPainter& painter, const std::vector<ink::PlacedStroke>& stroke
 
 bool ExportStrokes(const std::vector<ink::PlacedStroke>& strokes, ExportFormat format, const QString& path,
                    const QString& title) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+    QBuffer file;
+    if (!file.open(QIODevice::WriteOnly)) {
         return false;
     }
     const QSizeF size = PaperSizeFor(strokes);
@@ -163,8 +165,11 @@ bool ExportStrokes(const std::vector<ink::PlacedStroke>& strokes, ExportFormat f
         isDrawn = WritePdf(strokes, size, file, title);
         break;
     }
-    file.close(); // a generator may have closed it before
-    return isDrawn && file.error() == QFileDevice::NoError;
+    // A link that lies under the name is not followed: in a folder of many it may be somebody else's.
+    const QByteArray& bytes = file.buffer();
+    const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.constData());
+    return isDrawn && files::ReplaceFile(QFile::encodeName(path).toStdString(),
+                                         {first, static_cast<std::size_t>(bytes.size())}) == ErrorCode::Success;
 }
 
 } // namespace tavo::qt

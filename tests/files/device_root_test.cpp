@@ -87,6 +87,46 @@ TEST(DeviceRoot, WithoutPermissionASentenceNamesTheFolder) {
               0);
 }
 
+TEST(DeviceRoot, ARootThatOthersMayWriteIsRefusedBeforeAnythingIsMadeInIt) {
+    const TemporaryFolder folder;
+    const std::string root = folder / "it's mine";
+    std::filesystem::create_directory(root);
+    for (const mode_t mode : {0770, 0777, 01777}) {
+        ASSERT_EQ(chmod(root.c_str(), mode), 0);
+        const RootResult result = OpenDeviceRoot({root, "", ""});
+        EXPECT_FALSE(result.Root);
+        EXPECT_EQ(result.Problem, "Others may write to the folder " + root + "; close it to them with: chmod go-w '" +
+                                      (folder / "it'\\''s mine") + "', or set TAVO_HOME to a folder of your own.");
+        EXPECT_TRUE(folder.NamesIn("it's mine").empty());
+    }
+    ASSERT_EQ(chmod(root.c_str(), 0755), 0); // others may look
+    EXPECT_TRUE(OpenDeviceRoot({root, "", ""}).Root);
+}
+
+TEST(DeviceRoot, ARunFolderThatOthersMayWriteIsRefused) {
+    const TemporaryFolder folder;
+    const std::string run = OpenDeviceRoot({folder / "root", "", ""}).Root->RunFolder();
+    ASSERT_EQ(chmod(run.c_str(), 0777), 0);
+    const RootResult result = OpenDeviceRoot({folder / "root", "", ""});
+    EXPECT_FALSE(result.Root);
+    EXPECT_THAT(result.Problem, HasSubstr("close it to them with: chmod go-w '" + run + "'"));
+}
+
+TEST(DeviceRoot, ARootOfSomebodyElseIsRefused) {
+    const TemporaryFolder folder;
+    std::string root = "/usr"; // the administrator's
+    if (geteuid() == 0) {
+        root = folder / "root";
+        std::filesystem::create_directory(root);
+        ASSERT_EQ(chown(root.c_str(), 65534, 65534), 0);
+    }
+    const RootResult result = OpenDeviceRoot({root, "", ""});
+    EXPECT_FALSE(result.Root);
+    EXPECT_EQ(result.Problem, "The folder " + root +
+                                  " belongs to someone else; have it given to you (chown), or set TAVO_HOME to a "
+                                  "folder of your own.");
+}
+
 TEST(DeviceRoot, AFileInTheWayIsNamedAndLeftAlone) {
     const TemporaryFolder folder;
     folder.Put("root/Windows", "a file");

@@ -170,6 +170,16 @@ TEST(InstanceLock, WithoutPermissionTheCauseIsTold) {
               0);
 }
 
+TEST(InstanceLock, ALinkUnderItsNameIsNotFollowed) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder / "Run");
+    std::filesystem::create_symlink(folder / "elsewhere", folder / "Run/Instance.lock");
+    InstanceLock lock(folder / "Run");
+    EXPECT_EQ(lock.Acquire(InstanceRole::Program, kNoPatience), LockOutcome::Failed);
+    EXPECT_EQ(lock.Problem(), ErrorCode::AccessDenied);
+    EXPECT_FALSE(folder.Has("elsewhere"));
+}
+
 TEST(InstanceLock, ARequestWakesTheFirstAndBringsItsToken) {
     const TemporaryFolder folder;
     InstanceLock lock(folder.Path());

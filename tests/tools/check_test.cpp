@@ -32,6 +32,20 @@ TEST_F(Check, ASoundCalendarIsStatusZero) {
     EXPECT_THAT(result.Output, Not(HasSubstr("What to do")));
 }
 
+TEST_F(Check, AFolderThatOthersMayWriteIsRefusedAndSaysHowToCloseIt) {
+    MakeStore();
+    std::filesystem::permissions(Device.Home(), std::filesystem::perms::all);
+    for (const char* command : {"check", "agenda"}) {
+        const CommandResult refused = Device.Run({command});
+        EXPECT_EQ(refused.Status, 1);
+        EXPECT_EQ(refused.Errors, "tavo: Others may write to the folder " + Device.Home().string() +
+                                      "; close it to them with: chmod go-w '" + Device.Home().string() +
+                                      "', or set TAVO_HOME to a folder of your own.\n");
+    }
+    std::filesystem::permissions(Device.Home(), std::filesystem::perms(0755));
+    EXPECT_EQ(Device.Run({"check"}).Status, 0);
+}
+
 TEST_F(Check, NoCalendarYetIsNothingWrong) {
     const CommandResult result = Device.Run({"check"});
     EXPECT_EQ(result.Status, 0) << result.Output;

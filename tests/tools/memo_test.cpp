@@ -85,6 +85,19 @@ TEST_F(Memo, IsExportedAtTheSizeOfItsPaper) {
                 AllOf(StartsWith("%PDF-"), HasSubstr("/MediaBox [0 0 170.000000 201.000000]"))); // whole points
 }
 
+TEST_F(Memo, AnExportReplacesItsFileAndFollowsNoLink) {
+    WriteMemo("20041103_171005.pwi", Ink());
+    Device.WriteFile("victim", "kept");
+    const std::string first = Export("svg");
+    EXPECT_EQ(Export("svg"), first); // over the file of before
+    const fs::path file = Device.Place("out") / "20041103_171005.svg";
+    fs::remove(file);
+    fs::create_symlink(Device.Place("victim"), file);
+    const CommandResult result = Device.Run({"memo", "export", "--all", "--to", Device.Place("out").string()});
+    EXPECT_EQ(result.Status, 1);
+    EXPECT_EQ(ReadWhole(Device.Place("victim")), "kept");
+}
+
 TEST_F(Memo, ForeignOnesAreNamedAndTheOthersGoOn) {
     WriteMemo("20041103_171005.pwi", Ink());
     WriteMemo("20041102_171005.pwi", {'x'});
