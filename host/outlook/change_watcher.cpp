@@ -43,7 +43,7 @@ Status ChangeWatcher::Start() {
         return Status::Fail;
     }
     // The log comes and goes and a restored backup is another file: the folder stays.
-    const std::filesystem::path folder = std::filesystem::absolute(State->Source->Core().Path).parent_path();
+    const std::filesystem::path folder = AbsolutePath(State->Source->Core().Path).parent_path();
     if (inotify_add_watch(State->Notifier, folder.c_str(), IN_MODIFY | IN_MOVED_TO | IN_CREATE) < 0) {
         close(State->Notifier);
         State->Notifier = -1;

@@ -1,6 +1,8 @@
 // SQLite calls and their failures.
 #include "host/outlook/database.h"
 
+#include "host/outlook/row_sum.h"
+
 #include <cerrno>
 
 namespace tavo::outlook {
@@ -59,7 +61,11 @@ Status Database::Open(const std::string& uri, int flags, int lockPatience) {
     }
     sqlite3_extended_result_codes(Handle, 1);
     sqlite3_busy_timeout(Handle, lockPatience);
-    return Status::Ok;
+    // Whoever made the file may have written more into its schema than we did: that runs nothing, and no statement
+    // changes the schema behind SQLite's back.
+    sqlite3_db_config(Handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(Handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    return AddRowSum(Handle);
 }
 
 void Database::Close() {
@@ -78,10 +84,6 @@ Status Database::LastStatus() const {
 
 bool Database::InTransaction() const {
     return sqlite3_get_autocommit(Handle) == 0;
-}
-
-std::int64_t Database::CountChanges() const {
-    return sqlite3_changes64(Handle);
 }
 
 Query::Query(Database& database, const char* sql) : Owner(database) {

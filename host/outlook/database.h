@@ -25,15 +25,11 @@ class Database {
     Status Open(const std::string& uri, int flags, int lockPatience);
     void Close();
 
-    bool IsOpen() const { return Handle != nullptr; }
-
     // Runs statements that give no rows.
     Status Run(const char* sql);
     // The result of the last call on the connection as a status.
     Status LastStatus() const;
     bool InTransaction() const;
-
-    std::int64_t CountChanges() const;
 
     sqlite3* Raw() const { return Handle; }
 

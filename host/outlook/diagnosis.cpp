@@ -2,11 +2,14 @@
 #include "host/outlook/diagnosis.h"
 
 #include "host/outlook/item_image.h"
+#include "host/outlook/row_sum.h"
 #include "host/outlook/save_rules.h"
 #include "host/outlook/schema.h"
 #include "host/outlook/store.h"
 #include "host/outlook/store_core.h"
 
+#include <algorithm>
+#include <array>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
@@ -48,6 +51,11 @@ Diagnosis Describe(Verdict state) {
         return {state, "The disk with the store is full.", "Make room on it and try again; nothing was lost.", {}};
     case Verdict::Unreadable:
         return {state, "The store file cannot be read.", "Make the file and its folder readable for you.", {}};
+    case Verdict::Exposed:
+        return {state,
+                "The folder of the store belongs to someone else, or others may write there.",
+                "Make the folder yours (chown) and close it to others (chmod go-w).",
+                {}};
     }
     return {};
 }
@@ -76,6 +84,21 @@ Verdict VerdictOf(Status status) {
     }
 }
 
+std::string DescribeChangedRow(std::string_view table, const std::string& key) {
+    if (table == "zone") {
+        return "The time zone " + key + " has changed by itself: a bit of it flipped on the disk.";
+    }
+    if (table == "journal_change") {
+        return "Step " + key + " of undo has changed by itself: a bit of it flipped on the disk.";
+    }
+    const std::string part = table == "item"        ? "a text or time of it"
+                             : table == "ink"       ? "its note"
+                             : table == "exception" ? "an occurrence of it"
+                                                    : "its recurrence";
+    return "Item " + key + " is not as it was saved: " + part +
+           " has changed by itself on the disk. Look it over and save it again.";
+}
+
 // The full check of an open store: SQLite's own, references, then the rules that hold between the tables.
 class FullCheck {
   public:
@@ -88,6 +111,9 @@ class FullCheck {
         }
         if (Succeeded(status)) {
             status = CheckTables();
+        }
+        if (Succeeded(status)) {
+            status = CheckSums();
         }
         if (Succeeded(status)) {
             status = CheckItems();
@@ -159,6 +185,29 @@ class FullCheck {
         return Status::Ok;
     }
 
+    // A bit that flipped where SQLite cannot see it: within a text or a number.
+    Status CheckSums() {
+        Query version(Core.Db, "PRAGMA user_version");
+        if (version.Next() && version.Small(0) < kSummedVersion) {
+            return Status::Ok; // it is brought forward when the program starts
+        }
+        static const std::array<std::string, kSummedTables.size()> statements = [] {
+            std::array<std::string, kSummedTables.size()> made;
+            std::transform(kSummedTables.begin(), kSummedTables.end(), made.begin(), SqlToFindChanged);
+            return made;
+        }();
+        for (std::size_t index = 0; index < statements.size(); ++index) {
+            Query query(Core.Db, statements[index].c_str());
+            while (query.Next()) {
+                Find(DescribeChangedRow(kSummedTables[index].Name, std::string(query.Text(0))));
+            }
+            if (Failed(query.Result())) {
+                return query.Result();
+            }
+        }
+        return Status::Ok;
+    }
+
     Status CheckItems() {
         Query query(Core.Db, "SELECT oid FROM item");
         while (query.Next()) {
@@ -204,7 +253,7 @@ bool IsNearlyFull(const std::filesystem::path& path) {
 
 // What a start of the program would meet, looked for without starting it.
 Verdict FindObstacle(const std::filesystem::path& path, int lockPatience) {
-    const std::filesystem::path folder = std::filesystem::absolute(path).parent_path();
+    const std::filesystem::path folder = AbsolutePath(path).parent_path();
     if (access(path.c_str(), W_OK) != 0 || access(folder.c_str(), W_OK) != 0) {
         return Verdict::ReadOnly;
     }
@@ -229,6 +278,9 @@ Verdict FindObstacle(const std::filesystem::path& path, int lockPatience) {
 } // namespace
 
 Diagnosis DiagnoseStore(const std::filesystem::path& path, CheckDepth depth, int lockPatience) {
+    if (IsFolderExposed(path)) {
+        return Describe(Verdict::Exposed);
+    }
     StoreOptions options;
     options.Rights = Access::ReadOnly;
     options.LockPatience = lockPatience;

@@ -73,10 +73,6 @@ Status ImportWriter::DefineZone(const std::string& name, const std::string& comp
     return status;
 }
 
-bool ImportWriter::KnowsZone(const std::string& name) {
-    return State->ZoneNames.contains(name) || State->Core.Zones.RulesByName(name) != nullptr;
-}
-
 // Remembers the exceptions that came by themselves: those not offered again go at the end.
 void ImportWriter::Work::ExpectExceptions(const StoredItem& stored) {
     for (const StoredException& exception : stored.Exceptions) {

@@ -34,8 +34,6 @@ class ImportWriter {
     Status Begin(std::u16string_view groupName);
     // Makes a zone known that the time zone database may not have. `component` is the whole VTIMEZONE text.
     Status DefineZone(const std::string& name, const std::string& component);
-    // False when neither the time zone database nor DefineZone knows it.
-    bool KnowsZone(const std::string& name);
     // By its UID the item is new, changed since it was last imported, or unchanged (also when it was edited here
     // since). An item without a UID is always new.
     Status Write(const StoredItem& item, ImportOutcome& outcome);

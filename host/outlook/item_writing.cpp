@@ -11,12 +11,14 @@ namespace {
 
 constexpr char kInsert[] =
     "INSERT INTO item(uid, source, start, length, zone, zone_start, zone_length, flags, busy, sensitivity,"
-    " reminder_minutes, reminder_options, reminder_sound, subject, location, categories, body, oid)"
-    " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)";
+    " reminder_minutes, reminder_options, reminder_sound, subject, location, categories, body, oid, sum)"
+    " VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, ?14, ?15, ?16, ?17, ?18,"
+    " row_sum(?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, ?14, ?15, ?16, ?17, ?18))";
 constexpr char kUpdate[] =
-    "UPDATE item SET uid = ?, source = ?, start = ?, length = ?, zone = ?, zone_start = ?, zone_length = ?, flags = ?,"
-    " busy = ?, sensitivity = ?, reminder_minutes = ?, reminder_options = ?, reminder_sound = ?, subject = ?,"
-    " location = ?, categories = ?, body = ? WHERE oid = ?";
+    "UPDATE item SET uid = ?1, source = ?2, start = ?3, length = ?4, zone = ?5, zone_start = ?6, zone_length = ?7,"
+    " flags = ?8, busy = ?9, sensitivity = ?10, reminder_minutes = ?11, reminder_options = ?12, reminder_sound = ?13,"
+    " subject = ?14, location = ?15, categories = ?16, body = ?17,"
+    " sum = row_sum(?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, ?14, ?15, ?16, ?17, ?18) WHERE oid = ?18";
 
 Query& BindOptional(Query& query, const std::optional<std::string>& text) {
     return text ? query.Bind(std::string_view(*text)) : query.BindNull();
@@ -80,8 +82,9 @@ Status ItemTable::WriteRow(const char* sql, const StoredItem& item, ZoneId zone,
 Status ItemTable::WriteSeries(const SeriesRow& row, const StoredItem& item) {
     const StoredPattern& pattern = item.Pattern;
     Query query(Source, "INSERT INTO series(oid, first, first_length, until, start, length, zone, type, interval, mask,"
-                        " day, instance, month, end_kind, occurrences, last_day, has_exceptions)"
-                        " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+                        " day, instance, month, end_kind, occurrences, last_day, has_exceptions, sum)"
+                        " VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, ?14, ?15, ?16, ?17,"
+                        " row_sum(?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, ?14, ?15, ?16, ?17))");
     query.Bind(row.Item).Bind(row.First).Bind(row.FirstLength).Bind(row.Until).Bind(row.Start).Bind(row.Length);
     if (row.Zone == kFloating) {
         query.BindNull();
@@ -98,8 +101,8 @@ Status ItemTable::WriteExceptions(const StoredItem& item) {
     for (const StoredException& exception : item.Exceptions) {
         const std::optional<std::string> subject = OptionalUtf8(exception.Subject);
         const std::optional<std::string> location = OptionalUtf8(exception.Location);
-        Query query(Source, "INSERT INTO exception(oid, original, kind, start, length, subject, location, source)"
-                            " VALUES (?, ?, ?, ?, ?, ?, ?, ?)");
+        Query query(Source, "INSERT INTO exception(oid, original, kind, start, length, subject, location, source, sum)"
+                            " VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, row_sum(?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8))");
         query.Bind(item.Item).Bind(exception.Original).Bind(static_cast<std::int64_t>(exception.Kind));
         query.Bind(exception.Start).Bind(exception.End - exception.Start);
         BindOptional(query, subject);
@@ -116,8 +119,8 @@ Status ItemTable::WriteInk(Oid oid, std::span<const std::uint8_t> ink) {
         Query remove(Source, "DELETE FROM ink WHERE oid = ?");
         return remove.Bind(oid).Finish();
     }
-    Query write(Source,
-                "INSERT INTO ink(oid, data) VALUES (?, ?) ON CONFLICT (oid) DO UPDATE SET data = excluded.data");
+    Query write(Source, "INSERT INTO ink(oid, data, sum) VALUES (?1, ?2, row_sum(?1, ?2))"
+                        " ON CONFLICT (oid) DO UPDATE SET data = excluded.data, sum = excluded.sum");
     return write.Bind(oid).Bind(ink).Finish();
 }
 
@@ -130,7 +133,7 @@ Status ItemTable::WriteParts(const StoredItem& item, const SeriesRow& series) {
     }
     Status status = WriteSeries(series, item);
     if (Succeeded(status) && item.Pattern.Type == kRecursForeign) {
-        Query rule(Source, "INSERT INTO foreign_rule(oid, rule) VALUES (?, ?)");
+        Query rule(Source, "INSERT INTO foreign_rule(oid, rule, sum) VALUES (?1, ?2, row_sum(?1, ?2))");
         status = rule.Bind(item.Item).Bind(item.ForeignRule).Finish();
     }
     return Succeeded(status) ? WriteExceptions(item) : status;

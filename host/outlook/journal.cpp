@@ -40,8 +40,8 @@ Status Journal::Write(ChangeKind kind, Oid first, Oid last, std::span<const std:
             return status;
         }
     }
-    Query query(Source, "INSERT INTO journal_change(group_id, step, kind, oid, last_oid, image)"
-                        " VALUES (?, ?, ?, ?, ?, ?)");
+    Query query(Source, "INSERT INTO journal_change(group_id, step, kind, oid, last_oid, image, sum)"
+                        " VALUES (?1, ?2, ?3, ?4, ?5, ?6, row_sum(?1, ?2, ?3, ?4, ?5, ?6))");
     query.Bind(GroupId).Bind(NextStep++).Bind(static_cast<std::int64_t>(kind)).Bind(first).Bind(last);
     return query.Bind(image).Finish();
 }

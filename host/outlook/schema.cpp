@@ -1,6 +1,8 @@
 // Tables of the store, each version's steps, and the check that a file has them.
 #include "host/outlook/schema.h"
 
+#include "host/outlook/row_sum.h"
+
 #include <string>
 
 namespace tavo::outlook {
@@ -191,6 +193,16 @@ CREATE TABLE ledger_log(
 CREATE INDEX item_reminder ON item((flags & 4), reminder_minutes, start) WHERE flags & 2;
 )sql";
 
+// Checksums of rows.
+std::string ToVersion4() {
+    std::string steps;
+    for (const SummedTable& table : kSummedTables) {
+        steps += std::string("ALTER TABLE ") + table.Name + " ADD COLUMN sum INTEGER NOT NULL DEFAULT 0;";
+        steps += SqlToSum(table);
+    }
+    return steps;
+}
+
 // Asks every table that a file of a version must have for a row: finds a missing one and a damaged first page.
 constexpr const char* kTouchVersion1 =
     "SELECT (SELECT 1 FROM setting LIMIT 1), (SELECT 1 FROM change_count LIMIT 1), (SELECT 1 FROM zone LIMIT 1),"
@@ -201,6 +213,10 @@ constexpr const char* kTouchVersion1 =
 constexpr const char* kTouchVersion2 = "SELECT (SELECT position FROM request LIMIT 1), (SELECT source FROM exception "
                                        "LIMIT 1), (SELECT 1 FROM ledger LIMIT 1)";
 constexpr const char* kTouchVersion3 = "SELECT (SELECT shows FROM ledger LIMIT 1), (SELECT 1 FROM ledger_log LIMIT 1)";
+constexpr const char* kTouchVersion4 =
+    "SELECT (SELECT sum FROM item LIMIT 1), (SELECT sum FROM series LIMIT 1), (SELECT sum FROM foreign_rule LIMIT 1),"
+    " (SELECT sum FROM exception LIMIT 1), (SELECT sum FROM ink LIMIT 1), (SELECT sum FROM zone LIMIT 1),"
+    " (SELECT sum FROM journal_change LIMIT 1)";
 
 // Turns the pragma with its number into one statement.
 Status SetNumber(Database& database, const char* pragma, std::int32_t number) {
@@ -257,7 +273,8 @@ Status CreateSchema(Database& database) {
     if (const Status status = SetNumber(database, "application_id", kApplicationId); Failed(status)) {
         return status;
     }
-    return BringForward(database, [](std::int64_t) { return std::string(kVersion1) + kToVersion2 + kToVersion3; });
+    return BringForward(database,
+                        [](std::int64_t) { return std::string(kVersion1) + kToVersion2 + kToVersion3 + ToVersion4(); });
 }
 
 Status ReadSchema(Database& database, std::int32_t& version) {
@@ -284,6 +301,9 @@ Status ReadSchema(Database& database, std::int32_t& version) {
     if (Succeeded(status) && version >= 3) {
         status = Touch(database, kTouchVersion3);
     }
+    if (Succeeded(status) && version >= 4) {
+        status = Touch(database, kTouchVersion4);
+    }
     return OursButDamaged(status);
 }
 
@@ -295,6 +315,9 @@ Status MigrateSchema(Database& database) {
         }
         if (version < 3) {
             steps += kToVersion3;
+        }
+        if (version < 4) {
+            steps += ToVersion4();
         }
         return steps;
     });

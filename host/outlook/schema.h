@@ -9,7 +9,10 @@
 namespace tavo::outlook {
 
 constexpr std::int32_t kApplicationId = 0x5461766F; // "Tavo"
-constexpr std::int32_t kSchemaVersion = 3;
+constexpr std::int32_t kSchemaVersion = 4;
+constexpr std::int32_t kSummedVersion = 4; // from here on rows carry their checksums
+// From here on who only reads finds all it needs in its place.
+constexpr std::int32_t kReadableVersion = 3;
 
 // Stands for "after every time there is" in the end of an endless series.
 constexpr std::int64_t kForever = std::numeric_limits<std::int64_t>::max();

@@ -26,7 +26,7 @@ bool IsDiskFull(const std::filesystem::path& path) {
 
 // SQLite reports some failures of a full disk without the system's reason.
 Status ExplainFailure(Status status, const std::filesystem::path& path) {
-    return status == Status::Fail && IsDiskFull(std::filesystem::absolute(path)) ? Status::DiskFull : status;
+    return status == Status::Fail && IsDiskFull(AbsolutePath(path)) ? Status::DiskFull : status;
 }
 
 Status OpenForWriting(StoreCore& core, const StoreOptions& options) {
@@ -67,7 +67,7 @@ Status OpenForReading(StoreCore& core, const StoreOptions& options, bool hasLog)
 }
 
 Status Migrate(StoreCore& core, const FileFacts& facts) {
-    if (facts.Version == kSchemaVersion) {
+    if (facts.Version == kSchemaVersion || (!core.CanWrite && facts.Version >= kReadableVersion)) {
         return Status::Ok;
     }
     return core.CanWrite ? MigrateSchema(core.Db) : Status::AccessDenied;
@@ -76,6 +76,9 @@ Status Migrate(StoreCore& core, const FileFacts& facts) {
 // A reader leaves the file alone whatever it does, so one connection both looks and reads.
 Status InspectAndOpen(StoreCore& core, const StoreOptions& options, FileFacts& facts) {
     const bool reads = options.Rights == Access::ReadOnly;
+    if (IsFolderExposed(core.Path)) {
+        return Status::AccessDenied;
+    }
     Status status = reads ? InspectHeader(core.Path, facts) : InspectStoreFile(core.Path, options.LockPatience, facts);
     if (status == Status::NotFound && !reads) {
         status = CreateStoreFile(core.Path);
@@ -104,8 +107,17 @@ Status Store::SetDeviceZone(const std::string& zone) {
     return Pointer->SetDeviceZone(zone);
 }
 
-bool Store::EndedUncleanly() const {
-    return Pointer->EndedUncleanly;
+std::optional<std::int64_t> Store::LastFullCheck() {
+    Query query(Pointer->Db, "SELECT value FROM setting WHERE name = 'full_check'");
+    return query.Next() ? std::optional(query.Integer(0)) : std::nullopt;
+}
+
+Status Store::NoteFullCheck(std::int64_t when) {
+    return Pointer->RunQuietly([this, when] {
+        Query note(Pointer->Db, "INSERT INTO setting(name, value) VALUES ('full_check', ?)"
+                                " ON CONFLICT (name) DO UPDATE SET value = excluded.value");
+        return note.Bind(when).Finish();
+    });
 }
 
 Status Store::ReadItem(Oid oid, StoredItem& item) {
@@ -130,9 +142,12 @@ Status OpenStore(const std::filesystem::path& path, const StoreOptions& options,
     if (Failed(status)) {
         return ExplainFailure(status, path);
     }
-    core->EndedUncleanly = facts.LeftUnclosed;
+    const bool wantsCheck = facts.LeftUnclosed && core->CanWrite;
     (void)core->TakeForeignItemChange(); // from here on changes count
     store = std::make_shared<Store>(std::move(core));
+    if (wantsCheck) {
+        (void)store->NoteFullCheck(0); // not noted, the next night comes
+    }
     return Status::Ok;
 }
 

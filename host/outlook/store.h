@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace tavo::outlook {
@@ -34,8 +35,10 @@ class Store {
 
     // Times of zoned items follow the device into another zone; one transaction, no step of undo.
     Status SetDeviceZone(const std::string& zone);
-    // The process that had the store last did not close it: time for a full check.
-    bool EndedUncleanly() const;
+    // When the last full check was noted, in seconds since 1970. 0: one is wanted at once, as a process that had the
+    // store did not close it. Nothing: never.
+    std::optional<std::int64_t> LastFullCheck();
+    Status NoteFullCheck(std::int64_t when);
 
     // One item with everything (ink included); NotFound when it is gone.
     Status ReadItem(Oid oid, struct StoredItem& item);

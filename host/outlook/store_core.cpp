@@ -2,10 +2,24 @@
 #include "host/outlook/store_core.h"
 
 #include <algorithm>
+#include <exception>
 #include <limits>
 #include <utility>
 
 namespace tavo::outlook {
+
+namespace {
+
+// Without memory a change ends like any that fails: nothing of it stays.
+Status RunGuarded(const std::function<Status()>& change) {
+    try {
+        return change();
+    } catch (const std::exception&) {
+        return Status::OutOfMemory; // the store throws nothing of its own
+    }
+}
+
+} // namespace
 
 StoreCore::~StoreCore() {
     if (HasBegun()) {
@@ -23,6 +37,7 @@ Status StoreCore::BeginGroup(std::u16string_view name) {
     if (const Status status = BeginTransaction(); Failed(status)) {
         return status;
     }
+    TakeStoredZone(); // the news of another one may still be on its way
     ResetGroup();
     GroupOpen = true;
     Changes.OpenGroup(name);
@@ -137,7 +152,7 @@ Status StoreCore::RunChange(std::u16string_view name, const std::function<Status
     const Journal::Mark mark = Changes.SetMark();
     Status status = Db.Run("SAVEPOINT change");
     if (Succeeded(status)) {
-        status = change();
+        status = RunGuarded(change);
     }
     if (Failed(status)) {
         ++OwnChanges;
@@ -164,7 +179,7 @@ Status StoreCore::RunQuietly(const std::function<Status()>& work) {
             return status;
         }
     }
-    Status status = work();
+    Status status = RunGuarded(work);
     if (alone && Succeeded(status)) {
         const Status committed = Db.Run("COMMIT");
         status = Failed(committed) ? committed : status;
@@ -306,7 +321,28 @@ bool StoreCore::TakeForeignItemChange() {
     const bool changed = ForeignChange || (KnownItemCount >= 0 && items != KnownItemCount);
     ForeignChange = false;
     KnownItemCount = items;
+    if (changed) {
+        TakeStoredZone();
+    }
     return changed;
+}
+
+// Another process may have taken the device into another zone: from then on the times in the store are that one's.
+void StoreCore::TakeStoredZone() {
+    std::string stored;
+    if (Failed(ReadStoredZone(stored))) {
+        return; // the next change asks again
+    }
+    const std::string name = stored.substr(0, stored.find(' '));
+    if (!name.empty() && name != Zones.DeviceName() && Zones.SetDevice(name)) {
+        ++OwnChanges; // what was worked out in the old zone is not right any more
+    }
+}
+
+Status StoreCore::ReadStoredZone(std::string& stored) {
+    Query query(Db, "SELECT value FROM setting WHERE name = 'device_zone'");
+    stored = query.Next() ? query.Text(0) : std::string_view();
+    return query.Result();
 }
 
 Status StoreCore::SetDeviceZone(const std::string& name) {
@@ -316,12 +352,8 @@ Status StoreCore::SetDeviceZone(const std::string& name) {
     }
     const std::string mark = name + " " + ReadZoneDatabaseRelease();
     std::string stored;
-    {
-        Query query(Db, "SELECT value FROM setting WHERE name = 'device_zone'");
-        stored = query.Next() ? query.Text(0) : std::string_view();
-        if (Failed(query.Result())) {
-            return query.Result();
-        }
+    if (const Status status = ReadStoredZone(stored); Failed(status)) {
+        return status;
     }
     if (stored == mark) {
         return Status::Ok;

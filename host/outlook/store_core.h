@@ -91,13 +91,13 @@ class StoreCore {
 
     // How often items, or the ledger, were changed by anybody since the store was made.
     Status ReadChangeCounts(std::int64_t& items, std::int64_t& ledger);
-    // True once after another process changed items: compares the count with what this connection did itself.
+    // True once after another process changed items: compares the count with what this connection did itself. Follows
+    // the device into another zone, if that was the change.
     bool TakeForeignItemChange();
 
     std::filesystem::path Path;
     std::optional<OpenFileMark> OpenMark; // outlives the connection
     bool CanWrite = true;
-    bool EndedUncleanly = false;
     Database Db;
     ZoneCache Zones;
     ItemTable Items;
@@ -109,6 +109,8 @@ class StoreCore {
     Status BeginTransaction();
     Status StopReading();
     void ResetGroup();
+    void TakeStoredZone();
+    Status ReadStoredZone(std::string& stored);
     Status TakeOid(Oid& oid);
     Status SaveNextOid();
     Status CountItemChange();

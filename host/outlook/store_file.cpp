@@ -1,6 +1,7 @@
 // Looking at a store file from outside.
 #include "host/outlook/store_file.h"
 
+#include "host/files/private_file.h"
 #include "host/outlook/schema.h"
 
 #include <array>
@@ -45,36 +46,19 @@ Status StatusFromErrno(int error) {
     }
 }
 
-// Closes with the scope.
-class FileDescriptor {
-  public:
-    explicit FileDescriptor(int number) : Number(number) {}
-
-    ~FileDescriptor() {
-        if (Number >= 0) {
-            close(Number);
-        }
-    }
-
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-
-    const int Number;
-};
-
 Status CheckHeader(const std::filesystem::path& path) {
-    const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)); // a pipe must not stop us
+    const files::FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)); // a pipe must not stop us
 
     struct stat facts {};
 
-    if (file.Number < 0 || fstat(file.Number, &facts) != 0) {
+    if (!file || fstat(file.Get(), &facts) != 0) {
         return StatusFromErrno(errno);
     }
     if (!S_ISREG(facts.st_mode)) {
         return Status::NotOurs;
     }
     Header header{};
-    const ssize_t got = pread(file.Number, header.data(), header.size(), 0);
+    const ssize_t got = pread(file.Get(), header.data(), header.size(), 0);
     if (got < 0) {
         return StatusFromErrno(errno);
     }
@@ -126,7 +110,7 @@ struct OpenFiles {
 constexpr off_t kLogUserByte = 128;
 
 bool IsLogInUse(const std::filesystem::path& shared) {
-    const FileDescriptor file(open(shared.c_str(), O_RDWR | O_CLOEXEC));
+    const files::FileDescriptor file(open(shared.c_str(), O_RDWR | O_CLOEXEC));
 
     struct flock lock {};
 
@@ -134,18 +118,13 @@ bool IsLogInUse(const std::filesystem::path& shared) {
     lock.l_whence = SEEK_SET;
     lock.l_start = kLogUserByte;
     lock.l_len = 1;
-    return file.Number >= 0 && fcntl(file.Number, F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+    return file && fcntl(file.Get(), F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
 }
 
 std::filesystem::path Beside(const std::filesystem::path& path, const char* suffix) {
     std::filesystem::path beside = path;
     beside += suffix;
     return beside;
-}
-
-Status SyncFolder(const std::filesystem::path& folder) {
-    const FileDescriptor descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    return descriptor.Number >= 0 && fsync(descriptor.Number) == 0 ? Status::Ok : StatusFromErrno(errno);
 }
 
 // Every missing folder on the way, each for its owner only.
@@ -178,9 +157,20 @@ Status BuildStore(const std::filesystem::path& path) {
 
 } // namespace
 
+std::filesystem::path AbsolutePath(const std::filesystem::path& path) {
+    std::error_code error;
+    std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return error ? path : absolute;
+}
+
+bool IsFolderExposed(const std::filesystem::path& path) {
+    const files::FolderKeeping keeping = files::LookAtFolder(AbsolutePath(path).parent_path().string());
+    return keeping == files::FolderKeeping::OfSomebodyElse || keeping == files::FolderKeeping::OpenToOthers;
+}
+
 std::string StoreUri(const std::filesystem::path& path, const char* parameters) {
     std::string uri = "file:";
-    for (const char c : std::filesystem::absolute(path).string()) {
+    for (const char c : AbsolutePath(path).string()) {
         constexpr char kHex[] = "0123456789ABCDEF";
         if (c == '?' || c == '#' || c == '%') {
             const auto byte = static_cast<unsigned char>(c);
@@ -241,27 +231,35 @@ Status InspectStoreFile(const std::filesystem::path& path, int lockPatience, Fil
 }
 
 Status CreateStoreFile(const std::filesystem::path& path) {
-    const std::filesystem::path folder = std::filesystem::absolute(path).parent_path();
-    if (const Status status = MakeFolders(folder); Failed(status)) {
+    const std::filesystem::path place = AbsolutePath(path);
+    if (const Status status = MakeFolders(place.parent_path()); Failed(status)) {
         return status;
     }
-    const std::filesystem::path draft = Beside(path, (".new" + std::to_string(getpid())).c_str());
-    {
-        const FileDescriptor file(open(draft.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0600));
-        if (file.Number < 0) {
-            return StatusFromErrno(errno);
-        }
+    const files::FileDescriptor folder = files::OpenFolder(place.parent_path().string());
+    if (!folder) {
+        return StatusFromErrno(errno);
     }
-    Status status = BuildStore(draft);
-    if (Succeeded(status) && link(draft.c_str(), path.c_str()) != 0 && errno != EEXIST) {
+    if (files::LookAtFolder(folder) != files::FolderKeeping::Ours) {
+        return Status::AccessDenied;
+    }
+    std::string draft;
+    if (!files::MakeUnfinished(folder, draft, ".db")) {
+        return StatusFromErrno(errno);
+    }
+    const std::string name = place.filename().string();
+    Status status = BuildStore(place.parent_path() / draft);
+    if (Succeeded(status) && linkat(folder.Get(), draft.c_str(), folder.Get(), name.c_str(), 0) != 0 &&
+        errno != EEXIST) {
         // A file system without links: take the name if it is still free.
-        status = access(path.c_str(), F_OK) == 0 || rename(draft.c_str(), path.c_str()) == 0 ? Status::Ok
-                                                                                             : StatusFromErrno(errno);
+        const bool isTaken = faccessat(folder.Get(), name.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0;
+        status = isTaken || renameat(folder.Get(), draft.c_str(), folder.Get(), name.c_str()) == 0
+                     ? Status::Ok
+                     : StatusFromErrno(errno);
     }
     for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
-        unlink(Beside(draft, suffix).c_str());
+        (void)unlinkat(folder.Get(), (draft + suffix).c_str(), 0); // most were never made
     }
-    return Succeeded(status) ? SyncFolder(folder) : status;
+    return Failed(status) || fsync(folder.Get()) == 0 ? status : StatusFromErrno(errno);
 }
 
 } // namespace tavo::outlook

@@ -38,8 +38,15 @@ Status InspectHeader(const std::filesystem::path& path, FileFacts& facts);
 // AccessDenied, Locked, or Ok. A file that this process has open is Ok.
 Status InspectStoreFile(const std::filesystem::path& path, int lockPatience, FileFacts& facts);
 
+// In a working folder that is gone, the path as it is.
+std::filesystem::path AbsolutePath(const std::filesystem::path& path);
+
+// Whether the store's folder belongs to someone else or others may write to it: they could exchange the store, or plant
+// a log that is played into it. Not of a folder that is missing.
+bool IsFolderExposed(const std::filesystem::path& path);
+
 // Makes the folder (0700) and a new, empty store (0600) that appears under its name only when it is complete.
-// Ok also when another process was faster.
+// Ok also when another process was faster. AccessDenied in a folder into which others can put files.
 Status CreateStoreFile(const std::filesystem::path& path);
 
 // The form of a path that SQLite opens, with parameters.

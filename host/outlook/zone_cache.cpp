@@ -61,7 +61,7 @@ Status ZoneCache::FindOrAdd(const std::string& name, ZoneId& zone) {
     if (RulesByName(name) == nullptr) {
         return Status::InvalidArgument;
     }
-    Query add(Source, "INSERT INTO zone(name) VALUES (?)");
+    Query add(Source, "INSERT INTO zone(name, sum) VALUES (?1, row_sum(?1, NULL))");
     const Status status = add.Bind(name).Finish();
     zone = sqlite3_last_insert_rowid(Source.Raw());
     return status;
@@ -88,7 +88,7 @@ Status ZoneCache::Define(const std::string& name, const std::string& component, 
         if (Failed(find.Result())) {
             return find.Result();
         }
-        Query add(Source, "INSERT INTO zone(name, component) VALUES (?, ?)");
+        Query add(Source, "INSERT INTO zone(name, component, sum) VALUES (?1, ?2, row_sum(?1, ?2))");
         return add.Bind(storedName).Bind(component).Finish();
     }
 }

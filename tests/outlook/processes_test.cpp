@@ -252,7 +252,7 @@ TEST_F(Processes, KilledInTheMiddleOfATransactionLeavesWhatWasThereBefore) {
     victim->Kill();
     EXPECT_EQ(victim->Wait(), 128 + 9);
     Reopen();
-    EXPECT_TRUE(Store->EndedUncleanly());
+    EXPECT_EQ(Store->LastFullCheck(), 0);
     EXPECT_THAT(WalkOids(*Items()), ElementsAre(1));
     EXPECT_EQ(Read(1).Subject, u"Before");
     EXPECT_EQ(DiagnoseStore(File, CheckDepth::Full).State, Verdict::Ok);

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <new>
 
 namespace tavo::outlook::test {
 
@@ -28,6 +29,26 @@ class Undo : public StoreTest {
         return restored;
     }
 };
+
+TEST_F(Undo, AChangeThatRunsOutOfMemoryLeavesNothingOfItself) {
+    const Oid kept = Add("2026-05-04 10:00", "2026-05-04 11:00", u"Kept");
+    StoreCore& core = Store->Core();
+    const auto fail = [&]() -> Status {
+        EXPECT_EQ(core.DeleteItem(kept), Status::Ok);
+        throw std::bad_alloc();
+    };
+    EXPECT_EQ(core.RunChange(u"Alone", fail), Status::OutOfMemory);
+    EXPECT_FALSE(core.Db.InTransaction());
+    EXPECT_EQ(Read(kept).Subject, u"Kept");
+    ASSERT_EQ(App->Begin(u"Group"), Status::Ok);
+    const Oid other = Add("2026-05-05 10:00", "2026-05-05 11:00", u"In the group");
+    EXPECT_EQ(core.RunChange(u"Within", fail), Status::OutOfMemory);
+    ASSERT_EQ(App->End(), Status::Ok); // the rest of the group stands
+    EXPECT_EQ(Read(kept).Subject, u"Kept");
+    EXPECT_EQ(Read(other).Subject, u"In the group");
+    EXPECT_EQ(core.RunQuietly([]() -> Status { throw std::bad_alloc(); }), Status::OutOfMemory);
+    EXPECT_FALSE(core.Db.InTransaction());
+}
 
 TEST_F(Undo, NothingToTakeBackIsNotFound) {
     std::u16string name;

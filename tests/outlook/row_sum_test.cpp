@@ -1,0 +1,150 @@
+// A bit that flips in what is stored is noticed by the full check.
+#include "host/outlook/diagnosis.h"
+#include "host/outlook/row_sum.h"
+#include "host/outlook/store_core.h"
+#include "tests/outlook/store_fixture.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <set>
+
+namespace tavo::outlook::test {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+class RowSum : public StoreTest {
+  protected:
+    // One item of every sort, a zone that came along, a note, and steps of undo.
+    void Fill() {
+        Plain = Add("2026-05-01 09:00", "2026-05-01 10:00", u"The dentist in the Main Street");
+        const ComPtr<IAppointment> item = Get(Plain);
+        EXPECT_EQ(item->put_BodyInk(std::vector<std::uint8_t>(5000, 7)), Status::Ok);
+        EXPECT_EQ(item->Save(), Status::Ok);
+        StoredItem series = MakeItem("uid-series", "2026-05-04 10:00", "2026-05-04 11:00", u"Moved once");
+        series.Zone = "Europe/Berlin";
+        series.ZoneStart = series.Start;
+        series.ZoneEnd = series.End;
+        series.Pattern = Weekly(2);
+        StoredException moved;
+        moved.Original = At("2026-05-11 10:00");
+        moved.Kind = ExceptionKind::Moved;
+        moved.Start = At("2026-05-12 10:00");
+        moved.End = At("2026-05-12 11:00");
+        moved.Subject = u"On Tuesday";
+        series.Exceptions.push_back(moved);
+        Series = Import(series);
+        StoredItem foreign = MakeItem("uid-foreign", "2026-05-04 12:00", "2026-05-04 13:00");
+        foreign.Pattern.Type = kRecursForeign;
+        foreign.ForeignRule = "RRULE:FREQ=MONTHLY;BYDAY=1MO,3MO";
+        Foreign = Import(foreign);
+    }
+
+    Diagnosis Check() {
+        App.Reset();
+        Store.reset();
+        return DiagnoseStore(File, CheckDepth::Full);
+    }
+
+    void Run(const std::string& sql) { EXPECT_EQ(Store->Core().Db.Run(sql.c_str()), Status::Ok) << sql; }
+
+    Oid Plain = 0;
+    Oid Series = 0;
+    Oid Foreign = 0;
+};
+
+TEST_F(RowSum, WhateverWasWrittenIsAsItWasSaved) {
+    Fill();
+    ASSERT_EQ(Get(Add("2026-05-02 09:00", "2026-05-02 10:00"))->Delete(), Status::Ok);
+    std::vector<Oid> restored;
+    ASSERT_EQ(App->Undo(restored), Status::Ok);
+    ASSERT_EQ(Store->SetDeviceZone("Asia/Tokyo"), Status::Ok);
+    const Diagnosis found = Check();
+    EXPECT_EQ(found.State, Verdict::Ok);
+    EXPECT_THAT(found.Findings, IsEmpty());
+}
+
+TEST_F(RowSum, ABitThatFlippedInATextOnTheDiskIsNamedWithItsItem) {
+    Add("2026-05-01 09:00", "2026-05-01 10:00", u"The dentist in the Main Street");
+    App.Reset();
+    Store.reset();
+    std::string bytes = BytesOf(File);
+    const std::size_t at = bytes.find("dentist in the Main");
+    ASSERT_NE(at, std::string::npos);
+    ASSERT_EQ(bytes.find("dentist in the Main", at + 1), std::string::npos);
+    bytes[at] = static_cast<char>(bytes[at] ^ 1); // "eentist"
+    std::ofstream(File, std::ios::binary) << bytes;
+    const Diagnosis found = Check();
+    EXPECT_EQ(found.State, Verdict::Damaged);
+    EXPECT_THAT(found.Findings, ElementsAre("Item 1 is not as it was saved: a text or time of it has changed by itself "
+                                            "on the disk. Look it over and save it again."));
+}
+
+TEST_F(RowSum, AChangedRowOfEveryTableIsFound) {
+    struct Flip {
+        const char* Sql;
+        const char* Words;
+    };
+
+    constexpr Flip kFlips[] = {
+        {"UPDATE item SET zone_start = zone_start | 1 << 9 WHERE oid = 2", "Item 2 is not as it was saved: a text"},
+        {"UPDATE item SET reminder_minutes = 4 WHERE oid = 1", "Item 1 is not as it was saved: a text"},
+        {"UPDATE item SET body = 'x' WHERE oid = 3", "Item 3 is not as it was saved: a text"},
+        {"UPDATE series SET interval = 3 WHERE oid = 2", "Item 2 is not as it was saved: its recurrence"},
+        {"UPDATE foreign_rule SET rule = replace(rule, '3MO', '2MO')", "Item 3 is not as it was saved: its recurrence"},
+        {"UPDATE exception SET start = start + 64", "Item 2 is not as it was saved: an occurrence"},
+        {"UPDATE ink SET data = zeroblob(5000)", "Item 1 is not as it was saved: its note"},
+        {"UPDATE zone SET name = 'Europe/Merlin'", "The time zone 1 has changed by itself"},
+        {"UPDATE journal_change SET image = x'00' WHERE group_id = 2", "Step 2 of undo has changed by itself"},
+    };
+    for (const Flip& flip : kFlips) {
+        Fill();
+        ASSERT_EQ(Foreign, 3);
+        Run(flip.Sql);
+        const Diagnosis found = Check();
+        EXPECT_EQ(found.State, Verdict::Damaged) << flip.Sql;
+        EXPECT_THAT(found.Findings, Contains(HasSubstr(flip.Words))) << flip.Sql;
+        std::filesystem::remove(File);
+        Reopen();
+    }
+}
+
+TEST_F(RowSum, SavingTheItemAgainMakesItGood) {
+    Fill();
+    Run("UPDATE item SET subject = 'The dentisu' WHERE oid = 1");
+    const ComPtr<IAppointment> item = Get(Plain);
+    ASSERT_EQ(item->put_Subject(u"The dentist"), Status::Ok);
+    ASSERT_EQ(item->Save(), Status::Ok);
+    EXPECT_EQ(Check().State, Verdict::Ok);
+}
+
+TEST_F(RowSum, TheKindOfAValueCountsToo) {
+    Query sums(Store->Core().Db, "SELECT row_sum('1', 2), row_sum(1, 2), row_sum(12), row_sum(1, 2, NULL), row_sum()");
+    ASSERT_TRUE(sums.Next());
+    std::set<std::int64_t> different;
+    for (int column = 0; column < 5; ++column) {
+        different.insert(sums.Integer(column));
+    }
+    EXPECT_EQ(different.size(), 5U);
+}
+
+TEST_F(RowSum, OneWhoReadsAStoreThatHasNoneYetReadsIt) {
+    Fill();
+    for (const SummedTable& table : kSummedTables) {
+        Run(std::string("ALTER TABLE ") + table.Name + " DROP COLUMN sum");
+    }
+    Run("PRAGMA user_version = 3");
+    EXPECT_EQ(Check().State, Verdict::Ok);
+    StoreOptions options;
+    options.Rights = Access::ReadOnly;
+    ASSERT_EQ(OpenStore(File, options, Store), Status::Ok);
+    EXPECT_EQ(Read(Plain).Subject, u"The dentist in the Main Street");
+    Reopen(); // for writing: it gets them now
+    Run("UPDATE item SET subject = 'x' WHERE oid = 1");
+    EXPECT_EQ(Check().State, Verdict::Damaged);
+}
+
+} // namespace tavo::outlook::test
