@@ -78,7 +78,7 @@ class IDrawing {
     virtual int LogicalPixelsPerInch() = 0;
     virtual FontHandle CreateFontIndirectW(const LogFont& font) = 0;
     virtual void DeleteObject(FontHandle font) = 0;
-    // widths[i] is the width in pixels of the first i + 1 characters, whatever the scale of the screen.
+    // widths[i]: of the first i + 1 UTF-16 units in pixels at scale 1; what is seen as one character counts at its end.
     virtual void GetTextExtentExPointW(FontHandle font, std::u16string_view text, std::vector<int>& widths) = 0;
     virtual std::unique_ptr<ISurface> CreateCompatibleSurface(Size size) = 0;
     // Shows the surface in the window at its top left corner, together with what is painted on it.

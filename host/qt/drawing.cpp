@@ -15,7 +15,7 @@ void Drawing::GetTextExtentExPointW(FontHandle font, std::u16string_view text, s
     if (found == nullptr) {
         return;
     }
-    const std::vector<double>& ends = found->Shape(text).Ends;
+    const std::vector<double>& ends = found->Ends(text);
     for (std::size_t i = 0; i < text.size() && i < ends.size(); ++i) {
         widths[i] = static_cast<int>(std::lround(ends[i]));
     }

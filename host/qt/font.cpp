@@ -14,7 +14,8 @@ namespace tavo::qt {
 namespace {
 
 constexpr std::size_t kMostShapedTexts = 512;
-constexpr qsizetype kAverageWidthOffset = 2; // of xAvgCharWidth in the OS/2 table
+constexpr std::size_t kMostShapedUnits = 100'000; // of them together
+constexpr qsizetype kAverageWidthOffset = 2;      // of xAvgCharWidth in the OS/2 table
 
 // The average character width as the font file states it, at the size of the font.
 double GetAverageWidth(const QRawFont& font) {
@@ -28,12 +29,25 @@ double GetAverageWidth(const QRawFont& font) {
     return font.averageCharWidth();
 }
 
-// Whether every character is one glyph, left to right, whatever its neighbours.
-bool IsSimple(std::u16string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char16_t unit) {
-        return (unit >= 0x20 && unit < 0x300) || (unit >= 0x370 && unit < 0x483) || (unit >= 0x48A && unit < 0x530) ||
-               (unit >= 0x2010 && unit < 0x2028);
-    });
+// Whether the character is one glyph, left to right, whatever its neighbours.
+bool IsSimple(QChar character) {
+    const char16_t unit = character.unicode();
+    return (unit >= 0x20 && unit < 0x300) || (unit >= 0x370 && unit < 0x483) || (unit >= 0x48A && unit < 0x530) ||
+           (unit >= 0x1E00 && unit < 0x1F00) || (unit >= 0x2010 && unit < 0x2028) || (unit >= 0x20A0 && unit < 0x20D0);
+}
+
+// What has no picture of its own, as a tab or a line break, is as wide as a blank and looks like one.
+QString MakeDrawable(std::u16string_view text) {
+    QString drawable = QStringView(text.data(), static_cast<qsizetype>(text.size())).toString();
+    const auto isBare = [](QChar character) {
+        const QChar::Category category = character.category();
+        return category == QChar::Other_Control || category == QChar::Separator_Line ||
+               category == QChar::Separator_Paragraph;
+    };
+    if (std::any_of(drawable.cbegin(), drawable.cend(), isBare)) {
+        std::replace_if(drawable.begin(), drawable.end(), isBare, u' ');
+    }
+    return drawable;
 }
 
 // What PrepareFonts chose for the face; asked for by its own name, a font is found much sooner.
@@ -64,6 +78,7 @@ void Font::Load() {
     }
     (void)PrepareFonts(); // whoever started the program says that there are none
     Found = MakeFont(Wish);
+    Widths.emplace(Found);
     QFont alone = Found;
     alone.setStyleStrategy(QFont::StyleStrategy(Found.styleStrategy() | QFont::NoFontMerging)); // found sooner
     Faces.push_back({QRawFont::fromFont(alone), {}});
@@ -94,39 +109,57 @@ int Font::LineHeight() {
 }
 
 const ShapedText& Font::Shape(std::u16string_view text) {
+    ShapedText& shaped = Find(text);
+    if (shaped.Runs.empty()) {
+        ShapeFully(MakeDrawable(text), shaped);
+    }
+    return shaped;
+}
+
+const std::vector<double>& Font::Ends(std::u16string_view text) {
+    return Find(text).Ends;
+}
+
+int Font::Measure(std::u16string_view text) {
+    return static_cast<int>(std::lround(Find(text).Width()));
+}
+
+ShapedText& Font::Find(std::u16string_view text) {
     Load();
     if (const auto known = Shaped.find(text); known != Shaped.end()) {
         return known->second;
     }
-    if (Shaped.size() >= kMostShapedTexts) {
+    if (Shaped.size() >= kMostShapedTexts || ShapedUnits > kMostShapedUnits) {
         Shaped.clear();
+        ShapedUnits = 0;
     }
+    ShapedUnits += text.size();
     ShapedText shaped;
-    if (!ShapeSimply(text, shaped)) {
-        ShapeFully(text, shaped);
+    const QString drawable = MakeDrawable(text);
+    if (!ShapeSimply(drawable, shaped)) {
+        shaped.Ends = Widths->FindEnds(drawable);
+        for (double& end : shaped.Ends) {
+            end *= Stretch;
+        }
     }
     return Shaped.emplace(text, std::move(shaped)).first->second;
 }
 
-int Font::Measure(std::u16string_view text) {
-    return static_cast<int>(std::lround(Shape(text).Width()));
-}
-
-bool Font::ShapeSimply(std::u16string_view text, ShapedText& shaped) const {
-    if (!IsSimple(text)) {
+bool Font::ShapeSimply(const QString& text, ShapedText& shaped) const {
+    if (!std::all_of(text.begin(), text.end(), IsSimple)) {
         return false;
     }
     const QRawFont& face = Faces.front().Measured;
     ShapedRun run;
-    run.Glyphs = face.glyphIndexesForString(QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())));
-    if (run.Glyphs.size() != static_cast<qsizetype>(text.size()) || run.Glyphs.contains(0)) {
+    run.Glyphs = face.glyphIndexesForString(text);
+    if (run.Glyphs.size() != text.size() || run.Glyphs.contains(0)) {
         return false;
     }
     const QList<QPointF> advances =
         face.advancesForGlyphIndexes(run.Glyphs, QRawFont::UseDesignMetrics | QRawFont::SeparateAdvances);
     double x = 0;
     run.Places.reserve(run.Glyphs.size());
-    shaped.Ends.reserve(text.size());
+    shaped.Ends.reserve(static_cast<std::size_t>(text.size()));
     for (const QPointF& advance : advances) {
         run.Places.append({x, 0});
         x += advance.x();
@@ -136,20 +169,14 @@ bool Font::ShapeSimply(std::u16string_view text, ShapedText& shaped) const {
     return true;
 }
 
-void Font::ShapeFully(std::u16string_view text, ShapedText& shaped) {
-    QTextLayout layout(QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())), Found);
+void Font::ShapeFully(const QString& text, ShapedText& shaped) {
+    QTextLayout layout(text, Found);
     QTextOption option;
     option.setWrapMode(QTextOption::NoWrap);
     option.setUseDesignMetrics(true);
     layout.setTextOption(option);
     layout.beginLayout();
-    QTextLine line = layout.createLine();
-    double end = 0;
-    for (std::size_t count = 1; count <= text.size(); ++count) {
-        line.setNumColumns(static_cast<int>(count));
-        end = std::max(end, line.naturalTextWidth());
-        shaped.Ends.push_back(end * Stretch);
-    }
+    const QTextLine line = layout.createLine();
     layout.endLayout();
     const double ascent = line.isValid() ? line.ascent() : 0;
     for (const QGlyphRun& glyphs : layout.glyphRuns()) {

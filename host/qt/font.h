@@ -1,6 +1,7 @@
 // One font of the device: measured unhinted at scale 1, drawn at any scale from the same measures.
 #pragma once
 
+#include "host/qt/character_widths.h"
 #include "host/qt/scale.h"
 #include "platform/drawing.h"
 
@@ -9,6 +10,7 @@
 #include <QPainter>
 #include <QRawFont>
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -23,7 +25,9 @@ struct ShapedRun {
     QList<QPointF> Places; // from the start of the baseline, at scale 1, before stretching
 };
 
-// A text as glyphs. Ends[i] is where the first i + 1 characters end, at scale 1 and stretched.
+// A text as glyphs. Ends[i] is where the first i + 1 UTF-16 units end, at scale 1 and stretched, counted in reading
+// order. What a person sees as one character (a letter with its marks, a surrogate pair, a joined emoji) counts with
+// its last unit: whoever cuts where the widths grow never cuts through one.
 struct ShapedText {
     std::vector<ShapedRun> Runs;
     std::vector<double> Ends;
@@ -42,8 +46,10 @@ class Font {
     int Ascent();
     int LineHeight();
 
-    // Stays valid until the next call.
+    // Both stay valid until the next call. The second is for whoever does not draw: it takes time in proportion to the
+    // text, and what it gives is the first one's Ends.
     const ShapedText& Shape(std::u16string_view text);
+    const std::vector<double>& Ends(std::u16string_view text);
 
     // The width of the text in whole logical pixels.
     int Measure(std::u16string_view text);
@@ -65,8 +71,9 @@ class Font {
     };
 
     void Load();
-    bool ShapeSimply(std::u16string_view text, ShapedText& shaped) const;
-    void ShapeFully(std::u16string_view text, ShapedText& shaped);
+    ShapedText& Find(std::u16string_view text); // without runs when they are not needed for the widths
+    bool ShapeSimply(const QString& text, ShapedText& shaped) const;
+    void ShapeFully(const QString& text, ShapedText& shaped);
     int FaceOf(const QRawFont& rawFont);
     const QRawFont& FaceAt(int face, Scale scale);
 
@@ -77,7 +84,9 @@ class Font {
     double Stretch = 1.0;
     int AscentPixels = 0;
     int LinePixels = 0;
+    std::optional<CharacterWidths> Widths; // of texts of several fonts
     std::unordered_map<std::u16string, ShapedText, Hash, std::equal_to<>> Shaped;
+    std::size_t ShapedUnits = 0;
 };
 
 } // namespace tavo::qt

@@ -21,21 +21,27 @@ PlacedLine TakePrefixOut(std::u16string_view text) {
     return line;
 }
 
-// The number of characters that go on one line of this width: whole words, or at least one character.
+// The number of UTF-16 units that go on one line of this width: whole words, or at least one character.
 std::size_t CountFitting(Font& font, std::u16string_view text, int width) {
-    const std::vector<double>& ends = font.Shape(text).Ends;
+    const std::vector<double>& ends = font.Ends(text);
     std::size_t count = 0;
     while (count < text.size() && ends[count] < width + 0.5) {
         ++count;
     }
-    if (count == text.size()) {
+    if (count == text.size() || text[count] == u' ') {
         return count;
     }
-    if (text[count] == u' ') {
-        return count;
+    if (const std::size_t blank = text.substr(0, count).rfind(u' '); blank != std::u16string_view::npos) {
+        return blank;
     }
-    const std::size_t blank = text.substr(0, count).rfind(u' ');
-    return blank == std::u16string_view::npos ? std::max<std::size_t>(count, 1) : blank;
+    // Back to the end of a character, or on to the first one's: the widths grow only there.
+    while (count > 0 && ends[count - 1] <= (count > 1 ? ends[count - 2] : 0.0)) {
+        --count;
+    }
+    while (count == 0 || (count < text.size() && ends[count - 1] <= 0.0)) {
+        ++count;
+    }
+    return count;
 }
 
 void AppendWrapped(Font& font, std::u16string_view text, int width, std::vector<PlacedLine>& lines) {

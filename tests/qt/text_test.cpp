@@ -3,6 +3,9 @@
 #include "host/qt/surface.h"
 #include "host/qt/text_placement.h"
 
+#include <QFontMetricsF>
+#include <QTextBoundaryFinder>
+
 #include <gtest/gtest.h>
 
 namespace tavo::qt {
@@ -135,14 +138,72 @@ TEST_F(TextTest, TextIsCutAtItsRectangle) {
     }
 }
 
-TEST_F(TextTest, EveryCharacterEndsNoEarlierThanTheOneBefore) {
+TEST_F(TextTest, PrefixesEndWhereTheToolkitEndsThemInEveryScript) {
+    QFont toolkit(QFont::substitutes(QStringLiteral("Arial")).value(0, QStringLiteral("Arial")));
+    toolkit.setPixelSize(13);
+    toolkit.setHintingPreference(QFont::PreferNoHinting);
+    toolkit.setKerning(false);
+    const QFontMetricsF metrics(toolkit);
     Font font(Arial(-13));
     for (const std::u16string_view text :
-         {u"Tea \u05e9\u05dc\u05d5\u05dd caf\u00e9", u"\u4f1a\u8bae \U0001F4C5 3", u"a\u0301b"}) {
-        const ShapedText& shaped = font.Shape(text);
-        ASSERT_EQ(shaped.Ends.size(), text.size());
-        EXPECT_TRUE(std::is_sorted(shaped.Ends.begin(), shaped.Ends.end()));
-        EXPECT_GT(shaped.Width(), 10);
+         {u"30 \u20AC with grandmother", u"\u1EA4n \u1ED9 \u0218 e\u0301 o\u0302\u0323",
+          u"\u0423\u0436\u0438\u043D 7 \u20AC", u"\u4F1A\u8B70\u306F3\u6642\u304B\u3089\u3002",
+          u"\u05D0\u05E8\u05D5\u05D7\u05EA 7:30 a\u05E2\u05DD", u"\u0E2D\u0E32\u0E2B\u0E32\u0E23\u0E01\u0E31\u0E1A",
+          u"\U0001F469\u200D\U0001F467\U0001F44B\U0001F3FD\U0001F1E9\U0001F1EA!", u"wide\u3000blanks\u2003\u00A0\u20AC",
+          u"office fi \u20AC"}) {
+        const std::vector<double>& ends = font.Ends(text);
+        const QString whole = QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
+        QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, whole);
+        for (qsizetype end = finder.toNextBoundary(); end > 0; end = finder.toNextBoundary()) {
+            EXPECT_NEAR(ends[static_cast<std::size_t>(end) - 1], metrics.horizontalAdvance(whole.left(end)), 0.1)
+                << whole.toStdString() << ", " << end;
+        }
+    }
+}
+
+TEST_F(TextTest, WhatIsDrawnIsAsWideAsMeasuredInEveryScript) {
+    for (const std::u16string_view text :
+         {u"Dinner for 30 \u20AC |", u"\u0423\u0436\u0438\u043D e\u0301 |", u"\u4F1A\u8B70\u306F |",
+          u"a \u05D0\u05E8\u05D5\u05D7\u05EA |", u"a \u0639\u0634\u0627\u0621 |", u"\u0E2D\u0E32\u0E2B\u0E32\u0E23 |",
+          u"Call\tMum\nsoon |", u"one\u2028two |"}) {
+        const FontHandle font = OwnFonts.Make(Arial(-13));
+        const double measured = OwnFonts.Find(font)->Ends(text).back();
+        for (const double scale : {1.0, 2.0}) {
+            const QRect ink = Draw(text, font, {0, 0, 240, 30}, DT_SINGLELINE, scale);
+            EXPECT_NEAR((ink.right() + 1) / scale, measured, 2.5) << QString::fromUtf16(text.data()).toStdString();
+        }
+    }
+}
+
+TEST_F(TextTest, ArabicWordsAreMeasuredWithTheirLettersJoined) {
+    Font font(Arial(-13));
+    const std::u16string_view word = u"\u0639\u0639\u0639";
+    QFont toolkit(QFont::substitutes(QStringLiteral("Arial")).value(0, QStringLiteral("Arial")));
+    toolkit.setPixelSize(13);
+    toolkit.setHintingPreference(QFont::PreferNoHinting);
+    const double joined = QFontMetricsF(toolkit).horizontalAdvance(QString::fromUtf16(word.data()));
+    EXPECT_NEAR(font.Ends(word).back(), joined, 0.1);
+    EXPECT_NEAR(font.Ends(u"7 \u0639\u0639\u0639 b").back(), joined + font.Ends(u"7  b").back(), 0.1);
+}
+
+TEST_F(TextTest, AByteOrderMarkIsAUnitLikeAnyOther) {
+    Font font(Arial(-13));
+    EXPECT_EQ(font.Ends(u"\uFEFFab\u20AC\u4F1A").size(), 5u);
+    EXPECT_NEAR(font.Ends(u"\uFEFFab").back(), font.Ends(u"ab").back(), 0.1);
+}
+
+TEST_F(TextTest, LinesBreakBetweenWhatPeopleSeeAsCharacters) {
+    Font font(Arial(-12));
+    const std::u16string family = u"\U0001F469\u200D\U0001F467";
+    const std::u16string text = family + family + u"e\u0301e\u0301e\u0301" + family;
+    for (int width = 1; width < 120; ++width) {
+        for (const PlacedLine& line : PlaceText(font, text, {0, 0, width, 900}, DT_WORDBREAK)) {
+            ASSERT_FALSE(line.Text.empty()) << width;
+            EXPECT_FALSE(QChar::isLowSurrogate(line.Text.front()) || line.Text.front() == 0x200D ||
+                         line.Text.front() == 0x0301)
+                << width;
+            EXPECT_FALSE(QChar::isHighSurrogate(line.Text.back()) || line.Text.back() == 0x200D) << width;
+        }
     }
 }
 
