@@ -5,7 +5,6 @@
 #include "store/fit_text.h"
 
 #include <utility>
-#include <vector>
 
 namespace tavo {
 
@@ -39,10 +38,8 @@ constexpr std::u16string_view kEditMemoText = u"Edit memo...";
 
 // Only what does not fit is shortened.
 std::u16string ShortenTo(IDrawing& drawing, FontHandle font, std::u16string_view text, int room) {
-    std::vector<int> widths;
-    drawing.GetTextExtentExPointW(font, text, widths);
-    const bool fits = widths.empty() || widths.back() <= room;
-    return fits ? std::u16string(text) : FitText(drawing, font, text, room - kDotsRoom);
+    return IsWiderThan(drawing, font, text, room) ? FitText(drawing, font, text, room - kDotsRoom)
+                                                  : std::u16string(text);
 }
 
 } // namespace

@@ -88,14 +88,11 @@ void CItemList::PaintRow(int row, int top) {
 void CItemList::DrawLine(const std::u16string& words, Rect area, Color color) {
     IDrawing& drawing = Host().Drawing();
     FontHandle font = State.Fonts.FontArial10;
-    std::vector<int> widths;
-    drawing.GetTextExtentExPointW(font, words, widths);
     std::u16string shown = words;
-    if (!widths.empty() && widths.back() > area.Width()) {
+    if (IsWiderThan(drawing, font, words, area.Width())) {
         font = State.Fonts.FontArial7;
         area.Right = kSmallRight;
-        drawing.GetTextExtentExPointW(font, words, widths);
-        if (widths.back() > area.Width()) {
+        if (IsWiderThan(drawing, font, words, area.Width())) {
             shown = FitText(drawing, font, words, area.Width() - kDotsWidth);
         }
     }

@@ -1,9 +1,13 @@
 // Shortening a text; each character is 10 pixels wide.
 #include "store/fit_text.h"
 
+#include "host/headless/recorded_drawing.h"
 #include "tests/support/ruled_drawing.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iterator>
 
 namespace tavo {
 
@@ -58,6 +62,43 @@ TEST(FitText, ALineBreakRightAfterTheWidthIsReachedComesTooLate) {
 TEST(FitText, NoWidthAtAllStillShowsTheFirstCharacter) {
     EXPECT_EQ(Fit(u"Dentist", 0), u"D...");
     EXPECT_EQ(Fit(u"Dentist", -5), u"D...");
+}
+
+TEST(FitText, OfALongTextOnlyWhatCanBeSeenIsMeasured) {
+    test::RuledDrawing drawing(10);
+    const std::u16string text(1024 * 1024, u'a');
+    EXPECT_EQ(FitText(drawing, FontHandle::None, text, 130), u"aaaaaaaaaaaaa...");
+    EXPECT_TRUE(IsWiderThan(drawing, FontHandle::None, text, 130));
+    EXPECT_LE(drawing.Measured, 1000u);
+}
+
+TEST(FitText, AWidthFarIntoALongTextIsFoundAllTheSame) {
+    const std::u16string text(5000, u'a');
+    EXPECT_EQ(Fit(text, 40'000), std::u16string(4000, u'a') + u"...");
+    EXPECT_EQ(Fit(text, 50'000), text);
+    test::RuledDrawing drawing(10);
+    EXPECT_FALSE(IsWiderThan(drawing, FontHandle::None, text, 50'000));
+    EXPECT_TRUE(IsWiderThan(drawing, FontHandle::None, text, 49'999));
+}
+
+TEST(FitText, WhatCountsWithItsLastUnitIsNotCutThrough) {
+    headless::RecordedDrawing drawing;
+    const FontHandle font = drawing.CreateFontIndirectW({u"Arial", -10, 0, 400});
+    const std::u16string_view text =
+        u"\U0001F469\u200D\U0001F467\U0001F44B\U0001F3FDe\u0301\U0001F1E9\U0001F1EA and so on";
+    const std::size_t ends[] = {0, 5, 9, 11, 15}; // of the characters, each 5 pixels wide or more
+    for (int width = -3; width < 40; ++width) {
+        const std::u16string fitted = FitText(drawing, font, text, width);
+        ASSERT_TRUE(fitted.ends_with(u"...")) << width;
+        const std::size_t cut = fitted.size() - 3;
+        EXPECT_TRUE(cut > 15 || std::find(std::begin(ends) + 1, std::end(ends), cut) != std::end(ends)) << width;
+    }
+}
+
+TEST(FitText, AHostThatCannotMeasureLeavesTheTextAlone) {
+    test::RuledDrawing drawing(0);
+    EXPECT_EQ(FitText(drawing, FontHandle::None, std::u16string(1000, u'a'), 5), std::u16string(1000, u'a'));
+    EXPECT_FALSE(IsWiderThan(drawing, FontHandle::None, u"", -1));
 }
 
 TEST(FitText, MeasuresOnce) {

@@ -35,6 +35,7 @@ class RuledDrawing final : public IDrawing {
 
     void GetTextExtentExPointW(FontHandle, std::u16string_view text, std::vector<int>& widths) override {
         ++Measurements;
+        Measured += text.size();
         widths.clear();
         for (std::size_t count = 1; count <= text.size(); ++count) {
             widths.push_back(static_cast<int>(count) * CharacterWidth);
@@ -49,6 +50,7 @@ class RuledDrawing final : public IDrawing {
 
     std::vector<KnownFont> Fonts; // in order of making; a handle counts from 1
     int Measurements = 0;
+    std::size_t Measured = 0; // UTF-16 units, together
 
   private:
     int CharacterWidth;
