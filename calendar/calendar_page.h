@@ -16,6 +16,8 @@
 
 namespace tavo {
 
+class MemoDays;
+
 class CCalendarPage : public CMainPage, private IDayListOwner {
   public:
     CCalendarPage(CMessagePump& pump, CProgramState& state, IMainView& view);
@@ -60,7 +62,7 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
     // Gives its text.
     std::u16string PaintHeader();
     void PaintGrid();
-    void PaintCell(int row, int column, const CalendarDate& today);
+    void PaintCell(int row, int column, const CalendarDate& today, MemoDays& memos);
     void PaintGridLines();
     void DeclareContents(const std::u16string& header);
     std::u16string NameOfCell(std::size_t cell, const CalendarDate& date) const;

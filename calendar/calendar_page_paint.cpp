@@ -101,16 +101,17 @@ void CCalendarPage::PaintGrid() {
     PaintedToday = today;
     CellKinds.fill(0);
     RedNumbers.reset();
+    MemoDays memos(State);
     for (int row = 0; row < kGridRows; ++row) {
         for (int column = 0; column < kGridColumns; ++column) {
             CellRect[CellAt(row, column)] = RectOfCell(row, column);
-            PaintCell(row, column, today);
+            PaintCell(row, column, today, memos);
         }
     }
     PaintGridLines();
 }
 
-void CCalendarPage::PaintCell(int row, int column, const CalendarDate& today) {
+void CCalendarPage::PaintCell(int row, int column, const CalendarDate& today, MemoDays& memos) {
     const auto cell = CellAt(row, column);
     const Rect& rect = CellRect[cell];
     const CalendarDate date = DateAt(row, column);
@@ -133,7 +134,7 @@ void CCalendarPage::PaintCell(int row, int column, const CalendarDate& today) {
     Surface().FillRect(rect, background);
     Surface().DrawBitmap(kBitmapMarkEraser, {rect.Left + kEraserOffset.X, rect.Top + kEraserOffset.Y},
                          Rect::Whole(kEraserSize));
-    if (MemoFiles(State).HasMemo(date.Year, date.Month, date.Day)) {
+    if (memos.Has(date.Year, date.Month, date.Day)) {
         Surface().FillRect(
             {rect.Left + kMemoMarkLeft, rect.Bottom - kMarkHeight, rect.Left + kMemoMarkRight, rect.Bottom}, kMemoMark);
         CellKinds[cell] = KindBit(ItemKind::Memo);

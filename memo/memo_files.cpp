@@ -3,10 +3,17 @@
 
 #include "framework/format.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
 namespace tavo {
+
+namespace {
+
+constexpr int kNoDigit = 1000; // makes no day
+
+} // namespace
 
 std::u16string MemoFiles::MemoPath(std::u16string_view name) const {
     return FormatText(u"%s\\%s", State.DataFolder, name);
@@ -88,6 +95,35 @@ bool MemoFiles::WriteMemo(std::u16string_view path) {
         written = files.WriteWholeFile(path, State.Memo.Bytes());
     }
     return written == ErrorCode::Success;
+}
+
+bool MemoDays::Has(int year, int month, int day) {
+    auto known = std::find_if(Known.begin(), Known.end(), [&](const KnownMonth& candidate) {
+        return candidate.Year == year && candidate.Month == month;
+    });
+    if (known == Known.end()) {
+        known = Known.insert(Known.end(), {year, month, FindDays(year, month)});
+    }
+    return (known->Days >> day & 1U) != 0;
+}
+
+std::uint32_t MemoDays::FindDays(int year, int month) const {
+    const std::u16string begin = FormatText(u"%d%02d", year, month);
+    const std::unique_ptr<IFileSearch> search =
+        State.Host().Files().FindFirstFileW(FormatText(u"%s\\%s*.pwi", State.DataFolder, begin));
+    std::uint32_t days = 0;
+    for (bool found = search != nullptr; found; found = search->FindNextFileW()) {
+        const std::u16string name = search->FileName();
+        const auto digit = [&](std::size_t place) {
+            const char16_t character = place < name.size() ? name[place] : u' ';
+            return character >= u'0' && character <= u'9' ? character - u'0' : kNoDigit;
+        };
+        const int day = 10 * digit(begin.size()) + digit(begin.size() + 1);
+        if (day >= 1 && day <= 31) {
+            days |= std::uint32_t{1} << day;
+        }
+    }
+    return days;
 }
 
 } // namespace tavo

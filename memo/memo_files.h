@@ -3,6 +3,7 @@
 
 #include "store/program_state.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +38,27 @@ class MemoFiles {
     std::u16string DayPattern(int year, int month, int day) const;
 
     CProgramState& State;
+};
+
+// Which days have memos. What it says of a month is what was there when the month was first asked for: one look at the
+// folder then, where a look for every day would cost more than drawing the month.
+class MemoDays {
+  public:
+    explicit MemoDays(CProgramState& state) : State(state) {}
+
+    bool Has(int year, int month, int day);
+
+  private:
+    struct KnownMonth {
+        int Year = 0;
+        int Month = 0;
+        std::uint32_t Days = 0; // bit d for day d
+    };
+
+    std::uint32_t FindDays(int year, int month) const;
+
+    CProgramState& State;
+    std::vector<KnownMonth> Known;
 };
 
 } // namespace tavo

@@ -126,6 +126,36 @@ TEST_F(MemoFilesTest, SearchesByTheDate) {
     EXPECT_EQ(Host.OwnFiles.LastPattern, u"\\My Documents\\TavoCalendar\\8121031*.pwi");
 }
 
+TEST_F(MemoFilesTest, TheDaysWithMemosAreThoseThatHaveOne) {
+    for (const std::u16string_view name :
+         {u"20040901_080000.pwi", u"20040915 shopping.pwi", u"20040930.pwi", u"20040931_000000.pwi", u"200409.pwi",
+          u"2004091.pwi", u"2004091x_080000.pwi", u"20040900_080000.pwi", u"20040942_080000.pwi",
+          u"20041002_080000.pwi", u"20040917_080000.txt", u"x20040918_080000.pwi", u"8120905_080000.pwi"}) {
+        GivenFile(name);
+    }
+    MemoDays days(State);
+    for (const auto& [year, month] : {std::pair(2004, 9), std::pair(2004, 10), std::pair(812, 9), std::pair(2005, 1)}) {
+        for (int day = 1; day <= 31; ++day) {
+            EXPECT_EQ(days.Has(year, month, day), Memos.HasMemo(year, month, day))
+                << year << ' ' << month << ' ' << day;
+        }
+    }
+    EXPECT_TRUE(days.Has(2004, 9, 15));
+    EXPECT_FALSE(days.Has(2004, 9, 18));
+}
+
+TEST_F(MemoFilesTest, TheFolderIsLookedAtOnceForAMonth) {
+    GivenFile(u"20040915_101530.pwi");
+    MemoDays days(State);
+    EXPECT_FALSE(days.Has(2004, 9, 1));
+    EXPECT_EQ(Host.OwnFiles.LastPattern, u"\\My Documents\\TavoCalendar\\200409*.pwi");
+    Host.OwnFiles.LastPattern.clear();
+    EXPECT_TRUE(days.Has(2004, 9, 15));
+    EXPECT_EQ(Host.OwnFiles.LastPattern, u"");
+    EXPECT_FALSE(days.Has(2004, 10, 15));
+    EXPECT_EQ(Host.OwnFiles.LastPattern, u"\\My Documents\\TavoCalendar\\200410*.pwi");
+}
+
 TEST_F(MemoFilesTest, WithoutTheDataFolderTheMemosOfMyDocumentsAreFound) {
     State.DataFolder = u"\\My Documents\\"; // where the data folder cannot be made
     Device.GivenFile(u"\\My Documents\\20040915_101530.pwi", {1, 2, 3});
