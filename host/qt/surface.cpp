@@ -144,9 +144,12 @@ void Surface::DrawTextW(std::u16string_view text, const Rect& area, const TextSt
 
 void Surface::DrawBitmap(int bitmap, Point at, const Rect& source) {
     const QRect target = PixelScale.Edges(Rect::FromSize(at.X, at.Y, source.Width(), source.Height()));
-    if (!OwnPictures.SizeOf(bitmap).isEmpty()) {
-        Take({target, PictureStep{bitmap, source, target}});
+    if (OwnPictures.SizeOf(bitmap).isEmpty()) {
+        return;
     }
+    // Not left until it is drawn: the first page's pictures are rendered while another thread still looks for fonts.
+    (void)OwnPictures.Render(bitmap, source, target.size());
+    Take({target, PictureStep{bitmap, source, target}});
 }
 
 } // namespace tavo::qt
