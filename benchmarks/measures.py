@@ -19,6 +19,7 @@ from list_measures import FIRST_DAY, measure_lists
 from processes import Cost, compare, median, measure, run
 from reminder_measures import measure_reminders
 from report import Report
+from text_measures import measure_text
 from window_measures import MONTH_CHANGES, measure_window
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -32,7 +33,8 @@ BYTES_PER_ITEM = 600
 LONGEST_ITEM_DAYS = 32
 KINDS = ("alarm", "holiday", "anniversary")
 # What can be measured by itself, in the order in which it is printed.
-ROWS = ("import", "size", "month", "agenda", "ink", "window", "day-menu", "ink-window", "editor", "lists", "reminders")
+ROWS = ("import", "size", "month", "agenda", "ink", "text", "window", "day-menu", "ink-window", "editor", "lists",
+        "reminders")
 # A day and a month in the middle of the ten years.
 DAY = datetime.date(2025, 3, 14)
 MONTH = (datetime.date(2025, 3, 1), datetime.date(2025, 3, 31))
@@ -47,7 +49,7 @@ def build():
     # These need Qt, as the window does.
     if (BIN / "tavocalendar").exists():
         run(["cmake", "--build", str(BUILD), "--target", "tavo-month-grid", "tavo-editor-window",
-             "tavo-day-menu-window", "tavo-ink-window"])
+             "tavo-day-menu-window", "tavo-ink-window", "tavo-text-costs"])
 
 
 def describe_machine(report):
@@ -223,6 +225,8 @@ def parse_options():
 
 
 def measure_windows(report, device, folder, rows):
+    if "text" in rows:
+        measure_text(report, BIN)
     if "window" in rows:
         measure_start(report, device, BIN)
         measure_window(report, device, BIN, *measure_changed_month(report, device))
