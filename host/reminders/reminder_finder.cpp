@@ -1,9 +1,10 @@
-// Walks the reminders of each lead in order of start; series are expanded around the time in question.
+// Looks through the reminders of each lead; series are expanded around the time in question.
 #include "host/reminders/reminder_finder.h"
 
 #include "host/outlook/item_rows.h"
 
 #include <algorithm>
+#include <limits>
 #include <unordered_map>
 
 namespace tavo::reminders {
@@ -19,6 +20,26 @@ using outlook::ZoneId;
 constexpr Moment kSlack = kDay;
 constexpr Moment kFirstReach = 2 * kDay; // how far a search for the next occurrence looks at first
 constexpr Moment kFarthestReach = 400000 * kDay;
+
+// Each lead once, by a search for the next greater one, and what of it lies in a span that moves with the lead: however
+// many leads there are, it is one question to the store. A lead below zero counts as none.
+constexpr const char* kPlainSpan =
+    "WITH RECURSIVE lead(minutes) AS (SELECT (SELECT reminder_minutes FROM item WHERE flags & 2 AND (flags & 4) = 0"
+    " ORDER BY reminder_minutes LIMIT 1) UNION ALL SELECT (SELECT reminder_minutes FROM item WHERE flags & 2"
+    " AND (flags & 4) = 0 AND reminder_minutes > minutes ORDER BY reminder_minutes LIMIT 1)"
+    " FROM lead WHERE minutes IS NOT NULL)"
+    " SELECT oid, start, zone, zone_start, minutes FROM lead CROSS JOIN item WHERE flags & 2 AND (flags & 4) = 0"
+    " AND reminder_minutes = minutes AND start BETWEEN ?1 + ?2 * max(minutes, 0) * 60 AND ?3 + max(minutes, 0) * 60"
+    " AND minutes >= ?4";
+
+// When the first of all is due, on the device's clock, that is due from a time on.
+constexpr const char* kFirstPlain =
+    "WITH RECURSIVE lead(minutes) AS (SELECT (SELECT reminder_minutes FROM item WHERE flags & 2 AND (flags & 4) = 0"
+    " ORDER BY reminder_minutes LIMIT 1) UNION ALL SELECT (SELECT reminder_minutes FROM item WHERE flags & 2"
+    " AND (flags & 4) = 0 AND reminder_minutes > minutes ORDER BY reminder_minutes LIMIT 1)"
+    " FROM lead WHERE minutes IS NOT NULL)"
+    " SELECT min((SELECT start FROM item WHERE flags & 2 AND (flags & 4) = 0 AND reminder_minutes = minutes"
+    " AND start >= ?1 + max(minutes, 0) * 60 ORDER BY start LIMIT 1) - max(minutes, 0) * 60) FROM lead";
 
 constexpr Moment LeadOf(std::int64_t minutes) {
     return std::max<std::int64_t>(minutes, 0) * kMinute;
@@ -59,20 +80,6 @@ Status ReminderFinder::MakeOccurrence(const RemindingSeries& series, const Entry
     return Status::Ok;
 }
 
-// Each lead once, by a search for the next greater one: there are few.
-Status ReminderFinder::ReadLeads(std::vector<Moment>& leads) {
-    std::int64_t last = std::numeric_limits<std::int32_t>::min();
-    while (true) {
-        Query query(Core.Db, "SELECT reminder_minutes FROM item WHERE flags & 2 AND (flags & 4) = 0"
-                             " AND reminder_minutes > ? ORDER BY reminder_minutes LIMIT 1");
-        if (!query.Bind(last).Next()) {
-            return query.Result();
-        }
-        last = query.Integer(0);
-        leads.push_back(last);
-    }
-}
-
 Status ReminderFinder::ReadSeries(std::int64_t from) {
     std::int64_t items = 0;
     std::int64_t ledger = 0;
@@ -108,18 +115,14 @@ Status ReminderFinder::ReadSeries(std::int64_t from) {
     return Status::Ok;
 }
 
-Status ReminderFinder::WalkPlain(Moment lead, std::int64_t from, std::int64_t to,
-                                 const std::function<bool(const DueReminder&, std::int64_t start)>& visit) {
-    Query query(Core.Db, "SELECT oid, start, zone, zone_start FROM item WHERE flags & 2 AND (flags & 4) = 0"
-                         " AND reminder_minutes = ? AND start BETWEEN ? AND ? ORDER BY start");
-    query.Bind(lead).Bind(from).Bind(to);
+Status ReminderFinder::WalkPlain(const PlainSpan& span, const Visit& visit) {
+    Query query(Core.Db, kPlainSpan);
+    query.Bind(span.From).Bind(span.FromMoves ? 1 : 0).Bind(span.To);
+    query.Bind(span.LeadsOnly ? 1 : std::numeric_limits<std::int32_t>::min());
     while (query.Next()) {
-        const std::int64_t start = query.Integer(1);
         const bool zoned = !query.IsNull(2);
         const ZoneId zone = zoned ? query.Integer(2) : outlook::kFloating;
-        if (!visit(MakePlain(query.Small(0), zone, zoned ? query.Integer(3) : start, LeadOf(lead)), start)) {
-            return Status::Ok;
-        }
+        visit(MakePlain(query.Small(0), zone, query.Integer(zoned ? 3 : 1), LeadOf(query.Integer(4))));
     }
     return query.Result();
 }
@@ -151,16 +154,7 @@ Status ReminderFinder::FindDue(Moment after, Moment upTo, const Visit& visit) {
     };
     const std::int64_t from = Core.Zones.UtcToWall(after) - kSlack;
     const std::int64_t to = Core.Zones.UtcToWall(upTo) + kSlack;
-    std::vector<Moment> leads;
-    Status status = ReadLeads(leads);
-    for (const Moment lead : leads) {
-        if (Succeeded(status)) {
-            status = WalkPlain(lead, from + LeadOf(lead), to + LeadOf(lead), [&](const DueReminder& reminder, auto) {
-                visitDue(reminder);
-                return true;
-            });
-        }
-    }
+    Status status = WalkPlain({from, to, true, false}, visitDue);
     if (Succeeded(status)) {
         status = ReadSeries(from);
     }
@@ -179,17 +173,7 @@ Status ReminderFinder::FindAhead(Moment now, const Visit& visit) {
         }
     };
     const std::int64_t wall = Core.Zones.UtcToWall(now);
-    std::vector<Moment> leads;
-    Status status = ReadLeads(leads);
-    for (const Moment lead : leads) {
-        if (Succeeded(status) && lead > 0) {
-            status =
-                WalkPlain(lead, wall - kSlack, wall + LeadOf(lead) + kSlack, [&](const DueReminder& reminder, auto) {
-                    visitAhead(reminder);
-                    return true;
-                });
-        }
-    }
+    Status status = WalkPlain({wall - kSlack, wall + kSlack, false, true}, visitAhead);
     if (Succeeded(status)) {
         status = ReadSeries(wall - kSlack);
     }
@@ -201,24 +185,24 @@ Status ReminderFinder::FindAhead(Moment now, const Visit& visit) {
     return status;
 }
 
+// The first of each lead that is surely after the moment bounds how far to look for those that may be before it.
 Status ReminderFinder::FindNextPlain(Moment after, Moment& best) {
-    std::vector<Moment> leads;
-    Status status = ReadLeads(leads);
     const std::int64_t wall = Core.Zones.UtcToWall(after);
-    for (const Moment lead : leads) {
-        if (Failed(status)) {
-            break;
+    std::int64_t to = wall + kSlack;
+    {
+        Query query(Core.Db, kFirstPlain);
+        if (query.Bind(to).Next() && !query.IsNull(0)) {
+            to = query.Integer(0) + 2 * kSlack;
         }
-        const Moment before = LeadOf(lead);
-        status = WalkPlain(
-            lead, wall + before - kSlack, outlook::kForever, [&](const DueReminder& reminder, std::int64_t start) {
-                if (reminder.At > after) {
-                    best = std::min(best, reminder.At);
-                }
-                return best == outlook::kForever || start - before <= Core.Zones.UtcToWall(best) + kSlack;
-            });
+        if (Failed(query.Result())) {
+            return query.Result();
+        }
     }
-    return status;
+    return WalkPlain({wall - kSlack, to, true, false}, [&](const DueReminder& reminder) {
+        if (reminder.At > after) {
+            best = std::min(best, reminder.At);
+        }
+    });
 }
 
 Status ReminderFinder::FindNextOfSeries(Moment after, Moment& best) {

@@ -33,16 +33,22 @@ class ReminderFinder {
         Moment Lead = 0;
     };
 
+    // Starts on the device's clock; the end is later by each item's lead.
+    struct PlainSpan {
+        std::int64_t From = 0;
+        std::int64_t To = 0;
+        bool FromMoves = false; // as the end does
+        bool LeadsOnly = false; // what reminds before its start
+    };
+
     struct Item; // the columns that a description needs
 
     DueReminder MakePlain(Oid oid, outlook::ZoneId zone, std::int64_t own, Moment lead);
     Status MakeOccurrence(const RemindingSeries& series, const outlook::Entry& entry, DueReminder& reminder);
     Moment DueOf(outlook::ZoneId zone, std::int64_t own, Moment lead);
-    Status ReadLeads(std::vector<Moment>& leads);
     Status ReadSeries(std::int64_t from);
-    // Plain items with this lead and a start on the device's clock in a span, until the visitor gives false.
-    Status WalkPlain(Moment lead, std::int64_t from, std::int64_t to,
-                     const std::function<bool(const DueReminder&, std::int64_t start)>& visit);
+    // Plain items in a span, in no order.
+    Status WalkPlain(const PlainSpan& span, const Visit& visit);
     // Occurrences of one series that start in a span on the device's clock.
     Status WalkSeries(const RemindingSeries& series, std::int64_t from, std::int64_t to, const Visit& visit);
     Status FindNextPlain(Moment after, Moment& best);

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
+
 namespace tavo::reminders::test {
 namespace {
 
@@ -49,6 +51,38 @@ TEST_F(ReminderFinder, TheNextOneMayHaveALaterStart) {
     GivenReminder(Add("2026-06-03 09:00", "2026-06-03 10:00"), 3 * 24 * 60);
     EXPECT_EQ(Next("2026-05-30 00:00"), "2026-05-31 09:00");
     EXPECT_EQ(Next("2026-05-31 09:00"), "2026-06-01 08:55");
+}
+
+TEST_F(ReminderFinder, ALeadBelowZeroIsNone) {
+    GivenReminder(Add("2026-06-01 09:00", "2026-06-01 10:00"), -15);
+    EXPECT_EQ(Next("2026-05-30 00:00"), "2026-06-01 09:00");
+    EXPECT_EQ(Due("2026-06-01 08:00", "2026-06-01 09:00"), std::vector<std::string>{"2026-06-01 09:00"});
+}
+
+// As one mailed file can bring them.
+TEST_F(ReminderFinder, TwentyThousandLeadsHoldNobodyUp) {
+    const Oid train = Add("2026-06-01 09:00", "2026-06-01 10:00");
+    GivenReminder(train, 10);
+    const std::string copies =
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 20000)"
+        " INSERT INTO item SELECT 1000 + i, NULL, source, start + i * 120, length, zone, zone_start,"
+        " zone_length, flags, busy, sensitivity, 20 + i, reminder_options, reminder_sound, subject,"
+        " location, categories, body FROM item, n WHERE oid = " +
+        std::to_string(train);
+    ASSERT_EQ(Store->Core().Db.Run(copies.c_str()), Status::Ok);
+    reminders::ReminderFinder finder(Store->Core());
+    int found = 0;
+    const auto count = [&found](const DueReminder&) { ++found; };
+    const std::clock_t before = std::clock();
+    std::optional<Moment> next;
+    ASSERT_EQ(finder.FindNext(At("2026-05-01 00:00"), next), Status::Ok);
+    ASSERT_EQ(finder.FindDue(At("2026-06-01 08:00"), At("2026-06-01 10:00"), count), Status::Ok);
+    ASSERT_EQ(finder.FindAhead(At("2026-06-01 09:10"), count), Status::Ok);
+    const double seconds = static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
+    RecordProperty("Milliseconds", static_cast<int>(1000 * seconds));
+    EXPECT_EQ(next ? TextOf(*next) : "none", "2026-06-01 08:41");
+    EXPECT_GT(found, 0);
+    EXPECT_LT(seconds, 0.5);
 }
 
 TEST_F(ReminderFinder, OccurrencesRemindEach) {
