@@ -1,8 +1,10 @@
 // Times and titles as lines of text.
 #include "companion/card_text.h"
 
+#include "host/locale/harmless_text.h"
 #include "host/outlook/wall_time.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -46,8 +48,15 @@ std::string DescribeStart(const reminders::ReminderText& text, std::int64_t nowW
     return text.AllDay ? day : day + ", " + DescribeTime(text.StartWall);
 }
 
+// White space of any kind is a blank here, so that nothing passes for a line of its own.
+std::string OneLine(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char letter) { return letter >= '\t' && letter <= '\r'; }, ' ');
+    return locale::MakeHarmless(text);
+}
+
 std::string TitleOf(const reminders::CardLine& line) {
-    const std::string title = line.Text.Title.empty() ? "No Subject" : line.Text.Title;
+    const std::string title = line.Text.Title.empty() ? "No Subject" : OneLine(line.Text.Title);
     return line.Again ? "Again: " + title : title;
 }
 
@@ -72,7 +81,7 @@ std::string DescribeLines(const reminders::Card& card, std::int64_t nowWall) {
 CardText DescribeCard(const reminders::Card& card, std::int64_t nowWall) {
     if (card.Kind == reminders::CardKind::Single && !card.Lines.empty()) {
         const reminders::CardLine& line = card.Lines.front();
-        const std::string place = line.Text.Location.empty() ? "" : "\n" + line.Text.Location;
+        const std::string place = line.Text.Location.empty() ? "" : "\n" + OneLine(line.Text.Location);
         return {TitleOf(line), DescribeStart(line.Text, nowWall) + place};
     }
     const bool missed = card.Kind == reminders::CardKind::Missed;

@@ -8,6 +8,7 @@
 
 namespace tavo::companion {
 
+// Harmless for any desktop, however the items' texts were made.
 struct CardText {
     std::string Summary; // one line
     std::string Body;    // further lines, joined by line feeds; perhaps none

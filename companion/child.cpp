@@ -4,11 +4,11 @@
 #include "host/files/device_processes.h"
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace tavo::companion {
@@ -52,7 +52,8 @@ bool Child::Start(const std::vector<std::string>& arguments) {
         pointers.push_back(const_cast<char*>(argument.c_str())); // execv wants it so and does not write
     }
     pointers.push_back(nullptr);
-    Unread.clear();
+    (void)fcntl(ToChild.Get(), F_SETFL, O_NONBLOCK); // both were made just now, and take any flag
+    (void)fcntl(FromChild.Get(), F_SETFL, O_NONBLOCK);
     Process = fork();
     if (Process == 0) {
         BecomeProgram(pointers.data(), childInput.Get(), childOutput.Get());
@@ -62,8 +63,7 @@ bool Child::Start(const std::vector<std::string>& arguments) {
 
 void Child::Stop() {
     if (Process > 0) {
-        (void)kill(Process, SIGTERM);
-        (void)waitpid(Process, nullptr, 0); // it was ours to reap
+        (void)kill(Process, SIGKILL); // one that hangs heeds nothing else
     }
     NoteEnd();
 }
@@ -72,16 +72,22 @@ void Child::NoteEnd() {
     Process = -1;
     (void)ToChild.Close();
     (void)FromChild.Close();
+    Unread.clear();
+    Unwritten.clear();
 }
 
 bool Child::Write(const std::string& line) {
-    std::size_t written = 0;
-    while (ToChild && written < line.size()) {
-        const ssize_t count = write(ToChild.Get(), line.data() + written, line.size() - written);
-        if (count <= 0) {
-            return false;
+    Unwritten += line;
+    return Flush();
+}
+
+bool Child::Flush() {
+    while (ToChild && !Unwritten.empty()) {
+        const ssize_t count = write(ToChild.Get(), Unwritten.data(), Unwritten.size());
+        if (count < 0) {
+            return errno == EAGAIN;
         }
-        written += static_cast<std::size_t>(count);
+        Unwritten.erase(0, static_cast<std::size_t>(count));
     }
     return static_cast<bool>(ToChild);
 }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <csignal>
 #include <ctime>
 #include <malloc.h>
@@ -24,8 +25,9 @@ using reminders::Look;
 using reminders::Moment;
 
 constexpr Moment kUnixEpoch = outlook::kUnixEpochDay * outlook::kSecondsPerDay;
-constexpr Moment kStoreRetry = 30;  // seconds until a store that cannot be opened is tried again
-constexpr int kStorePatience = 250; // milliseconds that one try may wait for other writers
+constexpr Moment kStoreRetry = 30;                       // seconds until a store that cannot be opened is tried again
+constexpr int kStorePatience = 250;                      // milliseconds that one try may wait for other writers
+constexpr std::chrono::milliseconds kLastPatience{1000}; // for what the desk was asked at the end
 constexpr auto kSecondLooks = outlook::ChangeWatcher::kSecondLooks;
 
 Moment Now() {
@@ -67,6 +69,8 @@ Companion::Companion(const files::DeviceRoot& root)
     : Root(root),
       Desk(root, {[this](std::uint32_t card, reminders::Answer answer, int snooze) { Answer(card, answer, snooze); },
                   [this] { Pending = Pending.value_or(Look::Clock); },
+                  [this](std::uint32_t question, const auto& placed) { TakePlacement(question, placed); },
+                  [this](std::uint32_t card, const auto& placed) { TakeMove(card, placed); },
                   [this] { return Device == nullptr ? 0 : Device->Ledger.ToWall(Now()); }}) {}
 
 Companion::~Companion() = default;
@@ -114,7 +118,7 @@ void Companion::LeaveStore() {
     std::vector<reminders::LedgerRow> rows;
     (void)Device->Ledger.ReadOpen(rows); // the cards of one that cannot be read stay until somebody closes them
     for (const reminders::LedgerRow& row : rows) {
-        if (row.IsOnDesk() && row.Service == Desk.Service()) {
+        if (row.IsOnDesk() && Desk.Holds(row.Service)) {
             Orphans.insert(row.Card);
         }
     }
@@ -142,6 +146,7 @@ void Companion::TakeOrphansBack() {
 void Companion::SetAlarm(Moment at) {
     struct itimerspec time {};
 
+    AlarmAt = at;
     time.it_value.tv_sec = std::max<Moment>(at - kUnixEpoch, 1);
     (void)timerfd_settime(Alarm.Get(), TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &time, nullptr);
 }
@@ -189,6 +194,28 @@ void Companion::Answer(std::uint32_t card, reminders::Answer answer, int snooze)
     }
 }
 
+void Companion::TakePlacement(std::uint32_t question, const std::optional<reminders::PlacedCard>& placed) {
+    if (Device == nullptr) {
+        if (placed) {
+            Desk.TakeBack(placed->Number);
+        }
+        return;
+    }
+    const Moment now = Now();
+    const std::optional<Moment> next = Device->Planner.TakePlacement(question, placed, now);
+    if (next && *next <= now) {
+        Pending = Pending.value_or(Look::Clock);
+    } else if (next) {
+        SetAlarm(std::min(AlarmAt, *next));
+    }
+}
+
+void Companion::TakeMove(std::uint32_t card, const reminders::PlacedCard& placed) {
+    if (Device == nullptr || !Device->Planner.TakeMove(card, placed, Now())) {
+        Desk.TakeBack(placed.Number); // answered meanwhile
+    }
+}
+
 bool Companion::TakeSignals() {
     struct signalfd_siginfo signal {};
 
@@ -200,8 +227,17 @@ bool Companion::TakeSignals() {
     return !ends;
 }
 
-void Companion::Wait() {
-    enum Place { AlarmPlace, SignalPlace, ZonePlace, StorePlace, BusPlace, WindowPlace, Places };
+void Companion::PlanNextLook() {
+    NextLook.reset();
+    if (SecondLooks > 0) {
+        const int pause = kSecondLooks[kSecondLooks.size() - static_cast<std::size_t>(SecondLooks)];
+        NextLook = Clock::now() + std::chrono::milliseconds(pause);
+    }
+}
+
+// Until something comes or is to be done, or the given moment.
+void Companion::Wait(std::optional<Instant> end) {
+    enum Place { AlarmPlace, SignalPlace, ZonePlace, StorePlace, BusPlace, WindowPlace, RoomPlace, Places };
 
     std::array<struct pollfd, Places> places{};
     places[AlarmPlace] = {Alarm.Get(), POLLIN, 0};
@@ -209,14 +245,16 @@ void Companion::Wait() {
     places[ZonePlace] = {Zone.Get(), POLLIN, 0};
     places[StorePlace] = {Device == nullptr ? Folder.Get() : Device->Watcher.Descriptor(), POLLIN, 0};
     places[BusPlace] = {Desk.Bus().Descriptor(), static_cast<short>(Desk.Bus().PollEvents()), 0};
-    places[WindowPlace] = {Desk.WindowDescriptor(), POLLIN, 0};
-    const int patience =
-        SecondLooks == 0 ? -1 : kSecondLooks[kSecondLooks.size() - static_cast<std::size_t>(SecondLooks)];
-    const int ready = poll(places.data(), places.size(), patience);
-    if (ready == 0) {
-        --SecondLooks;
-        LookAtStore();
-        return;
+    places[WindowPlace] = {Desk.Window().Output(), POLLIN, 0};
+    places[RoomPlace] = {Desk.Window().Input(), POLLOUT, 0};
+    end = Earlier(end, Earlier(NextLook, Desk.Deadline()));
+    int patience = -1;
+    if (end) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(*end - Clock::now());
+        patience = static_cast<int>(std::max<std::int64_t>(left.count(), 0));
+    }
+    if (poll(places.data(), places.size(), patience) < 0) {
+        return; // interrupted: all that follows is asked again
     }
     const auto came = [&places](Place place) { return places[place].revents != 0; };
     if (came(AlarmPlace)) {
@@ -232,15 +270,23 @@ void Companion::Wait() {
         }
         SecondLooks = static_cast<int>(kSecondLooks.size());
         LookAtStore();
+        PlanNextLook();
+    } else if (NextLook && *NextLook <= Clock::now()) {
+        --SecondLooks;
+        LookAtStore();
+        PlanNextLook();
     }
-    if (came(BusPlace)) {
-        (void)Desk.Bus().Process();
-    }
-    if (came(WindowPlace)) {
-        Desk.ReadWindow();
-    }
+    Desk.Process();
     if (came(SignalPlace)) {
-        Ending = !TakeSignals();
+        Ending = !TakeSignals() || Ending;
+    }
+}
+
+// What the desktop has taken is to be in the ledger, else the next process says it again.
+void Companion::WaitForDesk() {
+    const Instant end = Clock::now() + kLastPatience;
+    while (Device != nullptr && Device->Planner.WaitsForDesk() && Clock::now() < end) {
+        Wait(end);
     }
 }
 
@@ -256,12 +302,12 @@ int Companion::Run() {
             Work(look);
             GiveMemoryBack();
             // What came while we asked the bus would wake nobody any more.
-            (void)Desk.Bus().Process();
-            Desk.ReadWindow();
+            Desk.Process();
             continue;
         }
-        Wait();
+        Wait(std::nullopt);
     }
+    WaitForDesk();
     if (Device != nullptr) {
         (void)Device->Planner.Leave(Now()); // else the next start looks a little further back
     }

@@ -38,7 +38,11 @@ class Companion {
     void LookAtZone();
     void Answer(std::uint32_t card, reminders::Answer answer, int snooze);
     bool TakeSignals();
-    void Wait();
+    void TakePlacement(std::uint32_t question, const std::optional<reminders::PlacedCard>& placed);
+    void TakeMove(std::uint32_t card, const reminders::PlacedCard& placed);
+    void PlanNextLook();
+    void Wait(std::optional<Instant> end);
+    void WaitForDesk();
     void GiveMemoryBack();
 
     const files::DeviceRoot Root;
@@ -50,7 +54,9 @@ class Companion {
     files::FileDescriptor Zone;
     std::optional<reminders::Look> Pending;
     std::set<std::uint32_t> Orphans; // cards of a store that was replaced
+    std::optional<Instant> NextLook; // at the store, once more
     int SecondLooks = 0;
+    reminders::Moment AlarmAt = 0;
     bool Ending = false;
 };
 

@@ -2,8 +2,10 @@
 #include "companion/notifications.h"
 
 #include <array>
+#include <chrono>
 #include <string_view>
 #include <systemd/sd-bus.h>
+#include <vector>
 
 namespace tavo::companion {
 
@@ -11,7 +13,11 @@ namespace {
 
 constexpr const char* kName = "org.freedesktop.Notifications";
 constexpr const char* kPath = "/org/freedesktop/Notifications";
-constexpr std::uint64_t kCallPatience = 5'000'000; // microseconds; starting the service is part of it
+constexpr std::uint64_t kBusPatience = 500'000;     // microseconds that the bus itself may take
+constexpr std::uint64_t kLateReplies = 300'000'000; // microseconds in which a reply that is late still counts
+// Until a card goes to our own window. It comes back from there when the service was only slow.
+constexpr std::chrono::milliseconds kReplyPatience{900};
+constexpr std::chrono::milliseconds kCapabilityPatience{400}; // of these
 constexpr std::uint32_t kClosedByPerson = 2;
 constexpr std::uint8_t kUrgent = 2; // stays until it is answered
 
@@ -84,11 +90,36 @@ int AppendCard(sd_bus_message* message, const CardText& text, std::uint32_t repl
 
 } // namespace
 
+// A card on its way to the service.
+struct Notifications::Question {
+    Notifications* Owner = nullptr;
+    std::uint32_t Number = 0;
+    CardText Text;
+    std::uint32_t Replaced = 0;
+    sd_bus_slot* Slot = nullptr; // of the call, once it was sent
+    Instant HeldUntil;           // it waits for what the service can do
+    Instant Deadline;
+    bool IsLate = false; // nobody waits for it any more
+
+    Question() = default;
+    Question(const Question&) = delete;
+    Question& operator=(const Question&) = delete;
+
+    ~Question() { sd_bus_slot_unref(Slot); }
+};
+
+Notifications::Notifications(Events events) : Told(std::move(events)) {}
+
 Notifications::~Notifications() {
+    Questions.clear();
     Disconnect();
 }
 
 void Notifications::Disconnect() {
+    ForgetCapabilities();
+    while (!Questions.empty()) {
+        TakeReply(Questions.begin()->first, std::nullopt);
+    }
     if (Bus != nullptr) {
         sd_bus_flush_close_unref(Bus);
         Bus = nullptr;
@@ -104,16 +135,24 @@ bool Notifications::Connect() {
         Bus = nullptr;
         return false;
     }
-    constexpr const char* ownerRule = "type='signal',sender='org.freedesktop.DBus',member='NameOwnerChanged',"
-                                      "arg0='org.freedesktop.Notifications'";
-    if (sd_bus_match_signal(Bus, nullptr, kName, kPath, kName, "ActionInvoked", Forward<OnAction>, this) < 0 ||
-        sd_bus_match_signal(Bus, nullptr, kName, kPath, kName, "NotificationClosed", Forward<OnClosed>, this) < 0 ||
-        sd_bus_add_match(Bus, nullptr, ownerRule, Forward<OnOwnerChanged>, this) < 0) {
+    if (sd_bus_set_method_call_timeout(Bus, kBusPatience) < 0 || !Listen()) {
         Disconnect();
         return false;
     }
     FindService();
+    if (!ServiceName.empty()) {
+        AskCapabilities(); // so that they are known when something is due
+    }
     return true;
+}
+
+bool Notifications::Listen() {
+    constexpr const char* ownerRule = "type='signal',sender='org.freedesktop.DBus',member='NameOwnerChanged',"
+                                      "arg0='org.freedesktop.Notifications'";
+    return sd_bus_match_signal(Bus, nullptr, kName, kPath, kName, "ActivationToken", Forward<OnToken>, this) >= 0 &&
+           sd_bus_match_signal(Bus, nullptr, kName, kPath, kName, "ActionInvoked", Forward<OnAction>, this) >= 0 &&
+           sd_bus_match_signal(Bus, nullptr, kName, kPath, kName, "NotificationClosed", Forward<OnClosed>, this) >= 0 &&
+           sd_bus_add_match(Bus, nullptr, ownerRule, Forward<OnOwnerChanged>, this) >= 0;
 }
 
 int Notifications::Descriptor() const {
@@ -122,6 +161,20 @@ int Notifications::Descriptor() const {
 
 int Notifications::PollEvents() const {
     return Bus == nullptr ? 0 : sd_bus_get_events(Bus);
+}
+
+std::optional<Instant> Notifications::Deadline() const {
+    std::optional<Instant> earliest;
+    for (const auto& [number, question] : Questions) {
+        if (!question->IsLate) {
+            earliest = Earlier(earliest, question->Slot == nullptr ? question->HeldUntil : question->Deadline);
+        }
+    }
+    std::uint64_t time = 0; // of the clock that Instant has, in microseconds
+    if (Bus != nullptr && sd_bus_get_timeout(Bus, &time) > 0 && time != UINT64_MAX) {
+        earliest = Earlier(earliest, Instant(std::chrono::microseconds(time)));
+    }
+    return earliest;
 }
 
 bool Notifications::Process() {
@@ -133,63 +186,156 @@ bool Notifications::Process() {
         Disconnect();
         Told.ServiceChanged();
     }
+    TakeTime();
     return Bus != nullptr;
 }
 
-void Notifications::FindService() {
-    const std::string before = std::move(ServiceName);
-    ServiceName.clear();
-    sd_id128_t bus{};
-    sd_bus_creds* owner = nullptr;
-    const char* unique = nullptr;
-    if (sd_bus_get_bus_id(Bus, &bus) >= 0 && sd_bus_get_name_creds(Bus, kName, SD_BUS_CREDS_UNIQUE_NAME, &owner) >= 0 &&
-        sd_bus_creds_get_unique_name(owner, &unique) >= 0) {
-        std::array<char, SD_ID128_STRING_MAX> text{};
-        ServiceName = std::string(sd_id128_to_string(bus, text.data())) + ' ' + unique;
-    }
-    sd_bus_creds_unref(owner);
-    if (!ServiceName.empty() && ServiceName != before) {
-        ReadCapabilities();
-    }
-}
-
-void Notifications::ReadCapabilities() {
-    TakesMarkup = false;
-    sd_bus_message* reply = nullptr;
-    if (sd_bus_call_method(Bus, kName, kPath, kName, "GetCapabilities", nullptr, &reply, "") >= 0 &&
-        sd_bus_message_enter_container(reply, 'a', "s") > 0) {
-        const char* word = nullptr;
-        while (sd_bus_message_read(reply, "s", &word) > 0) {
-            TakesMarkup = TakesMarkup || std::string_view(word) == "body-markup";
+void Notifications::TakeTime() {
+    const Instant now = Clock::now();
+    SendHeld();
+    std::vector<std::uint32_t> late;
+    for (const auto& [number, question] : Questions) {
+        if (!question->IsLate && question->Deadline <= now) {
+            question->IsLate = true;
+            late.push_back(number);
         }
     }
-    sd_bus_message_unref(reply);
+    IsSilent = IsSilent || !late.empty();
+    for (const std::uint32_t number : late) {
+        Told.Replied(number, std::nullopt);
+    }
 }
 
-std::optional<std::uint32_t> Notifications::Show(const CardText& text, std::uint32_t replaced) {
-    if (!Connect()) {
-        return std::nullopt;
+std::string Notifications::NameService(const char* owner) const {
+    sd_id128_t bus{};
+    if (owner == nullptr || *owner == '\0' || sd_bus_get_bus_id(Bus, &bus) < 0) {
+        return {};
     }
+    std::array<char, SD_ID128_STRING_MAX> text{};
+    return std::string(sd_id128_to_string(bus, text.data())) + ' ' + owner;
+}
+
+void Notifications::FindService() {
+    sd_bus_creds* owner = nullptr;
+    const char* unique = nullptr;
+    if (sd_bus_get_name_creds(Bus, kName, SD_BUS_CREDS_UNIQUE_NAME, &owner) >= 0 &&
+        sd_bus_creds_get_unique_name(owner, &unique) >= 0) {
+        ServiceName = NameService(unique);
+    }
+    sd_bus_creds_unref(owner);
+}
+
+void Notifications::ForgetCapabilities() {
+    sd_bus_slot_unref(CapabilitiesSlot);
+    CapabilitiesSlot = nullptr;
+    KnowsCapabilities = false;
+    TakesMarkup = true;
+}
+
+// One that cannot be asked is taken for one that does not answer.
+void Notifications::AskCapabilities() {
     sd_bus_message* call = nullptr;
-    sd_bus_message* reply = nullptr;
-    std::uint32_t number = 0;
-    int result = sd_bus_message_new_method_call(Bus, &call, kName, kPath, kName, "Notify");
-    if (result >= 0) {
-        result = AppendCard(call, text, replaced, TakesMarkup);
-    }
-    if (result >= 0) {
-        result = sd_bus_call(Bus, call, kCallPatience, nullptr, &reply);
-    }
-    if (result >= 0) {
-        result = sd_bus_message_read(reply, "u", &number);
+    if (CapabilitiesSlot == nullptr &&
+        sd_bus_message_new_method_call(Bus, &call, kName, kPath, kName, "GetCapabilities") >= 0) {
+        static_cast<void>(sd_bus_call_async(Bus, &CapabilitiesSlot, call, Forward<OnCapabilities>, this, kLateReplies));
     }
     sd_bus_message_unref(call);
-    sd_bus_message_unref(reply);
-    if (result < 0) {
-        return std::nullopt;
+}
+
+int Notifications::OnCapabilities(sd_bus_message* message, void* self, void*) {
+    auto* notifications = static_cast<Notifications*>(self);
+    notifications->ForgetCapabilities();
+    if (sd_bus_message_is_method_error(message, nullptr) == 0) {
+        notifications->KnowsCapabilities = true;
+        notifications->IsSilent = false;
+        notifications->TakesMarkup = false;
+        const char* word = nullptr;
+        if (sd_bus_message_enter_container(message, 'a', "s") > 0) {
+            while (sd_bus_message_read(message, "s", &word) > 0) {
+                notifications->TakesMarkup = notifications->TakesMarkup || std::string_view(word) == "body-markup";
+            }
+        }
     }
-    FindService(); // our call may have started it
-    return number;
+    for (const auto& [number, question] : notifications->Questions) {
+        question->HeldUntil = Instant(); // an error is no reason to wait either: the card itself tells more
+    }
+    notifications->SendHeld();
+    return 0;
+}
+
+bool Notifications::Ask(std::uint32_t question, const CardText& text, std::uint32_t replaced) {
+    if (!Connect()) {
+        return false;
+    }
+    if (!KnowsCapabilities || IsSilent) {
+        AskCapabilities();
+    }
+    if (IsSilent) {
+        return false; // it is asked for nothing but what it can do, until it answers
+    }
+    auto asked = std::make_unique<Question>();
+    asked->Owner = this;
+    asked->Number = question;
+    asked->Text = text;
+    asked->Replaced = replaced;
+    asked->HeldUntil = Clock::now() + kCapabilityPatience;
+    asked->Deadline = Clock::now() + kReplyPatience;
+    if (KnowsCapabilities && !Send(*asked)) {
+        return false;
+    }
+    Questions.insert_or_assign(question, std::move(asked));
+    return true;
+}
+
+bool Notifications::Send(Question& question) {
+    sd_bus_message* call = nullptr;
+    int result = sd_bus_message_new_method_call(Bus, &call, kName, kPath, kName, "Notify");
+    if (result >= 0) {
+        result = AppendCard(call, question.Text, question.Replaced, TakesMarkup);
+    }
+    if (result >= 0) {
+        result = sd_bus_call_async(Bus, &question.Slot, call, Forward<OnReply>, &question, kLateReplies);
+    }
+    sd_bus_message_unref(call);
+    return result >= 0;
+}
+
+void Notifications::SendHeld() {
+    std::vector<std::uint32_t> refused;
+    const Instant now = Clock::now();
+    for (const auto& [number, question] : Questions) {
+        const bool isHeld = question->Slot == nullptr && !question->IsLate;
+        if (isHeld && (KnowsCapabilities || question->HeldUntil <= now) && (Bus == nullptr || !Send(*question))) {
+            refused.push_back(number);
+        }
+    }
+    for (const std::uint32_t number : refused) {
+        TakeReply(number, std::nullopt);
+    }
+}
+
+int Notifications::OnReply(sd_bus_message* message, void* question, void*) {
+    const auto* asked = static_cast<Question*>(question);
+    Notifications& self = *asked->Owner;
+    std::optional<reminders::PlacedCard> placed;
+    std::uint32_t card = 0;
+    if (sd_bus_message_is_method_error(message, nullptr) == 0 && sd_bus_message_read(message, "u", &card) >= 0) {
+        self.IsSilent = false;
+        self.ServiceName = self.NameService(sd_bus_message_get_sender(message)); // our call may have started it
+        placed = {card, self.ServiceName};
+    }
+    self.TakeReply(asked->Number, placed);
+    return 0;
+}
+
+// Nothing, of one that is late, was told already.
+void Notifications::TakeReply(std::uint32_t number, const std::optional<reminders::PlacedCard>& placed) {
+    const auto asked = Questions.find(number);
+    const std::unique_ptr<Question> question = std::move(asked->second);
+    Questions.erase(asked);
+    if (placed || !question->IsLate) {
+        Told.Replied(number, placed);
+    }
 }
 
 void Notifications::TakeBack(std::uint32_t card) {
@@ -200,13 +346,26 @@ void Notifications::TakeBack(std::uint32_t card) {
     }
 }
 
+// Comes right before the action that it is for.
+int Notifications::OnToken(sd_bus_message* message, void* self, void*) {
+    auto* notifications = static_cast<Notifications*>(self);
+    const char* token = nullptr;
+    if (sd_bus_message_read(message, "us", &notifications->TokenCard, &token) >= 0) {
+        notifications->Token = token;
+    }
+    return 0;
+}
+
 int Notifications::OnAction(sd_bus_message* message, void* self, void*) {
+    auto* notifications = static_cast<Notifications*>(self);
     std::uint32_t card = 0;
     const char* key = nullptr;
     if (sd_bus_message_read(message, "us", &card, &key) >= 0) {
+        const std::string token = notifications->TokenCard == card ? std::move(notifications->Token) : std::string();
+        notifications->Token.clear();
         for (const Action& action : kActions) {
             if (std::string_view(key) == action.Key) {
-                static_cast<Notifications*>(self)->Told.Answered(card, action.Meaning, action.Snooze);
+                notifications->Told.Answered(card, action.Meaning, action.Snooze, token);
             }
         }
     }
@@ -217,21 +376,28 @@ int Notifications::OnClosed(sd_bus_message* message, void* self, void*) {
     std::uint32_t card = 0;
     std::uint32_t reason = 0;
     if (sd_bus_message_read(message, "uu", &card, &reason) >= 0 && reason == kClosedByPerson) {
-        static_cast<Notifications*>(self)->Told.Answered(card, reminders::Answer::Dismiss, 0);
+        static_cast<Notifications*>(self)->Told.Answered(card, reminders::Answer::Closed, 0, "");
     }
     return 0;
 }
 
 int Notifications::OnOwnerChanged(sd_bus_message* message, void* self, void*) {
-    static_cast<void>(message); // who it is now is asked for
     auto* notifications = static_cast<Notifications*>(self);
-    const std::string before = notifications->ServiceName;
-    notifications->FindService();
-    if (notifications->ServiceName.empty()) {
-        // At the session's end the service goes first: nothing is put up elsewhere until something is due.
-        notifications->ServiceName = before;
-    } else if (notifications->ServiceName != before) {
-        notifications->Told.ServiceChanged();
+    const char* words[3] = {}; // the name, who had it, who has it now
+    if (sd_bus_message_read(message, "sss", &words[0], &words[1], &words[2]) < 0) {
+        return 0;
+    }
+    notifications->ForgetCapabilities();
+    notifications->IsSilent = false;
+    const std::string name = notifications->NameService(words[2]);
+    // At the session's end the service goes first: nothing is put up elsewhere until something is due.
+    if (!name.empty()) {
+        const bool isOther = name != notifications->ServiceName;
+        notifications->ServiceName = name;
+        notifications->AskCapabilities();
+        if (isOther) {
+            notifications->Told.ServiceChanged();
+        }
     }
     return 0;
 }

@@ -6,9 +6,7 @@
 #include "host/locale/utf.h"
 #include "platform/outlook.h"
 
-#include <array>
-#include <cstdio>
-#include <sstream>
+#include <cstdlib>
 #include <string_view>
 #include <sys/wait.h>
 
@@ -16,120 +14,106 @@ namespace tavo::companion {
 
 namespace {
 
-constexpr std::uint32_t kFirstWindowCard = 0x80000000U; // the desktop's own numbers begin at one
-constexpr int kWindowPatience = 3000;                   // milliseconds until it has painted a card
 constexpr std::u16string_view kHouseSound = u"\\Windows\\Chime.wav";
 
 std::string InstalledSounds() {
     return files::RunningProgramFolder() + "/../share/tavocalendar/sounds";
 }
 
-// A field of a line to the window: no tabs, and line feeds as the window reads them.
-std::string FieldOf(const std::string& text) {
-    std::string field;
-    for (const char letter : text) {
-        field += letter == '\t' ? ' ' : letter == '\n' ? '\x1f' : letter;
-    }
-    return field;
-}
-
 } // namespace
 
 ReminderDesk::ReminderDesk(const files::DeviceRoot& root, Events events)
     : RunFolder(root.RunFolder()), Files({root.Path(), InstalledSounds()}), Told(std::move(events)),
-      OwnBus({Told.Answered, [this] { TakeServiceChange(); }}) {}
+      OwnBus({[this](std::uint32_t card, reminders::Answer answer, int snooze, const std::string& token) {
+                  TakeAnswer(card, answer, snooze, token);
+              },
+              Told.ServiceChanged,
+              [this](std::uint32_t question, const auto& placed) { TakeBusReply(question, placed); }}),
+      OwnCards(
+          {[this](std::uint32_t card, reminders::Answer answer, int snooze) { TakeAnswer(card, answer, snooze, ""); },
+           Told.ServiceChanged,
+           [this](std::uint32_t question, const auto& placed) { TakeWindowReply(question, placed); }}) {}
 
-std::string ReminderDesk::Service() {
-    return UsesWindow ? "window " + std::to_string(Window.Id()) : OwnBus.Service();
+bool ReminderDesk::Holds(const std::string& service) {
+    return !service.empty() && (service == OwnBus.Service() || OwnCards.Holds(service));
 }
 
-void ReminderDesk::TakeServiceChange() {
-    if (UsesWindow && !OwnBus.Service().empty()) {
-        UsesWindow = false;
-        Window.Stop();
+// The desktop first; each card that it does not take goes to our own window.
+reminders::Placement ReminderDesk::Show(const reminders::Card& card, std::uint32_t replaced) {
+    std::erase_if(Offers,
+                  [this](const auto& entry) { return entry.second.WindowCard != 0 && !OwnBus.MayReply(entry.first); });
+    const std::uint32_t question = ++LastQuestion;
+    const Offer& offer =
+        Offers.insert_or_assign(question, Offer{DescribeCard(card, Told.NowWall()), replaced}).first->second;
+    if (OwnBus.Ask(question, offer.Text, OwnWindow::IsCard(replaced) ? 0 : replaced) ||
+        OwnCards.Ask(question, offer.Text, replaced)) {
+        return {std::nullopt, question};
     }
-    Told.ServiceChanged();
+    Offers.erase(question);
+    return {};
 }
 
-std::optional<std::uint32_t> ReminderDesk::Show(const reminders::Card& card, std::uint32_t replaced) {
-    const CardText text = DescribeCard(card, Told.NowWall());
-    if (!UsesWindow) {
-        const std::uint32_t own = replaced >= kFirstWindowCard ? 0 : replaced;
-        if (const std::optional<std::uint32_t> number = OwnBus.Show(text, own)) {
-            return number;
-        }
+void ReminderDesk::TakeBusReply(std::uint32_t question, const std::optional<reminders::PlacedCard>& placed) {
+    const auto known = Offers.find(question);
+    if (!placed && known != Offers.end() && OwnCards.Ask(question, known->second.Text, known->second.Replaced)) {
+        return;
     }
-    UsesWindow = true;
-    return ShowInWindow(text, replaced);
+    const Offer offer = known == Offers.end() ? Offer() : known->second;
+    Offers.erase(question);
+    if (placed && offer.WindowCard != 0) {
+        OwnCards.TakeBack(offer.WindowCard);
+        Told.Moved(offer.WindowCard, *placed);
+        return;
+    }
+    if (placed && offer.Replaced != 0 && offer.Replaced != placed->Number) {
+        TakeBack(offer.Replaced);
+    }
+    Told.Placed(question, placed);
 }
 
-std::optional<std::uint32_t> ReminderDesk::ShowInWindow(const CardText& text, std::uint32_t replaced) {
-    if (!Window.Runs()) {
-        if (!Window.Start({HelperProgram("tavo_reminder_window")})) {
-            return std::nullopt;
+void ReminderDesk::TakeWindowReply(std::uint32_t question, const std::optional<reminders::PlacedCard>& placed) {
+    const auto offer = Offers.find(question);
+    if (offer == Offers.end()) { // the desktop took it after all
+        if (placed) {
+            OwnCards.TakeBack(placed->Number);
         }
-        LastWindowCard = kFirstWindowCard;
+        return;
     }
-    const bool replaces = replaced > kFirstWindowCard && replaced <= LastWindowCard;
-    const std::uint32_t number = replaces ? replaced : ++LastWindowCard;
-    const std::string name = std::to_string(number);
-    if (!Window.Write("show\t" + name + '\t' + FieldOf(text.Summary) + '\t' + FieldOf(text.Body) + '\n')) {
-        Window.Stop();
-        return std::nullopt;
+    if (placed && offer->second.Replaced != 0 && offer->second.Replaced != placed->Number) {
+        TakeBack(offer->second.Replaced);
     }
-    // Answers that come meanwhile belong to other cards and are kept in order.
-    while (true) {
-        const std::string line = Window.ReadLine(kWindowPatience);
-        if (line == "shown\t" + name) {
-            return number;
-        }
-        if (line.empty()) {
-            Window.Stop();
-            return std::nullopt;
-        }
-        Postponed.push_back(line);
-    }
+    offer->second.WindowCard = placed ? placed->Number : 0;
+    Told.Placed(question, placed);
 }
 
-void ReminderDesk::ReadWindow() {
-    std::vector<std::string> lines;
-    lines.swap(Postponed);
-    for (std::string line = Window.ReadLine(0); !line.empty(); line = Window.ReadLine(0)) {
-        lines.push_back(line);
-    }
-    for (const std::string& line : lines) {
-        std::istringstream words(line);
-        std::string answer;
-        std::uint32_t card = 0;
-        int minutes = 0;
-        words >> answer >> card >> minutes;
-        if (answer == "dismiss") {
-            Told.Answered(card, reminders::Answer::Dismiss, 0);
-        } else if (answer == "snooze") {
-            Told.Answered(card, reminders::Answer::Snooze, minutes);
-        } else if (answer == "open") {
-            Told.Answered(card, reminders::Answer::Open, 0);
-        }
-    }
+void ReminderDesk::TakeAnswer(std::uint32_t card, reminders::Answer answer, int snooze, const std::string& token) {
+    Token = token;
+    Told.Answered(card, answer, snooze);
+    Token.clear();
+}
+
+void ReminderDesk::Process() {
+    static_cast<void>(OwnBus.Process()); // without a bus our own window goes on
+    OwnCards.Process();
+}
+
+std::optional<Instant> ReminderDesk::Deadline() const {
+    return Earlier(OwnBus.Deadline(), OwnCards.Deadline());
 }
 
 void ReminderDesk::ReapChildren() {
-    int status = 0;
-    for (pid_t ended = waitpid(-1, &status, WNOHANG); ended > 0; ended = waitpid(-1, &status, WNOHANG)) {
+    for (pid_t ended = waitpid(-1, nullptr, WNOHANG); ended > 0; ended = waitpid(-1, nullptr, WNOHANG)) {
         if (ended == Ringer.Id()) {
             Ringer.NoteEnd();
-        } else if (ended == Window.Id()) {
-            ReadWindow(); // what was answered last
-            Window.NoteEnd();
-            UsesWindow = false; // perhaps there is a service by now
-            Told.ServiceChanged();
+        } else {
+            static_cast<void>(OwnCards.TakeEnd(ended)); // else one that was stopped
         }
     }
 }
 
 void ReminderDesk::TakeBack(std::uint32_t card) {
-    if (card >= kFirstWindowCard) {
-        static_cast<void>(Window.Write("close\t" + std::to_string(card) + '\n')); // a window that is gone shows nothing
+    if (OwnWindow::IsCard(card)) {
+        OwnCards.TakeBack(card);
     } else {
         OwnBus.TakeBack(card);
     }
@@ -176,9 +160,12 @@ void ReminderDesk::StopRinging() {
 
 void ReminderDesk::OpenItem(std::int32_t item) {
     // First, so that a start finds it. Not written, a running program stays where it is and a new one shows its clock.
-    static_cast<void>(files::InstanceLock::RequestItem(RunFolder, item));
+    static_cast<void>(files::InstanceLock::RequestItem(RunFolder, item, Token));
     if (!files::InstanceLock::ProgramRuns(RunFolder)) {
+        // One thread, and nobody else reads it: for the one that is started.
+        static_cast<void>(setenv("XDG_ACTIVATION_TOKEN", Token.c_str(), 1));
         static_cast<void>(files::StartDetached({files::RunningProgramFolder() + "/tavocalendar"}));
+        static_cast<void>(unsetenv("XDG_ACTIVATION_TOKEN"));
     }
 }
 

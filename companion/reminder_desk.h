@@ -3,10 +3,13 @@
 
 #include "companion/child.h"
 #include "companion/notifications.h"
+#include "companion/own_window.h"
 #include "host/files/device_files.h"
 #include "host/files/device_root.h"
 
 #include <functional>
+#include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,14 +19,17 @@ class ReminderDesk final : public reminders::IDesk {
   public:
     struct Events {
         std::function<void(std::uint32_t card, reminders::Answer answer, int snooze)> Answered;
-        std::function<void()> ServiceChanged;
+        std::function<void()> ServiceChanged; // cards are gone, or somebody else could show them
+        std::function<void(std::uint32_t question, const std::optional<reminders::PlacedCard>& placed)> Placed;
+        // A card of our window stands on the desktop now.
+        std::function<void(std::uint32_t card, const reminders::PlacedCard& placed)> Moved;
         std::function<std::int64_t()> NowWall;
     };
 
     ReminderDesk(const files::DeviceRoot& root, Events events);
 
-    std::string Service() override;
-    std::optional<std::uint32_t> Show(const reminders::Card& card, std::uint32_t replaced) override;
+    bool Holds(const std::string& service) override;
+    reminders::Placement Show(const reminders::Card& card, std::uint32_t replaced) override;
     void TakeBack(std::uint32_t card) override;
     void Ring(const reminders::Card& card) override;
     void StopRinging() override;
@@ -31,28 +37,36 @@ class ReminderDesk final : public reminders::IDesk {
 
     Notifications& Bus() { return OwnBus; }
 
-    // The window's answers; -1 while it is not open.
-    int WindowDescriptor() const { return Window.Output(); }
+    OwnWindow& Window() { return OwnCards; }
 
-    void ReadWindow();
+    // For the loop: handles what has come and what did not come in time; when to do so at the latest.
+    void Process();
+    std::optional<Instant> Deadline() const;
     // After SIGCHLD.
     void ReapChildren();
-    // The service of notifications came or went.
-    void TakeServiceChange();
 
   private:
-    std::optional<std::uint32_t> ShowInWindow(const CardText& text, std::uint32_t replaced);
+    // A card that was to be shown, until it was answered where the desktop may still take it.
+    struct Offer {
+        CardText Text;
+        std::uint32_t Replaced = 0;
+        std::uint32_t WindowCard = 0; // where our own window has it
+    };
+
+    void TakeBusReply(std::uint32_t question, const std::optional<reminders::PlacedCard>& placed);
+    void TakeWindowReply(std::uint32_t question, const std::optional<reminders::PlacedCard>& placed);
+    void TakeAnswer(std::uint32_t card, reminders::Answer answer, int snooze, const std::string& token);
     std::vector<std::string> FindSounds(const reminders::Card& card);
 
     std::string RunFolder;
     files::DeviceFiles Files;
     Events Told;
     Notifications OwnBus;
-    bool UsesWindow = false;
-    Child Window;
+    OwnWindow OwnCards;
     Child Ringer;
-    std::uint32_t LastWindowCard = 0;
-    std::vector<std::string> Postponed; // lines of the window that came while a card was being shown
+    std::uint32_t LastQuestion = 0;
+    std::map<std::uint32_t, Offer> Offers; // by question
+    std::string Token;                     // of the answer that is being taken
 };
 
 } // namespace tavo::companion

@@ -4,6 +4,7 @@
 #include "host/files/private_file.h"
 #include "host/files/replace_file.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
@@ -25,6 +26,8 @@ constexpr off_t kWindowByte = 0;
 constexpr off_t kDataByte = 1;
 constexpr std::chrono::milliseconds kBetweenTries{20};
 constexpr std::size_t kLongestToken = 4096;
+constexpr std::size_t kLongestOid = 16; // and what is between
+constexpr char kBetween = '\n';
 constexpr double kItemPatience = 60; // seconds; who asked has given up by then
 
 std::string LockPath(const std::string& runFolder) {
@@ -52,6 +55,13 @@ std::int32_t ParseOid(std::string_view text) {
     std::int32_t oid = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), oid);
     return error == std::errc() && end == text.data() + text.size() ? oid : 0;
+}
+
+// Of a request for an item: its number, and the token behind it.
+std::int32_t ParseItem(std::string_view request, std::string& token) {
+    const std::size_t end = std::min(request.find(kBetween), request.size());
+    token = request.substr(std::min(end + 1, request.size()));
+    return ParseOid(request.substr(0, end));
 }
 
 ErrorCode WriteRequest(const std::string& path, std::string_view text) {
@@ -140,8 +150,12 @@ ErrorCode InstanceLock::RequestActivation(const std::string& runFolder, std::str
     return WriteRequest(RequestPath(runFolder), token.substr(0, kLongestToken));
 }
 
-ErrorCode InstanceLock::RequestItem(const std::string& runFolder, std::int32_t oid) {
-    return WriteRequest(ItemPath(runFolder), std::to_string(oid));
+ErrorCode InstanceLock::RequestItem(const std::string& runFolder, std::int32_t oid, std::string_view token) {
+    std::string text = std::to_string(oid);
+    if (!token.empty() && token.size() <= kLongestToken - kLongestOid) {
+        text.append(1, kBetween).append(token);
+    }
+    return WriteRequest(ItemPath(runFolder), text);
 }
 
 ErrorCode InstanceLock::WatchActivation() {
@@ -165,7 +179,13 @@ std::optional<ActivationRequest> InstanceLock::TakeActivation() {
     const bool hasItem = isItemWanted && item.has_value();
     if (!hasItem && !token)
         return std::nullopt;
-    return ActivationRequest{token.value_or(""), hasItem ? ParseOid(*item) : 0};
+    ActivationRequest request{token.value_or(""), 0};
+    if (hasItem) {
+        std::string itemToken;
+        request.Item = ParseItem(*item, itemToken);
+        request.Token = itemToken.empty() ? request.Token : itemToken;
+    }
+    return request;
 }
 
 } // namespace tavo::files

@@ -50,7 +50,8 @@ class InstanceLock {
     // For the second start: asks the running program to come forward. `token` is the desktop's activation token.
     static ErrorCode RequestActivation(const std::string& runFolder, std::string_view token);
     // Asks for an item, of a program that runs or is about to be started. Forgotten when nobody takes it in a minute.
-    static ErrorCode RequestItem(const std::string& runFolder, std::int32_t oid);
+    // `token` as above, perhaps empty.
+    static ErrorCode RequestItem(const std::string& runFolder, std::int32_t oid, std::string_view token);
 
     // For the first: from now on ActivationFd is readable when a request arrives. Look once with TakeActivation right
     // after this call, because a request may have come before it.

@@ -27,16 +27,33 @@ struct Card {
     std::vector<CardLine> Lines;
 };
 
-enum class Answer { Dismiss, Snooze, Open };
+enum class Answer {
+    Dismiss,
+    Snooze,
+    Open,
+    Closed, // as Dismiss, and its card is gone already
+};
+
+// A card that somebody took: who, and the number that they gave it.
+struct PlacedCard {
+    std::uint32_t Number = 0;
+    std::string Service;
+};
+
+// What became of a card that was to be shown. With neither, nobody took it.
+struct Placement {
+    std::optional<PlacedCard> Card;
+    std::uint32_t Question = 0; // not 0: it is not known yet, and told with this number
+};
 
 class IDesk {
   public:
     virtual ~IDesk() = default;
 
-    // Who shows cards now; another text when its cards are gone. "" when nobody is known yet.
-    virtual std::string Service() = 0;
-    // The card's number; nothing when nobody took it. `replaced` is a card that this one stands in for, or 0.
-    virtual std::optional<std::uint32_t> Show(const Card& card, std::uint32_t replaced) = 0;
+    // Whether the cards that this service took can still be there.
+    virtual bool Holds(const std::string& service) = 0;
+    // Waits for nobody. `replaced` is a card that this one stands in for, or 0.
+    virtual Placement Show(const Card& card, std::uint32_t replaced) = 0;
     virtual void TakeBack(std::uint32_t card) = 0;
     // One of its lines rings at least. What rang before becomes silent.
     virtual void Ring(const Card& card) = 0;

@@ -134,7 +134,7 @@ void Scheduler::GoBack(const Retreat& retreat) {
     std::map<std::uint32_t, std::vector<LedgerRow>> forgotten; // by card
     for (const auto& [key, row] : Open) {
         if (MayComeAnew(row, retreat.Now)) {
-            forgotten[row.Service == Desk.Service() ? row.Card : 0].push_back(row);
+            forgotten[Desk.Holds(row.Service) ? row.Card : 0].push_back(row);
         }
     }
     WentBack =
@@ -286,10 +286,10 @@ bool Scheduler::Enter(Moment now) {
 }
 
 void Scheduler::Take(std::uint32_t card, Answer answer, int snooze, Moment now) {
-    const std::string service = Desk.Service();
     std::vector<LedgerRow> rows;
     for (const auto& [key, row] : Open) {
-        if (row.IsOnDesk() && row.Card == card && row.Service == service) {
+        const bool isThere = row.IsOnDesk() || IsAsked(key); // a list stands until the next one takes its place
+        if (isThere && row.Card == card && Desk.Holds(row.Service)) {
             rows.push_back(row);
             rows.back().State = answer == Answer::Snooze ? LedgerState::Snoozed : LedgerState::Dismissed;
             rows.back().Until = answer == Answer::Snooze ? now + snooze * kMinute : row.Until;
@@ -302,6 +302,9 @@ void Scheduler::Take(std::uint32_t card, Answer answer, int snooze, Moment now) 
         Desk.StopRinging();
     }
     Record(rows, now);
+    if (answer != Answer::Closed && !IsGivenAway(card)) {
+        Desk.TakeBack(card); // some desktops leave up what was answered
+    }
     if (answer == Answer::Open) {
         Desk.OpenItem(rows.size() == 1 ? rows.front().Key.Item : 0); // which of several was meant, nobody knows
     }
@@ -309,6 +312,7 @@ void Scheduler::Take(std::uint32_t card, Answer answer, int snooze, Moment now) 
 
 Moment Scheduler::Run(Moment now, Look look) {
     LooksAtItems = LooksAtItems || look == Look::Items || !Loaded;
+    ItemsChangedMeanwhile = !Questions.empty() && (ItemsChangedMeanwhile || LooksAtItems);
     if (!Loaded) {
         static_cast<void>(Store.Purge(now)); // a ledger that takes nothing now is tidied at another start
         if (!Load()) {

@@ -25,6 +25,14 @@ class Scheduler {
 
     // Does what is to be done now. Gives when to be called again at the latest.
     Moment Run(Moment now, Look look);
+    // The desk knows by now what became of a card. Gives when to call Run at the latest; nothing when that stays.
+    std::optional<Moment> TakePlacement(std::uint32_t question, const std::optional<PlacedCard>& placed, Moment now);
+    // A card stands elsewhere now. False when none of it is known, as when it was answered meanwhile.
+    bool TakeMove(std::uint32_t card, const PlacedCard& placed, Moment now);
+
+    // Whether the desk was asked and has not answered.
+    bool WaitsForDesk() const { return !Questions.empty(); }
+
     // Somebody answered a card; `snooze` in minutes. Run is to follow.
     void Take(std::uint32_t card, Answer answer, int snooze, Moment now);
     // At an orderly end: writes the progress down.
@@ -36,6 +44,15 @@ class Scheduler {
         std::vector<CardLine> Missed;
         std::vector<CardLine> Listed; // stand in the list already
         bool MissedRings = false;
+    };
+
+    // What the desk was asked to show.
+    struct Question {
+        Card Asked;
+        std::vector<LedgerRow> Before; // as they were when it was asked
+        std::uint32_t Replaced = 0;    // the card that it stands in for
+        bool Rings = false;
+        std::uint32_t Redrawn = 0; // a card that stands already; 0 for one that is offered
     };
 
     bool Load();
@@ -55,7 +72,16 @@ class Scheduler {
     bool Collect(Moment now, Collected& collected);
     bool Present(Moment now);
     bool PresentMissed(Collected& collected, Moment now);
-    bool ShowCard(const Card& card, std::uint32_t replaced, bool rings, Moment now);
+    bool ShowCard(Card card, std::uint32_t replaced, bool rings, Moment now);
+    void Ask(Question question, Moment now);
+    void Settle(const Question& question, const std::optional<PlacedCard>& placed, Moment now);
+    void TakeRedrawing(const Question& question, const std::optional<PlacedCard>& placed, Moment now);
+    void ReturnOffer(const Question& question, Moment now);
+
+    bool IsAsked(const ReminderKey& key) const { return AskedKeys.contains(key); }
+
+    bool IsListAsked() const;
+    bool IsGivenAway(std::uint32_t card) const;
     Moment NextCall(Moment now, bool done);
 
     bool Commit(const std::vector<LedgerRow>& rows, std::optional<Moment> passed, Moment now);
@@ -81,6 +107,9 @@ class Scheduler {
     std::set<ReminderKey> Inherited;    // on the desk since an earlier process, whose last answers may be lost
     std::optional<Moment> FailingSince; // the ledger takes nothing
     std::optional<Moment> NextTry;      // nobody took a card
+    std::map<std::uint32_t, Question> Questions;
+    std::set<ReminderKey> AskedKeys;    // of what is offered
+    bool ItemsChangedMeanwhile = false; // while the desk was asked
     bool LooksAtItems = false;
     std::uint32_t RingingCard = 0;
 };

@@ -28,7 +28,7 @@ bool Scheduler::CheckStanding(Moment now) {
             return false;
         }
         if (!text) {
-            gone[row.Service == Desk.Service() ? row.Card : 0].push_back(row);
+            gone[Desk.Holds(row.Service) ? row.Card : 0].push_back(row);
         }
     }
     for (auto& [card, rows] : gone) {
@@ -44,6 +44,9 @@ bool Scheduler::CheckStanding(Moment now) {
 }
 
 bool Scheduler::ShrinkCard(std::uint32_t number, const std::vector<LedgerRow>& gone, Moment now) {
+    if (IsGivenAway(number)) {
+        return true; // it is drawn anew when the one that takes its place stands
+    }
     Card card;
     std::vector<LedgerRow> left;
     for (const auto& [key, row] : Open) {
@@ -66,24 +69,23 @@ bool Scheduler::ShrinkCard(std::uint32_t number, const std::vector<LedgerRow>& g
     } else {
         SortByStart(card.Lines);
         card.Kind = left.front().State == LedgerState::Listed ? CardKind::Missed : CardKind::Many;
-        const std::optional<std::uint32_t> taken = Desk.Show(card, number);
-        for (LedgerRow& row : left) {
-            row.Card = taken.value_or(row.Card);
-        }
-        Record(left, now);
+        Ask({std::move(card), std::move(left), number, false, number}, now);
+        return true;
     }
-    if (RingingCard == number && left.empty()) {
+    if (RingingCard == number) {
         Desk.StopRinging();
     }
     return true;
 }
 
 bool Scheduler::Collect(Moment now, Collected& collected) {
-    const std::string service = Desk.Service();
     std::vector<LedgerRow> withdrawn;
     for (const auto& [key, row] : Open) {
+        if (IsAsked(key)) {
+            continue;
+        }
         const bool owed = row.Waits() && row.OwedAt() <= now;
-        const bool lost = row.IsOnDesk() && row.Service != service;
+        const bool lost = row.IsOnDesk() && !Desk.Holds(row.Service);
         const bool stays = row.State == LedgerState::Listed && !lost;
         if (!owed && !lost && !stays) {
             continue;
@@ -125,7 +127,8 @@ bool Scheduler::Present(Moment now) {
     if (!Collect(now, collected)) {
         return false;
     }
-    if (!collected.Missed.empty() && !PresentMissed(collected, now)) {
+    // There is one list: what was missed since the desk was asked for it joins it when that is known.
+    if (!collected.Missed.empty() && !IsListAsked() && !PresentMissed(collected, now)) {
         return false;
     }
     SortByStart(collected.Fresh);
@@ -149,7 +152,7 @@ bool Scheduler::PresentMissed(Collected& collected, Moment now) {
     return ShowCard(card, replaced, collected.MissedRings, now);
 }
 
-bool Scheduler::ShowCard(const Card& card, std::uint32_t replaced, bool rings, Moment now) {
+bool Scheduler::ShowCard(Card card, std::uint32_t replaced, bool rings, Moment now) {
     const bool byItself = card.Kind != CardKind::Missed;
     std::vector<LedgerRow> before;
     std::vector<LedgerRow> rows;
@@ -166,28 +169,144 @@ bool Scheduler::ShowCard(const Card& card, std::uint32_t replaced, bool rings, M
     if (!Announce(rows, std::nullopt, now)) {
         return false;
     }
-    const std::optional<std::uint32_t> taken = Desk.Show(card, replaced);
-    if (!taken) {
-        Record(before, now); // nobody saw it
-        NextTry = now + kNobodyTookIt;
-        return true;
+    Ask({std::move(card), std::move(before), replaced, rings, 0}, now);
+    return true;
+}
+
+void Scheduler::Ask(Question question, Moment now) {
+    const Placement placement = Desk.Show(question.Asked, question.Replaced);
+    if (placement.Question == 0) {
+        Settle(question, placement.Card, now);
+        return;
     }
-    for (LedgerRow& row : rows) {
+    for (const LedgerRow& row : question.Before) {
+        if (question.Redrawn == 0) {
+            AskedKeys.insert(row.Key);
+        }
+    }
+    Questions.insert_or_assign(placement.Question, std::move(question));
+}
+
+bool Scheduler::IsListAsked() const {
+    return std::any_of(Questions.begin(), Questions.end(), [](const auto& entry) {
+        return entry.second.Asked.Kind == CardKind::Missed && entry.second.Redrawn == 0;
+    });
+}
+
+// Another one is to take its place, with its number: it may not be closed any more.
+bool Scheduler::IsGivenAway(std::uint32_t card) const {
+    return std::any_of(Questions.begin(), Questions.end(), [card](const auto& entry) {
+        return entry.second.Replaced == card && entry.second.Redrawn == 0;
+    });
+}
+
+std::optional<Moment> Scheduler::TakePlacement(std::uint32_t question, const std::optional<PlacedCard>& placed,
+                                               Moment now) {
+    const auto asked = Questions.find(question);
+    if (asked == Questions.end()) {
+        if (placed) {
+            Desk.TakeBack(placed->Number); // of a store that was left
+        }
+        return std::nullopt;
+    }
+    const Question known = std::move(asked->second);
+    Questions.erase(asked);
+    for (const LedgerRow& row : known.Before) {
+        if (known.Redrawn == 0) {
+            AskedKeys.erase(row.Key);
+        }
+    }
+    Settle(known, placed, now);
+    if (Questions.empty()) {
+        LooksAtItems = LooksAtItems || ItemsChangedMeanwhile;
+        ItemsChangedMeanwhile = false;
+    }
+    return placed ? std::optional(now) : NextTry;
+}
+
+// Nobody saw it. What has happened to its rows meanwhile stays.
+void Scheduler::ReturnOffer(const Question& question, Moment now) {
+    std::vector<LedgerRow> rows;
+    for (const LedgerRow& before : question.Before) {
+        const auto open = Open.find(before.Key);
+        if (open != Open.end() && open->second.State == LedgerState::Offering) {
+            rows.push_back(open->second);
+            rows.back().State = before.State;
+            rows.back().ByItself = before.ByItself;
+            rows.back().Until = before.Until;
+        }
+    }
+    Record(rows, now);
+    NextTry = now + kNobodyTookIt;
+}
+
+// A card that cannot be redrawn now keeps a line too many.
+void Scheduler::TakeRedrawing(const Question& question, const std::optional<PlacedCard>& placed, Moment now) {
+    if (!placed || TakeMove(question.Redrawn, *placed, now)) {
+        return;
+    }
+    const bool joinsAnother = std::any_of(question.Before.begin(), question.Before.end(),
+                                          [this](const LedgerRow& row) { return IsAsked(row.Key); });
+    if (!joinsAnother) {
+        Desk.TakeBack(placed->Number); // answered meanwhile
+    }
+}
+
+void Scheduler::Settle(const Question& question, const std::optional<PlacedCard>& placed, Moment now) {
+    if (question.Redrawn != 0) {
+        TakeRedrawing(question, placed, now);
+        return;
+    }
+    if (!placed) {
+        ReturnOffer(question, now);
+        return;
+    }
+    const bool byItself = question.Asked.Kind != CardKind::Missed;
+    std::vector<LedgerRow> rows;
+    std::vector<LedgerRow> answered; // on the card that this one stands in for
+    for (const LedgerRow& before : question.Before) {
+        const auto open = Open.find(before.Key);
+        if (open == Open.end() || open->second.State != LedgerState::Offering) {
+            answered.push_back(before);
+            continue;
+        }
+        rows.push_back(open->second);
+        LedgerRow& row = rows.back();
         row.State = byItself ? LedgerState::Shown : LedgerState::Listed;
         row.ByItself = byItself ? Showing::Surely : row.ByItself;
-        row.Card = *taken;
-        row.Service = Desk.Service();
+        row.Card = placed->Number;
+        row.Service = placed->Service;
+        Inherited.erase(row.Key);
     }
-    std::for_each(rows.begin(), rows.end(), [this](const LedgerRow& row) { Inherited.erase(row.Key); });
     Record(rows, now);
-    // A silent one leaves the ringing to the card before.
-    const bool isHeard =
-        std::any_of(card.Lines.begin(), card.Lines.end(), [](const CardLine& line) { return line.Text.Rings(); });
-    if (rings && isHeard) {
-        RingingCard = *taken;
-        Desk.Ring(card);
+    if (!answered.empty()) {
+        // A card that cannot be redrawn now keeps a line too many.
+        static_cast<void>(ShrinkCard(placed->Number, answered, now));
     }
-    return true;
+    // A silent one leaves the ringing to the card before.
+    const std::vector<CardLine>& lines = question.Asked.Lines;
+    const bool isHeard =
+        std::any_of(lines.begin(), lines.end(), [](const CardLine& line) { return line.Text.Rings(); });
+    if (question.Rings && isHeard && !rows.empty()) {
+        RingingCard = placed->Number;
+        Desk.Ring(question.Asked);
+    }
+}
+
+bool Scheduler::TakeMove(std::uint32_t card, const PlacedCard& placed, Moment now) {
+    std::vector<LedgerRow> rows;
+    for (const auto& [key, row] : Open) {
+        if (row.IsOnDesk() && row.Card == card && Desk.Holds(row.Service)) {
+            rows.push_back(row);
+            rows.back().Card = placed.Number;
+            rows.back().Service = placed.Service;
+        }
+    }
+    if (!rows.empty()) {
+        RingingCard = RingingCard == card ? placed.Number : RingingCard;
+        Record(rows, now);
+    }
+    return !rows.empty();
 }
 
 } // namespace tavo::reminders

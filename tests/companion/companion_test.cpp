@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <fstream>
 #include <poll.h>
+#include <sstream>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -66,6 +67,16 @@ TEST_F(OnABus, WhatLooksLikeMarkupIsShownAsItIsWritten) {
     EXPECT_THAT(Last().Body, HasSubstr("&lt;b&gt;Tea&lt;/b&gt; &amp; cake"));
 }
 
+TEST_F(OnABus, WhatABusRefusesIsShownHarmless) {
+    AddReminder(u"Tea\uFFFF\uFDD0\u0001\u009B\u202E\n\tcake", 600, 30);
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    EXPECT_EQ(Last().Summary, "Tea\uFFFD\uFFFD␁\uFFFD  cake");
+    AddReminder(u"Train", 600, 30);
+    ASSERT_TRUE(Service.WaitFor(2, kSoon));
+    EXPECT_EQ(Last().Summary, "Train");
+    EXPECT_TRUE(WaitForStates("2 2", kSoon));
+}
+
 TEST_F(OnABus, IsShownAtItsTime) {
     Service.Serve(0.5);
     AddReminder(u"Soon", 3);
@@ -81,6 +92,7 @@ TEST_F(OnABus, ADismissedOneIsAnswered) {
     ASSERT_TRUE(WaitForStates("2", kSoon));
     Service.Choose(Last().Number, "dismiss");
     EXPECT_TRUE(WaitForStates("5", kSoon));
+    EXPECT_TRUE(Service.WaitForTakenBack(Last().Number, kSoon)); // some leave up what was answered
 }
 
 TEST_F(OnABus, OneThatIsClosedByHandIsAnswered) {
@@ -89,6 +101,8 @@ TEST_F(OnABus, OneThatIsClosedByHandIsAnswered) {
     ASSERT_TRUE(WaitForStates("2", kSoon));
     Service.CloseByHand(Last().Number);
     EXPECT_TRUE(WaitForStates("5", kSoon));
+    Service.Serve(0.3);
+    EXPECT_TRUE(Service.TakenBack.empty());
 }
 
 TEST_F(OnABus, ASnoozedOneWaits) {
@@ -107,6 +121,7 @@ TEST_F(OnABus, OpenAsksTheProgramThatRunsForTheItem) {
     const Oid item = AddReminder(u"Train", 600, 30);
     ASSERT_TRUE(Service.WaitFor(1, kSoon));
     ASSERT_TRUE(WaitForStates("2", kSoon));
+    Service.GiveToken(Last().Number, "token-7");
     Service.Choose(Last().Number, "open");
 
     struct pollfd asked {
@@ -117,6 +132,7 @@ TEST_F(OnABus, OpenAsksTheProgramThatRunsForTheItem) {
     const std::optional<files::ActivationRequest> request = program.TakeActivation();
     ASSERT_TRUE(request.has_value());
     EXPECT_EQ(request->Item, item);
+    EXPECT_EQ(request->Token, "token-7");
     EXPECT_TRUE(WaitForStates("5", kSoon));
 }
 
@@ -129,19 +145,22 @@ TEST_F(OnABus, OpenStartsAProgramThatFindsTheItem) {
     Program = programs / "RSound";
     // Instead of the calendar: keeps what it finds.
     std::ofstream(programs / "tavocalendar")
-        << "#!/bin/sh\ncp '" << RunFolder() << "/OpenItem' '" << Found().string() << ".part'\nmv '" << Found().string()
-        << ".part' '" << Found().string() << "'\n";
+        << "#!/bin/sh\nprintf '\\nenvironment %s' \"$XDG_ACTIVATION_TOKEN\" >> '" << RunFolder() << "/OpenItem'\ncp '"
+        << RunFolder() << "/OpenItem' '" << Found().string() << ".part'\nmv '" << Found().string() << ".part' '"
+        << Found().string() << "'\n";
     fs::permissions(programs / "tavocalendar", fs::perms::owner_all);
     StartCompanion(Bus.Address());
     const Oid item = AddReminder(u"Train", 600, 30);
     ASSERT_TRUE(Service.WaitFor(1, kSoon));
     ASSERT_TRUE(WaitForStates("2", kSoon));
+    Service.GiveToken(Last().Number + 1, "token-8"); // of another card
+    Service.GiveToken(Last().Number, "token-9");
     Service.Choose(Last().Number, "open");
     EXPECT_TRUE(WaitForStates("5", kSoon));
     ASSERT_TRUE(WaitUntil([&] { return fs::exists(Found()); }, kSoon));
-    std::string found;
-    std::ifstream(Found()) >> found;
-    EXPECT_EQ(found, std::to_string(item));
+    std::stringstream found;
+    found << std::ifstream(Found()).rdbuf();
+    EXPECT_EQ(found.str(), std::to_string(item) + "\ntoken-9\nenvironment token-9");
 }
 
 TEST_F(OnABus, ADeletedItemsReminderIsTakenBack) {

@@ -27,6 +27,7 @@ const sd_bus_vtable NotificationService::kMethods[] = {
     SD_BUS_METHOD("Notify", "susssasa{sv}i", "u", OnNotify, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_METHOD("CloseNotification", "u", "", OnClose, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_METHOD("GetCapabilities", "", "as", OnCapabilities, SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_SIGNAL("ActivationToken", "us", 0),
     SD_BUS_SIGNAL("ActionInvoked", "us", 0),
     SD_BUS_SIGNAL("NotificationClosed", "uu", 0),
     SD_BUS_VTABLE_END,
@@ -42,6 +43,9 @@ NotificationService::NotificationService(const SessionBus& session) {
 }
 
 NotificationService::~NotificationService() {
+    for (const HeldCard& held : Held) {
+        sd_bus_message_unref(held.Call);
+    }
     sd_bus_flush_close_unref(Bus);
 }
 
@@ -67,7 +71,14 @@ int NotificationService::OnNotify(sd_bus_message* call, void* self, sd_bus_error
     }
     came.Number = came.Replaced != 0 ? came.Replaced : ++service->LastNumber;
     came.Time = TimeNow();
+    if (service->RefusesCards) {
+        return sd_bus_reply_method_errorf(call, SD_BUS_ERROR_INVALID_ARGS, "not this one");
+    }
     service->Came.push_back(came);
+    if (!service->AnswersCards) {
+        service->Held.push_back({sd_bus_message_ref(call), came.Number});
+        return 1;
+    }
     return sd_bus_reply_method_return(call, "u", came.Number);
 }
 
@@ -80,7 +91,10 @@ int NotificationService::OnClose(sd_bus_message* call, void* self, sd_bus_error*
     return sd_bus_reply_method_return(call, "");
 }
 
-int NotificationService::OnCapabilities(sd_bus_message* call, void*, sd_bus_error*) {
+int NotificationService::OnCapabilities(sd_bus_message* call, void* self, sd_bus_error*) {
+    if (!static_cast<NotificationService*>(self)->AnswersCapabilities) {
+        return 1;
+    }
     return sd_bus_reply_method_return(call, "as", 3, "actions", "body", "body-markup");
 }
 
@@ -110,6 +124,19 @@ void NotificationService::Serve(double seconds) {
 bool NotificationService::WaitForTakenBack(std::uint32_t number, double seconds) {
     return ServeUntil([&] { return std::find(TakenBack.begin(), TakenBack.end(), number) != TakenBack.end(); },
                       seconds);
+}
+
+void NotificationService::AnswerHeld() {
+    for (const HeldCard& held : Held) {
+        EXPECT_GE(sd_bus_reply_method_return(held.Call, "u", held.Number), 0);
+        sd_bus_message_unref(held.Call);
+    }
+    Held.clear();
+    sd_bus_flush(Bus);
+}
+
+void NotificationService::GiveToken(std::uint32_t number, const char* token) {
+    sd_bus_emit_signal(Bus, kPath, kName, "ActivationToken", "us", number, token);
 }
 
 void NotificationService::Choose(std::uint32_t number, const char* action) {

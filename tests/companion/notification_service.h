@@ -35,9 +35,18 @@ class NotificationService {
     // Serves until a notification was taken back.
     bool WaitForTakenBack(std::uint32_t number, double seconds);
 
+    // What a desktop does before it tells of a choice.
+    void GiveToken(std::uint32_t number, const char* token);
+    // Answers what it was asked while AnswersCards was false.
+    void AnswerHeld();
+
     // What a person does.
     void Choose(std::uint32_t number, const char* action);
     void CloseByHand(std::uint32_t number);
+
+    bool AnswersCapabilities = true;
+    bool AnswersCards = true;
+    bool RefusesCards = false;
 
     std::vector<Notification> Came;
     std::vector<std::uint32_t> TakenBack;
@@ -50,7 +59,13 @@ class NotificationService {
 
     template <class Done> bool ServeUntil(const Done& done, double seconds);
 
+    struct HeldCard {
+        sd_bus_message* Call;
+        std::uint32_t Number;
+    };
+
     sd_bus* Bus = nullptr;
+    std::vector<HeldCard> Held;
     std::uint32_t LastNumber = 0;
 };
 

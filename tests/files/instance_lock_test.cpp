@@ -213,7 +213,8 @@ TEST(InstanceLock, ARequestForAnItemWakesTheFirstAndIsTakenOnce) {
     const TemporaryFolder folder;
     InstanceLock lock(folder.Path());
     ASSERT_EQ(lock.WatchActivation(), ErrorCode::Success);
-    ASSERT_EQ(RunApart([&] { return InstanceLock::RequestItem(folder.Path(), 42) == ErrorCode::Success ? 0 : 1; }), 0);
+    ASSERT_EQ(RunApart([&] { return InstanceLock::RequestItem(folder.Path(), 42, "") == ErrorCode::Success ? 0 : 1; }),
+              0);
     EXPECT_TRUE(IsReadable(lock.ActivationFd(), 5000));
     ExpectTaken(lock, "", 42);
     EXPECT_FALSE(IsReadable(lock.ActivationFd(), 0));
@@ -224,23 +225,35 @@ TEST(InstanceLock, ARequestForAnItemWakesTheFirstAndIsTakenOnce) {
 TEST(InstanceLock, AStartThatIsHandedOverTakesNoItemAway) {
     const TemporaryFolder folder;
     InstanceLock lock(folder.Path());
-    ASSERT_EQ(InstanceLock::RequestItem(folder.Path(), 42), ErrorCode::Success);
+    ASSERT_EQ(InstanceLock::RequestItem(folder.Path(), 42, ""), ErrorCode::Success);
     ASSERT_EQ(InstanceLock::RequestActivation(folder.Path(), "token-1"), ErrorCode::Success);
     ExpectTaken(lock, "token-1", 42);
+}
+
+TEST(InstanceLock, ARequestForAnItemBringsTheTokenOfItsNotification) {
+    const TemporaryFolder folder;
+    InstanceLock lock(folder.Path());
+    ASSERT_EQ(InstanceLock::RequestItem(folder.Path(), 42, "token-2"), ErrorCode::Success);
+    ExpectTaken(lock, "token-2", 42);
+    ASSERT_EQ(InstanceLock::RequestActivation(folder.Path(), "token-1"), ErrorCode::Success);
+    ASSERT_EQ(InstanceLock::RequestItem(folder.Path(), 0, "token-3"), ErrorCode::Success);
+    ExpectTaken(lock, "token-3", 0);
+    ASSERT_EQ(InstanceLock::RequestItem(folder.Path(), 42, std::string(5000, 'x')), ErrorCode::Success);
+    ExpectTaken(lock, "", 42);
 }
 
 TEST(InstanceLock, ARequestForAnItemIsForgottenAfterAMinute) {
     for (const std::chrono::seconds age : {-70s, 70s}) {
         const TemporaryFolder folder;
         InstanceLock lock(folder.Path());
-        ASSERT_EQ(InstanceLock::RequestItem(folder.Path(), 42), ErrorCode::Success);
+        ASSERT_EQ(InstanceLock::RequestItem(folder.Path(), 42, ""), ErrorCode::Success);
         std::filesystem::last_write_time(ItemFile(folder), std::filesystem::file_time_type::clock::now() - age);
         EXPECT_FALSE(lock.TakeActivation().has_value()) << age.count();
         EXPECT_FALSE(std::filesystem::exists(ItemFile(folder))) << age.count();
     }
     const TemporaryFolder folder;
     InstanceLock lock(folder.Path());
-    ASSERT_EQ(InstanceLock::RequestItem(folder.Path(), 42), ErrorCode::Success);
+    ASSERT_EQ(InstanceLock::RequestItem(folder.Path(), 42, ""), ErrorCode::Success);
     std::filesystem::last_write_time(ItemFile(folder), std::filesystem::file_time_type::clock::now() - 30s);
     ExpectTaken(lock, "", 42);
 }

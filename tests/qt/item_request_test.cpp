@@ -25,7 +25,9 @@ class ItemRequestOnTheDesktop : public testing::Test {
         EXPECT_EQ(item->get_Oid(Dentist), Status::Ok);
     }
 
-    void RequestDentist() { EXPECT_EQ(files::InstanceLock::RequestItem(RunFolder, Dentist), ErrorCode::Success); }
+    void RequestDentist(std::string_view token = "") {
+        EXPECT_EQ(files::InstanceLock::RequestItem(RunFolder, Dentist, token), ErrorCode::Success);
+    }
 
     // The next steps see the view and close it.
     static void ExpectView(DesktopProgram& program) {
@@ -56,6 +58,20 @@ TEST_F(ItemRequestOnTheDesktop, TheRunningProgramComesForwardAndOpensTheView) {
     EXPECT_FALSE(program.Host.Parts().State.Minimized);
     EXPECT_FALSE(program.Host.Desktop().isMinimized());
     EXPECT_FALSE(std::filesystem::exists(File()));
+}
+
+// Where the platform finds it when it asks the desktop for the focus.
+TEST_F(ItemRequestOnTheDesktop, TheNotificationsTokenReachesThePlatform) {
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+    DesktopProgram program(Root);
+    program.Do([&] {
+        program.Host.Parts().State.SetMinimized(true);
+        RequestDentist("token-5");
+    });
+    ExpectView(program);
+    ASSERT_TRUE(program.Settle());
+    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "token-5");
+    qunsetenv("XDG_ACTIVATION_TOKEN");
 }
 
 TEST_F(ItemRequestOnTheDesktop, AMenuThatIsOpenGivesWay) {

@@ -152,6 +152,106 @@ TEST_F(SchedulerTest, ASnoozedOneThatStoodOnALostDesktopDoesNotWaitForItsSnoozeO
     EXPECT_TRUE(Seen.back().Again);
 }
 
+TEST_F(SchedulerTest, OneThatASlowDesktopIsAskedForIsNeitherShownNorAskedForTwice) {
+    Desk.IsSlow = true;
+    Service->Run(kTime, Look::Clock);
+    EXPECT_TRUE(Seen.empty());
+    EXPECT_EQ(State(), LedgerState::Offering);
+    EXPECT_TRUE(Service->WaitsForDesk());
+    Service->Run(kTime + 1, Look::Items);
+    Desk.Answer(*Service, kTime + 2);
+    EXPECT_EQ(Seen, (std::vector<Sight>{{CardKind::Single, false}}));
+    EXPECT_EQ(State(), LedgerState::Shown);
+    EXPECT_FALSE(Service->WaitsForDesk());
+    Service->Run(kTime + 3, Look::Clock);
+    EXPECT_EQ(Seen.size(), 1U);
+}
+
+TEST_F(SchedulerTest, ASlowDesktopHoldsNoOtherReminderUp) {
+    Desk.IsSlow = true;
+    Calendar.Items[2].Start = kTime + 1;
+    EXPECT_EQ(Service->Run(kTime, Look::Items), kTime + 1);
+    Service->Run(kTime + 1, Look::Clock);
+    Desk.Answer(*Service, kTime + 2); // it was asked for both
+    EXPECT_EQ(Seen, (std::vector<Sight>{{CardKind::Single, false}, {CardKind::Single, false}}));
+}
+
+TEST_F(SchedulerTest, OneThatASlowDesktopRefusesIsOfferedAgainInAMinute) {
+    Desk.IsSlow = true;
+    Service->Run(kTime, Look::Clock);
+    Desk.Works = false;
+    Desk.Answer(*Service, kTime + 1);
+    EXPECT_EQ(State(), LedgerState::Due);
+    Desk.Works = true;
+    Desk.IsSlow = false;
+    Service->Run(kTime + kMinute, Look::Clock);
+    EXPECT_EQ(Seen, (std::vector<Sight>{{CardKind::Single, false}}));
+}
+
+TEST_F(SchedulerTest, OneWhoseItemGoesWhileASlowDesktopIsAskedIsTakenBack) {
+    Desk.IsSlow = true;
+    Service->Run(kTime, Look::Clock);
+    Calendar.Items.erase(1);
+    Service->Run(kTime + 1, Look::Items);
+    Desk.Answer(*Service, kTime + 2);
+    Service->Run(kTime + 2, Look::Clock);
+    EXPECT_TRUE(Desk.Cards.empty());
+    EXPECT_EQ(State(), LedgerState::Withdrawn);
+}
+
+TEST_F(SchedulerTest, WhatIsMissedWhileTheListIsAskedForJoinsIt) {
+    Desk.IsSlow = true;
+    Calendar.Items[2].Start = kTime + kMinute;
+    Service->Run(kTime + kMinute + 30, Look::Items); // the second is not missed yet
+    Service->Run(kTime + kHour, Look::Clock);
+    while (Desk.IsAsked()) {
+        Desk.Answer(*Service, kTime + kHour);
+        Service->Run(kTime + kHour, Look::Clock);
+    }
+    EXPECT_LE(Desk.Cards.size(), 2U);
+    int lists = 0;
+    for (const auto& [number, keys] : Desk.Cards) {
+        lists += keys.front().Due == kTime ? 1 : 0;
+    }
+    EXPECT_EQ(lists, 1);
+}
+
+TEST_F(SchedulerTest, AListThatIsAnsweredWhileTheNextOneIsAskedForStaysAnswered) {
+    Service->Run(kTime + kHour, Look::Clock);
+    ASSERT_EQ(Seen, (std::vector<Sight>{{CardKind::Missed, false}}));
+    const std::uint32_t list = Desk.Cards.begin()->first;
+    Calendar.Items[2].Start = kTime + 2 * kHour;
+    Desk.IsSlow = true;
+    Service->Run(kTime + kHour + 1, Look::Items);
+    Service->Run(kTime + 3 * kHour, Look::Clock);
+    ASSERT_TRUE(Desk.IsAsked());
+    Desk.IsSlow = false;
+    Service->Take(list, Answer::Dismiss, 0, kTime + 3 * kHour);
+    EXPECT_EQ(Desk.Cards.size(), 1U); // closed now, the one that takes its place would go with it
+    Desk.Answer(*Service, kTime + 3 * kHour);
+    ASSERT_EQ(Desk.Cards.size(), 1U);
+    const std::vector<ReminderKey>& keys = Desk.Cards.begin()->second;
+    ASSERT_EQ(keys.size(), 1U);
+    EXPECT_EQ(keys.front().Item, 2);
+    EXPECT_EQ(State(), LedgerState::Dismissed);
+}
+
+TEST_F(SchedulerTest, AnAnsweredCardIsTakenBackUnlessItWasClosed) {
+    Service->Run(kTime, Look::Clock);
+    const std::uint32_t card = Desk.Cards.begin()->first;
+    Service->Take(card, Answer::Dismiss, 0, kTime);
+    EXPECT_TRUE(Desk.Cards.empty());
+    Calendar.Items[2].Start = kTime + kHour;
+    Calendar.Items[2].Lead = kHour - kMinute;
+    Service->Run(kTime + kMinute, Look::Items);
+    ASSERT_EQ(Desk.Cards.size(), 1U);
+    Service->Take(Desk.Cards.begin()->first, Answer::Closed, 0, kTime + kMinute);
+    EXPECT_EQ(Desk.Cards.size(), 1U); // the desktop has closed it itself
+    for (const auto& [key, row] : Store.Ledger) {
+        EXPECT_EQ(row.State, LedgerState::Dismissed);
+    }
+}
+
 TEST_F(SchedulerTest, OpenOfOneShowsIt) {
     Service->Run(kTime, Look::Clock);
     Service->Take(Desk.Cards.begin()->first, Answer::Open, 0, kTime);

@@ -149,7 +149,26 @@ bool SimulatedStore::Purge(Moment now) {
     return true;
 }
 
-std::optional<std::uint32_t> SimulatedDesk::Show(const Card& card, std::uint32_t replaced) {
+Placement SimulatedDesk::Show(const Card& card, std::uint32_t replaced) {
+    if (!IsSlow && Questions.empty()) { // a bus keeps the order
+        return {Place(card, replaced)};
+    }
+    Ending.Step();
+    Questions.push_back({++LastQuestion, card, replaced, Generation});
+    return {std::nullopt, LastQuestion};
+}
+
+void SimulatedDesk::Answer(Scheduler& service, Moment now) {
+    while (!Questions.empty()) {
+        const Question question = std::move(Questions.front());
+        Questions.erase(Questions.begin());
+        const bool isGone = question.Generation != Generation;
+        static_cast<void>(service.TakePlacement(question.Number,
+                                                isGone ? std::nullopt : Place(question.Asked, question.Replaced), now));
+    }
+}
+
+std::optional<PlacedCard> SimulatedDesk::Place(const Card& card, std::uint32_t replaced) {
     Ending.Step();
     if (!Works) {
         return std::nullopt;
@@ -165,7 +184,7 @@ std::optional<std::uint32_t> SimulatedDesk::Show(const Card& card, std::uint32_t
         }
     }
     Ending.Step();
-    return number;
+    return PlacedCard{number, Name()};
 }
 
 void SimulatedDesk::TakeBack(std::uint32_t card) {

@@ -100,9 +100,9 @@ class SimulatedDesk final : public IDesk {
   public:
     explicit SimulatedDesk(Fate& fate) : Ending(fate) {}
 
-    std::string Service() override { return "desktop " + std::to_string(Generation); }
+    bool Holds(const std::string& service) override { return service == Name(); }
 
-    std::optional<std::uint32_t> Show(const Card& card, std::uint32_t replaced) override;
+    Placement Show(const Card& card, std::uint32_t replaced) override;
     void TakeBack(std::uint32_t card) override;
 
     void Ring(const Card&) override { Ending.Step(); }
@@ -112,17 +112,39 @@ class SimulatedDesk final : public IDesk {
     void OpenItem(std::int32_t item) override { Opened.push_back(item); }
 
     bool Holds(const ReminderKey& key) const;
+    // Does what it was asked for while it was slow, and tells the service.
+    void Answer(Scheduler& service, Moment now);
+
+    bool IsAsked() const { return !Questions.empty(); }
+
+    // A new process knows nothing of what an earlier one asked for, though the desktop may still do it.
+    void ForgetWhoAsked() { Questions.clear(); }
+
     // The session ends: all cards are gone.
     void Restart();
 
     bool Works = true;
+    bool IsSlow = false;                                     // it answers later
     std::map<std::uint32_t, std::vector<ReminderKey>> Cards; // on the desktop now
     std::vector<std::int32_t> Opened;
     // Told of every reminder that comes to be seen and did not stand on the desktop before.
     std::function<void(const CardLine&, CardKind)> Seen;
 
   private:
+    struct Question {
+        std::uint32_t Number;
+        Card Asked;
+        std::uint32_t Replaced;
+        int Generation; // of who was asked
+    };
+
+    std::string Name() const { return "desktop " + std::to_string(Generation); }
+
+    std::optional<PlacedCard> Place(const Card& card, std::uint32_t replaced);
+
     Fate& Ending;
+    std::vector<Question> Questions;
+    std::uint32_t LastQuestion = 0;
     std::uint32_t LastCard = 0;
     int Generation = 1;
 };

@@ -68,6 +68,7 @@ void Simulation::PassTime() {
 
 void Simulation::KillService() {
     ++Result.Kills;
+    Desk.ForgetWhoAsked();
     Service.reset();
     Ending.Live();
     for (auto& [key, life] : Lives) {
@@ -85,11 +86,36 @@ void Simulation::KillService() {
     }
 }
 
+// Before items or clock change: what it shows then would be old, and nobody could tell whether rightly.
+void Simulation::WaitForDesk() {
+    if (Service && Desk.IsAsked()) {
+        try {
+            Desk.Answer(*Service, Now);
+        } catch (const Killed&) {
+            KillService();
+        }
+    }
+}
+
 void Simulation::Settle(Look look) {
     Store.Locked = Now < LockedUntil;
     Desk.Works = Now >= BrokenUntil;
+    Desk.IsSlow = Happens(0.3);
     try {
+        if (Happens(0.5)) {
+            Desk.Answer(*Service, Now);
+        }
         NextCall = Service->Run(Now, look);
+        if (Desk.IsAsked() && Happens(0.3)) {
+            Excused = true; // it answers when something else happens, or in a while
+            NextCall = std::min(NextCall, Now + Pick(1, 5));
+            return;
+        }
+        Desk.IsSlow = false;
+        if (Desk.IsAsked()) {
+            Desk.Answer(*Service, Now);
+            NextCall = Service->Run(Now, Look::Clock);
+        }
     } catch (const Killed&) {
         KillService();
         return;
@@ -101,6 +127,7 @@ void Simulation::Settle(Look look) {
 }
 
 void Simulation::Answer() {
+    WaitForDesk();
     if (!Service || Desk.Cards.empty() || Now < LockedUntil) {
         return;
     }
@@ -147,6 +174,7 @@ SimulatedItem Simulation::MakeItem() {
 }
 
 void Simulation::EditItems() {
+    WaitForDesk();
     std::erase_if(Calendar.Items, [this](const auto& entry) {
         const SimulatedItem& item = entry.second;
         return item.Start + item.Period * item.Occurrences < WallNow() - 3 * kDay; // long over
@@ -191,6 +219,7 @@ void Simulation::EditItems() {
 
 void Simulation::JumpClock(Moment by) {
     ++Result.ClockJumps;
+    WaitForDesk();
     Now += by;
     LockedUntil += by; // who holds the store lives by time that passes
     BrokenUntil += by;
@@ -241,6 +270,7 @@ void Simulation::ReopenLists() {
 
 void Simulation::ChangeZone() {
     ++Result.ZoneChanges;
+    WaitForDesk();
     Calendar.Offset = Pick(-10, 12) * kHour;
     Excused = true;
     if (Service) {

@@ -53,6 +53,7 @@ class Simulation {
     std::int64_t WallNow() const { return Now + Calendar.Offset; }
 
     void KillService();
+    void WaitForDesk();
     void Settle(Look look);
     void Answer();
     void EditItems();
