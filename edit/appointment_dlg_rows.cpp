@@ -98,10 +98,6 @@ bool CAppointmentDlg::TakeKey(const Message& key) {
         WalkFrom(FocusedStop(), (key.Code & kModifierShift) != 0 ? -1 : 1);
         return true;
     }
-    if (key.Id == VK_RETURN && FocusedStop() == IDCANCEL) {
-        OnCancel();
-        return true;
-    }
     if (key.Id == VK_SPACE && FocusedStop() == kEditMemo) {
         OpenMemo(); // its row is painted: no control takes the key
         return true;
@@ -112,7 +108,9 @@ bool CAppointmentDlg::TakeKey(const Message& key) {
 // Whoever types before choosing a row means the subject.
 bool CAppointmentDlg::TakeCharacter(const Message& character) {
     std::u16string subject = ItemText(kEditSubject);
-    if (ShownField != 0 || character.Id < u' ' || subject.size() >= kSubjectLimit) {
+    // Of characters that come together only the first finds no row chosen: the others follow it.
+    const bool meansSubject = ShownField == 0 || ShownField == kEditSubject;
+    if (!meansSubject || character.Id < u' ' || subject.size() >= kSubjectLimit) {
         return false;
     }
     subject += static_cast<char16_t>(character.Id);

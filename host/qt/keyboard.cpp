@@ -58,7 +58,8 @@ int ToModifiers(Qt::KeyboardModifiers modifiers) {
 }
 
 bool IsPrintable(const QKeyEvent& event) {
-    return !event.text().isEmpty() && event.text().front().isPrint();
+    const QList<uint> points = event.text().toUcs4(); // an emoji is one of them, though two units
+    return !points.isEmpty() && QChar::isPrint(points.front());
 }
 
 } // namespace
@@ -98,7 +99,9 @@ void Keyboard::Press(WindowHandle from, QKeyEvent& event) {
             control = Shared.Keys.Character(unit.unicode());
         }
     }
-    if (control != WindowHandle::None && key == VK_TAB && LeavesTabToProgram()) {
+    // Some desktops have Return press buttons and open lists; here it means what the program says, on all of them.
+    const bool isPrograms = key == VK_RETURN || (key == VK_TAB && LeavesTabToProgram());
+    if (control != WindowHandle::None && isPrograms) {
         Shared.Keys.Unused(control, key, modifiers);
     } else if (control != WindowHandle::None) {
         Deliver(control, key, modifiers, event);
@@ -117,6 +120,10 @@ void Keyboard::Deliver(WindowHandle control, int key, int modifiers, QKeyEvent& 
     }
     if (QWidget* inner = widget->focusProxy(); inner != nullptr) {
         widget = inner;
+    }
+    if (!widget->hasFocus()) {
+        // A tap beside it may have taken the toolkit's focus and not the shell's; the key's release follows the former.
+        widget->setFocus(Qt::OtherFocusReason);
     }
     Delivering = true;
     QKeyEvent copy(event.type(), event.key(), event.modifiers(), event.nativeScanCode(), event.nativeVirtualKey(),

@@ -2,10 +2,12 @@
 #include "host/qt/menu_view.h"
 
 #include "host/qt/call_later.h"
+#include "host/qt/menu_fitting.h"
 #include "host/qt/menu_strip.h"
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QMenu>
 
@@ -14,8 +16,8 @@
 namespace tavo::qt {
 namespace {
 
-constexpr double kMenuPixels = 13.0;
-constexpr int kWidestText = 170; // logical pixels that an entry's text may take, so that its menu fits the screen
+constexpr int kWidestText = 170; // logical pixels that an entry's texts may take, so that its menu fits the screen
+constexpr int kShortcutGap = 24; // between the text and the shortcuts, and beside them
 
 // An item's text is the person's own: no character of it means a shortcut, and it stays on one line.
 QString EntryText(const std::u16string& text, const QFontMetrics& metrics, int widest) {
@@ -26,18 +28,25 @@ QString EntryText(const std::u16string& text, const QFontMetrics& metrics, int w
 
 } // namespace
 
+// Shortcuts are shown whole; a long text gives way to them.
+int MenuView::RoomForShortcuts(const std::vector<MenuItem>& items, const QFontMetrics& metrics) const {
+    int widest = 0;
+    for (const MenuItem& item : items) {
+        widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdU16String(item.Shortcut)));
+    }
+    return widest == 0 ? 0 : widest + Shared.Geometry.Length(kShortcutGap);
+}
+
 MenuView::~MenuView() {
     Close();
 }
 
 QMenu* MenuView::Build(const std::vector<MenuItem>& items, QWidget* parent) {
     auto* menu = new QMenu(parent);
-    QFont font = menu->font();
-    font.setPixelSize(Shared.Geometry.Length(kMenuPixels));
-    menu->setFont(font);
+    UseMenuFont(*menu, Shared.Geometry);
     menu->installEventFilter(this);
-    const QFontMetrics metrics(font);
-    const int widest = Shared.Geometry.Length(kWidestText);
+    const QFontMetrics metrics(menu->font());
+    const int widest = Shared.Geometry.Length(kWidestText) - RoomForShortcuts(items, metrics);
     for (const MenuItem& item : items) {
         if (item.IsSeparator) {
             menu->addSeparator();
@@ -109,22 +118,6 @@ void MenuView::Open(QMenu* menu, QPoint corner) {
     }
 }
 
-// A menu, or a submenu, comes on show: it stays within the device's screen, and scrolls where it is too long for it.
-void MenuView::FitToScreen(QMenu& menu) {
-    const QRect screen = Desktop.ScreenOnDesktop();
-    QRect place(menu.pos(), menu.sizeHint());
-    const bool isTooLong = place.height() > screen.height();
-    place.setHeight(std::min(place.height(), screen.height()));
-    place.setWidth(std::min(place.width(), screen.width()));
-    place.moveLeft(std::clamp(place.left(), screen.left(), screen.right() + 1 - place.width()));
-    place.moveTop(std::clamp(place.top(), screen.top(), screen.bottom() + 1 - place.height()));
-    menu.setGeometry(place);
-    if (isTooLong) {
-        // The toolkit finds out how far a menu scrolls when it goes to an entry.
-        menu.setActiveAction(menu.actions().front());
-    }
-}
-
 void MenuView::Finish() {
     if (Menu.isNull() || Menu->isVisible()) {
         return;
@@ -161,7 +154,7 @@ void MenuView::OpenNeighbour(int step) {
 
 bool MenuView::eventFilter(QObject* object, QEvent* event) {
     if (auto* menu = qobject_cast<QMenu*>(object); menu != nullptr && event->type() == QEvent::Show) {
-        FitToScreen(*menu);
+        FitToScreen(*menu, Desktop.ScreenOnDesktop());
         return false;
     }
     if (event->type() != QEvent::KeyPress || object != Menu.data() || !Shared.State.Menus.BarMenu.has_value()) {

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPointer>
 
+class QFontMetrics;
 class QMenu;
 
 namespace tavo::qt {
@@ -30,7 +31,7 @@ class MenuView final : public QObject {
   private:
     QMenu* Build(const std::vector<MenuItem>& items, QWidget* parent);
     void Open(QMenu* menu, QPoint corner);
-    void FitToScreen(QMenu& menu);
+    int RoomForShortcuts(const std::vector<MenuItem>& items, const QFontMetrics& metrics) const;
     void Finish();
     void OpenNeighbour(int step);
 

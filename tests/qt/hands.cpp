@@ -84,9 +84,13 @@ void ReleaseKey(QtHost& host, int key, int modifiers) {
 }
 
 void TypeCharacter(QtHost& host, char16_t character) {
-    const QString text{QChar(character)};
-    QTest::sendKeyEvent(QTest::Press, KeyWindow(host), Qt::Key_unknown, text, Qt::NoModifier);
-    QTest::sendKeyEvent(QTest::Release, KeyWindow(host), Qt::Key_unknown, text, Qt::NoModifier);
+    TypeTogether(host, {&character, 1});
+}
+
+void TypeTogether(QtHost& host, std::u16string_view text) {
+    const QString all = QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
+    QTest::sendKeyEvent(QTest::Press, KeyWindow(host), Qt::Key_unknown, all, Qt::NoModifier);
+    QTest::sendKeyEvent(QTest::Release, KeyWindow(host), Qt::Key_unknown, all, Qt::NoModifier);
 }
 
 void TapMiddle(QtHost& host, const Rect& area) {

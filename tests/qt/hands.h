@@ -3,6 +3,8 @@
 
 #include "host/qt/host.h"
 
+#include <string_view>
+
 namespace tavo::qt {
 
 // The widgets of the toolkit get these events just as from a real mouse and keyboard.
@@ -12,6 +14,8 @@ void ReleaseMouse(QtHost& host, Point screen);
 void PressKey(QtHost& host, int key, int modifiers);
 void ReleaseKey(QtHost& host, int key, int modifiers);
 void TypeCharacter(QtHost& host, char16_t character);
+// Characters that come with one press of a key.
+void TypeTogether(QtHost& host, std::u16string_view text);
 // A tap in the middle of an area of the screen.
 void TapMiddle(QtHost& host, const Rect& area);
 

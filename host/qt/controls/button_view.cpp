@@ -49,6 +49,7 @@ std::unique_ptr<QAbstractButton> MakeButton(Device& device, const shell::WindowR
     case ControlKind::PictureButton: {
         auto button = std::make_unique<PictureButton>(device, record, parent);
         button->setCheckable(true);
+        button->setFocusPolicy(Qt::TabFocus); // a tap leaves the focus where it is, as the shell does
         return button;
     }
     default:

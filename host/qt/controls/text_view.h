@@ -16,6 +16,7 @@ class TextView {
     void ShowText(QLineEdit& edit, const shell::WindowRecord& record);
 
   private:
+    void OpenContextMenu(QLineEdit& edit, QPoint place);
     void TakeText(QLineEdit& edit);
     void TakeSelection(QLineEdit& edit);
 

@@ -1,0 +1,35 @@
+// Font and place of pop-up menus.
+#include "host/qt/menu_fitting.h"
+
+#include <QMenu>
+
+#include <algorithm>
+
+namespace tavo::qt {
+namespace {
+
+constexpr double kMenuPixels = 13.0;
+
+} // namespace
+
+void UseMenuFont(QMenu& menu, const ScreenGeometry& geometry) {
+    QFont font = menu.font();
+    font.setPixelSize(geometry.Length(kMenuPixels));
+    menu.setFont(font);
+}
+
+void FitToScreen(QMenu& menu, const QRect& screen) {
+    QRect place(menu.pos(), menu.sizeHint());
+    const bool isTooLong = place.height() > screen.height();
+    place.setHeight(std::min(place.height(), screen.height()));
+    place.setWidth(std::min(place.width(), screen.width()));
+    place.moveLeft(std::clamp(place.left(), screen.left(), screen.right() + 1 - place.width()));
+    place.moveTop(std::clamp(place.top(), screen.top(), screen.bottom() + 1 - place.height()));
+    menu.setGeometry(place);
+    if (isTooLong) {
+        // The toolkit finds out how far a menu scrolls when it goes to an entry.
+        menu.setActiveAction(menu.actions().front());
+    }
+}
+
+} // namespace tavo::qt
