@@ -161,12 +161,11 @@ void ReminderDesk::StopRinging() {
 void ReminderDesk::OpenItem(std::int32_t item) {
     // First, so that a start finds it. Not written, a running program stays where it is and a new one shows its clock.
     static_cast<void>(files::InstanceLock::RequestItem(RunFolder, item, Token));
-    if (!files::InstanceLock::ProgramRuns(RunFolder)) {
-        // One thread, and nobody else reads it: for the one that is started.
-        static_cast<void>(setenv("XDG_ACTIVATION_TOKEN", Token.c_str(), 1));
-        static_cast<void>(files::StartDetached({files::RunningProgramFolder() + "/tavocalendar"}));
-        static_cast<void>(unsetenv("XDG_ACTIVATION_TOKEN"));
-    }
+    // Also beside one that runs: it may be about to end, and a start knows to take its place then. One thread, and
+    // nobody else reads the variable: it is for the one that is started.
+    static_cast<void>(setenv("XDG_ACTIVATION_TOKEN", Token.c_str(), 1));
+    static_cast<void>(files::StartDetached({files::RunningProgramFolder() + "/tavocalendar"}));
+    static_cast<void>(unsetenv("XDG_ACTIVATION_TOKEN"));
 }
 
 } // namespace tavo::companion

@@ -17,6 +17,7 @@
 #include <fcntl.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace tavo::files {
 
@@ -148,6 +149,10 @@ bool InstanceLock::ProgramRuns(const std::string& runFolder) {
 
 ErrorCode InstanceLock::RequestActivation(const std::string& runFolder, std::string_view token) {
     return WriteRequest(RequestPath(runFolder), token.substr(0, kLongestToken));
+}
+
+bool InstanceLock::HasActivationRequest(const std::string& runFolder) {
+    return access(RequestPath(runFolder).c_str(), F_OK) == 0;
 }
 
 ErrorCode InstanceLock::RequestItem(const std::string& runFolder, std::int32_t oid, std::string_view token) {

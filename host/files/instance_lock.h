@@ -44,11 +44,13 @@ class InstanceLock {
 
     ErrorCode Problem() const { return LastProblem; }
 
-    // Whether a program runs on this root. This process's own lock does not count.
+    // Whether a program runs on this root; one of this process counts too.
     static bool ProgramRuns(const std::string& runFolder);
 
     // For the second start: asks the running program to come forward. `token` is the desktop's activation token.
     static ErrorCode RequestActivation(const std::string& runFolder, std::string_view token);
+    // Whether nobody has taken it yet.
+    static bool HasActivationRequest(const std::string& runFolder);
     // Asks for an item, of a program that runs or is about to be started. Forgotten when nobody takes it in a minute.
     // `token` as above, perhaps empty.
     static ErrorCode RequestItem(const std::string& runFolder, std::int32_t oid, std::string_view token);

@@ -21,6 +21,12 @@ constexpr QRgb kSurroundColor = 0xFF2B2F34; // beside the screen
 constexpr double kComfortableHeight = 0.75; // of the height that the desktop leaves free
 constexpr double kComfortableWidth = 0.9;
 
+// On Wayland nobody but the person can bring back a minimised window, and some desktops know none at all. One that is
+// hidden and shown again comes to the front with the focus.
+bool HidesWhenMinimized() {
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
 QSize SizeAt(double scale) {
     return {static_cast<int>(std::lround(kScreenSize.Width * scale)),
             static_cast<int>(std::lround(kScreenSize.Height * scale))};
@@ -68,8 +74,10 @@ void DesktopWindow::Start(const DesktopSize& size) {
 void DesktopWindow::FollowFrame() {
     const shell::WindowRecord* frame = Shared.State.Tree.Find(Shared.State.Tree.Frame());
     Following = true;
-    if (frame == nullptr || !frame->Visible) {
+    const bool isHidden = Shared.State.Minimized && HidesWhenMinimized();
+    if (frame == nullptr || !frame->Visible || isHidden) {
         hide();
+        setWindowState(windowState() & ~Qt::WindowMinimized); // it comes back as a window that is seen
     } else {
         setWindowTitle(QString::fromStdU16String(frame->Text));
         const bool isMinimized = windowState().testFlag(Qt::WindowMinimized);
@@ -81,6 +89,12 @@ void DesktopWindow::FollowFrame() {
         }
     }
     Following = false;
+}
+
+void DesktopWindow::FollowRatio() {
+    if (isVisible() && devicePixelRatio() != Shared.Geometry.Ratio) {
+        LayOut();
+    }
 }
 
 void DesktopWindow::BringForward(const QString& token) {
@@ -145,14 +159,6 @@ void DesktopWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::WindowStateChange && !Following) {
         Shared.State.SetMinimized(windowState().testFlag(Qt::WindowMinimized));
     }
-}
-
-bool DesktopWindow::event(QEvent* event) {
-    const bool isTaken = QWidget::event(event);
-    if (event->type() == QEvent::ScreenChangeInternal) {
-        LayOut(); // the other screen may count its pixels differently
-    }
-    return isTaken;
 }
 
 // In a dialog the key comes to the program instead.

@@ -37,6 +37,8 @@ class DesktopWindow final : public QWidget {
     void Start(const DesktopSize& size);
     // Shows or hides it, minimised or not, as the shell says.
     void FollowFrame();
+    // Lays everything out anew when the screen it is on counts its pixels differently now. Cheap where nothing changed.
+    void FollowRatio();
     // In front of other programs; the desktop's token may be empty.
     void BringForward(const QString& token);
 
@@ -48,7 +50,6 @@ class DesktopWindow final : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
-    bool event(QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;

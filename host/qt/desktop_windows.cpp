@@ -1,14 +1,22 @@
 // One program for each root; a second start asks the first to come forward.
 #include "host/qt/desktop_windows.h"
 
-#include <chrono>
 #include <cstdlib>
+#include <thread>
+#include <utility>
 
 namespace tavo::qt {
 namespace {
 
 // A tool holds the root only while it writes one small file.
 constexpr std::chrono::seconds kPatience{5};
+constexpr std::chrono::milliseconds kBetweenLooks{20};
+
+// The desktop's leave to come forward, which this process got and passes on.
+const char* OwnToken() {
+    const char* token = std::getenv("XDG_ACTIVATION_TOKEN");
+    return token == nullptr ? "" : token;
+}
 
 } // namespace
 
@@ -16,12 +24,15 @@ WindowHandle DesktopWindows::FindWindowW(std::u16string_view className, std::u16
     if (const WindowHandle own = ShellWindows::FindWindowW(className, title); own != WindowHandle::None) {
         return own;
     }
-    if (IsClaimed) {
+    const bool isClaimed = LastClaim == files::LockOutcome::Held;
+    return !isClaimed && files::InstanceLock::ProgramRuns(RunFolder) ? kOtherProgram : WindowHandle::None;
+}
+
+WindowHandle DesktopWindows::CreateWindowExW(const WindowDescription& description) {
+    if (description.Kind == WindowKind::Frame && ClaimRoot() != files::LockOutcome::Held) {
         return WindowHandle::None;
     }
-    const files::LockOutcome outcome = Lock.Acquire(files::InstanceRole::Program, kPatience);
-    IsClaimed = outcome == files::LockOutcome::Held;
-    return outcome == files::LockOutcome::ProgramRuns ? kOtherProgram : WindowHandle::None;
+    return ShellWindows::CreateWindowExW(description);
 }
 
 void DesktopWindows::ShowWindow(WindowHandle window, ShowCommand command) {
@@ -35,9 +46,34 @@ void DesktopWindows::SetForegroundWindow(WindowHandle window) {
         ShellWindows::SetForegroundWindow(window);
         return;
     }
-    const char* token = std::getenv("XDG_ACTIVATION_TOKEN");
-    // When it cannot be reached there is nothing more that this process could do for it.
-    (void)files::InstanceLock::RequestActivation(RunFolder, token == nullptr ? "" : token);
+    Asked = files::InstanceLock::RequestActivation(RunFolder, OwnToken());
+}
+
+files::LockOutcome DesktopWindows::ClaimRoot() {
+    if (LastClaim != files::LockOutcome::Held) {
+        LastClaim = Lock.Acquire(files::InstanceRole::Program, kPatience);
+    }
+    return *LastClaim;
+}
+
+OtherAnswer DesktopWindows::WaitForOther(std::chrono::milliseconds patience) {
+    if (!Asked) {
+        SetForegroundWindow(kOtherProgram); // it came between the question and the claim
+    }
+    if (std::exchange(Asked, {}) != ErrorCode::Success) {
+        return OtherAnswer::Silent;
+    }
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (files::InstanceLock::HasActivationRequest(RunFolder)) {
+        if (!files::InstanceLock::ProgramRuns(RunFolder)) {
+            return OtherAnswer::Ended;
+        }
+        if (std::chrono::steady_clock::now() >= end) {
+            return OtherAnswer::Silent;
+        }
+        std::this_thread::sleep_for(kBetweenLooks);
+    }
+    return OtherAnswer::Comes;
 }
 
 } // namespace tavo::qt

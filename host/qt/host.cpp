@@ -9,11 +9,11 @@
 #include "host/qt/navigation_bar.h"
 #include "host/qt/remembered_size.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QInputDevice>
 #include <QInputMethod>
 #include <QScreen>
-#include <QSocketNotifier>
 
 #include <algorithm>
 #include <chrono>
@@ -101,14 +101,21 @@ void QtHost::PrepareWait(bool waits) {
     if (!PrepareFonts() && Options.RefuseWithoutFonts) {
         Options.RefuseWithoutFonts();
     }
+    OwnDesktop.FollowRatio();
     UpdateWidgets();
     Shared.Items.Follow();
     // The window appears with its first picture, not white.
     if (FrameChanged && (waits || OwnDrawing.HasPresented())) {
         FrameChanged = false;
         OwnDesktop.FollowFrame();
-        WatchActivation();
         FollowPanel();
+        IsOnShow = true;
+    }
+    if (IsOnShow) {
+        Requests.Follow(Shared.Navigation.IsQuitRequested());
+    }
+    if (!Shared.State.Posted.IsEmpty()) {
+        QAbstractEventDispatcher::instance()->wakeUp(); // it must not sleep over what was just posted
     }
 }
 
@@ -221,31 +228,15 @@ void QtHost::ShowCursor() {
     }
 }
 
-void QtHost::WatchActivation() {
-    if (Activation || OwnWindows.Instance().WatchActivation() != ErrorCode::Success) {
-        return;
-    }
-    Activation = std::make_unique<QSocketNotifier>(OwnWindows.Instance().ActivationFd(), QSocketNotifier::Read);
-    QObject::connect(Activation.get(), &QSocketNotifier::activated, Activation.get(), [this] {
-        if (const std::int32_t item = TakeActivation(); item != 0) {
-            Shared.Items.Make(item);
-        }
-    });
-    // A request may have come before anyone watched, or be what the program was started for.
-    if (const std::int32_t item = TakeActivation(); item != 0) {
-        Shared.Items.MakeAtStart(item);
-    }
-}
-
-std::int32_t QtHost::TakeActivation() {
-    const std::optional<files::ActivationRequest> request = OwnWindows.Instance().TakeActivation();
-    if (!request) {
-        return 0;
-    }
+void QtHost::TakeRequest(const files::ActivationRequest& request, Activation::Moment moment) {
     Shared.State.SetMinimized(false);
     OwnDesktop.FollowFrame();
-    OwnDesktop.BringForward(QString::fromStdString(request->Token));
-    return request->Item;
+    OwnDesktop.BringForward(QString::fromStdString(request.Token));
+    if (request.Item != 0 && moment == Activation::Moment::Start) {
+        Shared.Items.MakeAtStart(request.Item);
+    } else if (request.Item != 0) {
+        Shared.Items.Make(request.Item);
+    }
 }
 
 Status QtHost::CoInitializeEx() {

@@ -7,6 +7,7 @@
 #include "host/files/registry_file.h"
 #include "host/files/system_clock.h"
 #include "host/locale/us_english_locale.h"
+#include "host/qt/activation.h"
 #include "host/qt/control_style.h"
 #include "host/qt/desktop_window.h"
 #include "host/qt/desktop_windows.h"
@@ -27,8 +28,6 @@
 
 #include <functional>
 #include <memory>
-
-class QSocketNotifier;
 
 namespace tavo::qt {
 
@@ -80,6 +79,9 @@ class QtHost final : public IHost, private shell::IShellObserver {
     Status CoCreateInstance(ComPtr<IPOutlookApp>& outlook) override;
     ErrorCode GetLastError() override;
 
+    // Who has the device's root, and how the one that has it answers.
+    DesktopWindows& RootWindows() { return OwnWindows; }
+
     // Brings what the program changed to the widgets; every wait begins with it.
     void UpdateWidgets();
 
@@ -102,9 +104,7 @@ class QtHost final : public IHost, private shell::IShellObserver {
     void FollowLayout();
     void FollowPanel();
     void ShowCursor();
-    void WatchActivation();
-    // Comes forward where that was asked; gives the item that is asked for, or 0.
-    std::int32_t TakeActivation();
+    void TakeRequest(const files::ActivationRequest& request, Activation::Moment moment);
 
     HostOptions Options;
     EventSource Events;
@@ -128,7 +128,9 @@ class QtHost final : public IHost, private shell::IShellObserver {
     shell::ShellInputPanel OwnPanel{Shared.State};
     QuitSignals OwnQuitSignals;
     QTimer RecoveryTimer;
-    std::unique_ptr<QSocketNotifier> Activation;
+    Activation Requests{OwnWindows.Instance(), [this](const files::ActivationRequest& request,
+                                                      Activation::Moment moment) { TakeRequest(request, moment); }};
+    bool IsOnShow = false; // the window was shown once
     bool FrameChanged = false;
     bool BarsChanged = true;
     bool CursorIsWaiting = false;

@@ -1,20 +1,26 @@
 // Starts the program on the desktop, or says what is missing.
 #include "app/start.h"
 #include "host/locale/harmless_text.h"
+#include "host/qt/command_line.h"
 #include "host/qt/font_preparation.h"
 #include "host/qt/host.h"
 #include "host/qt/store_link.h"
 
 #include <QApplication>
+#include <QMessageBox>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <span>
 #include <string>
 #include <string_view>
 
 namespace {
 
 constexpr int kCannotStart = 1;
+constexpr int kWrongUse = 2;
+constexpr std::chrono::seconds kOtherPatience{15}; // with one that runs already, or is about to end
 
 int Refuse(std::string_view problem) {
     std::fprintf(stderr, "tavocalendar: %s\n", tavo::locale::MakeHarmless(problem).c_str());
@@ -26,12 +32,21 @@ bool IsSet(const char* variable) {
     return value != nullptr && *value != '\0';
 }
 
-bool HasDisplay(int argc, char** argv) {
-    for (int i = 1; i < argc; ++i) {
-        if (std::string_view(argv[i]) == "-platform") {
-            return true;
-        }
-    }
+// On the screen too: who starts it from a menu sees no terminal.
+int RefuseOnScreen(const char* problem) {
+    const int status = Refuse(problem);
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Tavo Calendar"), QString::fromUtf8(problem));
+    QObject::connect(&box, &QMessageBox::finished, qApp, &QApplication::quit);
+    box.show();
+    (void)QApplication::exec(); // how it was closed does not matter
+    return status;
+}
+
+int Print(std::string_view text) {
+    return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() ? 0 : kCannotStart;
+}
+
+bool HasDisplay() {
     return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM");
 }
 
@@ -56,11 +71,73 @@ void TakeToolkitMessage(QtMsgType type, const QMessageLogContext&, const QString
     std::_Exit(Refuse("there are no fonts. Install a package with fonts, such as fonts-liberation, and start again."));
 }
 
+struct Ending {
+    int Status = 0;
+    const char* Problem = nullptr; // why it did not run, if nobody was told yet
+};
+
+// Runs as the only program of its device, or has the one that runs come forward. One that ends meanwhile leaves the
+// device to this one.
+Ending RunAlone(tavo::qt::QtHost& host) {
+    using tavo::files::LockOutcome;
+    while (true) {
+        const int status = tavo::RunTavoCalendar(host);
+        switch (host.RootWindows().Claim().value_or(LockOutcome::ProgramRuns)) {
+        case LockOutcome::Held:
+            return {status};
+        case LockOutcome::Busy:
+            return {kCannotStart,
+                    "another process, such as the command line tool, holds the calendar's data file. Wait "
+                    "until it has ended, and start again."};
+        case LockOutcome::Failed:
+            return {kCannotStart, "the file Run/Instance.lock in the calendar's folder cannot be made. Look whether "
+                                  "the folder can be written and the disk has room, and start again."};
+        case LockOutcome::ProgramRuns:
+            break;
+        }
+        switch (host.RootWindows().WaitForOther(kOtherPatience)) {
+        case tavo::qt::OtherAnswer::Comes:
+            return {};
+        case tavo::qt::OtherAnswer::Silent:
+            return {kCannotStart, "the calendar is open already, but it does not answer. Wait until it does, or end "
+                                  "that process, and start again."};
+        case tavo::qt::OtherAnswer::Ended:
+            break;
+        }
+    }
+}
+
+Ending RunOn(const tavo::files::DeviceRoot& root) {
+    using namespace tavo;
+    qt::StoreLink store(root.StorePath());
+    qt::HostOptions options{root, InstalledSounds()};
+    options.CreateOutlook = [&](ComPtr<IPOutlookApp>& outlook) { return store.Create(outlook); };
+    options.LastStoreError = [&] { return store.LastError(); };
+    options.RefuseWithoutFonts = RefuseWithoutFonts;
+    qt::QtHost host(std::move(options));
+    store.SetChanged([&] { host.Parts().State.AnnounceStoreChange(); });
+    store.SetReminded([&] { host.Parts().State.AnnounceReminders(); });
+    return RunAlone(host);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     using namespace tavo;
-    if (!HasDisplay(argc, argv)) {
+    const qt::CommandLine line = qt::ReadCommandLine(std::span<char* const>(argv, argv + argc).subspan(1));
+    switch (line.Wanted) {
+    case qt::CommandLine::Wish::Help:
+        return Print(qt::kHelpText);
+    case qt::CommandLine::Wish::Version:
+        return Print(qt::kVersionText);
+    case qt::CommandLine::Wish::Refusal:
+        (void)Refuse(line.Problem);
+        std::fputs("Try `tavocalendar --help`.\n", stderr);
+        return kWrongUse;
+    case qt::CommandLine::Wish::Run:
+        break;
+    }
+    if (!line.NamesPlatform && !HasDisplay()) {
         return Refuse("there is no display. Start it from a desktop session, or set DISPLAY or WAYLAND_DISPLAY. The "
                       "command line tool, tavo, works without one.");
     }
@@ -74,15 +151,7 @@ int main(int argc, char** argv) {
     QGuiApplication::setDesktopFileName(QStringLiteral("tavocalendar"));
     Q_INIT_RESOURCE(tavo_pictures);
     qt::BeginPreparingFonts();
-    qt::StoreLink store(root.Root->StorePath());
-    qt::HostOptions options{*root.Root, InstalledSounds()};
-    options.CreateOutlook = [&](ComPtr<IPOutlookApp>& outlook) { return store.Create(outlook); };
-    options.LastStoreError = [&] { return store.LastError(); };
-    options.RefuseWithoutFonts = RefuseWithoutFonts;
-    qt::QtHost host(std::move(options));
-    store.SetChanged([&] { host.Parts().State.AnnounceStoreChange(); });
-    store.SetReminded([&] { host.Parts().State.AnnounceReminders(); });
-    const int status = RunTavoCalendar(host);
+    const Ending ending = RunOn(*root.Root);
     (void)qt::PrepareFonts(); // not given up half done, when a window was there already
-    return status;
+    return ending.Problem == nullptr ? ending.Status : RefuseOnScreen(ending.Problem);
 }

@@ -41,6 +41,19 @@ class OnABus : public CompanionTest {
 
     fs::path Found() const { return Folder.Path / "found"; }
 
+    // Starts the companion anew, beside a script in place of the calendar.
+    void StandInForTheCalendar(const std::string& script) {
+        Service.Serve(0.5);
+        Kill(SIGTERM);
+        const fs::path programs = Folder.Path / "programs";
+        fs::create_directories(programs);
+        fs::copy_file(Program, programs / "RSound");
+        Program = programs / "RSound";
+        std::ofstream(programs / "tavocalendar") << "#!/bin/sh\n" << script;
+        fs::permissions(programs / "tavocalendar", fs::perms::owner_all);
+        StartCompanion(Bus.Address());
+    }
+
     SessionBus Bus;
     NotificationService Service{Bus};
 };
@@ -113,7 +126,9 @@ TEST_F(OnABus, ASnoozedOneWaits) {
     EXPECT_TRUE(WaitForStates("3", kSoon));
 }
 
+// And starts another, which knows what to do where the one that runs is about to end.
 TEST_F(OnABus, OpenAsksTheProgramThatRunsForTheItem) {
+    StandInForTheCalendar("touch '" + Found().string() + "'\n");
     files::InstanceLock program(RunFolder());
     ASSERT_EQ(program.Acquire(files::InstanceRole::Program, {}), files::LockOutcome::Held);
     ASSERT_EQ(program.WatchActivation(), ErrorCode::Success);
@@ -134,22 +149,15 @@ TEST_F(OnABus, OpenAsksTheProgramThatRunsForTheItem) {
     EXPECT_EQ(request->Item, item);
     EXPECT_EQ(request->Token, "token-7");
     EXPECT_TRUE(WaitForStates("5", kSoon));
+    EXPECT_TRUE(WaitUntil([&] { return fs::exists(Found()); }, kSoon));
 }
 
 TEST_F(OnABus, OpenStartsAProgramThatFindsTheItem) {
-    Service.Serve(0.5);
-    Kill(SIGTERM);
-    const fs::path programs = Folder.Path / "programs";
-    fs::create_directories(programs);
-    fs::copy_file(Program, programs / "RSound");
-    Program = programs / "RSound";
-    // Instead of the calendar: keeps what it finds.
-    std::ofstream(programs / "tavocalendar")
-        << "#!/bin/sh\nprintf '\\nenvironment %s' \"$XDG_ACTIVATION_TOKEN\" >> '" << RunFolder() << "/OpenItem'\ncp '"
-        << RunFolder() << "/OpenItem' '" << Found().string() << ".part'\nmv '" << Found().string() << ".part' '"
-        << Found().string() << "'\n";
-    fs::permissions(programs / "tavocalendar", fs::perms::owner_all);
-    StartCompanion(Bus.Address());
+    const std::string request = RunFolder() + "/OpenItem";
+    const std::string kept = Found().string();
+    // It keeps what it finds.
+    StandInForTheCalendar("printf '\\nenvironment %s' \"$XDG_ACTIVATION_TOKEN\" >> '" + request + "'\ncp '" + request +
+                          "' '" + kept + ".part'\nmv '" + kept + ".part' '" + kept + "'\n");
     const Oid item = AddReminder(u"Train", 600, 30);
     ASSERT_TRUE(Service.WaitFor(1, kSoon));
     ASSERT_TRUE(WaitForStates("2", kSoon));

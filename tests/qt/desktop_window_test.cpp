@@ -195,7 +195,7 @@ TEST_F(DesktopTest, TheNavigationBarFollowsTheWindowOnTop) {
 }
 
 TEST_F(DesktopTest, ASecondStartBringsTheFirstForward) {
-    ASSERT_EQ(Host.Windows().FindWindowW(u"OtherClass", u"Other"), WindowHandle::None); // claims the root
+    ASSERT_EQ(Host.RootWindows().Claim(), files::LockOutcome::Held); // by its main window
     Host.Windows().ShowWindow(View, ShowCommand::Minimize);
     Host.Windows().SetTimer(Page, 1003, 30);
     Run(milliseconds(100));
@@ -205,6 +205,29 @@ TEST_F(DesktopTest, ASecondStartBringsTheFirstForward) {
     Run(milliseconds(200));
     EXPECT_FALSE(Desktop().isMinimized());
     EXPECT_GE(Count(WM_TIMER), 2);
+}
+
+TEST(RootClaim, LookingForAnotherProgramTakesNothing) {
+    const TemporaryRoot root;
+    QtHost looking({root.Open(), ""});
+    EXPECT_EQ(looking.Windows().FindWindowW(u"Class", u"Title"), WindowHandle::None);
+    EXPECT_FALSE(files::InstanceLock::ProgramRuns(root.Open().RunFolder()));
+    EXPECT_FALSE(looking.RootWindows().Claim().has_value());
+}
+
+TEST(RootClaim, BesideAnotherProgramThereIsNoMainWindow) {
+    const TemporaryRoot root;
+    files::InstanceLock other(root.Open().RunFolder());
+    ASSERT_EQ(other.Acquire(files::InstanceRole::Program, {}), files::LockOutcome::Held);
+    QtHost host({root.Open(), ""});
+    EXPECT_EQ(host.Windows().FindWindowW(u"Class", u"Title"), kOtherProgram);
+    WindowDescription frame;
+    frame.Kind = WindowKind::Frame;
+    EXPECT_EQ(host.Windows().CreateWindowExW(frame), WindowHandle::None);
+    EXPECT_EQ(host.RootWindows().Claim(), files::LockOutcome::ProgramRuns);
+    other.Release();
+    EXPECT_NE(host.Windows().CreateWindowExW(frame), WindowHandle::None);
+    EXPECT_EQ(host.RootWindows().Claim(), files::LockOutcome::Held);
 }
 
 } // namespace tavo::qt

@@ -24,10 +24,10 @@ class ProgramStart : public testing::Test {
     ProgramStart() { std::filesystem::copy_file(TAVO_PROGRAM, Folder / "tavocalendar"); }
 
     // Starts it with these variables and no others but PATH.
-    Ending Start(const std::string& variables, int seconds = 20) const {
+    Ending Start(const std::string& variables, int seconds = 20, const std::string& words = "") const {
         const std::string command = "env -i PATH=\"$PATH\" TAVO_TRACE_FRAMES='" + (Folder / "frames") + "' " +
                                     variables + " timeout " + std::to_string(seconds) + " '" +
-                                    (Folder / "tavocalendar") + "' 2>&1";
+                                    (Folder / "tavocalendar") + "' " + words + " 2>&1";
         std::FILE* output = popen(command.c_str(), "r");
         Ending ending;
         std::array<char, 256> part{};
@@ -79,6 +79,27 @@ TEST_F(ProgramStart, WithoutAHomeOfTheUserItAsksForOne) {
     const Ending ending = Start("HOME=/dev/null QT_QPA_PLATFORM=offscreen");
     EXPECT_EQ(ending.Status, 1);
     EXPECT_THAT(ending.Words, HasSubstr("set TAVO_HOME to a folder of your own"));
+}
+
+TEST_F(ProgramStart, HelpAndVersionAnswerWithoutADisplayToo) {
+    const Ending help = Start(Home(), 20, "--help");
+    EXPECT_EQ(help.Status, 0);
+    EXPECT_THAT(help.Words, HasSubstr("tavocalendar --version"));
+    const Ending version = Start(Home(), 20, "--version");
+    EXPECT_EQ(version.Status, 0);
+    EXPECT_EQ(version.Words, "tavocalendar " TAVO_VERSION "\n");
+    EXPECT_FALSE(Folder.Has("home")); // nothing is made for an answer
+}
+
+TEST_F(ProgramStart, AnythingElseIsRefusedWithStatusTwo) {
+    for (const std::string word : {"--nonsense", "-x", "calendar", "'some\x1B[31mthing'"}) {
+        const Ending ending = Start(Home() + " QT_QPA_PLATFORM=offscreen", 20, word);
+        EXPECT_EQ(ending.Status, 2) << word;
+        EXPECT_THAT(ending.Words, HasSubstr("Try `tavocalendar --help`.")) << word;
+        EXPECT_EQ(ending.Words.find('\x1B'), std::string::npos) << word;
+        EXPECT_EQ(FramesShown(), "") << word;
+    }
+    EXPECT_EQ(Start(Home(), 20, "-platform").Status, 2); // its value is missing
 }
 
 TEST_F(ProgramStart, WithEverythingThereItShowsItsFirstFrame) {

@@ -1,0 +1,66 @@
+// The few words that the program takes.
+#include "host/qt/command_line.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace tavo::qt {
+namespace {
+
+using Wish = CommandLine::Wish;
+
+constexpr std::array<std::string_view, 3> kToolkitOptions{"-platform", "-display", "-session"}; // each with a value
+
+CommandLine Refuse(std::string problem) {
+    return {Wish::Refusal, std::move(problem)};
+}
+
+// The toolkit takes its options with one dash or with two.
+std::optional<std::string_view> FindToolkitOption(std::string_view word) {
+    const std::string_view single = word.starts_with("--") ? word.substr(1) : word;
+    const auto found = std::find(kToolkitOptions.begin(), kToolkitOptions.end(), single);
+    return found == kToolkitOptions.end() ? std::nullopt : std::optional(*found);
+}
+
+} // namespace
+
+const std::string_view kHelpText = R"(Tavo Calendar: appointments, alarms and handwritten notes.
+
+  tavocalendar               opens the calendar; one that is open already comes forward
+  tavocalendar --help        shows this
+  tavocalendar --version     shows the version
+
+The calendar lies in the folder that TAVO_HOME names, by default in $XDG_DATA_HOME/tavocalendar.
+TAVO_SCALE=2 makes the window twice the size of the device's screen, and fixes it.
+The command line tool is tavo; see tavo --help.
+)";
+
+const std::string_view kVersionText = "tavocalendar " TAVO_VERSION "\n";
+
+CommandLine ReadCommandLine(std::span<char* const> arguments) {
+    CommandLine line;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string_view word = arguments[i];
+        if (word == "--help" || word == "-h") {
+            return {Wish::Help};
+        }
+        if (word == "--version") {
+            return {Wish::Version};
+        }
+        if (const auto option = FindToolkitOption(word)) {
+            if (++i == arguments.size()) {
+                return Refuse("The option " + std::string(word) + " needs a value.");
+            }
+            line.NamesPlatform = line.NamesPlatform || *option != "-session";
+            continue;
+        }
+        if (word.starts_with('-')) {
+            return Refuse("There is no option " + std::string(word) + ".");
+        }
+        return Refuse("It takes no " + std::string(word) + ". A calendar file is imported by: tavo import FILE.");
+    }
+    return line;
+}
+
+} // namespace tavo::qt

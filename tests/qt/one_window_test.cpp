@@ -1,0 +1,237 @@
+// Starts of the built program beside one that runs, one that ends, and a tool that writes.
+#include "host/files/instance_lock.h"
+#include "tests/files/temporary_folder.h"
+
+#include <chrono>
+#include <csignal>
+#include <fstream>
+#include <functional>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <memory>
+#include <sys/wait.h>
+#include <thread>
+
+namespace tavo::qt {
+namespace {
+
+using namespace std::chrono_literals;
+using files::InstanceLock;
+using files::InstanceRole;
+using files::LockOutcome;
+using testing::HasSubstr;
+
+using Span = std::chrono::milliseconds;
+
+bool WaitUntil(Span patience, const std::function<bool()>& isSo) {
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (!isSo()) {
+        if (std::chrono::steady_clock::now() > end) {
+            return false;
+        }
+        std::this_thread::sleep_for(10ms);
+    }
+    return true;
+}
+
+// The program on a device of its own; what it shows and says goes to files of its own.
+class StartedProgram {
+  public:
+    StartedProgram(const files::TemporaryFolder& folder, const std::string& name)
+        : Frames(folder / (name + ".frames")), Words(folder / (name + ".words")) {
+        Process = fork();
+        if (Process == 0) {
+            setenv("TAVO_HOME", (folder / "home").c_str(), 1);
+            setenv("TAVO_TRACE_FRAMES", Frames.c_str(), 1);
+            setenv("QT_QPA_PLATFORM", "offscreen", 1);
+            setenv("TAVO_SCALE", "1", 1);
+            (void)!freopen(Words.c_str(), "w", stderr);
+            const std::string program = folder / "tavocalendar";
+            execl(program.c_str(), program.c_str(), nullptr);
+            _exit(127);
+        }
+    }
+
+    ~StartedProgram() {
+        if (Process > 0) {
+            kill(Process, SIGKILL);
+            waitpid(Process, nullptr, 0);
+        }
+    }
+
+    StartedProgram(const StartedProgram&) = delete;
+    StartedProgram& operator=(const StartedProgram&) = delete;
+
+    void Signal(int number) const { kill(Process, number); }
+
+    bool HasShown() const {
+        std::ifstream frames(Frames);
+        return frames.peek() != std::ifstream::traits_type::eof();
+    }
+
+    // Its exit status, or -1 while it runs on.
+    int WaitForEnd(Span patience) {
+        WaitUntil(patience, [this] { return HasEnded(); });
+        return Status;
+    }
+
+    bool HasEnded() {
+        int status = 0;
+        if (Process > 0 && waitpid(Process, &status, WNOHANG) == Process) {
+            Process = 0;
+            Status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+        }
+        return Process == 0;
+    }
+
+    std::string Said() const {
+        std::ifstream words(Words);
+        return {std::istreambuf_iterator<char>(words), {}};
+    }
+
+  private:
+    std::string Frames;
+    std::string Words;
+    pid_t Process = 0;
+    int Status = -1;
+};
+
+class OneWindow : public testing::Test {
+  protected:
+    // A copy, so that no companion lies beside it.
+    OneWindow() {
+        std::filesystem::copy_file(TAVO_PROGRAM, Folder / "tavocalendar");
+        std::filesystem::create_directories(Run());
+    }
+
+    std::string Run() const { return Folder / "home/Run"; }
+
+    bool HasRequest() const { return InstanceLock::HasActivationRequest(Run()); }
+
+    void ExpectShown(const StartedProgram& program) const {
+        EXPECT_TRUE(WaitUntil(30s, [&] { return program.HasShown(); })) << program.Said();
+    }
+
+    std::unique_ptr<StartedProgram> Start(const std::string& name) const {
+        return std::make_unique<StartedProgram>(Folder, name);
+    }
+
+    files::TemporaryFolder Folder;
+};
+
+TEST_F(OneWindow, AStartBesideOneThatRunsBringsItForwardAndEnds) {
+    const auto first = Start("first");
+    ExpectShown(*first);
+    const auto second = Start("second");
+    EXPECT_EQ(second->WaitForEnd(30s), 0) << second->Said();
+    EXPECT_FALSE(second->HasShown());
+    EXPECT_FALSE(HasRequest()); // taken
+    EXPECT_FALSE(first->HasEnded());
+}
+
+TEST_F(OneWindow, AStartThatCannotHaveTheDataFileInTimeSaysSoAndNeverRuns) {
+    InstanceLock tool(Run());
+    ASSERT_EQ(tool.Acquire(InstanceRole::Tool, {}), LockOutcome::Held);
+    const auto program = Start("program");
+    EXPECT_TRUE(WaitUntil(30s, [&] { return program->Said().find("another process") != std::string::npos; }))
+        << program->Said();
+    EXPECT_FALSE(program->HasShown());
+    EXPECT_FALSE(InstanceLock::ProgramRuns(Run()));
+    program->Signal(SIGTERM);
+    program->WaitForEnd(10s);
+    EXPECT_TRUE(program->HasEnded()); // what it tells on the screen holds nobody up
+}
+
+TEST_F(OneWindow, AStartWaitsForAToolThatWrites) {
+    auto tool = std::make_unique<InstanceLock>(Run());
+    ASSERT_EQ(tool->Acquire(InstanceRole::Tool, {}), LockOutcome::Held);
+    const auto program = Start("program");
+    std::this_thread::sleep_for(1500ms);
+    EXPECT_FALSE(program->HasShown());
+    tool.reset();
+    ExpectShown(*program);
+    EXPECT_TRUE(InstanceLock::ProgramRuns(Run()));
+}
+
+TEST_F(OneWindow, WhereTheLockCannotBeMadeItSaysSoAndNeverRuns) {
+    std::filesystem::create_directories(Run() + "/Instance.lock"); // a folder is no file
+    const auto program = Start("program");
+    EXPECT_TRUE(WaitUntil(30s, [&] { return program->Said().find("Run/Instance.lock") != std::string::npos; }))
+        << program->Said();
+    EXPECT_FALSE(program->HasShown());
+}
+
+TEST_F(OneWindow, AStartWhileAnotherEndsTakesItsPlace) {
+    auto ending = std::make_unique<InstanceLock>(Run()); // it holds the root still, and takes no request any more
+    ASSERT_EQ(ending->Acquire(InstanceRole::Program, {}), LockOutcome::Held);
+    const auto program = Start("program");
+    ASSERT_TRUE(WaitUntil(30s, [&] { return HasRequest(); }));
+    std::this_thread::sleep_for(500ms);
+    EXPECT_FALSE(program->HasEnded());
+    EXPECT_FALSE(program->HasShown());
+    ending.reset();
+    ExpectShown(*program);
+    EXPECT_TRUE(WaitUntil(5s, [&] { return !HasRequest(); }));
+}
+
+// The end is asked for and the next start comes at the same moment, earlier or later: one window is there in the end.
+TEST_F(OneWindow, NoStartIsLostThatComesWhileTheProgramEnds) {
+    for (int round = 0; round < 6; ++round) {
+        const auto first = Start("first" + std::to_string(round));
+        ExpectShown(*first);
+        first->Signal(SIGTERM);
+        std::this_thread::sleep_for(Span(round * 20));
+        const auto second = Start("second" + std::to_string(round));
+        EXPECT_EQ(first->WaitForEnd(30s), 0) << round;
+        ExpectShown(*second);
+        EXPECT_FALSE(second->HasEnded()) << round;
+        second->Signal(SIGTERM);
+        EXPECT_EQ(second->WaitForEnd(30s), 0) << round;
+        EXPECT_FALSE(InstanceLock::ProgramRuns(Run())) << round;
+    }
+}
+
+// A program that stands still gets the request, a quit before it; awake again it must leave the request to the start.
+TEST_F(OneWindow, ARequestThatComesWithTheEndIsLeftToTheNextStart) {
+    const auto first = Start("first");
+    ExpectShown(*first);
+    first->Signal(SIGSTOP);
+    first->Signal(SIGTERM);
+    ASSERT_EQ(InstanceLock::RequestItem(Run(), 77, ""), ErrorCode::Success);
+    const auto second = Start("second");
+    ASSERT_TRUE(WaitUntil(30s, [&] { return HasRequest(); }));
+    first->Signal(SIGCONT);
+    EXPECT_EQ(first->WaitForEnd(30s), 0);
+    ExpectShown(*second);
+    EXPECT_TRUE(WaitUntil(5s, [&] { return !Folder.Has("home/Run/OpenItem"); })); // the second took it
+}
+
+TEST_F(OneWindow, OneThatDoesNotAnswerIsTold) {
+    const auto first = Start("first");
+    ExpectShown(*first);
+    first->Signal(SIGSTOP);
+    const auto second = Start("second");
+    EXPECT_TRUE(WaitUntil(60s, [&] { return second->Said().find("does not answer") != std::string::npos; }));
+    EXPECT_FALSE(second->HasShown());
+    first->Signal(SIGCONT);
+    EXPECT_TRUE(WaitUntil(10s, [&] { return !HasRequest(); })); // it comes forward all the same
+}
+
+TEST_F(OneWindow, OfTwoStartsAtOnceOneRuns) {
+    for (int round = 0; round < 4; ++round) {
+        const auto one = Start("one" + std::to_string(round));
+        const auto other = Start("other" + std::to_string(round));
+        EXPECT_TRUE(WaitUntil(30s, [&] { return one->HasEnded() || other->HasEnded(); })) << round;
+        EXPECT_NE(one->HasEnded(), other->HasEnded()) << round;
+        const auto& running = one->HasEnded() ? other : one;
+        const auto& ended = one->HasEnded() ? one : other;
+        EXPECT_EQ(ended->WaitForEnd(0s), 0) << ended->Said();
+        EXPECT_FALSE(ended->HasShown()) << round;
+        ExpectShown(*running);
+        running->Signal(SIGTERM);
+        EXPECT_EQ(running->WaitForEnd(30s), 0) << round;
+    }
+}
+
+} // namespace
+} // namespace tavo::qt
