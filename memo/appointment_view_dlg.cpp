@@ -5,6 +5,7 @@
 #include "res/dialog_templates.h"
 #include "res/resource_ids.h"
 #include "store/date_pictures.h"
+#include "store/describe_recurrence.h"
 
 #include <utility>
 #include <vector>
@@ -41,6 +42,7 @@ void CAppointmentViewDlg::OnInitDialog() {
     FirstLine.clear();
     SecondLine.clear();
     Ink = WindowHandle::None;
+    TakeRule();
     ComPtr<IAppointment> item;
     if (!State.Store.OutlookApp || Failed(State.Store.OutlookApp->GetItemFromOid(Oid, item)) || !item) {
         return;
@@ -55,6 +57,13 @@ void CAppointmentViewDlg::OnInitDialog() {
 void CAppointmentViewDlg::PlaceButton(int id, const Rect& place) {
     MoveItem(id, place);
     ShowItem(id, false);
+}
+
+// The words are made from the day of a start. The record may be that of an occurrence on another day than the first.
+void CAppointmentViewDlg::TakeRule() {
+    AppointmentData series;
+    const bool isSeries = State.Store.LoadAppointment(Oid, series) != 0 && series.IsRecurring;
+    Rule = DescribeRecurrence(isSeries ? series : Appointment);
 }
 
 void CAppointmentViewDlg::TakeDates(IAppointment& item) {
@@ -111,6 +120,7 @@ void CAppointmentViewDlg::ShowNote() {
     static_cast<void>(ink.SendMessageW(Ink, kInkSetZoom, 0, kNoteZoom));
     static_cast<void>(ink.SendMessageW(Ink, kInkSetPenMode, kInkPenSelects, 0));
     static_cast<void>(ink.SendMessageW(Ink, kInkSetView, kInkViewTyping, 0));
+    static_cast<void>(ink.SendMessageW(Ink, EM_SETREADONLY, 1, 0)); // what was changed here nobody would keep
 }
 
 // There is nothing to take over: "ok" closes the view like ×.

@@ -30,6 +30,7 @@ class CAppointmentViewDlg : public CDialog {
     // appointment_view_dlg.cpp
     void PlaceButton(int id, const Rect& place);
     void TakeDates(IAppointment& item);
+    void TakeRule();
     std::u16string DateText(const SYSTEMTIME& date, std::u16string_view picture) const;
     void TakeNote(IAppointment& item);
     void ShowNote();
@@ -53,6 +54,7 @@ class CAppointmentViewDlg : public CDialog {
     CProgramState& State;
     std::u16string FirstLine; // the first and last date, as texts
     std::u16string SecondLine;
+    std::u16string Rule; // of a series, in words
     WindowHandle Ink = WindowHandle::None;
     Rect Line; // where the next line goes
     bool ModPressed = false;

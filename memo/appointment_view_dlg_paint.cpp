@@ -5,7 +5,6 @@
 #include "memo/appointment_view_look.h"
 #include "res/resource_ids.h"
 #include "store/date_pictures.h"
-#include "store/describe_recurrence.h"
 #include "store/fit_text.h"
 
 namespace tavo {
@@ -84,7 +83,7 @@ void CAppointmentViewDlg::PaintTimes() {
 }
 
 void CAppointmentViewDlg::PaintRecurrence() {
-    PaintLine(DescribeRecurrence(Appointment));
+    PaintLine(Rule);
     PaintLine(SecondLine.empty() ? FormatText(u"from %s", FirstLine)
                                  : FormatText(u"from %s until %s", FirstLine, SecondLine));
     if (Appointment.AllDay) {

@@ -28,6 +28,7 @@ constexpr MessageNumber kInkShowRecorderBar = WM_USER + 530;
 constexpr MessageNumber EM_GETSEL = 0x00B0;
 constexpr MessageNumber EM_SETSEL = 0x00B1;
 constexpr MessageNumber EM_CANUNDO = 0x00C6;
+constexpr MessageNumber EM_SETREADONLY = 0x00CF; // 1: ink can be selected and copied, and nothing can change it
 
 constexpr int kInkStyleRuled = 2;
 constexpr int kInkStyleGrid = 4;

@@ -22,6 +22,7 @@ int InkControl::SendMessageW(MessageNumber number, int first, int second) {
     case kInkSetPenMode:
     case kInkSetZoom:
     case kInkShowRecorderBar:
+    case EM_SETREADONLY:
         return Set(number, first, second);
     case kInkUndo:
     case kInkRedo:
@@ -31,13 +32,21 @@ int InkControl::SendMessageW(MessageNumber number, int first, int second) {
     case WM_CLEAR:
     case EM_SETSEL:
         FinishGesture();
-        return EditBy(number, first, second);
+        return ForbidsEdit(number) ? 0 : EditBy(number, first, second);
     default:
         return Ask(number);
     }
 }
 
+// To select and to copy changes nothing.
+bool InkControl::ForbidsEdit(MessageNumber number) const {
+    return ReadOnly && number != WM_COPY && number != EM_SETSEL;
+}
+
 int InkControl::Ask(MessageNumber number) const {
+    if (ReadOnly && (number == kInkCanPaste || number == kInkCanRedo || number == EM_CANUNDO)) {
+        return 0;
+    }
     switch (number) {
     case kInkGetDataLength:
         return static_cast<int>(GetData().size());
@@ -76,6 +85,9 @@ int InkControl::Set(MessageNumber number, int first, int second) {
         break;
     case kInkSetZoom:
         SetZoom(second);
+        break;
+    case EM_SETREADONLY:
+        ReadOnly = first != 0;
         break;
     default:
         RecorderShown = first != 0;

@@ -61,6 +61,9 @@ class InkControl {
 
     bool IsPenDown() const { return Doing != Gesture::None; }
 
+    // Only looked at: pen and keys select and copy.
+    bool IsReadOnly() const { return ReadOnly; }
+
     void Wheel(int steps); // up is positive
     void WheelSideways(int steps);
     void ScrollTo(Point offset);      // ticks
@@ -103,6 +106,7 @@ class InkControl {
 
     int Set(MessageNumber number, int first, int second);
     int EditBy(MessageNumber number, int first, int second);
+    bool ForbidsEdit(MessageNumber number) const;
     int Ask(MessageNumber number) const;
     void SetZoom(int percent);
     void Undo();
@@ -136,6 +140,7 @@ class InkControl {
     int Style = kInkStyleNone;
     int PenMode = kInkPenSelects;
     int ViewKind = kInkViewTyping;
+    bool ReadOnly = false;
     bool RecorderShown = false;
     bool WasSeen = false;
 

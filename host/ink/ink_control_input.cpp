@@ -41,7 +41,11 @@ void InkControl::PenDown(PenEnd end, const PenSample& sample) {
     }
     WasSeen = true;
     Anchor = Last = Clamped(sample.Place);
-    if (end == PenEnd::Eraser) {
+    if (ReadOnly) {
+        SelectAll(false);
+        Doing = Gesture::Lasso;
+        Span = {};
+    } else if (end == PenEnd::Eraser) {
         Doing = Gesture::Erase;
         ErasedAny = false;
         SelectAll(false);
@@ -282,6 +286,9 @@ bool InkControl::Key(int key, int modifiers) {
             ScrollTo({offset.X, offset.Y + (key == VK_PRIOR ? -1 : 1) * Shown.Extent().Height});
             return true;
         case VK_DELETE:
+            if (ReadOnly) {
+                return Paper.SelectedCount() > 0; // it means the ink, which stays; else whatever it means elsewhere
+            }
             SendMessageW(WM_CLEAR, 0, 0);
             return true;
         default:

@@ -159,6 +159,7 @@ void InkPaper::Follow() {
     }
     FollowOverlay();
     FollowBars();
+    setCursor(ink.IsReadOnly() ? Qt::ArrowCursor : Qt::CrossCursor);
 }
 
 bool InkPaper::event(QEvent* event) {

@@ -169,5 +169,72 @@ TEST_F(InkSelection, TheFrameGoesWithThePen) {
     EXPECT_EQ(Control.SelectionFrame(), before);
 }
 
+// Ink that is only looked at.
+class InkForReading : public InkSelection {
+  protected:
+    InkForReading() {
+        Send(EM_SETREADONLY, 1);
+        Before = Control.GetData();
+    }
+
+    ~InkForReading() override {
+        EXPECT_EQ(Control.GetData(), Before);
+        EXPECT_EQ(Send(EM_CANUNDO) + Send(kInkCanPaste) + Send(kInkCanRedo), 0);
+    }
+
+    std::vector<std::uint8_t> Before;
+};
+
+TEST_F(InkForReading, APenSelectsAndMovesNothing) {
+    Drag(10, 10, 65, 30);
+    EXPECT_THAT(Selected(), ElementsAre(0));
+    Drag(40, 20, 40, 120); // from within the frame
+    EXPECT_EQ(FirstPoint(0).Y, 20 * kTicksPerPixel);
+    Tap(60, 60);
+    EXPECT_THAT(Selected(), ElementsAre(1));
+}
+
+TEST_F(InkForReading, APenThatDrawsElsewhereSelects) {
+    Send(kInkSetPenMode, kInkPenDraws);
+    Drag(10, 10, 130, 70);
+    EXPECT_THAT(Selected(), ElementsAre(0, 1));
+}
+
+TEST_F(InkForReading, TheEraserSelects) {
+    Drag(10, 20, 65, 20, PenEnd::Eraser);
+    EXPECT_EQ(Count(), 2U);
+}
+
+TEST_F(InkForReading, NoCommandAndNoKeyChangesIt) {
+    Send(EM_SETSEL, 0, -1);
+    Send(WM_COPY);
+    EXPECT_EQ(Shared.Clipboard.size(), 2U);
+    for (const MessageNumber edit : {WM_CUT, WM_PASTE, WM_CLEAR, kInkUndo, kInkRedo}) {
+        Send(edit);
+    }
+    for (const int key : {'Z', 'Y', 'X', 'V'}) {
+        EXPECT_TRUE(Control.Key(key, kModifierControl));
+    }
+    EXPECT_TRUE(Control.Key(VK_DELETE, 0));
+    EXPECT_THAT(Selected(), ElementsAre(0, 1));
+    Send(EM_SETSEL, -1, 0);
+    EXPECT_FALSE(Control.Key(VK_DELETE, 0)); // with nothing selected the key is not the ink's
+    EXPECT_TRUE(Control.Key('A', kModifierControl));
+    EXPECT_THAT(Selected(), ElementsAre(0, 1));
+    Shared.Clipboard.clear();
+    EXPECT_TRUE(Control.Key('C', kModifierControl));
+    EXPECT_EQ(Shared.Clipboard.size(), 2U);
+}
+
+TEST_F(InkForReading, TheProgramCanStillChangeWhatIsShown) {
+    Send(EM_SETREADONLY, 0);
+    Send(EM_SETSEL, 0, -1);
+    Send(WM_CUT);
+    EXPECT_EQ(Count(), 0U);
+    Send(kInkUndo);
+    Send(EM_SETREADONLY, 1);
+    EXPECT_EQ(Count(), 2U);
+}
+
 } // namespace
 } // namespace tavo::ink

@@ -118,6 +118,19 @@ TEST_F(AppointmentView, ASeriesWithAnEndSaysUntilWhen) {
                 ElementsAre(u"Everyday", u"from 2004.09.13 until 2004.09.22", u"at PM 6:00 for 2 hour(s)"));
 }
 
+TEST_F(AppointmentView, ARowOnAnotherDayIsWordedByItsSeries) {
+    const Oid oid = Desk.GivenSeries(u"Leap day", At(2004, 2, 29, 18), At(2004, 2, 29, 20), kRecursYearly);
+    Dialog.Oid = oid;
+    Dialog.Appointment = Desk.Load(oid);
+    Dialog.Appointment.Start = At(2005, 2, 28, 19); // an occurrence that was moved by an hour
+    Dialog.Appointment.End = At(2005, 2, 28, 20);
+    Desk.Check([&] {
+        EXPECT_THAT(Lines(), ElementsAre(u"Feb. 29 of every year", u"from 2004.02.29", u"at PM 7:00 for 1 hour(s)"));
+    });
+    Desk.Device.PressClose();
+    EXPECT_EQ(Desk.Run(Dialog), IDCANCEL);
+}
+
 TEST_F(AppointmentView, AnAllDaySeriesHasNoTimes) {
     const Oid oid = Desk.GivenAppointment(u"Name day", At(2004, 9, 15), At(2004, 9, 15), [](IAppointment& item) {
         ASSERT_EQ(item.put_AllDayEvent(true), Status::Ok);
@@ -241,10 +254,41 @@ TEST_F(AppointmentView, TheNoteIsShownForReadingUnderTheLines) {
         EXPECT_EQ(Desk.Paper().SendMessageW(kInkGetPageStyle, 0, 0), 16);
         EXPECT_EQ(Desk.Paper().SendMessageW(kInkGetView, 0, 0), 0);
         EXPECT_EQ(Desk.Paper().View().Zoom(), 100);
+        EXPECT_TRUE(Desk.Paper().IsReadOnly());
         EXPECT_EQ(Desk.Paper().GetData(), (std::vector<std::uint8_t>{1, 2, 3}));
         EXPECT_EQ(Desk.Buffer(), (std::vector<std::uint8_t>{1, 2, 3}));
         EXPECT_FALSE(Desk.Device.See.IsShown(kViewModify));
         EXPECT_FALSE(Desk.Device.See.IsShown(kViewDelete));
+    });
+    Desk.Device.PressClose();
+    EXPECT_EQ(Run(oid), IDCANCEL);
+}
+
+TEST_F(AppointmentView, NothingThatIsDoneToItsNoteChangesIt) {
+    ink::InkShared shared;
+    ink::InkControl other(shared);
+    other.Resize({240, 169});
+    other.SendMessageW(kInkSetPenMode, kInkPenDraws, 0);
+    other.PenDown(ink::PenEnd::Tip, {{20, 60}, ink::kNoPressure, 1000});
+    other.PenUp({{120, 60}, ink::kNoPressure, 1060});
+    const std::vector<std::uint8_t> note = other.GetData();
+    const Oid oid = Desk.GivenAppointment(u"Dentist", At(2004, 9, 15, 9), At(2004, 9, 15, 10),
+                                          [&](IAppointment& item) { ASSERT_EQ(item.put_BodyInk(note), Status::Ok); });
+    Desk.Check([&] {
+        ink::InkControl& paper = Desk.Paper();
+        const auto drag = [&](ink::PenEnd end, int x, int y, int toX, int toY) {
+            paper.PenDown(end, {{static_cast<double>(x), static_cast<double>(y)}, ink::kNoPressure, 1000});
+            paper.PenUp({{static_cast<double>(toX), static_cast<double>(toY)}, ink::kNoPressure, 1060});
+        };
+        drag(ink::PenEnd::Eraser, 60, 40, 60, 80);
+        drag(ink::PenEnd::Tip, 10, 50, 130, 70);
+        EXPECT_EQ(paper.SendMessageW(EM_GETSEL, 0, 0), 1);
+        EXPECT_TRUE(paper.Key('X', kModifierControl));
+        EXPECT_TRUE(paper.Key(VK_DELETE, 0));
+        EXPECT_EQ(Desk.Paper().GetData(), note);
+        paper.SendMessageW(EM_SETREADONLY, 0, 0); // the pen's own state is to select, too
+        drag(ink::PenEnd::Tip, 10, 50, 130, 70);
+        EXPECT_EQ(paper.GetData(), note);
     });
     Desk.Device.PressClose();
     EXPECT_EQ(Run(oid), IDCANCEL);

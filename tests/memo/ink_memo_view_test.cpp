@@ -48,6 +48,26 @@ TEST_F(InkMemoView, TheModeButtonGoesBetweenWritingAndReading) {
     EXPECT_EQ(Run(), IDCANCEL);
 }
 
+TEST_F(InkMemoView, InReadingThePenSelectsAndDrawsNothing) {
+    Desk.Draw();
+    Desk.Device.PressBarButton(kCommandInputMode);
+    Desk.Check([this] { EXPECT_EQ(Ask(EM_GETSEL), 0); });
+    Desk.Draw(); // the same way, now around nothing but the stroke
+    Desk.Check([this] {
+        EXPECT_EQ(Desk.Strokes(), 1U);
+        ink::InkControl& paper = Desk.Paper();
+        paper.PenDown(ink::PenEnd::Tip, {{1, 1}, ink::kNoPressure, 2000});
+        paper.PenUp({{200, 200}, ink::kNoPressure, 2050});
+        EXPECT_EQ(Desk.Strokes(), 1U);
+        EXPECT_NE(Ask(EM_GETSEL), 0);
+    });
+    Desk.Device.PressBarButton(kCommandInputMode);
+    Desk.Draw(100);
+    Desk.Check([this] { EXPECT_EQ(Desk.Strokes(), 2U); });
+    Desk.Device.PressClose();
+    EXPECT_EQ(Run(), IDCANCEL);
+}
+
 TEST_F(InkMemoView, AnotherPageStyleIsLeftAloneButTheViewBecomesWriting) {
     Desk.Check([this] {
         Desk.Paper().SendMessageW(kInkSetPageStyle, kInkStyleGrid, 0);
