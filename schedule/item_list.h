@@ -96,7 +96,7 @@ class CItemList : public CPaintedWindow {
 
   private:
     void PaintRow(int row, int top);
-    void DrawLine(const std::u16string& words, Rect area, Color color);
+    void DrawLine(const std::u16string& words, const std::u16string& shorter, Rect area, Color color);
     void TakeStylusDown(Point point);
     void TakeWheel(const Message& wheel);
     void TakeKey(const Message& key);

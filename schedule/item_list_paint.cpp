@@ -76,7 +76,8 @@ void CItemList::PaintRow(int row, int top) {
         if (index >= first) {
             line.Top += kLineHeight;
             line.Bottom += kLineHeight;
-            DrawLine(text.Lines[index], line, ink);
+            const bool isLast = index + 1 == text.Lines.size();
+            DrawLine(text.Lines[index], isLast ? text.ShortLine : std::u16string(), line, ink);
         }
     }
     PaintedItem item{area, PaintedRole::Row, MakeOneLine(std::move(name)), row};
@@ -84,16 +85,19 @@ void CItemList::PaintRow(int row, int top) {
     Declare(std::move(item));
 }
 
-// A line that is too long for the ordinary font is drawn in the small one, and shortened only if it must be.
-void CItemList::DrawLine(const std::u16string& words, Rect area, Color color) {
+// A line that is too long for the ordinary font is drawn in the small one, then in its shorter words, and cut only if
+// it must be.
+void CItemList::DrawLine(const std::u16string& words, const std::u16string& shorter, Rect area, Color color) {
     IDrawing& drawing = Host().Drawing();
     FontHandle font = State.Fonts.FontArial10;
+    const auto fits = [&](const std::u16string& text) { return !IsWiderThan(drawing, font, text, area.Width()); };
     std::u16string shown = words;
-    if (IsWiderThan(drawing, font, words, area.Width())) {
+    if (!fits(words)) {
         font = State.Fonts.FontArial7;
         area.Right = kSmallRight;
-        if (IsWiderThan(drawing, font, words, area.Width())) {
-            shown = FitText(drawing, font, words, area.Width() - kDotsWidth);
+        if (!fits(words)) {
+            const bool hasShorter = !shorter.empty() && fits(shorter);
+            shown = hasShorter ? shorter : FitText(drawing, font, words, area.Width() - kDotsWidth);
         }
     }
     Surface().DrawTextW(MakeOneLine(std::move(shown)), area, {font, color, kLineFormat});

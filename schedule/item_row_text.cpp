@@ -59,6 +59,15 @@ std::int64_t LengthInMinutes(const AppointmentData& record, ILocale& locale) {
            record.End.Minute - record.Start.Minute;
 }
 
+// Of several days, with the dates in this picture.
+std::u16string DescribeEnds(const AppointmentData& record, std::u16string_view picture, ILocale& locale) {
+    const auto date = [&](const SYSTEMTIME& day) {
+        return locale.GetDateFormatW(LocaleId::User, day, picture, kPictureBuffer).value_or(std::u16string());
+    };
+    return FormatText(u"%s,%s - %s,%s", date(record.Start), ListTime(record.Start, locale), date(record.End),
+                      ListTime(record.End, locale));
+}
+
 std::u16string DescribeTimes(const AppointmentData& record, const SYSTEMTIME& last, ILocale& locale) {
     if (DaysBetween(record.Start, last, locale) <= 0) {
         return record.AllDay ? std::u16string(kAllDay)
@@ -67,27 +76,36 @@ std::u16string DescribeTimes(const AppointmentData& record, const SYSTEMTIME& la
     if (record.AllDay) {
         return FormatText(u"%s - %s (All day)", DateText(record.Start, locale), DateText(last, locale));
     }
-    return FormatText(u"%s,%s - %s,%s", DateText(record.Start, locale), ListTime(record.Start, locale),
-                      DateText(record.End, locale), ListTime(record.End, locale));
+    return DescribeEnds(record, kPictureListDate, locale);
 }
 
-// Opened by which day of how many this is, and its weekday.
-std::u16string DescribeDay(const AppointmentData& record, const SYSTEMTIME& day, int days, ILocale& locale) {
-    const int number = DaysBetween(record.Start, day, locale) + 1;
+// One line says of an occurrence all there is to say when it begins on its row's day and its end follows from the
+// words.
+bool FitsOneDay(const AppointmentData& record, const SYSTEMTIME& day, int days, ILocale& locale) {
+    if (DaysBetween(record.Start, day, locale) != 0) {
+        return false;
+    }
+    const std::int64_t minutes = LengthInMinutes(record, locale);
+    return record.AllDay ? days <= 1 : minutes < kMinutesPerDay || minutes % kMinutesPerDay == 0;
+}
+
+// Opened by the month and day of its day, and the weekday.
+std::u16string DescribeDay(const AppointmentData& record, ILocale& locale) {
+    const SYSTEMTIME& day = record.Start;
     const std::u16string weekday = WeekdayText(day, locale);
-    const std::u16string start = ListTime(record.Start, locale);
+    const std::u16string start = ListTime(day, locale);
     if (record.AllDay) {
-        return FormatText(u"(%d/%d, %s) All day", number, days, weekday);
+        return FormatText(u"(%d/%d, %s) All day", day.Month, day.Day, weekday);
     }
     const std::int64_t minutes = LengthInMinutes(record, locale);
     const std::int64_t hours = minutes / kMinutesPerHour;
     if (minutes > 0 && minutes % kMinutesPerDay == 0) {
-        return FormatText(u"(%d/%d, %s) at %s for %d days", number, days, weekday, start, hours / kHoursPerDay);
+        return FormatText(u"(%d/%d, %s) at %s for %d days", day.Month, day.Day, weekday, start, hours / kHoursPerDay);
     }
     if (hours > 0 && hours < kHoursPerDay && minutes % kMinutesPerHour == 0) {
-        return FormatText(u"(%d/%d, %s) at %s for %d hour(s)", number, days, weekday, start, hours);
+        return FormatText(u"(%d/%d, %s) at %s for %d hour(s)", day.Month, day.Day, weekday, start, hours);
     }
-    return FormatText(u"(%d/%d, %s) %s - %s", number, days, weekday, start, ListTime(record.End, locale));
+    return FormatText(u"(%d/%d, %s) %s - %s", day.Month, day.Day, weekday, start, ListTime(record.End, locale));
 }
 
 } // namespace
@@ -97,19 +115,24 @@ ItemRowText DescribeTaggedRow(ItemKind kind, const AppointmentData& record, cons
     const std::u16string recurrence = DescribeRecurrence(record);
     const std::u16string days = DescribeRange(range ? *range : OwnDays(record, locale), locale);
     if (kind != ItemKind::Alarm) {
-        return {record.Subject, {}, {recurrence, days}};
+        return {record.Subject, {}, {recurrence, days}, {}};
     }
     return {FormatText(u"(%02d:%02d) %s", record.Start.Hour, record.Start.Minute, record.Subject),
             {},
-            {TimeText(record.Start, kPictureAlarmTime, locale), JoinTexts(recurrence, days)}};
+            {TimeText(record.Start, kPictureAlarmTime, locale), JoinTexts(recurrence, days)},
+            {}};
 }
 
 ItemRowText DescribeAppointmentRow(const AppointmentData& record, const SYSTEMTIME& day, ILocale& locale) {
     const SYSTEMTIME last = LastDayOf(record, locale);
     const int days = DaysBetween(record.Start, last, locale) + 1;
-    ItemRowText text{record.Subject, DateText(day, locale), {DescribeTimes(record, last, locale)}};
-    if (record.IsRecurring || days > 1) {
-        text.Lines.push_back(DescribeDay(record, day, days, locale));
+    ItemRowText text{record.Subject, DateText(day, locale), {DescribeTimes(record, last, locale)}, {}};
+    if (days > 1 && !record.AllDay) {
+        text.ShortLine = DescribeEnds(record, kPicturePlainDate, locale); // the end must be seen; its weekday need not
+    }
+    if (record.IsRecurring && FitsOneDay(record, day, days, locale)) {
+        text.Lines.push_back(DescribeDay(record, locale));
+        text.ShortLine.clear();
     }
     return text;
 }

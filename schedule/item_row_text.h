@@ -16,6 +16,7 @@ struct ItemRowText {
     std::u16string Heading;
     std::u16string Date;               // beside the heading; of appointments only
     std::vector<std::u16string> Lines; // below the heading
+    std::u16string ShortLine;          // for the last of them, where that does not fit; may be empty
 
     friend bool operator==(const ItemRowText&, const ItemRowText&) = default;
 };
@@ -26,7 +27,8 @@ ItemRowText DescribeTaggedRow(ItemKind kind, const AppointmentData& record, cons
                               ILocale& locale);
 
 // A row of the appointment list, for the day that it shows of the item. Its first line below the heading says when the
-// item takes place; a second one is there for repeating items and those of several days, and is shown instead.
+// item takes place, of several days with both ends. A second one is there for an occurrence whose end follows from its
+// day and length, and is shown instead.
 ItemRowText DescribeAppointmentRow(const AppointmentData& record, const SYSTEMTIME& day, ILocale& locale);
 
 } // namespace tavo

@@ -100,27 +100,55 @@ TEST_F(ItemRowTexts, AnAppointmentThatEndsAtMidnightIsOfOneDay) {
               Lines{u"PM 10:00 - AM 12:00"});
 }
 
-TEST_F(ItemRowTexts, OfSeveralDaysItSaysWhichDayOfHowManyWithThatDaysWeekday) {
-    EXPECT_EQ(Appointment(AllDay(At(2004, 11, 3), At(2004, 11, 6)), At(2004, 11, 4)).Lines,
-              (Lines{u"2004.11.03(Wed) - 2004.11.05(Fri) (All day)", u"(2/3, Thu) All day"}));
-    EXPECT_EQ(Appointment(Record(At(2004, 11, 3, 9), At(2004, 11, 5, 17)), At(2004, 11, 5)).Lines,
-              (Lines{u"2004.11.03(Wed),AM 9:00 - 2004.11.05(Fri),PM 5:00", u"(3/3, Fri) AM 9:00 - PM 5:00"}));
-    EXPECT_EQ(Appointment(Record(At(2004, 11, 3, 22), At(2004, 11, 4, 6)), At(2004, 11, 3)).Lines.back(),
-              u"(1/2, Wed) at PM 10:00 for 8 hour(s)");
-    EXPECT_EQ(Appointment(Record(At(2004, 11, 3, 9), At(2004, 11, 6, 9)), At(2004, 11, 3)).Lines.back(),
-              u"(1/4, Wed) at AM 9:00 for 3 days");
-    EXPECT_EQ(Appointment(Record(At(2004, 11, 3, 23, 30), At(2004, 11, 4, 0, 15)), At(2004, 11, 4)).Lines.back(),
-              u"(2/2, Thu) PM 11:30 - AM 12:15");
+TEST_F(ItemRowTexts, OfSeveralDaysItShowsBothEndsWhicheverOfThemItsRowStandsFor) {
+    for (const int day : {3, 4, 5}) {
+        EXPECT_EQ(Appointment(AllDay(At(2004, 11, 3), At(2004, 11, 6)), At(2004, 11, day)).Lines,
+                  Lines{u"2004.11.03(Wed) - 2004.11.05(Fri) (All day)"});
+        EXPECT_EQ(Appointment(Record(At(2004, 11, 3, 9), At(2004, 11, 5, 17)), At(2004, 11, day)).Lines,
+                  Lines{u"2004.11.03(Wed),AM 9:00 - 2004.11.05(Fri),PM 5:00"});
+        EXPECT_EQ(Appointment(Record(At(2004, 11, 3, 9), At(2004, 11, 6, 9)), At(2004, 11, day)).Lines,
+                  Lines{u"2004.11.03(Wed),AM 9:00 - 2004.11.06(Sat),AM 9:00"});
+    }
+    EXPECT_EQ(Appointment(Record(At(2004, 11, 3, 22), At(2004, 11, 4, 6)), At(2004, 11, 3)).Lines,
+              Lines{u"2004.11.03(Wed),PM 10:00 - 2004.11.04(Thu),AM 6:00"});
 }
 
-TEST_F(ItemRowTexts, ARepeatingAppointmentHasTheFurtherLineToo) {
+TEST_F(ItemRowTexts, ARepeatingAppointmentNamesItsOwnMonthAndDay) {
+    const auto shown = [this](const AppointmentData& record) {
+        return Appointment(Recurring(record), record.Start).Lines.back();
+    };
+    EXPECT_EQ(shown(Record(At(2026, 11, 25, 18), At(2026, 11, 25, 20))), u"(11/25, Wed) at PM 6:00 for 2 hour(s)");
+    EXPECT_EQ(shown(Record(At(2004, 11, 3, 18), At(2004, 11, 3, 19, 30))), u"(11/3, Wed) PM 6:00 - PM 7:30");
+    EXPECT_EQ(shown(Record(At(2004, 11, 3, 18), At(2004, 11, 3, 18))), u"(11/3, Wed) PM 6:00 - PM 6:00");
+    EXPECT_EQ(shown(AllDay(At(2004, 11, 3), At(2004, 11, 3))), u"(11/3, Wed) All day");
+    EXPECT_EQ(shown(AllDay(At(2004, 11, 3), At(2004, 11, 4))), u"(11/3, Wed) All day");
+}
+
+TEST_F(ItemRowTexts, ARepeatingOneOverMidnightSaysHowLongItIs) {
+    const auto shown = [this](const AppointmentData& record) {
+        return Appointment(Recurring(record), record.Start).Lines.back();
+    };
+    EXPECT_EQ(shown(Record(At(2004, 11, 3, 22), At(2004, 11, 4, 6))), u"(11/3, Wed) at PM 10:00 for 8 hour(s)");
+    EXPECT_EQ(shown(Record(At(2004, 11, 3, 23, 30), At(2004, 11, 4, 0, 15))), u"(11/3, Wed) PM 11:30 - AM 12:15");
+    EXPECT_EQ(shown(Record(At(2004, 11, 3, 9), At(2004, 11, 6, 9))), u"(11/3, Wed) at AM 9:00 for 3 days");
+}
+
+TEST_F(ItemRowTexts, ARepeatingOneWhoseEndItsDayDoesNotTellShowsBothEnds) {
+    const auto shown = [this](const AppointmentData& record, const SYSTEMTIME& day) {
+        return Appointment(Recurring(record), day).Lines.back();
+    };
+    EXPECT_EQ(shown(AllDay(At(2004, 11, 3), At(2004, 11, 6)), At(2004, 11, 3)),
+              u"2004.11.03(Wed) - 2004.11.05(Fri) (All day)");
+    EXPECT_EQ(shown(Record(At(2004, 11, 3, 9), At(2004, 11, 5, 17)), At(2004, 11, 3)),
+              u"2004.11.03(Wed),AM 9:00 - 2004.11.05(Fri),PM 5:00");
+    // Its row stands for a later day than the one on which it began.
+    EXPECT_EQ(shown(Record(At(2004, 11, 3, 22), At(2004, 11, 4, 6)), At(2004, 11, 4)),
+              u"2004.11.03(Wed),PM 10:00 - 2004.11.04(Thu),AM 6:00");
+}
+
+TEST_F(ItemRowTexts, ARepeatingAppointmentHasItsTimesInALineOfTheirOwn) {
     EXPECT_EQ(Appointment(Recurring(Record(At(2004, 11, 3, 18), At(2004, 11, 3, 19))), At(2004, 11, 3)).Lines,
-              (Lines{u"PM 6:00 - PM 7:00", u"(1/1, Wed) at PM 6:00 for 1 hour(s)"}));
-    EXPECT_EQ(
-        Appointment(Recurring(Record(At(2004, 11, 3, 18), At(2004, 11, 3, 19, 30))), At(2004, 11, 3)).Lines.back(),
-        u"(1/1, Wed) PM 6:00 - PM 7:30");
-    EXPECT_EQ(Appointment(Recurring(AllDay(At(2004, 11, 3), At(2004, 11, 3))), At(2004, 11, 3)).Lines.back(),
-              u"(1/1, Wed) All day");
+              (Lines{u"PM 6:00 - PM 7:00", u"(11/3, Wed) at PM 6:00 for 1 hour(s)"}));
 }
 
 } // namespace

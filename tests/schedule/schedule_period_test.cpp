@@ -122,17 +122,21 @@ TEST_F(SchedulePeriod, HoldsWhatLiesInItOrReachesIntoItInOrderOfStart) {
 TEST_F(SchedulePeriod, ASeriesHasARowForEachOccurrenceWithItsOwnDate) {
     Desk.GivenSeries(u"Yoga", At(2003, 12, 30, 18), At(2003, 12, 30, 19), kRecursWeekly);
     ShowJanuary();
-    EXPECT_THAT(Desk.Rows(), ElementsAre(u"Yoga, PM 6:00 - PM 7:00, (1/1, Tue) at PM 6:00 for 1 hour(s)",
-                                         u"Yoga, PM 6:00 - PM 7:00, (1/1, Tue) at PM 6:00 for 1 hour(s)",
-                                         u"Yoga, PM 6:00 - PM 7:00, (1/1, Tue) at PM 6:00 for 1 hour(s)",
-                                         u"Yoga, PM 6:00 - PM 7:00, (1/1, Tue) at PM 6:00 for 1 hour(s)"));
-    std::vector<std::u16string> dates;
-    for (const std::u16string& text : Desk.ListTexts()) {
-        if (text.starts_with(u"2004.")) {
-            dates.push_back(text);
-        }
-    }
-    EXPECT_THAT(dates, ElementsAre(u"2004.01.06(Tue)", u"2004.01.13(Tue)", u"2004.01.20(Tue)", u"2004.01.27(Tue)"));
+    EXPECT_THAT(Desk.ListTexts(), ElementsAre(u"Yoga", u"2004.01.06(Tue)", u"(1/6, Tue) at PM 6:00 for 1 hour(s)",  //
+                                              u"Yoga", u"2004.01.13(Tue)", u"(1/13, Tue) at PM 6:00 for 1 hour(s)", //
+                                              u"Yoga", u"2004.01.20(Tue)", u"(1/20, Tue) at PM 6:00 for 1 hour(s)", //
+                                              u"Yoga", u"2004.01.27(Tue)", u"(1/27, Tue) at PM 6:00 for 1 hour(s)"));
+}
+
+TEST_F(SchedulePeriod, ARowOfSeveralDaysIsDrawnWithBothEnds) {
+    Desk.GivenAllDay(u"Trip", At(2004, 1, 2), 3);
+    Given(u"Night shift", At(2003, 12, 31, 22), At(2004, 1, 1, 6)); // whose weekdays do not fit any more
+    Given(u"Weekend", At(2004, 1, 3, 9), At(2004, 1, 4, 6));
+    ShowJanuary();
+    EXPECT_THAT(Desk.ListTexts(),
+                ElementsAre(u"Night shift", u"2004.01.01(Thu)", u"2003.12.31,PM 10:00 - 2004.01.01,AM 6:00", u"Trip",
+                            u"2004.01.02(Fri)", u"2004.01.02(Fri) - 2004.01.04(Sun) (All day)", //
+                            u"Weekend", u"2004.01.03(Sat)", u"2004.01.03(Sat),AM 9:00 - 2004.01.04(Sun),AM 6:00"));
 }
 
 TEST_F(SchedulePeriod, AfterAResetItsWholeLastDayCounts) {
