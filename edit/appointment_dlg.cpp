@@ -28,13 +28,14 @@ SYSTEMTIME ReadTime(IRecurrencePattern& pattern, Status (IRecurrencePattern::*ge
 
 CAppointmentDlg::CAppointmentDlg(CMessagePump& pump, CProgramState& state)
     : CDialog(pump, kAppointmentTemplate, NavigationButtons::None), State(state), Edited(state.Store),
-      Preview(pump.Host().Sound()) {}
+      Preview(pump.Host().Sound()), Draft(pump.Host()) {}
 
 const MessageMap& CAppointmentDlg::Messages() {
     static constexpr MessageEntry entries[] = {
         On<&CAppointmentDlg::TakeStylusDown>(WM_LBUTTONDOWN),
         On<&CAppointmentDlg::TakeKey>(WM_KEYDOWN),
         On<&CAppointmentDlg::TakeCharacter>(WM_CHAR),
+        OnTimer<&CAppointmentDlg::LayAside>(kTimerDraft),
         OnControl<&CAppointmentDlg::RebuildRecurrenceList>(kEditRecurrence, CBN_DROPDOWN),
         OnControl<&CAppointmentDlg::TakeRecurrenceCloseUp>(kEditRecurrence, CBN_CLOSEUP),
         OnControl<&CAppointmentDlg::TakeSoundChange>(kEditSound, CBN_SELCHANGE),
@@ -66,6 +67,7 @@ void CAppointmentDlg::OnInitDialog() {
         Edited.PresetPattern(ReadTimes());
     }
     RebuildRecurrenceList();
+    BeginDraft();
     Host().Controls().SetTextSelection(Control(kEditSubject), 0, -1);
 }
 
@@ -74,11 +76,12 @@ void CAppointmentDlg::ResetForm() {
     SetItemText(kEditSubject, u"");
     Host().Controls().SetTextLimit(Control(kEditSubject), kSubjectLimit);
     const SYSTEMTIME now = RoundDownToHalfHour(Host().Clock().GetLocalTime());
-    SetStart(now);
-    SetEnd(now);
+    const SYSTEMTIME begin = JoinDateAndTime(FirstDay.value_or(now), now);
+    SetStart(begin);
+    SetEnd(begin);
     Host().Controls().SetCheck(Control(kEditAllDay), false);
     RebuildRecurrenceList();
-    FillSoundList();
+    FillSoundList(IsNew() ? std::u16string_view() : Item.ReminderSound);
     SetReminderControls();
 }
 
@@ -102,6 +105,7 @@ void CAppointmentDlg::LayOut() {
 
 void CAppointmentDlg::ShowStoredItem() {
     SetItemText(kEditSubject, Item.Subject);
+    ShownSubject = ReadSubject();
     if (Kind() == ItemKind::Appointment) {
         Host().Controls().SetCheck(Control(kEditAllDay), Item.AllDay);
     }

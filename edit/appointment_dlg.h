@@ -1,7 +1,9 @@
 // The dialog in which an alarm, holiday, anniversary or appointment is made or changed.
 #pragma once
 
+#include "edit/appointment_draft.h"
 #include "edit/appointment_form.h"
+#include "edit/draft_file.h"
 #include "edit/edit_mode.h"
 #include "edit/edited_appointment.h"
 #include "edit/ink_note_editor.h"
@@ -32,6 +34,9 @@ class CAppointmentDlg : public CDialog {
     bool OpenedFromCalendar = false;     // the owner is then not told
     IListOwner* Owner = nullptr;         // told of what was saved; may be absent
     IInkNoteEditor* InkEditor = nullptr; // absent: the memo row does nothing
+    // The day on which a new item begins at first; without one it is today.
+    std::optional<SYSTEMTIME> FirstDay;
+    const FoundDraft* Continued = nullptr; // what an earlier editor on this item left; may be absent
 
     static const MessageMap& Messages();
 
@@ -99,7 +104,10 @@ class CAppointmentDlg : public CDialog {
     // appointment_dlg_reminder.cpp: reminder and sound
     void SetReminderControls();
     void EnableReminderControls();
-    void FillSoundList();
+    // By what the form says, also while another dialog lies over it.
+    bool IsUsable(int control) const;
+    void FillSoundList(std::u16string_view selected);
+    void SelectReminder(bool reminds);
     bool HasReminder() const;
     bool HasSound() const;
     std::optional<std::int32_t> ReadLeadMinutes();
@@ -108,6 +116,13 @@ class CAppointmentDlg : public CDialog {
     void TogglePreview();
     void PlaySelected();
     void StopPreview();
+
+    // appointment_dlg_draft.cpp
+    void BeginDraft();
+    void LayAside();
+    FormValues ReadForm() const;
+    void ShowDraft(const AppointmentDraft& draft);
+    void ShowDraftRule(const FormValues& form);
 
     // appointment_dlg_memo.cpp
     void OpenMemo();
@@ -133,9 +148,14 @@ class CAppointmentDlg : public CDialog {
     CProgramState& State;
     EditedAppointment Edited;
     SoundPreview Preview;
-    std::uint32_t AlarmValue = 0; // the lead value, as it was last taken
-    int ShownField = 0;           // the control over its row; 0 while the form is all painted
-    int LastField = 0;            // the one shown last, from where Tab goes on
+    DraftFile Draft;
+    FormValues Opened;               // what the form said at first
+    std::optional<RuleEnd> RuleMade; // by the wizard, and how that rule ends
+    std::u16string ShownSubject;     // of an existing item, as its row holds it at first
+    bool SoundChosen = false;        // by the person
+    std::uint32_t AlarmValue = 0;    // the lead value, as it was last taken
+    int ShownField = 0;              // the control over its row; 0 while the form is all painted
+    int LastField = 0;               // the one shown last, from where Tab goes on
 };
 
 } // namespace tavo

@@ -59,6 +59,7 @@ bool CAppointmentDlg::KeepAsMemo(const SYSTEMTIME& day) {
 
 // Ink that waits for the item to be saved is not lost with it.
 void CAppointmentDlg::OnQuit() {
+    LayAside();
     if (Edited.HasNewInk()) {
         State.Memo.Empty();
         State.Memo.Fill(Edited.InkNote());

@@ -88,7 +88,7 @@ void CAppointmentDlg::PaintField(int row, const FormField& field) {
         PaintAllDay(bounds);
         return;
     }
-    const bool enabled = Host().Windows().IsWindowEnabled(Control(field.Control));
+    const bool enabled = IsUsable(field.Control);
     const FontHandle font = State.Fonts.FontArial10;
     TextStyle style{font, enabled ? kValueColor : kDisabledColor, kLineFormat};
     const std::u16string text = TextOfField(field.Control);

@@ -33,18 +33,33 @@ void CAppointmentDlg::SetReminderControls() {
         reminds = Item.HasReminder;
         lead = SplitLeadMinutes(Item.ReminderMinutes);
     }
-    Host().Controls().SetCurSel(Control(kEditReminder), reminds ? kYesEntry : kNoEntry);
+    SelectReminder(reminds);
     SetItemText(kEditReminderValue, FormatText(u"%d", lead.Value));
     Host().Controls().SetCurSel(Control(kEditReminderUnit), lead.Unit);
     EnableReminderControls();
 }
 
+void CAppointmentDlg::SelectReminder(bool reminds) {
+    Host().Controls().SetCurSel(Control(kEditReminder), reminds ? kYesEntry : kNoEntry);
+}
+
 void CAppointmentDlg::EnableReminderControls() {
-    const bool reminds = HasReminder();
-    EnableItem(kEditReminderValue, reminds);
-    EnableItem(kEditReminderUnit, reminds);
-    EnableItem(kEditSound, reminds);
-    EnableItem(kEditPreview, reminds && HasSound());
+    for (const int control : {kEditReminderValue, kEditReminderUnit, kEditSound, kEditPreview}) {
+        EnableItem(control, IsUsable(control));
+    }
+}
+
+bool CAppointmentDlg::IsUsable(int control) const {
+    switch (control) {
+    case kEditReminderValue:
+    case kEditReminderUnit:
+    case kEditSound:
+        return HasReminder();
+    case kEditPreview:
+        return HasReminder() && HasSound();
+    default:
+        return true;
+    }
 }
 
 bool CAppointmentDlg::HasReminder() const {
@@ -55,19 +70,17 @@ bool CAppointmentDlg::HasSound() const {
     return Choice(kEditSound) > kSoundOffEntry;
 }
 
-void CAppointmentDlg::FillSoundList() {
+// A sound that is not there selects none.
+void CAppointmentDlg::FillSoundList(std::u16string_view selected) {
     std::vector<std::u16string> names{std::u16string(kSoundOff)};
     const std::unique_ptr<IFileSearch> search = Host().Files().FindFirstFileW(kSoundPattern);
     for (bool found = search != nullptr; found; found = search->FindNextFileW()) {
         names.push_back(search->FileName());
     }
-    int selected = kSoundOffEntry;
-    if (!IsNew()) {
-        const auto stored = std::find(names.begin(), names.end(), Item.ReminderSound);
-        selected = stored == names.end() ? kSoundOffEntry : static_cast<int>(stored - names.begin());
-    }
+    const auto found = std::find(names.begin(), names.end(), selected);
     Host().Controls().SetListItems(Control(kEditSound), names);
-    Host().Controls().SetCurSel(Control(kEditSound), selected);
+    Host().Controls().SetCurSel(Control(kEditSound),
+                                found == names.end() ? kSoundOffEntry : static_cast<int>(found - names.begin()));
 }
 
 // Nothing after a message.
@@ -87,6 +100,7 @@ void CAppointmentDlg::TakeReminderChange() {
 }
 
 void CAppointmentDlg::TakeSoundChange() {
+    SoundChosen = true;
     EnableItem(kEditPreview, HasSound());
     Invalidate();
 }

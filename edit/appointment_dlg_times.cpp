@@ -124,7 +124,12 @@ bool CAppointmentDlg::RunWizard() {
     CRangePage rangePage(Pump(), State, *pattern);
     wizard.AddPage(kNamelessPage, patternPage, kDialogPattern);
     wizard.AddPage(kNamelessPage, rangePage, kDialogRange);
-    return wizard.DoModal() == IDOK;
+    RuleMade.reset();
+    const bool done = wizard.DoModal() == IDOK;
+    if (done) {
+        RuleMade = rangePage.End();
+    }
+    return done;
 }
 
 } // namespace tavo

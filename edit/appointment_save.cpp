@@ -1,5 +1,6 @@
 // OK: the checks in their order, the store's item, and the record for the opener.
 #include "edit/appointment_dlg.h"
+#include "framework/format.h"
 #include "framework/message_pump.h"
 #include "res/resource_ids.h"
 #include "res/strings.h"
@@ -16,6 +17,9 @@ constexpr std::u16string_view kSubjectEmpty = u"Subject is empty...";
 constexpr std::u16string_view kTooLong = u"Cannot save. Appointments cannot be longer than 31 days.";
 constexpr std::u16string_view kRefused = u"Cannot save. Please check the Start/End date and Recurrence pattern.";
 
+// Said beside it: the lists of intervals may be left empty.
+constexpr std::u16string_view kNoInterval = u"The recurrence pattern has no interval.";
+
 constexpr bool IsHighSurrogate(char16_t character) {
     return character >= 0xD800 && character < 0xDC00;
 }
@@ -31,12 +35,14 @@ void CAppointmentDlg::OnOK() {
         return;
     }
     if (SaveAppointment()) {
+        Draft.Remove();
         EndDialog(IDOK);
     }
 }
 
 void CAppointmentDlg::OnCancel() {
     Edited.Release();
+    Draft.Remove();
     EndDialog(IDCANCEL);
 }
 
@@ -55,6 +61,8 @@ AppointmentInput CAppointmentDlg::ReadInput() const {
     input.Subject = ReadSubject();
     if (input.Subject.empty()) {
         input.Subject = kNoSubject;
+    } else if (!IsNew() && input.Subject == ShownSubject) {
+        input.Subject = Item.Subject; // its row may not hold all of it
     }
     input.Times = ReadTimes();
     input.AllDay = IsDayKind(kind) || (kind == ItemKind::Appointment && IsAllDayChecked());
@@ -62,7 +70,9 @@ AppointmentInput CAppointmentDlg::ReadInput() const {
     if (HasSound()) {
         input.ReminderSound = ItemText(kEditSound);
     }
+    input.SoundChosen = IsNew() || SoundChosen;
     input.RecurChoice = std::max(Choice(kEditRecurrence), kChoiceOnce);
+    input.StoredChoice = IsNew() ? kChoiceOnce : Item.RecurChoice;
     return input;
 }
 
@@ -83,7 +93,8 @@ bool CAppointmentDlg::SaveAppointment() {
     Edited.PutProperties(input);
     Edited.PutRecurrence(input);
     if (!Edited.Save()) {
-        ShowRefusal(kRefused);
+        ShowRefusal(Edited.LacksInterval(input) ? FormatText(u"%s\n\n%s", kRefused, kNoInterval)
+                                                : std::u16string(kRefused));
         return false;
     }
     AppointmentData record = Edited.MakeRecord(input);

@@ -46,6 +46,7 @@ void EditedAppointment::Open(Oid oid) {
     Release();
     if (Store.OutlookApp && Succeeded(Store.OutlookApp->GetItemFromOid(oid, Item))) {
         TakePattern();
+        TakeStoredRule();
     }
 }
 
@@ -59,11 +60,13 @@ void EditedAppointment::Reopen(Oid oid) {
     }
     Item = std::move(fresh);
     TakePattern();
+    TakeStoredRule();
 }
 
 void EditedAppointment::Release() {
     OwnPattern.Reset();
     Item.Reset();
+    StoredRule.reset();
     InkChanged = false;
 }
 
@@ -89,6 +92,7 @@ void EditedAppointment::PutProperties(const AppointmentInput& input) {
     Note(Item->put_Sensitivity(kSensitivityNormal));
     Note(Item->put_BusyStatus(kBusyBusy));
     PutReminder(input);
+    PutBackHidden(input);
 }
 
 void EditedAppointment::PutTimes(const ItemTimes& times, bool allDay) {
@@ -98,6 +102,7 @@ void EditedAppointment::PutTimes(const ItemTimes& times, bool allDay) {
     Note(Item->put_Start(times.StartDate));
     Note(Item->put_End(times.EndDate));
     Note(Item->put_Duration(times.DurationMinutes()));
+    Note(Item->put_End(times.EndDate)); // whole minutes would cut off its seconds
     Note(Item->put_AllDayEvent(allDay));
 }
 
@@ -135,6 +140,33 @@ void EditedAppointment::PutRule(std::int32_t type, std::int32_t mask, const Item
     Note(pattern.put_MonthOfYear(times.Start.Month));
 }
 
+std::optional<DraftRule> EditedAppointment::ReadDraftRule(RuleEnd end) const {
+    const std::optional<PatternRule> rule = OwnPattern ? ReadRule(*OwnPattern) : std::nullopt;
+    DATE lastDay = kNoDate;
+    DraftRule draft;
+    if (!rule || Failed(OwnPattern->get_PatternEndDate(lastDay)) ||
+        Failed(OwnPattern->get_Occurrences(draft.Occurrences))) {
+        return std::nullopt;
+    }
+    draft.Rule = *rule;
+    draft.End = end;
+    draft.LastDay = static_cast<std::int32_t>(lastDay);
+    return draft;
+}
+
+void EditedAppointment::PutDraftRule(const DraftRule& rule) {
+    if (!OwnPattern) {
+        return;
+    }
+    Note(tavo::PutRule(*OwnPattern, rule.Rule));
+    Note(OwnPattern->put_NoEndDate(rule.End == RuleEnd::Never));
+    if (rule.End == RuleEnd::OnDate) {
+        Note(OwnPattern->put_PatternEndDate(rule.LastDay));
+    } else if (rule.End == RuleEnd::AfterCount) {
+        Note(OwnPattern->put_Occurrences(rule.Occurrences));
+    }
+}
+
 void EditedAppointment::PutRecurrence(const AppointmentInput& input) {
     if (!Item) {
         return;
@@ -143,6 +175,9 @@ void EditedAppointment::PutRecurrence(const AppointmentInput& input) {
         Note(Item->ClearRecurrencePattern());
     } else if (input.RecurChoice != kChoiceCustom && OwnPattern) {
         PutRule(TypeOfChoice(input.RecurChoice), DayMaskOfChoice(input.RecurChoice, input.Times), input.Times);
+        if (input.RecurChoice == input.StoredChoice) {
+            PutBackRule(input.Times);
+        }
     }
 }
 
@@ -152,6 +187,12 @@ bool EditedAppointment::Save() {
         TakePattern(); // a cleared one is no longer the item's
     }
     return saved;
+}
+
+bool EditedAppointment::LacksInterval(const AppointmentInput& input) const {
+    std::int32_t interval = 1;
+    return input.RecurChoice == kChoiceCustom && OwnPattern && Succeeded(OwnPattern->get_Interval(interval)) &&
+           interval < 1;
 }
 
 AppointmentData EditedAppointment::MakeRecord(const AppointmentInput& input) const {

@@ -1,10 +1,13 @@
 // The store's item behind the edit dialog: everything that is put on it before it is saved.
 #pragma once
 
+#include "edit/appointment_draft.h"
 #include "edit/item_times.h"
+#include "edit/pattern_rule.h"
 #include "store/outlook_session.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +22,8 @@ struct AppointmentInput {
     std::u16string ReminderSound; // file name; empty for no sound
     std::int32_t ReminderMinutes = 0;
     std::int32_t RecurChoice = 0;
+    std::int32_t StoredChoice = 0; // the one that stands for the rule as it is stored
+    bool SoundChosen = true;       // false: nobody touched the sound of an existing item
 };
 
 // Holds the item and its recurrence pattern. Nothing reaches the store before Save.
@@ -43,17 +48,24 @@ class EditedAppointment {
     // Null when there is no item.
     IRecurrencePattern* Pattern() const { return OwnPattern.Get(); }
 
-    // Everything but the recurrence.
+    // Everything but the recurrence. What an existing item has and the form cannot show is put back after it, as the
+    // store has it now.
     void PutProperties(const AppointmentInput& input);
     // Start, end and all-day flag alone.
     void PutTimes(const ItemTimes& times, bool allDay);
     // What the wizard opens with: weekly on the start's weekday, no end.
     void PresetPattern(const ItemTimes& times);
-    // By the recurrence choice: none, one of the fixed rules, or the pattern as it is.
+    // The pattern's rule, which ends like that; nothing when it cannot be read.
+    std::optional<DraftRule> ReadDraftRule(RuleEnd end) const;
+    void PutDraftRule(const DraftRule& rule);
+    // By the recurrence choice: none, one of the fixed rules, or the pattern as it is. The stored choice with the
+    // stored first day leaves the rule as it is stored, also where the choice does not say all of it.
     void PutRecurrence(const AppointmentInput& input);
 
     // False when something could not be put or the store refuses the item; it can be changed and saved again.
     bool Save();
+    // Why an item with this choice may have been refused: the wizard left its rule without an interval.
+    bool LacksInterval(const AppointmentInput& input) const;
     // What was saved, as a record.
     AppointmentData MakeRecord(const AppointmentInput& input) const;
 
@@ -70,9 +82,19 @@ class EditedAppointment {
     void PutReminder(const AppointmentInput& input);
     void Note(Status status);
 
+    // edited_appointment_hidden.cpp
+    void TakeStoredRule();
+    void PutBackHidden(const AppointmentInput& input);
+    void PutBackReminder(IAppointment& stored, const AppointmentInput& input);
+    void PutBackRule(const ItemTimes& times);
+    template <class Value, class Given>
+    void Copy(IAppointment& stored, Status (IAppointment::*get)(Value&), Status (IAppointment::*put)(Given));
+
     OutlookSession& Store;
     ComPtr<IAppointment> Item;
     ComPtr<IRecurrencePattern> OwnPattern;
+    std::optional<PatternRule> StoredRule; // of an existing item
+    DATE StoredFirstDay = kNoDate;
     bool AllPut = true; // since the last save
     bool InkChanged = false;
 };

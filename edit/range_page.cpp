@@ -101,6 +101,7 @@ bool CRangePage::WriteToPattern(Validation) {
     switch (EndMode) {
     case kDoesNotEnd:
         put(Pattern.put_NoEndDate(true));
+        WrittenEnd = RuleEnd::Never;
         break;
     case kEndsOn: {
         DATE end = kLowestDate; // refused too, should the picker hold no date
@@ -108,11 +109,13 @@ bool CRangePage::WriteToPattern(Validation) {
             Host().Locale().SystemTimeToVariantTime(Host().Controls().GetSystemtime(Item(kRangeEndDate)), end));
         put(Pattern.put_NoEndDate(false));
         put(Pattern.put_PatternEndDate(end));
+        WrittenEnd = RuleEnd::OnDate;
         break;
     }
     case kEndsAfter:
         put(Pattern.put_NoEndDate(false));
         put(Pattern.put_Occurrences(LeadingNumber(CountText)));
+        WrittenEnd = RuleEnd::AfterCount;
         break;
     default:
         break;

@@ -1,6 +1,7 @@
 // The recurrence wizard's second page: when an appointment stops recurring.
 #pragma once
 
+#include "edit/appointment_draft.h"
 #include "edit/wizard_page.h"
 #include "platform/outlook.h"
 #include "store/program_state.h"
@@ -17,6 +18,9 @@ class CRangePage : public CWizardPage {
 
     bool UpdateData() override;
     bool WriteToPattern(Validation validation) override;
+
+    // Of the rule as it was written last.
+    RuleEnd End() const { return WrittenEnd; }
 
   protected:
     void OnInitDialog() override;
@@ -36,6 +40,7 @@ class CRangePage : public CWizardPage {
     std::int32_t Occurrences = 0;
     std::int32_t EndMode = -1; // 0 does not end, 1 ends on a date, 2 ends after a count
     std::u16string CountText;
+    RuleEnd WrittenEnd = RuleEnd::Never;
 };
 
 } // namespace tavo

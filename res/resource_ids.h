@@ -17,6 +17,7 @@ constexpr int kTimerChangeNotice = 1004;  // main view: several notices cause on
 constexpr int kTimerReminderSound = 1006; // main view
 constexpr int kTimerWork = 1007;          // main view: the next slice of long work
 constexpr int kTimerNewDay = 1008;        // Calendar page: another day may have begun
+constexpr int kTimerDraft = 1009;         // edit dialog: what was typed is laid aside
 
 // Dialog templates.
 constexpr int kDialogAbout = 100;

@@ -51,6 +51,7 @@ int EditDesk::Run(std::int32_t mode, const AppointmentData& item) {
     dialog.Mode = mode;
     dialog.Item = item;
     dialog.OpenedFromCalendar = OpenedFromCalendar;
+    dialog.Continued = Continued;
     dialog.Owner = this;
     dialog.InkEditor = EditInk ? this : nullptr;
     const int result = dialog.DoModal();

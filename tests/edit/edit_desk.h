@@ -121,6 +121,7 @@ class EditDesk : public OwnDevice, public StoreWords, public IListOwner, public 
     std::vector<OwnerCall> Calls;
     std::function<int()> EditInk; // none: there is no ink editor
     bool OpenedFromCalendar = false;
+    const FoundDraft* Continued = nullptr; // for the next dialog
 
   private:
     bool IsAppointment() const;

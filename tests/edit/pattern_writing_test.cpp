@@ -209,8 +209,8 @@ TEST(PatternInTheEditor, ARuleThatTheStoreRefusesIsReportedAtOkAndCanBeMended) {
     desk.Ok();
     EXPECT_EQ(desk.RunNew(kModeNewAppointment), IDOK);
     ASSERT_EQ(desk.Messages().size(), 1U);
-    EXPECT_NE(desk.Messages()[0].find(u"Cannot save. Please check the Start/End date and Recurrence pattern.!"),
-              std::u16string::npos);
+    EXPECT_EQ(desk.Messages()[0], u"Tavo Calendar|Cannot save. Please check the Start/End date and Recurrence pattern."
+                                  u"\n\nThe recurrence pattern has no interval.!");
     const SavedPattern saved = desk.ReadPattern(desk.LastSaved());
     EXPECT_EQ(saved.Type, kRecursWeekly);
     EXPECT_EQ(saved.Interval, 2);

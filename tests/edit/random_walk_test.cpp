@@ -1,5 +1,6 @@
 // Ten thousand taps, keys and choices in no order at all: what was saved is what the form said.
 #include "tests/edit/edit_desk.h"
+#include "tests/edit/wizard_said.h"
 
 #include <gtest/gtest.h>
 
@@ -39,7 +40,7 @@ struct ModelItem {
     std::int32_t Lead = 0;
     std::u16string Sound;
     int Recurrence = 0;
-    SavedPattern CustomRule; // as it was first saved
+    SaidRule CustomRule; // as the wizard said it when it was done
 };
 
 constexpr std::int32_t kTypeOfChoice[] = {-1, 0, 1, 1, 2, 3, 5, 6};
@@ -55,11 +56,13 @@ class RandomWalk : public testing::Test {
     bool IsInWizard() { return Desk.Device.See.Caption() == u"Recurrence"; }
 
     void Look();
+    void LookAtWizard();
     void LookAtBox();
     void DoSomething();
     void UseShownControl();
     void UseWizard();
     void PressSomeKey();
+    void Press(int key, int modifiers = 0);
     void Walk();
 
     void RunOnce();
@@ -75,17 +78,40 @@ class RandomWalk : public testing::Test {
     std::mt19937 Generator{kSeed};
     ItemKind Kind = ItemKind::Appointment;
     FormSaid Said;
-    bool WizardOpened = false;
+    SaidRule WizardSays;              // while it is open
+    std::optional<SaidRule> RuleMade; // by a wizard that was done, in this editor
+    bool WizardWasOpen = false;
+    bool WizardCancelled = false; // by the last thing that was done in it
     std::map<Oid, ModelItem> Model;
     int Steps = 0;
     int Saved = 0;
     int Refused = 0;
     int BoxesSeen = 0;
+    int NoDayBoxes = 0;
+    int CustomRules = 0;
 };
 
+void RandomWalk::LookAtWizard() {
+    const bool isOpen = IsInWizard();
+    if (isOpen && !WizardWasOpen) {
+        WizardSays = {};
+        RuleMade.reset();
+    } else if (!isOpen && WizardWasOpen && !WizardCancelled) {
+        RuleMade = WizardSays;
+    }
+    if (isOpen) {
+        ReadWizard(Desk, WizardSays);
+    }
+    WizardWasOpen = isOpen;
+    WizardCancelled = false;
+}
+
 void RandomWalk::Look() {
-    WizardOpened = WizardOpened || IsInWizard();
-    if (!Shell().Menus.Boxes.empty() || IsInWizard()) {
+    if (!Shell().Menus.Boxes.empty()) {
+        return;
+    }
+    LookAtWizard();
+    if (IsInWizard()) {
         return;
     }
     headless::DeviceSight& see = Desk.Device.See;
@@ -120,23 +146,36 @@ void RandomWalk::LookAtBox() {
         EXPECT_GE(span, 30.9999);
     } else if (text == u"Tavo Calendar|Enter an integer between 0 and 9999.!") {
         EXPECT_TRUE(Said.Reminds && isLeadWrong);
-    } else if (text == u"Tavo Calendar|At least one day must be selected.") {
-        EXPECT_TRUE(IsInWizard());
+    } else if (text == u"|At least one day must be selected.") {
+        ++NoDayBoxes;
+        EXPECT_TRUE(WizardWasOpen);
+        EXPECT_EQ(WizardSays.Type, kRecursWeekly);
+        EXPECT_EQ(WizardSays.Mask & (WizardSays.Mask - 1), 0); // the last one was tapped off
     } else {
-        EXPECT_EQ(text, u"Tavo Calendar|Cannot save. Please check the Start/End date and Recurrence pattern.!");
+        const bool lacksInterval = RuleMade && RuleMade->Interval < 1;
+        EXPECT_EQ(text, lacksInterval ? u"Tavo Calendar|Cannot save. Please check the Start/End date and Recurrence "
+                                        u"pattern.\n\nThe recurrence pattern has no interval.!"
+                                      : u"Tavo Calendar|Cannot save. Please check the Start/End date and Recurrence "
+                                        u"pattern.!");
         EXPECT_EQ(Said.Recurrence, kChoiceCustom); // nothing else in the form can be refused by the store
     }
+}
+
+void RandomWalk::Press(int key, int modifiers) {
+    const bool isOnCancel = Desk.Device.Host().Windows().GetFocus() == Desk.Shown(IDCANCEL);
+    WizardCancelled = key == VK_ESCAPE || (isOnCancel && (key == VK_RETURN || key == VK_SPACE));
+    Desk.Device.Key(key, modifiers);
 }
 
 void RandomWalk::PressSomeKey() {
     constexpr int keys[] = {VK_TAB, VK_TAB, VK_DOWN, VK_UP, VK_SPACE, VK_BACK, VK_LEFT, VK_HOME};
     const int key = keys[Random(std::size(keys))];
     if (Chance(3)) {
-        Desk.Device.Key(Chance(85) ? VK_RETURN : VK_ESCAPE);
+        Press(Chance(85) ? VK_RETURN : VK_ESCAPE);
     } else if (Chance(30)) {
         Desk.Device.Type(std::u16string(1, Chance(50) ? static_cast<char16_t>(u'0' + Random(10)) : u'a'));
     } else {
-        Desk.Device.Key(key, key == VK_DOWN && Chance(50) ? kModifierAlt : Chance(20) ? kModifierShift : 0);
+        Press(key, key == VK_DOWN && Chance(50) ? kModifierAlt : Chance(20) ? kModifierShift : 0);
     }
 }
 
@@ -169,12 +208,19 @@ void RandomWalk::UseShownControl() {
 }
 
 void RandomWalk::UseWizard() {
-    if (Chance(40)) {
+    constexpr int toggles[] = {kPatternSunday,   kPatternMonday, kPatternTuesday, kPatternWednesday,
+                               kPatternThursday, kPatternFriday, kPatternSaturday};
+    const int toggle = toggles[Random(std::size(toggles))];
+    if (Desk.Shown(kPatternWeekInterval) != WindowHandle::None && Chance(25)) {
+        Desk.TapShown(toggle);
+    } else if (Chance(40)) {
         Desk.Device.Tap(Random(240), Random(150));
     } else if (Chance(50)) {
-        Desk.TapShown(Chance(80) ? kWizardNext : IDCANCEL);
+        const bool goesOn = Chance(80);
+        WizardCancelled = !goesOn;
+        Desk.TapShown(goesOn ? kWizardNext : IDCANCEL);
     } else if (Chance(10)) {
-        Desk.Device.Key(VK_RETURN);
+        Press(VK_RETURN);
     } else if (const WindowHandle interval = Desk.Shown(kPatternWeekInterval); interval != WindowHandle::None) {
         Desk.TypeIntoShown(kPatternWeekInterval, std::u16string(1, static_cast<char16_t>(u'0' + Random(10))));
     } else {
@@ -257,11 +303,7 @@ void RandomWalk::Compare(Oid oid, const ModelItem& model) {
         EXPECT_EQ(saved.ReminderOptions, model.Sound.empty() ? 21 : 29);
     }
     if (model.Recurrence == kChoiceCustom) {
-        const SavedPattern pattern = Desk.ReadPattern(oid);
-        EXPECT_EQ(pattern.Type, model.CustomRule.Type);
-        EXPECT_EQ(pattern.Interval, model.CustomRule.Interval);
-        EXPECT_EQ(pattern.Mask, model.CustomRule.Mask);
-        EXPECT_EQ(pattern.NoEnd, model.CustomRule.NoEnd);
+        ExpectRule(Desk, Desk.ReadPattern(oid), model.CustomRule);
         return; // its days are the pattern's
     }
     EXPECT_NEAR(saved.Start, model.Start, halfSecond);
@@ -287,7 +329,9 @@ void RandomWalk::RunOnce() {
     } else {
         Kind = static_cast<ItemKind>(Random(4));
     }
-    WizardOpened = false;
+    RuleMade.reset();
+    WizardWasOpen = false;
+    WizardCancelled = false;
     const std::int32_t mode = ModeOfNew(Kind) + (oid == 0 ? 0 : 1);
     Walk();
     const int result = oid == 0 ? Desk.RunNew(mode) : Desk.RunExisting(mode, oid);
@@ -296,8 +340,11 @@ void RandomWalk::RunOnce() {
         ASSERT_EQ(Desk.LastSaved() == oid, oid != 0);
         oid = Desk.LastSaved();
         ModelItem item = Expected();
-        // A rule of the wizard's is taken as it was saved first; from then on it must stay.
-        item.CustomRule = WizardOpened || Model.count(oid) == 0 ? Desk.ReadPattern(oid) : Model.at(oid).CustomRule;
+        if (item.Recurrence == kChoiceCustom) {
+            ++CustomRules;
+            ASSERT_TRUE(RuleMade || Model.count(oid) != 0) << "a rule that no wizard made";
+            item.CustomRule = RuleMade ? *RuleMade : Model.at(oid).CustomRule;
+        }
         Model[oid] = item;
     } else {
         ASSERT_EQ(result, IDCANCEL);
@@ -317,6 +364,8 @@ TEST_F(RandomWalk, TheStoreHoldsWhatTheFormSaid) {
     }
     EXPECT_GT(Saved, 50); // it went somewhere
     EXPECT_GT(Refused, 20);
+    EXPECT_GT(CustomRules, 0);
+    EXPECT_GT(NoDayBoxes, 0);
     RecordProperty("saved", Saved);
 }
 

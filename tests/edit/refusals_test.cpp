@@ -203,6 +203,23 @@ TEST_F(Refusals, ARuleThatTheStoreRefusesCanBeGivenUp) {
     EXPECT_EQ(Desk.ReadPattern(Desk.LastSaved()).Type, kRecursMonthly);
 }
 
+TEST_F(Refusals, ARuleWhoseIntervalWasLeftEmptySaysSo) {
+    const std::u16string withReason = u"Tavo Calendar|Cannot save. Please check the Start/End date and Recurrence "
+                                      u"pattern.\n\nThe recurrence pattern has no interval.!";
+    for (const int tab : {30, 90}) { // days, weeks
+        Desk.Subject(u"Thing");
+        Desk.ChooseRecurrence(kChoiceCustom);
+        Desk.Device.Tap(tab, 12);
+        Desk.TapShown(kWizardNext);
+        Desk.TapShown(kWizardNext);
+        RefuseOk(withReason);
+        RefuseOk(withReason);
+        Desk.Cancel();
+        EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDCANCEL);
+    }
+    ExpectMessages({withReason, withReason, withReason, withReason});
+}
+
 TEST_F(Refusals, AnItemThatAnotherProgramDeletedMeanwhileIsNotSaved) {
     const Oid oid = Desk.GivenAppointment(u"Talk", At(2026, 11, 23, 9, 0), At(2026, 11, 23, 10, 0));
     const Oid other = Desk.GivenAppointment(u"Other", At(2026, 11, 24, 9, 0), At(2026, 11, 24, 10, 0));
@@ -265,11 +282,12 @@ TEST_F(Refusals, TheSubjectTakesTwoHundredFiftyNineUnits) {
     EXPECT_EQ(Desk.Read(Desk.LastSaved()).Subject, longest);
 }
 
-TEST_F(Refusals, ALongerStoredSubjectIsCutAtTheLimit) {
+TEST_F(Refusals, ALongerStoredSubjectThatIsChangedIsCutAtTheLimit) {
     const Oid oid = Desk.GivenAppointment(std::u16string(300, u'x'), At(2026, 11, 23, 9, 0), At(2026, 11, 23, 10, 0));
+    Desk.Subject(std::u16string(300, u'y'));
     Desk.Ok();
     EXPECT_EQ(Desk.RunExisting(kModeAppointment, oid), IDOK);
-    EXPECT_EQ(Desk.Read(oid).Subject, std::u16string(259, u'x'));
+    EXPECT_EQ(Desk.Read(oid).Subject, std::u16string(259, u'y'));
 }
 
 TEST_F(Refusals, ACharacterOfTwoUnitsIsNotCutInHalf) {

@@ -159,6 +159,49 @@ TEST_F(SavingRecurrence, ASeriesWhosePatternCouldNotBeReadIsNotEndedByOk) {
     EXPECT_EQ(Desk.ReadPattern(oid).DayOfMonth, 18);
 }
 
+TEST_F(SavingRecurrence, AStoredRuleWithAnEndThatBecomesAQuickChoiceHasNone) {
+    for (const int choice : {kChoiceEveryday, kChoiceWeekly, kChoiceMonthly, kChoiceYearly}) {
+        const Oid oid = Desk.GivenSeries(u"Class", At(2026, 11, 18, 9, 0), At(2026, 11, 18, 10, 0), kRecursWeekly,
+                                         [](IRecurrencePattern& pattern) {
+                                             EXPECT_EQ(pattern.put_NoEndDate(false), Status::Ok);
+                                             EXPECT_EQ(pattern.put_Occurrences(7), Status::Ok);
+                                         });
+        ASSERT_FALSE(Desk.ReadPattern(oid).NoEnd);
+        Desk.ChooseRecurrence(choice);
+        Desk.Ok();
+        EXPECT_EQ(Desk.RunExisting(kModeAppointment, oid), IDOK);
+        EXPECT_TRUE(Desk.ReadPattern(oid).NoEnd) << choice;
+        EXPECT_EQ(Desk.Load(oid).RecurChoice, choice);
+    }
+}
+
+TEST_F(SavingRecurrence, TheWizardOnAnExistingSeriesBeginsAnewAndEnterIsDoneOnBothPages) {
+    for (const bool onTheSecondPage : {false, true}) {
+        const Oid oid =
+            Desk.GivenSeries(u"Class", At(2026, 11, 18, 9, 0), At(2026, 11, 18, 10, 0), kRecursMonthly,
+                             [](IRecurrencePattern& pattern) { EXPECT_EQ(pattern.put_Interval(2), Status::Ok); });
+        Desk.ChooseRecurrence(kChoiceCustom);
+        Desk.Check([this] { // weekly on the start's weekday, whatever was stored
+            EXPECT_NE(Desk.Shown(kPatternWeekInterval), WindowHandle::None);
+        });
+        Desk.TypeIntoShown(kPatternWeekInterval, u"3");
+        if (onTheSecondPage) {
+            Desk.TapShown(kWizardNext);
+            Desk.TapShown(kRangeEndsAfter);
+        }
+        Desk.Device.Key(VK_RETURN);
+        Desk.Check([this] { EXPECT_EQ(Desk.Device.See.Caption(), u"Tavo Calendar"); });
+        Desk.Ok();
+        EXPECT_EQ(Desk.RunExisting(kModeAppointment, oid), IDOK);
+        const SavedPattern saved = Desk.ReadPattern(oid);
+        EXPECT_EQ(saved.Type, kRecursWeekly);
+        EXPECT_EQ(saved.Interval, 3);
+        EXPECT_EQ(saved.Mask, 8); // Wednesday
+        EXPECT_EQ(saved.NoEnd, !onTheSecondPage);
+        EXPECT_EQ(saved.Start, Desk.ToDate(At(2026, 11, 18)));
+    }
+}
+
 TEST_F(SavingRecurrence, AnotherStartMovesAStoredRuleOfTheList) {
     const Oid oid = Desk.GivenSeries(u"Class", At(2026, 11, 18, 9, 0), At(2026, 11, 18, 10, 0), kRecursWeekly);
     Desk.PickStartDate(2026, 11, 20);

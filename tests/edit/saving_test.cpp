@@ -146,7 +146,7 @@ TEST_F(Saving, NoTakesTheReminderAway) {
     EXPECT_FALSE(SaveExisting(kModeHoliday, oid).ReminderSet);
 }
 
-TEST_F(Saving, AnExistingItemLosesLocationCategoriesAndPrivacy) {
+TEST_F(Saving, AnExistingItemKeepsLocationCategoriesAndPrivacy) {
     const Oid oid =
         Desk.GivenAppointment(u"Talk", At(2026, 11, 23, 9, 0), At(2026, 11, 23, 10, 0), [](IAppointment& item) {
             EXPECT_EQ(item.put_Location(u"Room 4"), Status::Ok);
@@ -156,10 +156,10 @@ TEST_F(Saving, AnExistingItemLosesLocationCategoriesAndPrivacy) {
         });
     const SavedItem saved = SaveExisting(kModeAppointment, oid);
     EXPECT_EQ(saved.Subject, u"Talk");
-    EXPECT_EQ(saved.Location, u"");
-    EXPECT_EQ(saved.Categories, u"");
-    EXPECT_EQ(saved.Sensitivity, kSensitivityNormal);
-    EXPECT_EQ(saved.Busy, kBusyBusy);
+    EXPECT_EQ(saved.Location, u"Room 4");
+    EXPECT_EQ(saved.Categories, u"Work");
+    EXPECT_EQ(saved.Sensitivity, kSensitivityPrivate);
+    EXPECT_EQ(saved.Busy, kBusyFree);
 }
 
 TEST_F(Saving, CancelWritesNothing) {
