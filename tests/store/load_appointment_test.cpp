@@ -287,6 +287,48 @@ TEST_F(LoadAppointment, AnIntervalAboveOneMakesACustomChoice) {
               8);
 }
 
+TEST_F(LoadAppointment, OfEveryTypeAnIntervalAboveOneMakesACustomChoiceWithItsOwnMask) {
+    for (const std::int32_t type :
+         {kRecursDaily, kRecursWeekly, kRecursMonthly, kRecursMonthNth, kRecursYearly, kRecursYearNth}) {
+        for (const std::int32_t interval : {2, 5, 999}) {
+            const AppointmentData record = LoadSeries(type, [interval](IRecurrencePattern& pattern) {
+                Put(pattern.put_Interval(interval));
+                Put(pattern.put_DayOfWeekMask(kMonday));
+            });
+            EXPECT_EQ(record.RecurChoice, 8) << type;
+            EXPECT_EQ(record.RecurType, type);
+            EXPECT_EQ(record.Interval, interval) << type;
+            EXPECT_EQ(record.DayOfWeekMask, kMonday) << type;
+        }
+    }
+}
+
+TEST_F(LoadAppointment, OfEveryTypeAnOddMaskIsTakenAsItsChoiceSays) {
+    struct Odd {
+        std::int32_t Type;
+        std::int32_t Mask;
+        std::int32_t Choice;
+        std::int32_t Shown;
+    };
+
+    constexpr std::int32_t twoDays = kMonday | kThursday;
+    constexpr std::int32_t allDays = 127;
+    // A type that has no use for a mask shows the day of its start; of the others any but that day or Monday to Friday
+    // is a rule of its own.
+    const Odd odd[] = {{kRecursDaily, twoDays, 1, kMonday},    {kRecursDaily, allDays, 1, kMonday},
+                       {kRecursMonthly, twoDays, 4, kMonday},  {kRecursMonthly, 62, 4, kMonday},
+                       {kRecursYearly, kThursday, 6, kMonday}, {kRecursYearly, 62, 6, kMonday},
+                       {kRecursWeekly, twoDays, 8, twoDays},   {kRecursWeekly, allDays, 8, allDays},
+                       {kRecursMonthNth, twoDays, 8, twoDays}, {kRecursMonthNth, 62, 5, 62},
+                       {kRecursYearNth, twoDays, 8, twoDays},  {kRecursYearNth, 62, 7, 62}};
+    for (const Odd& one : odd) {
+        const AppointmentData record =
+            LoadSeries(one.Type, [&](IRecurrencePattern& pattern) { Put(pattern.put_DayOfWeekMask(one.Mask)); });
+        EXPECT_EQ(record.RecurChoice, one.Choice) << one.Type << " " << one.Mask;
+        EXPECT_EQ(record.DayOfWeekMask, one.Shown) << one.Type << " " << one.Mask;
+    }
+}
+
 TEST_F(LoadAppointment, TheLastWeekMakesACustomChoice) {
     EXPECT_EQ(
         LoadSeries(kRecursMonthNth, [](IRecurrencePattern& pattern) { Put(pattern.put_Instance(5)); }).RecurChoice, 8);
