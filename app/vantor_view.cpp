@@ -2,11 +2,13 @@
 #include "app/vantor_view.h"
 
 #include "alarm/reminder_sound.h"
+#include "app/draft_recovery.h"
 #include "app/ink_recovery.h"
 #include "res/menus.h"
 #include "res/resource_ids.h"
 #include "store/category_file.h"
 #include "store/device_programs.h"
+#include "store/midnight.h"
 
 namespace tavo {
 
@@ -68,6 +70,7 @@ void CVantorView::UpdateFirst() {
     if (OfferRecoveredInk(State)) {
         PostChangeNotice();
     }
+    OfferDrafts(State, *SchedulePage);
 }
 
 // A page that the device cannot make stays away; the others are of use without it.
@@ -129,9 +132,26 @@ void CVantorView::CloseShownPage() {
 }
 
 void CVantorView::MakeItem(ItemKind kind) {
-    if (SchedulePage) {
+    if (!SchedulePage) {
+        return;
+    }
+    const std::optional<SYSTEMTIME> day = SelectedDay();
+    if (day) {
+        SchedulePage->MakeItemOn(kind, *day);
+    } else {
         SchedulePage->MakeItem(kind);
     }
+}
+
+std::optional<SYSTEMTIME> CVantorView::SelectedDay() {
+    if (State.CurrentPage != kCalendarPage || !CalendarPage) {
+        return std::nullopt;
+    }
+    const CalendarDate selected = CalendarPage->SelectedDate();
+    const SYSTEMTIME day = MidnightOf(selected.Year, selected.Month, selected.Day);
+    DATE date = kNoDate;
+    const bool exists = selected.Day > 0 && Host().Locale().SystemTimeToVariantTime(day, date);
+    return exists ? std::optional(day) : std::nullopt;
 }
 
 void CVantorView::OpenItem(Oid oid) {

@@ -11,6 +11,7 @@
 #include "store/program_state.h"
 
 #include <memory>
+#include <optional>
 
 namespace tavo {
 
@@ -34,7 +35,8 @@ class CVantorView : public CPaintedWindow, public IMainView {
     void UpdateFirst();
     // As if the shown page's × were tapped; nothing when there are no pages.
     void CloseShownPage();
-    // Opens the editor on a new item of this kind; nothing when there are no pages.
+    // Opens the editor on a new item of this kind, on the Calendar page beginning on the selected day; nothing when
+    // there are no pages.
     void MakeItem(ItemKind kind);
     // Opens the view on this item; nothing when it is gone or there are no pages.
     void OpenItem(Oid oid);
@@ -58,6 +60,8 @@ class CVantorView : public CPaintedWindow, public IMainView {
 
   private:
     void CreatePages();
+    // On the Calendar page; nothing where there is no such day.
+    std::optional<SYSTEMTIME> SelectedDay();
     template <class Page> std::unique_ptr<Page> MakePage();
     void HidePages();
     void TakeChangeNotice();

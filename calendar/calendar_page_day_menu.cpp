@@ -2,11 +2,11 @@
 #include "calendar/calendar_page.h"
 
 #include "edit/appointment_dlg.h"
-#include "memo/appointment_view_dlg.h"
 #include "memo/ink_memo_view.h"
 #include "memo/memo_file_keeper.h"
 #include "res/resource_ids.h"
 #include "res/strings.h"
+#include "schedule/item_viewing.h"
 #include "store/item_deletion.h"
 
 #include <string_view>
@@ -39,19 +39,11 @@ void CCalendarPage::ViewItem(int command) {
         return; // an entry past the 200th, where the next kind has none
     }
     const ItemKind kind = *DayMenu::KindOfCommand(command);
-    AppointmentData item = *chosen;
-    // As it is now; one that is gone meanwhile is shown as it was.
-    if (AppointmentData current; State.Store.LoadAppointment(item.Oid, current) != 0) {
-        item = current;
-    }
-    CAppointmentViewDlg view(Pump(), State);
-    view.Oid = item.Oid;
-    view.Appointment = item;
-    const int result = view.DoModal();
-    if (result == kResultModify) {
-        ModifyItem(kind, item);
-    } else if (result == kResultDelete) {
-        AskAndDelete(kind, item);
+    const ViewedItem viewed = ViewAppointment(State, AppointmentData(*chosen), TimesOf::Series);
+    if (viewed.Result == kResultModify) {
+        ModifyItem(kind, viewed.Record);
+    } else if (viewed.Result == kResultDelete) {
+        AskAndDelete(kind, viewed.Record);
     }
 }
 

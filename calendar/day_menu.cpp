@@ -7,6 +7,7 @@
 #include "store/text_tables.h"
 
 #include <array>
+#include <string_view>
 #include <utility>
 
 namespace tavo {
@@ -59,6 +60,24 @@ MenuItem MakeSubmenu(const Submenu& submenu, std::vector<std::u16string> entries
     return popup;
 }
 
+// The program's own commands for new items; on the month they begin on the selected day.
+MenuItem MakeNewEntries() {
+    constexpr std::array<std::pair<int, std::u16string_view>, 4> entries{{{kCommandNewAlarm, u"Alarm..."},
+                                                                          {kCommandNewHoliday, u"Holiday..."},
+                                                                          {kCommandNewAnniversary, u"Anniversary..."},
+                                                                          {kCommandNewAppointment, u"Appointment..."}}};
+    MenuItem popup;
+    popup.IsPopup = true;
+    popup.Text = u"New";
+    for (const auto& [command, text] : entries) {
+        MenuItem entry;
+        entry.Id = command;
+        entry.Text = text;
+        popup.Children.push_back(std::move(entry));
+    }
+    return popup;
+}
+
 } // namespace
 
 void DayMenu::Fill(std::vector<AppointmentData> items, const CategoryLists& categories,
@@ -93,6 +112,7 @@ std::vector<MenuItem> DayMenu::Build() const {
             }
         }
     }
+    menu.push_back(MakeNewEntries());
     return menu;
 }
 

@@ -20,7 +20,8 @@ class DayMenu {
     void Fill(std::vector<AppointmentData> items, const CategoryLists& categories,
               std::vector<std::u16string> memoNames);
 
-    // As it is shown: a submenu for each kind with its count, greyed when there is nothing in it.
+    // As it is shown: a submenu for each kind with its count, greyed when there is nothing in it, and one for new
+    // items.
     std::vector<MenuItem> Build() const;
 
     // What a command stands for; null or nothing when the menu has no such entry.

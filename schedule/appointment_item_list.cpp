@@ -51,12 +51,13 @@ bool CAppointmentItemList::OccursInPeriod(const AppointmentData& record) const {
            DaysBetween(PeriodStart, LastDayOf(record, locale), locale) >= 0;
 }
 
-void CAppointmentItemList::Fill(const SYSTEMTIME& periodStart, const SYSTEMTIME& periodEnd) {
+bool CAppointmentItemList::Fill(const SYSTEMTIME& periodStart, const SYSTEMTIME& periodEnd) {
     PeriodStart = periodStart;
     PeriodEnd = periodEnd;
     std::vector<AppointmentData> rows;
     std::unordered_map<Oid, AppointmentData> stored; // a series is loaded once for all its occurrences
     const ComPtr<IPOutlookItemCollection> items = QueryPeriod();
+    bool isWhole = items || Succeeded(State.Store.LastStoreResult);
     ComPtr<IAppointment> item;
     for (std::int32_t index = 1; items && Succeeded(items->Item(index, item)) && item; ++index) {
         Oid oid = 0;
@@ -64,6 +65,7 @@ void CAppointmentItemList::Fill(const SYSTEMTIME& periodStart, const SYSTEMTIME&
         const auto [place, isFirst] = stored.try_emplace(oid);
         if (isFirst && State.Store.LoadAppointment(oid, place->second) == 0) {
             place->second.Oid = 0;
+            isWhole = isWhole && State.Store.LastStoreResult == Status::NotFound;
         }
         AppointmentData record = place->second;
         if (record.Oid != 0 && TakeTimes(*item, Host().Locale(), record) && OccursInPeriod(record)) {
@@ -72,6 +74,7 @@ void CAppointmentItemList::Fill(const SYSTEMTIME& periodStart, const SYSTEMTIME&
         item.Reset();
     }
     SetRows(std::move(rows));
+    return isWhole;
 }
 
 bool CAppointmentItemList::DeleteSelected() {
@@ -80,7 +83,7 @@ bool CAppointmentItemList::DeleteSelected() {
         return false;
     }
     const bool deleted = DeleteItem(State, Kind(), *selected);
-    Fill(PeriodStart, PeriodEnd); // when the store refuses, with what is there still
+    static_cast<void>(Fill(PeriodStart, PeriodEnd)); // when the store refuses, with what is there still
     return deleted;
 }
 

@@ -10,8 +10,9 @@ class CAppointmentItemList : public CItemList {
     CAppointmentItemList(CMessagePump& pump, CProgramState& state, IItemListOwner& owner);
 
     // A row for each occurrence that lies in the period or reaches into it, by days and in order of start; rows have
-    // the times of their occurrence, and the rest from the stored item. Nothing is selected then.
-    void Fill(const SYSTEMTIME& periodStart, const SYSTEMTIME& periodEnd);
+    // the times of their occurrence, and the rest from the stored item. Nothing is selected then. False when the store
+    // could not give all of them.
+    bool Fill(const SYSTEMTIME& periodStart, const SYSTEMTIME& periodEnd);
     // The list is filled for the same period afterwards.
     bool DeleteSelected() override;
 

@@ -26,26 +26,36 @@ void CCategoryItemList::Fill() {
     SetRows(LoadAndPrune(Category(), State.Store));
 }
 
-void CCategoryItemList::AddOrReplace(const AppointmentData& record, bool isNew, Oid oldOid) {
+bool CCategoryItemList::AddOrReplace(const AppointmentData& record, bool isNew, Oid oldOid) {
     AppointmentData stored;
-    if (State.Store.LoadAppointment(record.Oid, stored) == 0) {
-        return;
+    const bool isRead = State.Store.LoadAppointment(record.Oid, stored) != 0;
+    if (!isRead && State.Store.LastStoreResult == Status::NotFound) {
+        return true; // gone again already
+    }
+    Tag(record.Oid, isNew, oldOid);
+    if (!isRead) {
+        return false;
     }
     if (isNew) {
-        Category().Append(stored.Oid);
         InsertRow(Count(), std::move(stored));
         SelectFirst();
-        return;
-    }
-    if (const std::optional<std::size_t> place = Category().Find(oldOid); place && oldOid != stored.Oid) {
-        Category().RemoveAt(*place);
-        Category().Insert(*place, stored.Oid);
+        return true;
     }
     const int row = FindRow(oldOid);
     if (row != kNoSelection) {
         RemoveRow(row);
         InsertRow(row, std::move(stored));
         SelectFirst();
+    }
+    return true;
+}
+
+void CCategoryItemList::Tag(Oid oid, bool isNew, Oid oldOid) {
+    if (isNew) {
+        Category().Append(oid);
+    } else if (const std::optional<std::size_t> place = Category().Find(oldOid); place && oldOid != oid) {
+        Category().RemoveAt(*place);
+        Category().Insert(*place, oid);
     }
 }
 

@@ -13,8 +13,8 @@ class CCategoryItemList : public CItemList {
     // Makes the rows anew; OIDs whose appointments are gone leave the category list. Nothing is selected then.
     void Fill();
     // A new item joins the end of the category list. Of an item that was edited, `record` takes the place of the row
-    // and of the OID that it had before.
-    void AddOrReplace(const AppointmentData& record, bool isNew, Oid oldOid);
+    // and of the OID that it had before. False when the store cannot show it now: it is tagged, without a row.
+    bool AddOrReplace(const AppointmentData& record, bool isNew, Oid oldOid);
     bool DeleteSelected() override;
 
   protected:
@@ -23,6 +23,7 @@ class CCategoryItemList : public CItemList {
 
   private:
     CategoryList& Category();
+    void Tag(Oid oid, bool isNew, Oid oldOid);
 };
 
 } // namespace tavo

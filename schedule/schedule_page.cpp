@@ -86,7 +86,9 @@ void CSchedulePage::ShowKind(ItemKind kind) {
     const Rect place = PlaceOf(kind);
     MoveItem(kScheduleScrollBar, {place.Right, place.Top, place.Right + kBarWidth, place.Bottom});
     SetScrollBar();
-    Host().Windows().SetFocus(CurrentList().Handle());
+    if (Host().Windows().IsWindowVisible(Handle())) {
+        Host().Windows().SetFocus(CurrentList().Handle());
+    }
     Invalidate();
 }
 
@@ -113,12 +115,12 @@ void CSchedulePage::FillLists() {
     Alarms.Fill();
     Holidays.Fill();
     Anniversaries.Fill();
-    FillAppointments();
+    static_cast<void>(FillAppointments()); // nothing was asked for that could be told of
     SetScrollBar();
 }
 
-void CSchedulePage::FillAppointments() {
-    Appointments.Fill(PeriodStart(), PeriodEnd());
+bool CSchedulePage::FillAppointments() {
+    return Appointments.Fill(PeriodStart(), PeriodEnd());
 }
 
 void CSchedulePage::SetScrollBar() {
@@ -129,10 +131,11 @@ void CSchedulePage::SetScrollBar() {
 void CSchedulePage::UpdateOwnerList(const AppointmentData& record, bool isNew, Oid oid) {
     AppointmentData saved = record;
     saved.Oid = oid;
+    ItemSaved = true;
     if (CCategoryItemList* list = CategoryListOf(EditedKind); list != nullptr) {
-        list->AddOrReplace(saved, isNew, EditedOid);
+        RowMissing = !list->AddOrReplace(saved, isNew, EditedOid);
     } else {
-        FillAppointments();
+        RowMissing = !FillAppointments();
     }
     SetScrollBar();
 }

@@ -1,15 +1,19 @@
 // The Schedule page: the items of one kind at a time, and what can be done with them.
 #pragma once
 
+#include "edit/draft_file.h"
 #include "edit/ink_note_editor.h"
 #include "edit/list_owner.h"
 #include "schedule/appointment_item_list.h"
 #include "schedule/category_item_list.h"
+#include "schedule/item_viewing.h"
 #include "schedule/main_page.h"
 
 #include <string_view>
 
 namespace tavo {
+
+class CAppointmentDlg;
 
 class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwner {
   public:
@@ -25,6 +29,10 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
     void RefillLists();
     // Opens the editor on a new item of this kind, whatever kind is shown.
     void MakeItem(ItemKind kind);
+    // The same, beginning on this day at first.
+    void MakeItemOn(ItemKind kind, const SYSTEMTIME& day);
+    // Opens the editor with what an earlier run of the program left of it.
+    void ContinueEdit(const FoundDraft& draft);
     // Opens the view on an item, whatever is shown, and does what is asked there. Nothing when the item is gone.
     void OpenItem(Oid oid);
 
@@ -47,7 +55,7 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
     void ShowKind(ItemKind kind);
     void ShowNextKind(int step);
     void FillLists();
-    void FillAppointments();
+    bool FillAppointments();
     void SetScrollBar();
 
     // schedule_page_period.cpp
@@ -80,16 +88,19 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
     // schedule_page_commands.cpp
     void PrepareMenus() override;
     void ViewSelected();
-    void ViewItem(ItemKind kind, const AppointmentData& record);
+    TimesOf TimesOfRows() const;
+    void ViewItem(ItemKind kind, const AppointmentData& record, TimesOf times);
     void ModifySelected();
     void DeleteSelected();
     void PauseSelected();
     void CopyToCategory(int command);
     void CopyAppointment(const AppointmentData& record, CCategoryItemList& target);
+    void TellMissingRow();
     bool IsIn(ItemKind kind, Oid oid);
     void EditItem(ItemKind kind, const AppointmentData& record);
-    // As the store has it now: another process may have changed it since the list was filled.
-    AppointmentData ReadAnew(const AppointmentData& record);
+    // True when the item was saved.
+    bool RunEditor(ItemKind kind, CAppointmentDlg& editor, const AppointmentData& record);
+    void FinishMaking(ItemKind kind, bool saved);
     // The selected record of the list on show; without one says so in these words and gives null.
     const AppointmentData* SelectedOr(const std::u16string_view (&texts)[4]);
     bool ConfirmDeletion();
@@ -99,7 +110,9 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
     bool NewTracking = false;
     bool Filled = false; // the lists, at least once
     ItemKind EditedKind = ItemKind::Alarm;
-    Oid EditedOid = 0; // of the item in the editor; 0: a new one
+    Oid EditedOid = 0;       // of the item in the editor; 0: a new one
+    bool ItemSaved = false;  // by the editor that was opened last
+    bool RowMissing = false; // of the item saved last: the store gave nothing to show
     CCategoryItemList Alarms;
     CCategoryItemList Holidays;
     CCategoryItemList Anniversaries;

@@ -2,11 +2,12 @@
 #include "schedule/schedule_page.h"
 
 #include "edit/appointment_dlg.h"
-#include "memo/appointment_view_dlg.h"
 #include "res/resource_ids.h"
 #include "res/strings.h"
 #include "store/change_group.h"
 #include "store/item_deletion.h"
+
+#include <utility>
 
 namespace tavo {
 
@@ -19,6 +20,8 @@ constexpr std::u16string_view kSelectToModify[] = {u"Select alarm to modify", u"
                                                    u"Select anniversary to modify", u"Select appointment to modify"};
 constexpr std::u16string_view kSelectToDelete[] = {u"Select alarm to delete", u"Select holiday to delete",
                                                    u"Select anniversary to delete", u"Select appointment to delete"};
+
+constexpr std::u16string_view kRowMissing = u"The item was saved, but the list could not be read.";
 
 ItemKind TargetOf(int command) {
     switch (command) {
@@ -51,37 +54,28 @@ bool CSchedulePage::ConfirmDeletion() {
     return Pump().ShowMessageBox(Handle(), box) == IDYES;
 }
 
-AppointmentData CSchedulePage::ReadAnew(const AppointmentData& record) {
-    AppointmentData current;
-    if (State.Store.LoadAppointment(record.Oid, current) == 0) {
-        return record;
-    }
-    if (Kind == ItemKind::Appointment && record.IsRecurring && current.IsRecurring) {
-        current.Start = record.Start; // a row of a series has the times of its occurrence
-        current.End = record.End;
-    }
-    return current;
+// A row of the appointment list stands for one occurrence.
+TimesOf CSchedulePage::TimesOfRows() const {
+    return Kind == ItemKind::Appointment ? TimesOf::Occurrence : TimesOf::Series;
 }
 
 void CSchedulePage::ViewSelected() {
     if (const AppointmentData* selected = SelectedOr(kSelectToView); selected != nullptr) {
-        ViewItem(Kind, ReadAnew(*selected));
+        ViewItem(Kind, AppointmentData(*selected), TimesOfRows());
     }
 }
 
-void CSchedulePage::ViewItem(ItemKind kind, const AppointmentData& record) {
-    CAppointmentViewDlg view(Pump(), State);
-    view.Oid = record.Oid;
-    view.Appointment = record;
-    switch (view.DoModal()) {
+void CSchedulePage::ViewItem(ItemKind kind, const AppointmentData& record, TimesOf times) {
+    const ViewedItem viewed = ViewAppointment(State, record, times);
+    switch (viewed.Result) {
     case kResultModify:
-        EditItem(kind, record);
+        EditItem(kind, viewed.Record);
         break;
     case kResultDelete:
         if (!ConfirmDeletion()) {
             return;
         }
-        if (!DeleteItem(State, kind, record)) {
+        if (!DeleteItem(State, kind, viewed.Record)) {
             Refuse(kItemNotDeleted);
         }
         break;
@@ -93,7 +87,7 @@ void CSchedulePage::ViewItem(ItemKind kind, const AppointmentData& record) {
 
 void CSchedulePage::ModifySelected() {
     if (const AppointmentData* selected = SelectedOr(kSelectToModify); selected != nullptr) {
-        EditItem(Kind, ReadAnew(*selected));
+        EditItem(Kind, ReadAnew(State.Store, *selected, TimesOfRows()));
         View.PostChangeNotice();
     }
 }
@@ -132,13 +126,21 @@ void CSchedulePage::CopyToCategory(int command) {
     CopyAppointment(*selected, *target);
     SetScrollBar();
     View.PostChangeNotice();
+    TellMissingRow();
 }
 
 // The tag is a step of its own: taking back the step before must not go past it.
 void CSchedulePage::CopyAppointment(const AppointmentData& record, CCategoryItemList& target) {
     ChangeGroup group(State.Store, NameCopy(target.Kind(), record));
-    target.AddOrReplace(record, true, 0);
+    RowMissing = !target.AddOrReplace(record, true, 0);
     static_cast<void>(group.End()); // the category list is the truth, also where the store could not note the step
+}
+
+// The item is where it was put, and the next refresh that succeeds shows it.
+void CSchedulePage::TellMissingRow() {
+    if (std::exchange(RowMissing, false)) {
+        Refuse(kRowMissing);
+    }
 }
 
 bool CSchedulePage::IsIn(ItemKind kind, Oid oid) {
@@ -155,24 +157,57 @@ void CSchedulePage::PrepareMenus() {
 }
 
 void CSchedulePage::EditItem(ItemKind kind, const AppointmentData& record) {
+    CAppointmentDlg editor(Pump(), State);
+    static_cast<void>(RunEditor(kind, editor, record)); // whether it saved anything, it told this page
+}
+
+bool CSchedulePage::RunEditor(ItemKind kind, CAppointmentDlg& editor, const AppointmentData& record) {
     EditedKind = kind;
     EditedOid = record.Oid;
-    CAppointmentDlg editor(Pump(), State);
     editor.Mode = record.Oid == 0 ? ModeOfNew(kind) : ModeOfNew(kind) + 1;
     editor.Item = record;
     editor.Owner = this;
     editor.InkEditor = InkEditor;
-    static_cast<void>(editor.DoModal()); // whether it saved anything, it told this page
+    ItemSaved = false;
+    static_cast<void>(editor.DoModal());
+    TellMissingRow();
+    return ItemSaved;
+}
+
+// What was made is to be found where it is listed.
+void CSchedulePage::FinishMaking(ItemKind kind, bool saved) {
+    if (saved && Kind != kind) {
+        ShowKind(kind);
+    }
+    View.PostChangeNotice();
 }
 
 void CSchedulePage::MakeItem(ItemKind kind) {
-    EditItem(kind, {});
-    View.PostChangeNotice();
+    CAppointmentDlg editor(Pump(), State);
+    FinishMaking(kind, RunEditor(kind, editor, {}));
+}
+
+void CSchedulePage::MakeItemOn(ItemKind kind, const SYSTEMTIME& day) {
+    CAppointmentDlg editor(Pump(), State);
+    editor.FirstDay = day;
+    FinishMaking(kind, RunEditor(kind, editor, {}));
+}
+
+void CSchedulePage::ContinueEdit(const FoundDraft& draft) {
+    AppointmentData record;
+    const bool isThere = draft.Draft.Item != 0 && State.Store.LoadAppointment(draft.Draft.Item, record) != 0;
+    if (!isThere && draft.Draft.Item != 0 && State.Store.LastStoreResult != Status::NotFound) {
+        return; // a later start may be able to
+    }
+    CAppointmentDlg editor(Pump(), State); // one that is gone is made anew
+    editor.Continued = &draft;
+    const ItemKind kind = KindOfMode(draft.Draft.Mode);
+    FinishMaking(kind, RunEditor(kind, editor, record));
 }
 
 void CSchedulePage::OpenItem(Oid oid) {
     if (AppointmentData record; State.Store.LoadAppointment(oid, record) != 0) {
-        ViewItem(State.Categories.KindOf(oid), record);
+        ViewItem(State.Categories.KindOf(oid), record, TimesOf::Series);
     }
 }
 

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace tavo::test {
 namespace {
 
@@ -60,6 +62,42 @@ TEST_F(NewItems, TheMonthShowsASavedItemOfEveryKindByItsMark) {
     EXPECT_EQ(Program.CellName(0, 3), u"2004-11-03: alarm, holiday, anniversary, appointment");
 }
 
+TEST_F(NewItems, OnTheMonthTheyBeginOnTheSelectedDay) {
+    Program.ShowPage(2);
+    Program.TapAside(119, 123); // Wednesday of the third week
+    Program.Device.Key('4', kModifierControl);
+    Save(u"Thing");
+    AppointmentData record;
+    ASSERT_EQ(Program.State().Store.LoadAppointment(1, record), 1);
+    EXPECT_EQ(record.Start.Day, 17);
+    EXPECT_EQ(record.Start.Hour, 17);
+    EXPECT_EQ(record.End.Day, 17);
+    Program.ShowPage(0);
+    Program.Device.Key('4', kModifierControl);
+    Save(u"Thing");
+    ASSERT_EQ(Program.State().Store.LoadAppointment(2, record), 2);
+    EXPECT_EQ(record.Start.Day, 3); // elsewhere today
+}
+
+TEST_F(NewItems, TheSchedulePageShowsTheKindThatWasSaved) {
+    Program.ShowPage(1);
+    for (int kind = 3; kind >= 0; --kind) {
+        Program.Device.Key('1' + kind, kModifierControl);
+        Save(u"Thing");
+        constexpr std::u16string_view titles[] = {u"Alarm", u"Holiday", u"Anniversary", u"Appointment"};
+        EXPECT_TRUE(Program.Device.See.FindItem(PaintedRole::Header, titles[kind]).has_value()) << kind;
+    }
+    Program.Device.Key('4', kModifierControl);
+    Program.Device.TapControl(IDCANCEL);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_TRUE(Program.Device.See.FindItem(PaintedRole::Header, u"Alarm").has_value()); // nothing was saved
+    Program.ShowPage(0);
+    Program.Device.Key('2', kModifierControl);
+    Save(u"Thing");
+    Program.ShowPage(1);
+    EXPECT_TRUE(Program.Device.See.FindItem(PaintedRole::Header, u"Holiday").has_value());
+}
+
 TEST_F(NewItems, ASavedItemGoesToTheEndOfItsKindsList) {
     const CategoryLists& lists = Program.State().Categories;
     const CategoryList* const listOf[] = {&lists.AlarmList, &lists.HolidayList, &lists.AnniversaryList};
@@ -75,6 +113,28 @@ TEST_F(NewItems, ASavedItemGoesToTheEndOfItsKindsList) {
         }
     }
     EXPECT_EQ(CountTags(), 6U);
+}
+
+TEST_F(NewItems, TheEditorIsNotGreyAfterItsMemo) {
+    Program.Device.Key('4', kModifierControl);
+    Program.Device.Tap(100, 205); // the memo's row
+    Program.Device.Do([&] { EXPECT_NE(Program.Device.See.Control(kInkPaper), WindowHandle::None); });
+    Program.Device.PressOk();
+    Program.Device.Do([&] {
+        const headless::Frame* frame = Program.Device.Host().Drawn.LastFrame(Program.Device.See.Top());
+        ASSERT_NE(frame, nullptr);
+        const auto once = std::find_if(frame->Calls.begin(), frame->Calls.end(),
+                                       [](const headless::DrawCall& call) { return call.Text == u"Once"; });
+        ASSERT_NE(once, frame->Calls.end());
+        EXPECT_EQ(once->Ink, Color::FromRgb(0, 0, 0));
+        for (const PaintedItem& item : Program.Device.See.Items()) {
+            if (item.Id == kEditSubject || item.Id == kEditStartDate || item.Id == kEditRecurrence) {
+                EXPECT_TRUE(item.Enabled) << item.Id;
+            }
+        }
+    });
+    Program.Device.TapControl(IDCANCEL);
+    ASSERT_TRUE(Program.Settle());
 }
 
 TEST_F(NewItems, AnOrdinaryAppointmentGoesToNoList) {

@@ -12,7 +12,7 @@ TEST_F(DayMenuTest, ADayWithoutAnythingShowsGreySubmenusAndAddMemo) {
     TapDay();
     Check([this] {
         EXPECT_THAT(Captions(), ElementsAre(u"(Alarm: 0)", u"(Holiday: 0)", u"(Anniversary: 0)", u"(Schedule: 0)", u"-",
-                                            u"(Memo: 0)", u"Add memo..."));
+                                            u"(Memo: 0)", u"Add memo...", u"New"));
         EXPECT_EQ(Items()[kEntryAddMemo].Id, 32798);
         EXPECT_TRUE(Items()[kEntrySeparator].IsSeparator);
         EXPECT_TRUE(Items()[kEntryMemo].IsPopup);
@@ -40,7 +40,7 @@ TEST_F(DayMenuTest, ItemsStandUnderTheFirstKindThatTheirTagsSay) {
     TapDay();
     Check([this] {
         EXPECT_THAT(Captions(), ElementsAre(u"Alarm: 2", u"Holiday: 1", u"Anniversary: 1", u"Schedule: 2", u"-",
-                                            u"Memo: 1", u"Add memo..."));
+                                            u"Memo: 1", u"Add memo...", u"New"));
         EXPECT_THAT(EntriesOf(0), ElementsAre(u"33001 Wake up", u"33002 Alarm and holiday"));
         EXPECT_THAT(EntriesOf(1), ElementsAre(u"33201 Fair"));
         EXPECT_THAT(EntriesOf(2), ElementsAre(u"33401 Wedding"));
@@ -110,6 +110,23 @@ TEST_F(DayMenuTest, ModifyOpensTheEditorOfTheItemsKindAndThePagesFollow) {
     Settle();
 }
 
+TEST_F(DayMenuTest, NewItemsOfEveryKindBeginOnTheDayOfTheMenu) {
+    Open();
+    for (int kind = 0; kind < 4; ++kind) {
+        TapDay();
+        Check([this] { EXPECT_EQ(EntriesOf(7).size(), 4U); });
+        Choose(kCommandNewAlarm + kind);
+        Check([this] { EXPECT_EQ(Program.Device.See.TextOf(kEditSubject), u""); });
+        Program.Device.Tap(100, 28);
+        Program.Device.TypeInto(kEditSubject, u"Thing");
+        Program.Device.TapControl(IDOK);
+        Settle();
+    }
+    Program.Device.AdvanceClock(shell::Milliseconds(600));
+    Settle();
+    EXPECT_EQ(Program.CellName(2, 3), u"2004-09-15: alarm, holiday, anniversary, appointment");
+}
+
 TEST_F(DayMenuTest, DeleteAsksAndDeletesOnYes) {
     Open();
     const Oid oid = GivenItem(u"Dentist");
@@ -172,6 +189,28 @@ TEST_F(DayMenuTest, AnItemThatChangesWhileTheMenuIsOpenIsShownAsItIsNow) {
     Check([this] { EXPECT_TRUE(Program.Device.See.FindItem(PaintedRole::Header, u"Surgeon").has_value()); });
     Program.Device.PressClose();
     Settle();
+}
+
+TEST_F(DayMenuTest, AnItemThatChangesWhileItsViewIsOpenIsModifiedAsItIsThen) {
+    Open();
+    const Oid oid = GivenItem(u"Dentist");
+    TapDay();
+    Choose(33601);
+    Check([this, oid] {
+        ComPtr<IAppointment> item;
+        ASSERT_EQ(Program.Connect()->GetItemFromOid(oid, item), Status::Ok);
+        ASSERT_EQ(item->put_Subject(u"Surgeon"), Status::Ok);
+        ASSERT_EQ(item->put_Duration(150), Status::Ok);
+        ASSERT_EQ(item->Save(), Status::Ok);
+    });
+    Program.Device.Tap(226, 26); // modify
+    Check([this] { EXPECT_EQ(Program.Device.See.TextOf(kEditSubject), u"Surgeon"); });
+    Program.Device.TapControl(IDOK);
+    Settle();
+    AppointmentData saved;
+    ASSERT_EQ(Program.State().Store.LoadAppointment(oid, saved), oid);
+    EXPECT_EQ(saved.Subject, u"Surgeon");
+    EXPECT_EQ(saved.End.Minute, 30);
 }
 
 TEST_F(DayMenuTest, AChoiceMeansWhatTheMenuShowedThoughTheDayGotAnotherItem) {

@@ -111,6 +111,41 @@ TEST_F(ChangedBetween, AnItemOfASeriesKeepsItsDayInTheViewThoughItWasRenamed) {
     ASSERT_TRUE(Desk.Settle());
 }
 
+TEST_F(ChangedBetween, ModifyFromTheViewBeginsWithTheItemAsItIsThen) {
+    const Oid oid = GivenToday(u"Party");
+    Desk.Show(ItemKind::Appointment);
+    Desk.Device.Tap(20, 80);
+    Desk.Device.ChooseTracked(kCommandView);
+    Desk.Device.Do([&] {
+        EXPECT_TRUE(Desk.Device.See.ShowsText(u"Party"));
+        Rename(oid, u"Renamed");
+        MoveToNoonOf(oid, 3);
+    });
+    Desk.Device.Tap(226, 26); // modify
+    Desk.Device.Do([&] { EXPECT_EQ(Desk.Device.See.TextOf(kEditSubject), u"Renamed"); });
+    Desk.Device.TapControl(IDOK);
+    ASSERT_TRUE(Desk.Settle());
+    AppointmentData record;
+    ASSERT_EQ(Desk.State().Store.LoadAppointment(oid, record), oid);
+    EXPECT_EQ(record.Subject, u"Renamed");
+    EXPECT_EQ(record.Start.Hour, 12);
+}
+
+TEST_F(ChangedBetween, DeleteFromTheViewNamesTheItemAsItIsThen) {
+    const Oid oid = GivenToday(u"Party");
+    Desk.Show(ItemKind::Appointment);
+    Desk.Device.Tap(20, 80);
+    Desk.Device.ChooseTracked(kCommandView);
+    Desk.Device.Do([&] { Rename(oid, u"Renamed"); });
+    Desk.Device.Tap(226, 49); // delete
+    Desk.Device.AnswerBox(IDYES);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_FALSE(Desk.Exists(oid));
+    std::u16string step;
+    ASSERT_EQ(Desk.State().Store.OutlookApp->GetUndoName(step), Status::Ok);
+    EXPECT_EQ(step, u"delete of appointment Renamed");
+}
+
 } // namespace
 
 } // namespace tavo

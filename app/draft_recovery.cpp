@@ -1,0 +1,49 @@
+// The question, and what its answers do.
+#include "app/draft_recovery.h"
+
+#include "edit/edit_mode.h"
+#include "framework/format.h"
+#include "res/strings.h"
+#include "schedule/schedule_page.h"
+#include "store/date_pictures.h"
+
+#include <array>
+#include <string_view>
+
+namespace tavo {
+
+namespace {
+
+constexpr std::u16string_view kQuestion = u"%s of %s was not saved. Go on with it?";
+constexpr std::array<std::u16string_view, 4> kKinds{u"An alarm", u"A holiday", u"An anniversary", u"An appointment"};
+constexpr int kDateBuffer = 40; // UTF-16 units, with the end
+
+int Ask(CProgramState& state, const AppointmentDraft& draft) {
+    const std::u16string date = state.Host()
+                                    .Locale()
+                                    .GetDateFormatW(LocaleId::User, draft.Now.Start, kPictureListDate, kDateBuffer)
+                                    .value_or(u"");
+    MessageBoxDescription box;
+    box.Text = FormatText(kQuestion, kKinds[IndexOf(KindOfMode(draft.Mode))], date);
+    box.Caption = kProgramTitle;
+    box.Buttons = MessageBoxButtons::YesNo;
+    return state.Pump.ShowMessageBox(state.MainView, box);
+}
+
+} // namespace
+
+void OfferDrafts(CProgramState& state, CSchedulePage& editors) {
+    for (const FoundDraft& draft : FindDrafts(state.Host())) {
+        const int answer = Ask(state, draft.Draft);
+        if (answer == IDYES) {
+            editors.ContinueEdit(draft);
+        } else if (answer == IDNO) {
+            DeclineDraft(state.Host(), draft.Path);
+        }
+        if (state.Pump.HasQuit()) {
+            break; // the next start asks again
+        }
+    }
+}
+
+} // namespace tavo
