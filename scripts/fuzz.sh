@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # Builds the fuzzers and lets each run for a while from its seeds, with the sanitizers.
 #
-# usage: scripts/fuzz.sh FOLDER SECONDS
+# usage: scripts/fuzz.sh FOLDER SECONDS [SECONDS_OF_WHOLE_WAY]
+#
+# The one that goes the whole way of a calendar, from its file to its reminders, is slow and may be given longer.
 #
 # What a fuzzer finds is kept in FOLDER/found.
 set -euo pipefail
@@ -9,6 +11,7 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/common.sh
 folder="$1"
 seconds="$2"
+whole_way="${3:-$seconds}"
 
 configure fuzz
 build "$folder" fuzz/all
@@ -16,8 +19,9 @@ mkdir -p "$folder/found"
 
 # fuzz FUZZER: alone it prints when it is done, so that what runs at the same time does not mix.
 fuzz() {
-    local name seeds grown status=0
+    local name seeds grown status=0 seconds="$seconds"
     name="$(basename "$1")"
+    [ "$name" != fuzz_whole_way ] || seconds="$whole_way"
     seeds="fuzz/corpus/${name#fuzz_}"
     grown="$folder/corpus/$name"
     mkdir -p "$grown"
@@ -31,7 +35,7 @@ fuzz() {
 running=()
 status=0
 
-# They all take as long, so the oldest is the next to be done.
+# Nearly all take as long, so the oldest is the next to be done.
 wait_for_oldest() {
     wait "${running[0]}" || status=1
     running=("${running[@]:1}")
