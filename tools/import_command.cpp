@@ -21,6 +21,13 @@ using exchange::FileFault;
 using exchange::FileOutcome;
 using outlook::ImportWriter;
 
+// What is true when the process is ended at once.
+constexpr const char* kNothingOfThisFile =
+    "tavo: Interrupted. Nothing of the file that was being read was imported; the files before it are in.\n";
+constexpr const char* kWholeOrNot = "tavo: Interrupted while a file was being written: it is in whole or not at all; to"
+                                    " import it again does no harm.\n";
+constexpr const char* kAllFilesAreIn = "tavo: Interrupted after the files were imported.\n";
+
 std::optional<TagList> ChooseList(ImportTag tag) {
     switch (tag) {
     case ImportTag::Alarm:
@@ -55,13 +62,27 @@ class Import {
             TotalBytes += file.Size;
         }
         for (const ImportFile& file : files) {
+            SetLastWords(kNothingOfThisFile);
             ImportOne(file);
+            ++FilesDone;
             if (WasInterrupted() || Failed(StoreStatus)) {
                 break;
             }
             DoneBytes += file.Size;
         }
         Bar.Clear();
+        SetLastWords(kAllFilesAreIn);
+    }
+
+    // What an interruption left undone, as a sentence.
+    std::string DescribeInterruption(std::size_t files) const {
+        if (WasStopped) {
+            return "Interrupted. Nothing of the file that was being read was imported.";
+        }
+        const std::size_t left = files - FilesDone;
+        return left == 0 ? "Interrupted, but all files had been read already."
+                         : "Interrupted. " + CountOf(static_cast<int>(left), "file was", "files were") +
+                               " not read; nothing of that was imported.";
     }
 
     int GetBrokenFiles() const { return BrokenFiles; }
@@ -98,11 +119,18 @@ class Import {
             return;
         case FileOutcome::Stopped:
             StoreStatus = sink.GetStoreStatus();
+            WasStopped = true;
             TakeBack(writer);
             return;
         case FileOutcome::Read:
             break;
         }
+        if (WasInterrupted()) {
+            WasStopped = true;
+            TakeBack(writer);
+            return;
+        }
+        SetLastWords(kWholeOrNot);
         StoreStatus = Failed(sink.GetStoreStatus()) ? sink.GetStoreStatus() : writer.Commit();
         if (Succeeded(StoreStatus)) {
             Accept(file, sink);
@@ -134,6 +162,8 @@ class Import {
     ProgressBar Bar;
     std::int64_t TotalBytes = 0;
     std::int64_t DoneBytes = 0;
+    std::size_t FilesDone = 0;
+    bool WasStopped = false;
     int GoodFiles = 0;
     int BrokenFiles = 0;
     ImportCounts Counts;
@@ -188,7 +218,7 @@ int RunImport(const ImportOptions& options) {
         good = WriteTags(*root, store) && good;
     }
     if (WasInterrupted()) {
-        Complain("Interrupted. Nothing of the file that was being read was imported.");
+        Complain(import.DescribeInterruption(files.size()));
         return kExitInterrupted;
     }
     return output.Finish() && good ? kExitSuccess : kExitFailure;

@@ -7,4 +7,8 @@ namespace tavo::tools {
 void WatchForInterruption();
 bool WasInterrupted();
 
+// Work that does not come to ask in time is ended within a second of the signal with these words on standard error.
+// They must live as long as the process.
+void SetLastWords(const char* words);
+
 } // namespace tavo::tools
