@@ -17,14 +17,16 @@ class FileReader {
 
     FileOutcome Read() {
         PieceReader surveyor(Source);
-        if (!Survey.Take(surveyor, Zones, Fault)) {
-            return FileOutcome::Broken;
+        if (!Survey.Take(
+                surveyor, Zones, [this] { return Sink.OnProgress(0); }, Fault)) {
+            return Fault.Reason.empty() ? FileOutcome::Stopped : FileOutcome::Broken;
         }
         PieceReader reader(Source);
         CalendarPiece piece;
         ReadResult result = reader.Read(piece);
         for (; result == ReadResult::Piece; result = reader.Read(piece)) {
-            if (!Sink.OnProgress(reader.GetOffset())) {
+            Offset = reader.GetOffset();
+            if (!Sink.OnProgress(Offset)) {
                 return FileOutcome::Stopped;
             }
             const Step step = piece.Kind == PieceKind::Event ? ReadEvent(piece) : PassOver(piece);
@@ -85,33 +87,30 @@ class FileReader {
         PieceReader reader(Source);
         CalendarPiece piece;
         EventEntry occurrence;
+        std::vector<StoredException>& all = Entry.Item.Exceptions;
         for (const PiecePlace& place : places) {
             FileFault fault;
+            if (!Sink.OnProgress(Offset)) {
+                return Step::Stop;
+            }
             if (reader.ReadAt(place.Offset, place.Line, piece) != ReadResult::Piece) {
                 Fault = reader.GetFault();
                 return Step::Break;
             }
             const Reading reading = Events.Read(piece, occurrence, fault);
             if (reading == Reading::Good) {
-                AddException(MakeException(occurrence, Entry.Start, Entry.Item));
+                all.push_back(MakeException(occurrence, Entry.Start, Entry.Item));
             } else if (reading == Reading::Broken) {
                 return Refuse(reading, fault); // one that is refused is named when its own turn comes
             }
         }
+        // Of several for one occurrence the later entry counts.
+        std::reverse(all.begin(), all.end());
+        std::stable_sort(all.begin(), all.end(),
+                         [](const StoredException& a, const StoredException& b) { return a.Original < b.Original; });
+        const auto same = [](const StoredException& a, const StoredException& b) { return a.Original == b.Original; };
+        all.erase(std::unique(all.begin(), all.end(), same), all.end());
         return Step::Next;
-    }
-
-    void AddException(StoredException exception) {
-        std::vector<StoredException>& all = Entry.Item.Exceptions;
-        const auto place =
-            std::lower_bound(all.begin(), all.end(), exception, [](const StoredException& a, const StoredException& b) {
-                return a.Original < b.Original;
-            });
-        if (place != all.end() && place->Original == exception.Original) {
-            *place = std::move(exception); // the later entry counts
-        } else {
-            all.insert(place, std::move(exception));
-        }
     }
 
     // An occurrence whose series is in the file came in with the series, or will.
@@ -134,6 +133,7 @@ class FileReader {
     EventReader Events;
     FileSurvey Survey;
     EventEntry Entry;
+    std::int64_t Offset = 0;
 };
 
 } // namespace

@@ -40,7 +40,7 @@ bool NameZone(std::string& line, ZoneTable& zones, std::string& reason) {
     const std::string name = line.substr(from + quoted, to - from - quoted);
     const Zone* zone = zones.Find(name);
     if (zone == nullptr) {
-        reason = "the time zone \"" + name + "\" is not known";
+        reason = zones.DescribeUnknown(name);
         return false;
     }
     line.replace(from, to - from + quoted,

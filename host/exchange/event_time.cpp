@@ -74,7 +74,7 @@ Reading ReadTime(icalproperty* property, const icaltimetype& value, ZoneTable& z
     if (const char* name = GetZoneName(property); name != nullptr) {
         time.In = zones.Find(name);
         if (time.In == nullptr) {
-            reason = std::string("the time zone \"") + name + "\" is not known";
+            reason = zones.DescribeUnknown(name);
             return Reading::Refused;
         }
     }

@@ -44,9 +44,10 @@ EventMarks FindMarks(const CalendarPiece& piece) {
 
 } // namespace
 
-bool FileSurvey::Take(PieceReader& reader, ZoneTable& zones, FileFault& fault) {
+bool FileSurvey::Take(PieceReader& reader, ZoneTable& zones, const std::function<bool()>& goOn, FileFault& fault) {
     CalendarPiece piece;
-    for (;;) {
+    fault = {};
+    while (goOn()) {
         switch (reader.Read(piece)) {
         case ReadResult::End:
             CloseMasters();
@@ -64,6 +65,7 @@ bool FileSurvey::Take(PieceReader& reader, ZoneTable& zones, FileFault& fault) {
             AddEvent(piece);
         }
     }
+    return false;
 }
 
 void FileSurvey::AddEvent(const CalendarPiece& piece) {

@@ -4,6 +4,7 @@
 #include "host/exchange/event_reader.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -18,8 +19,9 @@ struct PiecePlace {
 
 class FileSurvey {
   public:
-    // Reads the file through. False when it is broken.
-    bool Take(PieceReader& reader, ZoneTable& zones, FileFault& fault);
+    // Reads the file through. False when it is broken; and, with a fault that says nothing, when `goOn`, which is asked
+    // often, does not want to.
+    bool Take(PieceReader& reader, ZoneTable& zones, const std::function<bool()>& goOn, FileFault& fault);
 
     // The single occurrences of a series, in the file's order.
     const std::vector<PiecePlace>& FindOccurrences(const std::string& uid) const;

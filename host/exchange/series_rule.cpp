@@ -1,6 +1,7 @@
 // Tells which repetition rules of other calendars say exactly what one of the store's six types says.
 #include "host/exchange/series_rule.h"
 
+#include "host/outlook/ical_rule.h"
 #include "platform/outlook.h"
 
 #include <array>
@@ -26,14 +27,6 @@ struct StartDay {
 
 StartDay DescribeStart(const icaltimetype& start) {
     return {start.day, start.month, icaltime_day_of_week(start) - 1, icaltime_days_in_month(start.month, start.year)};
-}
-
-template <std::size_t Size> std::span<const short> ListOf(const short (&values)[Size]) {
-    std::size_t count = 0;
-    while (count < Size && values[count] != ICAL_RECURRENCE_ARRAY_MAX) {
-        ++count;
-    }
-    return {values, count};
 }
 
 bool IsEmptyOr(std::span<const short> values, int only) {
@@ -78,8 +71,9 @@ bool IsWeekStartHarmless(int mask, int startWeekday, int weekStart) {
 class Recogniser {
   public:
     Recogniser(const icalrecurrencetype& rule, const icaltimetype& start)
-        : Rule(rule), Start(DescribeStart(start)), Days(ReadDays(ListOf(rule.by_day))),
-          MonthDays(ListOf(rule.by_month_day)), Months(ListOf(rule.by_month)), Positions(ListOf(rule.by_set_pos)) {}
+        : Rule(rule), Start(DescribeStart(start)), Days(ReadDays(outlook::IcalListOf(rule.by_day))),
+          MonthDays(outlook::IcalListOf(rule.by_month_day)), Months(outlook::IcalListOf(rule.by_month)),
+          Positions(outlook::IcalListOf(rule.by_set_pos)) {}
 
     std::optional<SeriesRule> RecogniseDaily() const {
         if (!Months.empty() || !MonthDays.empty() || !Positions.empty() || Days.Ordinal != 0) {
@@ -216,11 +210,12 @@ class Recogniser {
 } // namespace
 
 std::optional<SeriesRule> RecogniseRule(const icalrecurrencetype& rule, const icaltimetype& start) {
-    const bool timesAreTheStarts = IsEmptyOr(ListOf(rule.by_hour), start.hour) &&
-                                   IsEmptyOr(ListOf(rule.by_minute), start.minute) &&
-                                   IsEmptyOr(ListOf(rule.by_second), start.second);
-    if (!timesAreTheStarts || !ListOf(rule.by_year_day).empty() || !ListOf(rule.by_week_no).empty() ||
-        rule.rscale != nullptr || rule.interval < 1 || rule.interval > kLargestInterval) {
+    const bool timesAreTheStarts = IsEmptyOr(outlook::IcalListOf(rule.by_hour), start.hour) &&
+                                   IsEmptyOr(outlook::IcalListOf(rule.by_minute), start.minute) &&
+                                   IsEmptyOr(outlook::IcalListOf(rule.by_second), start.second);
+    if (!timesAreTheStarts || !outlook::IcalListOf(rule.by_year_day).empty() ||
+        !outlook::IcalListOf(rule.by_week_no).empty() || rule.rscale != nullptr || rule.interval < 1 ||
+        rule.interval > kLargestInterval) {
         return std::nullopt;
     }
     const Recogniser recogniser(rule, start);

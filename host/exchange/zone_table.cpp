@@ -51,7 +51,16 @@ bool ZoneTable::Add(const CalendarPiece& piece, FileFault& fault) {
 
 const Zone* ZoneTable::Find(const std::string& tzid) {
     const auto found = Found.find(tzid);
-    return found != Found.end() ? &found->second : Resolve(tzid);
+    if (found != Found.end()) {
+        return &found->second;
+    }
+    // What was looked for in vain is not looked for again: it may take a while, and thousands of entries may name it.
+    return Faults.contains(tzid) ? nullptr : Resolve(tzid);
+}
+
+std::string ZoneTable::DescribeUnknown(const std::string& tzid) const {
+    const auto found = Faults.find(tzid);
+    return "the time zone \"" + tzid + "\" " + (found == Faults.end() ? "is not known" : found->second);
 }
 
 const Zone* ZoneTable::GetUtc() {
@@ -68,9 +77,11 @@ const Zone* ZoneTable::Resolve(const std::string& tzid) {
         return Remember(tzid, tzid, std::move(rules));
     }
     if (const auto own = Definitions.find(tzid); own != Definitions.end()) {
-        std::unique_ptr<ZoneRules> rules = outlook::ParseZoneComponent(own->second);
+        std::string fault;
+        std::unique_ptr<ZoneRules> rules = outlook::ParseZoneComponent(own->second, fault);
         std::string name = MakeStoreName(tzid, own->second);
         if (rules == nullptr || !Sink.DefineZone(name, own->second)) {
+            Faults[tzid] = rules == nullptr ? fault : "cannot be kept";
             return nullptr;
         }
         return Remember(tzid, std::move(name), std::move(rules));
@@ -82,6 +93,7 @@ const Zone* ZoneTable::Resolve(const std::string& tzid) {
             return Remember(tzid, std::move(name), std::move(rules));
         }
     }
+    Faults[tzid] = "is not known";
     return nullptr;
 }
 

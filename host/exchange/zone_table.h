@@ -25,6 +25,8 @@ class ZoneTable {
     bool Add(const CalendarPiece& piece, FileFault& fault);
     // By the name that a time gives; null when neither the file nor the time zone database knows it.
     const Zone* Find(const std::string& tzid);
+    // Why Find gives nothing, as a phrase for people.
+    std::string DescribeUnknown(const std::string& tzid) const;
     const Zone* GetUtc();
 
   private:
@@ -34,6 +36,7 @@ class ZoneTable {
     IEntrySink& Sink;
     std::map<std::string, std::string> Definitions; // the VTIMEZONEs by name
     std::map<std::string, Zone> Found;
+    std::map<std::string, std::string> Faults; // of those looked for in vain
 };
 
 // A clock's reading as libical writes it, without a zone.

@@ -1,12 +1,15 @@
 // Verdicts in words, and the full check.
 #include "host/outlook/diagnosis.h"
 
+#include "host/locale/harmless_text.h"
 #include "host/outlook/item_image.h"
 #include "host/outlook/row_sum.h"
 #include "host/outlook/save_rules.h"
 #include "host/outlook/schema.h"
 #include "host/outlook/store.h"
 #include "host/outlook/store_core.h"
+#include "host/outlook/text.h"
+#include "host/outlook/zone_rules.h"
 
 #include <algorithm>
 #include <array>
@@ -25,6 +28,12 @@ Diagnosis Describe(Verdict state) {
     switch (state) {
     case Verdict::Ok:
         return {state, "The store is in good order.", "", {}};
+    case Verdict::LeavesOut:
+        return {state,
+                "The store is in good order, but something in it cannot be shown: it is left out of listings and"
+                " reminders.",
+                "Import a mended calendar with it again, or take the import back with Undo; all else works.",
+                {}};
     case Verdict::Missing:
         return {state, "There is no store yet.", "It is made when Tavo Calendar starts or a calendar is imported.", {}};
     case Verdict::Damaged:
@@ -102,7 +111,8 @@ std::string DescribeChangedRow(std::string_view table, const std::string& key) {
 // The full check of an open store: SQLite's own, references, then the rules that hold between the tables.
 class FullCheck {
   public:
-    FullCheck(StoreCore& core, std::vector<std::string>& findings) : Core(core), Findings(findings) {}
+    FullCheck(StoreCore& core, std::vector<std::string>& findings, std::vector<std::string>& leftOut)
+        : Core(core), Findings(findings), LeftOut(leftOut) {}
 
     Status Run() {
         Status status = CheckPages();
@@ -117,6 +127,9 @@ class FullCheck {
         }
         if (Succeeded(status)) {
             status = CheckItems();
+        }
+        if (Succeeded(status)) {
+            status = CheckZones();
         }
         return Succeeded(status) ? CheckJournal() : status;
     }
@@ -220,9 +233,30 @@ class FullCheck {
                 return status;
             } else if (const SaveFault fault = CheckAndDerive(item); fault != SaveFault::None) {
                 Find("Item " + std::to_string(oid) + " is impossible: " + std::string(DescribeFault(fault)) + ".");
+            } else if (const std::string rule = Core.Items.Series().FindRuleFault(item); !rule.empty()) {
+                LeaveOut("Item " + std::to_string(oid) + " (" + ToUtf8(item.Subject) + "): " + rule + ".");
             }
         }
         return query.Result();
+    }
+
+    // Items in such a zone keep the times that they had.
+    Status CheckZones() {
+        Query query(Core.Db, "SELECT name, component FROM zone WHERE component IS NOT NULL");
+        while (query.Next()) {
+            std::string fault;
+            if (ParseZoneComponent(std::string(query.Text(1)), fault) == nullptr) {
+                LeaveOut("The time zone \"" + std::string(query.Text(0)) + "\" " + fault +
+                         "; items in it keep the times that they had.");
+            }
+        }
+        return query.Result();
+    }
+
+    void LeaveOut(const std::string& what) {
+        if (LeftOut.size() < kMaxFindings) {
+            LeftOut.push_back(locale::MakeHarmless(what));
+        }
     }
 
     Status CheckJournal() {
@@ -242,6 +276,7 @@ class FullCheck {
 
     StoreCore& Core;
     std::vector<std::string>& Findings;
+    std::vector<std::string>& LeftOut;
 };
 
 bool IsNearlyFull(const std::filesystem::path& path) {
@@ -290,8 +325,9 @@ Diagnosis DiagnoseStore(const std::filesystem::path& path, CheckDepth depth, int
         return Describe(VerdictOf(status));
     }
     Diagnosis diagnosis;
+    std::vector<std::string> leftOut;
     if (depth == CheckDepth::Full) {
-        const Status checked = FullCheck(store->Core(), diagnosis.Findings).Run();
+        const Status checked = FullCheck(store->Core(), diagnosis.Findings, leftOut).Run();
         if (Failed(checked) || !diagnosis.Findings.empty()) {
             Diagnosis found =
                 Describe(Failed(checked) && diagnosis.Findings.empty() ? VerdictOf(checked) : Verdict::Damaged);
@@ -300,7 +336,10 @@ Diagnosis DiagnoseStore(const std::filesystem::path& path, CheckDepth depth, int
         }
     }
     store.reset();
-    return Describe(FindObstacle(path, lockPatience));
+    const Verdict obstacle = FindObstacle(path, lockPatience);
+    diagnosis = Describe(obstacle == Verdict::Ok && !leftOut.empty() ? Verdict::LeavesOut : obstacle);
+    diagnosis.Findings = std::move(leftOut);
+    return diagnosis;
 }
 
 } // namespace tavo::outlook

@@ -7,7 +7,7 @@
 
 namespace tavo::outlook {
 
-enum class Verdict { Ok, Missing, Damaged, Newer, NotOurs, Locked, ReadOnly, DiskFull, Unreadable, Exposed };
+enum class Verdict { Ok, LeavesOut, Missing, Damaged, Newer, NotOurs, Locked, ReadOnly, DiskFull, Unreadable, Exposed };
 
 struct Diagnosis {
     Verdict State = Verdict::Ok;

@@ -1,6 +1,7 @@
-// Foreign rules: read by libical, walked by libical, put together here.
+// Foreign rules: read by libical, walked and put together here.
 #include "host/outlook/foreign_rule.h"
 
+#include "host/outlook/ical_rule.h"
 #include "host/outlook/ical_time.h"
 #include "host/outlook/schema.h"
 
@@ -13,13 +14,8 @@ namespace tavo::outlook {
 namespace {
 
 constexpr std::size_t kMaxLines = 5000;
-constexpr int kMaxWalk = 200000; // occurrences walked to find a counted rule's end
 constexpr Seconds kFirstSpan = 400 * kSecondsPerDay;
 constexpr Seconds kEndOfTime = (kLastStoredDay + 1) * kSecondsPerDay;
-
-struct IteratorCloser {
-    void operator()(icalrecur_iterator* iterator) const { icalrecur_iterator_free(iterator); }
-};
 
 struct PropertyCloser {
     void operator()(icalproperty* property) const { icalproperty_free(property); }
@@ -27,50 +23,17 @@ struct PropertyCloser {
 
 using PropertyPtr = std::unique_ptr<icalproperty, PropertyCloser>;
 
-bool IsCounted(const icalrecurrencetype& rule) {
-    return rule.count > 0;
-}
-
-bool IsEndless(const icalrecurrencetype& rule) {
-    return !IsCounted(rule) && icaltime_is_null_time(rule.until);
-}
-
-// Walks one rule from a time on. `visit` returns false to stop.
-template <class Visit> void WalkRule(const icalrecurrencetype& rule, Seconds start, Seconds from, Visit&& visit) {
-    if (rule.freq == ICAL_HOURLY_RECURRENCE && from > start && !IsCounted(rule)) {
-        // Beginning anywhere in its step gives the same hours; the iterator itself only skips whole days.
-        const Seconds step = std::max<Seconds>(rule.interval, 1) * 3600;
-        start += (from - start) / step * step;
-    }
-    const std::unique_ptr<icalrecur_iterator, IteratorCloser> iterator(
-        icalrecur_iterator_new(rule, IcalFromSeconds(start)));
-    if (iterator == nullptr) {
-        return;
-    }
-    if (from > start && !IsCounted(rule) && rule.freq != ICAL_HOURLY_RECURRENCE) {
-        icalrecur_iterator_set_start(iterator.get(), IcalFromSeconds(from));
-    }
-    for (;;) {
-        const icaltimetype next = icalrecur_iterator_next(iterator.get());
-        if (icaltime_is_null_time(next)) {
-            return;
-        }
-        const Seconds time = SecondsFromIcal(next);
-        if (time >= kEndOfTime || !visit(time)) {
-            return;
-        }
-    }
-}
-
 } // namespace
 
 struct ForeignRule::Parts {
     Seconds Start = 0;
-    std::vector<icalrecurrencetype> Rules;
-    std::vector<icalrecurrencetype> ExceptRules;
+    std::vector<RecurrenceRule> Rules;
+    std::vector<RecurrenceRule> ExceptRules;
     std::vector<RuleOccurrence> Dates; // sorted
     std::vector<Seconds> ExceptDates;  // sorted
     std::vector<DayNumber> ExceptDays; // sorted: whole days that an EXDATE without a time takes out
+    std::int64_t StartsPerDay = 0;     // of all rules together, at most
+    Seconds LastCounted = 0;           // the last start of the rules with a count
 };
 
 namespace {
@@ -85,10 +48,16 @@ class LineReader {
         const icalproperty_kind kind = property == nullptr ? ICAL_NO_PROPERTY : icalproperty_isa(property.get());
         bool read = false;
         if (kind == ICAL_RRULE_PROPERTY || kind == ICAL_EXRULE_PROPERTY) {
-            icalrecurrencetype rule = kind == ICAL_RRULE_PROPERTY ? icalproperty_get_rrule(property.get())
-                                                                  : icalproperty_get_exrule(property.get());
-            read = AdjustRule(rule, fault);
-            (kind == ICAL_RRULE_PROPERTY ? parts.Rules : parts.ExceptRules).push_back(rule);
+            const bool adds = kind == ICAL_RRULE_PROPERTY;
+            RecurrenceRule rule;
+            read = ReadRule(adds ? icalproperty_get_rrule(property.get()) : icalproperty_get_exrule(property.get()),
+                            rule, fault);
+            parts.StartsPerDay += read ? CountStartsPerDay(rule) : 0;
+            if (parts.StartsPerDay > kMostStartsPerDay) {
+                fault = "it recurs more often than " + std::to_string(kMostStartsPerDay) + " times a day";
+                return false;
+            }
+            (adds ? parts.Rules : parts.ExceptRules).push_back(std::move(rule));
         } else if (kind == ICAL_RDATE_PROPERTY || kind == ICAL_EXDATE_PROPERTY) {
             read = ReadDates(property.get(), line, kind == ICAL_RDATE_PROPERTY, parts);
         }
@@ -99,23 +68,12 @@ class LineReader {
     }
 
   private:
-    bool AdjustRule(icalrecurrencetype& rule, std::string& fault) const {
-        if (rule.freq == ICAL_NO_RECURRENCE) {
+    bool ReadRule(const icalrecurrencetype& ical, RecurrenceRule& rule, std::string& fault) const {
+        if (!ReadIcalRule(ical, rule, fault)) {
             return false;
         }
-        if (rule.freq == ICAL_SECONDLY_RECURRENCE || rule.freq == ICAL_MINUTELY_RECURRENCE) {
-            fault = "it recurs more often than once an hour";
-            return false;
-        }
-        if (!icaltime_is_null_time(rule.until)) {
-            // The iterator compares digits: give it the digits of the series' own clock.
-            Seconds until = SecondsFromIcal(rule.until);
-            if (rule.until.is_date != 0) {
-                until += kSecondsPerDay - 1;
-            } else if (icaltime_is_utc(rule.until) != 0 && Own != nullptr) {
-                until = Own->ToLocal(until);
-            }
-            rule.until = IcalFromSeconds(until);
+        if (rule.Until && icaltime_is_utc(ical.until) != 0 && ical.until.is_date == 0 && Own != nullptr) {
+            rule.Until = Own->ToLocal(*rule.Until); // the walk goes by the series' own clock
         }
         return true;
     }
@@ -222,30 +180,45 @@ std::unique_ptr<ForeignRule> ForeignRule::Parse(std::string_view lines, Seconds 
     std::stable_sort(parts->Dates.begin(), parts->Dates.end(), byStart);
     std::sort(parts->ExceptDates.begin(), parts->ExceptDates.end());
     std::sort(parts->ExceptDays.begin(), parts->ExceptDays.end());
+    ExpansionBudget budget(kStepsOfCount);
+    for (const RecurrenceRule& rule : parts->Rules) {
+        RuleWalk walk(rule, start, start, budget);
+        while (const std::optional<Seconds> time = rule.Count > 0 ? walk.Next() : std::nullopt) {
+            parts->LastCounted = std::max(parts->LastCounted, *time);
+        }
+    }
+    if (budget.IsSpent()) {
+        fault = "its number of occurrences takes too long to count";
+        return nullptr;
+    }
     return std::unique_ptr<ForeignRule>(new ForeignRule(std::move(parts)));
 }
 
-void ForeignRule::Expand(Seconds from, Seconds to, std::vector<RuleOccurrence>& occurrences) const {
+void ForeignRule::Expand(Seconds from, Seconds to, std::vector<RuleOccurrence>& occurrences,
+                         ExpansionBudget& budget) const {
     std::vector<RuleOccurrence> found;
     for (const RuleOccurrence& date : Rule->Dates) {
         if (date.Start >= from && date.Start <= to) {
             found.push_back(date);
         }
     }
-    for (const icalrecurrencetype& rule : Rule->Rules) {
-        WalkRule(rule, Rule->Start, from, [&](Seconds time) {
-            if (time >= from && time <= to) {
-                found.push_back({time, std::nullopt});
-            }
-            return time <= to;
-        });
+    const auto walk = [&](const RecurrenceRule& rule, const auto& visit) {
+        RecurrenceRule bounded = rule;
+        bounded.Until = std::min(rule.Until.value_or(to), to);
+        RuleWalk steps(bounded, Rule->Start, from, budget);
+        while (const std::optional<Seconds> time = steps.Next()) {
+            visit(*time);
+        }
+    };
+    for (const RecurrenceRule& rule : Rule->Rules) {
+        walk(rule, [&found](Seconds time) { found.push_back({time, std::nullopt}); });
     }
-    std::vector<Seconds> except = Rule->ExceptDates;
-    for (const icalrecurrencetype& rule : Rule->ExceptRules) {
-        WalkRule(rule, Rule->Start, from, [&](Seconds time) {
-            except.push_back(time);
-            return time <= to;
-        });
+    std::vector<Seconds> except;
+    for (const RecurrenceRule& rule : Rule->ExceptRules) {
+        walk(rule, [&except](Seconds time) { except.push_back(time); });
+    }
+    if (budget.IsSpent()) {
+        return; // a part of the occurrences would be taken for all of them
     }
     std::sort(except.begin(), except.end());
     // Of equal starts the one from a period of its own length stays.
@@ -258,6 +231,7 @@ void ForeignRule::Expand(Seconds from, Seconds to, std::vector<RuleOccurrence>& 
         const bool twice = occurrences.size() > before && occurrences.back().Start == occurrence.Start;
         const bool excepted =
             std::binary_search(except.begin(), except.end(), occurrence.Start) ||
+            std::binary_search(Rule->ExceptDates.begin(), Rule->ExceptDates.end(), occurrence.Start) ||
             std::binary_search(Rule->ExceptDays.begin(), Rule->ExceptDays.end(), DayOf(occurrence.Start));
         if (!twice && !excepted) {
             occurrences.push_back(occurrence);
@@ -265,12 +239,13 @@ void ForeignRule::Expand(Seconds from, Seconds to, std::vector<RuleOccurrence>& 
     }
 }
 
-std::optional<RuleOccurrence> ForeignRule::FindFirst(const std::function<bool(Seconds)>& isExcepted) const {
+std::optional<RuleOccurrence> ForeignRule::FindFirst(const std::function<bool(Seconds)>& isExcepted,
+                                                     ExpansionBudget& budget) const {
     Seconds from = Rule->Dates.empty() ? Rule->Start : std::min(Rule->Start, Rule->Dates.front().Start);
-    for (Seconds span = kFirstSpan; from < kEndOfTime; span *= 8) {
+    for (Seconds span = kFirstSpan; from < kEndOfTime && !budget.IsSpent(); span *= 8) {
         const Seconds to = std::min(from + span, kEndOfTime);
         std::vector<RuleOccurrence> found;
-        Expand(from, to, found);
+        Expand(from, to, found, budget);
         for (const RuleOccurrence& occurrence : found) {
             if (!isExcepted(occurrence.Start)) {
                 return occurrence;
@@ -281,24 +256,23 @@ std::optional<RuleOccurrence> ForeignRule::FindFirst(const std::function<bool(Se
     return std::nullopt;
 }
 
+bool ForeignRule::TakesPlace() const {
+    if (!Rule->Dates.empty()) {
+        return true;
+    }
+    ExpansionBudget budget(kStepsOfExpansion);
+    return std::any_of(Rule->Rules.begin(), Rule->Rules.end(), [&](const RecurrenceRule& rule) {
+        return RuleWalk(rule, Rule->Start, Rule->Start, budget).Next().has_value();
+    });
+}
+
 Seconds ForeignRule::FindLastStart() const {
     Seconds last = Rule->Dates.empty() ? Rule->Start : std::max(Rule->Start, Rule->Dates.back().Start);
-    for (const icalrecurrencetype& rule : Rule->Rules) {
-        if (IsEndless(rule)) {
+    for (const RecurrenceRule& rule : Rule->Rules) {
+        if (rule.IsEndless()) {
             return kForever;
         }
-        if (!IsCounted(rule)) {
-            last = std::max(last, SecondsFromIcal(rule.until));
-            continue;
-        }
-        int walked = 0;
-        WalkRule(rule, Rule->Start, Rule->Start, [&](Seconds time) {
-            last = std::max(last, time);
-            return ++walked < kMaxWalk;
-        });
-        if (walked >= kMaxWalk) {
-            return kForever;
-        }
+        last = std::max(last, rule.Count > 0 ? Rule->LastCounted : *rule.Until);
     }
     return last;
 }

@@ -1,6 +1,7 @@
 // Recurrence rules of other calendars that the device's six types cannot say.
 #pragma once
 
+#include "host/outlook/expansion_budget.h"
 #include "host/outlook/wall_time.h"
 #include "host/outlook/zone_rules.h"
 
@@ -26,7 +27,8 @@ using ZoneLookup = std::function<const ZoneRules*(const std::string& name)>;
 // clock of the series' own zone (the device's, for a floating one).
 class ForeignRule {
   public:
-    // Null when a line cannot be read or is not one of the four; `fault` then says which and why, for people.
+    // Null when a line cannot be read or is not one of the four, and when the rules ask for more work than any item
+    // may; `fault` then says which and why, for people.
     // `own` is the zone of the series, null for a floating one.
     static std::unique_ptr<ForeignRule> Parse(std::string_view lines, Seconds start, const ZoneRules* own,
                                               const ZoneLookup& lookup, std::string& fault);
@@ -34,11 +36,14 @@ class ForeignRule {
     ForeignRule(const ForeignRule&) = delete;
     ForeignRule& operator=(const ForeignRule&) = delete;
 
-    // Adds the occurrences with from <= start <= to, in order, each once.
-    void Expand(Seconds from, Seconds to, std::vector<RuleOccurrence>& occurrences) const;
-    // The first that `isExcepted` does not take out.
-    std::optional<RuleOccurrence> FindFirst(const std::function<bool(Seconds)>& isExcepted) const;
-    // A time after which nothing starts; kForever when the rule is endless or too long to walk.
+    // Adds the occurrences with from <= start <= to, in order, each once; none when the budget does not suffice.
+    void Expand(Seconds from, Seconds to, std::vector<RuleOccurrence>& occurrences, ExpansionBudget& budget) const;
+    // The first that `isExcepted` does not take out; nothing also when the budget does not suffice.
+    std::optional<RuleOccurrence> FindFirst(const std::function<bool(Seconds)>& isExcepted,
+                                            ExpansionBudget& budget) const;
+    // False when its rules make no occurrence at all, whatever is taken out.
+    bool TakesPlace() const;
+    // A time after which nothing starts; kForever when the rule is endless.
     Seconds FindLastStart() const;
 
   private:

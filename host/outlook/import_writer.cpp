@@ -92,9 +92,12 @@ Status ImportWriter::Work::Replace(Oid oid, StoredItem& item, std::int64_t sourc
     // Exceptions that come by themselves follow; until then they stay as they were. Those made here stay with their
     // rule.
     const bool sameRule = RecursAlike(before, item);
+    std::set<Seconds> brought;
+    for (const StoredException& exception : item.Exceptions) {
+        brought.insert(exception.Original);
+    }
     for (const StoredException& exception : before.Exceptions) {
-        const bool again = std::any_of(item.Exceptions.begin(), item.Exceptions.end(),
-                                       [&](const StoredException& one) { return one.Original == exception.Original; });
+        const bool again = brought.contains(exception.Original);
         const bool stays = CameByItself(exception) || (exception.Source == kMadeHere && sameRule);
         if (stays && !again && item.IsRecurring()) {
             item.Exceptions.push_back(exception);
@@ -124,6 +127,10 @@ Status ImportWriter::Write(const StoredItem& given, ImportOutcome& outcome) {
     }
     if (const SaveFault fault = CheckAndDerive(item); fault != SaveFault::None) {
         Refuse(outcome, DescribeFault(fault));
+        return Status::Ok;
+    }
+    if (const std::string fault = core.Items.Series().FindRuleFault(item); !fault.empty()) {
+        Refuse(outcome, fault);
         return Status::Ok;
     }
     const std::int64_t fingerprint = FingerprintOf(item);

@@ -26,7 +26,7 @@ class ItemTable {
     Status ReadSource(Oid oid, std::int64_t& source);
 
     // The item must have passed CheckAndDerive; its wall-clock times are set from those of its zone. `fault` says what
-    // is wrong when its zone or foreign rule is not understood (InvalidArgument). `source` is 0 for an item made here.
+    // is wrong when its zone is not understood (InvalidArgument). `source` is 0 for an item made here.
     Status Insert(StoredItem& item, std::int64_t source, std::string& fault);
     // Likewise for the item with this OID, as a whole.
     Status Update(StoredItem& item, Ink ink, std::int64_t source, std::string& fault);

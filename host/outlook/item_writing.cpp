@@ -51,7 +51,8 @@ Status ItemTable::Prepare(StoredItem& item, SeriesRow& series, std::string& faul
     series.Start = floating ? item.Start : item.ZoneStart;
     series.Length = floating ? item.End - item.Start : item.ZoneEnd - item.ZoneStart;
     series.Pattern = item.Pattern;
-    return Expander.FindBounds(series, item.ForeignRule, item.Exceptions, fault);
+    Expander.FindBounds(series, item.ForeignRule, item.Exceptions);
+    return Status::Ok;
 }
 
 Status ItemTable::WriteRow(const char* sql, const StoredItem& item, ZoneId zone, std::int64_t source) {

@@ -12,7 +12,7 @@ namespace tavo::outlook {
 namespace {
 
 // Two clocks are never further apart.
-constexpr Seconds kClockSlack = Seconds{28} * 3600;
+constexpr Seconds kClockSlack = 2 * kLargestZoneOffset;
 
 ZoneLookup LookupIn(ZoneCache& zones) {
     return [&zones](const std::string& name) { return zones.RulesByName(name); };
@@ -47,7 +47,8 @@ void SeriesExpander::ExpandPattern(const SeriesRow& series, Seconds from, Second
     }
 }
 
-Status SeriesExpander::ExpandForeign(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries) {
+Status SeriesExpander::ExpandForeign(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries,
+                                     ExpansionBudget& budget) {
     Query query(Source, "SELECT rule FROM foreign_rule WHERE oid = ?");
     if (!query.Bind(series.Item).Next()) {
         return Failed(query.Result()) ? query.Result() : Status::Corrupt;
@@ -55,10 +56,13 @@ Status SeriesExpander::ExpandForeign(const SeriesRow& series, Seconds from, Seco
     std::string fault;
     const auto rule = ForeignRule::Parse(query.Text(0), series.Start, Zones.Rules(series.Zone), LookupIn(Zones), fault);
     if (rule == nullptr) {
-        return Status::Ok; // a zone it names is no longer known: nothing can be said of it
+        return Status::False;
     }
     std::vector<RuleOccurrence> occurrences;
-    rule->Expand(from, to, occurrences);
+    rule->Expand(from, to, occurrences, budget);
+    if (budget.IsSpent()) {
+        return Status::False;
+    }
     for (const RuleOccurrence& occurrence : occurrences) {
         entries.push_back(MakeEntry(series, occurrence.Start, occurrence.Length.value_or(series.Length)));
     }
@@ -107,13 +111,22 @@ void SeriesExpander::ToDeviceClock(const SeriesRow& series, Seconds from, Second
 }
 
 Status SeriesExpander::Expand(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries) {
+    ExpansionBudget budget(kStepsOfExpansion);
+    return Expand(series, from, to, entries, budget);
+}
+
+Status SeriesExpander::Expand(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries,
+                              ExpansionBudget& budget) {
     const std::size_t since = entries.size();
     const bool zoned = series.Zone != kFloating;
     const Seconds ownFrom = zoned ? from - kClockSlack : from;
     const Seconds ownTo = zoned ? to + kClockSlack : to;
     Status status = Status::Ok;
     if (series.Pattern.Type == kRecursForeign) {
-        status = ExpandForeign(series, ownFrom, ownTo, entries);
+        status = ExpandForeign(series, ownFrom, ownTo, entries, budget);
+        if (status == Status::False) {
+            return Status::Ok; // left out whole, with what was moved
+        }
     } else {
         ExpandPattern(series, ownFrom, ownTo, entries);
     }
@@ -143,23 +156,41 @@ struct SeriesExpander::RuleSpan {
     }
 };
 
-Status SeriesExpander::FindBounds(SeriesRow& series, const std::string& foreignRule,
-                                  const std::vector<StoredException>& exceptions, std::string& fault) {
+std::string SeriesExpander::FindRuleFault(const StoredItem& item) {
+    if (item.Pattern.Type != kRecursForeign) {
+        return "";
+    }
+    std::string fault;
+    const Seconds start = item.Zone.empty() ? item.Start : item.ZoneStart;
+    const ZoneRules* own = item.Zone.empty() ? nullptr : Zones.RulesByName(item.Zone);
+    const auto rule = ForeignRule::Parse(item.ForeignRule, start, own, LookupIn(Zones), fault);
+    return rule != nullptr && !rule->TakesPlace() ? "its recurrence never takes place" : fault;
+}
+
+void SeriesExpander::FindBounds(SeriesRow& series, const std::string& foreignRule,
+                                const std::vector<StoredException>& exceptions) {
     RuleSpan span;
-    const auto isExcepted = [&exceptions](Seconds original) {
-        return std::any_of(exceptions.begin(), exceptions.end(),
-                           [original](const StoredException& exception) { return exception.Original == original; });
+    std::vector<Seconds> originals;
+    originals.reserve(exceptions.size());
+    for (const StoredException& exception : exceptions) {
+        originals.push_back(exception.Original);
+    }
+    std::sort(originals.begin(), originals.end());
+    const auto isExcepted = [&originals](Seconds original) {
+        return std::binary_search(originals.begin(), originals.end(), original);
     };
     bool endless = false;
+    bool leftOut = false;
     if (series.Pattern.Type == kRecursForeign) {
+        std::string fault;
         const auto rule =
             ForeignRule::Parse(foreignRule, series.Start, Zones.Rules(series.Zone), LookupIn(Zones), fault);
-        if (rule == nullptr) {
-            return Status::InvalidArgument;
-        }
-        const Seconds last = rule->FindLastStart();
+        leftOut = rule == nullptr;
+        const Seconds last = leftOut ? 0 : rule->FindLastStart();
         endless = last == kForever;
-        if (const std::optional<RuleOccurrence> first = rule->FindFirst(isExcepted); first) {
+        ExpansionBudget budget(kStepsOfExpansion);
+        const std::optional<RuleOccurrence> first = leftOut ? std::nullopt : rule->FindFirst(isExcepted, budget);
+        if (first) {
             span.Take(first->Start, first->Start + first->Length.value_or(series.Length));
             // A period of an RDATE may be the longest.
             span.LastEnd = std::max(span.LastEnd, endless ? kForever : last + 32 * kSecondsPerDay);
@@ -181,7 +212,7 @@ Status SeriesExpander::FindBounds(SeriesRow& series, const std::string& foreignR
     }
     endless = endless && span.Any;
     for (const StoredException& exception : exceptions) {
-        if (exception.Kind == ExceptionKind::Moved) {
+        if (exception.Kind == ExceptionKind::Moved && !leftOut) {
             span.Take(exception.Start, exception.End);
         }
     }
@@ -189,7 +220,7 @@ Status SeriesExpander::FindBounds(SeriesRow& series, const std::string& foreignR
         series.First = Zones.ToWall(series.Zone, series.Start);
         series.FirstLength = series.Length;
         series.Until = kNoOccurrence;
-        return Status::Ok;
+        return;
     }
     series.First = Zones.ToWall(series.Zone, span.First);
     series.FirstLength = std::max<Seconds>(Zones.ToWall(series.Zone, span.FirstEnd) - series.First, 0);
@@ -197,7 +228,6 @@ Status SeriesExpander::FindBounds(SeriesRow& series, const std::string& foreignR
     series.Until = endless                    ? kForever
                    : series.Zone == kFloating ? span.LastEnd
                                               : Zones.ToWall(series.Zone, span.LastEnd) + kSecondsPerDay;
-    return Status::Ok;
 }
 
 Status ReadSeriesTouching(Database& database, Seconds from, Seconds to, std::vector<SeriesRow>& rows) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/outlook/database.h"
+#include "host/outlook/expansion_budget.h"
 #include "host/outlook/stored_item.h"
 #include "host/outlook/zone_cache.h"
 
@@ -47,19 +48,27 @@ class SeriesExpander {
   public:
     SeriesExpander(Database& database, ZoneCache& zones) : Source(database), Zones(zones) {}
 
-    // Adds the occurrences that start between `from` and `to` on the device's clock, in no particular order.
+    // Adds the occurrences that start between `from` and `to` on the device's clock, in no particular order. Nothing is
+    // added for a series with a fault of its rule (see FindRuleFault).
     Status Expand(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries);
+    // The same; nothing is added either when the budget does not suffice.
+    Status Expand(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries,
+                  ExpansionBudget& budget);
 
-    // Works out First, FirstLength and Until from the rest. InvalidArgument, with a reason, for a foreign rule that
-    // cannot be read.
-    Status FindBounds(SeriesRow& series, const std::string& foreignRule, const std::vector<StoredException>& exceptions,
-                      std::string& fault);
+    // Why the item's foreign rule gives no occurrence: it cannot be read, asks for more work than any item may, or says
+    // nothing. One phrase, for people; "" when it is in order, and for all other items.
+    std::string FindRuleFault(const StoredItem& item);
+
+    // Works out First, FirstLength and Until from the rest. A rule with a fault has no occurrence.
+    void FindBounds(SeriesRow& series, const std::string& foreignRule, const std::vector<StoredException>& exceptions);
 
   private:
     struct RuleSpan;
 
     void ExpandPattern(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries);
-    Status ExpandForeign(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries);
+    // False when the rule has a fault, and when the budget does not suffice.
+    Status ExpandForeign(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries,
+                         ExpansionBudget& budget);
     Status ApplyExceptions(const SeriesRow& series, Seconds from, Seconds to, std::size_t since,
                            std::vector<Entry>& entries);
     void ToDeviceClock(const SeriesRow& series, Seconds from, Seconds to, std::size_t since,

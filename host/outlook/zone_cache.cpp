@@ -22,7 +22,9 @@ const ZoneCache::Zone& ZoneCache::Load(ZoneId zone) {
     Query query(Source, "SELECT name, component FROM zone WHERE id = ?");
     if (query.Bind(zone).Next()) {
         loaded.Name = query.Text(0);
-        loaded.Rules = query.IsNull(1) ? LoadSystemZone(loaded.Name) : ParseZoneComponent(std::string(query.Text(1)));
+        std::string fault;
+        loaded.Rules =
+            query.IsNull(1) ? LoadSystemZone(loaded.Name) : ParseZoneComponent(std::string(query.Text(1)), fault);
     }
     return Zones.emplace(zone, std::move(loaded)).first->second;
 }
@@ -72,7 +74,8 @@ Status ZoneCache::Define(const std::string& name, const std::string& component, 
     if (LoadSystemZone(name) != nullptr) {
         return Status::Ok; // the zone database is newer than what came along
     }
-    if (ParseZoneComponent(component) == nullptr) {
+    std::string fault;
+    if (ParseZoneComponent(component, fault) == nullptr) {
         return Status::InvalidArgument;
     }
     // Different calendars give different zones the same name: the second one gets a number.

@@ -1,15 +1,21 @@
 // Time zones that come inside a calendar, as VTIMEZONE components.
+#include "host/outlook/ical_rule.h"
 #include "host/outlook/ical_time.h"
 #include "host/outlook/zone_rules.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <limits>
 
 namespace tavo::outlook {
 
 namespace {
 
-// A zone does not change its clock more often than this; a longer list is somebody's mischief.
+// A zone is not described in more lines, nor does it change its clock more often; what is longer is somebody's
+// mischief.
+constexpr std::ptrdiff_t kMaxLines = 5000;
 constexpr std::size_t kMaxTransitions = 20000;
+constexpr const char* kTooMuch = "changes its clock in more ways than can be worked out";
 
 struct ComponentCloser {
     void operator()(icalcomponent* component) const { icalcomponent_free(component); }
@@ -34,31 +40,31 @@ bool ReadObservance(icalcomponent* part, Observance& observance) {
     return true;
 }
 
-void AppendRule(icalproperty* property, const Observance& observance, std::vector<ZoneTransition>& transitions) {
-    icalrecurrencetype rule = icalproperty_get_rrule(property);
-    if (!icaltime_is_null_time(rule.until) && icaltime_is_utc(rule.until) != 0) {
-        // Onsets are local times; the iterator compares digits.
-        rule.until = IcalFromSeconds(SecondsFromIcal(rule.until) + observance.From);
-    }
-    if (rule.freq != ICAL_YEARLY_RECURRENCE && rule.freq != ICAL_MONTHLY_RECURRENCE) {
+void AppendRule(icalproperty* property, const Observance& observance, ExpansionBudget& budget,
+                std::vector<ZoneTransition>& transitions) {
+    const icalrecurrencetype ical = icalproperty_get_rrule(property);
+    RecurrenceRule rule;
+    std::string fault;
+    if (!ReadIcalRule(ical, rule, fault) || rule.Every < Frequency::Monthly) {
         return; // zones change by the year; anything finer would be mischief
     }
-    icalrecur_iterator* iterator = icalrecur_iterator_new(rule, IcalFromSeconds(observance.Start));
-    while (iterator != nullptr && transitions.size() < kMaxTransitions) {
-        const icaltimetype onset = icalrecur_iterator_next(iterator);
-        if (icaltime_is_null_time(onset) || onset.year > kZoneHorizonYear) {
-            break;
-        }
-        transitions.push_back({SecondsFromIcal(onset) - observance.From, observance.To});
+    if (rule.Until && icaltime_is_utc(ical.until) != 0) {
+        rule.Until = *rule.Until + observance.From; // onsets are local times
     }
-    icalrecur_iterator_free(iterator);
+    const Seconds horizon = MakeTime(kZoneHorizonYear + 1, 1, 1) - 1;
+    rule.Until = std::min(rule.Until.value_or(horizon), horizon);
+    RuleWalk walk(rule, observance.Start, observance.Start, budget);
+    while (const std::optional<Seconds> onset = walk.Next()) {
+        transitions.push_back({*onset - observance.From, observance.To});
+    }
 }
 
-void AppendObservance(icalcomponent* part, const Observance& observance, std::vector<ZoneTransition>& transitions) {
+void AppendObservance(icalcomponent* part, const Observance& observance, ExpansionBudget& budget,
+                      std::vector<ZoneTransition>& transitions) {
     transitions.push_back({observance.Start - observance.From, observance.To});
     for (icalproperty* property = icalcomponent_get_first_property(part, ICAL_RRULE_PROPERTY); property != nullptr;
          property = icalcomponent_get_next_property(part, ICAL_RRULE_PROPERTY)) {
-        AppendRule(property, observance, transitions);
+        AppendRule(property, observance, budget, transitions);
     }
     for (icalproperty* property = icalcomponent_get_first_property(part, ICAL_RDATE_PROPERTY);
          property != nullptr && transitions.size() < kMaxTransitions;
@@ -72,7 +78,12 @@ void AppendObservance(icalcomponent* part, const Observance& observance, std::ve
 
 } // namespace
 
-std::unique_ptr<ZoneRules> ParseZoneComponent(const std::string& text) {
+std::unique_ptr<ZoneRules> ParseZoneComponent(const std::string& text, std::string& fault) {
+    if (std::count(text.begin(), text.end(), '\n') > kMaxLines) {
+        fault = kTooMuch;
+        return nullptr;
+    }
+    fault = "cannot be read";
     const std::unique_ptr<icalcomponent, ComponentCloser> zone(icalparser_parse_string(text.c_str()));
     if (zone == nullptr || icalcomponent_isa(zone.get()) != ICAL_VTIMEZONE_COMPONENT) {
         return nullptr;
@@ -80,17 +91,26 @@ std::unique_ptr<ZoneRules> ParseZoneComponent(const std::string& text) {
     std::vector<ZoneTransition> transitions;
     Seconds earliest = std::numeric_limits<Seconds>::max();
     std::int32_t firstOffset = 0;
+    ExpansionBudget budget(kStepsOfZone);
     for (icalcomponent* part = icalcomponent_get_first_component(zone.get(), ICAL_ANY_COMPONENT); part != nullptr;
          part = icalcomponent_get_next_component(zone.get(), ICAL_ANY_COMPONENT)) {
         Observance observance;
         if (!ReadObservance(part, observance)) {
             continue;
         }
+        if (std::abs(observance.From) >= kLargestZoneOffset || std::abs(observance.To) >= kLargestZoneOffset) {
+            fault = "is 24 hours or more away from universal time";
+            return nullptr;
+        }
         if (observance.Start < earliest) {
             earliest = observance.Start;
             firstOffset = observance.From;
         }
-        AppendObservance(part, observance, transitions);
+        AppendObservance(part, observance, budget, transitions);
+        if (budget.IsSpent() || transitions.size() > kMaxTransitions) {
+            fault = kTooMuch;
+            return nullptr;
+        }
     }
     return transitions.empty() ? nullptr : std::make_unique<ZoneRules>(firstOffset, std::move(transitions));
 }

@@ -21,6 +21,9 @@ struct ZoneTransition {
 // of the same calendar among the last 28.
 constexpr int kZoneHorizonYear = 2137;
 
+// No clock is further from universal time, or as far.
+constexpr Seconds kLargestZoneOffset = kSecondsPerDay;
+
 class ZoneRules {
   public:
     // The transitions need not be sorted. `firstOffset` holds before the first of them.
@@ -42,8 +45,9 @@ class ZoneRules {
 // From the bytes of a compiled time zone file; null when they are not one.
 std::unique_ptr<ZoneRules> ParseZoneFile(std::string_view bytes);
 
-// From the text of a VTIMEZONE component; null when it is not one.
-std::unique_ptr<ZoneRules> ParseZoneComponent(const std::string& text);
+// From the text of a VTIMEZONE component; null when it is not one, or none that a clock could follow: `fault` is then a
+// phrase for people, as it follows "the time zone".
+std::unique_ptr<ZoneRules> ParseZoneComponent(const std::string& text, std::string& fault);
 
 // From the system's time zone database; null when it has no zone of that name.
 std::unique_ptr<ZoneRules> LoadSystemZone(const std::string& name);

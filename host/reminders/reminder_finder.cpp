@@ -1,6 +1,7 @@
 // Looks through the reminders of each lead; series are expanded around the time in question.
 #include "host/reminders/reminder_finder.h"
 
+#include "host/outlook/expansion_budget.h"
 #include "host/outlook/item_rows.h"
 
 #include <algorithm>
@@ -128,12 +129,12 @@ Status ReminderFinder::WalkPlain(const PlainSpan& span, const Visit& visit) {
 }
 
 Status ReminderFinder::WalkSeries(const RemindingSeries& series, std::int64_t from, std::int64_t to,
-                                  const Visit& visit) {
+                                  outlook::ExpansionBudget& budget, const Visit& visit) {
     if (series.Row.First > to || series.Row.Until < from) {
         return Status::Ok;
     }
     Entries.clear();
-    Status status = Core.Items.Series().Expand(series.Row, from, to, Entries);
+    Status status = Core.Items.Series().Expand(series.Row, from, to, Entries, budget);
     for (const Entry& entry : Entries) {
         DueReminder reminder;
         if (Succeeded(status)) {
@@ -160,7 +161,8 @@ Status ReminderFinder::FindDue(Moment after, Moment upTo, const Visit& visit) {
     }
     for (const RemindingSeries& series : Series) {
         if (Succeeded(status)) {
-            status = WalkSeries(series, from + series.Lead, to + series.Lead, visitDue);
+            outlook::ExpansionBudget budget(outlook::kStepsOfExpansion);
+            status = WalkSeries(series, from + series.Lead, to + series.Lead, budget, visitDue);
         }
     }
     return status;
@@ -179,7 +181,8 @@ Status ReminderFinder::FindAhead(Moment now, const Visit& visit) {
     }
     for (const RemindingSeries& series : Series) {
         if (Succeeded(status)) {
-            status = WalkSeries(series, wall - kSlack, wall + series.Lead + kSlack, visitAhead);
+            outlook::ExpansionBudget budget(outlook::kStepsOfExpansion);
+            status = WalkSeries(series, wall - kSlack, wall + series.Lead + kSlack, budget, visitAhead);
         }
     }
     return status;
@@ -209,18 +212,27 @@ Status ReminderFinder::FindNextOfSeries(Moment after, Moment& best) {
     const std::int64_t wall = Core.Zones.UtcToWall(after);
     Status status = ReadSeries(wall - kSlack);
     std::int64_t from = wall - kSlack;
+    outlook::ExpansionBudget all(outlook::kStepsOfNextReminder);
     // Everything that is due before a plain item's reminder starts soon: that far all series are looked at.
     for (Moment reach = kFirstReach; reach <= kFarthestReach && Succeeded(status); reach *= 4) {
-        const std::int64_t all = wall + reach;
-        const std::int64_t to = best == outlook::kForever ? all : std::min(all, Core.Zones.UtcToWall(best) + kSlack);
+        const std::int64_t farthest = wall + reach;
+        const std::int64_t to =
+            best == outlook::kForever ? farthest : std::min(farthest, Core.Zones.UtcToWall(best) + kSlack);
         for (const RemindingSeries& series : Series) {
+            outlook::ExpansionBudget own(outlook::kStepsOfExpansion);
             if (Succeeded(status)) {
-                status = WalkSeries(series, from + series.Lead, to + series.Lead, [&](const DueReminder& reminder) {
-                    if (reminder.At > after) {
-                        best = std::min(best, reminder.At);
-                    }
-                });
+                status = WalkSeries(series, from + series.Lead, to + series.Lead, reach == kFirstReach ? own : all,
+                                    [&](const DueReminder& reminder) {
+                                        if (reminder.At > after) {
+                                            best = std::min(best, reminder.At);
+                                        }
+                                    });
             }
+        }
+        if (all.IsSpent()) {
+            // Up to here all series were looked through; from a day before it on they are another time.
+            best = std::min(best, after + (from - wall) - kSlack);
+            break;
         }
         from = to;
         if (best != outlook::kForever && Core.Zones.UtcToWall(best) + kSlack <= to) {

@@ -20,7 +20,8 @@ class ReminderFinder {
     Status FindDue(Moment after, Moment upTo, const Visit& visit);
     // Every reminder with due <= now < start.
     Status FindAhead(Moment now, const Visit& visit);
-    // When the next reminder after this moment is due; nothing when there is none.
+    // When the next reminder after this moment is due; nothing when there is none. Where series take long to look
+    // through it may be an earlier moment, up to which nothing is due and at which to ask again.
     Status FindNext(Moment after, std::optional<Moment>& next);
     // When it is due in the zone of today; nothing when its item is gone or does not remind.
     Status FindTime(const ReminderKey& key, std::optional<Moment>& due);
@@ -49,8 +50,9 @@ class ReminderFinder {
     Status ReadSeries(std::int64_t from);
     // Plain items in a span, in no order.
     Status WalkPlain(const PlainSpan& span, const Visit& visit);
-    // Occurrences of one series that start in a span on the device's clock.
-    Status WalkSeries(const RemindingSeries& series, std::int64_t from, std::int64_t to, const Visit& visit);
+    // Occurrences of one series that start in a span on the device's clock; none when the budget does not suffice.
+    Status WalkSeries(const RemindingSeries& series, std::int64_t from, std::int64_t to,
+                      outlook::ExpansionBudget& budget, const Visit& visit);
     Status FindNextPlain(Moment after, Moment& best);
     Status FindNextOfSeries(Moment after, Moment& best);
     Status DescribePlain(const ReminderKey& key, Item& item, bool& stands);

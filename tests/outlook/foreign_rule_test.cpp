@@ -87,13 +87,14 @@ TEST_F(ForeignRule, WindowsHoldWhatTheWholeWalkHolds) {
         const auto rule = outlook::ForeignRule::Parse(text, At("2001-03-05 08:00"), nullptr, none, fault);
         ASSERT_TRUE(rule) << text << ": " << fault;
         std::vector<RuleOccurrence> all;
-        rule->Expand(At("2001-01-01"), At("2031-01-01"), all);
+        ExpansionBudget budget(kStepsOfExpansion);
+        rule->Expand(At("2001-01-01"), At("2031-01-01"), all, budget);
         ASSERT_GT(all.size(), 5U) << text;
         for (int window = 0; window < 120; ++window) {
             const Seconds from = At("2001-02-01") + Seconds{window} * 91 * kSecondsPerDay;
             const Seconds to = from + 75 * kSecondsPerDay;
             std::vector<RuleOccurrence> part;
-            rule->Expand(from, to, part);
+            rule->Expand(from, to, part, budget);
             std::vector<Seconds> found;
             found.reserve(part.size());
             for (const RuleOccurrence& occurrence : part) {

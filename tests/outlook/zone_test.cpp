@@ -55,14 +55,15 @@ TEST(ZoneRules, GoOnThroughTheCenturies) {
 }
 
 TEST(ZoneRules, AreReadFromAComponent) {
-    const auto office = ParseZoneComponent(kOfficeZone);
+    std::string fault;
+    const auto office = ParseZoneComponent(kOfficeZone, fault);
     ASSERT_TRUE(office);
     EXPECT_EQ(TextOf(office->ToLocal(At("2026-01-15 12:00"))), "2026-01-15 13:00");
     EXPECT_EQ(TextOf(office->ToLocal(At("2026-03-29 01:00"))), "2026-03-29 03:00");
     EXPECT_EQ(TextOf(office->ToLocal(At("2026-10-25 00:59"))), "2026-10-25 02:59");
     EXPECT_EQ(TextOf(office->ToLocal(At("2026-10-25 01:00"))), "2026-10-25 02:00");
-    EXPECT_FALSE(ParseZoneComponent("BEGIN:VEVENT\r\nEND:VEVENT\r\n"));
-    EXPECT_FALSE(ParseZoneComponent("nonsense"));
+    EXPECT_FALSE(ParseZoneComponent("BEGIN:VEVENT\r\nEND:VEVENT\r\n", fault));
+    EXPECT_FALSE(ParseZoneComponent("nonsense", fault));
 }
 
 TEST(ZoneRules, NamesCannotLeaveTheDatabase) {

@@ -1,5 +1,7 @@
 // The built program on machines that lack what it needs.
+#include "host/outlook/import_writer.h"
 #include "tests/files/temporary_folder.h"
+#include "tests/outlook/planted_rule.h"
 
 #include <array>
 #include <cstdio>
@@ -103,6 +105,29 @@ TEST_F(ProgramStart, AnythingElseIsRefusedWithStatusTwo) {
 }
 
 TEST_F(ProgramStart, WithEverythingThereItShowsItsFirstFrame) {
+    const Ending ending = Start(Home() + " QT_QPA_PLATFORM=offscreen TAVO_SCALE=1", 3);
+    EXPECT_EQ(ending.Status, 124) << ending.Words; // until it was told to end
+    EXPECT_NE(FramesShown(), "");
+}
+
+TEST_F(ProgramStart, AStoreWithARuleThatNamesItsCalendarIsOpenedAndShown) {
+    std::filesystem::create_directories(Folder / "home");
+    {
+        outlook::StorePtr store;
+        ASSERT_EQ(outlook::OpenStore(Folder / "home/Outlook.db", {}, store), Status::Ok);
+        outlook::ImportWriter writer(store);
+        ASSERT_EQ(writer.Begin(u"Import"), Status::Ok);
+        outlook::StoredItem item;
+        item.Start = outlook::MakeTime(2026, 1, 5, 9);
+        item.End = item.Start + 3600;
+        item.ReminderSet = true;
+        item.Pattern.Type = kRecursDaily;
+        outlook::ImportOutcome outcome;
+        ASSERT_EQ(writer.Write(item, outcome), Status::Ok);
+        ASSERT_EQ(writer.Commit(), Status::Ok);
+        ASSERT_TRUE(outlook::test::PlantRule(store->Core(), outcome.Item,
+                                             "RRULE:RSCALE=GREGORIAN;FREQ=DAILY\nRRULE:FREQ=WEEKLY"));
+    }
     const Ending ending = Start(Home() + " QT_QPA_PLATFORM=offscreen TAVO_SCALE=1", 3);
     EXPECT_EQ(ending.Status, 124) << ending.Words; // until it was told to end
     EXPECT_NE(FramesShown(), "");

@@ -1,0 +1,242 @@
+// Items that ask for more work than all others together: refused when they come, left out and named where they are.
+#include "host/outlook/diagnosis.h"
+#include "host/outlook/occurrence_reader.h"
+#include "host/outlook/zone_rules.h"
+#include "host/reminders/reminder_finder.h"
+#include "tests/outlook/planted_rule.h"
+#include "tests/outlook/store_fixture.h"
+
+#include <gmock/gmock.h>
+
+#include <ctime>
+
+namespace tavo::outlook::test {
+
+using ::testing::AllOf;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+namespace {
+
+// Seconds of the processor, so that a busy machine does not count.
+constexpr double kSoon = 1.0;
+
+double TimeUsed() {
+    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+}
+
+std::string Numbers(int count) {
+    std::string text = "0";
+    for (int number = 1; number < count; ++number) {
+        text += "," + std::to_string(number);
+    }
+    return text;
+}
+
+std::string EverySecond() {
+    return "RRULE:FREQ=DAILY;BYHOUR=" + Numbers(24) + ";BYMINUTE=" + Numbers(60) + ";BYSECOND=" + Numbers(60);
+}
+
+std::string Repeat(const std::string& line, int times) {
+    std::string lines;
+    for (int number = 0; number < times; ++number) {
+        lines += (number > 0 ? "\n" : "") + line;
+    }
+    return lines;
+}
+
+struct Attack {
+    const char* Name;
+    std::string Rule;
+    const char* Reason;
+};
+
+std::vector<Attack> Attacks() {
+    return {
+        {"three lines of every second", Repeat(EverySecond(), 3), "it recurs more often than 96 times a day"},
+        {"thousands of hourly lines", Repeat("RRULE:FREQ=HOURLY", 4900), "it recurs more often than 96 times a day"},
+        {"thousands of hourly exceptions", "RRULE:FREQ=DAILY\n" + Repeat("EXRULE:FREQ=HOURLY", 4900),
+         "it recurs more often than 96 times a day"},
+        {"never, by the hour", "RRULE:FREQ=HOURLY;BYMONTH=2;BYMONTHDAY=30", "its recurrence never takes place"},
+        {"never, by the month", "RRULE:FREQ=MONTHLY;BYMONTH=2;BYMONTHDAY=30", "its recurrence never takes place"},
+        {"never, by position", "RRULE:FREQ=MONTHLY;BYSETPOS=2", "its recurrence never takes place"},
+        {"a count without end", "RRULE:FREQ=HOURLY;COUNT=2000000000",
+         "its number of occurrences takes too long to count"},
+        {"another calendar", "RRULE:RSCALE=CHINESE;FREQ=YEARLY", "it recurs by another calendar than the Gregorian"},
+    };
+}
+
+} // namespace
+
+class HeavyItem : public StoreTest {
+  protected:
+    static StoredItem Foreign(const std::string& uid, const std::string& rule) {
+        StoredItem item = MakeItem(uid, "2026-01-05 09:00", "2026-01-05 10:00", u"Heavy");
+        item.Pattern.Type = kRecursForeign;
+        item.ForeignRule = rule;
+        item.ReminderSet = true;
+        item.ReminderMinutes = 15;
+        return item;
+    }
+
+    std::vector<std::string> ListMonth() {
+        std::vector<std::string> lines;
+        EXPECT_EQ(OccurrenceReader(Store).ListDays(DayOf(At("2026-03-01")), DayOf(At("2026-03-31")),
+                                                   [&lines](const ListedOccurrence& line) {
+                                                       lines.push_back(TextOf(line.Start) + " " +
+                                                                       std::string(line.Subject));
+                                                   }),
+                  Status::Ok);
+        return lines;
+    }
+
+    std::optional<std::string> NextReminder(const std::string& after) {
+        std::optional<reminders::Moment> next;
+        EXPECT_EQ(reminders::ReminderFinder(Store->Core()).FindNext(At(after), next), Status::Ok);
+        return next ? std::optional(TextOf(*next)) : std::nullopt;
+    }
+};
+
+TEST_F(HeavyItem, AnAttackIsRefusedAtOnceWithAReason) {
+    for (const Attack& attack : Attacks()) {
+        const double before = TimeUsed();
+        const ImportOutcome outcome = TryImport(Foreign(attack.Name, attack.Rule));
+        EXPECT_EQ(outcome.Result, ImportResult::Refused) << attack.Name;
+        EXPECT_EQ(outcome.Reason, attack.Reason) << attack.Name;
+        EXPECT_LT(TimeUsed() - before, kSoon) << attack.Name;
+    }
+    EXPECT_THAT(WalkOids(*Items()), IsEmpty());
+}
+
+TEST_F(HeavyItem, AStoreThatHoldsOneAlreadyListsRemindsAndIsCheckedWithoutIt) {
+    StoredItem plain = MakeItem("plain", "2026-03-14 09:00", "2026-03-14 10:00", u"Plain");
+    plain.ReminderSet = true;
+    plain.ReminderMinutes = 15;
+    Import(plain);
+    for (const Attack& attack : Attacks()) {
+        const Oid oid = Import(Foreign(attack.Name, "RRULE:FREQ=YEARLY;INTERVAL=2"));
+        ASSERT_TRUE(PlantRule(Store->Core(), oid, attack.Rule)) << attack.Name;
+        const double before = TimeUsed();
+        Reopen();
+        EXPECT_THAT(ListMonth(), ElementsAre("2026-03-14 09:00 Plain")) << attack.Name;
+        EXPECT_THAT(Occurrences(u"[Start] >= 1/1/2026 and [Start] <= 12/31/2027"),
+                    ElementsAre("2026-03-14 09:00 > 2026-03-14 10:00"))
+            << attack.Name;
+        EXPECT_EQ(NextReminder("2026-01-01"), "2026-03-14 08:45") << attack.Name;
+        const Diagnosis diagnosis = DiagnoseStore(File, CheckDepth::Full);
+        EXPECT_EQ(diagnosis.State, Verdict::LeavesOut) << attack.Name;
+        EXPECT_THAT(diagnosis.Findings,
+                    ElementsAre("Item " + std::to_string(oid) + " (Heavy): " + attack.Reason + "."));
+        EXPECT_LT(TimeUsed() - before, kSoon) << attack.Name;
+        // It can still be changed, deleted and brought back.
+        const auto item = Get(oid);
+        ASSERT_EQ(item->put_Subject(u"Still here"), Status::Ok) << attack.Name;
+        ASSERT_EQ(item->Save(), Status::Ok) << attack.Name;
+        EXPECT_EQ(Read(oid).ForeignRule, attack.Rule);
+        ASSERT_EQ(Get(oid)->Delete(), Status::Ok) << attack.Name;
+        std::vector<Oid> restored;
+        ASSERT_EQ(App->Undo(restored), Status::Ok) << attack.Name;
+        EXPECT_EQ(Read(oid).ForeignRule, attack.Rule);
+        ASSERT_EQ(Get(oid)->Delete(), Status::Ok) << attack.Name;
+    }
+    EXPECT_EQ(DiagnoseStore(File, CheckDepth::Full).State, Verdict::Ok);
+}
+
+TEST_F(HeavyItem, ARuleThatNeverMatchesKeepsNoMovedOccurrenceAwayFromOtherItems) {
+    const Oid oid = Import(Foreign("u", "RRULE:FREQ=YEARLY;INTERVAL=2\nRDATE:20260310T090000"));
+    ASSERT_TRUE(PlantRule(Store->Core(), oid, "RRULE:FREQ=HOURLY;BYMONTH=2;BYMONTHDAY=30\nRDATE:20260310T090000"));
+    const double before = TimeUsed();
+    Reopen();
+    EXPECT_THAT(ListMonth(), ElementsAre("2026-03-10 09:00 Heavy"));
+    EXPECT_EQ(NextReminder("2026-01-01"), "2026-03-10 08:45");
+    EXPECT_LT(TimeUsed() - before, kSoon);
+    EXPECT_EQ(DiagnoseStore(File, CheckDepth::Full).State, Verdict::Ok);
+}
+
+TEST_F(HeavyItem, ARuleThatNamesItsCalendarIsKeptAndListed) {
+    Import(Foreign("a", "RRULE:RSCALE=GREGORIAN;FREQ=DAILY;INTERVAL=20\nRRULE:FREQ=WEEKLY;INTERVAL=4"));
+    Import(Foreign("b", "RRULE:FREQ=WEEKLY\nEXRULE:RSCALE=GREGORIAN;FREQ=DAILY;INTERVAL=14"));
+    Reopen();
+    EXPECT_THAT(ListMonth(), ElementsAre("2026-03-02 09:00 Heavy", "2026-03-06 09:00 Heavy", "2026-03-09 09:00 Heavy",
+                                         "2026-03-23 09:00 Heavy", "2026-03-26 09:00 Heavy", "2026-03-30 09:00 Heavy"));
+    EXPECT_EQ(NextReminder("2026-01-01"), "2026-01-05 08:45");
+    EXPECT_EQ(DiagnoseStore(File, CheckDepth::Full).State, Verdict::Ok);
+}
+
+TEST_F(HeavyItem, AHundredThousandCancelledDaysCostLittle) {
+    StoredItem item = MakeItem("u", "2026-01-05 09:00", "2026-01-05 10:00", u"Rare");
+    item.Pattern = Daily();
+    for (int day = 0; day < 100000; ++day) {
+        StoredException exception;
+        exception.Original = At("2026-01-05 09:00") + Seconds{day} * kSecondsPerDay;
+        item.Exceptions.push_back(exception);
+    }
+    const double before = TimeUsed();
+    Import(item);
+    Reopen();
+    EXPECT_THAT(ListMonth(), IsEmpty());
+    item.Subject = u"Changed";
+    EXPECT_EQ(TryImport(item).Result, ImportResult::Changed);
+    EXPECT_LT(TimeUsed() - before, 10 * kSoon); // rows are written and journaled one by one
+}
+
+TEST_F(HeavyItem, RemindersAreSoughtInStretchesWhereThatTakesLong) {
+    for (int number = 0; number < 60; ++number) {
+        const Oid oid = Import(Foreign(std::to_string(number), "RRULE:FREQ=YEARLY;INTERVAL=2"));
+        // Took place once, and never again.
+        ASSERT_TRUE(PlantRule(Store->Core(), oid, "RDATE:20260105T090000\nRRULE:FREQ=DAILY;BYMONTH=2;BYMONTHDAY=30"));
+    }
+    const double before = TimeUsed();
+    const std::optional<std::string> next = NextReminder("2026-02-01");
+    ASSERT_TRUE(next); // nothing is due then, but it is to be asked again
+    EXPECT_GT(*next, "2026-02-02");
+    EXPECT_LT(TimeUsed() - before, kSoon);
+    EXPECT_EQ(NextReminder("2026-01-05 08:00"), "2026-01-05 08:45");
+}
+
+namespace {
+
+std::string ZoneOf(const std::string& from, const std::string& to, const std::string& lines) {
+    return "BEGIN:VTIMEZONE\r\nTZID:Odd\r\nBEGIN:STANDARD\r\nDTSTART:19701025T030000\r\nTZOFFSETFROM:" + from +
+           "\r\nTZOFFSETTO:" + to + "\r\n" + lines + "END:STANDARD\r\nEND:VTIMEZONE\r\n";
+}
+
+} // namespace
+
+TEST_F(HeavyItem, AZoneOfImpossibleLinesIsRefusedAtOnce) {
+    std::string many;
+    std::string few;
+    for (int line = 0; line < 60000; ++line) {
+        (line < 4000 ? few : many) += "RRULE:FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30\r\n";
+    }
+    for (const std::string& lines : {few, few + many}) {
+        const double before = TimeUsed();
+        std::string fault;
+        EXPECT_EQ(ParseZoneComponent(ZoneOf("+0200", "+0100", lines), fault), nullptr);
+        EXPECT_EQ(fault, "changes its clock in more ways than can be worked out");
+        EXPECT_LT(TimeUsed() - before, kSoon);
+    }
+}
+
+TEST_F(HeavyItem, AZoneADayAwayFromUniversalTimeIsRefusedAndNamedWhereItIs) {
+    std::string fault;
+    for (const char* offset : {"+2400", "-2400", "+9900", "-9959"}) {
+        EXPECT_EQ(ParseZoneComponent(ZoneOf("+0100", offset, ""), fault), nullptr) << offset;
+        EXPECT_EQ(fault, "is 24 hours or more away from universal time");
+        EXPECT_EQ(ParseZoneComponent(ZoneOf(offset, "+0100", ""), fault), nullptr) << offset;
+    }
+    EXPECT_NE(ParseZoneComponent(ZoneOf("+2359", "-2359", ""), fault), nullptr);
+    // One that an earlier import took.
+    ASSERT_EQ(Store->Core().Db.Run(
+                  ("INSERT INTO zone(name, component) VALUES ('Odd\x1b[31m', '" + ZoneOf("+0100", "+9900", "") + "')")
+                      .c_str()),
+              Status::Ok);
+    ASSERT_EQ(SumAnew(Store->Core()), Status::Ok);
+    const Diagnosis diagnosis = DiagnoseStore(File, CheckDepth::Full);
+    EXPECT_EQ(diagnosis.State, Verdict::LeavesOut);
+    EXPECT_THAT(diagnosis.Findings,
+                ElementsAre(AllOf(HasSubstr("is 24 hours or more away"), ::testing::Not(HasSubstr("\x1b")))));
+}
+
+} // namespace tavo::outlook::test
