@@ -3,12 +3,14 @@
 #include "host/exchange/calendar_file.h"
 #include "host/outlook/diagnosis.h"
 #include "host/outlook/occurrence_reader.h"
+#include "host/outlook/restriction.h"
 #include "host/outlook/store_core.h"
 #include "host/reminders/reminder_finder.h"
 #include "tools/store_sink.h"
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdlib>
