@@ -26,7 +26,7 @@ constexpr const char* kNothingOfThisFile =
     "tavo: Interrupted. Nothing of the file that was being read was imported; the files before it are in.\n";
 constexpr const char* kWholeOrNot = "tavo: Interrupted while a file was being written: it is in whole or not at all; to"
                                     " import it again does no harm.\n";
-constexpr const char* kAllFilesAreIn = "tavo: Interrupted after the files were imported.\n";
+constexpr const char* kAllFilesWereRead = "tavo: Interrupted after all files had been read.\n";
 
 std::optional<TagList> ChooseList(ImportTag tag) {
     switch (tag) {
@@ -71,7 +71,9 @@ class Import {
             DoneBytes += file.Size;
         }
         Bar.Clear();
-        SetLastWords(kAllFilesAreIn);
+        if (FilesDone == files.size() && !WasStopped && Succeeded(StoreStatus)) {
+            SetLastWords(kAllFilesWereRead);
+        }
     }
 
     // What an interruption left undone, as a sentence.
