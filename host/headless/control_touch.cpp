@@ -1,6 +1,8 @@
 // Taps and keys on controls.
 #include "host/headless/control_touch.h"
 
+#include "host/headless/text_metrics.h"
+
 #include <algorithm>
 
 namespace tavo::headless {
@@ -23,6 +25,18 @@ void TapScrollBar(HeadlessHost& host, WindowHandle control, Point screen) {
     }
     host.ControlActions.Scroll(control, request, 0);
     host.ControlActions.Scroll(control, SB_ENDSCROLL, 0);
+}
+
+// The part of the date or time that lies there.
+void TapPicker(HeadlessHost& host, WindowHandle control, Point screen) {
+    constexpr int margin = 4;
+    const shell::ControlState& state = *host.State.Tree.FindControl(control);
+    const int height = state.FontPoints * 96 / 72;
+    std::vector<int> widths;
+    MeasureText(height, 0, 400, shell::FaceOf(state.Kind, state.Time, state.Entry).Text, widths);
+    const int x = screen.X - host.State.Tree.ScreenBounds(control).Left - margin;
+    const auto right = std::find_if(widths.begin(), widths.end(), [x](int width) { return width > x; });
+    host.ControlActions.Touch(control, static_cast<int>(right - widths.begin()));
 }
 
 // Replaces what is selected, or what the two ends enclose.
@@ -91,9 +105,12 @@ bool UseKey(HeadlessHost& host, WindowHandle control, int key) {
         host.ControlActions.Click(control, {});
         return true;
     }
-    if (shell::IsList(state.Kind) && (key == VK_UP || key == VK_DOWN)) {
+    const bool isEnd = key == VK_HOME || key == VK_END;
+    if (shell::IsList(state.Kind) &&
+        (key == VK_UP || key == VK_DOWN || (isEnd && state.Kind == ControlKind::FixedList))) {
         const int last = static_cast<int>(state.Items.size()) - 1;
-        const int next = key == VK_UP ? std::max(state.Current - 1, 0) : std::min(state.Current + 1, last);
+        const int beside = key == VK_UP ? std::max(state.Current - 1, 0) : std::min(state.Current + 1, last);
+        const int next = key == VK_HOME ? 0 : key == VK_END ? last : beside;
         if (next != state.Current) {
             host.ControlActions.Choose(control, next);
         }
@@ -130,6 +147,8 @@ void TapControl(HeadlessHost& host, WindowHandle control, Point screen) {
         TapScrollBar(host, control, screen);
     } else if (shell::IsList(kind)) {
         host.ControlActions.OpenList(control);
+    } else if (shell::IsPicker(kind)) {
+        TapPicker(host, control, screen);
     } else {
         const WindowHandle parent = host.State.Tree.Find(control)->Parent;
         host.ControlActions.Click(control, host.State.Tree.ToWindow(parent, screen));

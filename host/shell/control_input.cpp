@@ -1,6 +1,7 @@
 // From what a person does to a control to its state and its parent's messages.
 #include "host/shell/control_input.h"
 
+#include "host/shell/picker_input.h"
 #include "host/shell/shell_controls.h"
 
 #include <algorithm>
@@ -62,6 +63,7 @@ void ControlInput::OpenList(WindowHandle control) {
     if (!isCalendar && !IsList(state->Kind)) {
         return;
     }
+    FinishPicker(State);
     if (State.OpenList != WindowHandle::None) {
         State.CloseList();
     }
@@ -111,7 +113,9 @@ void ControlInput::Pick(WindowHandle control, const SYSTEMTIME& time) {
         return;
     }
     picked.DayOfWeek = WeekdayOf(picked);
-    if (picked == state->Time) {
+    const bool isUntold = state->Entry.Untold;
+    state->Entry = PickerEntry{};
+    if (picked == state->Time && !isUntold) {
         return;
     }
     state->Time = picked;
@@ -119,11 +123,24 @@ void ControlInput::Pick(WindowHandle control, const SYSTEMTIME& time) {
     State.Notify(control, WM_NOTIFY, DTN_DATETIMECHANGE);
 }
 
+void ControlInput::Step(WindowHandle control, int by) {
+    if (Accepting(control) != nullptr) {
+        StepPicker(State, control, by);
+    }
+}
+
+void ControlInput::Touch(WindowHandle control, int character) {
+    if (Accepting(control) != nullptr) {
+        TouchPicker(State, control, character);
+    }
+}
+
 void ControlInput::Click(WindowHandle control, Point at) {
     const ControlState* state = Accepting(control);
     if (state == nullptr) {
         return;
     }
+    FinishPicker(State);
     if (state->Kind == ControlKind::CheckBox) {
         ApplyCheck(State, control, !state->Checked);
     } else if (state->Kind == ControlKind::RadioButton) {

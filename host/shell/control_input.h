@@ -27,6 +27,10 @@ class ControlInput {
     void Choose(WindowHandle control, int index);
     // A date (of a date picker) or a time (of a time picker): DTN_DATETIMECHANGE. The other half stays.
     void Pick(WindowHandle control, const SYSTEMTIME& time);
+    // An arrow of a picker: the part that has the keys goes up (1) or down (-1). DTN_DATETIMECHANGE.
+    void Step(WindowHandle control, int by);
+    // A tap on this character of a picker: its part gets the keys.
+    void Touch(WindowHandle control, int character);
     // Check boxes change, radio buttons become checked: WM_COMMAND BN_CLICKED. `at` is where, in the parent's pixels.
     void Click(WindowHandle control, Point at);
     // WM_VSCROLL. The bar itself moves only when the program says so.

@@ -1,7 +1,7 @@
 // What a native control holds, apart from being a window.
 #pragma once
 
-#include "platform/controls.h"
+#include "host/shell/picker_entry.h"
 
 #include <limits>
 #include <string>
@@ -25,6 +25,7 @@ struct ControlState {
     int Current = -1; // selected entry
     bool Checked = false;
     SYSTEMTIME Time;
+    PickerEntry Entry; // of a picker, while it is typed into
     ScrollInfo Scroll;
 };
 

@@ -1,6 +1,8 @@
 // From keys to messages, commands and controls.
 #include "host/shell/key_input.h"
 
+#include "host/shell/picker_input.h"
+
 #include <optional>
 #include <string>
 
@@ -46,6 +48,15 @@ std::optional<int> FindShortcut(const MenuItem& item, const std::u16string& shor
         }
     }
     return std::nullopt;
+}
+
+constexpr bool IsArrow(int key) {
+    return key >= VK_LEFT && key <= VK_DOWN;
+}
+
+// What it means comes with its character.
+constexpr bool MakesCharacter(int key) {
+    return key == VK_SPACE || (key >= '0' && key <= '9') || (key >= 'A' && key <= 'Z');
 }
 
 // Where text is typed these keys edit it.
@@ -143,6 +154,7 @@ bool KeyInput::TakeShortcut(int key, int modifiers, WindowHandle target) {
     }
     for (std::size_t index = 0; index < bar->Menus.size(); ++index) {
         if (const std::optional<int> command = FindShortcut(bar->Menus[index], shortcut)) {
+            FinishPicker(State);
             // The program brings the menu up to date first, as if it opened.
             State.Announce({bar->Parent, WM_INITMENUPOPUP, static_cast<int>(index), 0, 0, {}},
                            {OpeningKind::Shortcut, bar->Handle, *command});
@@ -157,14 +169,40 @@ WindowHandle KeyInput::Give(const Message& key) {
     if (target == WindowHandle::None) {
         return WindowHandle::None;
     }
-    if (State.Tree.FindControl(target) != nullptr) {
+    if (const ControlState* control = State.Tree.FindControl(target); control != nullptr) {
+        const bool isPicker = IsPicker(control->Kind);
         State.MoveFocus(target);
-        return target;
+        return isPicker ? GiveToPicker(target, key) : target;
     }
     Message message = key;
     message.Window = target;
     State.Post(message, MessageOrigin::Person);
     return WindowHandle::None;
+}
+
+WindowHandle KeyInput::GiveToPicker(WindowHandle picker, const Message& key) {
+    if (key.Number == WM_CHAR) {
+        TypeIntoPicker(State, picker, static_cast<char16_t>(key.Id));
+        return WindowHandle::None;
+    }
+    if (State.OpenList == picker) {
+        return picker; // the month calendar has the keys
+    }
+    // A page goes by its arrows wherever the focus is: a picker on it has no use for them.
+    const bool isPages = IsArrow(key.Id) && LiesOnPage(picker);
+    if (!isPages && key.Code == 0 && PressInPicker(State, picker, key.Id)) {
+        return WindowHandle::None;
+    }
+    if ((key.Code & ~kModifierShift) == 0 && MakesCharacter(key.Id)) {
+        return WindowHandle::None;
+    }
+    FinishPicker(State);
+    return picker;
+}
+
+bool KeyInput::LiesOnPage(WindowHandle control) const {
+    const WindowRecord* ground = State.Tree.Find(State.Tree.Ground(control));
+    return ground != nullptr && ground->Kind == WindowKind::Page;
 }
 
 } // namespace tavo::shell

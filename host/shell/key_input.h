@@ -25,6 +25,8 @@ class KeyInput {
     bool TakeShortcut(int key, int modifiers, WindowHandle target);
     // Sends the message to the painted window that takes keys, or gives the control that does.
     WindowHandle Give(const Message& key);
+    WindowHandle GiveToPicker(WindowHandle picker, const Message& key);
+    bool LiesOnPage(WindowHandle control) const; // and not in a dialog
 
     Shell& State;
     NavigationInput& Navigation;

@@ -1,6 +1,8 @@
 // Closing, quitting and choosing from menus and boxes.
 #include "host/shell/navigation_input.h"
 
+#include "host/shell/picker_input.h"
+
 #include <utility>
 
 namespace tavo::shell {
@@ -19,6 +21,7 @@ bool HasButton(const MessageBoxDescription& box, int answer) {
 } // namespace
 
 void NavigationInput::PressOk() {
+    FinishPicker(State);
     const WindowRecord* dialog = State.Tree.Find(State.Tree.TopDialog());
     if (dialog == nullptr || dialog->Buttons != NavigationButtons::OkAndClose) {
         return;
@@ -27,6 +30,7 @@ void NavigationInput::PressOk() {
 }
 
 bool NavigationInput::PressEscape() {
+    FinishPicker(State);
     if (!State.Menus.Boxes.empty()) {
         AnswerBox(IDOK); // with Yes and No there is no way around an answer
         return true;
@@ -74,6 +78,7 @@ void NavigationInput::RequestClose() {
 
 void NavigationInput::RequestQuit() {
     QuitRequested = true;
+    FinishPicker(State);
     if (!State.Posted.Has(WM_QUERYENDSESSION)) {
         Message message;
         message.Window = State.Tree.Frame();
@@ -102,6 +107,7 @@ bool NavigationInput::ChooseCommand(int id) {
     if (!canChoose) {
         return false;
     }
+    FinishPicker(State);
     State.CloseMenu(0);
     State.Post({bar->Parent, WM_COMMAND, id, BN_CLICKED, kFromMenuOrKey, {}}, MessageOrigin::Person);
     return true;
@@ -113,6 +119,7 @@ bool NavigationInput::OpenBarMenu(int index) {
         index >= static_cast<int>(bar->Menus.size()) || !bar->Menus[static_cast<std::size_t>(index)].Enabled) {
         return false;
     }
+    FinishPicker(State);
     State.CloseMenu(0); // from one menu of the bar to the next
     Message message;
     message.Window = bar->Parent;

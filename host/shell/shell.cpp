@@ -1,6 +1,8 @@
 // Focus, notifications and everything else that several parts of the shell do.
 #include "host/shell/shell.h"
 
+#include "host/shell/picker_input.h"
+
 namespace tavo::shell {
 
 namespace {
@@ -19,6 +21,15 @@ void SelectShortText(Shell& state, WindowHandle window) {
         control->SelectionFirst = 0;
         control->SelectionLast = static_cast<int>(state.Tree.Find(window)->Text.size());
         state.Report(Change::TextSelection, window);
+    }
+}
+
+// Typing begins with the month, or the hour.
+void EnterPicker(Shell& state, WindowHandle window) {
+    ControlState* control = state.Tree.FindControl(window);
+    if (control != nullptr && IsPicker(control->Kind)) {
+        control->Entry.Part = 0;
+        state.Report(Change::Content, window);
     }
 }
 
@@ -41,8 +52,10 @@ void Shell::MoveFocus(WindowHandle window) {
     if (TellsFocus(Tree.FindControl(Focus))) {
         Notify(Focus, WM_COMMAND, EN_KILLFOCUS);
     }
+    FinishPicker(*this);
     Focus = window;
     SelectShortText(*this, Focus);
+    EnterPicker(*this, Focus);
     if (TellsFocus(Tree.FindControl(Focus))) {
         Notify(Focus, WM_COMMAND, EN_SETFOCUS);
     }

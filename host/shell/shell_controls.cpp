@@ -161,6 +161,7 @@ bool ShellControls::SetSystemtime(WindowHandle control, const SYSTEMTIME& time) 
     }
     state->Time = time;
     state->Time.DayOfWeek = WeekdayOf(time);
+    state->Entry = PickerEntry{}; // what was being typed is overtaken
     State.Report(Change::Content, control);
     return true;
 }

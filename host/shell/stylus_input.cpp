@@ -1,6 +1,8 @@
 // From points of the screen to messages for windows.
 #include "host/shell/stylus_input.h"
 
+#include "host/shell/picker_input.h"
+
 #include <utility>
 
 namespace tavo::shell {
@@ -8,6 +10,10 @@ namespace tavo::shell {
 WindowHandle StylusInput::Down(Point screen) {
     Captured = WindowHandle::None;
     Pressed = BarButton::None;
+    const WindowHandle hit = State.Tree.HitTest(screen);
+    if (hit != State.Focus) {
+        FinishPicker(State);
+    }
     if (State.Menus.IsMenuOpen()) {
         State.CloseMenu(0); // a tap beside an open menu closes it and does nothing else
         return WindowHandle::None;
@@ -17,7 +23,6 @@ WindowHandle StylusInput::Down(Point screen) {
         return WindowHandle::None;
     }
     Pressed = BarButtonAt(screen);
-    const WindowHandle hit = State.Tree.HitTest(screen);
     if (Pressed != BarButton::None || !State.TakesInput(hit)) {
         return WindowHandle::None;
     }

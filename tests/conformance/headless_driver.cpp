@@ -93,6 +93,9 @@ class HeadlessDriver : public IDeviceDriver {
 
     std::u16string ShownTextOf(WindowHandle control) override {
         const shell::WindowRecord* record = Real().State.Tree.Find(control);
+        if (record != nullptr && record->Control && shell::IsPicker(record->Control->Kind)) {
+            return shell::FaceOf(record->Control->Kind, record->Control->Time, record->Control->Entry).Text;
+        }
         return record == nullptr ? std::u16string() : record->Text;
     }
 

@@ -64,6 +64,43 @@ TEST_F(StartAndEnd, ChangesThatKeepTheOrderMoveNothingElse) {
     Close(kModeNewAppointment);
 }
 
+TEST_F(StartAndEnd, AnEndThatIsTypedMovesNothingOnItsWay) {
+    Desk.PickEndTime(10, 0);
+    Desk.PickStartTime(10, 0);
+    Desk.ShowRow(2, 160);
+    Desk.Device.Type(u"11"); // not 1 o'clock
+    Desk.Device.Key(VK_TAB);
+    ExpectTimes(At(2026, 11, 21, 10, 0), At(2026, 11, 21, 11, 0));
+    Desk.ShowRow(2);
+    Desk.Device.Type(u"11"); // not January
+    ExpectTimes(At(2026, 11, 21, 10, 0), At(2026, 11, 21, 11, 0));
+    Desk.Device.Type(u"30");
+    Desk.ShowRow(0);
+    ExpectTimes(At(2026, 11, 21, 10, 0), At(2026, 11, 30, 11, 0));
+    Close(kModeNewAppointment);
+}
+
+TEST_F(StartAndEnd, AnHourIsNoneOfTheOtherHalfOfTheDayOnItsWay) {
+    Desk.PickEndTime(16, 0);
+    Desk.PickStartTime(14, 0);
+    Desk.ShowRow(1, 160);
+    Desk.Device.Type(u"10a"); // not 10 in the evening
+    ExpectTimes(At(2026, 11, 21, 10, 0), At(2026, 11, 21, 16, 0));
+    Close(kModeNewAppointment);
+}
+
+TEST_F(StartAndEnd, WhatIsBeingTypedIsSavedAtOk) {
+    Desk.Subject(u"Class");
+    Desk.ShowRow(2, 160);
+    Desk.Device.Type(u"1130");
+    Desk.Ok();
+    EXPECT_EQ(Desk.RunNew(kModeNewAppointment), IDOK);
+    const AppointmentData saved = Desk.Load(Desk.LastSaved());
+    EXPECT_EQ(saved.Start.Hour, 9);
+    EXPECT_EQ(saved.End.Hour, 11);
+    EXPECT_EQ(saved.End.Minute, 30);
+}
+
 TEST_F(StartAndEnd, OfAHolidayOnlyTheDaysCount) {
     Desk.PickStartDate(2026, 11, 20);
     ExpectTimes(At(2026, 11, 20, 9, 30), At(2026, 11, 21, 9, 30));

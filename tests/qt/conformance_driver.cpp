@@ -8,10 +8,10 @@
 #include "tests/qt/temporary_root.h"
 
 #include <QAbstractItemView>
+#include <QAbstractSpinBox>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
-#include <QDateTimeEdit>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -88,12 +88,15 @@ class QtDriver final : public IDeviceDriver {
     }
 
     void Pick(WindowHandle control, const SYSTEMTIME& time) override {
-        auto* field = Find<QDateTimeEdit>(control);
         const bool isDate = Real.Parts().State.Tree.FindControl(control)->Kind == ControlKind::DatePicker;
-        if (isDate) {
-            field->setDate({time.Year, time.Month, time.Day});
-        } else {
-            field->setTime({time.Hour, time.Minute, time.Second});
+        const QString typed = isDate ? QDate(time.Year, time.Month, time.Day).toString(QStringLiteral("MMddyyyy"))
+                                     : QTime(time.Hour, time.Minute).toString(QStringLiteral("HHmm")) +
+                                           QLatin1Char(time.Hour < 12 ? 'a' : 'p');
+        Find<QAbstractSpinBox>(control)->setFocus();
+        qt::PressKey(Real, VK_HOME, 0);
+        qt::ReleaseKey(Real, VK_HOME, 0);
+        for (const QChar character : typed) {
+            qt::TypeCharacter(Real, character.unicode());
         }
     }
 
@@ -186,7 +189,7 @@ class QtDriver final : public IDeviceDriver {
         if (const auto* box = Find<QComboBox>(control); box != nullptr) {
             return box->view()->isVisible();
         }
-        const auto* field = Find<QDateTimeEdit>(control);
+        const auto* field = Find<QAbstractSpinBox>(control);
         const auto* popup =
             field == nullptr ? nullptr : dynamic_cast<qt::MonthPopup*>(QApplication::activePopupWidget());
         return popup != nullptr && popup->parentWidget() == field;
@@ -208,6 +211,9 @@ class QtDriver final : public IDeviceDriver {
         }
         if (const auto* box = Find<QComboBox>(control); box != nullptr) {
             return box->currentText().toStdU16String();
+        }
+        if (const auto* field = Find<QAbstractSpinBox>(control); field != nullptr) {
+            return field->text().toStdU16String();
         }
         const auto* label = Find<QLabel>(control);
         return label == nullptr ? std::u16string() : label->text().toStdU16String();

@@ -1,25 +1,21 @@
 // A date, typed or picked from a month calendar.
 #pragma once
 
-#include "host/qt/controls/control_view.h"
 #include "host/qt/controls/month_popup.h"
-
-#include <QDateEdit>
+#include "host/qt/controls/picker_field.h"
 
 namespace tavo::qt {
 
-// Leaves the month calendar to its owner, who asks the shell before it opens.
-class DateField final : public QDateEdit {
+// One arrow, for the month calendar. It leaves that to its owner, who asks the shell before it opens.
+class DateField final : public PickerField {
   public:
-    DateField(QWidget* parent, std::function<void()> wantsCalendar);
+    DateField(Device& device, WindowHandle control, QWidget* parent) : PickerField(device, control, parent) {}
 
   protected:
+    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-
-  private:
-    std::function<void()> WantsCalendar;
 };
 
 class DateView final : public ControlView {

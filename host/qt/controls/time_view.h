@@ -1,35 +1,23 @@
 // A time of day.
 #pragma once
 
-#include "host/qt/controls/control_view.h"
-
-#include <QTimeEdit>
+#include "host/qt/controls/picker_field.h"
 
 namespace tavo::qt {
 
-// Is entered at its first part, as the date is.
-class TimeField final : public QTimeEdit {
-  public:
-    using QTimeEdit::QTimeEdit;
-
-  protected:
-    void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-
-  private:
-    void ChooseHalf(bool afternoon);
-};
-
 class TimeView final : public ControlView {
   public:
-    TimeView(Device& device, const shell::WindowRecord& record, QWidget* parent);
+    TimeView(Device& device, const shell::WindowRecord& record, QWidget* parent)
+        : ControlView(device, record.Handle), Field(std::make_unique<PickerField>(device, record.Handle, parent)) {
+        ShowState(record);
+    }
 
     QWidget& Widget() override { return *Field; }
 
-    void ShowState(const shell::WindowRecord& record) override;
+    void ShowState(const shell::WindowRecord& record) override { Field->Show(*record.Control); }
 
   private:
-    std::unique_ptr<TimeField> Field;
+    std::unique_ptr<PickerField> Field;
 };
 
 } // namespace tavo::qt
