@@ -37,6 +37,7 @@ const MessageMap& CAppointmentDlg::Messages() {
         On<&CAppointmentDlg::TakeCharacter>(WM_CHAR),
         OnTimer<&CAppointmentDlg::LayAside>(kTimerDraft),
         OnControl<&CAppointmentDlg::RebuildRecurrenceList>(kEditRecurrence, CBN_DROPDOWN),
+        OnControl<&CAppointmentDlg::TakeRecurrenceChange>(kEditRecurrence, CBN_SELCHANGE),
         OnControl<&CAppointmentDlg::TakeRecurrenceCloseUp>(kEditRecurrence, CBN_CLOSEUP),
         OnControl<&CAppointmentDlg::TakeSoundChange>(kEditSound, CBN_SELCHANGE),
         OnControl<&CAppointmentDlg::TakeReminderChange>(kEditReminder, CBN_SELCHANGE),

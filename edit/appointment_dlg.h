@@ -98,7 +98,9 @@ class CAppointmentDlg : public CDialog {
     void RebuildRecurrenceList();
     void SelectRecurrence(int choice);
     void RenewRecurrenceTexts();
+    void TakeRecurrenceChange();
     void TakeRecurrenceCloseUp();
+    bool EditPattern();
     bool RunWizard();
 
     // appointment_dlg_reminder.cpp: reminder and sound
@@ -154,6 +156,7 @@ class CAppointmentDlg : public CDialog {
     std::u16string ShownSubject;     // of an existing item, as its row holds it at first
     bool SoundChosen = false;        // by the person
     std::uint32_t AlarmValue = 0;    // the lead value, as it was last taken
+    bool PatternDue = false;         // the wizard's entry was chosen, and the wizard has not been run for it
     int ShownField = 0;              // the control over its row; 0 while the form is all painted
     int LastField = 0;               // the one shown last, from where Tab goes on
 };

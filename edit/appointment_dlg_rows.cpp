@@ -28,6 +28,10 @@ constexpr bool IsTimeControl(int control) {
 
 bool CAppointmentDlg::TakeStylusDown(Point point) {
     HideFields();
+    if (PatternDue) {
+        static_cast<void>(EditPattern()); // the tap left the list; its row shows what came of it
+        return true;
+    }
     if (point.X < kValueLeft) {
         return true;
     }
@@ -98,6 +102,10 @@ bool CAppointmentDlg::TakeKey(const Message& key) {
         WalkFrom(FocusedStop(), (key.Code & kModifierShift) != 0 ? -1 : 1);
         return true;
     }
+    if (key.Id == VK_RETURN && PatternDue) {
+        static_cast<void>(EditPattern()); // the list shows what came of it
+        return true;
+    }
     if (key.Id == VK_SPACE && FocusedStop() == kEditMemo) {
         OpenMemo(); // its row is painted: no control takes the key
         return true;
@@ -149,6 +157,9 @@ int CAppointmentDlg::FocusedStop() const {
 }
 
 void CAppointmentDlg::WalkFrom(int stop, int step) {
+    if (PatternDue && !EditPattern()) {
+        return; // where one sees that the choice is what it was
+    }
     const std::vector<int> stops = FocusStops();
     const int count = static_cast<int>(stops.size());
     const auto found = std::find(stops.begin(), stops.end(), stop != 0 ? stop : LastField);

@@ -83,6 +83,7 @@ void CAppointmentDlg::RebuildRecurrenceList() {
     RenewRecurrenceTexts();
     // Kept on purpose: with an existing item every opening of the list returns to what is stored.
     SelectRecurrence(IsNew() ? std::max(before, kChoiceOnce) : Item.RecurChoice);
+    PatternDue = PatternDue && IsNew();
 }
 
 void CAppointmentDlg::SelectRecurrence(int choice) {
@@ -98,20 +99,34 @@ void CAppointmentDlg::RenewRecurrenceTexts() {
     SelectRecurrence(before);
 }
 
+// With the keys the closed list passes from entry to entry: the wizard waits until the list is left at its entry.
+void CAppointmentDlg::TakeRecurrenceChange() {
+    PatternDue = Choice(kEditRecurrence) == kChoiceCustom;
+}
+
+// The list of a rule that is custom already closes at that entry though nobody chose it.
 void CAppointmentDlg::TakeRecurrenceCloseUp() {
-    if (Choice(kEditRecurrence) == kChoiceCustom) {
-        const ItemTimes times = ReadTimes();
-        Edited.PutTimes(times, ReadInput().AllDay);
-        Edited.PresetPattern(times);
-        const bool done = RunWizard();
-        if (!done && !IsNew()) {
-            Edited.Reopen(Item.Oid); // the stored recurrence is again what a stored choice stands for
-        }
-        RebuildRecurrenceList();
-        const int stored = IsNew() ? kChoiceOnce : Item.RecurChoice;
-        SelectRecurrence(done ? kChoiceCustom : stored);
+    if (PatternDue) {
+        static_cast<void>(EditPattern()); // the list shows what came of it
     }
     Invalidate();
+}
+
+// Runs the wizard. False when it was cancelled: the choice is then what it was before.
+bool CAppointmentDlg::EditPattern() {
+    PatternDue = false;
+    const ItemTimes times = ReadTimes();
+    Edited.PutTimes(times, ReadInput().AllDay);
+    Edited.PresetPattern(times);
+    const bool done = RunWizard();
+    if (!done && !IsNew()) {
+        Edited.Reopen(Item.Oid); // the stored recurrence is again what a stored choice stands for
+    }
+    RebuildRecurrenceList();
+    const int stored = IsNew() ? kChoiceOnce : Item.RecurChoice;
+    SelectRecurrence(done ? kChoiceCustom : stored);
+    Invalidate();
+    return done;
 }
 
 bool CAppointmentDlg::RunWizard() {

@@ -34,6 +34,9 @@ void CAppointmentDlg::OnOK() {
         Pump().ShowMessageBox(Handle(), box);
         return;
     }
+    if (PatternDue && !EditPattern()) {
+        return; // no rule was chosen
+    }
     if (SaveAppointment()) {
         Draft.Remove();
         EndDialog(IDOK);

@@ -186,5 +186,86 @@ TEST_F(RecurrenceList, TheWizardBeginsWithTheDialogsDay) {
     EXPECT_EQ(CancelNew(kModeNewAlarm), IDCANCEL);
 }
 
+// With the keys on the closed list, past every other entry.
+TEST_F(RecurrenceList, ItsLastEntryWaitsForTheListToBeLeftWhenReachedByKey) {
+    const auto reach = [this] {
+        Desk.ShowRow(0); // a tap on the shown list would open it
+        Desk.ShowRow(3);
+        Desk.Device.Key(VK_END);
+        ExpectChoice(kChoiceCustom);
+        Desk.Check([&] { EXPECT_EQ(Desk.Device.See.Caption(), u"Tavo Calendar"); });
+    };
+    const auto expectWizard = [this] {
+        Desk.Check([&] { EXPECT_EQ(Desk.Device.See.Caption(), u"Recurrence"); });
+        Desk.TapShown(IDCANCEL);
+        ExpectChoice(kChoiceOnce);
+    };
+    reach();
+    Desk.Device.Key(VK_RETURN);
+    expectWizard();
+    reach();
+    Desk.Device.Key(VK_TAB);
+    expectWizard();
+    reach();
+    Desk.ShowRow(1);
+    expectWizard();
+    reach();
+    Desk.Device.OpenList(kEditRecurrence);
+    Desk.Device.CloseList(kEditRecurrence);
+    expectWizard();
+    EXPECT_EQ(CancelNew(kModeNewAlarm), IDCANCEL);
+}
+
+TEST_F(RecurrenceList, KeysPassItsLastEntryWithoutTheWizard) {
+    Desk.ShowRow(3);
+    Desk.Device.Key(VK_END);
+    Desk.Device.Key(VK_UP);
+    Desk.Device.Key(VK_TAB);
+    ExpectChoice(kChoiceYearNth);
+    Desk.Check([&] { EXPECT_EQ(Desk.Device.See.Caption(), u"Tavo Calendar"); });
+    EXPECT_EQ(CancelNew(kModeNewAlarm), IDCANCEL);
+}
+
+TEST_F(RecurrenceList, OkWithItsLastEntryReachedByKeyAsksForTheRuleFirst) {
+    Desk.Subject(u"Wake");
+    Desk.ShowRow(3);
+    Desk.Device.Key(VK_END);
+    Desk.Ok();
+    Desk.Check([&] { EXPECT_EQ(Desk.Device.See.Caption(), u"Recurrence"); });
+    Desk.TapShown(IDCANCEL);
+    ExpectChoice(kChoiceOnce); // and the dialog is still there
+    Desk.Check([&] { EXPECT_EQ(Desk.CountItems(), 0); });
+    Desk.ShowRow(0);
+    Desk.ShowRow(3);
+    Desk.Device.Key(VK_END);
+    Desk.Ok();
+    Desk.TypeIntoShown(kPatternWeekInterval, u"1");
+    Desk.TapShown(kWizardNext);
+    Desk.TapShown(kWizardNext); // Done goes on with the OK
+    EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDOK);
+    EXPECT_EQ(Desk.CountItems(), 1);
+}
+
+TEST_F(RecurrenceList, CancelWithItsLastEntryReachedByKeyJustCancels) {
+    Desk.ShowRow(3);
+    Desk.Device.Key(VK_END);
+    EXPECT_EQ(CancelNew(kModeNewAlarm), IDCANCEL);
+}
+
+TEST_F(RecurrenceList, OfACustomRuleOpenedAndDismissedOpensNothing) {
+    const Oid oid =
+        Desk.GivenSeries(u"Fortnight", At(2026, 11, 23, 9, 0), At(2026, 11, 23, 10, 0), kRecursWeekly,
+                         [](IRecurrencePattern& pattern) { EXPECT_EQ(pattern.put_Interval(2), Status::Ok); });
+    ExpectChoice(kChoiceCustom);
+    Desk.ChooseRecurrence(kChoiceEveryday);
+    Desk.Device.OpenList(kEditRecurrence); // returns to the stored choice
+    Desk.Device.CloseList(kEditRecurrence);
+    ExpectChoice(kChoiceCustom);
+    Desk.Check([&] { EXPECT_EQ(Desk.Device.See.Caption(), u"Tavo Calendar"); });
+    Desk.Ok();
+    EXPECT_EQ(Desk.RunExisting(kModeAppointment, oid), IDOK);
+    EXPECT_EQ(Desk.ReadPattern(oid).Interval, 2);
+}
+
 } // namespace
 } // namespace tavo::test

@@ -26,6 +26,47 @@ TEST_F(EditorOnTheDesktop, ATimeIsTypedFromItsHourOn) {
     EXPECT_EQ(Load(1).Start.Minute, 35);
 }
 
+TEST_F(EditorOnTheDesktop, AnEndThatIsTypedMovesNoStartOnItsWay) {
+    OpenByKey(kNewAppointment);
+    TypeSubject(kAppointmentTop, u"Class");
+    TapRow(kAppointmentTop, 1, kEditStartTime, 160);
+    Program.TapControl(kEditStartTime);
+    Program.Key(VK_HOME);
+    Program.Type(u"1000a");
+    TapRow(kAppointmentTop, 2, kEditEndTime, 160);
+    Program.TapControl(kEditEndTime);
+    Program.Key(VK_HOME);
+    Program.Type(u"1000a");
+    Program.Key(VK_HOME);
+    Program.Type(u"11");
+    Program.TapControl(IDOK);
+    ASSERT_TRUE(Program.Settle());
+    ASSERT_EQ(CountItems(), 1);
+    EXPECT_EQ(Load(1).Start.Hour, 10);
+    EXPECT_EQ(Load(1).End.Hour, 11);
+}
+
+TEST_F(EditorOnTheDesktop, TheWizardsEntryReachedByKeyOpensItWhenTheListIsLeft) {
+    OpenByKey(kNewAlarm);
+    TypeSubject(kTop, u"Wake");
+    TapRow(kTop, 3, kEditRecurrence);
+    Program.Key(VK_END);
+    Program.Do([&] { EXPECT_EQ(Program.Caption(), u"Tavo Calendar"); });
+    Program.Key(VK_TAB);
+    Program.Do([&] { EXPECT_EQ(Program.Caption(), u"Recurrence"); });
+    Program.Key(VK_ESCAPE);
+    Program.Do([&] { EXPECT_EQ(TextOf(kEditRecurrence), u"Once"); });
+    for (int entry = 0; entry < 8; ++entry) {
+        Program.Key(VK_DOWN);
+    }
+    Program.Key(VK_RETURN);
+    Program.Do([&] { EXPECT_EQ(Program.Caption(), u"Recurrence"); });
+    Program.Key(VK_ESCAPE);
+    Program.Key(VK_ESCAPE);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_EQ(CountItems(), 0);
+}
+
 TEST_F(EditorOnTheDesktop, TypingReplacesTheLeadThatTheFocusComesTo) {
     OpenByKey(kNewHoliday);
     TypeSubject(kTop, u"Fair");
