@@ -115,6 +115,7 @@ void CItemList::SelectFirst() {
 }
 
 void CItemList::TakeStylusDown(Point point) {
+    Host().Windows().SetFocus(Handle());
     PressedRow = TopRow + point.Y / Look.RowHeight;
     if (PressedRow >= Count()) {
         PressedRow = kNoSelection;
@@ -124,6 +125,17 @@ void CItemList::TakeStylusDown(Point point) {
     Current = Records[static_cast<std::size_t>(PressedRow)];
     Invalidate();
     OpenMenu(point);
+}
+
+// As if the row were tapped in its middle; one that is scrolled out of sight, at the edge where it lies.
+void CItemList::OpenSelectedMenu() {
+    const AppointmentData* selected = GetSelected();
+    if (selected == nullptr) {
+        return;
+    }
+    Current = *selected;
+    const int row = std::clamp(SelectedRow - TopRow, 0, Look.VisibleRows - 1);
+    OpenMenu({kMiddle, row * Look.RowHeight + Look.RowHeight / 2});
 }
 
 void CItemList::OpenMenu(Point point) {

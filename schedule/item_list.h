@@ -68,6 +68,8 @@ class CItemList : public CPaintedWindow {
     void SetTop(int index);
     // Up and Down. False for other keys.
     bool MoveSelection(int key);
+    // Opens the menu of the selected row, beside it; nothing without one.
+    void OpenSelectedMenu();
     // Removes the selected row and deletes its appointment. Kept on purpose: the selected index stays. False when the
     // store refuses, or nothing is selected.
     virtual bool DeleteSelected() = 0;

@@ -1,6 +1,7 @@
 // The Schedule page's four lists and which of them is on show.
 #include "schedule/schedule_page.h"
 
+#include "platform/typing.h"
 #include "res/dialog_templates.h"
 #include "res/resource_ids.h"
 #include "schedule/schedule_page_look.h"
@@ -31,6 +32,8 @@ const MessageMap& CSchedulePage::Messages() {
         On<&CSchedulePage::TakeStylusUp>(WM_LBUTTONUP),
         On<&CSchedulePage::TakeKeyDown>(WM_KEYDOWN),
         OnScroll<&CSchedulePage::TakeScroll>(kScheduleScrollBar),
+        OnNotify<&CSchedulePage::ValidateFromStart>(kSchedulePeriodStart, DTN_USERSTRING),
+        OnNotify<&CSchedulePage::ValidateFromEnd>(kSchedulePeriodEnd, DTN_USERSTRING),
         OnNotify<&CSchedulePage::TakeStartPicked>(kSchedulePeriodStart, DTN_CLOSEUP),
         OnNotify<&CSchedulePage::TakeEndPicked>(kSchedulePeriodEnd, DTN_CLOSEUP),
         OnCommand<&CSchedulePage::ViewSelected>(kCommandView),
@@ -87,7 +90,7 @@ void CSchedulePage::ShowKind(ItemKind kind) {
     MoveItem(kScheduleScrollBar, {place.Right, place.Top, place.Right + kBarWidth, place.Bottom});
     SetScrollBar();
     if (Host().Windows().IsWindowVisible(Handle())) {
-        Host().Windows().SetFocus(CurrentList().Handle());
+        FocusList();
     }
     Invalidate();
 }
@@ -101,7 +104,7 @@ void CSchedulePage::Open() {
         FillLists();
     }
     Show(ShowCommand::Maximize);
-    Host().Windows().SetFocus(CurrentList().Handle());
+    FocusList();
 }
 
 // Also while the page is hidden: filling takes what is gone out of the lists of the kinds, which others count.

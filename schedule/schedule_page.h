@@ -65,6 +65,8 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
     void StartWithMonthAhead();
     void TakeStartPicked();
     void TakeEndPicked();
+    void ValidateFromStart();
+    void ValidateFromEnd();
     void SayPeriodTooLong();
     void ShowPeriod(const SYSTEMTIME& start, const SYSTEMTIME& end);
 
@@ -76,6 +78,9 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
     void TakeStylusMove(Point point);
     void TakeStylusUp(Point point);
     void TakeKeyDown(const Message& key);
+    void TakeRowKey(const Message& key);
+    void FocusList();
+    bool IsPickerFocused() const;
     void TakeScroll(const Message& scroll);
     void ScrollTo(int top);
     void OnListScrolled() override;

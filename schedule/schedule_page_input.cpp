@@ -1,6 +1,7 @@
 // What stylus, keys and scroll bar do on the Schedule page.
 #include "schedule/schedule_page.h"
 
+#include "platform/typing.h"
 #include "res/resource_ids.h"
 #include "schedule/schedule_page_look.h"
 
@@ -51,15 +52,43 @@ void CSchedulePage::TakeStylusUp(Point point) {
     }
 }
 
+// The focus may be in a picker of the period, which has told by now what was typed there.
 void CSchedulePage::TakeKeyDown(const Message& key) {
-    if (TakePageKey(key) || CurrentList().MoveSelection(key.Id)) {
+    if (TakePageKey(key)) {
         return;
     }
-    if (key.Id == VK_LEFT) {
+    if (CurrentList().MoveSelection(key.Id)) {
+        FocusList();
+    } else if (key.Id == VK_LEFT) {
         ShowNextKind(-1);
     } else if (key.Id == VK_RIGHT) {
         ShowNextKind(1);
+    } else if (key.Id == VK_RETURN && IsPickerFocused()) {
+        FocusList(); // the period stands, and the next Enter is for a row
+    } else if (CurrentList().GetSelected() != nullptr) {
+        TakeRowKey(key);
     }
+}
+
+// Other keys mean nothing here.
+void CSchedulePage::TakeRowKey(const Message& key) {
+    if (key.Id == VK_RETURN && key.Code == 0) {
+        ViewSelected();
+    } else if (key.Id == VK_DELETE && key.Code == 0) {
+        DeleteSelected();
+    } else if (key.Id == VK_APPS) {
+        FocusList();
+        CurrentList().OpenSelectedMenu();
+    }
+}
+
+void CSchedulePage::FocusList() {
+    Host().Windows().SetFocus(CurrentList().Handle());
+}
+
+bool CSchedulePage::IsPickerFocused() const {
+    const WindowHandle focus = Host().Windows().GetFocus();
+    return focus == Item(kSchedulePeriodStart) || focus == Item(kSchedulePeriodEnd);
 }
 
 void CSchedulePage::TakeListKey(const Message& key) {

@@ -41,6 +41,16 @@ SYSTEMTIME CSchedulePage::PeriodEnd() const {
 }
 
 void CSchedulePage::TakeStartPicked() {
+    FocusList();
+    ValidateFromStart();
+}
+
+void CSchedulePage::TakeEndPicked() {
+    FocusList();
+    ValidateFromEnd();
+}
+
+void CSchedulePage::ValidateFromStart() {
     SYSTEMTIME start = PeriodStart();
     SYSTEMTIME end = PeriodEnd();
     if (DaysBetween(start, end, Host().Locale()) < 0) {
@@ -54,7 +64,7 @@ void CSchedulePage::TakeStartPicked() {
     ShowPeriod(start, end);
 }
 
-void CSchedulePage::TakeEndPicked() {
+void CSchedulePage::ValidateFromEnd() {
     SYSTEMTIME start = PeriodStart();
     SYSTEMTIME end = PeriodEnd();
     if (DaysBetween(start, end, Host().Locale()) < 0) {

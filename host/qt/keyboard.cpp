@@ -1,6 +1,8 @@
 // Translation and routing of keys.
 #include "host/qt/keyboard.h"
 
+#include "platform/typing.h"
+
 #include <QCoreApplication>
 #include <QWidget>
 
@@ -46,6 +48,8 @@ int ToDeviceKey(int key) {
         return VK_DOWN;
     case Qt::Key_Delete:
         return VK_DELETE;
+    case Qt::Key_Menu:
+        return VK_APPS;
     default:
         return 0;
     }
@@ -87,8 +91,9 @@ void Keyboard::Press(WindowHandle from, QKeyEvent& event) {
     if (TakeBarKey(event)) {
         return;
     }
-    const int key = ToDeviceKey(event.key());
-    const int modifiers = ToModifiers(event.modifiers());
+    const bool isMenuKey = event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier;
+    const int key = isMenuKey ? VK_APPS : ToDeviceKey(event.key());
+    const int modifiers = isMenuKey ? 0 : ToModifiers(event.modifiers());
     WindowHandle control = from;
     if (key != 0) {
         control = Shared.Keys.Down(key, modifiers);

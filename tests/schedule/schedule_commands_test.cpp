@@ -1,4 +1,5 @@
 // The commands on an item: what they say, what they open and what they change.
+#include "platform/typing.h"
 #include "tests/schedule/schedule_desk.h"
 
 #include <gmock/gmock.h>
@@ -245,6 +246,49 @@ TEST_F(ScheduleCommands, CopyingTagsTheAppointmentAndShowsItInTheList) {
     ASSERT_TRUE(Desk.Settle());
     EXPECT_THAT(Desk.Headings(), ElementsAre(u"(12:00) Alarm 1", u"(09:00) Party"));
     EXPECT_EQ(Desk.SelectedRow(), 0);
+}
+
+TEST_F(ScheduleCommands, EnterDeleteAndTheMenuKeyWorkOnTheSelectedRow) {
+    const std::vector<Oid> alarms = Desk.GivenAlarms(2);
+    Desk.Show(ItemKind::Alarm);
+    Desk.Device.Key(VK_RETURN); // nothing is selected
+    Desk.Device.Key(VK_DELETE);
+    Desk.Device.Key(VK_APPS);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_THAT(Desk.Boxes(), IsEmpty());
+    EXPECT_FALSE(Desk.Device.See.IsDialogOpen());
+    Desk.Device.Key(VK_DOWN);
+    Desk.Device.Key(VK_DOWN);
+    Desk.Device.Key(VK_RETURN);
+    Desk.Device.Do([&] {
+        EXPECT_TRUE(Desk.Device.See.IsDialogOpen());
+        EXPECT_TRUE(Desk.Device.See.ShowsText(u"Alarm 2"));
+    });
+    Desk.Device.Key(VK_ESCAPE);
+    Desk.Device.Key(VK_APPS);
+    Desk.Device.Do([&] {
+        EXPECT_THAT(Desk.OpenMenu(), ElementsAre(u"View...", u"Modify...", u"Delete..."));
+        // The second row's middle, as a tap there would open it.
+        EXPECT_EQ(Desk.Device.Host().State.Menus.Tracked->At, (Point{115, 51 + 25 + 66}));
+    });
+    Desk.Device.ChooseTracked(0);
+    Desk.Device.Key(VK_DELETE);
+    Desk.Device.AnswerBox(IDYES);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_FALSE(Desk.Exists(alarms[1]));
+    EXPECT_TRUE(Desk.Exists(alarms[0]));
+}
+
+TEST_F(ScheduleCommands, ATappedRowHasTheKeysAgain) {
+    GivenToday(u"Party");
+    Desk.Show(ItemKind::Appointment);
+    Desk.Device.TapControl(kSchedulePeriodStart);
+    Desk.Device.Tap(20, 80);
+    Desk.Device.ChooseTracked(0);
+    Desk.Device.Key(VK_DELETE);
+    Desk.Device.AnswerBox(IDYES);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_THAT(Desk.Boxes(), ElementsAre(u"Delete|Are you sure to delete?"));
 }
 
 TEST_F(ScheduleCommands, CopyTakesTheSelectedAppointmentWhateverKindIsShown) {

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <regex>
+
 namespace tavo {
 
 namespace {
@@ -61,6 +63,17 @@ class SchedulePage : public testing::Test {
         return {bounds.Left, bounds.Top - kClientArea.Top, bounds.Right, bounds.Bottom - kClientArea.Top};
     }
 
+    // By the list on show, since it was last presented.
+    std::string DrawnByTheList() {
+        headless::HeadlessHost& host = Desk.Device.Host();
+        for (const WindowHandle child : host.State.Tree.ChildrenOf(Desk.Device.See.Top())) {
+            if (host.State.Tree.IsVisible(child) && host.Drawn.LastFrame(child) != nullptr) {
+                return ToText(host.Drawn.LastFrame(child)->Calls);
+            }
+        }
+        return {};
+    }
+
     ScheduleDesk Desk;
 };
 
@@ -77,6 +90,41 @@ TEST_F(SchedulePage, EachKindHasItsTitleItsEmptyTextAndItsPlaces) {
         Tap(196, 20);
     }
     EXPECT_EQ(Desk.Header(), u"Alarm"); // after the last kind comes the first
+}
+
+// Everything that is drawn, with its place, font, colour and alignment.
+TEST_F(SchedulePage, TheHeaderIsDrawnInItsPlaces) {
+    Desk.Show(ItemKind::Alarm);
+    EXPECT_EQ(ToText(Desk.Device.See.LastFrame()->Calls),
+              "fill 0,0,240,267 #FFFFFF\n"
+              "bitmap 151 10,6,35,31 from 0,0,25,25\n"
+              "text 40,0,220,37 #000000 format 36 [Comic Sans MS -17 700] \"Alarm\"\n"
+              "bitmap 155 170,12,186,28 from 0,0,16,16\n"
+              "bitmap 155 188,12,204,28 from 16,0,32,16\n"
+              "bitmap 152 210,8,236,34 from 0,0,26,26\n"
+              "bitmap 139 0,241,240,267 from 0,0,240,26\n"
+              "bitmap 140 60,241,120,267 from 0,0,60,26\n");
+}
+
+TEST_F(SchedulePage, RowsAreDrawnInTheirPlacesFontsAndColours) {
+    Desk.GivenAlarms(2);
+    Desk.Show(ItemKind::Alarm);
+    Desk.Device.Key(VK_DOWN);
+    ASSERT_TRUE(Desk.Settle());
+    const std::string drawn = std::regex_replace(DrawnByTheList(), std::regex(" \".*\""), ""); // whatever it says
+    EXPECT_EQ(drawn, "fill 0,0,240,204 #FFFFFF\n"
+                     "fill 0,0,240,51 #0060BF\n" // selected
+                     "line 0,0 to 240,0 pen 1 #000000\n"
+                     "line 0,51 to 240,51 pen 1 #000000\n"
+                     "text 5,0,220,17 #FFFFFF format 2084 [Arial -13 700]\n"
+                     "text 5,17,220,34 #FFFFFF format 2084 [Arial -13 400]\n"
+                     "text 5,34,220,51 #FFFFFF format 2084 [Arial -13 400]\n"
+                     "fill 0,51,240,102 #FFFFFF\n"
+                     "line 0,51 to 240,51 pen 1 #000000\n"
+                     "line 0,102 to 240,102 pen 1 #000000\n"
+                     "text 5,51,220,68 #000000 format 2084 [Arial -13 700]\n"
+                     "text 5,68,220,85 #000000 format 2084 [Arial -13 400]\n"
+                     "text 5,85,220,102 #000000 format 2084 [Arial -13 400]\n");
 }
 
 TEST_F(SchedulePage, ThePreviousArrowGoesFromTheFirstKindToTheLast) {

@@ -99,13 +99,85 @@ TEST_F(SchedulePeriod, ADateIsTakenWhenItsMonthCalendarCloses) {
     Given(u"In January", At(2004, 1, 20, 9), At(2004, 1, 20, 10));
     ShowJanuary();
     ASSERT_THAT(Desk.Headings(), ElementsAre(u"In January"));
-    Desk.Device.PickDate(kSchedulePeriodStart, 2004, 1, 25); // typed
+    Desk.Device.PickDate(kSchedulePeriodStart, 2004, 1, 25);
     ASSERT_TRUE(Desk.Settle());
     EXPECT_THAT(Desk.Headings(), ElementsAre(u"In January"));
     Desk.Device.OpenList(kSchedulePeriodStart);
     Desk.Device.CloseList(kSchedulePeriodStart);
     ASSERT_TRUE(Desk.Settle());
     EXPECT_THAT(Desk.Headings(), IsEmpty());
+}
+
+TEST_F(SchedulePeriod, ATypedDateIsTakenWhenItIsWholeOrLeft) {
+    Given(u"In January", At(2004, 1, 20, 9), At(2004, 1, 20, 10));
+    ShowJanuary();
+    Desk.Device.TapControl(kSchedulePeriodStart);
+    Desk.Device.Key(VK_HOME);
+    Desk.Device.Type(u"01/25/200");
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_THAT(Desk.Headings(), ElementsAre(u"In January"));
+    Desk.Device.Type(u"4");
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Dates(), "2004-1-25 to 2004-1-31");
+    EXPECT_THAT(Desk.Headings(), IsEmpty());
+    Desk.Device.Key(VK_HOME);
+    Desk.Device.Type(u"1/19");
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_THAT(Desk.Headings(), IsEmpty());
+    Desk.Device.Key(VK_RETURN);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Dates(), "2004-1-19 to 2004-1-31");
+    EXPECT_THAT(Desk.Headings(), ElementsAre(u"In January"));
+    EXPECT_FALSE(Desk.Device.See.IsDialogOpen());
+}
+
+TEST_F(SchedulePeriod, ATypedPeriodIsValidatedLikeAPickedOne) {
+    ShowJanuary();
+    Desk.Device.TapControl(kSchedulePeriodEnd);
+    Desk.Device.Key(VK_HOME);
+    Desk.Device.Type(u"2/2/2004");
+    Desk.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_THAT(Desk.Boxes(), ElementsAre(kTooLong));
+    EXPECT_EQ(Dates(), "2004-1-1 to 2004-1-31");
+    Desk.Device.Key(VK_HOME);
+    Desk.Device.Type(u"12/5/2003"); // before the start, which follows
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Dates(), "2003-12-5 to 2003-12-5");
+    Desk.Device.TapControl(kSchedulePeriodStart);
+    Desk.Device.Key(VK_HOME);
+    Desk.Device.Type(u"12/9/2003");
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Dates(), "2003-12-9 to 2003-12-9");
+}
+
+TEST_F(SchedulePeriod, ArrowsAreThePagesWithTheFocusInAPicker) {
+    Given(u"One", At(2004, 1, 20, 9), At(2004, 1, 20, 10));
+    Given(u"Two", At(2004, 1, 21, 9), At(2004, 1, 21, 10));
+    ShowJanuary();
+    Desk.Device.TapControl(kSchedulePeriodStart);
+    Desk.Device.Key(VK_DOWN);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Desk.SelectedRow(), 0);
+    EXPECT_EQ(Dates(), "2004-1-1 to 2004-1-31");
+    Desk.Device.TapControl(kSchedulePeriodEnd);
+    Desk.Device.Key(VK_HOME);
+    Desk.Device.Type(u"01/25"); // the year is left as it is
+    Desk.Device.Key(VK_LEFT);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_FALSE(Desk.Device.See.IsShown(kSchedulePeriodStart)); // another kind
+    Desk.Device.Key(VK_RIGHT);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Dates(), "2004-1-1 to 2004-1-25");
+}
+
+TEST_F(SchedulePeriod, TheListHasTheFocusAgainWhenTheMonthCalendarCloses) {
+    ShowJanuary();
+    PickStart(2004, 1, 2);
+    ASSERT_TRUE(Desk.Settle());
+    const WindowHandle focus = Desk.Device.Host().State.Focus;
+    EXPECT_NE(focus, Desk.Device.See.Control(kSchedulePeriodStart));
+    EXPECT_NE(focus, WindowHandle::None);
 }
 
 TEST_F(SchedulePeriod, HoldsWhatLiesInItOrReachesIntoItInOrderOfStart) {
