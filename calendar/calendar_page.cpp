@@ -97,6 +97,22 @@ void CCalendarPage::SetToday() {
     DisplayedMonth = SelectedMonth = today.Month;
     DisplayedDay = SelectedDay = today.Day;
     State.SetFebruary(today.Year);
+    ComputeGrid();
+}
+
+// Whenever another month is shown, not only when it is painted: a tap may come before that.
+void CCalendarPage::ComputeGrid() {
+    const CalendarDate first{DisplayedYear, DisplayedMonth, 1};
+    const int firstWeekday = WeekdayOf(first);
+    DayGrid = ComputeDayGrid(firstWeekday, LengthOf(MonthBefore(first).Month), LengthOf(DisplayedMonth));
+    GridStart = AutomationDate(first) - firstWeekday;
+}
+
+bool CCalendarPage::IsDay(const CalendarDate& date) const {
+    const SYSTEMTIME midnight = MidnightOf(date.Year, date.Month, date.Day);
+    DATE converted = 0;
+    return date.Year >= kLowestYear && date.Year <= kHighestYear &&
+           Host().Locale().SystemTimeToVariantTime(midnight, converted);
 }
 
 int CCalendarPage::LengthOf(int month) const {

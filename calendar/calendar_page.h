@@ -43,7 +43,9 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
   private:
     // calendar_page.cpp
     void SetToday();
-    int LengthOf(int month) const; // in days
+    int LengthOf(int month) const;              // in days
+    bool IsDay(const CalendarDate& date) const; // of the calendar
+    void ComputeGrid();
     void SelectDay(CalendarDate date);
     void ReloadDayList();
     void OnDayListLoaded() override;

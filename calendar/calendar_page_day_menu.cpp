@@ -24,6 +24,9 @@ constexpr std::u16string_view kMemoUnreadable = u"This memo could not be read.";
 } // namespace
 
 void CCalendarPage::ShowDayMenu() {
+    if (!IsDay(SelectedDate())) {
+        return; // the 31st of a short month, or a blank cell: nobody would find a memo there again
+    }
     Day.Fill(DayList.Rows(), State.Categories, MemoFiles(State).FindMemos(SelectedYear, SelectedMonth, SelectedDay));
     const bool opensLeft = TapPoint.X >= kRightHalf;
     const Point at{TapPoint.X + (opensLeft ? -kMenuBeside : kMenuBeside), TapPoint.Y + kMenuBelow};
@@ -90,6 +93,9 @@ void CCalendarPage::OpenMemo(int command) {
 }
 
 void CCalendarPage::AddMemo() {
+    if (!IsDay(SelectedDate())) {
+        return; // a key came between the menu and its choice
+    }
     MemoFileKeeper keeper(State);
     keeper.Year = SelectedYear;
     keeper.Month = SelectedMonth;

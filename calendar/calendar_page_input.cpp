@@ -11,8 +11,6 @@ namespace tavo {
 
 namespace {
 
-constexpr int kLowestYear = 1900;
-constexpr int kHighestYear = 2999;
 constexpr int kFirstYearBelow = 1901; // kept: going below this year lands on the lowest one
 constexpr int kPageOfRows = 5;
 
@@ -95,6 +93,7 @@ void CCalendarPage::TakeKeyDown(const Message& key) {
     State.SetFebruary(DisplayedYear);
     // The selected day was taken before this and stays: a 31st may stand over a shorter month.
     DisplayedDay = std::min(DisplayedDay, LengthOf(DisplayedMonth));
+    ComputeGrid();
     ReloadDayList();
     Invalidate();
     if (key.Id == VK_RETURN) {
@@ -122,8 +121,12 @@ bool CCalendarPage::MoveSelectedDate(int key) {
     default:
         return false;
     }
-    const CalendarDate moved = DayBeside(SelectedDate(), days);
-    if (moved.Year < kLowestYear || moved.Year > kHighestYear) {
+    CalendarDate moved = DayBeside(SelectedDate(), days);
+    if (SelectedYear < kLowestYear) { // a blank cell of the first month was tapped, or of the last
+        moved = {kLowestYear, kJanuary, 1};
+    } else if (SelectedYear > kHighestYear) {
+        moved = {kHighestYear, kDecember, LengthOf(kDecember)};
+    } else if (moved.Year < kLowestYear || moved.Year > kHighestYear) {
         return true;
     }
     SelectDay(moved);
@@ -134,23 +137,24 @@ bool CCalendarPage::MoveSelectedDate(int key) {
     }
     DisplayedDay = moved.Day;
     State.SetFebruary(DisplayedYear);
+    ComputeGrid();
     SelectionChanged = true;
     FullPaint = true;
     return true;
 }
 
-// As if the selected cell were tapped in its middle; a day that the grid does not show, in the middle of the grid.
+// As if the selected cell were tapped in its middle. A day that its month lacks has no cell.
 void CCalendarPage::OpenSelectedDay() {
-    TapPoint = {(kGridLeft + kGridRight) / 2, (kGridTop + kGridBottom) / 2};
     for (int row = 0; row < kGridRows; ++row) {
         for (int column = 0; column < kGridColumns; ++column) {
             if (DateAt(row, column) == SelectedDate()) {
                 TapPoint = {kGridLeft + column * kCellWidth + kCellWidth / 2,
                             kGridTop + row * kCellHeight + kCellHeight / 2};
+                ShowDayMenu();
+                return;
             }
         }
     }
-    ShowDayMenu();
 }
 
 bool CCalendarPage::MoveDisplayedDate(int key) {

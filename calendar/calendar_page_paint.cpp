@@ -73,13 +73,6 @@ void CCalendarPage::PaintChrome() {
     DrawPageBar();
     Surface().DrawBitmap(kBitmapWeekdays, kWeekdayStrip, Rect::Whole(kWeekdayStripSize));
     Surface().DrawBitmap(kBitmapBottomStrip, kBottomStrip, Rect::Whole(kBottomStripSize));
-    if (MonthChanged) {
-        const CalendarDate first{DisplayedYear, DisplayedMonth, 1};
-        const CalendarDate before = MonthBefore(first);
-        const int firstWeekday = WeekdayOf(first);
-        DayGrid = ComputeDayGrid(firstWeekday, LengthOf(before.Month), LengthOf(DisplayedMonth));
-        GridStart = AutomationDate(first) - firstWeekday;
-    }
 }
 
 std::u16string CCalendarPage::PaintHeader() {

@@ -131,6 +131,37 @@ TEST_F(CalendarPageLook, AHolidaysNumberIsDrawnOnceMoreBeforeItsMark) {
     }
 }
 
+// The last frame holds what was drawn since the one before it: the marks alone, so the bare grid was shown first.
+TEST_F(CalendarPageLook, TheBareGridShowsBeforeTheMarks) {
+    Open();
+    Program->GivenAppointment(u"Dentist", At(2004, 12, 8, 9), At(2004, 12, 8, 10));
+    Program->ShowPage(2);
+    Program->Device.Key(VK_RIGHT);
+    ASSERT_TRUE(Program->Settle());
+    EXPECT_EQ(ToText(Calls()), "fill 123,106,128,110 #FFFF00\n");
+    Program->TapAside(50, 200); // the same month again, in one go
+    ASSERT_TRUE(Program->Settle());
+    EXPECT_GT(Calls().size(), 42U * 3);
+}
+
+TEST_F(CalendarPageLook, EveryCellLineIsWithinItsLimits) {
+    Open();
+    Program->ShowPage(2);
+    Tap(1, 1);
+    int numbers = 0;
+    for (const DrawCall& call : Calls()) {
+        if (call.Kind != DrawKind::Text || call.Area.Top < 58) {
+            continue;
+        }
+        const int column = (call.Area.Left - 6) / 33;
+        const int row = (call.Area.Top - 58) / 26;
+        EXPECT_EQ(call.Area, (Rect{6 + 33 * column, 58 + 26 * row, 37 + 33 * column, 84 + 26 * row}));
+        EXPECT_EQ(call.Format, DT_SINGLELINE); // top left
+        ++numbers;
+    }
+    EXPECT_EQ(numbers, 42);
+}
+
 TEST_F(CalendarPageLook, DaysOfOtherMonthsAndTheirHolidaysHaveTheSmallerFont) {
     Open();
     const Oid holiday = Program->GivenAllDay(u"Feast", At(2004, 12, 8));

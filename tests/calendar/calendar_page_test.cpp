@@ -129,6 +129,31 @@ TEST_F(CalendarPage, ASelectedDayThatTheMonthLacksIsShownByNoCell) {
     EXPECT_EQ(Program->Header(), u"Mon, Mar, 28, 2005");
 }
 
+// The month's length is that of the new year before the displayed day is cut to it.
+TEST_F(CalendarPage, TheTwentyNinthOfFebruaryIsCutByTheYearThatComes) {
+    Open(At(2004, 2, 29));
+    Press(VK_DOWN);
+    EXPECT_EQ(Program->Header(), u""); // 29 February 2005 has no picture
+    EXPECT_EQ(Program->SelectedCell(), -1);
+    EXPECT_EQ(Program->CellName(4, 1), u"2005-02-28");
+    EXPECT_EQ(Program->CellName(4, 2), u"2005-03-01");
+    Press(VK_RIGHT);
+    EXPECT_EQ(Program->Header(), u"Mon, Mar, 28, 2005");
+    Open(At(2003, 2, 28));
+    Press(VK_DOWN);
+    EXPECT_EQ(Program->Header(), u"Sat, Feb, 28, 2004");
+    EXPECT_EQ(Program->CellName(4, 0), u"2004-02-29");
+}
+
+TEST_F(CalendarPage, TodayWhileSelectedIsBlueAndNotGrey) {
+    Open(At(2004, 11, 3));
+    EXPECT_EQ(Pixel(110, 64), kBlue);
+    EXPECT_EQ(Program->NumberIn(0, 3).Ink, kWhite);
+    Tap(38, 85);
+    EXPECT_EQ(Pixel(110, 64), kGrey);
+    EXPECT_EQ(Program->NumberIn(0, 3).Ink, kBlack);
+}
+
 TEST_F(CalendarPage, AnyOtherKeyChangesNeitherMonthNorSelection) {
     Open(At(2004, 11, 3));
     Press(VK_HOME);

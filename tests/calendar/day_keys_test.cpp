@@ -16,17 +16,79 @@ TEST_F(DayMenuTest, EnterOpensTheSelectedDaysMenuAtItsCell) {
     Settle();
 }
 
-TEST_F(DayMenuTest, EnterOpensItInTheMiddleForADayThatTheGridDoesNotShow) {
+TEST_F(DayMenuTest, EnterOpensNothingForADayThatItsMonthLacks) {
     Program.Device.Host().Time.Clock.SetLocalTime(At(2004, 1, 31, 10, 0));
     Open();
     Program.Device.Key(VK_RIGHT); // the 31st of February
     Program.Device.Key(VK_RETURN);
+    Check([this] { EXPECT_FALSE(Menus().Tracked.has_value()); });
+    Program.Device.Key(VK_RIGHT);
+    Program.Device.Key(VK_RETURN);
+    Check([this] { EXPECT_TRUE(Menus().Tracked.has_value()); }); // the 29th of March
+    Choose(0);
+    Settle();
+}
+
+TEST_F(DayMenuTest, ABlankCellHasNoMenu) {
+    Program.Device.Host().Time.Clock.SetLocalTime(At(1901, 1, 10, 10, 0));
+    Open();
+    Program.Device.Tap(10, 70);
+    Check([this] { EXPECT_FALSE(Menus().Tracked.has_value()); });
+    Program.Device.Key(VK_RETURN);
+    Check([this] { EXPECT_FALSE(Menus().Tracked.has_value()); });
+    Settle();
+}
+
+TEST_F(DayMenuTest, NoMemoIsMadeForADayThatItsMonthLacks) {
+    Program.Device.Host().Time.Clock.SetLocalTime(At(2004, 1, 31, 10, 0));
+    Open();
+    Program.Device.Key(VK_RETURN);
     Check([this] {
-        ASSERT_TRUE(Menus().Tracked.has_value());
-        EXPECT_EQ(Menus().Tracked->At, (Point{119 + 5, 136 + 29}));
+        // In one moment the menu's entry is chosen and the month left.
+        Program.Device.Host().Keys.Down(VK_ESCAPE, 0);
+        Program.Device.Host().Keys.Down(VK_RIGHT, 0);
+    });
+    Check([this] {
+        EXPECT_EQ(Program.Header(), u"");
+        Message add;
+        add.Window = Program.Device.See.Top();
+        add.Number = WM_COMMAND;
+        add.Id = kCommandAddMemo;
+        Program.Device.Host().Queue().PostMessageW(add);
+    });
+    Check([this] { EXPECT_FALSE(Program.Device.See.IsDialogOpen()); });
+    Settle();
+}
+
+TEST_F(DayMenuTest, AKeyAndATapInOneMomentMeanTheSameMonth) {
+    Open();
+    Check([this] {
+        auto& host = Program.Device.Host();
+        host.Keys.Down(VK_RIGHT, 0); // October, which is not painted yet
+        host.Stylus.Down({kDayX, kDayY + kClientArea.Top});
+        host.Stylus.Up({kDayX, kDayY + kClientArea.Top});
+    });
+    Check([this] { EXPECT_TRUE(Menus().Tracked.has_value()); });
+    Choose(0);
+    Settle();
+    EXPECT_EQ(Program.CellName(2, 3), u"2004-10-13");
+    EXPECT_EQ(Program.Header(), u"Wed, Oct, 13, 2004");
+    EXPECT_EQ(Program.SelectedCell(), 17);
+}
+
+TEST_F(DayMenuTest, TodayAndATapInOneMomentMeanTheSameMonth) {
+    Open();
+    Program.Device.Key(VK_RIGHT);
+    Check([this] {
+        auto& host = Program.Device.Host();
+        host.Stylus.Down({218, 18 + kClientArea.Top});
+        host.Stylus.Up({218, 18 + kClientArea.Top});
+        host.Stylus.Down({kDayX, kDayY + kClientArea.Top});
+        host.Stylus.Up({kDayX, kDayY + kClientArea.Top});
     });
     Choose(0);
     Settle();
+    EXPECT_EQ(Program.Header(), u"Wed, Sep, 15, 2004");
 }
 
 TEST_F(DayMenuTest, ControlAndArrowsMoveTheSelectedDay) {
@@ -66,6 +128,33 @@ TEST_F(DayMenuTest, ControlAndArrowsStopAtTheEndsOfTime) {
     }
     Settle();
     EXPECT_EQ(Program.Header(), u"Mon, Jan, 01, 1900");
+}
+
+TEST_F(DayMenuTest, ControlAndArrowsComeBackFromABlankCell) {
+    Program.Device.Host().Time.Clock.SetLocalTime(At(2998, 12, 10, 10, 0));
+    Open();
+    const auto press = [this](int key, int modifiers) {
+        Program.Device.Key(key, modifiers);
+        Settle();
+        return Program.Header();
+    };
+    EXPECT_EQ(press(VK_RIGHT, 0), u"Tue, Dec, 10, 2999");
+    Program.Device.Tap(119, 175); // 1 January 3000, which is no day of the calendar
+    Settle();
+    EXPECT_EQ(Program.Header(), u"");
+    EXPECT_EQ(press(VK_LEFT, kModifierControl), u"Tue, Dec, 31, 2999");
+    EXPECT_EQ(press(VK_LEFT, kModifierControl), u"Mon, Dec, 30, 2999");
+    for (int year = 0; year < 3; ++year) {
+        Program.Device.Key(VK_UP);
+    }
+    Settle();
+    EXPECT_EQ(Program.Header(), u"Fri, Dec, 30, 2996");
+    Program.Device.Host().Time.Clock.SetLocalTime(At(1901, 1, 10, 10, 0));
+    Program.Device.Tap(218, 18);
+    EXPECT_EQ(press(VK_LEFT, 0), u"Wed, Jan, 10, 1900");
+    Program.Device.Tap(10, 70); // 31 December 1899
+    EXPECT_EQ(press(VK_RIGHT, kModifierControl), u"Mon, Jan, 01, 1900");
+    EXPECT_EQ(press(VK_DOWN, kModifierControl), u"Mon, Jan, 08, 1900");
 }
 
 } // namespace
