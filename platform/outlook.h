@@ -194,6 +194,11 @@ class IPOutlookApp : public IUnknown {
     virtual Status BeginUndo(std::int32_t& steps) = 0;
     virtual Status StepUndo() = 0; // False when there is nothing left to take back
 
+    // Within a group: something that the program itself will take back when the group is undone, in its own bytes.
+    virtual Status AddNote(std::span<const std::uint8_t> note) = 0;
+    // The notes of the group that GetUndoName names, oldest first. They are no steps of BeginUndo.
+    virtual Status GetUndoNotes(std::vector<std::vector<std::uint8_t>>& notes) = 0;
+
     // All that is read until EndReading is of one moment, and many items cost less. They nest; whatever begins a change
     // ends them all.
     virtual Status BeginReading() = 0;

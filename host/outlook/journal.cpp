@@ -81,6 +81,11 @@ Status Journal::NoteTag(ChangeKind kind, Oid oid, TagPlace place) {
     return Succeeded(status) ? Write(kind, oid, oid, EncodeTag(place)) : status;
 }
 
+Status Journal::AddNote(std::span<const std::uint8_t> note) {
+    const Status status = WriteCreated();
+    return Succeeded(status) ? Write(ChangeKind::Note, 0, 0, note) : status;
+}
+
 Status Journal::CloseGroup() {
     Status status = WriteCreated();
     if (Succeeded(status)) {
@@ -107,8 +112,8 @@ Status Journal::FindUndoable(std::int64_t& group, std::u16string& name) {
 Status Journal::ReadChangeBefore(std::int64_t group, std::int64_t& step, std::optional<JournalChange>& change) {
     change.reset();
     Query query(Source, "SELECT step, kind, oid, last_oid, image FROM journal_change WHERE group_id = ? AND step < ?"
-                        " ORDER BY step DESC LIMIT 1");
-    if (query.Bind(group).Bind(step).Next()) {
+                        " AND kind <> ? ORDER BY step DESC LIMIT 1");
+    if (query.Bind(group).Bind(step).Bind(static_cast<std::int64_t>(ChangeKind::Note)).Next()) {
         step = query.Integer(0);
         change.emplace();
         change->Kind = static_cast<ChangeKind>(query.Small(1));
@@ -120,9 +125,21 @@ Status Journal::ReadChangeBefore(std::int64_t group, std::int64_t& step, std::op
     return query.Result();
 }
 
+Status Journal::ReadNotes(std::int64_t group, std::vector<std::vector<std::uint8_t>>& notes) {
+    notes.clear();
+    Query query(Source, "SELECT image FROM journal_change WHERE group_id = ? AND kind = ? ORDER BY step");
+    query.Bind(group).Bind(static_cast<std::int64_t>(ChangeKind::Note));
+    while (query.Next()) {
+        const auto note = query.Blob(0);
+        notes.emplace_back(note.begin(), note.end());
+    }
+    return query.Result();
+}
+
 Status Journal::CountSteps(std::int64_t group, std::int32_t& count) {
-    Query query(Source, "SELECT coalesce(sum(last_oid - oid + 1), 0) FROM journal_change WHERE group_id = ?");
-    if (query.Bind(group).Next()) {
+    Query query(Source, "SELECT coalesce(sum(last_oid - oid + 1), 0) FROM journal_change"
+                        " WHERE group_id = ? AND kind <> ?");
+    if (query.Bind(group).Bind(static_cast<std::int64_t>(ChangeKind::Note)).Next()) {
         count = query.Small(0);
     }
     return query.Result();

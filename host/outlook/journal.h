@@ -11,13 +11,20 @@
 
 namespace tavo::outlook {
 
-enum class ChangeKind { Created = 0, Changed = 1, Deleted = 2, TagInserted = 3, TagRemoved = 4 };
+enum class ChangeKind {
+    Created = 0,
+    Changed = 1,
+    Deleted = 2,
+    TagInserted = 3,
+    TagRemoved = 4,
+    Note = 5, // something of the program's own, which the store keeps and does not understand
+};
 
 struct JournalChange {
     ChangeKind Kind = ChangeKind::Created;
     Oid First = 0; // created items may be a run of OIDs
     Oid Last = 0;
-    std::vector<std::uint8_t> Image; // of what was there before; of tags: list and position
+    std::vector<std::uint8_t> Image; // of what was there before; of tags: list and position; a note as it was given
 };
 
 class Journal {
@@ -39,6 +46,7 @@ class Journal {
     Status NoteCreated(Oid oid);
     Status NoteImage(ChangeKind kind, const ItemImage& image);
     Status NoteTag(ChangeKind kind, Oid oid, TagPlace place);
+    Status AddNote(std::span<const std::uint8_t> note);
 
     bool HasChanges() const { return GroupId != 0; }
 
@@ -60,6 +68,8 @@ class Journal {
     Status FindUndoable(std::int64_t& group, std::u16string& name);
     // Newest change first, one at a time: `step` is where the last one was, and starts as kNewestStep.
     Status ReadChangeBefore(std::int64_t group, std::int64_t& step, std::optional<JournalChange>& change);
+    // Its notes, oldest first.
+    Status ReadNotes(std::int64_t group, std::vector<std::vector<std::uint8_t>>& notes);
     // How many items and tags its changes are about.
     Status CountSteps(std::int64_t group, std::int32_t& count);
     // A change that was taken back is of no more use.

@@ -113,6 +113,14 @@ Status OutlookApp::StepUndo() {
     return Open ? Open->Core.StepUndo() : Status::Unexpected;
 }
 
+Status OutlookApp::AddNote(std::span<const std::uint8_t> note) {
+    return Open ? Open->Core.AddNote(note) : Status::Unexpected;
+}
+
+Status OutlookApp::GetUndoNotes(std::vector<std::vector<std::uint8_t>>& notes) {
+    return Open ? Open->Core.GetUndoNotes(notes) : Status::Unexpected;
+}
+
 Status OutlookApp::BeginReading() {
     return Open ? Open->Core.BeginReading() : Status::Unexpected;
 }

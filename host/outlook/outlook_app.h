@@ -24,6 +24,8 @@ class OutlookApp final : public RefCounted<IPOutlookApp> {
     Status Undo(std::vector<Oid>& restored) override;
     Status BeginUndo(std::int32_t& steps) override;
     Status StepUndo() override;
+    Status AddNote(std::span<const std::uint8_t> note) override;
+    Status GetUndoNotes(std::vector<std::vector<std::uint8_t>>& notes) override;
     Status BeginReading() override;
     Status EndReading() override;
     ITagMirror& Tags() override;

@@ -77,6 +77,8 @@ class StoreCore {
     Status Undo(std::vector<Oid>& restored);
     Status BeginUndo(std::int32_t& steps);
     Status StepUndo();
+    Status AddNote(std::span<const std::uint8_t> note);
+    Status GetUndoNotes(std::vector<std::vector<std::uint8_t>>& notes);
 
     // Runs statements in a transaction that is no group: the tag mirror, a change of zone.
     Status RunQuietly(const std::function<Status()>& work);

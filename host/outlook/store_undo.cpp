@@ -87,8 +87,27 @@ Status StoreCore::UndoChange() {
     case ChangeKind::TagInserted:
     case ChangeKind::TagRemoved:
         return UndoTag(change);
+    case ChangeKind::Note:
+        break; // never read as a change
     }
     return Status::Corrupt;
+}
+
+Status StoreCore::AddNote(std::span<const std::uint8_t> note) {
+    if (!GroupOpen) {
+        return Status::Unexpected;
+    }
+    return Db.InTransaction() ? Changes.AddNote(note) : Status::Fail; // the group broke earlier
+}
+
+Status StoreCore::GetUndoNotes(std::vector<std::vector<std::uint8_t>>& notes) {
+    std::int64_t group = 0;
+    std::u16string name;
+    const Status status = Changes.FindUndoable(group, name);
+    if (Failed(status)) {
+        return status;
+    }
+    return group == 0 ? Status::NotFound : Changes.ReadNotes(group, notes);
 }
 
 // There is no way forward again: its picture is of no more use.

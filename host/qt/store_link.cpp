@@ -74,6 +74,10 @@ class StoreLink::LinkedApp final : public outlook::RefCounted<IPOutlookApp> {
 
     Status StepUndo() override { return Store->StepUndo(); }
 
+    Status AddNote(std::span<const std::uint8_t> note) override { return Store->AddNote(note); }
+
+    Status GetUndoNotes(std::vector<std::vector<std::uint8_t>>& notes) override { return Store->GetUndoNotes(notes); }
+
     Status BeginReading() override { return Store->BeginReading(); }
 
     Status EndReading() override { return Store->EndReading(); }

@@ -72,6 +72,47 @@ TEST_F(Undo, ASingleSaveIsAGroupOfOne) {
     EXPECT_EQ(App->GetUndoName(name), Status::NotFound);
 }
 
+TEST_F(Undo, ANoteStandsInItsGroupAndIsNoStepOfTheStore) {
+    const std::vector<std::uint8_t> first{1, 2, 3};
+    const std::vector<std::uint8_t> second{4};
+    std::vector<std::vector<std::uint8_t>> notes;
+    EXPECT_EQ(App->AddNote(first), Status::Unexpected); // there is no group
+    EXPECT_EQ(App->GetUndoNotes(notes), Status::NotFound);
+    ASSERT_EQ(App->Begin(u"noted"), Status::Ok);
+    ASSERT_EQ(App->AddNote(first), Status::Ok);
+    const Oid oid = Add("2026-05-04 10:00", "2026-05-04 11:00", u"With notes");
+    ASSERT_EQ(App->AddNote(second), Status::Ok);
+    ASSERT_EQ(App->End(), Status::Ok);
+    ASSERT_EQ(App->GetUndoNotes(notes), Status::Ok);
+    EXPECT_THAT(notes, ElementsAre(first, second));
+    std::int32_t steps = 0;
+    ASSERT_EQ(App->BeginUndo(steps), Status::Ok);
+    EXPECT_EQ(steps, 1);
+    ASSERT_EQ(App->GetUndoNotes(notes), Status::Ok);
+    EXPECT_THAT(notes, SizeIs(2));
+    EXPECT_EQ(App->StepUndo(), Status::Ok);
+    EXPECT_EQ(App->StepUndo(), Status::False);
+    ASSERT_EQ(App->End(), Status::Ok);
+    EXPECT_FALSE(Exists(oid));
+    EXPECT_EQ(App->GetUndoNotes(notes), Status::NotFound);
+}
+
+TEST_F(Undo, AGroupOfNotesAloneIsAStep) {
+    ASSERT_EQ(App->Begin(u"noted"), Status::Ok);
+    ASSERT_EQ(App->AddNote(std::vector<std::uint8_t>{7}), Status::Ok);
+    ASSERT_EQ(App->End(), Status::Ok);
+    EXPECT_EQ(UndoName(), "noted");
+    EXPECT_THAT(TakeBack(), IsEmpty());
+}
+
+TEST_F(Undo, ANoteOfAnAbandonedGroupIsGone) {
+    ASSERT_EQ(App->Begin(u"noted"), Status::Ok);
+    ASSERT_EQ(App->AddNote(std::vector<std::uint8_t>{7}), Status::Ok);
+    ASSERT_EQ(App->Abandon(), Status::Ok);
+    std::vector<std::vector<std::uint8_t>> notes;
+    EXPECT_EQ(App->GetUndoNotes(notes), Status::NotFound);
+}
+
 TEST_F(Undo, SavingWithoutAChangeIsNoStep) {
     const Oid oid = Add("2026-05-04 10:00", "2026-05-04 11:00", u"Same");
     const auto item = Get(oid);

@@ -1,4 +1,4 @@
-// An appointment that passes everything on to another one, but whose recurrence pattern can be withheld.
+// An appointment that passes everything on to another one, but whose recurrence pattern and note can be withheld.
 #pragma once
 
 #include "platform/outlook.h"
@@ -32,7 +32,9 @@ class AppointmentProbe final : public IAppointment {
 
     Status put_Body(std::u16string_view text) override { return Real.put_Body(text); }
 
-    Status get_BodyInk(std::vector<std::uint8_t>& ink) override { return Real.get_BodyInk(ink); }
+    Status get_BodyInk(std::vector<std::uint8_t>& ink) override {
+        return Failed(InkResult) ? InkResult : Real.get_BodyInk(ink);
+    }
 
     Status put_BodyInk(std::span<const std::uint8_t> ink) override { return Real.put_BodyInk(ink); }
 
@@ -93,6 +95,7 @@ class AppointmentProbe final : public IAppointment {
     Status Delete() override { return Real.Delete(); }
 
     Status PatternResult = Status::Ok; // a failure is given back without asking further
+    Status InkResult = Status::Ok;     // likewise, of reading
 
   private:
     IAppointment& Real;

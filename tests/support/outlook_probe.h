@@ -92,6 +92,11 @@ class OutlookProbe final : public IPOutlookApp {
         if (Failed(ItemResult)) {
             return ItemResult;
         }
+        if (Item != nullptr) {
+            Item->AddRef();
+            item = ComPtr<IAppointment>::Adopt(Item);
+            return Status::Ok;
+        }
         return Real ? Real->GetItemFromOid(oid, item) : Status::NotFound;
     }
 
@@ -101,7 +106,13 @@ class OutlookProbe final : public IPOutlookApp {
 
     Status Begin(std::u16string_view name) override { return Real ? Real->Begin(name) : Status::Fail; }
 
-    Status End() override { return Real ? Real->End() : Status::Fail; }
+    Status End() override {
+        if (Failed(EndResult) && Real) {
+            static_cast<void>(Real->Abandon()); // as the real one ends when it cannot write
+            return EndResult;
+        }
+        return Real ? Real->End() : Status::Fail;
+    }
 
     Status Abandon() override { return Real ? Real->Abandon() : Status::Fail; }
 
@@ -112,6 +123,12 @@ class OutlookProbe final : public IPOutlookApp {
     Status BeginUndo(std::int32_t& steps) override { return Real ? Real->BeginUndo(steps) : Status::NotFound; }
 
     Status StepUndo() override { return Real ? Real->StepUndo() : Status::Unexpected; }
+
+    Status AddNote(std::span<const std::uint8_t> note) override { return Real ? Real->AddNote(note) : Status::Fail; }
+
+    Status GetUndoNotes(std::vector<std::vector<std::uint8_t>>& notes) override {
+        return Real ? Real->GetUndoNotes(notes) : Status::NotFound;
+    }
 
     Status BeginReading() override { return Real ? Real->BeginReading() : Status::Ok; }
 
@@ -129,6 +146,8 @@ class OutlookProbe final : public IPOutlookApp {
     Status LogonResult = Status::Ok; // a failure is given back without asking further, and so for the next two
     Status FolderResult = Status::Ok;
     Status ItemResult = Status::Ok;
+    IAppointment* Item = nullptr;              // given for every OID, if there is one
+    Status EndResult = Status::Ok;             // a failure takes the group back
     std::vector<std::string>* Calls = nullptr; // where to note calls, if anywhere
     int References = 0;
 
