@@ -29,6 +29,10 @@ class IFiles {
     // Creates or replaces the file, whole or not at all. A replaced memo goes to the Deleted folder.
     virtual ErrorCode WriteWholeFile(std::u16string_view path, std::span<const std::uint8_t> bytes) = 0;
     virtual ErrorCode DeleteFileW(std::u16string_view path) = 0; // a deleted memo goes to the Deleted folder
+    // Deletes a memo like DeleteFileW; `kept` gets the path at which it lies in the Deleted folder.
+    virtual ErrorCode PutAwayMemo(std::u16string_view path, std::u16string& kept) = 0;
+    // Gives a file another path. AlreadyExists when a file is there whose name is spelled exactly so.
+    virtual ErrorCode MoveFileW(std::u16string_view from, std::u16string_view to) = 0;
     // The files that match a pattern with "*" and "?" in its last part; null when there are none.
     virtual std::unique_ptr<IFileSearch> FindFirstFileW(std::u16string_view pattern) = 0;
 };

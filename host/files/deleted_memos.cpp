@@ -77,14 +77,15 @@ ErrorCode AddName(const std::string& from, const std::string& target) {
     return LinksAreUnknown(errno) ? CopyNew(from, target) : ErrorCodeOf(errno);
 }
 
-ErrorCode NameInDeletedFolder(const std::string& folder, const std::string& name, std::time_t now) {
+ErrorCode NameInDeletedFolder(const std::string& folder, const std::string& name, std::time_t now, std::string& kept) {
     const std::string deleted = DeletedFolderOf(folder);
     if (const ErrorCode error = MakeDeletedFolder(deleted); error != ErrorCode::Success)
         return error;
     const std::string memo = folder + '/' + name;
     for (int number = 1;; ++number) {
+        kept = NameOfDeleted(name, now, number);
         std::string target = deleted;
-        target.append(1, '/').append(NameOfDeleted(name, now, number));
+        target.append(1, '/').append(kept);
         const ErrorCode error = AddName(memo, target);
         if (error != ErrorCode::AlreadyExists)
             return error;
@@ -100,15 +101,22 @@ bool IsKeptMemo(const std::string& folder, const std::string& name) {
 }
 
 ErrorCode KeepMemo(const std::string& folder, const std::string& name, std::time_t now) {
-    const ErrorCode error = NameInDeletedFolder(folder, name, now);
+    std::string kept;
+    const ErrorCode error = NameInDeletedFolder(folder, name, now, kept);
     return error == ErrorCode::Success ? SyncFolder(DeletedFolderOf(folder)) : error;
 }
 
-ErrorCode MoveMemo(const std::string& folder, const std::string& name, std::time_t now) {
+ErrorCode MoveMemo(const std::string& folder, const std::string& name, std::time_t now, std::string& kept) {
     // Not synchronised: a deletion that a crash undoes loses nothing, and all memos may be deleted at once.
-    if (const ErrorCode error = NameInDeletedFolder(folder, name, now); error != ErrorCode::Success)
+    if (const ErrorCode error = NameInDeletedFolder(folder, name, now, kept); error != ErrorCode::Success)
         return error;
     return unlink((folder + '/' + name).c_str()) == 0 ? ErrorCode::Success : ErrorCodeOf(errno);
+}
+
+ErrorCode MoveToFreePath(const std::string& from, const std::string& to) {
+    if (const ErrorCode error = AddName(from, to); error != ErrorCode::Success)
+        return error;
+    return unlink(from.c_str()) == 0 ? ErrorCode::Success : ErrorCodeOf(errno);
 }
 
 void PurgeDeletedMemos(const std::string& folder, std::time_t now) {

@@ -19,8 +19,11 @@ bool IsKeptMemo(const std::string& folder, const std::string& name);
 // Gives the memo a second name in the Deleted folder; it stays where it is.
 ErrorCode KeepMemo(const std::string& folder, const std::string& name, std::time_t now);
 
-// Moves the memo to the Deleted folder.
-ErrorCode MoveMemo(const std::string& folder, const std::string& name, std::time_t now);
+// Moves the memo to the Deleted folder; `kept` gets its name there.
+ErrorCode MoveMemo(const std::string& folder, const std::string& name, std::time_t now, std::string& kept);
+
+// Gives the file another path, on the same disk or not. AlreadyExists when something has that path.
+ErrorCode MoveToFreePath(const std::string& from, const std::string& to);
 
 // Removes what was deleted more than 30 days ago. Files that were not named by us stay.
 void PurgeDeletedMemos(const std::string& folder, std::time_t now);

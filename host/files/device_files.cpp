@@ -91,6 +91,14 @@ ErrorCode DeviceFiles::DeleteFileW(std::u16string_view path) {
     return Guard([&] { return Delete(path); });
 }
 
+ErrorCode DeviceFiles::PutAwayMemo(std::u16string_view path, std::u16string& kept) {
+    return Guard([&] { return PutAway(path, kept); });
+}
+
+ErrorCode DeviceFiles::MoveFileW(std::u16string_view from, std::u16string_view to) {
+    return Guard([&] { return Move(from, to); });
+}
+
 std::unique_ptr<IFileSearch> DeviceFiles::FindFirstFileW(std::u16string_view pattern) {
     std::unique_ptr<FileSearch> search;
     const ErrorCode error = Guard([&] {
@@ -267,10 +275,59 @@ ErrorCode DeviceFiles::Delete(std::u16string_view path) {
     if (S_ISREG(state.st_mode) && access(realPath.c_str(), W_OK) != 0)
         return ErrorCodeOf(errno);
     UserFolders.Forget(place.Folder);
-    if (S_ISREG(state.st_mode) && IsKeptMemo(place.Folder, place.Name))
-        return MoveMemo(place.Folder, place.Name, Now());
+    if (S_ISREG(state.st_mode) && IsKeptMemo(place.Folder, place.Name)) {
+        std::string kept;
+        return MoveMemo(place.Folder, place.Name, Now(), kept);
+    }
     // Of a link only the link goes; what it leads to stays.
     return unlink(realPath.c_str()) == 0 ? ErrorCode::Success : ErrorCodeOf(errno);
+}
+
+// A link goes there as a link.
+ErrorCode DeviceFiles::PutAway(std::u16string_view path, std::u16string& kept) {
+    Place place;
+    if (const ErrorCode error = FindPlace(path, LastLink::Keep, place); error != ErrorCode::Success)
+        return error;
+
+    struct stat state {};
+
+    if (lstat(place.Path().c_str(), &state) != 0)
+        return ErrorCodeOf(errno);
+    if (!IsKeptMemo(place.Folder, place.Name) || (!S_ISREG(state.st_mode) && !S_ISLNK(state.st_mode)))
+        return ErrorCode::AccessDenied;
+    if (S_ISREG(state.st_mode) && access(place.Path().c_str(), W_OK) != 0)
+        return ErrorCodeOf(errno);
+    UserFolders.Forget(place.Folder);
+    std::string name;
+    const ErrorCode error = MoveMemo(place.Folder, place.Name, Now(), name);
+    kept = path.substr(0, path.rfind(u'\\'));
+    kept.append(1, u'\\').append(locale::ToUtf16(kDeletedFolderName)).append(1, u'\\').append(locale::ToUtf16(name));
+    return error;
+}
+
+// Looks for the new name exactly as it is spelled: reading the folder for each of many files would take too long.
+ErrorCode DeviceFiles::Move(std::u16string_view from, std::u16string_view to) {
+    Place source;
+    if (const ErrorCode error = FindPlace(from, LastLink::Keep, source); error != ErrorCode::Success)
+        return error;
+    const auto parts = ParseDevicePath(to);
+    if (!parts || parts->empty())
+        return ErrorCode::InvalidName;
+    Place target;
+    if (const ErrorCode error = FindFolder(Parts(parts->data(), parts->size() - 1), target.Folder);
+        error != ErrorCode::Success)
+        return error;
+    target.Name = locale::ToUtf8(parts->back());
+
+    struct stat state {};
+
+    if (lstat(source.Path().c_str(), &state) != 0)
+        return ErrorCodeOf(errno);
+    if (!S_ISREG(state.st_mode) && !S_ISLNK(state.st_mode))
+        return ErrorCode::AccessDenied;
+    UserFolders.Forget(source.Folder);
+    UserFolders.Forget(target.Folder);
+    return MoveToFreePath(source.Path(), target.Path());
 }
 
 } // namespace tavo::files

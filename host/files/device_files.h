@@ -27,6 +27,8 @@ class DeviceFiles final : public IFiles {
     ErrorCode ReadWholeFile(std::u16string_view path, std::vector<std::uint8_t>& bytes) override;
     ErrorCode WriteWholeFile(std::u16string_view path, std::span<const std::uint8_t> bytes) override;
     ErrorCode DeleteFileW(std::u16string_view path) override;
+    ErrorCode PutAwayMemo(std::u16string_view path, std::u16string& kept) override;
+    ErrorCode MoveFileW(std::u16string_view from, std::u16string_view to) override;
     std::unique_ptr<IFileSearch> FindFirstFileW(std::u16string_view pattern) override;
 
     // Where an existing file of the device really lies (for sound players); nothing when there is none.
@@ -60,6 +62,8 @@ class DeviceFiles final : public IFiles {
     ErrorCode MakeFolder(std::u16string_view path);
     ErrorCode Write(std::u16string_view path, std::span<const std::uint8_t> bytes);
     ErrorCode Delete(std::u16string_view path);
+    ErrorCode PutAway(std::u16string_view path, std::u16string& kept);
+    ErrorCode Move(std::u16string_view from, std::u16string_view to);
 
     std::string Root;      // both without symbolic links
     std::string Installed; // empty: none

@@ -112,6 +112,35 @@ TEST_F(DeviceFilesTest, NoPathLeavesTheRoot) {
     EXPECT_FALSE(Home.Has("unborn"));
 }
 
+TEST_F(DeviceFilesTest, AMemoPutAwaySaysWhereItLiesAndMovesBack) {
+    const std::u16string memo = std::u16string(kData) + u"\\20041103_101500.pwi";
+    ASSERT_EQ(Files.WriteWholeFile(memo, BytesOf("ink")), ErrorCode::Success);
+    std::u16string kept;
+    ASSERT_EQ(Files.PutAwayMemo(memo, kept), ErrorCode::Success);
+    EXPECT_EQ(Read(kept), "ink");
+    EXPECT_TRUE(kept.starts_with(std::u16string(kData) + u"\\Deleted\\20041103_101500 (deleted "));
+    EXPECT_EQ(Find(memo), Names{});
+    ASSERT_EQ(Files.MoveFileW(kept, memo), ErrorCode::Success);
+    EXPECT_EQ(Read(memo), "ink");
+    EXPECT_EQ(Find(kept), Names{});
+    EXPECT_EQ(Files.PutAwayMemo(u"\\My Documents\\TavoCalendar\\none.pwi", kept), ErrorCode::FileNotFound);
+    ASSERT_EQ(Files.WriteWholeFile(u"\\notes.txt", BytesOf("text")), ErrorCode::Success);
+    EXPECT_EQ(Files.PutAwayMemo(u"\\notes.txt", kept), ErrorCode::AccessDenied); // no memo
+}
+
+TEST_F(DeviceFilesTest, MovingTakesNobodysPlaceAndLeavesTheRootByNoPath) {
+    ASSERT_EQ(Files.WriteWholeFile(u"\\one", BytesOf("1")), ErrorCode::Success);
+    ASSERT_EQ(Files.WriteWholeFile(u"\\two", BytesOf("2")), ErrorCode::Success);
+    EXPECT_EQ(Files.MoveFileW(u"\\one", u"\\two"), ErrorCode::AlreadyExists);
+    EXPECT_EQ(Files.MoveFileW(u"\\one", u"\\none\\three"), ErrorCode::PathNotFound);
+    EXPECT_EQ(Files.MoveFileW(u"\\one", u"\\..\\three"), ErrorCode::InvalidName);
+    EXPECT_EQ(Files.MoveFileW(u"\\none", u"\\three"), ErrorCode::FileNotFound);
+    EXPECT_EQ(Read(u"\\one"), "1");
+    EXPECT_EQ(Read(u"\\two"), "2");
+    ASSERT_EQ(Files.MoveFileW(u"\\one", u"\\My Documents\\three"), ErrorCode::Success);
+    EXPECT_EQ(Read(u"\\My Documents\\three"), "1");
+}
+
 TEST_F(DeviceFilesTest, LinksInsideTheRootAreFollowedAndDeletedAlone) {
     Home.Put("root/real/x.dat", "inside");
     std::filesystem::create_directory_symlink("real", Home / "root/alias");

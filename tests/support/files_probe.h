@@ -45,6 +45,12 @@ class FilesProbe final : public IFiles {
 
     ErrorCode DeleteFileW(std::u16string_view path) override { return Files.DeleteFileW(path); }
 
+    ErrorCode PutAwayMemo(std::u16string_view path, std::u16string& kept) override {
+        return PutAwayResult == ErrorCode::Success ? Files.PutAwayMemo(path, kept) : PutAwayResult;
+    }
+
+    ErrorCode MoveFileW(std::u16string_view from, std::u16string_view to) override { return Files.MoveFileW(from, to); }
+
     std::unique_ptr<IFileSearch> FindFirstFileW(std::u16string_view pattern) override {
         LastPattern = pattern;
         return Found.empty() ? Files.FindFirstFileW(pattern) : std::make_unique<NamedFiles>(Found);
@@ -54,6 +60,7 @@ class FilesProbe final : public IFiles {
     ErrorCode FolderResult = ErrorCode::Success;
     ErrorCode ReadResult = ErrorCode::Success;
     ErrorCode WriteResult = ErrorCode::Success;
+    ErrorCode PutAwayResult = ErrorCode::Success;
     std::vector<std::u16string> Found; // given instead of what is there
     std::u16string LastRead;
     std::u16string LastWritten;
