@@ -45,6 +45,7 @@ struct RecoveredInk {
     std::u16string Name;
     SYSTEMTIME WrittenOn; // when it was begun
     std::vector<std::uint8_t> Data;
+    std::vector<std::uint8_t> Home; // as SetHome or HoldInk was told; empty when nobody said
 };
 
 enum class RecoveredInkEnd {
@@ -61,8 +62,14 @@ class IInk {
     virtual std::vector<std::uint8_t> GetData(WindowHandle ink) = 0; // WM_USER + 515; empty paper gives no bytes
     virtual bool SetData(WindowHandle ink, std::span<const std::uint8_t> data) = 0; // WM_USER + 516
 
+    // What the control's ink belongs to, in the program's own bytes (at most 65,535): a crash leaves them with the ink.
+    // Said before anything is drawn.
+    virtual void SetHome(WindowHandle ink, std::span<const std::uint8_t> home) = 0;
     // Nobody could keep the control's ink: when the control goes, it is left as a crash would leave it.
     virtual void LeaveForRecovery(WindowHandle ink) = 0;
+    // Ink that waits to be saved together with something else: kept as a crash would leave it, and left so at the
+    // program's end, until EndRecovered. Gives its name; empty when it cannot be kept.
+    virtual std::u16string HoldInk(std::span<const std::uint8_t> home, std::span<const std::uint8_t> data) = 0;
 
     // What crashes left, oldest first; none of it is open anywhere.
     virtual std::vector<RecoveredInk> FindRecovered() = 0;

@@ -84,7 +84,30 @@ std::vector<RecoveredInk> InkDesk::FindRecovered() {
     return Recovery.has_value() ? Recovery->Find() : std::vector<RecoveredInk>();
 }
 
+void InkDesk::SetHome(WindowHandle ink, std::span<const std::uint8_t> home) {
+    FindEntry(ink).Home.assign(home.begin(), home.end());
+}
+
+std::u16string InkDesk::HoldInk(std::span<const std::uint8_t> home, std::span<const std::uint8_t> data) {
+    if (!Recovery.has_value() || Clock == nullptr) {
+        return {};
+    }
+    auto file = std::make_unique<RecoveryFile>(Recovery->Path(), Clock->GetLocalTime(),
+                                               std::vector<std::uint8_t>(home.begin(), home.end()));
+    if (!file->WriteWhole(data)) {
+        return {};
+    }
+    file->Leave();
+    const std::string ownName = file->Name();
+    const std::u16string name(ownName.begin(), ownName.end());
+    Held[name] = std::move(file);
+    return name;
+}
+
 void InkDesk::EndRecovered(std::u16string_view name, RecoveredInkEnd end) {
+    if (const auto held = Held.find(name); held != Held.end()) {
+        Held.erase(held); // nobody else takes it up meanwhile
+    }
     if (Recovery.has_value()) {
         Recovery->End(name, end);
     }
@@ -95,7 +118,7 @@ void InkDesk::Save(Entry& entry) {
         return;
     }
     if (!entry.Saved) {
-        entry.Saved = std::make_unique<RecoveryFile>(Recovery->Path(), Clock->GetLocalTime());
+        entry.Saved = std::make_unique<RecoveryFile>(Recovery->Path(), Clock->GetLocalTime(), entry.Home);
     }
     // Where nothing can be written there is nothing to be done: the ink itself is still there.
     static_cast<void>(entry.Saved->Write(*entry.Control));

@@ -26,7 +26,9 @@ class InkDesk final : public IInk {
     int SendMessageW(WindowHandle ink, MessageNumber number, int first, int second) override;
     std::vector<std::uint8_t> GetData(WindowHandle ink) override;
     bool SetData(WindowHandle ink, std::span<const std::uint8_t> data) override;
+    void SetHome(WindowHandle ink, std::span<const std::uint8_t> home) override;
     void LeaveForRecovery(WindowHandle ink) override;
+    std::u16string HoldInk(std::span<const std::uint8_t> home, std::span<const std::uint8_t> data) override;
     std::vector<RecoveredInk> FindRecovered() override;
     void EndRecovered(std::u16string_view name, RecoveredInkEnd end) override;
 
@@ -51,6 +53,7 @@ class InkDesk final : public IInk {
     struct Entry {
         std::unique_ptr<InkControl> Control;
         std::unique_ptr<RecoveryFile> Saved;
+        std::vector<std::uint8_t> Home;
         Rect WithBar; // its place after it grew by the recorder bar; empty when it did not
     };
 
@@ -63,6 +66,7 @@ class InkDesk final : public IInk {
     IClock* Clock = nullptr;
     std::optional<RecoveryFolder> Recovery;
     std::map<WindowHandle, Entry> Entries;
+    std::map<std::u16string, std::unique_ptr<RecoveryFile>, std::less<>> Held; // by name
     std::function<void(WindowHandle)> Watch;
 };
 

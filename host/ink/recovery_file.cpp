@@ -3,6 +3,7 @@
 
 #include "host/files/private_file.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <utility>
@@ -14,9 +15,13 @@
 namespace tavo::ink {
 namespace {
 
-constexpr std::array<std::uint8_t, 5> kSignature{0xF7, 'T', 'I', 'R', 1};
-constexpr std::size_t kHeadSize = kSignature.size() + 7; // the moment it was begun
-constexpr std::size_t kRecordHead = 5;                   // kind, length
+constexpr std::array<std::uint8_t, 4> kSignature{0xF7, 'T', 'I', 'R'};
+constexpr std::uint8_t kVersionWithoutHome = 1;
+constexpr std::uint8_t kVersion = 2;
+constexpr std::size_t kHeadSize = kSignature.size() + 1 + 7; // version, the moment it was begun
+constexpr std::size_t kHomeLength = 2;
+constexpr std::size_t kLargestHome = 0xFFFF;
+constexpr std::size_t kRecordHead = 5; // kind, length
 constexpr int kPage = 1;
 constexpr int kAdded = 2;
 constexpr int kLive = 3; // replaces the one before; without bytes there is none any more
@@ -37,12 +42,16 @@ std::uint32_t GetNumber(std::span<const std::uint8_t> bytes, std::size_t size) {
     return value;
 }
 
-std::vector<std::uint8_t> MakeHead(const SYSTEMTIME& begun) {
+std::vector<std::uint8_t> MakeHead(const SYSTEMTIME& begun, std::span<const std::uint8_t> home) {
     std::vector<std::uint8_t> head(kSignature.begin(), kSignature.end());
+    head.push_back(kVersion);
     PutNumber(head, begun.Year, 2);
     for (const std::uint16_t part : {begun.Month, begun.Day, begun.Hour, begun.Minute, begun.Second}) {
         PutNumber(head, part, 1);
     }
+    home = home.first(std::min(home.size(), kLargestHome));
+    PutNumber(head, static_cast<std::uint32_t>(home.size()), kHomeLength);
+    head.insert(head.end(), home.begin(), home.end());
     return head;
 }
 
@@ -70,28 +79,33 @@ std::string NameFor(const SYSTEMTIME& begun, int number) {
 } // namespace
 
 RecoveryFile::~RecoveryFile() {
-    if (File && !IsLeft) {
+    if (!OwnPath.empty() && !IsLeft) {
         unlink(OwnPath.c_str());
     }
 }
 
-bool RecoveryFile::Open() {
-    if (File) {
-        return true;
-    }
+// A file of its own name, with the head alone. What was there before stays open and in place until then.
+bool RecoveryFile::MakeFile() {
     if (mkdir(Folder.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
         return false;
     }
     const files::FileDescriptor folder = files::OpenFolder(Folder);
     for (int number = 1; folder && number < kMaxNames; ++number) {
         const std::string name = NameFor(Begun, number);
-        OwnPath = Folder + "/" + name;
+        const std::string path = Folder + "/" + name;
         files::FileDescriptor made = files::MakeFile(folder, name);
         if (!made && errno != EEXIST) {
             return false;
         }
         if (made && flock(made.Get(), LOCK_EX | LOCK_NB) == 0) {
+            const std::vector<std::uint8_t> head = MakeHead(Begun, Home);
+            if (!WriteAll(made.Get(), head)) {
+                unlink(path.c_str()); // nobody would know to whom it belongs
+                return false;
+            }
             File = std::move(made);
+            OwnPath = path;
+            Size = static_cast<long long>(head.size());
             return true;
         }
     }
@@ -106,10 +120,7 @@ bool RecoveryFile::Append(int kind, std::span<const std::uint8_t> bytes) {
     record.insert(record.end(), bytes.begin(), bytes.end());
     if (!WriteAll(File.Get(), record)) {
         // Half a record hides what comes behind it.
-        if (ftruncate(File.Get(), Size) != 0 || lseek(File.Get(), Size, SEEK_SET) != Size) {
-            File.Close();
-            Size = 0;
-        }
+        IsBroken = ftruncate(File.Get(), Size) != 0 || lseek(File.Get(), Size, SEEK_SET) != Size;
         WrittenReshapes.reset();
         return false;
     }
@@ -117,36 +128,36 @@ bool RecoveryFile::Append(int kind, std::span<const std::uint8_t> bytes) {
     return true;
 }
 
-bool RecoveryFile::WritePage(const InkControl& control) {
-    const std::vector<std::uint8_t> page = Encode(control.Ink().Strokes());
-    if (Size > kRoomForNews + 4 * static_cast<long long>(page.size())) {
-        // Beside the old one, which lasts until the new one is written.
-        const std::string oldPath = OwnPath;
-        const files::FileDescriptor old = std::exchange(File, files::FileDescriptor());
-        Size = 0;
-        const bool isWritten = WritePage(control);
-        if (isWritten) {
+// A file that has grown too much is written anew beside the old one, which lasts until the new one is written and is
+// taken up again when that cannot be.
+bool RecoveryFile::WritePage(std::span<const std::uint8_t> page) {
+    if (File && !IsBroken && Size <= kRoomForNews + 4 * static_cast<long long>(page.size())) {
+        return Append(kPage, page);
+    }
+    files::FileDescriptor oldFile = std::exchange(File, files::FileDescriptor());
+    const std::string oldPath = OwnPath;
+    const long long oldSize = Size;
+    const bool wasBroken = std::exchange(IsBroken, false);
+    const bool isMade = MakeFile();
+    if (isMade && Append(kPage, page)) {
+        if (oldFile) {
             unlink(oldPath.c_str());
         }
-        return isWritten;
+        return true;
     }
-    if (!Open()) {
-        return false;
+    if (isMade) {
+        unlink(OwnPath.c_str());
     }
-    if (Size == 0) {
-        const std::vector<std::uint8_t> head = MakeHead(Begun);
-        if (ftruncate(File.Get(), 0) != 0 || lseek(File.Get(), 0, SEEK_SET) != 0 || !WriteAll(File.Get(), head)) {
-            return false;
-        }
-        Size = static_cast<long long>(head.size());
-    }
-    if (!Append(kPage, page)) {
-        return false;
-    }
-    WrittenReshapes = control.Reshapes();
-    WrittenStrokes = control.Ink().Strokes().size();
-    HasLive = false;
-    return true;
+    File = std::move(oldFile);
+    OwnPath = File ? oldPath : std::string();
+    Size = oldSize;
+    IsBroken = wasBroken;
+    return false;
+}
+
+bool RecoveryFile::WriteWhole(std::span<const std::uint8_t> ink) {
+    WrittenReshapes.reset();
+    return WritePage(ink);
 }
 
 bool RecoveryFile::WriteNews(const InkControl& control) {
@@ -170,8 +181,16 @@ bool RecoveryFile::Write(const InkControl& control) {
     if (control.Revision() == WrittenRevision) {
         return true;
     }
-    const bool isKnown = WrittenReshapes == control.Reshapes() && Size < (kRoomForNews << 3);
-    if ((!isKnown && !WritePage(control)) || !WriteNews(control)) {
+    const bool isKnown = WrittenReshapes == control.Reshapes() && !IsBroken && Size < (kRoomForNews << 3);
+    if (!isKnown) {
+        if (!WritePage(Encode(control.Ink().Strokes()))) {
+            return false;
+        }
+        WrittenReshapes = control.Reshapes();
+        WrittenStrokes = control.Ink().Strokes().size();
+        HasLive = false;
+    }
+    if (!WriteNews(control)) {
         return false;
     }
     WrittenRevision = control.Revision();
@@ -182,17 +201,31 @@ std::optional<RecoveryContents> ReadRecovery(std::span<const std::uint8_t> bytes
     if (bytes.size() < kHeadSize || !std::equal(kSignature.begin(), kSignature.end(), bytes.begin())) {
         return std::nullopt;
     }
+    const std::uint8_t version = bytes[kSignature.size()];
+    if (version != kVersionWithoutHome && version != kVersion) {
+        return std::nullopt;
+    }
     RecoveryContents contents;
-    const std::span<const std::uint8_t> moment = bytes.subspan(kSignature.size());
+    const std::span<const std::uint8_t> moment = bytes.subspan(kSignature.size() + 1);
     contents.Begun.Year = static_cast<std::uint16_t>(GetNumber(moment, 2));
     contents.Begun.Month = moment[2];
     contents.Begun.Day = moment[3];
     contents.Begun.Hour = moment[4];
     contents.Begun.Minute = moment[5];
     contents.Begun.Second = moment[6];
+    bytes = bytes.subspan(kHeadSize);
+    if (version == kVersion) {
+        const std::size_t length = bytes.size() < kHomeLength ? 0 : GetNumber(bytes, kHomeLength);
+        if (bytes.size() < kHomeLength + length) {
+            return contents; // cut before anything was drawn
+        }
+        const std::span<const std::uint8_t> home = bytes.subspan(kHomeLength, length);
+        contents.Home.assign(home.begin(), home.end());
+        bytes = bytes.subspan(kHomeLength + length);
+    }
     std::vector<PlacedStroke> all;
     std::vector<PlacedStroke> live;
-    for (bytes = bytes.subspan(kHeadSize); bytes.size() >= kRecordHead;) {
+    while (bytes.size() >= kRecordHead) {
         const int kind = bytes[0];
         const std::size_t length = GetNumber(bytes.subspan(1), 4);
         std::vector<PlacedStroke> strokes;

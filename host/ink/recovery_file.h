@@ -15,7 +15,9 @@ namespace tavo::ink {
 // The file goes with the object, and is locked as long as that lives: what is not locked was left by a crash.
 class RecoveryFile {
   public:
-    RecoveryFile(std::string folder, const SYSTEMTIME& begun) : Folder(std::move(folder)), Begun(begun) {}
+    // `home` says what the ink belongs to, in the program's own bytes.
+    RecoveryFile(std::string folder, const SYSTEMTIME& begun, std::vector<std::uint8_t> home = {})
+        : Folder(std::move(folder)), Begun(begun), Home(std::move(home)) {}
 
     ~RecoveryFile();
     RecoveryFile(const RecoveryFile&) = delete;
@@ -25,19 +27,26 @@ class RecoveryFile {
     // written; the next call then tries everything again.
     bool Write(const InkControl& control);
 
+    // Puts this ink in place of all that the file holds, as a control would give it.
+    bool WriteWhole(std::span<const std::uint8_t> ink);
+
     // The file outlives the object.
     void Leave() { IsLeft = true; }
 
     const std::string& Path() const { return OwnPath; }
 
+    // The path without its folder.
+    std::string Name() const { return OwnPath.substr(OwnPath.rfind('/') + 1); }
+
   private:
-    bool Open();
+    bool MakeFile();
     bool Append(int kind, std::span<const std::uint8_t> bytes);
-    bool WritePage(const InkControl& control);
+    bool WritePage(std::span<const std::uint8_t> page);
     bool WriteNews(const InkControl& control);
 
     std::string Folder;
     SYSTEMTIME Begun;
+    std::vector<std::uint8_t> Home;
     std::string OwnPath;
     files::FileDescriptor File;
     long long Size = 0;
@@ -46,11 +55,13 @@ class RecoveryFile {
     std::size_t WrittenStrokes = 0;
     bool HasLive = false;
     bool IsLeft = false;
+    bool IsBroken = false; // it ends in half a record: what is written from now on needs a file of its own
 };
 
 struct RecoveryContents {
     SYSTEMTIME Begun;
-    std::vector<std::uint8_t> Ink; // as a control would give it
+    std::vector<std::uint8_t> Ink;  // as a control would give it
+    std::vector<std::uint8_t> Home; // as the file's owner said it; empty in the files of version 1
 };
 
 // Reads as far as the bytes are whole. None when they are no recovery file.

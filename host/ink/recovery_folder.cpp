@@ -4,6 +4,7 @@
 #include "host/files/file_descriptor.h"
 #include "host/files/replace_file.h"
 #include "host/ink/recovery_file.h"
+#include "host/locale/calendar_math.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -24,6 +25,13 @@ constexpr std::size_t kMaxFileSize = 256U << 20;
 bool IsHeld(const std::string& path) {
     const files::FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW));
     return file && flock(file.Get(), LOCK_EX | LOCK_NB) != 0;
+}
+
+// One that a device's clock can show.
+bool IsMoment(const SYSTEMTIME& time) {
+    constexpr int firstYear = 1601;
+    return time.Year >= firstYear && locale::IsDate(time.Year, time.Month, time.Day) && time.Hour < 24 &&
+           time.Minute < 60 && time.Second < 60;
 }
 
 std::vector<std::string> NamesIn(const std::string& folder) {
@@ -50,12 +58,14 @@ std::vector<RecoveredInk> RecoveryFolder::Find() const {
             continue;
         }
         std::optional<RecoveryContents> contents = ReadRecovery(bytes);
-        if (!contents.has_value() && !bytes.empty()) {
-            Decline(name);
-        } else if (!contents.has_value() || contents->Ink.empty()) {
+        const bool isInk = contents.has_value() && !contents->Ink.empty();
+        if (bytes.empty() || (contents.has_value() && !isInk)) {
             unlink(path.c_str());
+        } else if (!isInk || !IsMoment(contents->Begun)) {
+            Decline(name); // there is no asking about it
         } else {
-            found.push_back({std::u16string(name.begin(), name.end()), contents->Begun, std::move(contents->Ink)});
+            found.push_back({std::u16string(name.begin(), name.end()), contents->Begun, std::move(contents->Ink),
+                             std::move(contents->Home)});
         }
     }
     return found;

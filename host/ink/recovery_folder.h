@@ -16,7 +16,7 @@ class RecoveryFolder {
     const std::string& Path() const { return OwnPath; }
 
     // Files that nobody holds any more and that hold ink, oldest first. Those without any are removed; those that
-    // cannot be read are put to the declined ones, as they are.
+    // cannot be read, or say an impossible time, are put to the declined ones.
     std::vector<RecoveredInk> Find() const;
     void End(std::u16string_view name, RecoveredInkEnd end) const;
 

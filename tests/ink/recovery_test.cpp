@@ -4,11 +4,13 @@
 #include "host/ink/recovery_folder.h"
 #include "tests/ink/control_desk.h"
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <random>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace tavo::ink {
@@ -21,6 +23,29 @@ using ::testing::SizeIs;
 namespace fs = std::filesystem;
 
 constexpr SYSTEMTIME kNow{2004, 11, 3, 3, 17, 10, 5, 0};
+
+// No file of this process grows beyond it while one lives.
+class FileSizeLimit {
+  public:
+    explicit FileSizeLimit(rlim_t bytes) {
+        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &Before), 0);
+        const rlimit limit{bytes, Before.rlim_max};
+        Handler = std::signal(SIGXFSZ, SIG_IGN);
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    }
+
+    ~FileSizeLimit() {
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &Before), 0);
+        std::signal(SIGXFSZ, Handler);
+    }
+
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+  private:
+    rlimit Before{};
+    void (*Handler)(int) = nullptr;
+};
 
 class InkRecovery : public ControlDesk {
   protected:
@@ -219,6 +244,76 @@ TEST_F(InkRecovery, DeclinedInkStaysAsAMemoFile) {
     std::vector<std::uint8_t> kept;
     ASSERT_EQ(files::ReadFile(FolderPath() + "/Declined/20041103_171005_1.pwi", 1 << 20, kept), ErrorCode::Success);
     EXPECT_EQ(kept, Control.GetData());
+}
+
+TEST_F(InkRecovery, KnowsWhatTheInkBelongsTo) {
+    Drag(10, 10, 60, 10);
+    const std::vector<std::uint8_t> home{7, 0, 255};
+    RecoveryFile file(FolderPath(), kNow, home);
+    ASSERT_TRUE(file.Write(Control));
+    EXPECT_EQ(ReadRecovery(Left(file))->Home, home);
+    LeaveFile("left.ink", Left(file));
+    const std::vector<RecoveredInk> found = RecoveryFolder(FolderPath()).Find();
+    ASSERT_THAT(found, SizeIs(1));
+    EXPECT_EQ(found[0].Home, home);
+    EXPECT_EQ(found[0].Data, Control.GetData());
+}
+
+// As it was written before files said it.
+TEST_F(InkRecovery, AFileThatDoesNotSayItIsReadToo) {
+    std::vector<std::uint8_t> bytes = FileOfOneStroke();
+    bytes[4] = 1;
+    bytes.erase(bytes.begin() + 12, bytes.begin() + 14); // the length of nothing
+    const std::optional<RecoveryContents> contents = ReadRecovery(bytes);
+    ASSERT_TRUE(contents.has_value());
+    EXPECT_EQ(contents->Ink, Control.GetData());
+    EXPECT_THAT(contents->Home, IsEmpty());
+    EXPECT_EQ(contents->Begun.Year, 2004);
+    bytes[4] = 3;
+    EXPECT_FALSE(ReadRecovery(bytes).has_value()); // of a later program
+}
+
+TEST_F(InkRecovery, AnImpossibleTimeIsPutAwayWithItsInk) {
+    std::vector<std::uint8_t> bytes = FileOfOneStroke();
+    bytes[7] = 13; // the month
+    LeaveFile("1.ink", bytes);
+    EXPECT_THAT(RecoveryFolder(FolderPath()).Find(), IsEmpty());
+    std::vector<std::uint8_t> kept;
+    ASSERT_EQ(files::ReadFile(FolderPath() + "/Declined/1.pwi", 1 << 20, kept), ErrorCode::Success);
+    EXPECT_EQ(kept, Control.GetData());
+}
+
+// The disk is full while a file that has grown is written anew.
+TEST_F(InkRecovery, AFullDiskLeavesNoSecondFileBehind) {
+    Control.SetData(Encode(WriteByHand(2000, 60)));
+    {
+        RecoveryFile file(FolderPath(), kNow);
+        const auto edit = [&] {
+            Send(EM_SETSEL, 0, -1);
+            Send(WM_CUT);
+            Send(kInkUndo);
+        };
+        edit();
+        ASSERT_TRUE(file.Write(Control));
+        const std::string first = file.Path();
+        const std::uintmax_t grown = (8U << 20) + 4 * Control.GetData().size();
+        for (int i = 0; i < 200 && fs::file_size(first) <= grown; ++i) {
+            edit();
+            ASSERT_TRUE(file.Write(Control));
+            ASSERT_EQ(file.Path(), first);
+        }
+        edit();
+        {
+            const FileSizeLimit full(Control.GetData().size() / 2);
+            EXPECT_FALSE(file.Write(Control));
+        }
+        EXPECT_THAT(NamesIn(FolderPath()), SizeIs(1));
+        EXPECT_EQ(InkLeft(file), Control.GetData()); // of before: the page is the same
+        ASSERT_TRUE(file.Write(Control));            // somebody made room
+        EXPECT_THAT(NamesIn(FolderPath()), SizeIs(1));
+        EXPECT_LT(fs::file_size(file.Path()), grown);
+    }
+    EXPECT_THAT(NamesIn(FolderPath()), IsEmpty());
 }
 
 TEST_F(InkRecovery, OnlyNamesThatWereFoundAreEnded) {
