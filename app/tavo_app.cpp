@@ -3,6 +3,7 @@
 
 #include "app/about_dialog.h"
 #include "app/start.h"
+#include "memo/memo_undo.h"
 #include "res/resource_ids.h"
 #include "res/strings.h"
 #include "schedule/progress_dlg.h"
@@ -19,6 +20,7 @@ namespace {
 constexpr int kStartFailed = 1; // exit status
 constexpr std::u16string_view kUndoCaption = u"Undo";
 constexpr std::u16string_view kNotUndone = u"The last step could not be undone.";
+constexpr std::u16string_view kMemosMissing = u"Not all memos could be brought back.";
 } // namespace
 
 CTavoApp::CTavoApp(IHost& host) : Device(host), Pump(host), State(Pump) {}
@@ -89,9 +91,10 @@ void CTavoApp::Undo() {
         return;
     }
     bool refused = false;
+    MemoUndo memos(State);
     {
         const BusyTime busy(State);
-        LongUndo undo(State);
+        LongUndo undo(State, &memos);
         RunLongWork(Pump, State, undo, kUndoCaption);
         refused = undo.IsRefused();
     }
@@ -99,6 +102,8 @@ void CTavoApp::Undo() {
     Frame->View().PostChangeNotice();
     if (refused) {
         ShowRefusal(Pump, WindowHandle::None, kNotUndone);
+    } else if (memos.Missing() > 0) {
+        ShowRefusal(Pump, WindowHandle::None, kMemosMissing);
     }
 }
 

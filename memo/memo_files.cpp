@@ -37,7 +37,7 @@ std::u16string MemoFiles::FreeMemoPath(const SYSTEMTIME& written) const {
     const int begin = (written.Hour * 60 + written.Minute) * 60 + written.Second;
     SYSTEMTIME moment = written;
     std::u16string path = PathOfMoment(moment);
-    for (int tries = 1; tries < secondsOfDay && State.Host().Files().FindFirstFileW(path) != nullptr; ++tries) {
+    for (int tries = 1; tries < secondsOfDay && IsMemo(path); ++tries) {
         const int second = (begin + tries) % secondsOfDay;
         moment.Hour = static_cast<std::uint16_t>(second / 3600);
         moment.Minute = static_cast<std::uint16_t>(second / 60 % 60);
@@ -45,6 +45,20 @@ std::u16string MemoFiles::FreeMemoPath(const SYSTEMTIME& written) const {
         path = PathOfMoment(moment);
     }
     return path;
+}
+
+std::u16string MemoFiles::FreePathBeside(std::u16string_view path) const {
+    const std::u16string_view stem = path.substr(0, path.rfind(u'.'));
+    std::u16string free;
+    int number = 2;
+    do {
+        free = FormatText(u"%s %d.pwi", stem, number++);
+    } while (IsMemo(free));
+    return free;
+}
+
+bool MemoFiles::IsMemo(std::u16string_view path) const {
+    return State.Host().Files().FindFirstFileW(path) != nullptr;
 }
 
 std::u16string MemoFiles::DayPattern(int year, int month, int day) const {

@@ -22,6 +22,11 @@ class MemoFiles {
 
     // For a memo that was written at this time; no other memo has this name.
     std::u16string FreeMemoPath(const SYSTEMTIME& written) const;
+    // "x 2.pwi" beside "x.pwi", or the next number that nobody has.
+    std::u16string FreePathBeside(std::u16string_view path) const;
+
+    // Whether there is such a file.
+    bool IsMemo(std::u16string_view path) const;
 
     // The names of the day's memos, without the folder, in the order in which the device finds them.
     std::vector<std::u16string> FindMemos(int year, int month, int day) const;

@@ -5,6 +5,7 @@
 #include "schedule/memo_list.h"
 
 #include <unordered_set>
+#include <utility>
 
 namespace tavo {
 
@@ -13,13 +14,17 @@ MassDeletion::MassDeletion(CProgramState& state, const DeletionClasses& classes)
     if (classes.Appointments) {
         FindAppointments();
     }
-    if (!Lists.empty() || Appointments) {
-        Begin();
-    }
     if (classes.Memos) {
         Memos = FindAllMemos(State);
-        TotalCount += static_cast<int>(Memos.size());
+        AddToName(static_cast<int>(Memos.size()), u"memo", u"memos");
     }
+    if (!Lists.empty() || Appointments || !Memos.empty()) {
+        Begin();
+    }
+}
+
+MassDeletion::~MassDeletion() {
+    MassDeletion::Abandon(); // as it is here: nobody derives from what is going
 }
 
 void MassDeletion::FindTagged(const DeletionClasses& classes) {
@@ -77,11 +82,7 @@ bool MassDeletion::IsTagged(Oid oid) const {
 void MassDeletion::Begin() {
     Group.emplace(State.Store, Name.empty() ? std::u16string_view(u"delete of forgotten tags") : Name);
     if (!Group->IsOpen()) {
-        Refused = true;
-        TotalCount = 0;
-        Tagged.clear();
-        Appointments.Reset();
-        Group.reset();
+        Refuse();
         return;
     }
     // The lists themselves are emptied when all is final. The mirror is first of all, so that the step holds the lists
@@ -91,25 +92,28 @@ void MassDeletion::Begin() {
     }
 }
 
+void MassDeletion::Refuse() {
+    Refused = true;
+    Tagged.clear();
+    Memos.clear();
+    Appointments.Reset();
+    Group.reset();
+}
+
 bool MassDeletion::DoNext() {
-    if (Group) {
-        if (NextTagged < Tagged.size()) {
-            State.Store.DeleteAppointment(Tagged[NextTagged++]);
-            ++DoneCount;
-            return true;
-        }
-        if (DeleteNextAppointment()) {
-            ++DoneCount;
-            return true;
-        }
-        Commit();
+    if (!Group) {
+        return Refused && TakeBackNext(); // memos come back one by one
     }
-    if (NextMemo < Memos.size()) {
-        DeleteMemo(State, Memos[NextMemo++]);
+    if (NextTagged < Tagged.size()) {
+        State.Store.DeleteAppointment(Tagged[NextTagged++]);
         ++DoneCount;
         return true;
     }
-    return false;
+    if (DeleteNextAppointment() || PutNextMemoAway()) {
+        ++DoneCount;
+        return true;
+    }
+    return !Commit();
 }
 
 bool MassDeletion::DeleteNextAppointment() {
@@ -125,25 +129,57 @@ bool MassDeletion::DeleteNextAppointment() {
     return false;
 }
 
-void MassDeletion::Commit() {
-    const bool kept = Group->End();
-    Group.reset();
-    Refused = !kept;
-    if (kept) {
-        for (const TagList list : Lists) {
-            State.Categories.ListOf(list).RemoveAll();
+// One that cannot be moved stays.
+bool MassDeletion::PutNextMemoAway() {
+    while (NextMemo < Memos.size()) {
+        MemoPutAway memo;
+        memo.Path = FormatText(u"%s\\%s", State.DataFolder, Memos[NextMemo++]);
+        if (State.Host().Files().PutAwayMemo(memo.Path, memo.Kept) != ErrorCode::Success) {
+            continue;
         }
+        MemosAway.push_back(std::move(memo));
+        if (Failed(State.Store.OutlookApp->AddNote(EncodeNote(MemosAway.back())))) {
+            Refuse(); // an undo would not know of it
+        }
+        return true;
     }
+    return false;
+}
+
+// False when the store could not keep it; everything is then to come back.
+bool MassDeletion::Commit() {
+    if (!Group->End()) {
+        Refuse();
+        return false;
+    }
+    Group.reset();
+    MemosAway.clear();
+    for (const TagList list : Lists) {
+        State.Categories.ListOf(list).RemoveAll();
+    }
+    return true;
 }
 
 std::u16string MassDeletion::DescribeProgress() const {
     return FormatText(u"%d of %d deleted", DoneCount, TotalCount);
 }
 
-void MassDeletion::Abandon() {
+bool MassDeletion::TakeBackNext() {
     Group.reset();
     Appointments.Reset();
-    Memos.clear();
+    if (MemosAway.empty()) {
+        return false;
+    }
+    // One that somebody took away meanwhile cannot come back.
+    static_cast<void>(State.Host().Files().MoveFileW(MemosAway.back().Kept, MemosAway.back().Path));
+    MemosAway.pop_back();
+    --DoneCount;
+    return true;
+}
+
+void MassDeletion::Abandon() {
+    while (MassDeletion::TakeBackNext()) {
+    }
 }
 
 } // namespace tavo

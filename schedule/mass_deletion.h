@@ -1,6 +1,7 @@
 // Deleting whole classes of items, one after the other.
 #pragma once
 
+#include "memo/undo_notes.h"
 #include "store/change_group.h"
 #include "store/long_work.h"
 #include "store/program_state.h"
@@ -20,12 +21,15 @@ struct DeletionClasses {
     bool Memos = false;
 };
 
-// Appointments of all classes go as one step that can be taken back; memos go to the device's Deleted folder.
-// Until the last appointment is gone nothing is final.
+// All of it goes as one step that can be taken back: appointments in the store, memos in the device's Deleted folder.
+// Until the last of them is gone nothing is final.
 class MassDeletion : public ILongWork {
   public:
     // Finds out what there is to delete.
     MassDeletion(CProgramState& state, const DeletionClasses& classes);
+    ~MassDeletion();
+    MassDeletion(const MassDeletion&) = delete;
+    MassDeletion& operator=(const MassDeletion&) = delete;
 
     int Total() const override { return TotalCount; }
 
@@ -35,6 +39,7 @@ class MassDeletion : public ILongWork {
     bool IsRefused() const { return Refused; }
 
     bool DoNext() override;
+    bool TakeBackNext() override;
     void Abandon() override;
     std::u16string DescribeProgress() const override;
 
@@ -45,14 +50,17 @@ class MassDeletion : public ILongWork {
     void AddToName(int count, std::u16string_view one, std::u16string_view many);
     void Begin();
     bool IsTagged(Oid oid) const;
+    void Refuse();
     bool DeleteNextAppointment();
-    void Commit();
+    bool PutNextMemoAway();
+    bool Commit();
 
     CProgramState& State;
     std::vector<TagList> Lists; // to be emptied, in the order of deletion
     std::vector<Oid> Tagged;
     ComPtr<IPOutlookItemCollection> Appointments; // of the whole folder; null when they stay
     std::vector<std::u16string> Memos;            // names
+    std::vector<MemoPutAway> MemosAway;           // not final yet
     std::u16string Name;                          // of the step
     std::optional<ChangeGroup> Group;
     std::size_t NextTagged = 0;

@@ -19,8 +19,4 @@ std::vector<std::u16string> FindAllMemos(CProgramState& state) {
     return names;
 }
 
-void DeleteMemo(CProgramState& state, std::u16string_view name) {
-    static_cast<void>(state.Host().Files().DeleteFileW(FormatText(u"%s\\%s", state.DataFolder, name)));
-}
-
 } // namespace tavo

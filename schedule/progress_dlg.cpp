@@ -26,6 +26,28 @@ constexpr Rect Shrink(const Rect& area) {
     return {area.Left + 1, area.Top + 1, area.Right - 1, area.Bottom - 1};
 }
 
+// What was done, taken back in the same way.
+class WayBack final : public ILongWork {
+  public:
+    explicit WayBack(ILongWork& work) : Work(work) {}
+
+    bool DoNext() override { return Work.TakeBackNext(); }
+
+    bool TakeBackNext() override { return false; }
+
+    // There is no way but this one.
+    void Abandon() override { Work.Abandon(); }
+
+    int Total() const override { return Work.Total(); }
+
+    int Done() const override { return Work.Done(); }
+
+    std::u16string DescribeProgress() const override { return Work.DescribeProgress(); }
+
+  private:
+    ILongWork& Work;
+};
+
 // False when it was not done in time.
 bool DoQuickly(ILongWork& work, IClock& clock) {
     const std::uint32_t begin = clock.GetTickCount();
@@ -35,6 +57,11 @@ bool DoQuickly(ILongWork& work, IClock& clock) {
         }
     }
     return false;
+}
+
+// False when it was cancelled.
+bool DoShown(CMessagePump& pump, CProgramState& state, ILongWork& work, std::u16string_view caption) {
+    return DoQuickly(work, pump.Host().Clock()) || CProgressDlg(pump, state, work, caption).DoModal() == IDOK;
 }
 
 } // namespace
@@ -85,12 +112,12 @@ void CProgressDlg::Paint() {
 }
 
 void RunLongWork(CMessagePump& pump, CProgramState& state, ILongWork& work, std::u16string_view caption) {
-    if (DoQuickly(work, pump.Host().Clock())) {
+    if (DoShown(pump, state, work, caption)) {
         return;
     }
-    CProgressDlg progress(pump, state, work, caption);
-    if (progress.DoModal() != IDOK) {
-        work.Abandon();
+    WayBack back(work);
+    if (!DoShown(pump, state, back, caption)) {
+        back.Abandon();
     }
 }
 

@@ -9,7 +9,9 @@ class ILongWork {
   public:
     // Does one thing. False when there is nothing left to do, or nothing more can be done.
     virtual bool DoNext() = 0;
-    // Takes back all that is not final yet.
+    // Takes back one thing that is not final yet. False when all is as it was before.
+    virtual bool TakeBackNext() = 0;
+    // Takes back all of it.
     virtual void Abandon() = 0;
 
     virtual int Total() const = 0;

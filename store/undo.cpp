@@ -40,8 +40,12 @@ std::u16string DescribeUndo(CProgramState& state) {
     return name.empty() ? std::u16string(kUndo) : FormatText(u"%s %s", kUndo, name);
 }
 
-LongUndo::LongUndo(CProgramState& state) : State(state) {
+LongUndo::LongUndo(CProgramState& state, IUndoNotes* notes) : State(state), Keeper(notes) {
     IsOpen = State.Store.OutlookApp && Succeeded(State.Store.OutlookApp->BeginUndo(TotalCount));
+    if (IsOpen && Keeper != nullptr && Failed(State.Store.OutlookApp->GetUndoNotes(Notes))) {
+        LongUndo::Abandon(); // half of a step is not taken back
+    }
+    TotalCount += static_cast<std::int32_t>(Notes.size());
     Refused = !IsOpen;
 }
 
@@ -49,9 +53,15 @@ LongUndo::~LongUndo() {
     LongUndo::Abandon(); // as it is here: nobody derives from what is going
 }
 
-void LongUndo::Abandon() {
+bool LongUndo::TakeBackNext() {
     if (std::exchange(IsOpen, false) && State.Store.OutlookApp) {
         static_cast<void>(State.Store.OutlookApp->Abandon()); // one that broke is gone by itself
+    }
+    return !IsDoneWell && Keeper != nullptr && Keeper->TakeAwayNext();
+}
+
+void LongUndo::Abandon() {
+    while (LongUndo::TakeBackNext()) {
     }
 }
 
@@ -64,6 +74,10 @@ bool LongUndo::DoNext() {
         ++DoneCount;
         return true;
     case Status::False:
+        if (BringNextNoteBack()) {
+            ++DoneCount;
+            return true;
+        }
         Finish();
         return false;
     default:
@@ -73,11 +87,25 @@ bool LongUndo::DoNext() {
     }
 }
 
+bool LongUndo::BringNextNoteBack() {
+    if (Notes.empty()) {
+        return false;
+    }
+    Keeper->BringBack(Notes.back());
+    Notes.pop_back();
+    return true;
+}
+
 void LongUndo::Finish() {
     IsOpen = false;
     IsDoneWell = Succeeded(State.Store.OutlookApp->End());
     Refused = !IsDoneWell;
-    if (IsDoneWell) {
+    if (Refused) {
+        Abandon();
+    } else {
+        if (Keeper != nullptr) {
+            Keeper->Settle();
+        }
         // Whether a list changed too, the pages follow either way.
         static_cast<void>(State.Categories.ApplyTagRequests());
     }

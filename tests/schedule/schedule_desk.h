@@ -16,6 +16,7 @@ class ScheduleDesk : public RunningProgram {
   public:
     // The device's clock stands on Wednesday, 3 November 2004, 17:10.
     ScheduleDesk() = default;
+    using RunningProgram::RunningProgram;
 
     // Puts the item into the kind's list, as the program itself would.
     void Tag(ItemKind kind, Oid oid);
