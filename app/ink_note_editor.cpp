@@ -5,8 +5,9 @@
 
 namespace tavo {
 
-int InkNoteEditor::EditInkNote() {
+int InkNoteEditor::EditInkNote(const InkHome& home) {
     CInkMemoView editor(Pump, State);
+    editor.Home = home;
     return editor.DoModal();
 }
 

@@ -11,7 +11,7 @@ class InkNoteEditor : public IInkNoteEditor {
   public:
     InkNoteEditor(CMessagePump& pump, CProgramState& state) : Pump(pump), State(state) {}
 
-    int EditInkNote() override;
+    int EditInkNote(const InkHome& home) override;
 
   private:
     CMessagePump& Pump;

@@ -2,7 +2,7 @@
 #include "app/ink_recovery.h"
 
 #include "framework/format.h"
-#include "memo/memo_files.h"
+#include "memo/ink_return.h"
 #include "res/strings.h"
 #include "store/date_pictures.h"
 #include "store/refusal.h"
@@ -17,9 +17,9 @@ constexpr std::u16string_view kQuestion = u"A memo of %s was not saved. Keep it?
 constexpr std::u16string_view kNotKept = u"The memo could not be saved. You will be asked again.";
 constexpr int kDateBuffer = 40; // UTF-16 units, with the end
 
-bool Ask(CProgramState& state, const SYSTEMTIME& written, int& answer) {
+bool Ask(CProgramState& state, const SYSTEMTIME& day, int& answer) {
     const std::u16string date =
-        state.Host().Locale().GetDateFormatW(LocaleId::User, written, kPictureListDate, kDateBuffer).value_or(u"");
+        state.Host().Locale().GetDateFormatW(LocaleId::User, day, kPictureListDate, kDateBuffer).value_or(u"");
     MessageBoxDescription box;
     box.Text = FormatText(kQuestion, date);
     box.Caption = kProgramTitle;
@@ -28,10 +28,8 @@ bool Ask(CProgramState& state, const SYSTEMTIME& written, int& answer) {
     return answer == IDYES || answer == IDNO;
 }
 
-bool Keep(CProgramState& state, RecoveredInk ink) {
-    MemoFiles files(state);
-    state.Memo.Fill(std::move(ink.Data));
-    if (!files.WriteMemo(files.FreeMemoPath(ink.WrittenOn))) {
+bool Keep(CProgramState& state, const InkHome& home, const RecoveredInk& ink) {
+    if (ReturnInk(state, home, ink.WrittenOn, ink.Data) == InkReturn::Failed) {
         ShowRefusal(state.Pump, state.MainView, kNotKept);
         return false;
     }
@@ -43,13 +41,18 @@ bool Keep(CProgramState& state, RecoveredInk ink) {
 
 bool OfferRecoveredInk(CProgramState& state) {
     bool kept = false;
-    for (RecoveredInk& ink : state.Host().Ink().FindRecovered()) {
+    for (const RecoveredInk& ink : state.Host().Ink().FindRecovered()) {
+        const InkHome home = DecodeInkHome(ink.Home).value_or(InkHome());
+        if (IsHome(state, home, ink.Data)) {
+            state.Host().Ink().EndRecovered(ink.Name, RecoveredInkEnd::Kept);
+            continue;
+        }
         int answer = 0;
-        if (!Ask(state, ink.WrittenOn, answer)) {
+        if (!Ask(state, MomentOfInk(state, home, ink.WrittenOn), answer)) {
             break; // the program quits; the next start asks again
         }
         if (answer == IDYES) {
-            kept = Keep(state, std::move(ink)) || kept;
+            kept = Keep(state, home, ink) || kept;
         } else {
             state.Host().Ink().EndRecovered(ink.Name, RecoveredInkEnd::Declined);
         }

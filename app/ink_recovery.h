@@ -5,8 +5,8 @@
 
 namespace tavo {
 
-// Asks about each piece of it whether it shall be a memo of the day on which it was written. True when one became a
-// memo.
+// Asks about each piece of it whether it shall go back to its memo or item, or else become a memo of its day. True when
+// one did.
 bool OfferRecoveredInk(CProgramState& state);
 
 } // namespace tavo

@@ -19,7 +19,6 @@ constexpr int kRightHalf = 120; // from here the menu opens to the left of the t
 constexpr int kMenuBeside = 5;
 constexpr int kMenuBelow = 29; // on the screen, where the page begins 26 lines down
 constexpr int kFromMenu = 1;   // where a command came from
-constexpr std::u16string_view kMemoUnreadable = u"This memo could not be read.";
 
 } // namespace
 
@@ -89,6 +88,7 @@ void CCalendarPage::OpenMemo(int command) {
     }
     CInkMemoView editor(Pump(), State);
     editor.Keeper = &keeper;
+    editor.Home = keeper.Home();
     static_cast<void>(editor.DoModal()); // what it holds at OK is kept by then
 }
 
@@ -103,6 +103,7 @@ void CCalendarPage::AddMemo() {
     State.Memo.Empty();
     CInkMemoView editor(Pump(), State);
     editor.Keeper = &keeper;
+    editor.Home = keeper.Home();
     if (editor.DoModal() == IDOK && !State.Memo.IsEmpty()) {
         FullPaint = true;
         MonthChanged = true;

@@ -28,7 +28,7 @@ SYSTEMTIME ReadTime(IRecurrencePattern& pattern, Status (IRecurrencePattern::*ge
 
 CAppointmentDlg::CAppointmentDlg(CMessagePump& pump, CProgramState& state)
     : CDialog(pump, kAppointmentTemplate, NavigationButtons::None), State(state), Edited(state.Store),
-      Preview(pump.Host().Sound()), Draft(pump.Host()) {}
+      Preview(pump.Host().Sound()), Waiting(pump.Host()), Draft(pump.Host()) {}
 
 const MessageMap& CAppointmentDlg::Messages() {
     static constexpr MessageEntry entries[] = {

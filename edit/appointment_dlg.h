@@ -10,6 +10,7 @@
 #include "edit/list_owner.h"
 #include "edit/sound_preview.h"
 #include "framework/dialog.h"
+#include "memo/waiting_ink.h"
 #include "store/program_state.h"
 
 #include <cstdint>
@@ -128,6 +129,8 @@ class CAppointmentDlg : public CDialog {
 
     // appointment_dlg_memo.cpp
     void OpenMemo();
+    InkHome HomeOfNote() const;
+    void NoteUnsavedInk();
     void OfferMemoOfDay();
     bool KeepAsMemo(const SYSTEMTIME& day);
 
@@ -150,6 +153,8 @@ class CAppointmentDlg : public CDialog {
     CProgramState& State;
     EditedAppointment Edited;
     SoundPreview Preview;
+    WaitingInk Waiting;
+    std::uint64_t StoredNote = 0; // fingerprint of the note that the store holds, known since the ink editor opened
     DraftFile Draft;
     FormValues Opened;               // what the form said at first
     std::optional<RuleEnd> RuleMade; // by the wizard, and how that rule ends

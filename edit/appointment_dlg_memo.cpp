@@ -3,8 +3,13 @@
 
 #include "framework/format.h"
 #include "memo/memo_files.h"
+#include "memo/memo_undo.h"
 #include "res/strings.h"
 #include "store/date_pictures.h"
+
+#include <algorithm>
+#include <optional>
+#include <vector>
 
 namespace tavo {
 
@@ -21,12 +26,32 @@ void CAppointmentDlg::OpenMemo() {
     if (InkEditor == nullptr) {
         return;
     }
-    State.Memo.Empty();
-    State.Memo.Fill(Edited.InkNote());
-    if (InkEditor->EditInkNote() == IDOK && !Edited.PutInkNote(State.Memo.Bytes())) {
+    const std::optional<std::vector<std::uint8_t>> note = Edited.InkNote();
+    if (!note) {
+        ShowRefusal(kMemoUnreadable);
+        return;
+    }
+    if (!Edited.HasNewInk()) {
+        StoredNote = FingerprintOf(*note);
+    }
+    State.Memo.Fill(*note);
+    if (InkEditor->EditInkNote(HomeOfNote()) != IDOK || std::ranges::equal(State.Memo.Bytes(), *note)) {
+        return;
+    }
+    if (Edited.PutInkNote(State.Memo.Bytes())) {
+        Waiting.Hold(HomeOfNote(), State.Memo.Bytes());
+    } else {
         ShowRefusal(kMemoTooLarge);
         OfferMemoOfDay();
     }
+}
+
+InkHome CAppointmentDlg::HomeOfNote() const {
+    InkHome home;
+    home.Item = IsNew() ? 0 : Item.Oid;
+    home.Day = PickedStart();
+    home.Before = StoredNote;
+    return home;
 }
 
 // The ink editor is closed by now, so only a "No" may lose its ink.
@@ -60,10 +85,20 @@ bool CAppointmentDlg::KeepAsMemo(const SYSTEMTIME& day) {
 // Ink that waits for the item to be saved is not lost with it.
 void CAppointmentDlg::OnQuit() {
     LayAside();
-    if (Edited.HasNewInk()) {
-        State.Memo.Empty();
-        State.Memo.Fill(Edited.InkNote());
-        static_cast<void>(KeepAsMemo(PickedStart())); // nobody is there to be told
+    if (!Edited.HasNewInk()) {
+        return;
+    }
+    State.Memo.Fill(Edited.InkNote().value_or(std::vector<std::uint8_t>()));
+    if (!State.Memo.IsEmpty() && !KeepAsMemo(PickedStart())) {
+        Waiting.LeaveForRecovery(); // nobody is there to be told
+    }
+}
+
+// The item is let go of unsaved, as it should be, but what was drawn for it can be had back.
+void CAppointmentDlg::NoteUnsavedInk() {
+    const std::optional<std::vector<std::uint8_t>> ink = Edited.HasNewInk() ? Edited.InkNote() : std::nullopt;
+    if (ink && !ink->empty() && !NoteCancelledInk(State, HomeOfNote(), *ink)) {
+        Waiting.LeaveForRecovery();
     }
 }
 

@@ -44,6 +44,7 @@ void CAppointmentDlg::OnOK() {
 }
 
 void CAppointmentDlg::OnCancel() {
+    NoteUnsavedInk();
     Edited.Release();
     Draft.Remove();
     EndDialog(IDCANCEL);

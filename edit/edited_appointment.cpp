@@ -56,7 +56,11 @@ void EditedAppointment::Reopen(Oid oid) {
         return;
     }
     if (InkChanged) {
-        Note(fresh->put_BodyInk(InkNote()));
+        const std::optional<std::vector<std::uint8_t>> ink = InkNote();
+        if (!ink) {
+            return; // the fresh item would lose it
+        }
+        Note(fresh->put_BodyInk(*ink));
     }
     Item = std::move(fresh);
     TakePattern();
@@ -225,10 +229,10 @@ AppointmentData EditedAppointment::MakeRecord(const AppointmentInput& input) con
     return record;
 }
 
-std::vector<std::uint8_t> EditedAppointment::InkNote() const {
+std::optional<std::vector<std::uint8_t>> EditedAppointment::InkNote() const {
     std::vector<std::uint8_t> ink;
-    if (Item) {
-        static_cast<void>(Item->get_BodyInk(ink)); // a note that cannot be read counts as empty
+    if (!Item || Failed(Item->get_BodyInk(ink))) {
+        return std::nullopt;
     }
     return ink;
 }

@@ -69,7 +69,8 @@ class EditedAppointment {
     // What was saved, as a record.
     AppointmentData MakeRecord(const AppointmentInput& input) const;
 
-    std::vector<std::uint8_t> InkNote() const;
+    // Nothing when it cannot be read: nobody may put another one in its place then.
+    std::optional<std::vector<std::uint8_t>> InkNote() const;
     // False when the item takes no such note.
     bool PutInkNote(std::span<const std::uint8_t> ink);
 

@@ -2,7 +2,9 @@
 #include "memo/ink_memo_view.h"
 
 #include "memo/copy_memo_dlg.h"
+#include "memo/ink_return.h"
 #include "memo/memo_files.h"
+#include "memo/memo_undo.h"
 #include "res/dialog_templates.h"
 #include "res/menus.h"
 #include "res/resource_ids.h"
@@ -52,6 +54,11 @@ void CInkMemoView::CreateInk() {
 }
 
 void CInkMemoView::LoadInk() {
+    Original.assign(State.Memo.Bytes().begin(), State.Memo.Bytes().end());
+    Home.Before = FingerprintOf(Original);
+    if (Ink != WindowHandle::None) {
+        Host().Ink().SetHome(Ink, EncodeInkHome(Home));
+    }
     IsForeign = Ink != WindowHandle::None && !Host().Ink().SetData(Ink, State.Memo.Bytes());
     Loaded = Ink == WindowHandle::None ? std::vector<std::uint8_t>() : Host().Ink().GetData(Ink);
     SetReading();
@@ -70,13 +77,24 @@ bool CInkMemoView::HasNewInk() const {
     return !std::ranges::equal(State.Memo.Bytes(), Loaded);
 }
 
-// What was written goes where OK would put it, or else becomes a memo of today.
+// What was written goes where OK would put it, or else becomes a memo of the day to which it belongs.
 bool CInkMemoView::KeepAtQuit() {
     if (Keeper != nullptr) {
         return Keeper->KeepMemoAtQuit();
     }
-    MemoFiles files(State);
-    return files.WriteMemo(files.FreeMemoPath(Host().Clock().GetLocalTime()));
+    InkHome day;
+    day.Day = Home.Day;
+    const std::vector<std::uint8_t> ink(State.Memo.Bytes().begin(), State.Memo.Bytes().end());
+    return ReturnInk(State, day, Host().Clock().GetLocalTime(), ink) != InkReturn::Failed;
+}
+
+// Nothing of it goes where it belongs, but it can be had back.
+void CInkMemoView::OnCancel() {
+    TakeInk();
+    if (!State.Memo.IsEmpty() && HasNewInk() && !NoteCancelledInk(State, Home, State.Memo.Bytes())) {
+        Host().Ink().LeaveForRecovery(Ink); // the store took no step, so the next start asks
+    }
+    EndDialog(IDCANCEL);
 }
 
 void CInkMemoView::OnQuit() {
@@ -94,6 +112,11 @@ void CInkMemoView::OnOK() {
     TakeInk();
     if (IsForeign && !HasNewInk()) {
         EndDialog(IDCANCEL); // what was not understood stays as it is until somebody writes over it
+        return;
+    }
+    if (!SaveAsMode && !HasNewInk()) {
+        State.Memo.Fill(Original);
+        EndDialog(IDOK); // what nobody changed need not be written
         return;
     }
     if (SaveAsMode) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "framework/dialog.h"
+#include "memo/ink_home.h"
 #include "memo/memo_keeper.h"
 #include "store/program_state.h"
 
@@ -12,7 +13,8 @@
 namespace tavo {
 
 // Opens with the ink of the memo buffer and, when it ends with IDOK, leaves its own ink there; empty paper leaves the
-// buffer empty. After IDCANCEL the buffer means nothing.
+// buffer empty, and ink that nobody changed leaves it as it was. After IDCANCEL the buffer means nothing; what was
+// drawn is a step that can be taken back.
 class CInkMemoView : public CDialog {
   public:
     CInkMemoView(CMessagePump& pump, CProgramState& state);
@@ -20,7 +22,8 @@ class CInkMemoView : public CDialog {
     // The opener may fill these before DoModal.
     bool SaveAsMode = false;       // OK asks for the name of a file to write
     std::u16string FilePath;       // written at OK; empty: the opener takes the buffer
-    IMemoKeeper* Keeper = nullptr; // given the ink at OK, unless there is none; may be absent
+    IMemoKeeper* Keeper = nullptr; // given the ink at OK, unless there is none or nobody changed it; may be absent
+    InkHome Home;                  // what the ink belongs to; the editor itself sees what it was before
 
     static const MessageMap& Messages();
 
@@ -29,6 +32,7 @@ class CInkMemoView : public CDialog {
   protected:
     void OnInitDialog() override;
     void OnOK() override;
+    void OnCancel() override;
     void OnQuit() override;
 
   private:
@@ -68,8 +72,9 @@ class CInkMemoView : public CDialog {
     int ModeFlag = 0;  // the pen mode
     int ModeExtra = 0; // the view
     bool OptionOn = false;
-    bool IsForeign = false;           // the buffer held something that is no ink of ours
-    std::vector<std::uint8_t> Loaded; // what the control gave back before anything was written
+    bool IsForeign = false;             // the buffer held something that is no ink of ours
+    std::vector<std::uint8_t> Original; // what the buffer held
+    std::vector<std::uint8_t> Loaded;   // what the control gave back before anything was written
 };
 
 } // namespace tavo

@@ -11,6 +11,15 @@ namespace {
 constexpr std::u16string_view kNotSaved = u"The memo could not be saved. It is still open.";
 }
 
+InkHome MemoFileKeeper::Home() const {
+    InkHome home;
+    home.Memo = Path;
+    home.Day.Year = static_cast<std::uint16_t>(Year);
+    home.Day.Month = static_cast<std::uint16_t>(Month);
+    home.Day.Day = static_cast<std::uint16_t>(Day);
+    return home;
+}
+
 bool MemoFileKeeper::KeepMemoAtQuit() {
     MemoFiles files(State);
     return files.WriteMemo(Path.empty() ? files.NewMemoPath(Year, Month, Day) : Path);

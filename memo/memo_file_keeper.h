@@ -1,6 +1,7 @@
 // Writes what the ink editor holds to a memo file while the editor is still open.
 #pragma once
 
+#include "memo/ink_home.h"
 #include "memo/memo_files.h"
 #include "memo/memo_keeper.h"
 
@@ -17,6 +18,9 @@ class MemoFileKeeper : public IMemoKeeper {
     int Year = 0;
     int Month = 0;
     int Day = 0;
+
+    // What the ink in the editor belongs to.
+    InkHome Home() const;
 
     bool KeepMemo(WindowHandle editor) override;
     bool KeepMemoAtQuit() override;

@@ -12,5 +12,6 @@ constexpr std::u16string_view kRegistryCompany = u"Zorbex";
 constexpr std::u16string_view kDeleteCaption = u"Delete";
 constexpr std::u16string_view kDeleteQuestion = u"Are you sure to delete?";
 constexpr std::u16string_view kItemNotDeleted = u"The item could not be deleted.";
+constexpr std::u16string_view kMemoUnreadable = u"This memo could not be read.";
 
 } // namespace tavo

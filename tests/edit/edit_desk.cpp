@@ -304,7 +304,8 @@ void EditDesk::UpdateOwnerList(const AppointmentData& record, bool isNew, Oid oi
     Calls.push_back({record, isNew, oid});
 }
 
-int EditDesk::EditInkNote() {
+int EditDesk::EditInkNote(const InkHome& home) {
+    LastHome = home;
     return EditInk();
 }
 

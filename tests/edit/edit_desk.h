@@ -114,12 +114,13 @@ class EditDesk : public OwnDevice, public StoreWords, public IListOwner, public 
     std::vector<std::u16string> Messages();
 
     void UpdateOwnerList(const AppointmentData& record, bool isNew, Oid oid) override;
-    int EditInkNote() override;
+    int EditInkNote(const InkHome& home) override;
 
     CMessagePump Pump;
     CProgramState State;
     std::vector<OwnerCall> Calls;
     std::function<int()> EditInk; // none: there is no ink editor
+    InkHome LastHome;             // what it was told that the ink belongs to
     bool OpenedFromCalendar = false;
     const FoundDraft* Continued = nullptr; // for the next dialog
 

@@ -1,8 +1,15 @@
 // The memo row: an item's ink note on its way to the ink editor and back.
+#include "host/files/replace_file.h"
+#include "host/ink/recovery_file.h"
 #include "memo/memo_files.h"
+#include "memo/memo_undo.h"
 #include "tests/edit/edit_desk.h"
+#include "tests/support/appointment_probe.h"
+#include "tests/support/outlook_probe.h"
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
 
 namespace tavo::test {
 namespace {
@@ -29,6 +36,17 @@ class MemoRow : public testing::Test {
     Bytes BufferNow() {
         const auto bytes = Desk.State.Memo.Bytes();
         return {bytes.begin(), bytes.end()};
+    }
+
+    // What a kill would leave now.
+    std::vector<std::filesystem::path> RecoveryFiles() {
+        std::vector<std::filesystem::path> files;
+        std::error_code error;
+        const std::filesystem::path folder = std::filesystem::path(Desk.Device.Host().Root.Path()) / "Recovery";
+        for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+            files.push_back(entry.path());
+        }
+        return files;
     }
 
     EditDesk Desk;
@@ -71,6 +89,95 @@ TEST_F(MemoRow, NewInkReachesTheStoreWithTheItem) {
     Desk.Ok();
     EXPECT_EQ(Desk.RunExisting(kModeAlarm, oid), IDOK);
     EXPECT_EQ(NoteOf(oid), (Bytes{4, 5}));
+}
+
+TEST_F(MemoRow, TellsTheInkEditorWhatTheInkBelongsTo) {
+    const Oid oid = GivenNote({1, 2, 3});
+    Desk.EditInk = [] { return IDCANCEL; };
+    TapMemo();
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunExisting(kModeAlarm, oid), IDCANCEL);
+    EXPECT_EQ(Desk.LastHome.Item, oid);
+    EXPECT_EQ(Desk.LastHome.Day.Day, 23);
+    EXPECT_EQ(Desk.LastHome.Before, FingerprintOf(Bytes{1, 2, 3}));
+    EXPECT_EQ(Desk.LastHome.Memo, u"");
+}
+
+TEST_F(MemoRow, InkThatNobodyChangedIsNotKeptWhenTheProgramQuits) {
+    const Oid oid = GivenNote({1, 2, 3});
+    Desk.EditInk = [] { return IDOK; };
+    TapMemo();
+    EXPECT_EQ(Desk.RunExisting(kModeAlarm, oid), kLeftOpen);
+    EXPECT_FALSE(MemoFiles(Desk.State).HasMemo(2026, 11, 23));
+}
+
+TEST_F(MemoRow, InkThatWaitsForOkSurvivesAKillUntilTheItemIsSaved) {
+    const Oid oid = GivenNote({1, 2, 3});
+    Desk.EditInk = [&] {
+        Desk.State.Memo.Fill({4, 5});
+        return IDOK;
+    };
+    std::vector<std::filesystem::path> meanwhile;
+    std::vector<std::uint8_t> bytes;
+    TapMemo();
+    Desk.Check([&] {
+        meanwhile = RecoveryFiles();
+        ASSERT_EQ(meanwhile.size(), 1U);
+        EXPECT_EQ(files::ReadFile(meanwhile[0].string(), 1 << 20, bytes), ErrorCode::Success);
+    });
+    Desk.Ok();
+    EXPECT_EQ(Desk.RunExisting(kModeAlarm, oid), IDOK);
+    const std::optional<ink::RecoveryContents> left = ink::ReadRecovery(bytes);
+    ASSERT_TRUE(left);
+    EXPECT_EQ(DecodeInkHome(left->Home)->Item, oid);
+    EXPECT_EQ(DecodeInkHome(left->Home)->Before, FingerprintOf(Bytes{1, 2, 3}));
+    EXPECT_TRUE(RecoveryFiles().empty());
+}
+
+TEST_F(MemoRow, ACancelledItemLeavesNoInkToRecoverButAStepThatBringsIt) {
+    const Oid oid = GivenNote({1, 2, 3});
+    Desk.EditInk = [&] {
+        Desk.State.Memo.Fill({4, 5});
+        return IDOK;
+    };
+    TapMemo();
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunExisting(kModeAlarm, oid), IDCANCEL);
+    EXPECT_TRUE(RecoveryFiles().empty());
+    EXPECT_EQ(NoteOf(oid), (Bytes{1, 2, 3}));
+    MemoUndo memos(Desk.State);
+    LongUndo undo(Desk.State, &memos);
+    while (undo.DoNext()) {
+    }
+    EXPECT_TRUE(undo.IsDone());
+    EXPECT_EQ(NoteOf(oid), (Bytes{4, 5}));
+}
+
+TEST_F(MemoRow, ANoteThatCannotBeReadIsToldAndStaysAsItIs) {
+    const Oid oid = GivenNote({1, 2, 3});
+    int opened = 0;
+    Desk.EditInk = [&] {
+        ++opened;
+        Desk.State.Memo.Empty();
+        return IDOK;
+    };
+    const ComPtr<IPOutlookApp> real = Desk.State.Store.OutlookApp;
+    ComPtr<IAppointment> item;
+    ASSERT_EQ(real->GetItemFromOid(oid, item), Status::Ok);
+    AppointmentProbe unreadable(*item);
+    unreadable.InkResult = Status::Corrupt;
+    OutlookProbe store(real);
+    store.Item = &unreadable;
+    const AppointmentData record = Desk.Load(oid);
+    Desk.State.Store.OutlookApp = store.Share();
+    TapMemo();
+    Desk.Device.AnswerBox(IDOK);
+    Desk.Ok();
+    EXPECT_EQ(Desk.Run(kModeAlarm, record), IDOK);
+    Desk.State.Store.OutlookApp = real;
+    EXPECT_EQ(opened, 0);
+    EXPECT_EQ(Desk.Messages(), (std::vector<std::u16string>{u"Tavo Calendar|This memo could not be read.!"}));
+    EXPECT_EQ(NoteOf(oid), (Bytes{1, 2, 3}));
 }
 
 TEST_F(MemoRow, CancelKeepsTheOldInk) {
