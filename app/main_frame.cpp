@@ -5,6 +5,8 @@
 #include "platform/activation.h"
 #include "res/strings.h"
 
+#include <utility>
+
 namespace tavo {
 
 CMainFrame::CMainFrame(CMessagePump& pump, CProgramState& state, ICommandTarget& commands)
@@ -38,8 +40,12 @@ bool CMainFrame::Open() {
     return FormView.OpenIn(Handle());
 }
 
-void CMainFrame::Quit() {
-    FormView.CloseShownPage();
+void CMainFrame::Quit(int reason) {
+    if (std::exchange(IsQuitting, true)) {
+        Host().Queue().PostQuitMessage(0);
+        return;
+    }
+    FormView.SaveAndHide(reason == kSessionEnds ? SaveTrouble::Quiet : SaveTrouble::Tell);
     CloseView();
 }
 

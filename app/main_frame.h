@@ -14,8 +14,9 @@ class CMainFrame : public CWindow {
 
     // Makes the frame and, inside it, the view. False when the device cannot make them.
     bool Open();
-    // Closes the page on show, so that the category file is saved, and then the view.
-    void Quit();
+    // Closes the page on show, so that the category file is saved, and then the view; asked again, it ends at once.
+    // When the session ends (kSessionEnds), nothing is asked or told.
+    void Quit(int reason = kPersonQuits);
 
     CVantorView& View() { return FormView; }
 
@@ -31,6 +32,7 @@ class CMainFrame : public CWindow {
     void OpenItem(int oid);
 
     CVantorDoc OwnDocument;
+    bool IsQuitting = false;
     CVantorView FormView;
 };
 

@@ -4,9 +4,9 @@
 #include "alarm/reminder_sound.h"
 #include "app/draft_recovery.h"
 #include "app/ink_recovery.h"
+#include "app/unsaved_tags_offer.h"
 #include "res/menus.h"
 #include "res/resource_ids.h"
-#include "store/category_file.h"
 #include "store/device_programs.h"
 #include "store/midnight.h"
 
@@ -67,7 +67,8 @@ void CVantorView::UpdateFirst() {
     Host().Windows().SetTimer(Handle(), kTimerReminderSound, kReminderPeriod);
     State.Busy = false;
     State.RefreshSuppressed = false;
-    if (OfferRecoveredInk(State)) {
+    const bool isTagged = OfferUnsavedTags(State);
+    if (OfferRecoveredInk(State) || isTagged) {
         PostChangeNotice();
     }
     OfferDrafts(State, *SchedulePage);
@@ -120,15 +121,16 @@ void CVantorView::ShowPage(int page) {
 }
 
 void CVantorView::ClosePages() {
-    // A file that cannot be written has shown its message; the program goes to the background all the same.
-    static_cast<void>(SaveCategoryFile(State));
-    Host().Windows().ShowWindow(Frame, ShowCommand::Minimize);
+    SaveAndHide(SaveTrouble::Tell);
 }
 
-void CVantorView::CloseShownPage() {
-    if (ClockPage) {
-        ClosePages();
+void CVantorView::SaveAndHide(SaveTrouble trouble) {
+    if (!ClockPage) {
+        return;
     }
+    // Where the file cannot be written the program goes to the background all the same.
+    static_cast<void>(SaveOrKeepTags(State, trouble));
+    Host().Windows().ShowWindow(Frame, ShowCommand::Minimize);
 }
 
 void CVantorView::MakeItem(ItemKind kind) {
@@ -199,7 +201,9 @@ void CVantorView::RefreshPages() {
 }
 
 void CVantorView::NameReminderSound() {
-    UpdateReminderSound(State);
+    if (!State.Busy) { // what it would see is not final; the end of the work asks again
+        UpdateReminderSound(State);
+    }
 }
 
 void CVantorView::WorkOn() {

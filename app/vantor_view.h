@@ -8,6 +8,7 @@
 #include "schedule/main_view.h"
 #include "schedule/schedule_page.h"
 #include "schedule/settings_page.h"
+#include "store/category_file.h"
 #include "store/program_state.h"
 
 #include <memory>
@@ -33,8 +34,8 @@ class CVantorView : public CPaintedWindow, public IMainView {
     bool OpenIn(WindowHandle frame);
     // Opens the store, reads the data file and makes the pages; a failing store leaves the view empty.
     void UpdateFirst();
-    // As if the shown page's × were tapped; nothing when there are no pages.
-    void CloseShownPage();
+    // What closing a page does; nothing when there are no pages.
+    void SaveAndHide(SaveTrouble trouble);
     // Opens the editor on a new item of this kind, on the Calendar page beginning on the selected day; nothing when
     // there are no pages.
     void MakeItem(ItemKind kind);

@@ -13,7 +13,7 @@ using MessageNumber = std::uint32_t;
 constexpr MessageNumber WM_NULL = 0x0000;
 constexpr MessageNumber WM_PAINT = 0x000F;
 constexpr MessageNumber WM_CLOSE = 0x0010;
-constexpr MessageNumber WM_QUERYENDSESSION = 0x0011; // the session ends or the person quits: close all, in order
+constexpr MessageNumber WM_QUERYENDSESSION = 0x0011; // close all, in order; Id is one of the two reasons below
 constexpr MessageNumber WM_QUIT = 0x0012;
 constexpr MessageNumber WM_NOTIFY = 0x004E;
 constexpr MessageNumber WM_DISPLAYCHANGE = 0x007E; // the scale changed: every surface must be made anew
@@ -37,6 +37,10 @@ constexpr MessageNumber WM_USER = 0x0400;
 constexpr MessageNumber WM_APP = 0x8000;
 constexpr MessageNumber WM_MESSAGEBOXCLOSED = WM_APP + 1; // Id is the answer: IDOK, IDCANCEL, IDYES or IDNO
 constexpr MessageNumber WM_STORECHANGED = WM_APP + 2;     // another process changed items or asked for tags
+
+// Reasons of WM_QUERYENDSESSION.
+constexpr int kPersonQuits = 0;
+constexpr int kSessionEnds = 1; // nobody is there to answer a question
 
 // Notification codes of WM_COMMAND (menu choices and buttons carry BN_CLICKED).
 constexpr int BN_CLICKED = 0;

@@ -4,6 +4,7 @@
 #include "framework/format.h"
 #include "res/strings.h"
 #include "store/program_state.h"
+#include "store/unsaved_tags.h"
 
 #include <optional>
 #include <string>
@@ -91,6 +92,18 @@ void TakeLists(CategoryLists& categories, CategoryFileLists lists) {
     categories.AnniversaryList.Replace(std::move(lists[2]));
 }
 
+bool WriteLists(CProgramState& state) {
+    const CategoryLists& categories = state.Categories;
+    const std::vector<std::uint8_t> bytes =
+        EncodeCategoryFile(categories.AlarmList.All(), categories.HolidayList.All(), categories.AnniversaryList.All());
+    if (state.IsDataFileUnread ||
+        state.Host().Files().WriteWholeFile(CategoryFilePath(state), bytes) != ErrorCode::Success) {
+        return false;
+    }
+    state.Categories.FinishTagRequests();
+    return true;
+}
+
 } // namespace
 
 bool LoadCategoryFile(CProgramState& state) {
@@ -115,16 +128,23 @@ bool LoadCategoryFile(CProgramState& state) {
 }
 
 bool SaveCategoryFile(CProgramState& state) {
-    const CategoryLists& categories = state.Categories;
-    const std::vector<std::uint8_t> bytes =
-        EncodeCategoryFile(categories.AlarmList.All(), categories.HolidayList.All(), categories.AnniversaryList.All());
-    if (state.IsDataFileUnread ||
-        state.Host().Files().WriteWholeFile(CategoryFilePath(state), bytes) != ErrorCode::Success) {
+    const bool isWritten = WriteLists(state);
+    if (!isWritten) {
         ShowCannotOpen(state);
-        return false;
     }
-    state.Categories.FinishTagRequests();
-    return true;
+    return isWritten;
+}
+
+bool SaveOrKeepTags(CProgramState& state, SaveTrouble trouble) {
+    if (WriteLists(state)) {
+        DropSavedTags(state);
+        return true;
+    }
+    KeepUnsavedTags(state); // first: the message may be the last that people see of the program
+    if (trouble == SaveTrouble::Tell) {
+        ShowCannotOpen(state);
+    }
+    return false;
 }
 
 } // namespace tavo

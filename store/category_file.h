@@ -15,4 +15,12 @@ bool LoadCategoryFile(CProgramState& state);
 // Writes the lists. Shows a message and gives false when the file cannot be written.
 bool SaveCategoryFile(CProgramState& state);
 
+enum class SaveTrouble {
+    Tell,  // by the message
+    Quiet, // nobody is there to read it
+};
+
+// The same at the end of a session's work. What cannot be written is kept beside the file, for the next start to offer.
+bool SaveOrKeepTags(CProgramState& state, SaveTrouble trouble);
+
 } // namespace tavo

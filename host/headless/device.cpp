@@ -257,6 +257,10 @@ void Device::Quit() {
     Do([this] { OwnHost.Navigation.RequestQuit(); });
 }
 
+void Device::EndSession() {
+    Do([this] { OwnHost.Navigation.RequestQuit(kSessionEnds); });
+}
+
 void Device::AdvanceClock(shell::Milliseconds span) {
     Do([this, span] { OwnHost.Time.Pass(span); });
 }

@@ -52,6 +52,7 @@ class Device {
     void PressClose(); // ×
     void CloseWindow();
     void Quit();
+    void EndSession(); // as a logout does
 
     void AdvanceClock(shell::Milliseconds span);
     void SetClock(const SYSTEMTIME& now);

@@ -48,7 +48,7 @@ QtHost::QtHost(HostOptions options)
     : Options(std::move(options)), Style(InstallStyle()), OwnFiles({Options.Root.Path(), Options.InstalledSounds}),
       OwnRegistry(Options.Root.RegistryPath(), Options.Root.RunFolder() + "/Registry.lock"),
       OwnBox(new MessageBox(Shared, &OwnDesktop)), OwnWindows(Shared.State, Options.Root.RunFolder()),
-      OwnQuitSignals([this] { Shared.Navigation.RequestQuit(); }) {
+      OwnQuitSignals([this] { Shared.Navigation.RequestQuit(kSessionEnds); }) {
     DescribePaintedWidgets();
     OwnViews.SetFrameWatch(MakeFrameTrace(std::getenv("TAVO_TRACE_FRAMES")));
     OwnDesktop.SetKeyboard(OwnViews.Keys());

@@ -22,8 +22,9 @@ class NavigationInput {
     bool PressClose();
     // The desktop window's own close button: as ×; with neither page nor dialog to close it quits.
     void RequestClose();
-    // The person quits or the session ends: WM_QUERYENDSESSION to the main window, at most one pending.
-    void RequestQuit();
+    // The person quits or the session ends: WM_QUERYENDSESSION with this reason to the main window, at most one
+    // pending.
+    void RequestQuit(int reason = kPersonQuits);
 
     // The end was asked for: whoever wants something of the program from now on wants it of the next one.
     bool IsQuitRequested() const { return QuitRequested; }

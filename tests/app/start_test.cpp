@@ -109,6 +109,34 @@ TEST(Start, AFailingStoreLeavesAnEmptyViewWithoutPagesCompanionAndDataFile) {
     }
 }
 
+TEST(Start, AFailingStoreLeavesADataFileThatIsThereAsItIsWhenItQuits) {
+    headless::DeviceOptions options;
+    options.Outlook = [](const std::filesystem::path&, ComPtr<IPOutlookApp>&) { return Status::Fail; };
+    const std::string tags("\1\0\0\0\7\0\0\0;\0\0\0\0;\0\0\0\0;", 19);
+    for (const bool byPerson : {true, false}) {
+        RunningProgram program(At(2004, 11, 3), options);
+        program.WriteFile("TavoCalendar.dat", tags);
+        program.Device.AnswerBox(IDOK);
+        ASSERT_TRUE(program.Start());
+        byPerson ? program.Device.Quit() : program.Device.EndSession();
+        EXPECT_FALSE(program.Settle());
+        EXPECT_EQ(program.ReadFile("TavoCalendar.dat"), tags) << byPerson;
+        EXPECT_EQ(program.Device.Host().Seen.Boxes.size(), 1U) << byPerson;
+    }
+}
+
+TEST(Start, AChangeWhileTheFirstMessageIsThereIsShownByThePages) {
+    RunningProgram program;
+    program.WriteFile("TavoCalendar.dat", std::string("\2\0\0\0\7\0\0\0", 8));
+    program.Device.Do([&] { program.GivenAppointment(u"New", At(2004, 11, 3, 9), At(2004, 11, 3, 10)); });
+    program.Device.ChangeStore();
+    program.Device.AdvanceClock(600); // the notice is due, and there is no page yet
+    program.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(program.Start());
+    program.ShowPage(2);
+    EXPECT_EQ(program.CellName(0, 3), u"2004-11-03: appointment");
+}
+
 TEST(Start, ASecondCopyBringsTheFirstForwardAndEnds) {
     RunningProgram program;
     ASSERT_TRUE(program.Start());

@@ -6,6 +6,7 @@
 
 #include <QElapsedTimer>
 
+#include <algorithm>
 #include <csignal>
 
 namespace tavo::qt {
@@ -138,7 +139,10 @@ TEST_F(DesktopTest, CloseIsRefusedAndAsksThePage) {
 TEST_F(DesktopTest, ATerminationSignalAsksTheFrameToQuit) {
     std::raise(SIGTERM);
     Run(milliseconds(20));
-    EXPECT_EQ(Count(WM_QUERYENDSESSION), 1);
+    ASSERT_EQ(Count(WM_QUERYENDSESSION), 1);
+    const auto asked = std::find_if(Log.begin(), Log.end(),
+                                    [](const Message& message) { return message.Number == WM_QUERYENDSESSION; });
+    EXPECT_EQ(asked->Id, kSessionEnds); // nobody is there to answer
 }
 
 TEST_F(DesktopTest, MinimisedNothingIsPaintedAndTheProgramIsLeftAsleep) {

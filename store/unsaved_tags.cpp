@@ -1,0 +1,104 @@
+// Where such files may lie, and what of them still matters.
+#include "store/unsaved_tags.h"
+
+#include "framework/format.h"
+#include "store/program_state.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <span>
+#include <string>
+#include <unordered_set>
+
+namespace tavo {
+
+namespace {
+
+constexpr std::array<TagList, 3> kLists{TagList::Alarm, TagList::Holiday, TagList::Anniversary};
+
+// The nearest first.
+std::array<std::u16string, 3> PathsOf(const CProgramState& state) {
+    const std::u16string name = FormatText(u"%s.unsaved", state.DataFileName);
+    return {FormatText(u"%s\\%s", state.DataFolder, name), FormatText(u"\\My Documents\\%s", name),
+            FormatText(u"\\%s", name)};
+}
+
+void AppendMissing(std::vector<Oid>& oids, std::span<const Oid> more) {
+    std::unordered_set<Oid> known(oids.begin(), oids.end());
+    for (const Oid oid : more) {
+        if (known.insert(oid).second) {
+            oids.push_back(oid);
+        }
+    }
+}
+
+// Of a damaged file what came before the fault.
+CategoryFileLists ReadLists(CProgramState& state, std::u16string_view path) {
+    CategoryFileLists lists;
+    std::vector<std::uint8_t> bytes;
+    if (state.Host().Files().ReadWholeFile(path, bytes) == ErrorCode::Success) {
+        static_cast<void>(DecodeCategoryFile(bytes, lists));
+    }
+    return lists;
+}
+
+CategoryFileLists ReadAll(CProgramState& state) {
+    CategoryFileLists all;
+    for (const std::u16string& path : PathsOf(state)) {
+        const CategoryFileLists lists = ReadLists(state, path);
+        for (std::size_t list = 0; list < all.size(); ++list) {
+            AppendMissing(all[list], lists[list]);
+        }
+    }
+    return all;
+}
+
+bool IsEmpty(const CategoryFileLists& lists) {
+    return std::ranges::all_of(lists, [](const std::vector<Oid>& oids) { return oids.empty(); });
+}
+
+} // namespace
+
+void KeepUnsavedTags(CProgramState& state) {
+    CategoryFileLists all = ReadAll(state);
+    for (const TagList list : kLists) {
+        AppendMissing(all[static_cast<std::size_t>(list)], state.Categories.ListOf(list).All());
+    }
+    if (IsEmpty(all)) {
+        return;
+    }
+    const std::vector<std::uint8_t> bytes = EncodeCategoryFile(all[0], all[1], all[2]);
+    for (const std::u16string& path : PathsOf(state)) {
+        if (state.Host().Files().WriteWholeFile(path, bytes) == ErrorCode::Success) {
+            return;
+        }
+    }
+    // Where nothing at all can be written, the message about the data file has said so.
+}
+
+CategoryFileLists FindUnsavedTags(CProgramState& state) {
+    CategoryFileLists found = ReadAll(state);
+    for (const TagList list : kLists) {
+        std::erase_if(found[static_cast<std::size_t>(list)], [&](Oid oid) {
+            AppointmentData record;
+            return state.Categories.ListOf(list).Contains(oid) ||
+                   (state.Store.LoadAppointment(oid, record) == 0 && state.Store.LastStoreResult == Status::NotFound);
+        });
+    }
+    return found;
+}
+
+void DropSavedTags(CProgramState& state) {
+    if (IsEmpty(FindUnsavedTags(state))) {
+        DropUnsavedTags(state);
+    }
+}
+
+void DropUnsavedTags(CProgramState& state) {
+    for (const std::u16string& path : PathsOf(state)) {
+        static_cast<void>(state.Host().Files().DeleteFileW(path)); // mostly there is none
+    }
+}
+
+} // namespace tavo

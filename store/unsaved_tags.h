@@ -1,0 +1,23 @@
+// The category lists that could not be written to the data file, kept beside it until they can be.
+#pragma once
+
+#include "store/category_codec.h"
+
+namespace tavo {
+
+struct CProgramState;
+
+// Writes the lists to a file of their own, in the data folder or as near to it as can be written. What such a file
+// holds already stays in it.
+void KeepUnsavedTags(CProgramState& state);
+
+// Those kept before that would be new to the lists now, and whose items are still there.
+CategoryFileLists FindUnsavedTags(CProgramState& state);
+
+// Removes the files whose tags all stand in the lists by now, or belong to items that are gone.
+void DropSavedTags(CProgramState& state);
+
+// Removes them all: nobody wants them.
+void DropUnsavedTags(CProgramState& state);
+
+} // namespace tavo

@@ -1,0 +1,198 @@
+// A data file that cannot be written at the end, and what becomes of the tags.
+#include "schedule/main_view.h"
+#include "tests/schedule/schedule_desk.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <initializer_list>
+#include <memory>
+
+namespace tavo::test {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* kDataFile = "TavoCalendar.dat";
+constexpr std::u16string_view kCannotOpen = u"|Cannot open TavoCalendar.dat";
+constexpr std::u16string_view kQuestion = u"Tavo Calendar|The kind of 2 item(s) could not be saved last time. Keep it?";
+
+class UnsavedTags : public testing::Test {
+  protected:
+    UnsavedTags() { EXPECT_TRUE(Desk->Start()); }
+
+    std::unique_ptr<ScheduleDesk> MakeDesk() {
+        headless::DeviceOptions options = WithStore();
+        options.Root = Root.Path();
+        return std::make_unique<ScheduleDesk>(At(2004, 11, 3, 17, 10), options);
+    }
+
+    // From now on nothing can take the data file's place.
+    void Obstruct() {
+        fs::remove(Desk->DataFolder() / kDataFile);
+        fs::create_directories(Desk->DataFolder() / kDataFile / "in the way");
+    }
+
+    void ClearTheWay() { fs::remove_all(Desk->DataFolder() / kDataFile); }
+
+    // The last step of the script at which the program runs.
+    void ExpectEnd() { EXPECT_FALSE(Desk->Settle()); }
+
+    // The next session on the same device, with these answers to what it asks.
+    void Restart(std::initializer_list<int> answers = {}) {
+        Desk.reset();
+        Desk = MakeDesk();
+        for (const int answer : answers) {
+            Desk->Device.AnswerBox(answer);
+        }
+        ASSERT_TRUE(Desk->Start());
+    }
+
+    headless::DeviceRootFolder Root{{}};
+    std::unique_ptr<ScheduleDesk> Desk = MakeDesk();
+};
+
+TEST_F(UnsavedTags, QuittingSaysItOnceAndTheNextStartOffersThem) {
+    const std::vector<Oid> alarms = Desk->GivenAlarms(2);
+    Obstruct();
+    Desk->Device.Quit();
+    Desk->Device.AnswerBox(IDOK);
+    ExpectEnd();
+    EXPECT_THAT(Desk->Boxes(), ElementsAre(kCannotOpen));
+    ClearTheWay();
+    Restart({IDYES});
+    EXPECT_THAT(Desk->Boxes(), ElementsAre(kQuestion));
+    EXPECT_EQ(Desk->ListOf(ItemKind::Alarm), alarms);
+    EXPECT_EQ(Desk->ReadFile(kDataFile)->size(), 15U + 8U);
+    Restart();
+    EXPECT_THAT(Desk->Boxes(), IsEmpty()); // nothing is asked again
+    EXPECT_EQ(Desk->ListOf(ItemKind::Alarm), alarms);
+}
+
+TEST_F(UnsavedTags, TheSessionsEndSaysNothingAndKeepsThem) {
+    const std::vector<Oid> alarms = Desk->GivenAlarms(2);
+    Obstruct();
+    Desk->Device.EndSession();
+    ExpectEnd();
+    EXPECT_THAT(Desk->Boxes(), IsEmpty());
+    ClearTheWay();
+    Restart({IDYES});
+    EXPECT_EQ(Desk->ListOf(ItemKind::Alarm), alarms);
+}
+
+TEST_F(UnsavedTags, QuittingASecondTimeEndsAtOnce) {
+    Desk->GivenAlarms(2);
+    Obstruct();
+    Desk->Device.Quit();
+    Desk->Device.Do([this] { EXPECT_EQ(Desk->Boxes().size(), 1U); });
+    Desk->Device.Quit(); // the message is still there
+    ExpectEnd();
+    EXPECT_THAT(Desk->Boxes(), ElementsAre(kCannotOpen));
+}
+
+TEST_F(UnsavedTags, TheSessionsEndDoesNotWaitForTheMessage) {
+    Desk->GivenAlarms(2);
+    Obstruct();
+    Desk->Device.Quit();
+    Desk->Device.EndSession();
+    ExpectEnd();
+    EXPECT_THAT(Desk->Boxes(), ElementsAre(kCannotOpen));
+}
+
+TEST_F(UnsavedTags, WhatIsDeclinedIsNotOfferedAgain) {
+    Desk->GivenAlarms(2);
+    Obstruct();
+    Desk->Device.EndSession();
+    ExpectEnd();
+    ClearTheWay();
+    Restart({IDNO});
+    EXPECT_THAT(Desk->ListOf(ItemKind::Alarm), IsEmpty());
+    EXPECT_THAT(Desk->Boxes(), ElementsAre(kQuestion));
+    Restart();
+    EXPECT_THAT(Desk->Boxes(), IsEmpty());
+}
+
+TEST_F(UnsavedTags, WhatNobodyAnsweredIsOfferedAgain) {
+    const std::vector<Oid> alarms = Desk->GivenAlarms(2);
+    Obstruct();
+    Desk->Device.EndSession();
+    ExpectEnd();
+    ClearTheWay();
+    Desk.reset();
+    Desk = MakeDesk();
+    Desk->Device.EndSession(); // while the question is there
+    EXPECT_FALSE(Desk->Start());
+    EXPECT_THAT(Desk->Boxes(), ElementsAre(kQuestion));
+    Restart({IDYES});
+    EXPECT_THAT(Desk->Boxes(), ElementsAre(kQuestion));
+    EXPECT_EQ(Desk->ListOf(ItemKind::Alarm), alarms);
+}
+
+TEST_F(UnsavedTags, OfItemsThatAreGoneNothingIsAsked) {
+    for (const Oid oid : Desk->GivenAlarms(2)) {
+        Desk->Delete(oid);
+    }
+    Obstruct();
+    Desk->Device.EndSession();
+    ExpectEnd();
+    ClearTheWay();
+    Restart();
+    EXPECT_THAT(Desk->Boxes(), IsEmpty());
+    EXPECT_FALSE(Desk->ReadFile("TavoCalendar.dat.unsaved"));
+}
+
+TEST_F(UnsavedTags, WhereTheFolderTakesNothingTheyLieAboveIt) {
+    const std::vector<Oid> alarms = Desk->GivenAlarms(2);
+    Obstruct();
+    fs::create_directories(Desk->DataFolder() / "TavoCalendar.dat.unsaved" / "in the way");
+    Desk->Device.EndSession();
+    ExpectEnd();
+    EXPECT_TRUE(fs::is_regular_file(Desk->DataFolder().parent_path() / "TavoCalendar.dat.unsaved"));
+    ClearTheWay();
+    Restart({IDYES});
+    EXPECT_EQ(Desk->ListOf(ItemKind::Alarm), alarms);
+}
+
+TEST_F(UnsavedTags, APageThatClosesSaysItAndASaveThatWorksLaterLeavesNothingToOffer) {
+    const std::vector<Oid> alarms = Desk->GivenAlarms(2);
+    Obstruct();
+    Desk->Device.PressClose();
+    Desk->Device.AnswerBox(IDOK);
+    ASSERT_TRUE(Desk->Settle());
+    EXPECT_THAT(Desk->Boxes(), ElementsAre(kCannotOpen));
+    EXPECT_TRUE(Desk->ReadFile("TavoCalendar.dat.unsaved"));
+    ClearTheWay();
+    Desk->Device.Restore();
+    Desk->Device.PressClose();
+    ASSERT_TRUE(Desk->Settle());
+    EXPECT_FALSE(Desk->ReadFile("TavoCalendar.dat.unsaved"));
+    Restart();
+    EXPECT_THAT(Desk->Boxes(), IsEmpty());
+    EXPECT_EQ(Desk->ListOf(ItemKind::Alarm), alarms);
+}
+
+// The file lists alarms that are not known, so nothing may take its place.
+TEST_F(UnsavedTags, AFileThatCouldNotBeReadKeepsItsTagsAndThoseMadeMeanwhileAreAdded) {
+    const std::vector<Oid> alarms = Desk->GivenAlarms(1);
+    Desk->Device.Quit();
+    ExpectEnd();
+    const std::optional<std::string> file = Desk->ReadFile(kDataFile);
+    ASSERT_TRUE(file);
+    Obstruct();
+    Restart({IDOK});
+    const Oid more = Desk->GivenAppointment(u"More", At(2004, 11, 9, 9), At(2004, 11, 9, 9));
+    Desk->Tag(ItemKind::Alarm, more);
+    Desk->Device.EndSession();
+    ExpectEnd();
+    ClearTheWay();
+    Desk->WriteFile(kDataFile, *file);
+    Restart({IDYES});
+    EXPECT_THAT(Desk->ListOf(ItemKind::Alarm), ElementsAre(alarms[0], more));
+    EXPECT_EQ(Desk->ReadFile(kDataFile)->size(), 15U + 8U);
+}
+
+} // namespace
+} // namespace tavo::test
