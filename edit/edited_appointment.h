@@ -43,8 +43,6 @@ class EditedAppointment {
     void Reopen(Oid oid);
     void Release();
 
-    bool IsOpen() const { return static_cast<bool>(Item); }
-
     // Null when there is no item.
     IRecurrencePattern* Pattern() const { return OwnPattern.Get(); }
 

@@ -70,6 +70,13 @@ FORBIDDEN_WORDS = {
     r"thread_local": "the program has one thread",
 }
 
+# Nothing unwinds through the program, so what lies behind its seam reports failures and throws none: no throw, and of the
+# library's calls on files only those that report into an `error`. The scripted device of the tests may give up.
+THROWS_NOTHING = ["host", "tools", "companion"]
+MAY_GIVE_UP = ["host/headless"]
+FILE_CALL = re.compile(r"\b(?:std::filesystem|fs)::(?:[a-z_]*directory_iterator(?:\s+\w+)?|(?!path\b|perms\b)[a-z_]+)\s*"
+                       r"\((?=[^()\s])((?:[^()]|\((?:[^()]|\([^()]*\))*\))*)\)")
+
 # Sources here are named, each of them, in the CMakeLists.txt that builds them.
 LISTED_FOLDERS = PROGRAM_ORDER + ["framework", "host", "tools", "companion", "tests"]
 
@@ -112,6 +119,8 @@ class Checker:
         if layer in FREE_OF_CONDITIONS:
             for match in CONDITION.finditer(bare):
                 self.complain(path, line_of(bare, match.start()), "no #if outside host/: the host tells machines apart")
+        if is_in(path, THROWS_NOTHING) and not is_in(path, MAY_GIVE_UP):
+            self.check_throws_nothing(path, bare)
         if layer in PURE_LAYERS:
             for words, reason in FORBIDDEN_WORDS.items():
                 for match in re.finditer(rf"\b(?:{words})\b", bare):
@@ -120,6 +129,13 @@ class Checker:
                 self.complain(path, line_of(bare, match.start()), "modules are not used: include the header")
         if layer == "platform" and not path.endswith(".h"):
             self.complain(path, 1, "the platform declares and does nothing: it has headers only")
+
+    def check_throws_nothing(self, path, bare):
+        for match in re.finditer(r"\bthrow\b", bare):
+            self.complain(path, line_of(bare, match.start()), "'throw': what lies behind the seam reports its failures")
+        for match in FILE_CALL.finditer(bare):
+            if not re.search(r"\berror\b", match.group(1)) and match.group(1) != "status": # which is known by then
+                self.complain(path, line_of(bare, match.start()), f"'{match.group().split('(')[0].strip()}' throws without an error to report into")
 
     def check_includes(self, path, layer, text):
         own_header = path.rsplit(".", 1)[0] + ".h"

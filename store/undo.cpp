@@ -98,8 +98,7 @@ bool LongUndo::BringNextNoteBack() {
 
 void LongUndo::Finish() {
     IsOpen = false;
-    IsDoneWell = Succeeded(State.Store.OutlookApp->End());
-    Refused = !IsDoneWell;
+    Refused = Failed(State.Store.OutlookApp->End());
     if (Refused) {
         Abandon();
     } else {
@@ -113,13 +112,6 @@ void LongUndo::Finish() {
 
 std::u16string LongUndo::DescribeProgress() const {
     return FormatText(u"%d of %d undone", DoneCount, TotalCount);
-}
-
-bool UndoLastStep(CProgramState& state) {
-    LongUndo undo(state);
-    while (undo.DoNext()) {
-    }
-    return undo.IsDone();
 }
 
 } // namespace tavo

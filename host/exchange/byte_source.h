@@ -37,13 +37,10 @@ class FileSource final : public IByteSource {
     // True on success; otherwise `reason` says why in a few words.
     bool Open(const std::string& path, std::string& reason);
 
-    std::int64_t GetSize() const { return Size; }
-
     std::ptrdiff_t ReadAt(std::int64_t offset, char* buffer, std::size_t size) override;
 
   private:
     int Descriptor = -1;
-    std::int64_t Size = 0;
 };
 
 } // namespace tavo::exchange

@@ -48,8 +48,6 @@ class InkControl {
 
     void Resize(Size size);
 
-    Size ControlSize() const { return Control; }
-
     // A person has seen the paper: from now on a zoom keeps the middle of what they see, not the paper's corner.
     void NoteShown() { WasSeen = true; }
 

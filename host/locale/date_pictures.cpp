@@ -63,39 +63,6 @@ template <class AppendField> std::u16string FormatPicture(std::u16string_view pi
     return text;
 }
 
-std::u16string_view TrimBlanks(std::u16string_view text) {
-    constexpr std::u16string_view kBlanks = u" \t\r\n";
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::u16string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
-// Takes the digits that `text` begins with, at most four; the number of digits is returned.
-std::size_t TakeDigits(std::u16string_view& text, int& number) {
-    std::size_t digits = 0;
-    number = 0;
-    for (; digits < std::min<std::size_t>(text.size(), 4) && text[digits] >= u'0' && text[digits] <= u'9'; ++digits)
-        number = number * 10 + (text[digits] - u'0');
-    text.remove_prefix(digits);
-    return digits;
-}
-
-bool TakeSlash(std::u16string_view& text) {
-    if (!text.starts_with(u'/'))
-        return false;
-    text.remove_prefix(1);
-    return true;
-}
-
-// A year of two digits lies in the hundred years that end with this one.
-constexpr int kLastYearOfTwoDigits = 2029;
-
-int YearOfTwoDigits(int number) {
-    const int year = kLastYearOfTwoDigits / 100 * 100 + number;
-    return year > kLastYearOfTwoDigits ? year - 100 : year;
-}
-
 } // namespace
 
 std::optional<std::u16string> FormatDate(const SYSTEMTIME& date, std::u16string_view picture) {
@@ -157,24 +124,6 @@ std::optional<std::u16string> FormatTime(const SYSTEMTIME& time, std::u16string_
             return false;
         }
     });
-}
-
-std::optional<CivilDate> ParseShortDate(std::u16string_view text) {
-    text = TrimBlanks(text);
-    CivilDate date;
-    const std::size_t monthDigits = TakeDigits(text, date.Month);
-    const bool hasDay = TakeSlash(text);
-    const std::size_t dayDigits = TakeDigits(text, date.Day);
-    const bool hasYear = TakeSlash(text);
-    const std::size_t yearDigits = TakeDigits(text, date.Year);
-    if (!hasDay || !hasYear || !text.empty() || monthDigits > 2 || dayDigits > 2 ||
-        (yearDigits != 2 && yearDigits != 4))
-        return std::nullopt;
-    if (yearDigits == 2)
-        date.Year = YearOfTwoDigits(date.Year);
-    if (date.Year < kFirstPictureYear || !IsDate(date.Year, date.Month, date.Day))
-        return std::nullopt;
-    return date;
 }
 
 } // namespace tavo::locale

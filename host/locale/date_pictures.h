@@ -25,8 +25,4 @@ std::optional<std::u16string> FormatDate(const SYSTEMTIME& date, std::u16string_
 // impossible time.
 std::optional<std::u16string> FormatTime(const SYSTEMTIME& time, std::u16string_view picture);
 
-// Month, day and year separated by "/", the year with four digits or with two (1930 to 2029). Blanks around it are
-// passed over. Nothing for anything else and for a date that does not exist.
-std::optional<CivilDate> ParseShortDate(std::u16string_view text);
-
 } // namespace tavo::locale

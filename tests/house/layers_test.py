@@ -138,8 +138,19 @@ class LayersCheck(MadeUpTree):
     def test_ExceptionWordsAreForbiddenInThePureLayersOnly(self):
         self.write("store/a.cpp", "void A() {\n    throw 1;\n}\n")
         self.write("framework/a.cpp", "void A() {\n    try {\n    } catch (...) {\n    }\n}\n")
-        self.write("host/files/a.cpp", "void A() {\n    throw 1;\n}\n")
+        self.write("tests/files/a.cpp", "void A() {\n    throw 1;\n}\n")
         self.refuse("framework/a.cpp:2: 'try'", "framework/a.cpp:3: 'catch'", "store/a.cpp:2: 'throw'")
+
+    def test_WhatLiesBehindTheSeamThrowsNothing(self):
+        self.write("host/files/a.cpp", "void Fail() {\n    throw 1;\n}\n")
+        self.write("host/outlook/b.cpp", "auto a = std::filesystem::absolute(path);\n"
+                                         "auto b = std::filesystem::absolute(Name(path, Of(it)), error);\n"
+                                         "std::filesystem::path c(text);\nauto d = std::filesystem::path(text);\n")
+        self.write("tools/c.cpp", "for (fs::directory_iterator entry(folder), end; entry != end; ++entry) {\n}\n"
+                                  "fs::directory_iterator other(folder, error), end;\nauto e = fs::directory_iterator();\n")
+        self.write("host/headless/d.cpp", "auto a = std::filesystem::absolute(path);\n")
+        self.refuse("host/files/a.cpp:2: 'throw'", "host/outlook/b.cpp:1: 'std::filesystem::absolute'",
+                    "tools/c.cpp:1: 'fs::directory_iterator entry'")
 
     def test_WordsInCommentsAndTextsDoNotCount(self):
         self.write("store/a.cpp", '// We never throw.\n/* nor\n catch */\nconst char* kText = "try // again";\n'

@@ -139,24 +139,4 @@ TEST(UsEnglishLocale, AutomationDatesAreConverted) {
     EXPECT_EQ(date, 38245.75);
 }
 
-TEST(ParseShortDate, WholeAndTwoDigitYearsAreUnderstood) {
-    EXPECT_EQ(ParseShortDate(u"9/5/2004"), (CivilDate{2004, 9, 5}));
-    EXPECT_EQ(ParseShortDate(u"09/05/2004"), (CivilDate{2004, 9, 5}));
-    EXPECT_EQ(ParseShortDate(u"9/5/04"), (CivilDate{2004, 9, 5}));
-    EXPECT_EQ(ParseShortDate(u"9/5/29"), (CivilDate{2029, 9, 5}));
-    EXPECT_EQ(ParseShortDate(u"9/5/30"), (CivilDate{1930, 9, 5}));
-    EXPECT_EQ(ParseShortDate(u"12/31/99"), (CivilDate{1999, 12, 31}));
-    EXPECT_EQ(ParseShortDate(u" 12/31/9999\n"), (CivilDate{9999, 12, 31}));
-    EXPECT_EQ(ParseShortDate(u"1/1/1601"), (CivilDate{1601, 1, 1}));
-}
-
-TEST(ParseShortDate, AnythingElseIsNoDate) {
-    for (const std::u16string_view text :
-         {u"",          u" ",         u"9",        u"9/5",        u"9/5/",       u"/5/2004",
-          u"9//2004",   u"9/5/4",     u"9/5/204",  u"9/5/20040",  u"009/5/2004", u"9/005/2004",
-          u"2/30/2004", u"13/1/2004", u"0/1/2004", u"9-5-2004",   u"9/5/2004x",  u"x9/5/2004",
-          u"9 /5/2004", u"1/1/1600",  u"2004/9/5", u"9/5/2004/1", u"-9/5/2004"})
-        EXPECT_EQ(ParseShortDate(text), std::nullopt) << std::string(text.begin(), text.end());
-}
-
 } // namespace tavo::locale

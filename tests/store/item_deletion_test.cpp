@@ -91,7 +91,7 @@ TEST_F(ItemDeletion, ANameIsNotCutWithinACharacter) {
 TEST_F(ItemDeletion, TheStoresOwnNamesFitIntoTheMenu) {
     EXPECT_EQ(DescribeUndo(State), u"Undo");
     EXPECT_FALSE(CanUndo(State));
-    EXPECT_FALSE(UndoLastStep(State));
+    EXPECT_FALSE(LongUndo(State).DoNext());
     GivenAlarm(u"One");
     EXPECT_EQ(DescribeUndo(State), u"Undo new appointment");
     EXPECT_TRUE(CanUndo(State));
