@@ -124,7 +124,10 @@ void RunDeletion(const std::string& home) {
     }
     const long long deletion = NanosecondsSince(begin);
     begin = Clock::now();
-    if (!UndoLastStep(desk.State)) {
+    LongUndo undo(desk.State);
+    while (undo.DoNext()) {
+    }
+    if (undo.IsRefused()) {
         Fail("the deletion could not be taken back");
     }
     std::printf("%d %lld %lld\n", deleted, deletion, NanosecondsSince(begin));

@@ -1,6 +1,7 @@
 // The loop of the waiting process, and what wakes it.
 #include "companion/companion.h"
 
+#include "host/files/device_processes.h"
 #include "host/outlook/store_core.h"
 #include "host/outlook/zone_rules.h"
 
@@ -71,7 +72,8 @@ Companion::Companion(const files::DeviceRoot& root)
                   [this] { Pending = Pending.value_or(Look::Clock); },
                   [this](std::uint32_t question, const auto& placed) { TakePlacement(question, placed); },
                   [this](std::uint32_t card, const auto& placed) { TakeMove(card, placed); },
-                  [this] { return Device == nullptr ? 0 : Device->Ledger.ToWall(Now()); }}) {}
+                  [this] { return Device == nullptr ? 0 : Device->Ledger.ToWall(Now()); }}),
+      Round(files::RunningProgramFolder() + "/RSound") {}
 
 Companion::~Companion() = default;
 
@@ -122,6 +124,7 @@ void Companion::LeaveStore() {
             Orphans.insert(row.Card);
         }
     }
+    Round.Stop();
     Desk.StopRinging(); // the next store knows nothing of it
     Device.reset();
 }
@@ -161,7 +164,24 @@ void Companion::Work(Look look) {
         TakeOrphansBack();
         look = Look::Items;
     }
-    SetAlarm(Device == nullptr ? Now() + kStoreRetry : Device->Planner.Run(Now(), look));
+    SetAlarm(Device == nullptr ? Now() + kStoreRetry : LookAtRound(Device->Planner.Run(Now(), look)));
+}
+
+// After what is due was shown. Gives the earlier of both moments.
+Moment Companion::LookAtRound(Moment next) {
+    const Moment now = Now();
+    return std::min(next, Round.Run(*Device->Store, now, Device->Ledger.ToWall(now)).value_or(next));
+}
+
+void Companion::TakeRoundsEnd() {
+    const std::optional<RoundResult> result = Round.Reap();
+    if (!result) {
+        return;
+    }
+    Pending = Pending.value_or(Look::Clock);
+    if (Device != nullptr && *result != RoundResult::Undone) {
+        (void)Device->Store->NoteFullCheck(std::time(nullptr)); // not noted, it is made once more
+    }
 }
 
 void Companion::GiveMemoryBack() {
@@ -223,6 +243,7 @@ bool Companion::TakeSignals() {
     while (read(Signals.Get(), &signal, sizeof signal) == sizeof signal) {
         ends = ends || signal.ssi_signo != SIGCHLD;
     }
+    TakeRoundsEnd();
     Desk.ReapChildren();
     return !ends;
 }

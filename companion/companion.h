@@ -1,6 +1,7 @@
 // The waiting process: sleeps until the next reminder, a change of the store or the clock, or an answer.
 #pragma once
 
+#include "companion/night_round.h"
 #include "companion/reminder_desk.h"
 #include "host/files/device_root.h"
 #include "host/outlook/change_watcher.h"
@@ -38,6 +39,8 @@ class Companion {
     void LookAtZone();
     void Answer(std::uint32_t card, reminders::Answer answer, int snooze);
     bool TakeSignals();
+    void TakeRoundsEnd();
+    reminders::Moment LookAtRound(reminders::Moment next);
     void TakePlacement(std::uint32_t question, const std::optional<reminders::PlacedCard>& placed);
     void TakeMove(std::uint32_t card, const reminders::PlacedCard& placed);
     void PlanNextLook();
@@ -47,6 +50,7 @@ class Companion {
 
     const files::DeviceRoot Root;
     ReminderDesk Desk;
+    NightRound Round;
     std::unique_ptr<Opened> Device;
     files::FileDescriptor Alarm;
     files::FileDescriptor Signals;

@@ -1,6 +1,7 @@
 // RSound: one for each user and root folder.
 #include "companion/companion.h"
 #include "companion/companion_lock.h"
+#include "companion/night_round.h"
 #include "host/files/device_processes.h"
 #include "host/files/login_entry.h"
 #include "host/locale/harmless_text.h"
@@ -31,7 +32,7 @@ void EnterAtLogin(const files::RootEnvironment& environment) {
 
 } // namespace
 
-int main() {
+int main(int count, char** words) {
     // One thread, and small: no memory is set aside for bookkeeping.
     (void)sqlite3_config(SQLITE_CONFIG_SINGLETHREAD);
     (void)sqlite3_config(SQLITE_CONFIG_LOOKASIDE, 128, 32);
@@ -40,6 +41,9 @@ int main() {
         const files::RootResult root = files::OpenDeviceRoot(environment);
         if (!root.Root.has_value()) {
             return Refuse(root.Problem);
+        }
+        if (count == 2 && std::string_view(words[1]) == "--round") {
+            return static_cast<int>(companion::GoRound(*root.Root)); // started by the one that waits
         }
         const companion::CompanionLock lock(root.Root->RunFolder());
         if (!lock.IsHeld()) {

@@ -22,7 +22,6 @@ TRIALS = ("tests/", "benchmarks/", "fuzz/", "host/headless/")
 SIGHTS = {
     ("app/tavo_app.h", "MessagePump"): "a started program's loop",
     ("app/tavo_app.h", "ProgramState"): "a started program's objects",
-    ("framework/message_pump.h", "HasQuit"): "the end of a program that a test runs itself",
     ("framework/message_pump.h", "TopDialog"): "what is open",
     ("host/files/device_files.h", "FolderReads"): "how often the disk was asked",
     ("host/files/registry_file.h", "ReadValue"): "what was written",
@@ -39,6 +38,7 @@ SIGHTS = {
     ("host/qt/painted_widget.h", "Window"): "whose a part of the screen is",
     ("host/reminders/store_ledger.h", "Finder"): "what is due, without a ledger",
     ("host/shell/shell_queue.h", "HasQuit"): "the end of a scripted program",
+    ("memo/memo_files.h", "HasMemo"): "one day; the month asks for all of its days at once",
     ("res/dialog_templates.h", "AllDialogTemplates"): "the templates, to walk over them",
 }
 # Calls of the device's own, which stay whole whatever the program makes of them.

@@ -1,0 +1,132 @@
+// What is due at night, and the process that does it.
+#include "companion/night_round.h"
+
+#include "companion/notifications.h"
+#include "host/files/device_files.h"
+#include "host/files/replace_file.h"
+#include "host/outlook/diagnosis.h"
+#include "host/outlook/wall_time.h"
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <utility>
+
+namespace tavo::companion {
+
+namespace {
+
+using reminders::Moment;
+
+constexpr Moment kUnixEpoch = outlook::kUnixEpochDay * outlook::kSecondsPerDay;
+constexpr Moment kRoundTime = kRoundHour * 3600;
+constexpr Moment kRetry = 3600; // seconds until a round that could not be made is tried again
+constexpr int kLowest = 19;
+constexpr const char* kDamaged = "The calendar's store is damaged.";
+constexpr const char* kDamagedAdvice = "\"tavo check\" says what is wrong with it and what to do.";
+constexpr std::chrono::seconds kBusPatience{10};
+constexpr int kPause = 200; // milliseconds between two looks at the time
+
+// Where nobody shows it, the next night says it again.
+void TellOfDamage() {
+    bool isOver = false;
+    Notifications bus({[](auto&&...) {}, [] {}, [&isOver](std::uint32_t, const auto&) { isOver = true; }});
+    if (!bus.Connect() || !bus.Ask(1, {kDamaged, kDamagedAdvice}, 0)) {
+        return;
+    }
+    const auto end = std::chrono::steady_clock::now() + kBusPatience;
+    while (!isOver && std::chrono::steady_clock::now() < end) {
+        struct pollfd news {
+            bus.Descriptor(), static_cast<short>(bus.PollEvents()), 0
+        };
+
+        (void)poll(&news, 1, kPause); // interrupted, it looks at the time
+        if (!bus.Process()) {
+            return;
+        }
+    }
+}
+
+} // namespace
+
+RoundResult GoRound(const files::DeviceRoot& root) {
+    files::DeviceFiles({root.Path()}).Purge();
+    files::RemoveUnfinished(root.RunFolder());
+    const outlook::Diagnosis diagnosis = outlook::DiagnoseStore(root.StorePath(), outlook::CheckDepth::Full);
+    if (diagnosis.State == outlook::Verdict::Ok) {
+        return RoundResult::Sound;
+    }
+    std::fprintf(stderr, "RSound: %s %s\n", diagnosis.What.c_str(), diagnosis.Advice.c_str());
+    if (diagnosis.State != outlook::Verdict::Damaged) {
+        return RoundResult::Undone;
+    }
+    TellOfDamage();
+    return RoundResult::Damaged;
+}
+
+Moment NextRound(Moment last, Moment nowWall) {
+    // One that was made by a clock that was set back since says nothing.
+    const Moment since = std::min(last, nowWall);
+    return outlook::MidnightOf(outlook::DayOf(since - kRoundTime) + 1) + kRoundTime;
+}
+
+std::optional<Moment> NightRound::Run(outlook::Store& store, Moment now, Moment nowWall) {
+    if (Process > 0) {
+        return std::nullopt;
+    }
+    if (Failed) {
+        Failed = false;
+        NotBefore = now + kRetry;
+    }
+    std::optional<std::int64_t> last = store.LastFullCheck();
+    if (!last) {
+        last = now - kUnixEpoch;          // a new store: its first night comes
+        (void)store.NoteFullCheck(*last); // else it is written at the next look
+    }
+    const Moment ahead = nowWall - now; // of the device's clock before the world's
+    const Moment due = *last == 0 ? now : NextRound(*last + kUnixEpoch + ahead, nowWall) - ahead;
+    if (std::max(due, NotBefore) > now) {
+        return std::max(due, NotBefore);
+    }
+    Process = fork();
+    if (Process == 0) {
+        (void)prctl(PR_SET_PDEATHSIG, SIGTERM);
+        (void)nice(kLowest); // it goes all the same
+        sigset_t none;
+        sigemptyset(&none);
+        (void)sigprocmask(SIG_SETMASK, &none, nullptr);
+        execl(Program.c_str(), Program.c_str(), "--round", nullptr);
+        _exit(static_cast<int>(RoundResult::Undone));
+    }
+    Failed = Process < 0;
+    return Failed ? std::optional(now + kRetry) : std::nullopt;
+}
+
+std::optional<RoundResult> NightRound::Reap() {
+    int status = 0;
+    const pid_t ended = Process > 0 ? waitpid(Process, &status, WNOHANG) : 0;
+    if (ended == 0) {
+        return std::nullopt;
+    }
+    const bool isOurs = std::exchange(Process, -1) == ended; // else somebody else was told how it ended
+
+    const int code = isOurs && WIFEXITED(status) ? WEXITSTATUS(status) : static_cast<int>(RoundResult::Undone);
+    const bool known = code == static_cast<int>(RoundResult::Sound) || code == static_cast<int>(RoundResult::Damaged);
+    Failed = !known;
+    return known ? static_cast<RoundResult>(code) : RoundResult::Undone;
+}
+
+void NightRound::Stop() {
+    if (Process > 0) {
+        (void)kill(Process, SIGKILL); // it only reads, and takes whole files away
+        (void)waitpid(Process, nullptr, 0);
+        Process = -1;
+    }
+}
+
+} // namespace tavo::companion
