@@ -40,6 +40,7 @@ SIGHTS = {
     ("host/shell/shell_queue.h", "HasQuit"): "the end of a scripted program",
     ("memo/memo_files.h", "HasMemo"): "one day; the month asks for all of its days at once",
     ("res/dialog_templates.h", "AllDialogTemplates"): "the templates, to walk over them",
+    ("store/undo.h", "IsDone"): "that all was taken back",
 }
 # Calls of the device's own, which stay whole whatever the program makes of them.
 DEVICE = ("platform/",)

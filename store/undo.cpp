@@ -98,7 +98,8 @@ bool LongUndo::BringNextNoteBack() {
 
 void LongUndo::Finish() {
     IsOpen = false;
-    Refused = Failed(State.Store.OutlookApp->End());
+    IsDoneWell = Succeeded(State.Store.OutlookApp->End());
+    Refused = !IsDoneWell;
     if (Refused) {
         Abandon();
     } else {

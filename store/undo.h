@@ -39,6 +39,9 @@ class LongUndo : public ILongWork {
     LongUndo(const LongUndo&) = delete;
     LongUndo& operator=(const LongUndo&) = delete;
 
+    // True when all was taken back.
+    bool IsDone() const { return IsDoneWell; }
+
     // True when the store could not do it, or takes no changes now: nothing was changed.
     bool IsRefused() const { return Refused; }
 
@@ -62,6 +65,7 @@ class LongUndo : public ILongWork {
     std::int32_t TotalCount = 0;
     std::int32_t DoneCount = 0;
     bool IsOpen = false; // the store holds the work under way
+    bool IsDoneWell = false;
     bool Refused = false;
 };
 
