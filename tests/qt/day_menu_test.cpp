@@ -79,7 +79,7 @@ TEST_F(DayMenuOnTheDesktop, IsOpenedAndWalkedByKeysDownToAnItemsView) {
     Program.Key(VK_RETURN);
     Program.Do([this] {
         ASSERT_NE(Menu(), nullptr);
-        ASSERT_EQ(Menu()->actions().size(), 7);
+        ASSERT_EQ(Menu()->actions().size(), 8);
         EXPECT_EQ(Menu()->actions()[kScheduleEntry]->text(), "Schedule: 2");
         EXPECT_FALSE(Menu()->actions()[0]->isEnabled());
         EXPECT_EQ(Menu()->activeAction(), Menu()->actions()[kScheduleEntry]); // the first that can be chosen

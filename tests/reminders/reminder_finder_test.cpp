@@ -67,7 +67,7 @@ TEST_F(ReminderFinder, TwentyThousandLeadsHoldNobodyUp) {
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 20000)"
         " INSERT INTO item SELECT 1000 + i, NULL, source, start + i * 120, length, zone, zone_start,"
         " zone_length, flags, busy, sensitivity, 20 + i, reminder_options, reminder_sound, subject,"
-        " location, categories, body FROM item, n WHERE oid = " +
+        " location, categories, body, sum FROM item, n WHERE oid = " +
         std::to_string(train);
     ASSERT_EQ(Store->Core().Db.Run(copies.c_str()), Status::Ok);
     reminders::ReminderFinder finder(Store->Core());
