@@ -123,7 +123,7 @@ TEST_F(DiskFull, AnImportSaysSoAndLeavesNothing) {
         ASSERT_EQ(writer.Begin(u"Import"), Status::Ok);
         for (int index = 0; index < 30 && Succeeded(status); ++index) {
             StoredItem item = MakeItem(std::to_string(index), "2026-05-01 10:00", "2026-05-01 11:00");
-            item.Body = std::u16string(20000, u'x');
+            item.Body.assign(20000, u'x');
             status = writer.Write(item, outcome);
         }
         const Status committed = writer.Commit();
