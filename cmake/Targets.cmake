@@ -31,10 +31,25 @@ function(tavo_program_library name)
   target_compile_options(${name} PRIVATE -fno-exceptions)
 endfunction()
 
+# tavo_precompile_for_tests(NAME SOURCE...): reads what nearly every test includes once for the whole target. Each source
+# still includes what it uses: the clang build, where this is off, holds them to it.
+function(tavo_precompile_for_tests name)
+  list(LENGTH ARGN sources)
+  if(sources GREATER 3)
+    target_precompile_headers(${name} PRIVATE
+      <gmock/gmock.h> <gtest/gtest.h>
+      <algorithm> <array> <chrono> <cstdint> <filesystem> <fstream> <functional> <map> <memory> <optional> <random> <string>
+      <string_view> <utility> <vector>)
+  endif()
+endfunction()
+
 # tavo_test(NAME [SOURCES ...] [LINKS ...]): a GoogleTest program; each of its tests is one ctest test.
 function(tavo_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE tavo_options ${ARG_LINKS} GTest::gtest GTest::gmock GTest::gtest_main)
+  # What is tested is optimised as it is used; the tests themselves are run once for each time they are compiled.
+  target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O1>)
+  tavo_precompile_for_tests(${name} ${ARG_SOURCES})
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 600)
 endfunction()
