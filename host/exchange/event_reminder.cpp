@@ -24,14 +24,13 @@ struct Alarm {
     auto Rank() const { return std::tuple(Mail, Lead); }
 };
 
-std::optional<Seconds> ReadLead(icalproperty* trigger, const EventTime& start, const EventTime& end) {
+Seconds ReadLead(icalproperty* trigger, const EventTime& start, const EventTime& end) {
     const icaltriggertype value = icalproperty_get_trigger(trigger);
     if (icaltime_is_null_time(value.time) == 0) {
         // A moment of its own, always in universal time.
         const Seconds moment = outlook::MakeTime(value.time.year, value.time.month, value.time.day, value.time.hour,
                                                  value.time.minute, value.time.second);
-        const Seconds lead = (start.In == nullptr ? start.Clock : start.In->Rules->ToUtc(start.Clock)) - moment;
-        return lead > kLongestLead ? std::nullopt : std::optional<Seconds>(lead);
+        return (start.In == nullptr ? start.Clock : start.In->Rules->ToUtc(start.Clock)) - moment;
     }
     Seconds lead = -static_cast<Seconds>(icaldurationtype_as_int(value.duration));
     icalparameter* related = icalproperty_get_first_parameter(trigger, ICAL_RELATED_PARAMETER);
@@ -55,11 +54,11 @@ std::optional<Alarm> ReadAlarm(icalcomponent* component, const EventTime& start,
         alarm.Mail = EqualsIgnoringCase(word, "EMAIL");
         alarm.Sound = EqualsIgnoringCase(word, "AUDIO");
     }
-    const std::optional<Seconds> lead = ReadLead(trigger, start, end);
-    if (!lead) {
-        return std::nullopt;
+    const Seconds lead = ReadLead(trigger, start, end);
+    if (lead > kLongestLead) {
+        return std::nullopt; // of a series, decades of occurrences would be due at once
     }
-    alarm.Lead = std::max<Seconds>(0, *lead);
+    alarm.Lead = std::max<Seconds>(0, lead);
     return alarm;
 }
 

@@ -21,6 +21,7 @@ using outlook::ZoneId;
 constexpr Moment kSlack = kDay;
 constexpr Moment kFirstReach = 2 * kDay; // how far a search for the next occurrence looks at first
 constexpr Moment kFarthestReach = 400000 * kDay;
+constexpr std::size_t kMostAhead = 64; // of one series at once: a year of weeks
 
 // Each lead once, by a search for the next greater one, and what of it lies in a span that moves with the lead: however
 // many leads there are, it is one question to the store. A lead below zero counts as none.
@@ -181,10 +182,32 @@ Status ReminderFinder::FindAhead(Moment now, const Visit& visit) {
     }
     for (const RemindingSeries& series : Series) {
         if (Succeeded(status)) {
-            outlook::ExpansionBudget budget(outlook::kStepsOfExpansion);
-            status = WalkSeries(series, wall - kSlack, wall + series.Lead + kSlack, budget, visitAhead);
+            status = WalkAhead(series, now, visit);
         }
     }
+    return status;
+}
+
+Status ReminderFinder::WalkAhead(const RemindingSeries& series, Moment now, const Visit& visit) {
+    std::vector<DueReminder> found;
+    outlook::ExpansionBudget budget(outlook::kStepsOfExpansion);
+    const std::int64_t wall = Core.Zones.UtcToWall(now);
+    const std::int64_t last = wall + series.Lead + kSlack;
+    Status status = Status::Ok;
+    std::int64_t from = wall - kSlack;
+    for (Moment reach = kFirstReach; from <= last && found.size() < kMostAhead && Succeeded(status); reach *= 4) {
+        const std::int64_t to = std::min(from + reach, last);
+        status = WalkSeries(series, from, to, budget, [&](const DueReminder& reminder) {
+            if (reminder.At <= now && reminder.Start > now) {
+                found.push_back(reminder);
+            }
+        });
+        from = to + 1;
+    }
+    std::stable_sort(found.begin(), found.end(),
+                     [](const DueReminder& left, const DueReminder& right) { return left.Start < right.Start; });
+    found.resize(std::min(found.size(), kMostAhead));
+    std::for_each(found.begin(), found.end(), visit);
     return status;
 }
 

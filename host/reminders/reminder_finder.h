@@ -18,7 +18,8 @@ class ReminderFinder {
 
     // Every reminder with after < due <= upTo; of items and occurrences, whatever their lead.
     Status FindDue(Moment after, Moment upTo, const Visit& visit);
-    // Every reminder with due <= now < start.
+    // Every reminder with due <= now < start; of each series the nearest few, so that a lead of years does not bring
+    // thousands at once.
     Status FindAhead(Moment now, const Visit& visit);
     // When the next reminder after this moment is due; nothing when there is none. Where series take long to look
     // through it may be an earlier moment, up to which nothing is due and at which to ask again.
@@ -53,6 +54,8 @@ class ReminderFinder {
     // Occurrences of one series that start in a span on the device's clock; none when the budget does not suffice.
     Status WalkSeries(const RemindingSeries& series, std::int64_t from, std::int64_t to,
                       outlook::ExpansionBudget& budget, const Visit& visit);
+    // The nearest occurrences of one series that are due but have not started.
+    Status WalkAhead(const RemindingSeries& series, Moment now, const Visit& visit);
     Status FindNextPlain(Moment after, Moment& best);
     Status FindNextOfSeries(Moment after, Moment& best);
     Status DescribePlain(const ReminderKey& key, Item& item, bool& stands);

@@ -92,6 +92,32 @@ TEST_F(ReminderFinder, OccurrencesRemindEach) {
     EXPECT_EQ(Next("2030-01-01 00:00"), "2030-01-01 08:45");
 }
 
+// A lead of fifty years: every occurrence of that time is owed already.
+TEST_F(ReminderFinder, OfASeriesOnlyTheNearestAreAhead) {
+    constexpr int kLead = 19000 * 24 * 60;
+    for (const bool often : {false, true}) {
+        outlook::StoredItem item = outlook::test::MakeItem("u", "2026-06-01 09:00", "2026-06-01 10:00");
+        item.Pattern = outlook::test::Daily();
+        if (often) {
+            item.Pattern.Type = kRecursForeign;
+            item.ForeignRule = "RRULE:FREQ=HOURLY;BYMINUTE=0,15,30,45";
+        }
+        item.ReminderSet = true;
+        item.ReminderMinutes = kLead;
+        Import(item);
+        std::vector<std::string> starts;
+        reminders::ReminderFinder finder(Store->Core());
+        const std::clock_t before = std::clock();
+        ASSERT_EQ(finder.FindAhead(At("2026-06-10 09:00"),
+                                   [&starts](const DueReminder& reminder) { starts.push_back(TextOf(reminder.Start)); }),
+                  Status::Ok);
+        EXPECT_LT(static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC, 0.5);
+        ASSERT_EQ(starts.size(), 64U);
+        EXPECT_EQ(starts.front(), often ? "2026-06-10 09:15" : "2026-06-11 09:00");
+        EXPECT_EQ(starts.back(), often ? "2026-06-11 01:00" : "2026-08-13 09:00");
+    }
+}
+
 TEST_F(ReminderFinder, AnItemWithoutAReminderIsNotFound) {
     Add("2026-06-01 09:00", "2026-06-01 10:00");
     EXPECT_EQ(Next("2026-01-01 00:00"), "none");
