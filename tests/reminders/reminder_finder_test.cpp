@@ -108,9 +108,10 @@ TEST_F(ReminderFinder, OfASeriesOnlyTheNearestAreAhead) {
         std::vector<std::string> starts;
         reminders::ReminderFinder finder(Store->Core());
         const std::clock_t before = std::clock();
-        ASSERT_EQ(finder.FindAhead(At("2026-06-10 09:00"),
-                                   [&starts](const DueReminder& reminder) { starts.push_back(TextOf(reminder.Start)); }),
-                  Status::Ok);
+        ASSERT_EQ(
+            finder.FindAhead(At("2026-06-10 09:00"),
+                             [&starts](const DueReminder& reminder) { starts.push_back(TextOf(reminder.Start)); }),
+            Status::Ok);
         EXPECT_LT(static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC, 0.5);
         ASSERT_EQ(starts.size(), 64U);
         EXPECT_EQ(starts.front(), often ? "2026-06-10 09:15" : "2026-06-11 09:00");
