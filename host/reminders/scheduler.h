@@ -25,7 +25,8 @@ class Scheduler {
 
     // Does what is to be done now. Gives when to be called again at the latest.
     Moment Run(Moment now, Look look);
-    // The desk knows by now what became of a card. Gives when to call Run at the latest; nothing when that stays.
+    // The desk knows by now what became of a card, and perhaps better when it is told a second time. Gives when to call
+    // Run at the latest; nothing when that stays.
     std::optional<Moment> TakePlacement(std::uint32_t question, const std::optional<PlacedCard>& placed, Moment now);
     // A card stands elsewhere now. False when none of it is known, as when it was answered meanwhile.
     bool TakeMove(std::uint32_t card, const PlacedCard& placed, Moment now);
@@ -53,6 +54,7 @@ class Scheduler {
         std::uint32_t Replaced = 0;    // the card that it stands in for
         bool Rings = false;
         std::uint32_t Redrawn = 0; // a card that stands already; 0 for one that is offered
+        Moment ReturnedAt = 0;     // nobody had taken it in time
     };
 
     bool Load();
@@ -77,6 +79,8 @@ class Scheduler {
     void Settle(const Question& question, const std::optional<PlacedCard>& placed, Moment now);
     void TakeRedrawing(const Question& question, const std::optional<PlacedCard>& placed, Moment now);
     void ReturnOffer(const Question& question, Moment now);
+    std::optional<Moment> TakeLatePlacement(std::uint32_t question, const std::optional<PlacedCard>& placed,
+                                            Moment now);
 
     bool IsAsked(const ReminderKey& key) const { return AskedKeys.contains(key); }
 
@@ -108,8 +112,9 @@ class Scheduler {
     std::optional<Moment> FailingSince; // the ledger takes nothing
     std::optional<Moment> NextTry;      // nobody took a card
     std::map<std::uint32_t, Question> Questions;
-    std::set<ReminderKey> AskedKeys;    // of what is offered
-    bool ItemsChangedMeanwhile = false; // while the desk was asked
+    std::map<std::uint32_t, Question> Returned; // may still be taken, late
+    std::set<ReminderKey> AskedKeys;            // of what is offered
+    bool ItemsChangedMeanwhile = false;         // while the desk was asked
     bool LooksAtItems = false;
     std::uint32_t RingingCard = 0;
 };

@@ -7,7 +7,8 @@ namespace tavo::reminders {
 
 namespace {
 
-constexpr Moment kNobodyTookIt = kMinute; // then the desk is asked again
+constexpr Moment kNobodyTookIt = kMinute;    // then the desk is asked again
+constexpr Moment kLateAnswer = 10 * kMinute; // after that nobody takes it any more
 
 void SortByStart(std::vector<CardLine>& lines) {
     std::stable_sort(lines.begin(), lines.end(), [](const CardLine& left, const CardLine& right) {
@@ -204,12 +205,9 @@ std::optional<Moment> Scheduler::TakePlacement(std::uint32_t question, const std
                                                Moment now) {
     const auto asked = Questions.find(question);
     if (asked == Questions.end()) {
-        if (placed) {
-            Desk.TakeBack(placed->Number); // of a store that was left
-        }
-        return std::nullopt;
+        return TakeLatePlacement(question, placed, now);
     }
-    const Question known = std::move(asked->second);
+    Question known = std::move(asked->second);
     Questions.erase(asked);
     for (const LedgerRow& row : known.Before) {
         if (known.Redrawn == 0) {
@@ -217,11 +215,49 @@ std::optional<Moment> Scheduler::TakePlacement(std::uint32_t question, const std
         }
     }
     Settle(known, placed, now);
+    if (!placed) {
+        std::erase_if(Returned, [now](const auto& entry) { return now - entry.second.ReturnedAt > kLateAnswer; });
+        known.ReturnedAt = now;
+        Returned.insert_or_assign(question, std::move(known));
+    }
     if (Questions.empty()) {
         LooksAtItems = LooksAtItems || ItemsChangedMeanwhile;
         ItemsChangedMeanwhile = false;
     }
     return placed ? std::optional(now) : NextTry;
+}
+
+// A slow desk has it after all: what still waits to be seen stands there now. Taken back instead, it would be shown for
+// a moment every time it is offered.
+std::optional<Moment> Scheduler::TakeLatePlacement(std::uint32_t question, const std::optional<PlacedCard>& placed,
+                                                   Moment now) {
+    auto late = Returned.extract(question);
+    if (!placed) {
+        return std::nullopt;
+    }
+    if (late.empty()) {
+        Desk.TakeBack(placed->Number); // of a store that was left
+        return std::nullopt;
+    }
+    const Question& known = late.mapped();
+    std::vector<LedgerRow> rows;
+    for (const LedgerRow& before : known.Before) {
+        const auto open = Open.find(before.Key);
+        const bool isAsBefore =
+            open != Open.end() && open->second.State == before.State && open->second.Until == before.Until;
+        if (known.Redrawn == 0 && isAsBefore && !IsAsked(before.Key)) {
+            rows.push_back(open->second);
+            rows.back().State = LedgerState::Offering;
+        }
+    }
+    if (known.Redrawn == 0 && rows.empty()) {
+        Desk.TakeBack(placed->Number); // shown elsewhere or withdrawn meanwhile
+        return std::nullopt;
+    }
+    Record(rows, now);
+    Settle(known, placed, now);
+    LooksAtItems = true; // its item may be another one by now
+    return now;
 }
 
 // Nobody saw it. What has happened to its rows meanwhile stays.

@@ -188,6 +188,39 @@ TEST_F(SchedulerTest, OneThatASlowDesktopRefusesIsOfferedAgainInAMinute) {
     EXPECT_EQ(Seen, (std::vector<Sight>{{CardKind::Single, false}}));
 }
 
+TEST_F(SchedulerTest, OneThatIsTakenAfterNobodyTookItInTimeStays) {
+    Desk.IsSlow = true;
+    Service->Run(kTime, Look::Clock);
+    Desk.RunOutOfTime(*Service, kTime + 1);
+    EXPECT_EQ(State(), LedgerState::Due);
+    Desk.Answer(*Service, kTime + 2);
+    EXPECT_EQ(Desk.Cards.size(), 1U);
+    EXPECT_EQ(State(), LedgerState::Shown);
+    Service->Run(kTime + 2 * kMinute, Look::Clock);
+    EXPECT_EQ(Seen, (std::vector<Sight>{{CardKind::Single, false}})); // and is not offered again
+}
+
+TEST_F(SchedulerTest, OneThatIsTakenTooLateAfterItStandsElsewhereIsTakenBack) {
+    Desk.IsSlow = true;
+    Service->Run(kTime, Look::Clock);
+    Desk.RunOutOfTime(*Service, kTime + 1);
+    Service->Run(kTime + kMinute + 1, Look::Clock); // asked again
+    Desk.Answer(*Service, kTime + kMinute + 2);     // both
+    EXPECT_EQ(Desk.Cards.size(), 1U);
+    EXPECT_EQ(State(), LedgerState::Listed); // as missed
+}
+
+TEST_F(SchedulerTest, OneThatIsTakenTooLateWhoseItemIsGoneIsTakenBack) {
+    Desk.IsSlow = true;
+    Service->Run(kTime, Look::Clock);
+    Desk.RunOutOfTime(*Service, kTime + 1);
+    Calendar.Items.erase(1);
+    Service->Run(kTime + 2, Look::Items);
+    Desk.Answer(*Service, kTime + 3);
+    Service->Run(kTime + 3, Look::Clock);
+    EXPECT_TRUE(Desk.Cards.empty());
+}
+
 TEST_F(SchedulerTest, OneWhoseItemGoesWhileASlowDesktopIsAskedIsTakenBack) {
     Desk.IsSlow = true;
     Service->Run(kTime, Look::Clock);

@@ -168,6 +168,12 @@ void SimulatedDesk::Answer(Scheduler& service, Moment now) {
     }
 }
 
+void SimulatedDesk::RunOutOfTime(Scheduler& service, Moment now) {
+    for (const Question& question : Questions) {
+        static_cast<void>(service.TakePlacement(question.Number, std::nullopt, now));
+    }
+}
+
 std::optional<PlacedCard> SimulatedDesk::Place(const Card& card, std::uint32_t replaced) {
     Ending.Step();
     if (!Works) {

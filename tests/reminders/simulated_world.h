@@ -114,6 +114,8 @@ class SimulatedDesk final : public IDesk {
     bool Holds(const ReminderKey& key) const;
     // Does what it was asked for while it was slow, and tells the service.
     void Answer(Scheduler& service, Moment now);
+    // Tells the service that nobody has taken what it was asked for; it may be taken later all the same.
+    void RunOutOfTime(Scheduler& service, Moment now);
 
     bool IsAsked() const { return !Questions.empty(); }
 
