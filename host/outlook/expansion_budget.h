@@ -6,13 +6,17 @@
 
 namespace tavo::outlook {
 
-// Days looked at and times made, together called steps; a machine of today does tens of millions in a second.
+// Days looked at and times made, also those made in vain, together called steps; a machine of today does tens of
+// millions in a second.
 class ExpansionBudget {
   public:
     explicit ExpansionBudget(std::int64_t steps) : Left(steps) {}
 
     // False from the step on that is one too many.
-    bool Take() { return --Left >= 0; }
+    bool Take(std::int64_t steps = 1) {
+        Left -= steps;
+        return Left >= 0;
+    }
 
     bool IsSpent() const { return Left < 0; }
 

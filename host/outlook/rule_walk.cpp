@@ -73,8 +73,12 @@ void TakeDefaults(RecurrenceRule& rule, Seconds start) {
     SortOnce(rule.Days);
 }
 
+template <class Value> std::int64_t SizeOf(const std::vector<Value>& values) {
+    return static_cast<std::int64_t>(values.size());
+}
+
 std::int64_t CountOf(const std::vector<int>& values) {
-    return std::max<std::int64_t>(static_cast<std::int64_t>(values.size()), 1);
+    return std::max<std::int64_t>(SizeOf(values), 1);
 }
 
 } // namespace
@@ -126,7 +130,7 @@ std::optional<Seconds> RuleWalk::Next() {
             if (time < Start || (Last && time <= *Last)) {
                 continue;
             }
-            if (time > End || !Budget.Take() || (Rule.Count > 0 && ++Counted > Rule.Count)) {
+            if (time > End || (Rule.Count > 0 && ++Counted > Rule.Count)) {
                 Ended = true;
                 return std::nullopt;
             }
@@ -157,6 +161,9 @@ bool RuleWalk::FillHour() {
     if (!Rule.Hours.empty() &&
         !std::binary_search(Rule.Hours.begin(), Rule.Hours.end(), static_cast<int>(TimeOfDay(hour) / kHour))) {
         return true;
+    }
+    if (!Budget.Take(SizeOf(Rule.Minutes) * SizeOf(Rule.OfMinute))) {
+        return false;
     }
     for (const int minute : Rule.Minutes) {
         for (const int second : Rule.OfMinute) {
@@ -212,7 +219,9 @@ bool RuleWalk::FillPeriod() {
     if (Rule.Missing != MissingDay::Omit && Rule.Every >= Frequency::Monthly) {
         AddMissingDays(first, last);
     }
-    AddTimes();
+    if (!AddTimes()) {
+        return false;
+    }
     ChoosePositions();
     return true;
 }
@@ -259,7 +268,10 @@ void RuleWalk::AddMissingDays(DayNumber first, DayNumber last) {
     SortOnce(Days);
 }
 
-void RuleWalk::AddTimes() {
+bool RuleWalk::AddTimes() {
+    if (!Budget.Take(SizeOf(Days) * SizeOf(Rule.Hours) * SizeOf(Rule.Minutes) * SizeOf(Rule.OfMinute))) {
+        return false;
+    }
     for (const DayNumber day : Days) {
         for (const int hour : Rule.Hours) {
             for (const int minute : Rule.Minutes) {
@@ -269,6 +281,7 @@ void RuleWalk::AddTimes() {
             }
         }
     }
+    return true;
 }
 
 void RuleWalk::ChoosePositions() {

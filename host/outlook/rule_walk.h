@@ -61,7 +61,8 @@ class RuleWalk {
     void FindSpan(DayNumber& first, DayNumber& last) const;
     bool CollectDays(DayNumber first, DayNumber last);
     void AddMissingDays(DayNumber first, DayNumber last);
-    void AddTimes();
+    // False when the budget does not suffice.
+    bool AddTimes();
     void ChoosePositions();
     bool Matches(DayNumber day) const;
     bool IsOneOfDays(DayNumber day, const CivilDate& date) const;

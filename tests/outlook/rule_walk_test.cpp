@@ -120,6 +120,23 @@ TEST(RuleWalk, StopsWhenItsBudgetIsSpent) {
     EXPECT_LT(days, 100);
 }
 
+TEST(RuleWalk, TimesThatAreMadeInVainCountToo) {
+    const std::string times = ";BYMINUTE=0,15,30,45;BYSETPOS=1";
+    ExpansionBudget ofHours(100);
+    EXPECT_TRUE(RuleWalk(RuleOf("FREQ=HOURLY" + times), At("2026-01-01"), At("2026-01-01"), ofHours).Next());
+    int hours = 0;
+    for (RuleWalk walk(RuleOf("FREQ=HOURLY" + times), At("2026-01-01"), At("2026-01-01"), ofHours); walk.Next();) {
+        ++hours;
+    }
+    EXPECT_EQ(hours, 19);
+    ExpansionBudget ofYears(5000);
+    EXPECT_EQ(RuleWalk(RuleOf("FREQ=YEARLY;BYDAY=SU,MO,TU,WE,TH,FR,SA;BYHOUR=0,6,12,18" + times), At("2026-01-01"),
+                       At("2026-01-01"), ofYears)
+                  .Next(),
+              std::nullopt);
+    EXPECT_TRUE(ofYears.IsSpent());
+}
+
 TEST(RuleWalk, CountsTheTimesOfADay) {
     EXPECT_EQ(CountStartsPerDay(RuleOf("FREQ=HOURLY")), 24);
     EXPECT_EQ(CountStartsPerDay(RuleOf("FREQ=HOURLY;INTERVAL=48")), 1);
