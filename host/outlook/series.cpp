@@ -18,6 +18,17 @@ ZoneLookup LookupIn(ZoneCache& zones) {
     return [&zones](const std::string& name) { return zones.RulesByName(name); };
 }
 
+// Ascending.
+std::vector<Seconds> OriginalsOf(const std::vector<StoredException>& exceptions) {
+    std::vector<Seconds> originals;
+    originals.reserve(exceptions.size());
+    for (const StoredException& exception : exceptions) {
+        originals.push_back(exception.Original);
+    }
+    std::sort(originals.begin(), originals.end());
+    return originals;
+}
+
 } // namespace
 
 Entry SeriesExpander::MakeEntry(const SeriesRow& series, Seconds own, Seconds length) const {
@@ -164,18 +175,24 @@ std::string SeriesExpander::FindRuleFault(const StoredItem& item) {
     const Seconds start = item.Zone.empty() ? item.Start : item.ZoneStart;
     const ZoneRules* own = item.Zone.empty() ? nullptr : Zones.RulesByName(item.Zone);
     const auto rule = ForeignRule::Parse(item.ForeignRule, start, own, LookupIn(Zones), fault);
-    return rule != nullptr && !rule->TakesPlace() ? "its recurrence never takes place" : fault;
+    if (rule == nullptr) {
+        return fault;
+    }
+    if (!rule->TakesPlace()) {
+        return "its recurrence never takes place";
+    }
+    const std::vector<Seconds> originals = OriginalsOf(item.Exceptions);
+    ExpansionBudget budget(kStepsOfExpansion);
+    (void)rule->FindFirst(
+        [&originals](Seconds original) { return std::binary_search(originals.begin(), originals.end(), original); },
+        budget);
+    return budget.IsSpent() ? "its first occurrence takes too long to find" : "";
 }
 
 void SeriesExpander::FindBounds(SeriesRow& series, const std::string& foreignRule,
                                 const std::vector<StoredException>& exceptions) {
     RuleSpan span;
-    std::vector<Seconds> originals;
-    originals.reserve(exceptions.size());
-    for (const StoredException& exception : exceptions) {
-        originals.push_back(exception.Original);
-    }
-    std::sort(originals.begin(), originals.end());
+    const std::vector<Seconds> originals = OriginalsOf(exceptions);
     const auto isExcepted = [&originals](Seconds original) {
         return std::binary_search(originals.begin(), originals.end(), original);
     };

@@ -55,8 +55,9 @@ class SeriesExpander {
     Status Expand(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries,
                   ExpansionBudget& budget);
 
-    // Why the item's foreign rule gives no occurrence: it cannot be read, asks for more work than any item may, or says
-    // nothing. One phrase, for people; "" when it is in order, and for all other items.
+    // Why the item's foreign rule gives no occurrence: it cannot be read, asks for more work than any item may (also
+    // until its first occurrence), or says nothing. One phrase, for people; "" when it is in order, and for all other
+    // items.
     std::string FindRuleFault(const StoredItem& item);
 
     // Works out First, FirstLength and Until from the rest. A rule with a fault has no occurrence.

@@ -63,6 +63,14 @@ std::vector<Attack> Attacks() {
         {"never, by position", "RRULE:FREQ=MONTHLY;BYSETPOS=2", "its recurrence never takes place"},
         {"a count without end", "RRULE:FREQ=HOURLY;COUNT=2000000000",
          "its number of occurrences takes too long to count"},
+        {"a year of quarters of an hour for one start",
+         "RRULE:FREQ=YEARLY;BYDAY=SU,MO,TU,WE,TH,FR,SA;BYHOUR=" + Numbers(24) +
+             ";BYMINUTE=0,15,30,45;BYSETPOS=1;COUNT=1000",
+         "its number of occurrences takes too long to count"},
+        {"taken out for decades",
+         "RRULE:FREQ=DAILY;BYHOUR=" + Numbers(24) +
+             ";BYMINUTE=0,30\nEXRULE:FREQ=DAILY;UNTIL=20900101T000000;BYHOUR=" + Numbers(24) + ";BYMINUTE=0,30",
+         "its first occurrence takes too long to find"},
         {"another calendar", "RRULE:RSCALE=CHINESE;FREQ=YEARLY", "it recurs by another calendar than the Gregorian"},
     };
 }
