@@ -140,6 +140,7 @@ Status StoreCore::BeginUndo(std::int32_t& steps) {
     if (const Status status = BeginTransaction(); Failed(status)) {
         return status;
     }
+    TakeStoredZone(); // what comes back is written with the times of the zone in which the device is now
     TakingBack.emplace();
     const Status status = FindGroupToUndo(steps);
     if (Failed(status)) {
@@ -154,6 +155,9 @@ Status StoreCore::StepUndo() {
     }
     if (TakingBack->IsBroken || !Db.InTransaction()) {
         return Status::Fail; // only Abandon is left
+    }
+    if (TakingBack->IsAtEnd) {
+        return Status::False; // asked again for each note that is brought back
     }
     ++OwnChanges;
     Status status = Status::Ok;

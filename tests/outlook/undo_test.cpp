@@ -105,6 +105,30 @@ TEST_F(Undo, AGroupOfNotesAloneIsAStep) {
     EXPECT_THAT(TakeBack(), IsEmpty());
 }
 
+TEST_F(Undo, TheEndIsToldAgainWithoutLookingThroughTheNotes) {
+    ASSERT_EQ(App->Begin(u"noted"), Status::Ok);
+    for (int number = 0; number < 50; ++number) {
+        ASSERT_EQ(App->AddNote(std::vector<std::uint8_t>{7}), Status::Ok);
+    }
+    ASSERT_EQ(App->End(), Status::Ok);
+    std::int32_t steps = 0;
+    ASSERT_EQ(App->BeginUndo(steps), Status::Ok);
+    ASSERT_EQ(App->StepUndo(), Status::False);
+    int questions = 0;
+    const auto count = [](unsigned, void* counter, void*, void*) {
+        ++*static_cast<int*>(counter);
+        return 0;
+    };
+    sqlite3* connection = Store->Core().Db.Raw();
+    ASSERT_EQ(sqlite3_trace_v2(connection, SQLITE_TRACE_STMT, count, &questions), SQLITE_OK);
+    for (int number = 0; number < 50; ++number) {
+        EXPECT_EQ(App->StepUndo(), Status::False);
+    }
+    ASSERT_EQ(sqlite3_trace_v2(connection, 0, nullptr, nullptr), SQLITE_OK);
+    EXPECT_EQ(questions, 0); // each would go through all the notes
+    ASSERT_EQ(App->End(), Status::Ok);
+}
+
 TEST_F(Undo, ANoteOfAnAbandonedGroupIsGone) {
     ASSERT_EQ(App->Begin(u"noted"), Status::Ok);
     ASSERT_EQ(App->AddNote(std::vector<std::uint8_t>{7}), Status::Ok);

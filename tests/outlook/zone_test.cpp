@@ -163,6 +163,20 @@ TEST_F(ZonedItem, WhatIsSavedBeforeTheNewsOfAnotherZoneArrivesIsMeantInTheNewOne
     EXPECT_EQ(TextOf(Read(oid).Start), "2026-06-01 17:00");
 }
 
+TEST_F(ZonedItem, WhatIsTakenBackBeforeTheNewsOfAnotherZoneArrivesIsMeantInTheNewOne) {
+    Reopen("Europe/Berlin");
+    const Oid oid = Import(Zoned("u", "UTC", "2026-06-01 08:00", "2026-06-01 09:00"));
+    ASSERT_EQ(Get(oid)->Delete(), Status::Ok);
+    StorePtr other;
+    StoreOptions options;
+    options.DeviceZone = "Asia/Tokyo";
+    ASSERT_EQ(OpenStore(File, options, other), Status::Ok);
+    std::vector<Oid> restored;
+    ASSERT_EQ(App->Undo(restored), Status::Ok);
+    EXPECT_THAT(restored, ElementsAre(oid));
+    EXPECT_EQ(TextOf(Read(oid).Start), "2026-06-01 17:00");
+}
+
 TEST_F(ZonedItem, AnEditOfTheTextLeavesItsTimesToTheLetter) {
     Reopen("Europe/Berlin");
     const Oid oid = Import(Zoned("u", "America/New_York", "2026-05-04 18:00", "2026-05-04 19:00"));
