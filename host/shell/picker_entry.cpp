@@ -179,12 +179,14 @@ void PickerKeys::TypeDigit(char16_t digit) {
 // To the next part; from the last one nowhere, and all is typed.
 void PickerKeys::Advance() {
     const std::u16string typed = Entry.Typed;
+    const int hourBefore = Time.Hour;
     TakeTyped();
     if (Entry.Part == kLastPart) {
         Complete = true;
         return;
     }
     Entry.HourRun = IsTime() && Entry.Part == kHour ? typed : std::u16string();
+    Entry.HourBefore = hourBefore;
     ++Entry.Part;
 }
 
@@ -214,6 +216,7 @@ void PickerKeys::TakeTyped() {
         if (minute < kHourOfMinutes) {
             const int hour = Entry.HourRun[0] - u'0';
             Entry.Part = kHour;
+            Time.Hour = static_cast<std::uint16_t>(Entry.HourBefore); // its half of the day, not that of "23"
             TakeTimePart(hour);
             Entry.Part = kMinute;
             TakeTimePart(minute);

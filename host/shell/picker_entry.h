@@ -16,6 +16,7 @@ struct PickerEntry {
     int Part = 0;           // where the next key goes
     std::u16string Typed;   // digits of this part, not taken yet
     std::u16string HourRun; // the hour's digits, while the minute's follow without a separator
+    int HourBefore = 0;     // the value's, before those of HourRun were taken
     int TypedDay = 0;       // as typed, though the month shown meanwhile may be too short for it; 0: none
     bool Untold = false;    // the value is another than the program knows
 };

@@ -106,6 +106,17 @@ TEST_F(PickerEntryTest, ThreeDigitsInARowAreAnHourOfOneDigit) {
     EXPECT_EQ(Time(u"930a"), u"9:30 AM!");
 }
 
+TEST_F(PickerEntryTest, TheHourOfThreeDigitsLeavesTheHalfAsItWas) {
+    const auto morning = [this](std::u16string_view characters) {
+        Value = {2026, 12, 6, 5, 9, 45, 30, 0};
+        return Typed(ControlKind::TimePicker, characters);
+    };
+    EXPECT_EQ(morning(u"230"), u"2:30 AM"); // the 23 on the way to it lies in the evening
+    EXPECT_EQ(morning(u"130"), u"1:30 AM");
+    EXPECT_EQ(morning(u"230p"), u"2:30 PM!");
+    EXPECT_EQ(morning(u"23:5"), u"11:05 PM");
+}
+
 TEST_F(PickerEntryTest, StepsBeginAnewBeyondTheEndOfTheirPart) {
     const auto step = [this](ControlKind kind, const SYSTEMTIME& from, int part, int by) {
         Value = from;
