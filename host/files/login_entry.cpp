@@ -24,7 +24,8 @@ std::filesystem::path FindPlace() {
                                             : std::filesystem::path(home) / ".config" / kFolder / kName;
 }
 
-// As the desktop reads a command: in quotes, with what is special in them marked; per cent signs doubled.
+// As the desktop reads a command: in quotes, with what is special in them marked by a backslash; per cent signs
+// doubled. Every backslash stands twice, since the file's own reading comes first.
 std::string QuoteCommand(const std::string& path) {
     std::string quoted = "\"";
     for (const char letter : path) {
@@ -32,8 +33,8 @@ std::string QuoteCommand(const std::string& path) {
             quoted += "\\\\";
         }
         quoted += letter;
-        if (letter == '%') {
-            quoted += '%';
+        if (letter == '%' || letter == '\\') {
+            quoted += letter;
         }
     }
     return quoted + '"';

@@ -61,6 +61,11 @@ TEST_F(LoginEntryTest, AnotherRootIsNamedAndWhatTheDesktopReadsSpeciallyIsMarked
     EXPECT_TRUE(Has(R"(Exec=env "TAVO_HOME=/home/\\$x" "/opt/a b/50%%/RSound")"));
 }
 
+TEST_F(LoginEntryTest, ABackslashIsMarkedForTheFileAndForTheCommand) {
+    ASSERT_TRUE(Entry.SwitchOn(R"(/opt/a\b/RSound)", ""));
+    EXPECT_TRUE(Has(R"(Exec="/opt/a\\\\b/RSound")"));
+}
+
 TEST_F(LoginEntryTest, AFolderWithALineFeedAddsNoLine) {
     for (const char* root : {"/home/x\nExec=/bin/evil", "/home/x\rExec=/bin/evil", "/home/\x1b[31m", "/home/\xFF"}) {
         EXPECT_FALSE(Entry.SwitchOn("/opt/RSound", root));
