@@ -148,7 +148,9 @@ bool InstanceLock::ProgramRuns(const std::string& runFolder) {
 }
 
 ErrorCode InstanceLock::RequestActivation(const std::string& runFolder, std::string_view token) {
-    return WriteRequest(RequestPath(runFolder), token.substr(0, kLongestToken));
+    const ErrorCode error = WriteRequest(RequestPath(runFolder), token.substr(0, kLongestToken));
+    // An empty file takes no room on a full disk, and the bare wish counts for more than the desktop's leave.
+    return error == ErrorCode::Success || token.empty() ? error : WriteRequest(RequestPath(runFolder), {});
 }
 
 bool InstanceLock::HasActivationRequest(const std::string& runFolder) {

@@ -47,7 +47,8 @@ class InstanceLock {
     // Whether a program runs on this root; one of this process counts too.
     static bool ProgramRuns(const std::string& runFolder);
 
-    // For the second start: asks the running program to come forward. `token` is the desktop's activation token.
+    // For the second start: asks the running program to come forward. `token` is the desktop's activation token;
+    // where the disk has no room for it, the request goes without.
     static ErrorCode RequestActivation(const std::string& runFolder, std::string_view token);
     // Whether nobody has taken it yet.
     static bool HasActivationRequest(const std::string& runFolder);

@@ -8,6 +8,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace tavo::files {
@@ -195,6 +196,21 @@ TEST(InstanceLock, ARequestWakesTheFirstAndBringsItsToken) {
     ExpectTaken(lock, "token-1", 0);
     EXPECT_FALSE(IsReadable(lock.ActivationFd(), 0));
     EXPECT_FALSE(lock.TakeActivation().has_value());
+}
+
+TEST(InstanceLock, ARequestWithoutRoomForItsTokenGoesWithoutIt) {
+    const TemporaryFolder folder;
+    InstanceLock lock(folder.Path());
+    const auto ask = [&] {
+        const rlimit none{0, 0};
+        (void)signal(SIGXFSZ, SIG_IGN); // writing fails like on a full disk
+        return setrlimit(RLIMIT_FSIZE, &none) == 0 &&
+                       InstanceLock::RequestActivation(folder.Path(), "token-1") == ErrorCode::Success
+                   ? 0
+                   : 1;
+    };
+    ASSERT_EQ(RunApart(ask), 0);
+    ExpectTaken(lock, "", 0);
 }
 
 TEST(InstanceLock, OfSeveralRequestsTheNewestCounts) {
