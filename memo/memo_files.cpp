@@ -57,6 +57,16 @@ std::u16string MemoFiles::FreePathBeside(std::u16string_view path) const {
     return free;
 }
 
+bool MemoFiles::BringBack(std::u16string_view kept, std::u16string& path) {
+    IFiles& files = State.Host().Files();
+    ErrorCode moved = files.MoveFileW(kept, path);
+    if (moved == ErrorCode::AlreadyExists) {
+        path = FreePathBeside(path);
+        moved = files.MoveFileW(kept, path);
+    }
+    return moved == ErrorCode::Success;
+}
+
 bool MemoFiles::IsMemo(std::u16string_view path) const {
     return State.Host().Files().FindFirstFileW(path) != nullptr;
 }

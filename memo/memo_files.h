@@ -25,6 +25,10 @@ class MemoFiles {
     // "x 2.pwi" beside "x.pwi", or the next number that nobody has.
     std::u16string FreePathBeside(std::u16string_view path) const;
 
+    // Moves a memo that was put away from `kept` to `path`, or beside what took its place meanwhile; `path` then says
+    // where it is. False when it could not be moved: it is where it was, or nobody has it any more.
+    [[nodiscard]] bool BringBack(std::u16string_view kept, std::u16string& path);
+
     // Whether there is such a file.
     bool IsMemo(std::u16string_view path) const;
 

@@ -24,14 +24,8 @@ void MemoUndo::BringBack(std::span<const std::uint8_t> note) {
 }
 
 void MemoUndo::BringMemoBack(const MemoPutAway& memo) {
-    IFiles& files = State.Host().Files();
     MemoPutAway back = memo;
-    ErrorCode moved = files.MoveFileW(memo.Kept, back.Path);
-    if (moved == ErrorCode::AlreadyExists) {
-        back.Path = MemoFiles(State).FreePathBeside(memo.Path);
-        moved = files.MoveFileW(memo.Kept, back.Path);
-    }
-    if (moved == ErrorCode::Success) {
+    if (MemoFiles(State).BringBack(memo.Kept, back.Path)) {
         Memos.push_back(std::move(back));
     } else {
         ++MissingCount; // it was longer in the Deleted folder than it is kept there, or somebody took it away

@@ -2,6 +2,7 @@
 #include "schedule/mass_deletion.h"
 
 #include "framework/format.h"
+#include "memo/memo_files.h"
 #include "schedule/memo_list.h"
 
 #include <unordered_set>
@@ -170,8 +171,8 @@ bool MassDeletion::TakeBackNext() {
     if (MemosAway.empty()) {
         return false;
     }
-    // One that somebody took away meanwhile cannot come back.
-    static_cast<void>(State.Host().Files().MoveFileW(MemosAway.back().Kept, MemosAway.back().Path));
+    MemoPutAway& memo = MemosAway.back();
+    MissingCount += MemoFiles(State).BringBack(memo.Kept, memo.Path) ? 0 : 1; // somebody took it away meanwhile
     MemosAway.pop_back();
     --DoneCount;
     return true;

@@ -38,6 +38,9 @@ class MassDeletion : public ILongWork {
     // True when the store took no changes, or could not keep them: its items are all there still.
     bool IsRefused() const { return Refused; }
 
+    // How many memos could not be brought back when it was cancelled or refused.
+    int Missing() const { return MissingCount; }
+
     bool DoNext() override;
     bool TakeBackNext() override;
     void Abandon() override;
@@ -68,6 +71,7 @@ class MassDeletion : public ILongWork {
     std::size_t NextMemo = 0;
     int TotalCount = 0;
     int DoneCount = 0;
+    int MissingCount = 0;
     bool Refused = false;
 };
 

@@ -18,6 +18,7 @@ constexpr int kBoxes[] = {kSettingsAlarms, kSettingsHolidays, kSettingsAnniversa
                           kSettingsMemos};
 
 constexpr std::u16string_view kNotDeleted = u"The items could not be deleted.";
+constexpr std::u16string_view kMemosMissing = u"Not all memos could be brought back.";
 
 } // namespace
 
@@ -85,11 +86,13 @@ void CSettingsPage::DeleteChecked() {
         return;
     }
     bool refused = false;
+    bool isIncomplete = false;
     {
         const BusyTime busy(State);
         MassDeletion deletion(State, ReadClasses());
         RunLongWork(Pump(), State, deletion, kDeleteCaption);
         refused = deletion.IsRefused();
+        isIncomplete = deletion.Missing() > 0;
     }
     static_cast<void>(State.Categories.ApplyTagRequests()); // the pages are told anyway
     View.PostChangeNotice();
@@ -99,6 +102,9 @@ void CSettingsPage::DeleteChecked() {
     Recount();
     if (refused) {
         Refuse(kNotDeleted);
+    }
+    if (isIncomplete) {
+        Refuse(kMemosMissing);
     }
 }
 

@@ -22,8 +22,8 @@ namespace {
 
 constexpr std::string_view kExtension = ".pwi"; // four bytes in any case
 constexpr std::string_view kMark = " (deleted ";
-constexpr std::size_t kMomentLength = 16;       // 20041117T214530Z
-constexpr std::size_t kLongestStem = 200;       // bytes; leaves room for mark, moment and number in a name of 255
+constexpr std::size_t kMomentLength = 16; // 20041117T214530Z
+constexpr std::size_t kLongestStem = 180; // bytes; with folders, mark, moment and number still a path of the device
 constexpr std::size_t kLargestMemo = 64u << 20; // for the copy on disks that know no second names
 
 std::string DeletedFolderOf(const std::string& folder) {

@@ -128,6 +128,20 @@ TEST_F(DeviceFilesTest, AMemoPutAwaySaysWhereItLiesAndMovesBack) {
     EXPECT_EQ(Files.PutAwayMemo(u"\\notes.txt", kept), ErrorCode::AccessDenied); // no memo
 }
 
+TEST_F(DeviceFilesTest, AMemoWithTheLongestNameMovesBackToo) {
+    constexpr std::size_t longestPath = 259;
+    std::u16string memo(kData);
+    memo.append(u"\\");
+    memo.resize(longestPath - 4, u'm');
+    memo.append(u".pwi");
+    ASSERT_EQ(Files.WriteWholeFile(memo, BytesOf("ink")), ErrorCode::Success);
+    std::u16string kept;
+    ASSERT_EQ(Files.PutAwayMemo(memo, kept), ErrorCode::Success);
+    EXPECT_EQ(Read(kept), "ink");
+    EXPECT_EQ(Files.MoveFileW(kept, memo), ErrorCode::Success);
+    EXPECT_EQ(Read(memo), "ink");
+}
+
 TEST_F(DeviceFilesTest, MovingTakesNobodysPlaceAndLeavesTheRootByNoPath) {
     ASSERT_EQ(Files.WriteWholeFile(u"\\one", BytesOf("1")), ErrorCode::Success);
     ASSERT_EQ(Files.WriteWholeFile(u"\\two", BytesOf("2")), ErrorCode::Success);

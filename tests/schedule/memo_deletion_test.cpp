@@ -219,6 +219,28 @@ TEST_F(LongMemoDeletion, CancelledWhileMemosGoItLeavesEverything) {
     EXPECT_FALSE(Desk.State().Busy);
 }
 
+TEST_F(LongMemoDeletion, CancelledItTellsOfAMemoThatCannotComeBackAndKeepsOneWhosePlaceIsTaken) {
+    BeginDeletion({kSettingsMemos});
+    Desk.Device.AdvanceClock(1);
+    std::string taken;
+    Desk.Device.Do([&] {
+        const std::vector<std::string> away = Deleted();
+        ASSERT_GT(away.size(), 2U);
+        taken = away.front().substr(0, away.front().find(" (deleted"));
+        Desk.WriteFile(taken + ".pwi", "new");
+        std::filesystem::remove(Desk.DataFolder() / "Deleted" / away.back());
+    });
+    Desk.Device.TapControl(IDCANCEL);
+    Desk.Device.AdvanceClock(10);
+    Desk.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Desk.ReadFile(taken + ".pwi"), "new");
+    EXPECT_EQ(Desk.ReadFile(taken + " 2.pwi"), "ink");
+    EXPECT_THAT(Deleted(), IsEmpty());
+    EXPECT_EQ(Memos().size(), static_cast<std::size_t>(kMany)); // one more, one less
+    EXPECT_EQ(Desk.Boxes().back(), u"Tavo Calendar|Not all memos could be brought back.");
+}
+
 TEST_F(LongMemoDeletion, QuittingMeanwhileLeavesEverything) {
     BeginDeletion({kSettingsAlarms, kSettingsMemos});
     Desk.Device.AdvanceClock(1);
