@@ -126,7 +126,7 @@ Status Store::ReadItem(Oid oid, StoredItem& item) {
 
 Status OpenStore(const std::filesystem::path& path, const StoreOptions& options, StorePtr& store) {
     auto core = std::make_unique<StoreCore>();
-    core->Path = path;
+    core->Path = RealPath(path);
     FileFacts facts;
     Status status = InspectAndOpen(*core, options, facts);
     if (Succeeded(status)) {

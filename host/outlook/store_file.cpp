@@ -163,6 +163,12 @@ std::filesystem::path AbsolutePath(const std::filesystem::path& path) {
     return error ? path : absolute;
 }
 
+std::filesystem::path RealPath(const std::filesystem::path& path) {
+    std::error_code error;
+    std::filesystem::path real = std::filesystem::canonical(path, error);
+    return error ? path : real;
+}
+
 bool IsFolderExposed(const std::filesystem::path& path) {
     const files::FolderKeeping keeping = files::LookAtFolder(AbsolutePath(path).parent_path().string());
     return keeping == files::FolderKeeping::OfSomebodyElse || keeping == files::FolderKeeping::OpenToOthers;

@@ -41,6 +41,10 @@ Status InspectStoreFile(const std::filesystem::path& path, int lockPatience, Fil
 // In a working folder that is gone, the path as it is.
 std::filesystem::path AbsolutePath(const std::filesystem::path& path);
 
+// Where the file is to which the path leads: SQLite keeps its own files beside that one, not beside a link. Of a file
+// that is missing the path as it is.
+std::filesystem::path RealPath(const std::filesystem::path& path);
+
 // Whether the store's folder belongs to someone else or others may write to it: they could exchange the store, or plant
 // a log that is played into it. Not of a folder that is missing.
 bool IsFolderExposed(const std::filesystem::path& path);

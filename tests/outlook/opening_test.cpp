@@ -132,6 +132,17 @@ TEST_F(Opening, AFolderThatOthersMayWriteIsRefused) {
     EXPECT_EQ(Open(), Status::Ok);
 }
 
+TEST_F(Opening, OfALinkTheFolderOfItsTargetCounts) {
+    const ScratchFolder elsewhere;
+    const std::filesystem::path target = elsewhere.File("Moved.db");
+    std::filesystem::rename(File, target);
+    std::filesystem::create_symlink(target, File);
+    EXPECT_EQ(Open(), Status::Ok);
+    Close();
+    ASSERT_EQ(chmod(elsewhere.Path.c_str(), 0777), 0);
+    EXPECT_EQ(Open(), Status::AccessDenied);
+}
+
 TEST_F(Opening, AFolderOfSomebodyElseIsRefused) {
     if (geteuid() != 0) {
         EXPECT_EQ(DiagnoseStore("/Outlook.db", CheckDepth::Quick).State, Verdict::Exposed);
