@@ -45,7 +45,7 @@ line and reason. Importing a file again changes only what is different in it: en
 are known by their UID.
 
 Tasks, notes and cancelled events are passed over. Ctrl+C takes back the file that is
-just being read; the files before it stay imported.
+just being read; what was imported before it stays.
 
 Exit status: 0 everything was imported, 1 something was refused or broken, 2 the
 command line was not understood, 130 after Ctrl+C.

@@ -23,7 +23,8 @@ using outlook::ImportWriter;
 
 // What is true when the process is ended at once.
 constexpr const char* kNothingOfThisFile =
-    "tavo: Interrupted. Nothing of the file that was being read was imported; the files before it are in.\n";
+    "tavo: Interrupted. Nothing of the file that was being read was imported; what was imported before it"
+    " stays.\n";
 constexpr const char* kWholeOrNot = "tavo: Interrupted while a file was being written: it is in whole or not at all; to"
                                     " import it again does no harm.\n";
 constexpr const char* kAllFilesWereRead = "tavo: Interrupted after all files had been read.\n";

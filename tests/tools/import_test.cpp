@@ -177,6 +177,29 @@ TEST_F(Import, AnInterruptTakesBackTheFileThatIsBeingRead) {
     EXPECT_EQ(ListDay(), "2026-03-14T09:00\t2026-03-14T10:00\tAppointment\t1\tGood\n");
 }
 
+TEST_F(Import, OneThatIsEndedInTheMiddleClaimsNothingOfARefusedFile) {
+    Device.WriteCalendar("calendars/a.ics", kGood + "BEGIN:VEVENT\nUID:x\nDTSTART:today\nEND:VEVENT\n"); // is refused
+    std::string many;
+    for (int number = 0; number < 60'000; ++number) {
+        many += "BEGIN:VEVENT\nUID:" + std::to_string(number) +
+                "\nDTSTART:20260314T090000\nDESCRIPTION:" + std::string(200, 'x') + "\nEND:VEVENT\n";
+    }
+    Device.WriteCalendar("calendars/b.ics", many);
+    const int process = Device.Start({"import", Device.Place("calendars").string()});
+    ASSERT_GT(process, 0);
+    // The first file was refused once that is said.
+    while (ReadWhole(Device.Place("errors")).empty() && waitpid(process, nullptr, WNOHANG) == 0) {
+    }
+    ASSERT_EQ(kill(process, SIGALRM), 0); // as when it has not heeded an interrupt in time
+    int status = 0;
+    ASSERT_EQ(waitpid(process, &status, 0), process);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 130);
+    EXPECT_THAT(
+        ReadWhole(Device.Place("errors")),
+        HasSubstr("Nothing of the file that was being read was imported; what was imported before it stays.\n"));
+    EXPECT_EQ(ListDay(), "");
+}
+
 TEST_F(Import, AStoreThatIsNoneIsLeftByteForByte) {
     std::filesystem::create_directories(Device.Home());
     const std::string letter = "Dear Anna, this is not a store. " + std::string(5000, '!');
