@@ -109,7 +109,7 @@ class CAppointmentDlg : public CDialog {
     void EnableReminderControls();
     // By what the form says, also while another dialog lies over it.
     bool IsUsable(int control) const;
-    void FillSoundList(std::u16string_view selected);
+    bool FillSoundList(std::u16string_view selected);
     void SelectReminder(bool reminds);
     bool HasReminder() const;
     bool HasSound() const;
@@ -131,7 +131,7 @@ class CAppointmentDlg : public CDialog {
     void OpenMemo();
     InkHome HomeOfNote() const;
     void NoteUnsavedInk();
-    void OfferMemoOfDay();
+    bool OfferMemoOfDay();
     bool KeepAsMemo(const SYSTEMTIME& day);
 
     // appointment_save.cpp
@@ -156,14 +156,15 @@ class CAppointmentDlg : public CDialog {
     WaitingInk Waiting;
     std::uint64_t StoredNote = 0; // fingerprint of the note that the store holds, known since the ink editor opened
     DraftFile Draft;
-    FormValues Opened;               // what the form said at first
-    std::optional<RuleEnd> RuleMade; // by the wizard, and how that rule ends
-    std::u16string ShownSubject;     // of an existing item, as its row holds it at first
-    bool SoundChosen = false;        // by the person
-    std::uint32_t AlarmValue = 0;    // the lead value, as it was last taken
-    bool PatternDue = false;         // the wizard's entry was chosen, and the wizard has not been run for it
-    int ShownField = 0;              // the control over its row; 0 while the form is all painted
-    int LastField = 0;               // the one shown last, from where Tab goes on
+    FormValues Opened;                   // what the form said at first
+    std::optional<RuleEnd> RuleMade;     // by the wizard, and how that rule ends
+    std::optional<DraftRule> RuleBefore; // what the wizard had made when it was opened again
+    std::u16string ShownSubject;         // of an existing item, as its row holds it at first
+    bool SoundChosen = false;            // by the person
+    std::uint32_t AlarmValue = 0;        // the lead value, as it was last taken
+    bool PatternDue = false;             // the wizard's entry was chosen, and the wizard has not been run for it
+    int ShownField = 0;                  // the control over its row; 0 while the form is all painted
+    int LastField = 0;                   // the one shown last, from where Tab goes on
 };
 
 } // namespace tavo

@@ -47,10 +47,11 @@ FormValues CAppointmentDlg::ReadForm() const {
     form.End = WithoutWeekday(PickedEnd());
     form.AllDay = IsAllDayChecked();
     form.Recurrence = Choice(kEditRecurrence);
-    if (form.Recurrence == kChoiceCustom && !RuleMade) {
-        form.Recurrence = Opened.Recurrence; // the rule is as it was, or its wizard is open still
-    } else if (form.Recurrence == kChoiceCustom) {
-        form.Rule = Edited.ReadDraftRule(*RuleMade);
+    if (form.Recurrence == kChoiceCustom) {
+        form.Rule = RuleMade ? Edited.ReadDraftRule(*RuleMade) : RuleBefore;
+        if (!RuleMade && !RuleBefore) {
+            form.Recurrence = Opened.Recurrence; // the rule is as it was, or its wizard is open still
+        }
     }
     form.Reminds = HasReminder();
     form.LeadValue = ItemText(kEditReminderValue);
@@ -85,8 +86,11 @@ void CAppointmentDlg::ShowDraft(const AppointmentDraft& draft) {
         controls.SetCurSel(Control(kEditReminderUnit), now.LeadUnit);
     }
     if (isToShow(&FormValues::Sound)) {
-        FillSoundList(now.Sound);
-        SoundChosen = true;
+        const std::u16string before = ItemText(kEditSound);
+        SoundChosen = FillSoundList(now.Sound);
+        if (!SoundChosen) {
+            FillSoundList(before);
+        }
     }
     EnableReminderControls();
     RenewRecurrenceTexts();

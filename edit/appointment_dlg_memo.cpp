@@ -41,8 +41,13 @@ void CAppointmentDlg::OpenMemo() {
     if (Edited.PutInkNote(State.Memo.Bytes())) {
         Waiting.Hold(HomeOfNote(), State.Memo.Bytes());
     } else {
+        // Beside ink that waits already, which the item still has.
+        WaitingInk refused(Host());
+        refused.Hold(HomeOfNote(), State.Memo.Bytes());
         ShowRefusal(kMemoTooLarge);
-        OfferMemoOfDay();
+        if (!OfferMemoOfDay()) {
+            refused.LeaveForRecovery();
+        }
     }
 }
 
@@ -54,8 +59,8 @@ InkHome CAppointmentDlg::HomeOfNote() const {
     return home;
 }
 
-// The ink editor is closed by now, so only a "No" may lose its ink.
-void CAppointmentDlg::OfferMemoOfDay() {
+// The ink editor is closed by now, so only a "No" may lose its ink. False when nobody kept it and nobody said so.
+bool CAppointmentDlg::OfferMemoOfDay() {
     const SYSTEMTIME day = PickedStart();
     MessageBoxDescription box;
     box.Text =
@@ -65,8 +70,11 @@ void CAppointmentDlg::OfferMemoOfDay() {
     box.Buttons = MessageBoxButtons::YesNo;
     while (true) {
         const int answer = Pump().ShowMessageBox(Handle(), box);
-        if (answer == IDNO || KeepAsMemo(day) || answer != IDYES) { // neither: the program quits
-            return;
+        if (answer == IDNO || KeepAsMemo(day)) {
+            return true;
+        }
+        if (answer != IDYES) { // the program quits
+            return false;
         }
         ShowRefusal(kNotKept);
     }
@@ -88,16 +96,20 @@ void CAppointmentDlg::OnQuit() {
     if (!Edited.HasNewInk()) {
         return;
     }
-    State.Memo.Fill(Edited.InkNote().value_or(std::vector<std::uint8_t>()));
-    if (!State.Memo.IsEmpty() && !KeepAsMemo(PickedStart())) {
+    const std::optional<std::vector<std::uint8_t>> ink = Edited.InkNote();
+    State.Memo.Fill(ink.value_or(std::vector<std::uint8_t>()));
+    if (!ink || (!State.Memo.IsEmpty() && !KeepAsMemo(PickedStart()))) {
         Waiting.LeaveForRecovery(); // nobody is there to be told
     }
 }
 
 // The item is let go of unsaved, as it should be, but what was drawn for it can be had back.
 void CAppointmentDlg::NoteUnsavedInk() {
-    const std::optional<std::vector<std::uint8_t>> ink = Edited.HasNewInk() ? Edited.InkNote() : std::nullopt;
-    if (ink && !ink->empty() && !NoteCancelledInk(State, HomeOfNote(), *ink)) {
+    if (!Edited.HasNewInk()) {
+        return;
+    }
+    const std::optional<std::vector<std::uint8_t>> ink = Edited.InkNote();
+    if (!ink || (!ink->empty() && !NoteCancelledInk(State, HomeOfNote(), *ink))) {
         Waiting.LeaveForRecovery();
     }
 }

@@ -70,17 +70,19 @@ bool CAppointmentDlg::HasSound() const {
     return Choice(kEditSound) > kSoundOffEntry;
 }
 
-// A sound that is not there selects none.
-void CAppointmentDlg::FillSoundList(std::u16string_view selected) {
+// A sound that is not there selects none, and gives false.
+bool CAppointmentDlg::FillSoundList(std::u16string_view selected) {
     std::vector<std::u16string> names{std::u16string(kSoundOff)};
     const std::unique_ptr<IFileSearch> search = Host().Files().FindFirstFileW(kSoundPattern);
     for (bool found = search != nullptr; found; found = search->FindNextFileW()) {
         names.push_back(search->FileName());
     }
     const auto found = std::find(names.begin(), names.end(), selected);
+    const bool isThere = found != names.end();
     Host().Controls().SetListItems(Control(kEditSound), names);
     Host().Controls().SetCurSel(Control(kEditSound),
-                                found == names.end() ? kSoundOffEntry : static_cast<int>(found - names.begin()));
+                                isThere ? static_cast<int>(found - names.begin()) : kSoundOffEntry);
+    return isThere;
 }
 
 // Nothing after a message.

@@ -116,9 +116,14 @@ void CAppointmentDlg::TakeRecurrenceCloseUp() {
 bool CAppointmentDlg::EditPattern() {
     PatternDue = false;
     const ItemTimes times = ReadTimes();
+    RuleBefore = RuleMade ? Edited.ReadDraftRule(*RuleMade) : std::nullopt;
     Edited.PutTimes(times, ReadInput().AllDay);
     Edited.PresetPattern(times);
     const bool done = RunWizard();
+    if (!done && Pump().HasQuit()) {
+        return false; // nobody cancelled: what is laid aside is the rule from before
+    }
+    RuleBefore.reset();
     if (!done && !IsNew()) {
         Edited.Reopen(Item.Oid); // the stored recurrence is again what a stored choice stands for
     }

@@ -38,7 +38,6 @@ void CAppointmentDlg::OnOK() {
         return; // no rule was chosen
     }
     if (SaveAppointment()) {
-        Draft.Remove();
         EndDialog(IDOK);
     }
 }
@@ -101,6 +100,9 @@ bool CAppointmentDlg::SaveAppointment() {
                                                 : std::u16string(kRefused));
         return false;
     }
+    // It is in the store: whatever ends the program while the owner follows must not offer it once more.
+    Draft.Remove();
+    Waiting.LetGo();
     AppointmentData record = Edited.MakeRecord(input);
     record.ReminderSound = ItemText(kEditSound);
     Edited.Release();

@@ -93,6 +93,17 @@ TEST_F(LaidAside, GoesWithOk) {
     EXPECT_TRUE(Drafts().empty());
 }
 
+// The lists take a while to follow: a crash meanwhile must not offer what is in the store already.
+TEST_F(LaidAside, IsGoneBeforeTheOwnerIsToldOfTheSavedItem) {
+    std::vector<FoundDraft> meanwhile(1);
+    Desk.WhenTold = [&] { meanwhile = Drafts(); };
+    Desk.Subject(u"Done");
+    Desk.Device.AdvanceClock(1000);
+    Desk.Ok();
+    EXPECT_EQ(Desk.RunNew(kModeNewAppointment), IDOK);
+    EXPECT_TRUE(meanwhile.empty());
+}
+
 TEST_F(LaidAside, WhereNothingWasChangedNothingIs) {
     const Oid oid =
         Desk.GivenSeries(u"Yoga", At(2026, 11, 24, 18), At(2026, 11, 24, 19), kRecursWeekly,
@@ -183,6 +194,28 @@ TEST_F(LaidAside, OfAnExistingItemOnlyWhatWasChangedIsTakenUp) {
     EXPECT_EQ(later.Read(same).Duration, 150);
 }
 
+TEST_F(LaidAside, ASoundThatIsGoneByThenLeavesTheOneOfTheItem) {
+    const auto givenAlarm = [](EditDesk& desk) {
+        return desk.GivenAppointment(u"Call", At(2026, 11, 23, 9), At(2026, 11, 23, 10), [](IAppointment& item) {
+            EXPECT_EQ(item.put_ReminderSet(true), Status::Ok);
+            EXPECT_EQ(item.put_ReminderSoundFile(u"bell.wav"), Status::Ok);
+        });
+    };
+    const Oid oid = givenAlarm(Desk);
+    Desk.ChooseSound(u"chime.wav");
+    const AppointmentDraft draft = QuitDuring([&] { return Desk.RunExisting(kModeAppointment, oid); });
+    EXPECT_EQ(draft.Now.Sound, u"chime.wav");
+    EditDesk later{At(2026, 11, 22, 12, 0)};
+    ASSERT_EQ(later.Device.Host().Files().DeleteFileW(u"\\Windows\\chime.wav"), ErrorCode::Success);
+    const Oid same = givenAlarm(later);
+    const FoundDraft found{u"\\Recovery\\x.draft", draft};
+    later.Continued = &found;
+    later.Check([&] { EXPECT_EQ(later.ValueOf(kEditSound), u"bell.wav"); });
+    later.Ok();
+    ASSERT_EQ(later.RunExisting(kModeAppointment, same), IDOK);
+    EXPECT_EQ(later.Read(same).ReminderSound, u"bell.wav");
+}
+
 TEST_F(LaidAside, ARuleOfTheWizardIsTakenUpWithItsEnd) {
     Desk.Subject(u"Yoga");
     Desk.ChooseRecurrence(kChoiceCustom);
@@ -204,6 +237,29 @@ TEST_F(LaidAside, ARuleOfTheWizardIsTakenUpWithItsEnd) {
     EXPECT_FALSE(saved.NoEnd);
     EXPECT_EQ(saved.Occurrences, 4);
     EXPECT_EQ(saved.Interval, 2);
+}
+
+TEST_F(LaidAside, ARuleStaysWhileItsWizardIsOpenAgain) {
+    Desk.Subject(u"Yoga");
+    Desk.ChooseRecurrence(kChoiceCustom);
+    Desk.TypeIntoShown(kPatternWeekInterval, u"2");
+    Desk.TapShown(kWizardNext);
+    Desk.TapShown(kRangeEndsAfter);
+    Desk.TypeIntoShown(kRangeCount, u"4");
+    Desk.TapShown(kWizardNext); // Done
+    Desk.ChooseRecurrence(kChoiceCustom);
+    Desk.TypeIntoShown(kPatternWeekInterval, u"7");
+    Desk.Device.AdvanceClock(1000);
+    Desk.Check([this] {
+        ASSERT_EQ(Drafts().size(), 1U);
+        EXPECT_TRUE(Drafts().front().Draft.Now.Rule.has_value());
+    });
+    const AppointmentDraft draft = QuitDuring([this] { return Desk.RunNew(kModeNewAppointment); });
+    EXPECT_EQ(draft.Now.Recurrence, kChoiceCustom);
+    ASSERT_TRUE(draft.Now.Rule.has_value());
+    EXPECT_EQ(draft.Now.Rule->Rule.Interval, 2);
+    EXPECT_EQ(draft.Now.Rule->End, RuleEnd::AfterCount);
+    EXPECT_EQ(draft.Now.Rule->Occurrences, 4);
 }
 
 TEST_F(LaidAside, AnOpenWizardHasChosenNothingYet) {

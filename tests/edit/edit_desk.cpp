@@ -302,6 +302,9 @@ std::vector<std::u16string> EditDesk::Messages() {
 
 void EditDesk::UpdateOwnerList(const AppointmentData& record, bool isNew, Oid oid) {
     Calls.push_back({record, isNew, oid});
+    if (WhenTold) {
+        WhenTold();
+    }
 }
 
 int EditDesk::EditInkNote(const InkHome& home) {

@@ -119,8 +119,9 @@ class EditDesk : public OwnDevice, public StoreWords, public IListOwner, public 
     CMessagePump Pump;
     CProgramState State;
     std::vector<OwnerCall> Calls;
-    std::function<int()> EditInk; // none: there is no ink editor
-    InkHome LastHome;             // what it was told that the ink belongs to
+    std::function<void()> WhenTold; // called as the owner is told; may be none
+    std::function<int()> EditInk;   // none: there is no ink editor
+    InkHome LastHome;               // what it was told that the ink belongs to
     bool OpenedFromCalendar = false;
     const FoundDraft* Continued = nullptr; // for the next dialog
 

@@ -226,6 +226,85 @@ TEST_F(MemoRow, InkThatIsTooLargeIsToldAndTheDialogStays) {
     EXPECT_FALSE(MemoFiles(Desk.State).HasMemo(2026, 11, 23));
 }
 
+TEST_F(MemoRow, InkThatIsTooLargeSurvivesAKillUntilItIsAnswered) {
+    const Oid oid = GivenNote({1, 2, 3});
+    Desk.EditInk = [&] {
+        Desk.State.Memo.Fill(Bytes(std::size_t{5} * 1024 * 1024, 7));
+        return IDOK;
+    };
+    TapMemo();
+    Desk.Check([&] { EXPECT_EQ(RecoveryFiles().size(), 1U); });
+    Desk.Device.AnswerBox(IDOK);
+    Desk.Check([&] { EXPECT_EQ(RecoveryFiles().size(), 1U); });
+    Desk.Device.AnswerBox(IDNO);
+    Desk.Check([&] { EXPECT_TRUE(RecoveryFiles().empty()); });
+    Desk.Ok();
+    EXPECT_EQ(Desk.RunExisting(kModeAlarm, oid), IDOK);
+}
+
+TEST_F(MemoRow, InkThatIsTooLargeAndCannotBeAMemoEitherIsLeftForTheNextStart) {
+    const Oid oid = GivenNote({1, 2, 3});
+    // Where the memos' folder should be there is a file.
+    const std::filesystem::path root(Desk.Device.Host().Root.Path());
+    std::filesystem::remove_all(root / "My Documents" / "TavoCalendar");
+    ASSERT_EQ(Desk.Device.Host().Files().WriteWholeFile(u"\\My Documents\\TavoCalendar", Bytes{1}), ErrorCode::Success);
+    Desk.EditInk = [&] {
+        Desk.State.Memo.Fill(Bytes(std::size_t{5} * 1024 * 1024, 7));
+        return IDOK;
+    };
+    TapMemo();
+    Desk.Device.AnswerBox(IDOK);
+    EXPECT_EQ(Desk.RunExisting(kModeAlarm, oid), kLeftOpen); // at the question
+    EXPECT_EQ(RecoveryFiles().size(), 1U);
+}
+
+// An item whose note can be written, and from `Break` on no longer be read.
+class UnreadableNewInk : public MemoRow {
+  protected:
+    void DrawAndBreak() {
+        Desk.EditInk = [this] {
+            Desk.State.Memo.Fill({4, 5});
+            return IDOK;
+        };
+        ASSERT_EQ(Real->GetItemFromOid(Oid, Item), Status::Ok);
+        Probe.emplace(*Item);
+        Store.Item = &*Probe;
+        Desk.State.Store.OutlookApp = Store.Share();
+        TapMemo();
+        Desk.Check([this] { Probe->InkResult = Status::Corrupt; });
+    }
+
+    void ExpectInkLeft() {
+        Desk.State.Store.OutlookApp = Real;
+        ASSERT_EQ(RecoveryFiles().size(), 1U);
+        Bytes bytes;
+        EXPECT_EQ(files::ReadFile(RecoveryFiles()[0].string(), 1 << 20, bytes), ErrorCode::Success);
+        const std::optional<ink::RecoveryContents> left = ink::ReadRecovery(bytes);
+        ASSERT_TRUE(left);
+        EXPECT_EQ(DecodeInkHome(left->Home)->Item, Oid);
+    }
+
+    const tavo::Oid Oid = GivenNote({1, 2, 3});
+    const AppointmentData Record = Desk.Load(Oid);
+    const ComPtr<IPOutlookApp> Real = Desk.State.Store.OutlookApp;
+    ComPtr<IAppointment> Item;
+    std::optional<AppointmentProbe> Probe;
+    OutlookProbe Store{Real};
+};
+
+TEST_F(UnreadableNewInk, IsLeftForTheNextStartWhenTheItemIsCancelled) {
+    DrawAndBreak();
+    Desk.Cancel();
+    EXPECT_EQ(Desk.Run(kModeAlarm, Record), IDCANCEL);
+    ExpectInkLeft();
+}
+
+TEST_F(UnreadableNewInk, IsLeftForTheNextStartWhenTheProgramQuits) {
+    DrawAndBreak();
+    EXPECT_EQ(Desk.Run(kModeAlarm, Record), kLeftOpen);
+    ExpectInkLeft();
+}
+
 TEST_F(MemoRow, InkThatIsTooLargeCanBecomeAMemoOfTheItemsDay) {
     const Oid oid = GivenNote({1, 2, 3});
     const Bytes ink(std::size_t{5} * 1024 * 1024, 7);
