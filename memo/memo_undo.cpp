@@ -5,21 +5,55 @@
 #include "memo/memo_files.h"
 #include "store/change_group.h"
 
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
 namespace tavo {
 
 namespace {
+
 constexpr std::u16string_view kCancelledInk = u"cancel of a memo";
+constexpr std::u16string_view kMemoEnd = u".pwi";
+constexpr std::u16string_view kDeleted = u"\\Deleted";
+
+bool IsMemoName(std::u16string_view path) {
+    const std::u16string_view end = path.substr(path.size() - std::min(path.size(), kMemoEnd.size()));
+    return path.find(u'/') == path.npos && std::ranges::equal(end, kMemoEnd, [](char16_t one, char16_t other) {
+               return (one >= u'A' && one <= u'Z' ? one + (u'a' - u'A') : one) == other;
+           });
 }
+
+// Without the separators at its end; there may be more than one.
+std::u16string_view FolderOf(std::u16string_view path) {
+    path = path.substr(0, std::min(path.rfind(u'\\'), path.size()));
+    while (path.ends_with(u'\\')) {
+        path.remove_suffix(1);
+    }
+    return path;
+}
+
+// Whether it leads from a folder's deleted memos to its memos, as every note that this program writes.
+bool IsFromDeleted(const MemoPutAway& memo) {
+    const std::u16string_view kept = FolderOf(memo.Kept);
+    return IsMemoName(memo.Path) && IsMemoName(memo.Kept) && kept.ends_with(kDeleted) &&
+           FolderOf(kept) == FolderOf(memo.Path);
+}
+
+} // namespace
 
 void MemoUndo::BringBack(std::span<const std::uint8_t> note) {
     UndoNote decoded = DecodeNote(note);
     if (const auto* memo = std::get_if<MemoPutAway>(&decoded)) {
-        BringMemoBack(*memo);
+        if (IsFromDeleted(*memo)) {
+            BringMemoBack(*memo);
+        } else {
+            ++MissingCount; // no program of ours wrote it: it could name any file
+        }
     } else if (auto* ink = std::get_if<InkCancelled>(&decoded)) {
-        Inks.push_back(std::move(*ink));
+        // The end of the undo takes the step away before the ink is home.
+        std::u16string held = State.Host().Ink().HoldInk(EncodeInkHome(ink->Home), ink->Ink);
+        Inks.push_back({std::move(*ink), std::move(held)});
     }
 }
 
@@ -33,7 +67,9 @@ void MemoUndo::BringMemoBack(const MemoPutAway& memo) {
 }
 
 bool MemoUndo::TakeAwayNext() {
-    Inks.clear();
+    for (const WaitingForEnd& waiting : std::exchange(Inks, {})) {
+        LetGo(waiting); // the step has it still
+    }
     if (Memos.empty()) {
         return false;
     }
@@ -45,18 +81,28 @@ bool MemoUndo::TakeAwayNext() {
 
 void MemoUndo::Settle() {
     Memos.clear();
-    for (InkCancelled& ink : std::exchange(Inks, {})) {
-        BringInkBack(std::move(ink));
+    for (const WaitingForEnd& waiting : std::exchange(Inks, {})) {
+        BringInkBack(waiting);
     }
 }
 
-void MemoUndo::BringInkBack(InkCancelled ink) {
-    if (ReturnInk(State, ink.Home, ink.Begun, ink.Ink) == InkReturn::Failed) {
+void MemoUndo::BringInkBack(const WaitingForEnd& waiting) {
+    const InkCancelled& ink = waiting.Ink;
+    if (ReturnInk(State, ink.Home, ink.Begun, ink.Ink) != InkReturn::Failed) {
+        LetGo(waiting);
+    } else {
         ++MissingCount;
-        // The step is taken back by now, so the next start asks.
-        static_cast<void>(State.Host().Ink().HoldInk(EncodeInkHome(ink.Home), ink.Ink));
+        if (waiting.Held.empty()) { // there may be room by now; what is held, the next start asks about
+            static_cast<void>(State.Host().Ink().HoldInk(EncodeInkHome(ink.Home), ink.Ink));
+        }
     }
     State.Memo.Empty();
+}
+
+void MemoUndo::LetGo(const WaitingForEnd& waiting) {
+    if (!waiting.Held.empty()) {
+        State.Host().Ink().EndRecovered(waiting.Held, RecoveredInkEnd::Kept);
+    }
 }
 
 bool NoteCancelledInk(CProgramState& state, const InkHome& home, std::span<const std::uint8_t> ink) {

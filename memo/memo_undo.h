@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace tavo {
@@ -26,11 +27,18 @@ class MemoUndo : public IUndoNotes {
 
   private:
     void BringMemoBack(const MemoPutAway& memo);
-    void BringInkBack(InkCancelled ink);
+
+    struct WaitingForEnd {
+        InkCancelled Ink;
+        std::u16string Held; // its name among what a crash leaves; empty when it could not be kept there
+    };
+
+    void BringInkBack(const WaitingForEnd& waiting);
+    void LetGo(const WaitingForEnd& waiting);
 
     CProgramState& State;
     std::vector<MemoPutAway> Memos; // that are back
-    std::vector<InkCancelled> Inks; // that wait for the end
+    std::vector<WaitingForEnd> Inks;
     int MissingCount = 0;
 };
 

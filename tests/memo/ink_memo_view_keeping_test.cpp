@@ -4,6 +4,10 @@
 #include "memo/memo_file_keeper.h"
 #include "memo/memo_undo.h"
 
+#include <filesystem>
+#include <iterator>
+#include <system_error>
+
 namespace tavo::test {
 namespace {
 
@@ -105,6 +109,28 @@ TEST_F(CancelledInk, OfANewMemoComesBackAsAMemoOfItsDay) {
     EXPECT_EQ(Undo(), 0);
     EXPECT_EQ(Read(Desk.Files.MemoPath(u"20040920_101500.pwi")), Drawn);
     EXPECT_EQ(Step(), u"");
+}
+
+// The step is gone from the store before the ink is home.
+TEST_F(CancelledInk, IsSafeFromAKillWhileItComesBack) {
+    Editor.Home.Day = At(2004, 9, 20);
+    DrawAndClose();
+    const auto left = [this] {
+        const std::filesystem::path folder = std::filesystem::path(Desk.Device.Host().Root.Path()) / "Recovery";
+        std::error_code none;
+        return std::distance(std::filesystem::directory_iterator(folder, none), std::filesystem::directory_iterator());
+    };
+    ASSERT_EQ(left(), 0);
+    {
+        MemoUndo memos(Desk.State);
+        LongUndo undo(Desk.State, &memos);
+        ASSERT_TRUE(undo.DoNext());
+        EXPECT_EQ(left(), 1);
+    }
+    EXPECT_EQ(left(), 0); // abandoned: the step has it
+    EXPECT_EQ(Undo(), 0);
+    EXPECT_EQ(left(), 0);
+    EXPECT_EQ(Read(Desk.Files.MemoPath(u"20040920_101500.pwi")), Drawn);
 }
 
 TEST_F(CancelledInk, OfAMemoFileGoesBackToIt) {
