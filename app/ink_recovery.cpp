@@ -48,7 +48,7 @@ bool OfferRecoveredInk(CProgramState& state) {
             continue;
         }
         int answer = 0;
-        if (!Ask(state, MomentOfInk(state, home, ink.WrittenOn), answer)) {
+        if (state.Pump.HasQuit() || !Ask(state, MomentOfInk(state, home, ink.WrittenOn), answer)) {
             break; // the program quits; the next start asks again
         }
         if (answer == IDYES) {

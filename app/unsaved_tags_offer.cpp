@@ -15,9 +15,13 @@ namespace {
 constexpr std::u16string_view kQuestion = u"The kind of %d item(s) could not be saved last time. Keep it?";
 
 void TakeOver(CProgramState& state, const CategoryFileLists& tags) {
-    for (std::size_t list = 0; list < tags.size(); ++list) {
-        for (const Oid oid : tags[list]) {
-            state.Categories.ListOf(static_cast<TagList>(list)).Append(oid);
+    for (std::size_t index = 0; index < tags.size(); ++index) {
+        CategoryList& list = state.Categories.ListOf(static_cast<TagList>(index));
+        const CategoryList::ReportOnce once(list);
+        for (const Oid oid : tags[index]) {
+            if (!list.Contains(oid)) { // somebody else may have tagged it while the question was there
+                list.Append(oid);
+            }
         }
     }
     if (SaveCategoryFile(state)) {
@@ -43,7 +47,7 @@ bool OfferUnsavedTags(CProgramState& state) {
         TakeOver(state, tags);
         return true;
     case IDNO:
-        DropUnsavedTags(state);
+        DeclineUnsavedTags(state);
         return false;
     default:
         return false; // the program quits; the next start asks again

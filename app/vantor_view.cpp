@@ -67,11 +67,22 @@ void CVantorView::UpdateFirst() {
     Host().Windows().SetTimer(Handle(), kTimerReminderSound, kReminderPeriod);
     State.Busy = false;
     State.RefreshSuppressed = false;
+    OfferWhatWasLeft();
+}
+
+// A program that quits meanwhile asks no more; the next start does.
+void CVantorView::OfferWhatWasLeft() {
+    if (Pump().HasQuit()) {
+        return;
+    }
     const bool isTagged = OfferUnsavedTags(State);
-    if (OfferRecoveredInk(State) || isTagged) {
+    const bool isInkKept = !Pump().HasQuit() && OfferRecoveredInk(State);
+    if (isTagged || isInkKept) {
         PostChangeNotice();
     }
-    OfferDrafts(State, *SchedulePage);
+    if (!Pump().HasQuit()) {
+        OfferDrafts(State, *SchedulePage);
+    }
 }
 
 // A page that the device cannot make stays away; the others are of use without it.

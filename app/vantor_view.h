@@ -63,6 +63,7 @@ class CVantorView : public CPaintedWindow, public IMainView {
     void CreatePages();
     // On the Calendar page; nothing where there is no such day.
     std::optional<SYSTEMTIME> SelectedDay();
+    void OfferWhatWasLeft();
     template <class Page> std::unique_ptr<Page> MakePage();
     void HidePages();
     void TakeChangeNotice();

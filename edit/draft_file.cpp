@@ -2,6 +2,7 @@
 #include "edit/draft_file.h"
 
 #include "framework/format.h"
+#include "store/declined_files.h"
 
 #include <algorithm>
 #include <memory>
@@ -13,7 +14,6 @@ namespace tavo {
 namespace {
 
 constexpr std::u16string_view kFolder = u"\\Recovery";
-constexpr std::u16string_view kDeclinedFolder = u"\\Recovery\\Declined";
 constexpr std::u16string_view kPattern = u"\\Recovery\\*.draft";
 constexpr int kMostNames = 100; // of one second
 
@@ -78,13 +78,7 @@ std::vector<FoundDraft> FindDrafts(IHost& host) {
 }
 
 void DeclineDraft(IHost& host, const std::u16string& path) {
-    static_cast<void>(host.Files().CreateDirectoryW(kDeclinedFolder));
-    const std::u16string name = path.substr(path.rfind(u'\\') + 1);
-    std::vector<std::uint8_t> bytes;
-    if (host.Files().ReadWholeFile(path, bytes) == ErrorCode::Success &&
-        host.Files().WriteWholeFile(FormatText(u"%s\\%s", kDeclinedFolder, name), bytes) == ErrorCode::Success) {
-        static_cast<void>(host.Files().DeleteFileW(path)); // one that stays is asked about again
-    }
+    PutToDeclined(host.Files(), path);
 }
 
 } // namespace tavo

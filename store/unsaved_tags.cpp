@@ -2,6 +2,7 @@
 #include "store/unsaved_tags.h"
 
 #include "framework/format.h"
+#include "store/declined_files.h"
 #include "store/program_state.h"
 
 #include <algorithm>
@@ -90,14 +91,17 @@ CategoryFileLists FindUnsavedTags(CProgramState& state) {
 }
 
 void DropSavedTags(CProgramState& state) {
-    if (IsEmpty(FindUnsavedTags(state))) {
-        DropUnsavedTags(state);
+    if (!IsEmpty(FindUnsavedTags(state))) {
+        return;
+    }
+    for (const std::u16string& path : PathsOf(state)) {
+        static_cast<void>(state.Host().Files().DeleteFileW(path)); // mostly there is none
     }
 }
 
-void DropUnsavedTags(CProgramState& state) {
+void DeclineUnsavedTags(CProgramState& state) {
     for (const std::u16string& path : PathsOf(state)) {
-        static_cast<void>(state.Host().Files().DeleteFileW(path)); // mostly there is none
+        PutToDeclined(state.Host().Files(), path); // mostly there is none
     }
 }
 

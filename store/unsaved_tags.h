@@ -17,7 +17,7 @@ CategoryFileLists FindUnsavedTags(CProgramState& state);
 // Removes the files whose tags all stand in the lists by now, or belong to items that are gone.
 void DropSavedTags(CProgramState& state);
 
-// Removes them all: nobody wants them.
-void DropUnsavedTags(CProgramState& state);
+// Nobody wants them: their files are put to the declined ones. One that cannot be is found again.
+void DeclineUnsavedTags(CProgramState& state);
 
 } // namespace tavo

@@ -1,4 +1,5 @@
 // A data file that cannot be written at the end, and what becomes of the tags.
+#include "edit/appointment_draft.h"
 #include "schedule/main_view.h"
 #include "tests/schedule/schedule_desk.h"
 
@@ -108,9 +109,13 @@ TEST_F(UnsavedTags, WhatIsDeclinedIsNotOfferedAgain) {
     Desk->Device.EndSession();
     ExpectEnd();
     ClearTheWay();
+    const std::optional<std::string> kept = Desk->ReadFile("TavoCalendar.dat.unsaved");
+    ASSERT_TRUE(kept);
     Restart({IDNO});
     EXPECT_THAT(Desk->ListOf(ItemKind::Alarm), IsEmpty());
     EXPECT_THAT(Desk->Boxes(), ElementsAre(kQuestion));
+    EXPECT_EQ(Desk->ReadFile("../../Recovery/Declined/TavoCalendar.dat.unsaved"), kept);
+    EXPECT_FALSE(Desk->ReadFile("TavoCalendar.dat.unsaved"));
     Restart();
     EXPECT_THAT(Desk->Boxes(), IsEmpty());
 }
@@ -128,6 +133,49 @@ TEST_F(UnsavedTags, WhatNobodyAnsweredIsOfferedAgain) {
     EXPECT_THAT(Desk->Boxes(), ElementsAre(kQuestion));
     Restart({IDYES});
     EXPECT_THAT(Desk->Boxes(), ElementsAre(kQuestion));
+    EXPECT_EQ(Desk->ListOf(ItemKind::Alarm), alarms);
+}
+
+TEST_F(UnsavedTags, WhatCannotBePutToTheDeclinedIsAskedAboutAgain) {
+    Desk->GivenAlarms(2);
+    Obstruct();
+    Desk->Device.EndSession();
+    ExpectEnd();
+    ClearTheWay();
+    Desk->WriteFile("../../Recovery", "in the way");
+    Restart({IDNO});
+    EXPECT_TRUE(Desk->ReadFile("TavoCalendar.dat.unsaved"));
+    Restart({IDNO});
+    EXPECT_THAT(Desk->Boxes(), ElementsAre(kQuestion));
+}
+
+TEST_F(UnsavedTags, ASessionThatEndsAtTheQuestionIsAskedNothingMore) {
+    Desk->GivenAlarms(2);
+    Obstruct();
+    Desk->Device.EndSession();
+    ExpectEnd();
+    ClearTheWay();
+    const std::vector<std::uint8_t> draft = EncodeDraft(AppointmentDraft());
+    fs::create_directories(fs::path(Root.Path()) / "Recovery");
+    Desk->WriteFile("../../Recovery/x.draft", std::string(draft.begin(), draft.end()));
+    Desk.reset();
+    Desk = MakeDesk();
+    Desk->Device.EndSession(); // while the question is there
+    EXPECT_FALSE(Desk->Start());
+    EXPECT_THAT(Desk->Boxes(), ElementsAre(kQuestion));
+}
+
+TEST_F(UnsavedTags, ATagThatSomebodyElseSetMeanwhileIsNotSetTwice) {
+    const std::vector<Oid> alarms = Desk->GivenAlarms(2);
+    Obstruct();
+    Desk->Device.EndSession();
+    ExpectEnd();
+    ClearTheWay();
+    Desk.reset();
+    Desk = MakeDesk();
+    Desk->Device.Do([&] { Desk->State().Categories.AlarmList.Append(alarms[0]); });
+    Desk->Device.AnswerBox(IDYES);
+    ASSERT_TRUE(Desk->Start());
     EXPECT_EQ(Desk->ListOf(ItemKind::Alarm), alarms);
 }
 
