@@ -23,6 +23,7 @@ namespace {
     sigset_t none;
     sigemptyset(&none);
     (void)sigprocmask(SIG_SETMASK, &none, nullptr);
+    (void)signal(SIGPIPE, SIG_DFL); // what we ignore would stay ignored
     execv(arguments[0], arguments);
     _exit(127);
 }
@@ -84,8 +85,13 @@ bool Child::Write(const std::string& line) {
 bool Child::Flush() {
     while (ToChild && !Unwritten.empty()) {
         const ssize_t count = write(ToChild.Get(), Unwritten.data(), Unwritten.size());
-        if (count < 0) {
-            return errno == EAGAIN;
+        if (count < 0 && errno == EAGAIN) {
+            return true;
+        }
+        if (count < 0) { // it has ended, or will: a broken pipe would wake the loop without end
+            (void)ToChild.Close();
+            Unwritten.clear();
+            return false;
         }
         Unwritten.erase(0, static_cast<std::size_t>(count));
     }

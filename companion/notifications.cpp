@@ -331,6 +331,9 @@ int Notifications::OnReply(sd_bus_message* message, void* question, void*) {
 // Nothing, of one that is late, was told already.
 void Notifications::TakeReply(std::uint32_t number, const std::optional<reminders::PlacedCard>& placed) {
     const auto asked = Questions.find(number);
+    if (asked == Questions.end()) {
+        return; // settled by what another answer brought about
+    }
     const std::unique_ptr<Question> question = std::move(asked->second);
     Questions.erase(asked);
     if (placed || !question->IsLate) {

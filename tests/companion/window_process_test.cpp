@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <sys/wait.h>
 
 namespace tavo::companion {
@@ -47,6 +48,29 @@ TEST_F(WindowProcess, IsReadInPiecesToo) {
     EXPECT_EQ(Window.ReadLine(100), "");
     ASSERT_TRUE(Window.Write("ain\tToday\n"));
     EXPECT_EQ(Window.ReadLine(kSoon), "shown\t7");
+}
+
+TEST(ChildProcess, OneThatHasEndedKeepsNothingWaiting) {
+    (void)std::signal(SIGPIPE, SIG_IGN);
+    Child child;
+    ASSERT_TRUE(child.Start({"/bin/true"}));
+    const pid_t process = child.Id();
+    ASSERT_TRUE(test::WaitUntil([&] { return waitpid(process, nullptr, WNOHANG) == process; }, kPatience));
+    EXPECT_FALSE(child.Write("show\t7\tTrain\t\n"));
+    EXPECT_EQ(child.Input(), -1); // else whoever waits for room in its pipe is woken at once, for ever
+    EXPECT_FALSE(child.Flush());
+    child.NoteEnd();
+}
+
+TEST(ChildProcess, IsEndedByABrokenPipeLikeAnyOther) {
+    (void)std::signal(SIGPIPE, SIG_IGN);
+    Child child;
+    ASSERT_TRUE(child.Start({"/bin/sh", "-c", "kill -PIPE $$; echo alive"}));
+    EXPECT_EQ(child.ReadLine(kSoon), "");
+    int status = 0;
+    ASSERT_EQ(waitpid(child.Id(), &status, 0), child.Id());
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGPIPE);
+    child.NoteEnd();
 }
 
 } // namespace
