@@ -29,14 +29,16 @@ constexpr Moment kRetry = 3600; // seconds until a round that could not be made 
 constexpr int kLowest = 19;
 constexpr const char* kDamaged = "The calendar's store is damaged.";
 constexpr const char* kDamagedAdvice = "\"tavo check\" says what is wrong with it and what to do.";
+constexpr const char* kAltered = "An entry of the calendar has changed by itself.";
+constexpr const char* kAlteredAdvice = "\"tavo check\" says which one and what to do. All else is in order.";
 constexpr std::chrono::seconds kBusPatience{10};
 constexpr int kPause = 200; // milliseconds between two looks at the time
 
 // Where nobody shows it, the next night says it again.
-void TellOfDamage() {
+void Tell(const CardText& words) {
     bool isOver = false;
     Notifications bus({[](auto&&...) {}, [] {}, [&isOver](std::uint32_t, const auto&) { isOver = true; }});
-    if (!bus.Connect() || !bus.Ask(1, {kDamaged, kDamagedAdvice}, 0)) {
+    if (!bus.Connect() || !bus.Ask(1, words, 0)) {
         return;
     }
     const auto end = std::chrono::steady_clock::now() + kBusPatience;
@@ -62,11 +64,19 @@ RoundResult GoRound(const files::DeviceRoot& root) {
         return RoundResult::Sound;
     }
     std::fprintf(stderr, "RSound: %s %s\n", diagnosis.What.c_str(), diagnosis.Advice.c_str());
-    if (diagnosis.State != outlook::Verdict::Damaged) {
+    switch (diagnosis.State) {
+    case outlook::Verdict::LeavesOut:
+    case outlook::Verdict::Blemished:
+        return RoundResult::Sound; // nobody has to do anything tonight, and another look finds the same
+    case outlook::Verdict::Altered:
+        Tell({kAltered, kAlteredAdvice});
+        return RoundResult::Damaged;
+    case outlook::Verdict::Damaged:
+        Tell({kDamaged, kDamagedAdvice});
+        return RoundResult::Damaged;
+    default:
         return RoundResult::Undone;
     }
-    TellOfDamage();
-    return RoundResult::Damaged;
 }
 
 Moment NextRound(Moment last, Moment nowWall) {
@@ -100,6 +110,7 @@ std::optional<Moment> NightRound::Run(outlook::Store& store, Moment now, Moment 
         sigset_t none;
         sigemptyset(&none);
         (void)sigprocmask(SIG_SETMASK, &none, nullptr);
+        (void)signal(SIGPIPE, SIG_DFL); // what we ignore would stay ignored
         execl(Program.c_str(), Program.c_str(), "--round", nullptr);
         _exit(static_cast<int>(RoundResult::Undone));
     }
@@ -124,8 +135,7 @@ std::optional<RoundResult> NightRound::Reap() {
 void NightRound::Stop() {
     if (Process > 0) {
         (void)kill(Process, SIGKILL); // it only reads, and takes whole files away
-        (void)waitpid(Process, nullptr, 0);
-        Process = -1;
+        Process = -1;                 // and is reaped with the other children: a disk that hangs may hold it
     }
 }
 

@@ -13,6 +13,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <map>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
@@ -33,6 +35,17 @@ Diagnosis Describe(Verdict state) {
                 "The store is in good order, but something in it cannot be shown: it is left out of listings and"
                 " reminders.",
                 "Import a mended calendar with it again, or take the import back with Undo; all else works.",
+                {}};
+    case Verdict::Blemished:
+        return {state,
+                "The store is in good order, but a time zone or a step of undo in it has changed by itself.",
+                "Nothing has to be put back: look over what is named here; all else works.",
+                {}};
+    case Verdict::Altered:
+        return {state,
+                "The store works, but something in its entries has changed by itself on the disk.",
+                "Look over the entries that are named here, change something in each and save it; all else is as it"
+                " was saved.",
                 {}};
     case Verdict::Missing:
         return {state, "There is no store yet.", "It is made when Tavo Calendar starts or a calendar is imported.", {}};
@@ -95,24 +108,45 @@ Verdict VerdictOf(Status status) {
 
 std::string DescribeChangedRow(std::string_view table, const std::string& key) {
     if (table == "zone") {
-        return "The time zone " + key + " has changed by itself: a bit of it flipped on the disk.";
+        return "The time zone " + key +
+               " has changed by itself: a bit of it flipped on the disk."
+               " Look over the times of the entries in it.";
     }
     if (table == "journal_change") {
-        return "Step " + key + " of undo has changed by itself: a bit of it flipped on the disk.";
+        return "Step " + key +
+               " of undo has changed by itself: a bit of it flipped on the disk. To undo it may bring"
+               " something wrong back; it goes by itself when newer steps have come.";
     }
     const std::string part = table == "item"        ? "a text or time of it"
                              : table == "ink"       ? "its note"
                              : table == "exception" ? "an occurrence of it"
                                                     : "its recurrence";
     return "Item " + key + " is not as it was saved: " + part +
-           " has changed by itself on the disk. Look it over and save it again.";
+           " has changed by itself on the disk. Look it over, change " +
+           (table == "ink" ? "the note" : "something in it") + " and save it.";
 }
 
 // The full check of an open store: SQLite's own, references, then the rules that hold between the tables.
 class FullCheck {
   public:
-    FullCheck(StoreCore& core, std::vector<std::string>& findings, std::vector<std::string>& leftOut)
-        : Core(core), Findings(findings), LeftOut(leftOut) {}
+    explicit FullCheck(StoreCore& core) : Core(core) {}
+
+    // The worst that was found, and all findings, the worst first.
+    Diagnosis Conclude(Status checked) {
+        const Verdict kinds[] = {Verdict::Damaged, Verdict::Altered, Verdict::Blemished, Verdict::LeavesOut};
+        Diagnosis diagnosis =
+            Describe(Failed(checked) && Found[Verdict::Damaged].empty() ? VerdictOf(checked) : Verdict::Ok);
+        for (const Verdict kind : kinds) {
+            std::vector<std::string>& found = Found[kind];
+            if (!found.empty() && diagnosis.State == Verdict::Ok) {
+                diagnosis = Describe(kind);
+            }
+            const std::size_t room = kMaxFindings - std::min(kMaxFindings, diagnosis.Findings.size());
+            found.resize(std::min(room, found.size()));
+            std::move(found.begin(), found.end(), std::back_inserter(diagnosis.Findings));
+        }
+        return diagnosis;
+    }
 
     Status Run() {
         Status status = CheckPages();
@@ -135,9 +169,9 @@ class FullCheck {
     }
 
   private:
-    void Find(std::string finding) {
-        if (Findings.size() < kMaxFindings) {
-            Findings.push_back(std::move(finding));
+    void Find(std::string finding, Verdict kind = Verdict::Damaged) {
+        if (Found[kind].size() < kMaxFindings) {
+            Found[kind].push_back(std::move(finding));
         }
     }
 
@@ -212,7 +246,10 @@ class FullCheck {
         for (std::size_t index = 0; index < statements.size(); ++index) {
             Query query(Core.Db, statements[index].c_str());
             while (query.Next()) {
-                Find(DescribeChangedRow(kSummedTables[index].Name, std::string(query.Text(0))));
+                const std::string_view table = kSummedTables[index].Name;
+                const bool isBeside = table == "zone" || table == "journal_change"; // no save writes those again
+                Find(DescribeChangedRow(table, std::string(query.Text(0))),
+                     isBeside ? Verdict::Blemished : Verdict::Altered);
             }
             if (Failed(query.Result())) {
                 return query.Result();
@@ -253,11 +290,7 @@ class FullCheck {
         return query.Result();
     }
 
-    void LeaveOut(const std::string& what) {
-        if (LeftOut.size() < kMaxFindings) {
-            LeftOut.push_back(locale::MakeHarmless(what));
-        }
-    }
+    void LeaveOut(const std::string& what) { Find(locale::MakeHarmless(what), Verdict::LeavesOut); }
 
     Status CheckJournal() {
         Query query(Core.Db, "SELECT group_id, kind, image FROM journal_change");
@@ -268,15 +301,14 @@ class FullCheck {
             const bool isItem = kind == ChangeKind::Changed || kind == ChangeKind::Deleted;
             const bool isTag = kind == ChangeKind::TagInserted || kind == ChangeKind::TagRemoved;
             if ((isItem && !DecodeImage(query.Blob(2), image)) || (isTag && !DecodeTag(query.Blob(2), place))) {
-                Find("Step " + std::to_string(query.Integer(0)) + " can no longer be undone.");
+                Find("Step " + std::to_string(query.Integer(0)) + " can no longer be undone.", Verdict::Blemished);
             }
         }
         return query.Result();
     }
 
     StoreCore& Core;
-    std::vector<std::string>& Findings;
-    std::vector<std::string>& LeftOut;
+    std::map<Verdict, std::vector<std::string>> Found;
 };
 
 bool IsNearlyFull(const std::filesystem::path& path) {
@@ -324,21 +356,21 @@ Diagnosis DiagnoseStore(const std::filesystem::path& path, CheckDepth depth, int
     if (Failed(status)) {
         return Describe(VerdictOf(status));
     }
-    Diagnosis diagnosis;
-    std::vector<std::string> leftOut;
+    Diagnosis diagnosis = Describe(Verdict::Ok);
     if (depth == CheckDepth::Full) {
-        const Status checked = FullCheck(store->Core(), diagnosis.Findings, leftOut).Run();
-        if (Failed(checked) || !diagnosis.Findings.empty()) {
-            Diagnosis found =
-                Describe(Failed(checked) && diagnosis.Findings.empty() ? VerdictOf(checked) : Verdict::Damaged);
-            found.Findings = std::move(diagnosis.Findings);
-            return found;
+        FullCheck check(store->Core());
+        diagnosis = check.Conclude(check.Run());
+        if (diagnosis.State != Verdict::Ok && diagnosis.State != Verdict::LeavesOut &&
+            diagnosis.State != Verdict::Blemished && diagnosis.State != Verdict::Altered) {
+            return diagnosis;
         }
     }
     store.reset();
-    const Verdict obstacle = FindObstacle(path, lockPatience);
-    diagnosis = Describe(obstacle == Verdict::Ok && !leftOut.empty() ? Verdict::LeavesOut : obstacle);
-    diagnosis.Findings = std::move(leftOut);
+    if (const Verdict obstacle = FindObstacle(path, lockPatience); obstacle != Verdict::Ok) {
+        Diagnosis found = Describe(obstacle);
+        found.Findings = std::move(diagnosis.Findings);
+        return found;
+    }
     return diagnosis;
 }
 

@@ -7,7 +7,21 @@
 
 namespace tavo::outlook {
 
-enum class Verdict { Ok, LeavesOut, Missing, Damaged, Newer, NotOurs, Locked, ReadOnly, DiskFull, Unreadable, Exposed };
+enum class Verdict {
+    Ok,
+    LeavesOut, // works, but something in it is not shown
+    Blemished, // works, but something beside the entries has changed by itself
+    Altered,   // works, but entries have changed by themselves
+    Missing,
+    Damaged, // not to be trusted as a whole
+    Newer,
+    NotOurs,
+    Locked,
+    ReadOnly,
+    DiskFull,
+    Unreadable,
+    Exposed
+};
 
 struct Diagnosis {
     Verdict State = Verdict::Ok;

@@ -5,6 +5,7 @@
 #include "host/outlook/wall_time.h"
 #include "tests/companion/notification_service.h"
 #include "tests/companion/running_companion.h"
+#include "tests/outlook/planted_rule.h"
 
 #include <chrono>
 #include <cmath>
@@ -128,7 +129,7 @@ TEST_F(NightRoundTest, AnUncleanEndIsFollowedByAFullCheck) {
 
 TEST_F(NightRoundTest, DamageIsTold) {
     Add("2026-05-05 10:00", "2026-05-05 11:00", u"Dentist");
-    ASSERT_EQ(Store->Core().Db.Run("UPDATE item SET subject = 'Eentist'"), Status::Ok); // and its sum stays
+    ASSERT_EQ(Store->Core().Db.Run("UPDATE plain SET length = length + 60"), Status::Ok);
     NoteCheck(0);
     StartCompanion(Bus.Address());
     ASSERT_TRUE(Service.WaitFor(1, kSoon));
@@ -136,6 +137,37 @@ TEST_F(NightRoundTest, DamageIsTold) {
     EXPECT_TRUE(WaitForCheck());
     Service.Serve(1.5);
     EXPECT_EQ(Service.Came.size(), 1U);
+}
+
+TEST_F(NightRoundTest, WhatCannotBeShownIsNoReasonToCheckAgain) {
+    outlook::StoredItem item = outlook::test::MakeItem("u", "2026-01-05 09:00", "2026-01-05 10:00", u"Foreign");
+    item.Pattern = outlook::test::Daily();
+    ASSERT_TRUE(outlook::test::PlantRule(Store->Core(), Import(item), "RRULE:RSCALE=CHINESE;FREQ=YEARLY"));
+    NoteCheck(0);
+    StartCompanion(Bus.Address());
+    EXPECT_TRUE(WaitForCheck());
+    EXPECT_TRUE(Service.Came.empty());
+}
+
+TEST_F(NightRoundTest, AnEntryThatChangedByItselfIsToldWithoutAlarm) {
+    Add("2026-05-05 10:00", "2026-05-05 11:00", u"Dentist");
+    ASSERT_EQ(Store->Core().Db.Run("UPDATE item SET subject = 'Eentist'"), Status::Ok); // and its sum stays
+    NoteCheck(0);
+    StartCompanion(Bus.Address());
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    EXPECT_EQ(Service.Came.back().Summary, "An entry of the calendar has changed by itself.");
+    EXPECT_TRUE(WaitForCheck());
+    Service.Serve(1.5);
+    EXPECT_EQ(Service.Came.size(), 1U);
+}
+
+TEST_F(NightRoundTest, AStepOfUndoThatChangedByItselfIsNoNews) {
+    Add("2026-05-05 10:00", "2026-05-05 11:00", u"Dentist");
+    ASSERT_EQ(Store->Core().Db.Run("UPDATE journal_change SET image = x'00'"), Status::Ok);
+    NoteCheck(0);
+    StartCompanion(Bus.Address());
+    EXPECT_TRUE(WaitForCheck());
+    EXPECT_TRUE(Service.Came.empty());
 }
 
 TEST_F(NightRoundTest, KeepsNoReminderWaiting) {

@@ -15,6 +15,7 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::Not;
 
 class RowSum : public StoreTest {
   protected:
@@ -78,15 +79,17 @@ TEST_F(RowSum, ABitThatFlippedInATextOnTheDiskIsNamedWithItsItem) {
     bytes[at] = static_cast<char>(bytes[at] ^ 1); // "eentist"
     std::ofstream(File, std::ios::binary) << bytes;
     const Diagnosis found = Check();
-    EXPECT_EQ(found.State, Verdict::Damaged);
+    EXPECT_EQ(found.State, Verdict::Altered);
+    EXPECT_THAT(found.Advice, Not(HasSubstr("backup")));
     EXPECT_THAT(found.Findings, ElementsAre("Item 1 is not as it was saved: a text or time of it has changed by itself "
-                                            "on the disk. Look it over and save it again."));
+                                            "on the disk. Look it over, change something in it and save it."));
 }
 
 TEST_F(RowSum, AChangedRowOfEveryTableIsFound) {
     struct Flip {
         const char* Sql;
         const char* Words;
+        Verdict State = Verdict::Altered;
     };
 
     constexpr Flip kFlips[] = {
@@ -96,16 +99,18 @@ TEST_F(RowSum, AChangedRowOfEveryTableIsFound) {
         {"UPDATE series SET interval = 3 WHERE oid = 2", "Item 2 is not as it was saved: its recurrence"},
         {"UPDATE foreign_rule SET rule = replace(rule, '3MO', '2MO')", "Item 3 is not as it was saved: its recurrence"},
         {"UPDATE exception SET start = start + 64", "Item 2 is not as it was saved: an occurrence"},
-        {"UPDATE ink SET data = zeroblob(5000)", "Item 1 is not as it was saved: its note"},
-        {"UPDATE zone SET name = 'Europe/Merlin'", "The time zone 1 has changed by itself"},
-        {"UPDATE journal_change SET image = x'00' WHERE group_id = 2", "Step 2 of undo has changed by itself"},
+        {"UPDATE ink SET data = zeroblob(5000)",
+         "its note has changed by itself on the disk. Look it over, change the note"},
+        {"UPDATE zone SET name = 'Europe/Merlin'", "The time zone 1 has changed by itself", Verdict::Blemished},
+        {"UPDATE journal_change SET image = x'00' WHERE group_id = 2", "Step 2 of undo has changed by itself",
+         Verdict::Blemished},
     };
     for (const Flip& flip : kFlips) {
         Fill();
         ASSERT_EQ(Foreign, 3);
         Run(flip.Sql);
         const Diagnosis found = Check();
-        EXPECT_EQ(found.State, Verdict::Damaged) << flip.Sql;
+        EXPECT_EQ(found.State, flip.State) << flip.Sql;
         EXPECT_THAT(found.Findings, Contains(HasSubstr(flip.Words))) << flip.Sql;
         std::filesystem::remove(File);
         Reopen();
@@ -144,7 +149,16 @@ TEST_F(RowSum, OneWhoReadsAStoreThatHasNoneYetReadsIt) {
     EXPECT_EQ(Read(Plain).Subject, u"The dentist in the Main Street");
     Reopen(); // for writing: it gets them now
     Run("UPDATE item SET subject = 'x' WHERE oid = 1");
-    EXPECT_EQ(Check().State, Verdict::Damaged);
+    EXPECT_EQ(Check().State, Verdict::Altered);
+}
+
+TEST_F(RowSum, WhatASaveCannotMendIsDamageEvenBesideAnEntryThatChanged) {
+    Fill();
+    Run("UPDATE item SET subject = 'x' WHERE oid = 1");
+    Run("UPDATE plain SET length = length + 60");
+    const Diagnosis found = Check();
+    EXPECT_EQ(found.State, Verdict::Damaged);
+    EXPECT_THAT(found.Findings, Contains(HasSubstr("Item 1 is not as it was saved")));
 }
 
 } // namespace tavo::outlook::test
