@@ -79,13 +79,11 @@ void NavigationInput::RequestClose() {
 void NavigationInput::RequestQuit(int reason) {
     QuitRequested = true;
     FinishPicker(State);
-    if (!State.Posted.Has(WM_QUERYENDSESSION)) {
-        Message message;
-        message.Window = State.Tree.Frame();
-        message.Number = WM_QUERYENDSESSION;
-        message.Id = reason;
-        State.Post(message);
-    }
+    Message message;
+    message.Window = State.Tree.Frame();
+    message.Number = WM_QUERYENDSESSION;
+    message.Id = reason;
+    State.Post(message);
 }
 
 bool NavigationInput::ChooseCommand(int id) {

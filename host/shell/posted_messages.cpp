@@ -13,6 +13,15 @@ void PostedMessages::Add(PostedMessage posted) {
             return;
         }
     }
+    if (posted.Message.Number == WM_QUERYENDSESSION) {
+        const auto waiting = std::find_if(Queue.begin(), Queue.end(), [](const PostedMessage& other) {
+            return other.Message.Number == WM_QUERYENDSESSION;
+        });
+        if (waiting != Queue.end()) {
+            waiting->Message.Id = std::max(waiting->Message.Id, posted.Message.Id); // at a session's end nobody answers
+            return;
+        }
+    }
     Queue.push_back(posted);
 }
 

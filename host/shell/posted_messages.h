@@ -32,7 +32,7 @@ struct PostedMessage {
 
 class PostedMessages {
   public:
-    // A stylus move replaces one to the same window that waits at the end.
+    // A stylus move replaces one to the same window that waits at the end; of two wishes to quit the more urgent stays.
     void Add(PostedMessage posted);
     std::optional<PostedMessage> Take();
 

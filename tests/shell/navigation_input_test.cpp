@@ -28,6 +28,16 @@ TEST_F(NavigationInputTest, WithNothingToCloseTheDesktopsCloseQuits) {
     EXPECT_EQ(Drain(), std::vector<Message>({{Frame, WM_QUERYENDSESSION, 0, 0, 0, {}}}));
 }
 
+// Nobody is there to answer any more, whoever was first.
+TEST_F(NavigationInputTest, TheSessionsEndPrevailsOverAPersonWhoQuitsInTheSameTurn) {
+    Navigation.RequestQuit();
+    Navigation.RequestQuit(kSessionEnds);
+    EXPECT_EQ(Drain(), std::vector<Message>({{Frame, WM_QUERYENDSESSION, kSessionEnds, 0, 0, {}}}));
+    Navigation.RequestQuit(kSessionEnds);
+    Navigation.RequestQuit();
+    EXPECT_EQ(Drain(), std::vector<Message>({{Frame, WM_QUERYENDSESSION, kSessionEnds, 0, 0, {}}}));
+}
+
 TEST_F(NavigationInputTest, EscapeClosesDialogsButNoPage) {
     EXPECT_FALSE(Navigation.PressEscape());
     EXPECT_TRUE(Drain().empty());
