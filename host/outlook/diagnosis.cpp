@@ -15,6 +15,7 @@
 #include <array>
 #include <iterator>
 #include <map>
+#include <set>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
@@ -248,6 +249,9 @@ class FullCheck {
             while (query.Next()) {
                 const std::string_view table = kSummedTables[index].Name;
                 const bool isBeside = table == "zone" || table == "journal_change"; // no save writes those again
+                if (!isBeside) {
+                    Altered.insert(query.Small(0));
+                }
                 Find(DescribeChangedRow(table, std::string(query.Text(0))),
                      isBeside ? Verdict::Blemished : Verdict::Altered);
             }
@@ -269,7 +273,9 @@ class FullCheck {
             } else if (Failed(status)) {
                 return status;
             } else if (const SaveFault fault = CheckAndDerive(item); fault != SaveFault::None) {
-                Find("Item " + std::to_string(oid) + " is impossible: " + std::string(DescribeFault(fault)) + ".");
+                // A flipped number may be one that no item can have; to change and save the item mends that too.
+                Find("Item " + std::to_string(oid) + " is impossible: " + std::string(DescribeFault(fault)) + ".",
+                     Altered.count(oid) > 0 ? Verdict::Altered : Verdict::Damaged);
             } else if (const std::string rule = Core.Items.Series().FindRuleFault(item); !rule.empty()) {
                 LeaveOut("Item " + std::to_string(oid) + " (" + ToUtf8(item.Subject) + "): " + rule + ".");
             }
@@ -309,6 +315,7 @@ class FullCheck {
 
     StoreCore& Core;
     std::map<Verdict, std::vector<std::string>> Found;
+    std::set<Oid> Altered; // items with a row that is not as it was saved
 };
 
 bool IsNearlyFull(const std::filesystem::path& path) {

@@ -110,7 +110,7 @@ TEST_F(RowSum, AChangedRowOfEveryTableIsFound) {
         ASSERT_EQ(Foreign, 3);
         Run(flip.Sql);
         const Diagnosis found = Check();
-        EXPECT_EQ(found.State, flip.State) << flip.Sql;
+        EXPECT_EQ(found.State, flip.State) << flip.Sql << testing::PrintToString(found.Findings);
         EXPECT_THAT(found.Findings, Contains(HasSubstr(flip.Words))) << flip.Sql;
         std::filesystem::remove(File);
         Reopen();
