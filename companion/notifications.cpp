@@ -1,9 +1,9 @@
 // Calls and signals of org.freedesktop.Notifications.
 #include "companion/notifications.h"
 
-#include <array>
+#include "companion/notification_card.h"
+
 #include <chrono>
-#include <string_view>
 #include <systemd/sd-bus.h>
 #include <vector>
 
@@ -19,73 +19,11 @@ constexpr std::uint64_t kLateReplies = 300'000'000; // microseconds in which a r
 constexpr std::chrono::milliseconds kReplyPatience{900};
 constexpr std::chrono::milliseconds kCapabilityPatience{400}; // of these
 constexpr std::uint32_t kClosedByPerson = 2;
-constexpr std::uint8_t kUrgent = 2; // stays until it is answered
-
-struct Action {
-    const char* Key;
-    const char* Label;
-    reminders::Answer Meaning;
-    int Snooze; // minutes
-};
-
-// Desktops with little room show the first few: one of each kind comes first.
-constexpr std::array<Action, 7> kActions{{
-    {"default", "Open", reminders::Answer::Open, 0},
-    {"dismiss", "Dismiss", reminders::Answer::Dismiss, 0},
-    {"snooze-5", "Snooze 5 min", reminders::Answer::Snooze, 5},
-    {"open", "Open", reminders::Answer::Open, 0},
-    {"snooze-10", "Snooze 10 min", reminders::Answer::Snooze, 10},
-    {"snooze-30", "Snooze 30 min", reminders::Answer::Snooze, 30},
-    {"snooze-60", "Snooze 1 hour", reminders::Answer::Snooze, 60},
-}};
-
-std::string EscapeMarkup(const std::string& text) {
-    std::string escaped;
-    for (const char letter : text) {
-        switch (letter) {
-        case '&':
-            escaped += "&amp;";
-            break;
-        case '<':
-            escaped += "&lt;";
-            break;
-        case '>':
-            escaped += "&gt;";
-            break;
-        default:
-            escaped += letter;
-        }
-    }
-    return escaped;
-}
 
 // The library's handlers have its own type for the error; ours are not to know its header.
 template <int (*Function)(sd_bus_message*, void*, void*)>
 int Forward(sd_bus_message* message, void* self, sd_bus_error* error) {
     return Function(message, self, error);
-}
-
-int AppendCard(sd_bus_message* message, const CardText& text, std::uint32_t replaced, bool takesMarkup) {
-    const std::string body = takesMarkup ? EscapeMarkup(text.Body) : text.Body;
-    int result = sd_bus_message_append(message, "susss", "Tavo Calendar", replaced, "tavocalendar",
-                                       text.Summary.c_str(), body.c_str());
-    if (result >= 0) {
-        result = sd_bus_message_open_container(message, 'a', "s");
-    }
-    for (const Action& action : kActions) {
-        if (result >= 0) {
-            result = sd_bus_message_append(message, "ss", action.Key, action.Label);
-        }
-    }
-    if (result >= 0) {
-        result = sd_bus_message_close_container(message);
-    }
-    if (result >= 0) {
-        // The sound is our own.
-        result = sd_bus_message_append(message, "a{sv}i", 3, "urgency", "y", kUrgent, "suppress-sound", "b", 1,
-                                       "desktop-entry", "s", "tavocalendar", 0);
-    }
-    return result;
 }
 
 } // namespace
@@ -366,10 +304,8 @@ int Notifications::OnAction(sd_bus_message* message, void* self, void*) {
     if (sd_bus_message_read(message, "us", &card, &key) >= 0) {
         const std::string token = notifications->TokenCard == card ? std::move(notifications->Token) : std::string();
         notifications->Token.clear();
-        for (const Action& action : kActions) {
-            if (std::string_view(key) == action.Key) {
-                notifications->Told.Answered(card, action.Meaning, action.Snooze, token);
-            }
+        if (const CardAction* action = FindAction(key)) {
+            notifications->Told.Answered(card, action->Meaning, action->Snooze, token);
         }
     }
     return 0;
