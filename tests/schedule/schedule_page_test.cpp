@@ -1,5 +1,5 @@
-// The Schedule page: its kinds, its scroll bar, its keys and its header.
-#include "tests/schedule/schedule_desk.h"
+// The Schedule page: its kinds, its header, its rows and their menu.
+#include "tests/schedule/schedule_page_fixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,69 +13,12 @@ namespace {
 using test::At;
 using test::kNoRow;
 using test::ScheduleDesk;
+using test::SchedulePage;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr int kWhite = 0xFFFFFF;
 constexpr int kBlue = 0xBF6000;
-
-class SchedulePage : public testing::Test {
-  protected:
-    SchedulePage() { EXPECT_TRUE(Desk.Start()); }
-
-    // So many appointments today, an hour each on the hour.
-    void GivenAppointmentsToday(int count) {
-        for (int number = 0; number < count; ++number) {
-            Desk.GivenAppointment(u"Item", At(2004, 11, 3, number), At(2004, 11, 3, number, 30));
-        }
-    }
-
-    void Scroll(int request, int position = 0) {
-        Desk.Device.Scroll(kScheduleScrollBar, request, position);
-        ASSERT_TRUE(Desk.Settle());
-    }
-
-    void Key(int key) {
-        Desk.Device.Key(key);
-        ASSERT_TRUE(Desk.Settle());
-    }
-
-    void Tap(int x, int y) {
-        Desk.Device.Tap(x, y);
-        ASSERT_TRUE(Desk.Settle());
-    }
-
-    // Selects a row without acting on it.
-    void Select(int row) {
-        Desk.ChooseInRow(row, 0);
-        ASSERT_TRUE(Desk.Settle());
-    }
-
-    bool PickersShown() {
-        const bool start = Desk.Device.See.IsShown(kSchedulePeriodStart);
-        EXPECT_EQ(start, Desk.Device.See.IsShown(kSchedulePeriodEnd));
-        return start;
-    }
-
-    Rect BarPlace() {
-        const shell::WindowTree& tree = Desk.Device.Host().State.Tree;
-        Rect bounds = tree.ScreenBounds(Desk.Device.See.Control(kScheduleScrollBar));
-        return {bounds.Left, bounds.Top - kClientArea.Top, bounds.Right, bounds.Bottom - kClientArea.Top};
-    }
-
-    // By the list on show, since it was last presented.
-    std::string DrawnByTheList() {
-        headless::HeadlessHost& host = Desk.Device.Host();
-        for (const WindowHandle child : host.State.Tree.ChildrenOf(Desk.Device.See.Top())) {
-            if (host.State.Tree.IsVisible(child) && host.Drawn.LastFrame(child) != nullptr) {
-                return ToText(host.Drawn.LastFrame(child)->Calls);
-            }
-        }
-        return {};
-    }
-
-    ScheduleDesk Desk;
-};
 
 TEST_F(SchedulePage, EachKindHasItsTitleItsEmptyTextAndItsPlaces) {
     const std::u16string titles[] = {u"Alarm", u"Holiday", u"Anniversary", u"Appointment"};
@@ -183,146 +126,6 @@ TEST_F(SchedulePage, ReleasedBesideItTheNewButtonDoesNothing) {
     ASSERT_TRUE(Desk.Settle());
     EXPECT_FALSE(Desk.Device.See.IsDialogOpen());
     EXPECT_FALSE(Desk.Device.See.FindItem(PaintedRole::Button, u"New")->Pressed);
-}
-
-TEST_F(SchedulePage, PageDownStopsWhereTheLastFourRowsAreShown) {
-    Desk.GivenAlarms(12);
-    Desk.Show(ItemKind::Alarm);
-    EXPECT_EQ(Desk.Bar(), (ScrollInfo{0, 8, 0}));
-    Scroll(SB_PAGEDOWN);
-    EXPECT_EQ(Desk.Bar().Position, 5);
-    Scroll(SB_PAGEDOWN);
-    EXPECT_EQ(Desk.Bar().Position, 8);
-    EXPECT_THAT(Desk.Headings(),
-                ElementsAre(u"(12:00) Alarm 9", u"(12:00) Alarm 10", u"(12:00) Alarm 11", u"(12:00) Alarm 12"));
-    Scroll(SB_PAGEUP);
-    EXPECT_EQ(Desk.Bar().Position, 3);
-    Scroll(SB_PAGEUP);
-    EXPECT_EQ(Desk.Bar().Position, 0);
-}
-
-TEST_F(SchedulePage, AListOfThreeRowsHasNothingToScroll) {
-    Desk.GivenAlarms(3);
-    Desk.Show(ItemKind::Alarm);
-    EXPECT_EQ(Desk.Bar(), (ScrollInfo{0, 0, 0}));
-    Scroll(SB_LINEDOWN);
-    EXPECT_EQ(Desk.Bar().Position, 0);
-}
-
-TEST_F(SchedulePage, TheAppointmentsScrollByFiveRows) {
-    GivenAppointmentsToday(12);
-    Desk.Show(ItemKind::Appointment);
-    EXPECT_EQ(Desk.Bar(), (ScrollInfo{0, 7, 0}));
-    EXPECT_EQ(Desk.Rows().size(), 5U);
-}
-
-TEST_F(SchedulePage, LineAndThumbMoveTheTopWithinItsRange) {
-    Desk.GivenAlarms(8);
-    Desk.Show(ItemKind::Alarm);
-    Scroll(SB_LINEUP);
-    EXPECT_EQ(Desk.Bar().Position, 0);
-    Scroll(SB_LINEDOWN);
-    EXPECT_EQ(Desk.Bar().Position, 1);
-    Scroll(SB_THUMBTRACK, 3);
-    EXPECT_EQ(Desk.Bar().Position, 3);
-    Scroll(SB_THUMBPOSITION, 99);
-    EXPECT_EQ(Desk.Bar().Position, 4);
-    Scroll(SB_LINEDOWN);
-    EXPECT_EQ(Desk.Bar().Position, 4);
-    Scroll(SB_ENDSCROLL);
-    EXPECT_EQ(Desk.Bar().Position, 4);
-}
-
-TEST_F(SchedulePage, TheWheelScrollsRowByRow) {
-    Desk.GivenAlarms(8);
-    Desk.Show(ItemKind::Alarm);
-    Desk.Device.Wheel(100, 100, -3);
-    ASSERT_TRUE(Desk.Settle());
-    EXPECT_EQ(Desk.Bar().Position, 3);
-    Desk.Device.Wheel(100, 100, 1);
-    ASSERT_TRUE(Desk.Settle());
-    EXPECT_EQ(Desk.Bar().Position, 2);
-    EXPECT_EQ(Desk.Headings().front(), u"(12:00) Alarm 3");
-}
-
-TEST_F(SchedulePage, TheSelectionKeepsItsDistanceToTheTop) {
-    Desk.GivenAlarms(12);
-    Desk.Show(ItemKind::Alarm);
-    Select(2);
-    Scroll(SB_PAGEDOWN);
-    EXPECT_EQ(Desk.SelectedRow(), 7);
-    Scroll(SB_LINEUP);
-    EXPECT_EQ(Desk.SelectedRow(), 6);
-}
-
-TEST_F(SchedulePage, ASelectionAtTheTopStaysThere) {
-    Desk.GivenAlarms(12);
-    Desk.Show(ItemKind::Alarm);
-    Select(0);
-    Scroll(SB_PAGEDOWN);
-    EXPECT_EQ(Desk.SelectedRow(), 5);
-}
-
-TEST_F(SchedulePage, ASelectionAboveTheTopIsLeftWhereItIs) {
-    Desk.GivenAlarms(12);
-    Desk.Show(ItemKind::Alarm);
-    Scroll(SB_PAGEDOWN);
-    Key(VK_DOWN); // selects the first row, which is not to be seen
-    EXPECT_EQ(Desk.SelectedRow(), kNoRow);
-    Scroll(SB_LINEDOWN);
-    Scroll(SB_THUMBPOSITION, 0);
-    EXPECT_EQ(Desk.SelectedRow(), 0);
-}
-
-TEST_F(SchedulePage, WithNothingSelectedScrollingSelectsNothing) {
-    Desk.GivenAlarms(12);
-    Desk.Show(ItemKind::Alarm);
-    Scroll(SB_PAGEDOWN);
-    Scroll(SB_PAGEUP);
-    EXPECT_EQ(Desk.SelectedRow(), kNoRow);
-}
-
-TEST_F(SchedulePage, DownSelectsTheFirstRowAndGoesOnScrollingAfterTheFourth) {
-    Desk.GivenAlarms(6);
-    Desk.Show(ItemKind::Alarm);
-    Key(VK_UP);
-    EXPECT_EQ(Desk.SelectedRow(), kNoRow);
-    for (int row = 0; row < 4; ++row) {
-        Key(VK_DOWN);
-        EXPECT_EQ(Desk.SelectedRow(), row);
-        EXPECT_EQ(Desk.Bar().Position, 0);
-    }
-    Key(VK_DOWN);
-    EXPECT_EQ(Desk.SelectedRow(), 4);
-    EXPECT_EQ(Desk.Bar().Position, 1);
-    Key(VK_DOWN);
-    Key(VK_DOWN); // the last row stays
-    EXPECT_EQ(Desk.SelectedRow(), 5);
-    EXPECT_EQ(Desk.Bar().Position, 2);
-    for (int times = 0; times < 4; ++times) {
-        Key(VK_UP);
-    }
-    EXPECT_EQ(Desk.SelectedRow(), 1);
-    EXPECT_EQ(Desk.Bar().Position, 1); // up scrolls when the selection leaves at the top
-}
-
-TEST_F(SchedulePage, AmongTheAppointmentsTheKeysScrollAfterTheFifth) {
-    GivenAppointmentsToday(7);
-    Desk.Show(ItemKind::Appointment);
-    for (int times = 0; times < 5; ++times) {
-        Key(VK_DOWN);
-    }
-    EXPECT_EQ(Desk.SelectedRow(), 4);
-    EXPECT_EQ(Desk.Bar().Position, 0);
-    Key(VK_DOWN);
-    EXPECT_EQ(Desk.Bar().Position, 1);
-}
-
-TEST_F(SchedulePage, OnAnEmptyListTheKeysDoNothing) {
-    Desk.Show(ItemKind::Alarm);
-    Key(VK_DOWN);
-    Key(VK_UP);
-    EXPECT_THAT(Desk.Rows(), IsEmpty());
 }
 
 TEST_F(SchedulePage, TheSelectedRowIsBlueAndTheOthersWhite) {
