@@ -13,12 +13,9 @@ namespace tavo::qt {
 namespace {
 
 constexpr double kArrowWidth = 13;
-constexpr double kMenuMargin = 10;
-constexpr double kMenuTickWidth = 14;
 constexpr double kMenuItemHeight = 22;
 constexpr double kListItemHeight = 19;
 constexpr double kMenuSeparatorHeight = 7;
-constexpr double kMenuShortcutGap = 16;
 
 } // namespace
 
@@ -188,7 +185,7 @@ QSize ControlStyle::sizeFromContents(ContentsType type, const QStyleOption* opti
         int width = item->fontMetrics.size(Qt::TextShowMnemonic, item->text.left(tab)).width();
         width += Pixels(2 * kMenuMargin + kMenuTickWidth);
         if (tab >= 0) {
-            width += Pixels(kMenuShortcutGap) + item->fontMetrics.horizontalAdvance(item->text.mid(tab + 1));
+            width += Pixels(kMenuShortcutGap); // the menu adds a column for the widest shortcut itself
         } else if (item->menuItemType == QStyleOptionMenuItem::SubMenu) {
             width += Pixels(kMenuTickWidth);
         }

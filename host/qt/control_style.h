@@ -8,6 +8,11 @@ class QStyleOptionSlider;
 
 namespace tavo::qt {
 
+// Of a menu's entry, in logical pixels: beside its text, for a tick or an arrow, and between text and shortcut.
+inline constexpr double kMenuMargin = 10;
+inline constexpr double kMenuTickWidth = 14;
+inline constexpr double kMenuShortcutGap = 16;
+
 class ControlStyle final : public QProxyStyle {
   public:
     ControlStyle();

@@ -8,8 +8,6 @@
 namespace tavo::qt {
 namespace {
 
-constexpr double kMenuMargin = 10;
-constexpr double kMenuTickWidth = 14;
 constexpr QRgb kMenuEdgeColor = 0xFF9AA9BB;
 constexpr QRgb kSeparatorColor = 0xFFD5DBE2;
 

@@ -2,6 +2,7 @@
 #include "host/qt/menu_view.h"
 
 #include "host/qt/call_later.h"
+#include "host/qt/control_style.h"
 #include "host/qt/menu_fitting.h"
 #include "host/qt/menu_strip.h"
 
@@ -16,8 +17,7 @@
 namespace tavo::qt {
 namespace {
 
-constexpr int kWidestText = 170; // logical pixels that an entry's texts may take, so that its menu fits the screen
-constexpr int kShortcutGap = 24; // between the text and the shortcuts, and beside them
+constexpr int kWidestText = 190; // logical pixels that an entry's texts may take, so that its menu fits the screen
 
 // An item's text is the person's own: no character of it means a shortcut, and it stays on one line.
 QString EntryText(const std::u16string& text, const QFontMetrics& metrics, int widest) {
@@ -26,16 +26,16 @@ QString EntryText(const std::u16string& text, const QFontMetrics& metrics, int w
     return shown.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
-} // namespace
-
-// Shortcuts are shown whole; a long text gives way to them.
-int MenuView::RoomForShortcuts(const std::vector<MenuItem>& items, const QFontMetrics& metrics) const {
+// The column that a menu keeps for shortcuts, beside all of its texts.
+int WidestShortcut(const std::vector<MenuItem>& items, const QFontMetrics& metrics) {
     int widest = 0;
     for (const MenuItem& item : items) {
         widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdU16String(item.Shortcut)));
     }
-    return widest == 0 ? 0 : widest + Shared.Geometry.Length(kShortcutGap);
+    return widest;
 }
+
+} // namespace
 
 MenuView::~MenuView() {
     Close();
@@ -46,13 +46,15 @@ QMenu* MenuView::Build(const std::vector<MenuItem>& items, QWidget* parent) {
     UseMenuFont(*menu, Shared.Geometry);
     menu->installEventFilter(this);
     const QFontMetrics metrics(menu->font());
-    const int widest = Shared.Geometry.Length(kWidestText) - RoomForShortcuts(items, metrics);
+    // Shortcuts are shown whole; a long text gives way to them.
+    const int widest = Shared.Geometry.Length(kWidestText) - WidestShortcut(items, metrics);
+    const int gap = Shared.Geometry.Length(kMenuShortcutGap);
     for (const MenuItem& item : items) {
         if (item.IsSeparator) {
             menu->addSeparator();
             continue;
         }
-        const QString text = EntryText(item.Text, metrics, widest);
+        const QString text = EntryText(item.Text, metrics, item.Shortcut.empty() ? widest : widest - gap);
         QAction* action = nullptr;
         if (item.IsPopup || !item.Children.empty()) {
             QMenu* submenu = Build(item.Children, menu);

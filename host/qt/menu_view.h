@@ -6,7 +6,6 @@
 #include <QObject>
 #include <QPointer>
 
-class QFontMetrics;
 class QMenu;
 
 namespace tavo::qt {
@@ -31,7 +30,6 @@ class MenuView final : public QObject {
   private:
     QMenu* Build(const std::vector<MenuItem>& items, QWidget* parent);
     void Open(QMenu* menu, QPoint corner);
-    int RoomForShortcuts(const std::vector<MenuItem>& items, const QFontMetrics& metrics) const;
     void Finish();
     void OpenNeighbour(int step);
 

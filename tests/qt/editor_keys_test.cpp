@@ -164,6 +164,9 @@ TEST_F(EditorKeysOnTheDesktop, TheToolsMenuShowsItsShortcutsWholeWhateverUndoSay
                    action->text().endsWith(QStringLiteral("Ctrl+Z"));
         });
         EXPECT_TRUE(hasLongUndo);
+        EXPECT_TRUE(std::any_of(actions.begin(), actions.end(), [](const QAction* action) {
+            return action->text() == QStringLiteral("About Tavo Calendar...");
+        }));
         EXPECT_LE(menu->sizeHint().width(), Program.Host.Desktop().ScreenOnDesktop().width());
     });
     Program.Key(VK_ESCAPE);
