@@ -13,7 +13,6 @@ namespace tavo {
 
 namespace {
 
-constexpr std::u16string_view kFolder = u"\\Recovery";
 constexpr std::u16string_view kPattern = u"\\Recovery\\*.draft";
 constexpr int kMostNames = 100; // of one second
 
@@ -23,7 +22,7 @@ std::u16string DraftFile::FreePath() const {
     const SYSTEMTIME now = Host.Clock().GetLocalTime();
     std::u16string path;
     for (int number = 1; number <= kMostNames; ++number) {
-        path = FormatText(u"%s\\%04d%02d%02d_%02d%02d%02d_%d.draft", kFolder, now.Year, now.Month, now.Day, now.Hour,
+        path = FormatText(u"%s\\%04d%02d%02d_%02d%02d%02d_%d.draft", kRecoveryFolder, now.Year, now.Month, now.Day, now.Hour,
                           now.Minute, now.Second, number);
         if (Host.Files().FindFirstFileW(path) == nullptr) {
             break;
@@ -38,7 +37,7 @@ void DraftFile::Write(const AppointmentDraft& draft) {
         return;
     }
     if (Path.empty()) {
-        static_cast<void>(Host.Files().CreateDirectoryW(kFolder)); // what is wrong with it shows when it is written to
+        static_cast<void>(Host.Files().CreateDirectoryW(kRecoveryFolder)); // what is wrong with it shows when it is written to
         Path = FreePath();
     }
     if (Host.Files().WriteWholeFile(Path, bytes) == ErrorCode::Success) {
@@ -63,7 +62,7 @@ std::vector<FoundDraft> FindDrafts(IHost& host) {
     std::sort(names.begin(), names.end()); // they begin with their moment
     std::vector<FoundDraft> drafts;
     for (const std::u16string& name : names) {
-        const std::u16string path = FormatText(u"%s\\%s", kFolder, name);
+        const std::u16string path = FormatText(u"%s\\%s", kRecoveryFolder, name);
         std::vector<std::uint8_t> bytes;
         if (host.Files().ReadWholeFile(path, bytes) != ErrorCode::Success) {
             continue;

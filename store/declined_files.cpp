@@ -11,7 +11,6 @@ namespace tavo {
 
 namespace {
 
-constexpr std::u16string_view kRecoveryFolder = u"\\Recovery";
 constexpr std::u16string_view kDeclinedFolder = u"\\Recovery\\Declined";
 constexpr int kMostNames = 1000; // then the last one is written over
 

@@ -18,10 +18,11 @@ namespace {
 
 constexpr std::array<TagList, 3> kLists{TagList::Alarm, TagList::Holiday, TagList::Anniversary};
 
-// The nearest first.
+// The first is the place for them, the others are for where nothing can be written there. None is the folder of the data
+// file: that holds every memo, and looking there for what is mostly absent means reading all their names at each start.
 std::array<std::u16string, 3> PathsOf(const CProgramState& state) {
     const std::u16string name = FormatText(u"%s.unsaved", state.DataFileName);
-    return {FormatText(u"%s\\%s", state.DataFolder, name), FormatText(u"\\My Documents\\%s", name),
+    return {FormatText(u"%s\\%s", kRecoveryFolder, name), FormatText(u"\\My Documents\\%s", name),
             FormatText(u"\\%s", name)};
 }
 
@@ -70,6 +71,7 @@ void KeepUnsavedTags(CProgramState& state) {
         return;
     }
     const std::vector<std::uint8_t> bytes = EncodeCategoryFile(all[0], all[1], all[2]);
+    static_cast<void>(state.Host().Files().CreateDirectoryW(kRecoveryFolder)); // mostly it is there
     for (const std::u16string& path : PathsOf(state)) {
         if (state.Host().Files().WriteWholeFile(path, bytes) == ErrorCode::Success) {
             return;

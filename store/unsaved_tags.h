@@ -1,4 +1,4 @@
-// The category lists that could not be written to the data file, kept beside it until they can be.
+// The category lists that could not be written to the data file, kept elsewhere until they can be.
 #pragma once
 
 #include "store/category_codec.h"
@@ -7,8 +7,8 @@ namespace tavo {
 
 struct CProgramState;
 
-// Writes the lists to a file of their own, in the data folder or as near to it as can be written. What such a file
-// holds already stays in it.
+// Writes the lists to a file of their own, in the folder of what is recovered or, where it cannot be written, in one
+// that can. What such a file holds already stays in it.
 void KeepUnsavedTags(CProgramState& state);
 
 // Those kept before that would be new to the lists now, and whose items are still there.

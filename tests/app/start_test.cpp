@@ -1,5 +1,6 @@
 // Starting and ending the program.
 #include "app/start.h"
+#include "host/files/file_descriptor.h"
 #include "host/outlook/store.h"
 #include "res/resource_ids.h"
 #include "tests/support/running_program.h"
@@ -7,6 +8,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+
+#include <sys/inotify.h>
 
 namespace tavo::test {
 namespace {
@@ -41,6 +45,33 @@ TEST(Start, TitlesTheMainWindow) {
     RunningProgram program;
     ASSERT_TRUE(program.Start());
     EXPECT_NE(program.Device.Host().Windows().FindWindowW(u"WCE_TavoCalendar", u"Tavo Calendar"), WindowHandle::None);
+}
+
+// There may be ten thousand of them, and the first page shows none.
+TEST(Start, DoesNotReadTheNamesOfTheMemos) {
+    RunningProgram program;
+    program.WriteFile("TavoCalendar.dat", std::string("\1\0\0\0\0\0\0\0;\0\0\0\0;\0\0\0\0;", 19));
+    const files::FileDescriptor watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+    ASSERT_GE(inotify_add_watch(watch.Get(), program.DataFolder().c_str(), IN_ACCESS | IN_ONLYDIR), 0);
+    // Whether some names were read since the last time; files in the folder are told with their names.
+    const auto sawReading = [&] {
+        alignas(inotify_event) std::array<char, 4096> bytes{};
+        bool saw = false;
+        ssize_t count = 0;
+        while ((count = read(watch.Get(), bytes.data(), bytes.size())) > 0) {
+            for (ssize_t at = 0; at < count;) {
+                const auto* event = reinterpret_cast<const inotify_event*>(bytes.data() + at);
+                saw = saw || event->len == 0;
+                at += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
+            }
+        }
+        return saw;
+    };
+    ASSERT_TRUE(program.Start());
+    EXPECT_FALSE(sawReading());
+    constexpr int calendarPage = 2;
+    program.ShowPage(calendarPage); // marks the days that have memos
+    EXPECT_TRUE(sawReading());
 }
 
 TEST(Start, AttemptsToStartTheCompanionOnce) {

@@ -18,6 +18,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr const char* kDataFile = "TavoCalendar.dat";
+constexpr const char* kUnsaved = "../../Recovery/TavoCalendar.dat.unsaved"; // from the data folder
 constexpr std::u16string_view kCannotOpen = u"|Cannot open TavoCalendar.dat";
 constexpr std::u16string_view kQuestion = u"Tavo Calendar|The kind of 2 item(s) could not be saved last time. Keep it?";
 
@@ -109,13 +110,13 @@ TEST_F(UnsavedTags, WhatIsDeclinedIsNotOfferedAgain) {
     Desk->Device.EndSession();
     ExpectEnd();
     ClearTheWay();
-    const std::optional<std::string> kept = Desk->ReadFile("TavoCalendar.dat.unsaved");
+    const std::optional<std::string> kept = Desk->ReadFile(kUnsaved);
     ASSERT_TRUE(kept);
     Restart({IDNO});
     EXPECT_THAT(Desk->ListOf(ItemKind::Alarm), IsEmpty());
     EXPECT_THAT(Desk->Boxes(), ElementsAre(kQuestion));
     EXPECT_EQ(Desk->ReadFile("../../Recovery/Declined/TavoCalendar.dat.unsaved"), kept);
-    EXPECT_FALSE(Desk->ReadFile("TavoCalendar.dat.unsaved"));
+    EXPECT_FALSE(Desk->ReadFile(kUnsaved));
     Restart();
     EXPECT_THAT(Desk->Boxes(), IsEmpty());
 }
@@ -142,9 +143,9 @@ TEST_F(UnsavedTags, WhatCannotBePutToTheDeclinedIsAskedAboutAgain) {
     Desk->Device.EndSession();
     ExpectEnd();
     ClearTheWay();
-    Desk->WriteFile("../../Recovery", "in the way");
+    Desk->WriteFile("../../Recovery/Declined", "in the way");
     Restart({IDNO});
-    EXPECT_TRUE(Desk->ReadFile("TavoCalendar.dat.unsaved"));
+    EXPECT_TRUE(Desk->ReadFile(kUnsaved));
     Restart({IDNO});
     EXPECT_THAT(Desk->Boxes(), ElementsAre(kQuestion));
 }
@@ -189,13 +190,13 @@ TEST_F(UnsavedTags, OfItemsThatAreGoneNothingIsAsked) {
     ClearTheWay();
     Restart();
     EXPECT_THAT(Desk->Boxes(), IsEmpty());
-    EXPECT_FALSE(Desk->ReadFile("TavoCalendar.dat.unsaved"));
+    EXPECT_FALSE(Desk->ReadFile(kUnsaved));
 }
 
-TEST_F(UnsavedTags, WhereTheFolderTakesNothingTheyLieAboveIt) {
+TEST_F(UnsavedTags, WhereTheFolderOfRecoveryTakesNothingTheyLieAboveTheDataFolder) {
     const std::vector<Oid> alarms = Desk->GivenAlarms(2);
     Obstruct();
-    fs::create_directories(Desk->DataFolder() / "TavoCalendar.dat.unsaved" / "in the way");
+    fs::create_directories(fs::path(Root.Path()) / "Recovery" / "TavoCalendar.dat.unsaved" / "in the way");
     Desk->Device.EndSession();
     ExpectEnd();
     EXPECT_TRUE(fs::is_regular_file(Desk->DataFolder().parent_path() / "TavoCalendar.dat.unsaved"));
@@ -211,12 +212,12 @@ TEST_F(UnsavedTags, APageThatClosesSaysItAndASaveThatWorksLaterLeavesNothingToOf
     Desk->Device.AnswerBox(IDOK);
     ASSERT_TRUE(Desk->Settle());
     EXPECT_THAT(Desk->Boxes(), ElementsAre(kCannotOpen));
-    EXPECT_TRUE(Desk->ReadFile("TavoCalendar.dat.unsaved"));
+    EXPECT_TRUE(Desk->ReadFile(kUnsaved));
     ClearTheWay();
     Desk->Device.Restore();
     Desk->Device.PressClose();
     ASSERT_TRUE(Desk->Settle());
-    EXPECT_FALSE(Desk->ReadFile("TavoCalendar.dat.unsaved"));
+    EXPECT_FALSE(Desk->ReadFile(kUnsaved));
     Restart();
     EXPECT_THAT(Desk->Boxes(), IsEmpty());
     EXPECT_EQ(Desk->ListOf(ItemKind::Alarm), alarms);
