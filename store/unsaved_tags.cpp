@@ -18,8 +18,9 @@ namespace {
 
 constexpr std::array<TagList, 3> kLists{TagList::Alarm, TagList::Holiday, TagList::Anniversary};
 
-// The first is the place for them, the others are for where nothing can be written there. None is the folder of the data
-// file: that holds every memo, and looking there for what is mostly absent means reading all their names at each start.
+// The first is the place for them, the others are for where nothing can be written there. None is the folder of the
+// data file: that holds every memo, and looking there for what is mostly absent means reading all their names at each
+// start.
 std::array<std::u16string, 3> PathsOf(const CProgramState& state) {
     const std::u16string name = FormatText(u"%s.unsaved", state.DataFileName);
     return {FormatText(u"%s\\%s", kRecoveryFolder, name), FormatText(u"\\My Documents\\%s", name),
