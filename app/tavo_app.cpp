@@ -4,6 +4,7 @@
 #include "app/about_dialog.h"
 #include "app/start.h"
 #include "memo/memo_undo.h"
+#include "memo/moving_memos.h"
 #include "res/resource_ids.h"
 #include "res/strings.h"
 #include "schedule/progress_dlg.h"
@@ -20,7 +21,6 @@ namespace {
 constexpr int kStartFailed = 1; // exit status
 constexpr std::u16string_view kUndoCaption = u"Undo";
 constexpr std::u16string_view kNotUndone = u"The last step could not be undone.";
-constexpr std::u16string_view kMemosMissing = u"Not all memos could be brought back.";
 } // namespace
 
 CTavoApp::CTavoApp(IHost& host) : Device(host), Pump(host), State(Pump) {}

@@ -5,10 +5,12 @@
 #include "app/draft_recovery.h"
 #include "app/ink_recovery.h"
 #include "app/unsaved_tags_offer.h"
+#include "memo/moving_memos.h"
 #include "res/menus.h"
 #include "res/resource_ids.h"
 #include "store/device_programs.h"
 #include "store/midnight.h"
+#include "store/refusal.h"
 
 namespace tavo {
 
@@ -63,10 +65,14 @@ void CVantorView::UpdateFirst() {
     static_cast<void>(Host().Processes().CreateProcessW(kCompanionProgram, u""));
     // A corrupt file has shown its message; the start goes on with what was read.
     static_cast<void>(LoadCategoryFile(State));
+    const int missing = BringBackMovedMemos(State); // before the month looks for memos
     CreatePages();
     Host().Windows().SetTimer(Handle(), kTimerReminderSound, kReminderPeriod);
     State.Busy = false;
     State.RefreshSuppressed = false;
+    if (missing > 0) {
+        ShowRefusal(Pump(), Handle(), kMemosMissing);
+    }
     OfferWhatWasLeft();
 }
 

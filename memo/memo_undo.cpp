@@ -5,7 +5,6 @@
 #include "memo/memo_files.h"
 #include "store/change_group.h"
 
-#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -14,31 +13,6 @@ namespace tavo {
 namespace {
 
 constexpr std::u16string_view kCancelledInk = u"cancel of a memo";
-constexpr std::u16string_view kMemoEnd = u".pwi";
-constexpr std::u16string_view kDeleted = u"\\Deleted";
-
-bool IsMemoName(std::u16string_view path) {
-    const std::u16string_view end = path.substr(path.size() - std::min(path.size(), kMemoEnd.size()));
-    return path.find(u'/') == path.npos && std::ranges::equal(end, kMemoEnd, [](char16_t one, char16_t other) {
-               return (one >= u'A' && one <= u'Z' ? one + (u'a' - u'A') : one) == other;
-           });
-}
-
-// Without the separators at its end; there may be more than one.
-std::u16string_view FolderOf(std::u16string_view path) {
-    path = path.substr(0, std::min(path.rfind(u'\\'), path.size()));
-    while (path.ends_with(u'\\')) {
-        path.remove_suffix(1);
-    }
-    return path;
-}
-
-// Whether it leads from a folder's deleted memos to its memos, as every note that this program writes.
-bool IsFromDeleted(const MemoPutAway& memo) {
-    const std::u16string_view kept = FolderOf(memo.Kept);
-    return IsMemoName(memo.Path) && IsMemoName(memo.Kept) && kept.ends_with(kDeleted) &&
-           FolderOf(kept) == FolderOf(memo.Path);
-}
 
 } // namespace
 

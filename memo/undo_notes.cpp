@@ -3,6 +3,8 @@
 
 #include "memo/note_bytes.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace tavo {
@@ -11,6 +13,24 @@ namespace {
 
 constexpr std::uint64_t kPutAway = 1;
 constexpr std::uint64_t kCancelled = 2;
+constexpr std::u16string_view kMemoEnd = u".pwi";
+constexpr std::u16string_view kDeleted = u"\\Deleted";
+
+bool IsMemoName(std::u16string_view path) {
+    const std::u16string_view end = path.substr(path.size() - std::min(path.size(), kMemoEnd.size()));
+    return path.find(u'/') == path.npos && std::ranges::equal(end, kMemoEnd, [](char16_t one, char16_t other) {
+               return (one >= u'A' && one <= u'Z' ? one + (u'a' - u'A') : one) == other;
+           });
+}
+
+// Without the separators at its end; there may be more than one.
+std::u16string_view FolderOf(std::u16string_view path) {
+    path = path.substr(0, std::min(path.rfind(u'\\'), path.size()));
+    while (path.ends_with(u'\\')) {
+        path.remove_suffix(1);
+    }
+    return path;
+}
 
 void PutMoment(NoteWriter& writer, const SYSTEMTIME& moment) {
     writer.PutNumber(moment.Year, 2);
@@ -29,6 +49,12 @@ SYSTEMTIME TakeMoment(NoteReader& reader) {
 }
 
 } // namespace
+
+bool IsFromDeleted(const MemoPutAway& memo) {
+    const std::u16string_view kept = FolderOf(memo.Kept);
+    return IsMemoName(memo.Path) && IsMemoName(memo.Kept) && kept.ends_with(kDeleted) &&
+           FolderOf(kept) == FolderOf(memo.Path);
+}
 
 std::vector<std::uint8_t> EncodeNote(const MemoPutAway& note) {
     NoteWriter writer;

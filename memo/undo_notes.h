@@ -17,6 +17,9 @@ struct MemoPutAway {
     std::u16string Kept; // where it lies
 };
 
+// Whether it leads from a folder's deleted memos to its memos, as every note that this program writes.
+bool IsFromDeleted(const MemoPutAway& memo);
+
 // Ink that was drawn in an editor which was then cancelled.
 struct InkCancelled {
     InkHome Home;

@@ -10,7 +10,7 @@
 
 namespace tavo {
 
-MassDeletion::MassDeletion(CProgramState& state, const DeletionClasses& classes) : State(state) {
+MassDeletion::MassDeletion(CProgramState& state, const DeletionClasses& classes) : State(state), Moving(state) {
     FindTagged(classes);
     if (classes.Appointments) {
         FindAppointments();
@@ -86,6 +86,10 @@ void MassDeletion::Begin() {
         Refuse();
         return;
     }
+    if (!Memos.empty() && !Moving.Begin(Memos)) {
+        Refuse();
+        return;
+    }
     // The lists themselves are emptied when all is final. The mirror is first of all, so that the step holds the lists
     // as they were, in one piece.
     for (const TagList list : Lists) {
@@ -155,6 +159,7 @@ bool MassDeletion::Commit() {
     }
     Group.reset();
     MemosAway.clear();
+    Moving.End();
     for (const TagList list : Lists) {
         State.Categories.ListOf(list).RemoveAll();
     }
@@ -169,6 +174,9 @@ bool MassDeletion::TakeBackNext() {
     Group.reset();
     Appointments.Reset();
     if (MemosAway.empty()) {
+        if (MissingCount == 0) { // else the next start tries again
+            Moving.End();
+        }
         return false;
     }
     MemoPutAway& memo = MemosAway.back();

@@ -1,6 +1,7 @@
 // Deleting whole classes of items, one after the other.
 #pragma once
 
+#include "memo/moving_memos.h"
 #include "memo/undo_notes.h"
 #include "store/change_group.h"
 #include "store/long_work.h"
@@ -63,8 +64,9 @@ class MassDeletion : public ILongWork {
     std::vector<Oid> Tagged;
     ComPtr<IPOutlookItemCollection> Appointments; // of the whole folder; null when they stay
     std::vector<std::u16string> Memos;            // names
-    std::vector<MemoPutAway> MemosAway;           // not final yet
-    std::u16string Name;                          // of the step
+    MovingMemos Moving;
+    std::vector<MemoPutAway> MemosAway; // not final yet
+    std::u16string Name;                // of the step
     std::optional<ChangeGroup> Group;
     std::size_t NextTagged = 0;
     std::int32_t NextAppointment = 1; // in the collection, whose items move up as they go

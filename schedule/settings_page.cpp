@@ -2,6 +2,7 @@
 #include "schedule/settings_page.h"
 
 #include "framework/format.h"
+#include "memo/moving_memos.h"
 #include "res/dialog_templates.h"
 #include "res/resource_ids.h"
 #include "res/strings.h"
@@ -18,7 +19,6 @@ constexpr int kBoxes[] = {kSettingsAlarms, kSettingsHolidays, kSettingsAnniversa
                           kSettingsMemos};
 
 constexpr std::u16string_view kNotDeleted = u"The items could not be deleted.";
-constexpr std::u16string_view kMemosMissing = u"Not all memos could be brought back.";
 
 } // namespace
 

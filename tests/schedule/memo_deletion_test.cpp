@@ -2,15 +2,13 @@
 #include "memo/memo_undo.h"
 #include "schedule/main_view.h"
 #include "schedule/mass_deletion.h"
-#include "tests/schedule/schedule_desk.h"
+#include "tests/schedule/memo_deletion_fixture.h"
 #include "tests/support/host_probe.h"
 #include "tests/support/outlook_probe.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdio>
 #include <filesystem>
 
 namespace tavo {
@@ -18,63 +16,10 @@ namespace tavo {
 namespace {
 
 using test::At;
-using test::ScheduleDesk;
+using test::LongMemoDeletion;
+using test::MemoDeletion;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-std::vector<std::string> MemosIn(const std::filesystem::path& folder) {
-    std::vector<std::string> names;
-    std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
-        if (entry.path().extension() == ".pwi") {
-            names.push_back(entry.path().filename().string());
-        }
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-class MemoDeletion : public testing::Test {
-  protected:
-    void Start() {
-        ASSERT_TRUE(Desk.Start());
-        Desk.ShowPage(kSettingsPage);
-    }
-
-    void BeginDeletion(std::initializer_list<int> boxes) {
-        for (const int box : boxes) {
-            Desk.Device.TapControl(box);
-        }
-        Desk.Device.TapControl(kSettingsDelete);
-        Desk.Device.AnswerBox(IDYES);
-    }
-
-    void Delete(std::initializer_list<int> boxes) {
-        BeginDeletion(boxes);
-        EXPECT_TRUE(Desk.Settle());
-    }
-
-    void Undo() {
-        Desk.Device.Key('Z', kModifierControl);
-        EXPECT_TRUE(Desk.Settle());
-        Desk.LetNoticesArrive();
-    }
-
-    std::u16string UndoText() {
-        std::u16string text;
-        Desk.Device.OpenMenu(u"Tools");
-        Desk.Device.Do([&] { text = Desk.Device.See.MenuBar()->Menus.back().Children.front().Text; });
-        Desk.Device.Key(VK_ESCAPE);
-        EXPECT_TRUE(Desk.Settle());
-        return text;
-    }
-
-    std::vector<std::string> Memos() const { return MemosIn(Desk.DataFolder()); }
-
-    std::vector<std::string> Deleted() const { return MemosIn(Desk.DataFolder() / "Deleted"); }
-
-    ScheduleDesk Desk;
-};
 
 TEST_F(MemoDeletion, OneUndoBringsThemBackWithTheItems) {
     Start();
@@ -173,32 +118,6 @@ TEST_F(MemoDeletion, TellsThePagesOfTheChange) {
     Desk.LetNoticesArrive();
     EXPECT_EQ(Desk.CellName(0, 3), u"2004-11-03");
 }
-
-// More memos than are deleted without a display.
-class LongMemoDeletion : public MemoDeletion {
-  protected:
-    LongMemoDeletion() {
-        Start();
-        for (int number = 0; number < kMany; ++number) {
-            char name[32];
-            (void)std::snprintf(name, sizeof name, "20041103_%06d.pwi", number);
-            Desk.WriteFile(name, "ink");
-        }
-        Alarms = Desk.GivenAlarms(7);
-    }
-
-    void ExpectEverythingThere() {
-        EXPECT_EQ(Memos().size(), static_cast<std::size_t>(kMany));
-        EXPECT_THAT(Deleted(), IsEmpty());
-        EXPECT_EQ(Desk.ListOf(ItemKind::Alarm), Alarms);
-        for (const Oid alarm : Alarms) {
-            EXPECT_TRUE(Desk.Exists(alarm)) << alarm;
-        }
-    }
-
-    static constexpr int kMany = 2600;
-    std::vector<Oid> Alarms;
-};
 
 TEST_F(LongMemoDeletion, CancelledWhileMemosGoItLeavesEverything) {
     BeginDeletion({kSettingsAlarms, kSettingsMemos});

@@ -4,6 +4,7 @@
 #include "platform/files.h"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -43,7 +44,12 @@ class FilesProbe final : public IFiles {
         return WriteResult == ErrorCode::Success ? Files.WriteWholeFile(path, bytes) : WriteResult;
     }
 
-    ErrorCode DeleteFileW(std::u16string_view path) override { return Files.DeleteFileW(path); }
+    ErrorCode DeleteFileW(std::u16string_view path) override {
+        if (BeforeDelete) {
+            BeforeDelete(path);
+        }
+        return Files.DeleteFileW(path);
+    }
 
     ErrorCode PutAwayMemo(std::u16string_view path, std::u16string& kept) override {
         return PutAwayResult == ErrorCode::Success ? Files.PutAwayMemo(path, kept) : PutAwayResult;
@@ -61,6 +67,7 @@ class FilesProbe final : public IFiles {
     ErrorCode ReadResult = ErrorCode::Success;
     ErrorCode WriteResult = ErrorCode::Success;
     ErrorCode PutAwayResult = ErrorCode::Success;
+    std::function<void(std::u16string_view)> BeforeDelete;
     std::vector<std::u16string> Found; // given instead of what is there
     std::u16string LastRead;
     std::u16string LastWritten;
