@@ -5,6 +5,7 @@
 #include "host/outlook/stored_item.h"
 
 #include <cstdint>
+#include <set>
 #include <span>
 #include <string>
 #include <vector>
@@ -33,7 +34,8 @@ class ItemTable {
     // NotFound when it is gone already.
     Status Remove(Oid oid);
 
-    // After the device moved into another zone, or the rules of zones changed.
+    // After the device moved into another zone, or the rules of zones changed. Items that have changed by themselves on
+    // the disk keep the times they had.
     Status RederiveZoned();
 
     SeriesExpander& Series() { return Expander; }
@@ -47,6 +49,9 @@ class ItemTable {
     Status WriteExceptions(const StoredItem& item);
     Status WriteInk(Oid oid, std::span<const std::uint8_t> ink);
     Status RemovePlain(Oid oid);
+    // Items with a row, or a zone, whose checksum is not its own.
+    Status FindAltered(std::set<Oid>& altered);
+    Status FindZoned(std::vector<Oid>& zoned);
     Status ReadRecurrence(StoredItem& item);
 
     Database& Source;

@@ -1,9 +1,12 @@
 // Writing items: the row itself, and the narrow tables that listings read.
 #include "host/outlook/item_rows.h"
 #include "host/outlook/item_table.h"
+#include "host/outlook/row_sum.h"
 #include "host/outlook/text.h"
 
 #include <algorithm>
+#include <string>
+#include <string_view>
 
 namespace tavo::outlook {
 
@@ -173,16 +176,45 @@ Status ItemTable::Update(StoredItem& item, Ink ink, std::int64_t source, std::st
     return Succeeded(status) && ink == Ink::Take ? WriteInk(item.Item, item.Ink) : status;
 }
 
-Status ItemTable::RederiveZoned() {
-    std::vector<Oid> zoned;
-    {
-        Query query(Source, "SELECT oid FROM item WHERE zone IS NOT NULL");
+Status ItemTable::FindAltered(std::set<Oid>& altered) {
+    for (const SummedTable& table : kSummedTables) {
+        const std::string_view name = table.Name;
+        if (name == "journal_change" || name == "ink") {
+            continue; // neither is written again with the item's times
+        }
+        const std::string changed = SqlToFindChanged(table);
+        const std::string sql = name == "zone" ? "SELECT oid FROM item WHERE zone IN (" + changed + ")" : changed;
+        Query query(Source, sql.c_str());
         while (query.Next()) {
-            zoned.push_back(query.Small(0));
+            altered.insert(query.Small(0));
         }
         if (Failed(query.Result())) {
             return query.Result();
         }
+    }
+    return Status::Ok;
+}
+
+// What has changed by itself on the disk stays as it is: written again it would be as good as saved, and no check would
+// name it any more.
+Status ItemTable::FindZoned(std::vector<Oid>& zoned) {
+    std::set<Oid> altered;
+    if (const Status status = FindAltered(altered); Failed(status)) {
+        return status;
+    }
+    Query query(Source, "SELECT oid FROM item WHERE zone IS NOT NULL");
+    while (query.Next()) {
+        if (const Oid oid = query.Small(0); !altered.contains(oid)) {
+            zoned.push_back(oid);
+        }
+    }
+    return query.Result();
+}
+
+Status ItemTable::RederiveZoned() {
+    std::vector<Oid> zoned;
+    if (const Status status = FindZoned(zoned); Failed(status)) {
+        return status;
     }
     for (const Oid oid : zoned) {
         StoredItem item;

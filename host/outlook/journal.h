@@ -66,7 +66,8 @@ class Journal {
 
     // The newest group on offer that was not taken back; 0 when there is none.
     Status FindUndoable(std::int64_t& group, std::u16string& name);
-    // Newest change first, one at a time: `step` is where the last one was, and starts as kNewestStep.
+    // Newest change first, one at a time: `step` is where the last one was, and starts as kNewestStep. Corrupt for one
+    // that has changed by itself on the disk.
     Status ReadChangeBefore(std::int64_t group, std::int64_t& step, std::optional<JournalChange>& change);
     // Its notes, oldest first.
     Status ReadNotes(std::int64_t group, std::vector<std::vector<std::uint8_t>>& notes);

@@ -6,6 +6,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <fstream>
 #include <set>
 
@@ -124,6 +125,46 @@ TEST_F(RowSum, SavingTheItemAgainMakesItGood) {
     ASSERT_EQ(item->put_Subject(u"The dentist"), Status::Ok);
     ASSERT_EQ(item->Save(), Status::Ok);
     EXPECT_EQ(Check().State, Verdict::Ok);
+}
+
+TEST_F(RowSum, AStepThatChangedByItselfIsNotTakenBack) {
+    const Oid oid = Add("2026-05-01 09:00", "2026-05-01 10:00", u"The dentist");
+    const ComPtr<IAppointment> item = Get(oid);
+    ASSERT_EQ(item->put_Subject(u"The doctor"), Status::Ok);
+    ASSERT_EQ(item->Save(), Status::Ok);
+    std::vector<std::uint8_t> image;
+    {
+        Query query(Store->Core().Db, "SELECT image FROM journal_change WHERE group_id = 2");
+        ASSERT_TRUE(query.Next());
+        image.assign(query.Blob(0).begin(), query.Blob(0).end());
+    }
+    const std::string word = "dentist";
+    const auto at = std::search(image.begin(), image.end(), word.begin(), word.end());
+    ASSERT_NE(at, image.end());
+    *at ^= 1; // "eentist"
+    Query flip(Store->Core().Db, "UPDATE journal_change SET image = ? WHERE group_id = 2");
+    ASSERT_EQ(flip.Bind(std::span<const std::uint8_t>(image)).Finish(), Status::Ok);
+    std::vector<Oid> restored;
+    EXPECT_EQ(App->Undo(restored), Status::Corrupt);
+    EXPECT_EQ(Read(oid).Subject, u"The doctor");
+    EXPECT_THAT(Check().Findings, Contains(HasSubstr("Step 2 of undo has changed by itself")));
+}
+
+// Else it would be as good as saved, and nobody would ever hear of it.
+TEST_F(RowSum, AnotherZoneLeavesWhatChangedByItselfAsItIs) {
+    for (const char* flip :
+         {"UPDATE item SET subject = 'Moved oncf' WHERE oid = 2", "UPDATE series SET interval = 3 WHERE oid = 2",
+          "UPDATE exception SET start = start + 64", "UPDATE zone SET name = 'Europe/Paris'"}) {
+        Fill();
+        Run(flip);
+        const std::vector<std::string> before = Check().Findings;
+        ASSERT_EQ(before.size(), 1U) << flip;
+        Reopen();
+        ASSERT_EQ(Store->SetDeviceZone("Asia/Tokyo"), Status::Ok);
+        EXPECT_EQ(Check().Findings, before) << flip;
+        std::filesystem::remove(File);
+        Reopen();
+    }
 }
 
 TEST_F(RowSum, TheKindOfAValueCountsToo) {
