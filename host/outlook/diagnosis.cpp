@@ -115,8 +115,8 @@ std::string DescribeChangedRow(std::string_view table, const std::string& key) {
     }
     if (table == "journal_change") {
         return "Step " + key +
-               " of undo has changed by itself: a bit of it flipped on the disk. To undo it may bring"
-               " something wrong back; it goes by itself when newer steps have come.";
+               " of undo has changed by itself: a bit of it flipped on the disk. It can no longer be"
+               " undone; it goes by itself when newer steps have come.";
     }
     const std::string part = table == "item"        ? "a text or time of it"
                              : table == "ink"       ? "its note"
@@ -352,14 +352,15 @@ Verdict FindObstacle(const std::filesystem::path& path, int lockPatience) {
 } // namespace
 
 Diagnosis DiagnoseStore(const std::filesystem::path& path, CheckDepth depth, int lockPatience) {
-    if (IsFolderExposed(path)) {
+    const std::filesystem::path place = RealPath(path); // where the store lies that is opened
+    if (IsFolderExposed(place)) {
         return Describe(Verdict::Exposed);
     }
     StoreOptions options;
     options.Rights = Access::ReadOnly;
     options.LockPatience = lockPatience;
     StorePtr store;
-    const Status status = OpenStore(path, options, store);
+    const Status status = OpenStore(place, options, store);
     if (Failed(status)) {
         return Describe(VerdictOf(status));
     }
@@ -373,7 +374,7 @@ Diagnosis DiagnoseStore(const std::filesystem::path& path, CheckDepth depth, int
         }
     }
     store.reset();
-    if (const Verdict obstacle = FindObstacle(path, lockPatience); obstacle != Verdict::Ok) {
+    if (const Verdict obstacle = FindObstacle(place, lockPatience); obstacle != Verdict::Ok) {
         Diagnosis found = Describe(obstacle);
         found.Findings = std::move(diagnosis.Findings);
         return found;

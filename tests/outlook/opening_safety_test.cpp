@@ -63,6 +63,12 @@ TEST_F(Opening, OfALinkTheFolderOfItsTargetCounts) {
     Close();
     ASSERT_EQ(chmod(elsewhere.Path.c_str(), 0777), 0);
     EXPECT_EQ(Open(), Status::AccessDenied);
+    EXPECT_EQ(DiagnoseStore(File, CheckDepth::Quick).State, Verdict::Exposed);
+    ASSERT_EQ(chmod(elsewhere.Path.c_str(), 0700), 0);
+    ASSERT_EQ(chmod(Folder.Path.c_str(), 0777), 0); // the link's own
+    EXPECT_EQ(Open(), Status::Ok);
+    Close();
+    EXPECT_EQ(DiagnoseStore(File, CheckDepth::Quick).State, Verdict::Ok);
 }
 
 TEST_F(Opening, AFolderOfSomebodyElseIsRefused) {
