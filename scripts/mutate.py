@@ -14,6 +14,7 @@ than 95 in a hundred were killed, 2 when nothing could be tried.
 """
 
 import argparse
+import filecmp
 import os
 import pathlib
 import queue
@@ -23,6 +24,7 @@ import shutil
 import subprocess
 import sys
 import threading
+from concurrent.futures import ThreadPoolExecutor
 
 import cpp_text
 
@@ -110,13 +112,17 @@ def test_programs(root, folder):
     return re.findall(r"^tavo_test\(\s*(\w+)", text, re.M)
 
 
+class UnfitTests(Exception):
+    """Nothing can be learnt from them."""
+
+
 class Workshop:
     """A copy of the tree with a build of its own."""
 
     def __init__(self, root, folder):
         self.tree, self.build = folder / "tree", folder / "build"
-        if not self.tree.exists():
-            copy_tree(root, self.tree)
+        self.trusted = set()  # test programs that pass when nothing is changed
+        copy_tree(root, self.tree)
         if not (self.build / "build.ninja").exists():
             self.run(["cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
                       "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DTAVO_TESTS=ON", "-DTAVO_QT=OFF"], BUILD_SECONDS)
@@ -133,9 +139,18 @@ class Workshop:
     def make(self, programs):
         return self.run(["ninja", "-C", self.build, *programs], BUILD_SECONDS)
 
+    def trust(self, programs):
+        """A test that fails anyway would count every mutant as killed."""
+        for program in programs:
+            if program not in self.trusted:
+                if not self.make([program]) or not self.run([self.build / "bin" / program], TEST_SECONDS):
+                    raise UnfitTests(f"{program} does not pass although nothing was changed")
+                self.trusted.add(program)
+
     def try_mutant(self, mutant):
         """'killed', 'survived' or 'no mutant'. The copy is as it was afterwards."""
         programs = test_programs(self.tree, mutant.path.split("/")[0])
+        self.trust(programs)
         source = self.tree / mutant.path
         text = source.read_text(encoding="utf-8")
         try:
@@ -150,17 +165,27 @@ class Workshop:
             source.write_text(text, encoding="utf-8")
 
 
-def copy_tree(root, tree):
-    """What the tree holds and is not ignored."""
+def files_of(root):
+    """What the tree holds and is not ignored, by paths relative to it."""
     listed = subprocess.run(["git", "ls-files", "-co", "--exclude-standard"], cwd=root, capture_output=True, text=True,
                             check=False)
-    if listed.returncode != 0:
-        shutil.copytree(root, tree, ignore=shutil.ignore_patterns("build*", ".git"))
-        return
-    for path in listed.stdout.splitlines():
-        if (root / path).is_file():
+    if listed.returncode == 0:
+        return [path for path in listed.stdout.splitlines() if (root / path).is_file()]
+    return [str(path.relative_to(root)) for path in root.rglob("*")
+            if path.is_file() and not path.relative_to(root).parts[0].startswith(("build", ".git"))]
+
+
+def copy_tree(root, tree):
+    """Makes `tree` the same as the root's files. What is the same already is not touched, so it is not built again."""
+    wanted = set(files_of(root))
+    for path in tree.rglob("*"):
+        if path.is_file() and str(path.relative_to(tree)) not in wanted:
+            path.unlink()
+    for path in wanted:
+        if not (tree / path).is_file() or not filecmp.cmp(root / path, tree / path, shallow=False):
             (tree / path).parent.mkdir(parents=True, exist_ok=True)
-            shutil.copy2(root / path, tree / path)
+            shutil.copyfile(root / path, tree / path)
+            shutil.copymode(root / path, tree / path)
 
 
 def run_all(root, folder, mutants, count, jobs):
@@ -187,11 +212,9 @@ def run_all(root, folder, mutants, count, jobs):
                     results.append((mutant, result))
                     print(f"{result}: {mutant}", flush=True)
 
-    workers = [threading.Thread(target=work, args=(folder / str(job) if jobs > 1 else folder,)) for job in range(jobs)]
-    for worker in workers:
-        worker.start()
-    for worker in workers:
-        worker.join()
+    with ThreadPoolExecutor(jobs) as workers:
+        places = [folder / str(job) if jobs > 1 else folder for job in range(jobs)]
+        list(workers.map(work, places))  # takes up what a worker could not go on with
     return results
 
 
@@ -211,7 +234,11 @@ def main():
         for mutant in mutants[:options.count]:
             print(mutant)
         return 0
-    results = run_all(root, options.folder.resolve(), mutants, options.count, options.jobs)
+    try:
+        results = run_all(root, options.folder.resolve(), mutants, options.count, options.jobs)
+    except UnfitTests as trouble:
+        print(trouble, file=sys.stderr)
+        return 2
     tried = [(mutant, result) for mutant, result in results if result != "no mutant"]
     if not tried:
         print("nothing could be tried")

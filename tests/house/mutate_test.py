@@ -68,24 +68,50 @@ class Mutation(MadeUpTree):
         self.assertNotEqual(listed(3), listed(4))
         self.assertEqual(sorted(listed(3)), sorted(listed(4)))
 
-    def test_SurvivorsAreNamedAndTheTreeStays(self):
+    def write_tiny_project(self, source, test):
         if shutil.which("cmake") is None or shutil.which("ninja") is None:
             self.skipTest("no cmake or ninja here")
-        source = ("namespace {\nint calls = 0;\nvoid Note() {\n    ++calls;\n}\n}\nint Rule(int a) {\n    Note();\n"
-                  "    return a < 7 ? 1 : 2;\n}\n")
         self.write("CMakeLists.txt", LISTING)
         self.write("edit/rule.cpp", source)
         self.write("tests/edit/CMakeLists.txt", "tavo_test(edit_test rule_test.cpp)\n")
-        self.write("tests/edit/rule_test.cpp",
-                   "int Rule(int a);\nint main() { return Rule(6) == 1 && Rule(7) == 2 ? 0 : 1; }\n")
-        result = subprocess.run([sys.executable, "-B", str(ROOT / "scripts" / "mutate.py"), str(self.root / "build-it"),
-                                 "--root", str(self.root)], capture_output=True, text=True)
+        self.write("tests/edit/rule_test.cpp", "int Rule(int a);\nint main() { return " + test + " ? 0 : 1; }\n")
+
+    def mutate(self):
+        return subprocess.run([sys.executable, "-B", str(ROOT / "scripts" / "mutate.py"), str(self.root / "build-it"),
+                               "--root", str(self.root)], capture_output=True, text=True)
+
+    def test_SurvivorsAreNamedAndTheTreeStays(self):
+        source = ("namespace {\nint calls = 0;\nvoid Note() {\n    ++calls;\n}\n}\nint Rule(int a) {\n    Note();\n"
+                  "    return a < 7 ? 1 : 2;\n}\n")
+        self.write_tiny_project(source, "Rule(6) == 1 && Rule(7) == 2")
+        result = self.mutate()
         self.assertEqual(result.returncode, 1, result.stdout + result.stderr)
         self.assertIn("survivors: 2\n", result.stdout)
         self.assertIn("  edit/rule.cpp:2:13: 0 -> 1\n", result.stdout)
         self.assertIn("  edit/rule.cpp:8:5: Note(); dropped\n", result.stdout)
         self.assertIn("4 of 6 killed: 66.7 % (0 did not compile)", result.stdout)
         self.assertEqual((self.root / "edit/rule.cpp").read_text(), source)
+
+    def test_TestsThatFailAnywayTeachNothing(self):
+        self.write_tiny_project("int Rule(int a) {\n    return a < 7 ? 1 : 2;\n}\n", "Rule(6) == 3")
+        result = self.mutate()
+        self.assertEqual(result.returncode, 2, result.stdout + result.stderr)
+        self.assertEqual(result.stderr, "edit_test does not pass although nothing was changed\n")
+
+    def test_TheCopyFollowsTheTree(self):
+        self.write("edit/a.cpp", "int a = 7;\n")
+        self.write("edit/b.cpp", "int b = 7;\n")
+        copy = self.root / "build-copy"
+        mutate.copy_tree(self.root, copy)
+        untouched = (copy / "edit/b.cpp").stat().st_mtime_ns
+        self.write("edit/a.cpp", "int a = 8;\n")
+        self.write("edit/c.cpp", "int c = 7;\n")
+        mutate.copy_tree(self.root, copy)
+        self.assertEqual((copy / "edit/a.cpp").read_text(), "int a = 8;\n")
+        self.assertEqual((copy / "edit/b.cpp").stat().st_mtime_ns, untouched)
+        (self.root / "edit/c.cpp").unlink()
+        mutate.copy_tree(self.root, copy)
+        self.assertFalse((copy / "edit/c.cpp").exists())
 
 
 if __name__ == "__main__":
