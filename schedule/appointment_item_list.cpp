@@ -58,8 +58,9 @@ bool CAppointmentItemList::Fill(const SYSTEMTIME& periodStart, const SYSTEMTIME&
     std::unordered_map<Oid, AppointmentData> stored; // a series is loaded once for all its occurrences
     const ComPtr<IPOutlookItemCollection> items = QueryPeriod();
     bool isWhole = items || Succeeded(State.Store.LastStoreResult);
+    Status status = Status::InvalidArgument; // what the place after the last item gives
     ComPtr<IAppointment> item;
-    for (std::int32_t index = 1; items && Succeeded(items->Item(index, item)) && item; ++index) {
+    for (std::int32_t index = 1; items && Succeeded(status = items->Item(index, item)) && item; ++index) {
         Oid oid = 0;
         static_cast<void>(item->get_Oid(oid)); // without an OID the load fails, and the item is passed over
         const auto [place, isFirst] = stored.try_emplace(oid);
@@ -74,7 +75,7 @@ bool CAppointmentItemList::Fill(const SYSTEMTIME& periodStart, const SYSTEMTIME&
         item.Reset();
     }
     SetRows(std::move(rows));
-    return isWhole;
+    return isWhole && status == Status::InvalidArgument;
 }
 
 bool CAppointmentItemList::DeleteSelected() {

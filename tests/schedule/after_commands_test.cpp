@@ -1,5 +1,6 @@
 // What follows a command on an item: the pages read the store anew, and a store that gives nothing is told of.
 #include "tests/schedule/schedule_desk.h"
+#include "tests/support/folder_probe.h"
 #include "tests/support/outlook_probe.h"
 
 #include <gmock/gmock.h>
@@ -10,6 +11,8 @@ namespace tavo {
 namespace {
 
 using test::At;
+using test::FolderFaults;
+using test::FolderProbe;
 using test::ScheduleDesk;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -171,6 +174,26 @@ TEST_F(Afterwards, AnAppointmentThatTheStoreCannotListIsToldOf) {
     Desk.Device.AnswerBox(IDOK);
     ASSERT_TRUE(Desk.Settle());
     EXPECT_THAT(Desk.Boxes(), ElementsAre(kRowMissing));
+}
+
+TEST_F(Afterwards, AListThatBreaksOffIsToldOf) {
+    GivenToday(u"Party");
+    GivenToday(u"Concert");
+    Desk.Show(ItemKind::Appointment);
+    FolderFaults faults;
+    faults.LockedFrom = 2;
+    ComPtr<IFolder>& folder = Desk.State().Store.CalendarFolder;
+    const ComPtr<IFolder> real = folder;
+    folder = FolderProbe::Make(real, faults);
+    Desk.Device.Tap(220, 20); // "new"
+    Desk.Device.Tap(70, 15);
+    Desk.Device.TypeInto(kEditSubject, u"Dinner");
+    Desk.Device.TapControl(IDOK);
+    Desk.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_THAT(Desk.Boxes(), ElementsAre(kRowMissing));
+    EXPECT_EQ(Desk.Rows().size(), 1U);
+    folder = real;
 }
 
 } // namespace

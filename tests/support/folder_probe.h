@@ -14,6 +14,7 @@ struct FolderFaults {
     Status ItemsResult = Status::Ok;
     Status CountResult = Status::Ok;
     Status RestrictResult = Status::Ok;
+    std::int32_t LockedFrom = 0; // the place from which on items of a restricted collection are Locked; 0: none
     std::vector<std::string>* Calls = nullptr; // where to note that the folder was released for good, if anywhere
     std::vector<std::u16string>* Restrictions = nullptr; // where to note what was asked for, if anywhere
 };
@@ -58,13 +59,23 @@ class ItemsProbe final : public CountedProbe<IPOutlookItemCollection> {
         return Real->get_Count(count);
     }
 
-    Status Item(std::int32_t index, ComPtr<IAppointment>& item) override { return Real->Item(index, item); }
+    Status Item(std::int32_t index, ComPtr<IAppointment>& item) override {
+        const bool isLocked = Faults.LockedFrom != 0 && index >= Faults.LockedFrom;
+        return isLocked ? Status::Locked : Real->Item(index, item);
+    }
 
     Status Restrict(std::u16string_view restriction, ComPtr<IPOutlookItemCollection>& items) override {
         if (Faults.Restrictions != nullptr) {
             Faults.Restrictions->emplace_back(restriction);
         }
-        return Failed(Faults.RestrictResult) ? Faults.RestrictResult : Real->Restrict(restriction, items);
+        if (Failed(Faults.RestrictResult)) {
+            return Faults.RestrictResult;
+        }
+        const Status restricted = Real->Restrict(restriction, items);
+        if (items && Faults.LockedFrom != 0) {
+            items = ComPtr<IPOutlookItemCollection>::Adopt(new ItemsProbe(items, Faults));
+        }
+        return restricted;
     }
 
     Status put_IncludeRecurrences(bool include) override { return Real->put_IncludeRecurrences(include); }
