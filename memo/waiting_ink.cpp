@@ -6,9 +6,10 @@
 namespace tavo {
 
 void WaitingInk::Hold(const InkHome& home, std::span<const std::uint8_t> ink) {
-    const std::u16string before = std::exchange(Name, Host.Ink().HoldInk(EncodeInkHome(home), ink));
-    if (!before.empty()) {
-        Host.Ink().EndRecovered(before, RecoveredInkEnd::Kept);
+    std::u16string held = Host.Ink().HoldInk(EncodeInkHome(home), ink);
+    if (!held.empty()) {
+        LetGo();
+        Name = std::move(held);
     }
 }
 

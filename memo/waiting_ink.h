@@ -20,7 +20,7 @@ class WaitingInk {
     WaitingInk(const WaitingInk&) = delete;
     WaitingInk& operator=(const WaitingInk&) = delete;
 
-    // In place of what it held before. Where nothing can be written it holds nothing.
+    // In place of what it held before. Where nothing can be written it goes on holding that.
     void Hold(const InkHome& home, std::span<const std::uint8_t> ink);
     // It was saved, or nobody wants it.
     void LetGo();
