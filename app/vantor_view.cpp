@@ -167,10 +167,8 @@ std::optional<SYSTEMTIME> CVantorView::SelectedDay() {
         return std::nullopt;
     }
     const CalendarDate selected = CalendarPage->SelectedDate();
-    const SYSTEMTIME day = MidnightOf(selected.Year, selected.Month, selected.Day);
-    DATE date = kNoDate;
-    const bool exists = selected.Day > 0 && Host().Locale().SystemTimeToVariantTime(day, date);
-    return exists ? std::optional(day) : std::nullopt;
+    return CalendarPage->IsDay(selected) ? std::optional(MidnightOf(selected.Year, selected.Month, selected.Day))
+                                         : std::nullopt;
 }
 
 void CVantorView::OpenItem(Oid oid) {

@@ -33,6 +33,9 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
 
     CalendarDate SelectedDate() const { return {SelectedYear, SelectedMonth, SelectedDay}; }
 
+    // Whether there is such a day; by keys one that does not exist can be selected.
+    bool IsDay(const CalendarDate& date) const;
+
     IInkNoteEditor* InkEditor = nullptr; // for the edit dialog; may be absent
 
   protected:
@@ -43,8 +46,7 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
   private:
     // calendar_page.cpp
     void SetToday();
-    int LengthOf(int month) const;              // in days
-    bool IsDay(const CalendarDate& date) const; // of the calendar
+    int LengthOf(int month) const; // in days
     void ComputeGrid();
     void SelectDay(CalendarDate date);
     void ReloadDayList();
