@@ -22,8 +22,8 @@ std::u16string DraftFile::FreePath() const {
     const SYSTEMTIME now = Host.Clock().GetLocalTime();
     std::u16string path;
     for (int number = 1; number <= kMostNames; ++number) {
-        path = FormatText(u"%s\\%04d%02d%02d_%02d%02d%02d_%d.draft", kRecoveryFolder, now.Year, now.Month, now.Day, now.Hour,
-                          now.Minute, now.Second, number);
+        path = FormatText(u"%s\\%04d%02d%02d_%02d%02d%02d_%d.draft", kRecoveryFolder, now.Year, now.Month, now.Day,
+                          now.Hour, now.Minute, now.Second, number);
         if (Host.Files().FindFirstFileW(path) == nullptr) {
             break;
         }
@@ -37,7 +37,8 @@ void DraftFile::Write(const AppointmentDraft& draft) {
         return;
     }
     if (Path.empty()) {
-        static_cast<void>(Host.Files().CreateDirectoryW(kRecoveryFolder)); // what is wrong with it shows when it is written to
+        static_cast<void>(
+            Host.Files().CreateDirectoryW(kRecoveryFolder)); // what is wrong with it shows when it is written to
         Path = FreePath();
     }
     if (Host.Files().WriteWholeFile(Path, bytes) == ErrorCode::Success) {

@@ -111,8 +111,9 @@ Status Journal::FindUndoable(std::int64_t& group, std::u16string& name) {
 
 Status Journal::ReadChangeBefore(std::int64_t group, std::int64_t& step, std::optional<JournalChange>& change) {
     change.reset();
-    Query query(Source, "SELECT step, kind, oid, last_oid, image, sum IS row_sum(group_id, step, kind, oid, last_oid, image)"
-                        " FROM journal_change WHERE group_id = ? AND step < ? AND kind <> ? ORDER BY step DESC LIMIT 1");
+    Query query(Source,
+                "SELECT step, kind, oid, last_oid, image, sum IS row_sum(group_id, step, kind, oid, last_oid, image)"
+                " FROM journal_change WHERE group_id = ? AND step < ? AND kind <> ? ORDER BY step DESC LIMIT 1");
     if (query.Bind(group).Bind(step).Bind(static_cast<std::int64_t>(ChangeKind::Note)).Next()) {
         if (query.Small(5) == 0) {
             return Status::Corrupt; // what it would bring back would be taken for good from then on
