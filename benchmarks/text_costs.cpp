@@ -21,6 +21,7 @@ constexpr int kRuns = 5;
 struct Sample {
     const char* Script;
     std::u16string_view Phrase;
+    char16_t First = 0; // instead of a phrase: from here on each character once
 };
 
 constexpr Sample kSamples[] = {
@@ -30,6 +31,8 @@ constexpr Sample kSamples[] = {
     {"Cyrillic", u"\u0423\u0436\u0438\u043D \u0441 \u0431\u0430\u0431\u0443\u0448\u043A\u043E\u0439 \u20AC "},
     {"Han and kana",
      u"\u4F1A\u8B70\u306F\u6765\u9031\u306E\u6708\u66DC\u65E5\u306B\u5909\u66F4\u3055\u308C\u307E\u3057"},
+    {"Ideographs, each once", {}, 0x4E00},
+    {"Hangul, each once", {}, 0xAC00},
     {"Hebrew", u"\u05D0\u05E8\u05D5\u05D7\u05EA \u05E2\u05E8\u05D1 \u05E2\u05DD \u05E1\u05D1\u05EA\u05D0 "},
     {"Arabic", u"\u0627\u0644\u0639\u0634\u0627\u0621 \u0645\u0639 \u0627\u0644\u062C\u062F\u0629 \u064A\u0648\u0645 "},
     {"Thai",
@@ -39,13 +42,22 @@ constexpr Sample kSamples[] = {
     {"Tabs and line feeds", u"Call\tMum\nsoon "},
 };
 
-long long MeasureOnce(std::u16string_view phrase) {
+std::u16string MakeText(const Sample& sample) {
     std::u16string text;
     while (text.size() < kUnits) {
-        text += phrase;
+        if (sample.Phrase.empty()) {
+            text += static_cast<char16_t>(sample.First + text.size());
+        } else {
+            text += sample.Phrase;
+        }
     }
     text.resize(kUnits);
-    qt::Font font({u"Arial", -13, 0, 400});
+    return text;
+}
+
+// Each time in another size: the toolkit knows no width of it yet.
+long long MeasureOnce(const std::u16string& text, int run) {
+    qt::Font font({u"Arial", -13 - run, 0, 400});
     (void)font.LineHeight(); // loads it
     const long long begin = ReadProcessorTime();
     (void)font.Ends(text);
@@ -64,9 +76,10 @@ int main(int argc, char** argv) {
         return 1;
     }
     for (const Sample& sample : kSamples) {
+        const std::u16string text = MakeText(sample);
         std::vector<long long> runs;
         for (int run = 0; run < kRuns; ++run) {
-            runs.push_back(MeasureOnce(sample.Phrase));
+            runs.push_back(MeasureOnce(text, run));
         }
         std::printf("%s\t%lld\n", sample.Script, Median(runs));
     }

@@ -1,6 +1,8 @@
 // Measuring parts of texts, each once.
 #include "host/qt/character_widths.h"
 
+#include "host/qt/ideographs.h"
+
 #include <QFontMetricsF>
 #include <QTextBoundaryFinder>
 #include <QTextLayout>
@@ -13,7 +15,8 @@ namespace {
 
 constexpr std::size_t kMostKnown = 20'000;
 constexpr std::size_t kLongestWord = 64;
-constexpr char32_t kTatweel = 0x0640; // stretches a word of Arabic and belongs to no script
+constexpr std::size_t kManyIdeographs = 64; // of one kind in a text: fewer are laid out sooner than found alike
+constexpr char32_t kTatweel = 0x0640;       // stretches a word of Arabic and belongs to no script
 
 std::u16string_view ViewOf(const QString& text) {
     return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
@@ -80,10 +83,42 @@ bool IsBlank(std::u16string_view part) {
     return QChar::isSpace(FirstOf(part));
 }
 
+IdeographKind KindOfPart(std::u16string_view part) {
+    const char32_t first = FirstOf(part);
+    return part.size() == (first > 0xFFFF ? 2U : 1U) ? KindOfIdeograph(first) : IdeographKind::None;
+}
+
+// Puts the first ideograph of a kind in the place of those that are as wide: laying out is what takes long, and a text
+// may have thousands of different ones.
+void ReplaceAlike(const QFont& font, IdeographKind kind, std::vector<std::u16string_view>& parts) {
+    QString ideographs;
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (KindOfPart(parts[i]) == kind) {
+            ideographs += QStringView(parts[i].data(), static_cast<qsizetype>(parts[i].size()));
+            places.push_back(i);
+        }
+    }
+    if (places.size() < kManyIdeographs) {
+        return;
+    }
+    const std::vector<bool> alike = FindAsWideAsFirst(font, ideographs);
+    for (std::size_t i = 0; i < std::min(alike.size(), places.size()); ++i) {
+        if (alike[i]) {
+            parts[places[i]] = parts[places.front()];
+        }
+    }
+}
+
 } // namespace
 
 std::vector<double> CharacterWidths::FindEnds(const QString& text) {
-    const std::vector<std::u16string_view> parts = SplitParts(text);
+    std::vector<std::u16string_view> parts = SplitParts(text);
+    if (parts.size() >= kManyIdeographs) {
+        for (const IdeographKind kind : {IdeographKind::Hangul, IdeographKind::Han, IdeographKind::RareHan}) {
+            ReplaceAlike(Found, kind, parts);
+        }
+    }
     std::vector<std::u16string_view> unknown;
     if (Known.size() > kMostKnown) {
         Known.clear();

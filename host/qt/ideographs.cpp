@@ -1,0 +1,114 @@
+// Reading the widths that a font file states.
+#include "host/qt/ideographs.h"
+
+#include <QByteArray>
+#include <QGlyphRun>
+#include <QRawFont>
+#include <QTextLayout>
+#include <QtEndian>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+namespace tavo::qt {
+namespace {
+
+constexpr qsizetype kSampled = 8;            // characters that are laid out, to see which file they come from
+constexpr double kSameWidth = 1.0 / 64;      // the toolkit's own step
+constexpr qsizetype kWidthsCountOffset = 34; // of numberOfHMetrics in the hhea table
+constexpr qsizetype kWidthsStep = 4;         // from one glyph's width to the next in the hmtx table
+
+// The widths of a font file's glyphs, in its own units.
+class StatedWidths {
+  public:
+    explicit StatedWidths(const QRawFont& font) : Table(font.fontTable("hmtx")) {
+        const QByteArray header = font.fontTable("hhea");
+        if (header.size() >= kWidthsCountOffset + 2) {
+            Count = std::min<qsizetype>(qFromBigEndian<quint16>(header.constData() + kWidthsCountOffset),
+                                        Table.size() / kWidthsStep);
+        }
+    }
+
+    // Of all glyphs from the last that has one on, it is the last's. Nothing for a glyph that stands for none.
+    std::optional<std::uint16_t> Find(quint32 glyph) const {
+        if (glyph == 0 || Count == 0) {
+            return std::nullopt;
+        }
+        const qsizetype row = std::min<qsizetype>(glyph, Count - 1);
+        return qFromBigEndian<quint16>(Table.constData() + row * kWidthsStep);
+    }
+
+  private:
+    QByteArray Table;
+    qsizetype Count = 0;
+};
+
+// The first few characters as the toolkit draws them. Nothing when they come from several files.
+std::optional<QGlyphRun> LayOutSample(const QFont& font, const QString& ideographs) {
+    qsizetype end = std::min(kSampled, ideographs.size());
+    if (ideographs[end - 1].isHighSurrogate()) {
+        --end;
+    }
+    QTextLayout layout(ideographs.left(end), font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    option.setUseDesignMetrics(true);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    (void)layout.createLine();
+    layout.endLayout();
+    const QList<QGlyphRun> runs = layout.glyphRuns();
+    return runs.size() == 1 ? std::optional(runs.front()) : std::nullopt;
+}
+
+// Whether the glyphs stand one width apart, and the file states one width for all of them.
+bool IsEven(const QGlyphRun& sample, const StatedWidths& widths) {
+    const QList<quint32> glyphs = sample.glyphIndexes();
+    const QList<QPointF> places = sample.positions();
+    const std::optional<std::uint16_t> stated = widths.Find(glyphs.front());
+    for (qsizetype i = 1; i < glyphs.size(); ++i) {
+        const double distance = places[i].x() - places[i - 1].x();
+        if (widths.Find(glyphs[i]) != stated || std::abs(distance - (places[1].x() - places[0].x())) > kSameWidth) {
+            return false;
+        }
+    }
+    return stated.has_value();
+}
+
+} // namespace
+
+IdeographKind KindOfIdeograph(char32_t character) {
+    if (character >= 0xAC00 && character <= 0xD7A3) {
+        return IdeographKind::Hangul;
+    }
+    if ((character >= 0x4E00 && character <= 0x9FFF) || (character >= 0x3400 && character <= 0x4DBF)) {
+        return IdeographKind::Han;
+    }
+    return character >= 0x20000 && character <= 0x3FFFD ? IdeographKind::RareHan : IdeographKind::None;
+}
+
+std::vector<bool> FindAsWideAsFirst(const QFont& font, const QString& ideographs) {
+    const std::optional<QGlyphRun> sample = LayOutSample(font, ideographs);
+    if (!sample || sample->glyphIndexes().isEmpty()) {
+        return {};
+    }
+    const QRawFont file = sample->rawFont();
+    const StatedWidths widths(file);
+    const QList<quint32> glyphs = file.glyphIndexesForString(ideographs);
+    const QList<quint32> sampled = sample->glyphIndexes();
+    if (!IsEven(*sample, widths) || glyphs.first(sampled.size()) != sampled) {
+        return {};
+    }
+    const std::optional<std::uint16_t> first = widths.Find(glyphs.front());
+    std::vector<bool> alike;
+    alike.reserve(static_cast<std::size_t>(glyphs.size()));
+    for (const quint32 glyph : glyphs) {
+        alike.push_back(widths.Find(glyph) == first);
+    }
+    return alike;
+}
+
+} // namespace tavo::qt

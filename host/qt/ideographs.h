@@ -1,0 +1,22 @@
+// Measuring the characters of scripts that have thousands of them, without loading the outline of each.
+#pragma once
+
+#include <QFont>
+#include <QString>
+
+#include <vector>
+
+namespace tavo::qt {
+
+// The ideographs and syllables of Han and Hangul, by what mostly comes from one font file. None stands in for any other
+// character: one glyph each, whatever its neighbours.
+enum class IdeographKind { None, Hangul, Han, RareHan };
+
+IdeographKind KindOfIdeograph(char32_t character);
+
+// Which of these ideographs, all of one kind, are as wide as the first, in the order of the text: those that the same
+// font file has, and for which it states the same width. The others are to be laid out, as are all where the result is
+// empty: the toolkit chose several files for the first few, or none has them.
+std::vector<bool> FindAsWideAsFirst(const QFont& font, const QString& ideographs);
+
+} // namespace tavo::qt
