@@ -38,20 +38,27 @@ def files_read(entry):
     return sorted({os.path.join(entry["directory"], name) for name in shlex.split(rule)})
 
 
+def rules_for(file, root):
+    """What holds for this file: the rules of its own folder and of all that are around it."""
+    folders = [folder for folder in Path(file).parents if folder == root or folder.is_relative_to(root)]
+    found = [folder / ".clang-tidy" for folder in folders]
+    return "".join(path.read_text() for path in found if path.exists())
+
+
 class Verdicts:
     """What was said of files that were found good, by the contents of everything that the judgement rests on."""
 
-    def __init__(self, folder, rules):
+    def __init__(self, folder, version):
         self.folder = folder
         self.folder.mkdir(exist_ok=True)
-        self.rules = rules
+        self.version = version
 
-    def place(self, entry):
+    def place(self, entry, rules):
         """Where the verdict on this entry is kept, or None where it cannot be told what it rests on."""
         read = files_read(entry)
         if not read:
             return None
-        text = "\n".join([self.rules, entry["command"], *(f"{name} {digest_of(name)}" for name in read)])
+        text = "\n".join([self.version, rules, entry["command"], *(f"{name} {digest_of(name)}" for name in read)])
         return self.folder / hashlib.sha256(text.encode()).hexdigest()
 
 
@@ -72,10 +79,10 @@ def main(arguments):
 
     entry_of = {os.path.normpath(os.path.join(entry["directory"], entry["file"])): entry for entry in commands}
     version = subprocess.run(["clang-tidy", "--version"], capture_output=True, text=True).stdout
-    verdicts = Verdicts(build / "tidy", version + (root / ".clang-tidy").read_text())
+    verdicts = Verdicts(build / "tidy", version)
 
     def judge(file):
-        place = verdicts.place(entry_of[file])
+        place = verdicts.place(entry_of[file], rules_for(file, root))
         if place and place.exists():
             return subprocess.CompletedProcess([], 0, place.read_text(), "")
         result = subprocess.run(["clang-tidy", "-p", str(build), "--quiet", file], cwd=root, capture_output=True, text=True)

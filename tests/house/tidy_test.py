@@ -72,6 +72,14 @@ class TidyCheck(MadeUpTree):
         self.judge()
         self.assertEqual(self.times_asked(), 3)
 
+    def test_TheRulesOfItsOwnFolderCountToo(self):
+        self.judge()
+        self.write("host/.clang-tidy", "Checks: '-performance-*'\n")
+        self.judge()
+        self.write("app/.clang-tidy", "Checks: '-performance-*'\n")
+        self.judge()
+        self.assertEqual(self.times_asked(), 2)
+
     def test_WhereTheCompilerCannotTellWhatItReadsEachRunJudges(self):
         self.write("tools/clang++", "#!/bin/sh\nexit 1\n")
         self.judge()
