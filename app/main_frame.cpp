@@ -10,7 +10,7 @@
 namespace tavo {
 
 CMainFrame::CMainFrame(CMessagePump& pump, CProgramState& state, ICommandTarget& commands)
-    : CWindow(pump), FormView(pump, state, commands) {}
+    : CWindow(pump), Commands(commands), FormView(pump, state, commands) {}
 
 CMainFrame::~CMainFrame() {
     Pump().SetMainWindow(WindowHandle::None);
@@ -22,6 +22,7 @@ const MessageMap& CMainFrame::Messages() {
         On<&CMainFrame::Quit>(WM_QUERYENDSESSION),
         On<&CMainFrame::TakeStoreChange>(WM_STORECHANGED),
         On<&CMainFrame::OpenItem>(WM_OPENITEM),
+        On<&CMainFrame::ImportFiles>(WM_IMPORTFILES),
     };
     static const MessageMap map{entries, &CWindow::Messages()};
     return map;
@@ -59,6 +60,10 @@ void CMainFrame::TakeStoreChange() {
 
 void CMainFrame::OpenItem(int oid) {
     FormView.OpenItem(oid);
+}
+
+void CMainFrame::ImportFiles() {
+    Commands.ImportFiles();
 }
 
 } // namespace tavo

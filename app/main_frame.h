@@ -30,7 +30,9 @@ class CMainFrame : public CWindow {
     void CloseView();
     void TakeStoreChange();
     void OpenItem(int oid);
+    void ImportFiles();
 
+    ICommandTarget& Commands;
     CVantorDoc OwnDocument;
     bool IsQuitting = false;
     CVantorView FormView;

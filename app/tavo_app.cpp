@@ -2,6 +2,7 @@
 #include "app/tavo_app.h"
 
 #include "app/about_dialog.h"
+#include "app/file_import.h"
 #include "app/start.h"
 #include "memo/memo_undo.h"
 #include "memo/moving_memos.h"
@@ -23,7 +24,7 @@ constexpr std::u16string_view kUndoCaption = u"Undo";
 constexpr std::u16string_view kNotUndone = u"The last step could not be undone.";
 } // namespace
 
-CTavoApp::CTavoApp(IHost& host) : Device(host), Pump(host), State(Pump) {}
+CTavoApp::CTavoApp(IHost& host, ICalendarImport* files) : Device(host), Files(files), Pump(host), State(Pump) {}
 
 CTavoApp::Start CTavoApp::InitInstance() {
     if (ActivateRunningCopy()) {
@@ -107,8 +108,14 @@ void CTavoApp::Undo() {
     }
 }
 
-int RunTavoCalendar(IHost& host) {
-    CTavoApp app(host);
+void CTavoApp::ImportFiles() {
+    if (Files != nullptr && ImportCalendarFiles(State, *Files)) {
+        Frame->View().PostChangeNotice();
+    }
+}
+
+int RunTavoCalendar(IHost& host, ICalendarImport* files) {
+    CTavoApp app(host, files);
     const CTavoApp::Start start = app.InitInstance();
     int status = start == CTavoApp::Start::Failed ? kStartFailed : 0;
     if (start == CTavoApp::Start::Running) {

@@ -3,6 +3,7 @@
 
 #include "app/main_frame.h"
 #include "framework/message_pump.h"
+#include "platform/calendar_import.h"
 #include "store/program_state.h"
 
 #include <memory>
@@ -11,7 +12,8 @@ namespace tavo {
 
 class CTavoApp final : public ICommandTarget {
   public:
-    explicit CTavoApp(IHost& host);
+    // `files` may be absent: nothing is imported then.
+    explicit CTavoApp(IHost& host, ICalendarImport* files = nullptr);
 
     // Whether this copy runs on. HandedOver: another one does, and was brought forward. Failed: no screen to be had.
     enum class Start { Running, HandedOver, Failed };
@@ -30,8 +32,10 @@ class CTavoApp final : public ICommandTarget {
     // Takes the last step back, with a display where it takes long.
     void Undo();
     void TakeCommand(int command) override;
+    void ImportFiles() override;
 
     IHost& Device;
+    ICalendarImport* Files;
     CMessagePump Pump;
     CProgramState State;
     std::unique_ptr<CMainFrame> Frame;

@@ -20,6 +20,8 @@ namespace tavo {
 class ICommandTarget {
   public:
     virtual void TakeCommand(int command) = 0;
+    // Calendar files were opened with the program.
+    virtual void ImportFiles() = 0;
 
   protected:
     ~ICommandTarget() = default;

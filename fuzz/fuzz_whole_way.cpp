@@ -1,12 +1,12 @@
 // Goes the whole way of a calendar from outside: a file made by a grammar from any bytes is imported, its store opened
 // again, listed in long and short spans, searched for reminders and checked.
 #include "host/exchange/calendar_file.h"
+#include "host/exchange/store_sink.h"
 #include "host/outlook/diagnosis.h"
 #include "host/outlook/occurrence_reader.h"
 #include "host/outlook/restriction.h"
 #include "host/outlook/store_core.h"
 #include "host/reminders/reminder_finder.h"
-#include "tools/store_sink.h"
 
 #include <unistd.h>
 
@@ -259,7 +259,7 @@ void Import(const StorePtr& store, const std::string& text) {
     exchange::MemorySource source(text);
     ImportWriter writer(store);
     Require(Succeeded(writer.Begin(u"Import")));
-    tools::StoreSink sink(writer, std::nullopt, [](std::int64_t) { return true; });
+    exchange::StoreSink sink(writer, std::nullopt, [](std::int64_t) { return true; });
     exchange::FileFault fault;
     if (exchange::ReadCalendarFile(source, sink, fault) == exchange::FileOutcome::Read) {
         Require(Succeeded(writer.Commit()));

@@ -1,6 +1,7 @@
 // tavo import: brings calendar files into the store, each whole or not at all.
 #include "host/exchange/calendar_file.h"
-#include "host/exchange/calendar_text.h"
+#include "host/exchange/import_words.h"
+#include "host/exchange/store_sink.h"
 #include "host/locale/harmless_text.h"
 #include "tools/commands.h"
 #include "tools/device.h"
@@ -8,17 +9,19 @@
 #include "tools/interruption.h"
 #include "tools/output.h"
 #include "tools/progress_bar.h"
-#include "tools/store_sink.h"
 #include "tools/tag_file.h"
 
 #include <cstdio>
-#include <filesystem>
 
 namespace tavo::tools {
 namespace {
 
+using exchange::CountOf;
 using exchange::FileFault;
 using exchange::FileOutcome;
+using exchange::ImportCounts;
+using exchange::Refusal;
+using exchange::StoreSink;
 using outlook::ImportWriter;
 
 // What is true when the process is ended at once.
@@ -46,10 +49,6 @@ std::optional<TagList> ChooseList(ImportTag tag) {
 void ComplainAbout(const std::string& path, int line, const std::string& reason) {
     const std::string place = line > 0 ? path + ':' + std::to_string(line) : path;
     std::fprintf(stderr, "%s\n", locale::MakeHarmless(place + ": " + reason).c_str());
-}
-
-std::string CountOf(int number, const char* one, const char* several) {
-    return std::to_string(number) + " " + (number == 1 ? one : several);
 }
 
 // The import of all files of one command.
@@ -105,8 +104,7 @@ class Import {
             return;
         }
         ImportWriter writer(Store);
-        const std::string name = std::filesystem::path(file.Path).filename().string();
-        StoreStatus = writer.Begin(u"Import of " + exchange::DecodeText(name));
+        StoreStatus = writer.Begin(exchange::NameImport(file.Path));
         if (Failed(StoreStatus)) {
             return;
         }
@@ -175,16 +173,13 @@ class Import {
 
 std::string Summarise(const Import& import, std::size_t files) {
     const ImportCounts& counts = import.GetCounts();
-    std::string text = std::to_string(counts.New) + " new, " + std::to_string(counts.Changed) + " changed, " +
-                       std::to_string(counts.Unchanged) + " unchanged, " + std::to_string(counts.Refused) + " refused";
+    std::string text = exchange::DescribeCounts(counts);
     if (files != 1) {
         text += " in " + CountOf(import.GetGoodFiles(), "file", "files");
     }
     text += ".\n";
-    if (counts.PassedOver > 0) {
-        text +=
-            CountOf(counts.PassedOver, "task, note or cancelled event was", "tasks, notes or cancelled events were") +
-            " passed over.\n";
+    if (const std::string passed = exchange::DescribePassedOver(counts); !passed.empty()) {
+        text += passed + "\n";
     }
     if (import.GetBrokenFiles() > 0) {
         text += CountOf(import.GetBrokenFiles(), "file", "files") + " could not be imported.\n";

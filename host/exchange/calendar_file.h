@@ -3,7 +3,11 @@
 
 #include "host/exchange/byte_source.h"
 #include "host/exchange/entry_sink.h"
+#include "host/exchange/event_reader.h"
+#include "host/exchange/file_survey.h"
 #include "host/exchange/piece_reader.h"
+
+#include <memory>
 
 namespace tavo::exchange {
 
@@ -16,5 +20,51 @@ enum class FileOutcome {
 // Reads the file twice: first its zones, doubled entries and single occurrences are found, for they may stand anywhere;
 // then each entry is read and given to the sink. Broken: `fault` names line and reason.
 FileOutcome ReadCalendarFile(IByteSource& source, IEntrySink& sink, FileFault& fault);
+
+enum class ReadStep {
+    More,
+    Done,   // this time through the file
+    Broken, // as above; nothing more can be read, and so after Stopped
+    Stopped,
+};
+
+// The same, one entry at a time.
+class CalendarFileReader {
+  public:
+    // Both must outlive it.
+    CalendarFileReader(IByteSource& source, IEntrySink& sink);
+
+    // The first time through; the sink is only asked whether to go on.
+    ReadStep SurveyNext();
+    // The second time, once the first is done. A series takes its single occurrences with it.
+    ReadStep ReadNext();
+
+    // How many entries there are, once they are surveyed: a series with its single occurrences is one of them.
+    int CountEntries() const { return Survey.CountEntries(); }
+
+    // The bytes done, of this time through.
+    std::int64_t GetOffset() const { return Offset; }
+
+    // After Broken.
+    const FileFault& GetFault() const { return Fault; }
+
+  private:
+    ReadStep ReadEvent();
+    ReadStep PassOver();
+    ReadStep Refuse(Reading reading, const FileFault& fault);
+    ReadStep AddOccurrences();
+    ReadStep ReadOccurrence();
+
+    IByteSource& Source;
+    IEntrySink& Sink;
+    FileFault Fault;
+    ZoneTable Zones;
+    EventReader Events;
+    FileSurvey Survey;
+    std::unique_ptr<PieceReader> Pieces; // never null
+    CalendarPiece Piece;
+    EventEntry Entry;
+    std::int64_t Offset = 0;
+};
 
 } // namespace tavo::exchange

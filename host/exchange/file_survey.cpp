@@ -44,28 +44,17 @@ EventMarks FindMarks(const CalendarPiece& piece) {
 
 } // namespace
 
-bool FileSurvey::Take(PieceReader& reader, ZoneTable& zones, const std::function<bool()>& goOn, FileFault& fault) {
-    CalendarPiece piece;
-    fault = {};
-    while (goOn()) {
-        switch (reader.Read(piece)) {
-        case ReadResult::End:
-            CloseMasters();
-            return true;
-        case ReadResult::Fault:
-            fault = reader.GetFault();
-            return false;
-        case ReadResult::Piece:
-            break;
-        }
-        if (piece.Kind == PieceKind::TimeZone && !zones.Add(piece, fault)) {
-            return false;
-        }
-        if (piece.Kind == PieceKind::Event) {
-            AddEvent(piece);
-        }
+bool FileSurvey::Take(const CalendarPiece& piece, ZoneTable& zones, FileFault& fault) {
+    switch (piece.Kind) {
+    case PieceKind::TimeZone:
+        return zones.Add(piece, fault);
+    case PieceKind::Event:
+        AddEvent(piece);
+        return true;
+    case PieceKind::Other:
+        return true;
     }
-    return false;
+    return true;
 }
 
 void FileSurvey::AddEvent(const CalendarPiece& piece) {
@@ -78,13 +67,15 @@ void FileSurvey::AddEvent(const CalendarPiece& piece) {
     }
 }
 
-void FileSurvey::CloseMasters() {
+void FileSurvey::Close() {
     std::sort(Masters.begin(), Masters.end(), [](const Master& a, const Master& b) {
         return std::tie(a.UidHash, a.Sequence, a.Line) < std::tie(b.UidHash, b.Sequence, b.Line);
     });
+    std::size_t doubled = 0;
     for (std::size_t index = 1; index < Masters.size(); ++index) {
         if (Masters[index].UidHash == Masters[index - 1].UidHash) {
             Winners[Masters[index].UidHash] = Masters[index].Line; // the last of the run stays
+            ++doubled;
         }
     }
     std::unordered_set<std::uint64_t> changed;
@@ -96,6 +87,11 @@ void FileSurvey::CloseMasters() {
             SeriesOfOccurrences.insert(master.UidHash);
         }
     }
+    std::size_t entries = Masters.size() - doubled;
+    for (const auto& [uid, places] : Occurrences) {
+        entries += HasSeries(uid) ? 0 : places.size();
+    }
+    EntryCount = static_cast<int>(entries);
     Masters = {};
 }
 

@@ -4,7 +4,6 @@
 #include "host/exchange/event_reader.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -19,9 +18,10 @@ struct PiecePlace {
 
 class FileSurvey {
   public:
-    // Reads the file through. False when it is broken; and, with a fault that says nothing, when `goOn`, which is asked
-    // often, does not want to.
-    bool Take(PieceReader& reader, ZoneTable& zones, const std::function<bool()>& goOn, FileFault& fault);
+    // Takes note of an entry, or of a zone. False when it cannot be read: the file is broken then.
+    bool Take(const CalendarPiece& piece, ZoneTable& zones, FileFault& fault);
+    // After the last of them; what follows can be asked from then on.
+    void Close();
 
     // The single occurrences of a series, in the file's order.
     const std::vector<PiecePlace>& FindOccurrences(const std::string& uid) const;
@@ -30,6 +30,9 @@ class FileSurvey {
     // Of entries with the same UID one counts: the one with the highest SEQUENCE, of these the last. The line of the
     // one that counts instead of that in `line`; 0 when it is that one.
     int FindBetter(const std::string& uid, int line) const;
+
+    // Those that are, or may become, an item each.
+    int CountEntries() const { return EntryCount; }
 
   private:
     struct Master {
@@ -40,12 +43,12 @@ class FileSurvey {
     };
 
     void AddEvent(const CalendarPiece& piece);
-    void CloseMasters();
 
     std::vector<Master> Masters; // emptied once the two below are known
     std::unordered_map<std::uint64_t, int> Winners;
     std::unordered_set<std::uint64_t> SeriesOfOccurrences;
     std::unordered_map<std::string, std::vector<PiecePlace>> Occurrences;
+    int EntryCount = 0;
 };
 
 } // namespace tavo::exchange

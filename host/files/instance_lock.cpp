@@ -11,6 +11,8 @@
 #include <cmath>
 #include <cstdint>
 #include <ctime>
+#include <filesystem>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -27,7 +29,8 @@ constexpr off_t kWindowByte = 0;
 constexpr off_t kDataByte = 1;
 constexpr std::chrono::milliseconds kBetweenTries{20};
 constexpr std::size_t kLongestToken = 4096;
-constexpr std::size_t kLongestOid = 16; // and what is between
+constexpr std::size_t kLongestOid = 16;           // and what is between
+constexpr std::size_t kLongestImport = 1'000'000; // bytes of all paths
 constexpr char kBetween = '\n';
 constexpr double kItemPatience = 60; // seconds; who asked has given up by then
 
@@ -42,6 +45,13 @@ std::string RequestPath(const std::string& runFolder) {
 // A file of its own: a start that is handed over at the same moment does not take its place.
 std::string ItemPath(const std::string& runFolder) {
     return runFolder + "/OpenItem";
+}
+
+// One for each process that asks: none takes the place of another's.
+constexpr std::string_view kImportPrefix = "Import.";
+
+std::string ImportPath(const std::string& runFolder) {
+    return runFolder + '/' + std::string(kImportPrefix) + std::to_string(getpid());
 }
 
 // Also not of a time to come: the clock was set back, and nobody knows how long ago that was.
@@ -77,6 +87,38 @@ std::optional<std::string> TakeFile(const std::string& path) {
     if (unlink(path.c_str()) != 0)
         return std::nullopt; // a request that cannot be removed would come again without end
     return std::string(bytes.begin(), bytes.end());
+}
+
+// Takes one process's request for an import.
+void TakeImport(const std::string& path, std::vector<std::string>& files) {
+    const bool isWanted = IsYoung(path);
+    std::vector<std::uint8_t> bytes;
+    const bool isRead = ReadFile(path, kLongestImport, bytes) == ErrorCode::Success;
+    if (unlink(path.c_str()) != 0 || !isRead || !isWanted)
+        return;
+    std::string_view rest(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    while (!rest.empty()) {
+        const std::size_t end = std::min(rest.find('\0'), rest.size());
+        if (rest.front() == '/') // it was written by somebody else's program otherwise
+            files.emplace_back(rest.substr(0, end));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+}
+
+std::vector<std::string> TakeImports(const std::string& runFolder) {
+    std::vector<std::string> requests;
+    std::error_code error; // without the folder there are no requests
+    for (std::filesystem::directory_iterator entry(runFolder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        if (entry->path().filename().string().starts_with(kImportPrefix))
+            requests.push_back(entry->path().string());
+    }
+    std::sort(requests.begin(), requests.end());
+    std::vector<std::string> files;
+    for (const std::string& request : requests) {
+        TakeImport(request, files);
+    }
+    return files;
 }
 
 struct flock WriteLockOf(off_t byte) {
@@ -165,6 +207,21 @@ ErrorCode InstanceLock::RequestItem(const std::string& runFolder, std::int32_t o
     return WriteRequest(ItemPath(runFolder), text);
 }
 
+ErrorCode InstanceLock::RequestImport(const std::string& runFolder, const std::vector<std::string>& paths) {
+    std::string text;
+    for (const std::string& path : paths) {
+        text.append(path).append(1, '\0');
+    }
+    if (text.size() > kLongestImport)
+        return ErrorCode::CannotComplete;
+    (void)mkdir(runFolder.c_str(), 0700); // when it is missing and cannot be made, the request tells
+    return WriteRequest(ImportPath(runFolder), text);
+}
+
+void InstanceLock::DropImport(const std::string& runFolder) {
+    (void)unlink(ImportPath(runFolder).c_str()); // mostly it was taken
+}
+
 ErrorCode InstanceLock::WatchActivation() {
     Watch = FileDescriptor(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
     if (!Watch || inotify_add_watch(Watch.Get(), RunFolder.c_str(), IN_MOVED_TO | IN_ONLYDIR) < 0) {
@@ -183,10 +240,11 @@ std::optional<ActivationRequest> InstanceLock::TakeActivation() {
     const bool isItemWanted = IsYoung(ItemPath(RunFolder));
     const std::optional<std::string> item = TakeFile(ItemPath(RunFolder));
     const std::optional<std::string> token = TakeFile(RequestPath(RunFolder));
+    std::vector<std::string> imports = TakeImports(RunFolder);
     const bool hasItem = isItemWanted && item.has_value();
-    if (!hasItem && !token)
+    if (!hasItem && !token && imports.empty())
         return std::nullopt;
-    ActivationRequest request{token.value_or(""), 0};
+    ActivationRequest request{token.value_or(""), 0, std::move(imports)};
     if (hasItem) {
         std::string itemToken;
         request.Item = ParseItem(*item, itemToken);

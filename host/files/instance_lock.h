@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tavo::files {
 
@@ -26,8 +27,9 @@ enum class LockOutcome {
 
 // What brings the running program forward.
 struct ActivationRequest {
-    std::string Token;     // the desktop's activation token, perhaps empty
-    std::int32_t Item = 0; // OID of the item to show, or 0
+    std::string Token;                   // the desktop's activation token, perhaps empty
+    std::int32_t Item = 0;               // OID of the item to show, or 0
+    std::vector<std::string> Files = {}; // paths of calendar files to import
 };
 
 // Record locks of an open file: they end with the process, however it ends, and asking about them takes nothing away.
@@ -55,6 +57,12 @@ class InstanceLock {
     // Asks for an item, of a program that runs or is about to be started. Forgotten when nobody takes it in a minute.
     // `token` as above, perhaps empty.
     static ErrorCode RequestItem(const std::string& runFolder, std::int32_t oid, std::string_view token);
+
+    // Asks to import files, of a program that runs or is about to be started; forgotten like an item. Absolute paths.
+    // CannotComplete: they are more than a million bytes.
+    static ErrorCode RequestImport(const std::string& runFolder, const std::vector<std::string>& paths);
+    // Takes back what this process asked for, if nobody has taken it yet.
+    static void DropImport(const std::string& runFolder);
 
     // For the first: from now on ActivationFd is readable when a request arrives. Look once with TakeActivation right
     // after this call, because a request may have come before it.

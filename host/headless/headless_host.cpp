@@ -28,6 +28,7 @@ HeadlessHost::HeadlessHost(const DeviceOptions& options)
         Papers.NoteShown();
         Papers.SaveRecovery();
         Items.Follow();
+        Opened.Follow();
         return !State.Posted.IsEmpty();
     });
 }

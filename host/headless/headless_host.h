@@ -9,6 +9,7 @@
 #include "host/ink/ink_desk.h"
 #include "host/locale/us_english_locale.h"
 #include "host/shell/control_input.h"
+#include "host/shell/file_request.h"
 #include "host/shell/item_request.h"
 #include "host/shell/key_input.h"
 #include "host/shell/shell_controls.h"
@@ -81,6 +82,7 @@ class HeadlessHost : public IHost {
     shell::KeyInput Keys{State, Navigation};
     shell::ControlInput ControlActions{State};
     shell::ItemRequest Items{State};
+    shell::FileRequest Opened{State};
     ink::InkDesk Papers{State};
     RecordedProcesses ProcessCalls;
     RecordedRegistry RegistryCalls;

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 
 namespace tavo::qt {
 namespace {
@@ -23,11 +25,19 @@ std::optional<std::string_view> FindToolkitOption(std::string_view word) {
     return found == kToolkitOptions.end() ? std::nullopt : std::optional(*found);
 }
 
+// The copy that runs may have been started elsewhere. Nothing for no name, or where nobody knows the folder.
+std::optional<std::string> MakeAbsolute(std::string_view name) {
+    std::error_code error;
+    const std::filesystem::path path = std::filesystem::absolute(name, error);
+    return name.empty() || error ? std::nullopt : std::optional(path.string());
+}
+
 } // namespace
 
 const std::string_view kHelpText = R"(Tavo Calendar: appointments, alarms and handwritten notes.
 
   tavocalendar               opens the calendar; one that is open already comes forward
+  tavocalendar FILE...       the same, and asks whether to import these calendar files (iCalendar, .ics)
   tavocalendar --help        shows this
   tavocalendar --version     shows the version
 
@@ -58,7 +68,11 @@ CommandLine ReadCommandLine(std::span<char* const> arguments) {
         if (word.starts_with('-')) {
             return Refuse("There is no option " + std::string(word) + ".");
         }
-        return Refuse("It takes no " + std::string(word) + ". A calendar file is imported by: tavo import FILE.");
+        std::optional<std::string> file = MakeAbsolute(word);
+        if (!file) {
+            return Refuse("There is no file without a name.");
+        }
+        line.Files.push_back(std::move(*file));
     }
     return line;
 }

@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tavo::qt {
 
@@ -11,11 +12,13 @@ struct CommandLine {
     enum class Wish { Run, Help, Version, Refusal };
 
     Wish Wanted = Wish::Run;
-    std::string Problem = {};   // of a refusal, one sentence
-    bool NamesPlatform = false; // the toolkit is told what to show its windows on
+    std::string Problem = {};            // of a refusal, one sentence
+    bool NamesPlatform = false;          // the toolkit is told what to show its windows on
+    std::vector<std::string> Files = {}; // calendar files to be imported, as absolute paths
 };
 
-// `arguments`: without the program's own name. The toolkit's options -platform, -display and -session pass.
+// `arguments`: without the program's own name. The toolkit's options -platform, -display and -session pass; what has no
+// dash is a file.
 CommandLine ReadCommandLine(std::span<char* const> arguments);
 
 extern const std::string_view kHelpText;

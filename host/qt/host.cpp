@@ -70,6 +70,7 @@ QtHost::QtHost(HostOptions options)
             RecoveryTimer.start();
         }
     });
+    Opened.SetFiles(Options.HaveFiles);
     Events.SetPreparation([this](bool waits) { PrepareWait(waits); });
     OwnDesktop.Start(ChooseDesktopSize(qgetenv("TAVO_SCALE"), ReadRememberedSize(Options.Root.Path()),
                                        QGuiApplication::primaryScreen()->availableSize()));
@@ -113,6 +114,7 @@ void QtHost::PrepareWait(bool waits) {
     }
     if (IsOnShow) {
         Requests.Follow(Shared.Navigation.IsQuitRequested());
+        Opened.Follow();
     }
     if (!Shared.State.Posted.IsEmpty()) {
         QAbstractEventDispatcher::instance()->wakeUp(); // it must not sleep over what was just posted
@@ -232,6 +234,9 @@ void QtHost::TakeRequest(const files::ActivationRequest& request, Activation::Mo
     Shared.State.SetMinimized(false);
     OwnDesktop.FollowFrame();
     OwnDesktop.BringForward(QString::fromStdString(request.Token));
+    if (!request.Files.empty() && Options.TakeFiles) {
+        Options.TakeFiles(request.Files);
+    }
     if (request.Item != 0 && moment == Activation::Moment::Start) {
         Shared.Items.MakeAtStart(request.Item);
     } else if (request.Item != 0) {

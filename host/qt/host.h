@@ -18,6 +18,7 @@
 #include "host/qt/quit_signals.h"
 #include "host/qt/sound.h"
 #include "host/qt/window_views.h"
+#include "host/shell/file_request.h"
 #include "host/shell/shell_controls.h"
 #include "host/shell/shell_input_panel.h"
 #include "host/shell/shell_menus.h"
@@ -39,6 +40,9 @@ struct HostOptions {
     std::function<ErrorCode()> LastStoreError = {};
     // Called before anything is shown when the machine has no fonts.
     std::function<void()> RefuseWithoutFonts = {};
+    // Called with the calendar files that were opened with the program, and whether some of them wait to be imported.
+    std::function<void(const std::vector<std::string>& paths)> TakeFiles = {};
+    std::function<bool()> HaveFiles = {};
     std::string ProgramFolder = files::RunningProgramFolder(); // where the companion lies
 };
 
@@ -126,6 +130,7 @@ class QtHost final : public IHost, private shell::IShellObserver {
     shell::ShellControls OwnControls{Shared.State, OwnClock};
     shell::ShellMenus OwnMenus{Shared.State};
     shell::ShellInputPanel OwnPanel{Shared.State};
+    shell::FileRequest Opened{Shared.State};
     QuitSignals OwnQuitSignals;
     QTimer RecoveryTimer;
     Activation Requests{OwnWindows.Instance(), [this](const files::ActivationRequest& request,

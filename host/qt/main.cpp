@@ -1,5 +1,7 @@
 // Starts the program on the desktop, or says what is missing.
 #include "app/start.h"
+#include "host/exchange/calendar_import.h"
+#include "host/files/instance_lock.h"
 #include "host/locale/harmless_text.h"
 #include "host/qt/command_line.h"
 #include "host/qt/font_preparation.h"
@@ -15,6 +17,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace {
 
@@ -78,10 +81,10 @@ struct Ending {
 
 // Runs as the only program of its device, or has the one that runs come forward. One that ends meanwhile leaves the
 // device to this one.
-Ending RunAlone(tavo::qt::QtHost& host) {
+Ending RunAlone(tavo::qt::QtHost& host, tavo::ICalendarImport& files) {
     using tavo::files::LockOutcome;
     while (true) {
-        const int status = tavo::RunTavoCalendar(host);
+        const int status = tavo::RunTavoCalendar(host, &files);
         switch (host.RootWindows().Claim().value_or(LockOutcome::ProgramRuns)) {
         case LockOutcome::Held:
             return {status};
@@ -114,10 +117,31 @@ Ending RunOn(const tavo::files::DeviceRoot& root) {
     options.CreateOutlook = [&](ComPtr<IPOutlookApp>& outlook) { return store.Create(outlook); };
     options.LastStoreError = [&] { return store.LastError(); };
     options.RefuseWithoutFonts = RefuseWithoutFonts;
+    exchange::CalendarImport files([&] { return store.Store(); });
+    options.TakeFiles = [&](const std::vector<std::string>& paths) { files.Add(paths); };
+    options.HaveFiles = [&] { return files.HasFiles(); };
     qt::QtHost host(std::move(options));
     store.SetChanged([&] { host.Parts().State.AnnounceStoreChange(); });
     store.SetReminded([&] { host.Parts().State.AnnounceReminders(); });
-    return RunAlone(host);
+    return RunAlone(host, files);
+}
+
+// The files go the same way whether this copy imports them or one that runs already.
+Ending RunWith(const tavo::files::DeviceRoot& root, const std::vector<std::string>& files) {
+    using tavo::files::InstanceLock;
+    if (files.empty()) {
+        return RunOn(root);
+    }
+    if (InstanceLock::RequestImport(root.RunFolder(), files) != tavo::ErrorCode::Success) {
+        return {kCannotStart,
+                "the files cannot be imported: no note of them can be made in the calendar's folder. Look "
+                "whether the folder can be written and the disk has room, or open fewer at once."};
+    }
+    const Ending ending = RunOn(root);
+    if (ending.Problem != nullptr) {
+        InstanceLock::DropImport(root.RunFolder());
+    }
+    return ending;
 }
 
 } // namespace
@@ -151,7 +175,7 @@ int main(int argc, char** argv) {
     QGuiApplication::setDesktopFileName(QStringLiteral("tavocalendar"));
     Q_INIT_RESOURCE(tavo_pictures);
     qt::BeginPreparingFonts();
-    const Ending ending = RunOn(*root.Root);
+    const Ending ending = RunWith(*root.Root, line.Files);
     (void)qt::PrepareFonts(); // not given up half done, when a window was there already
     return ending.Problem == nullptr ? ending.Status : RefuseOnScreen(ending.Problem);
 }

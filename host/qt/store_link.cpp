@@ -122,7 +122,8 @@ void StoreLink::TakeLogon(IPOutlookApp& store, Status status) {
         Error = ToErrorCode(status);
         return;
     }
-    auto watch = std::make_unique<Watch>(outlook::StoreOf(store));
+    Own = outlook::StoreOf(store);
+    auto watch = std::make_unique<Watch>(Own);
     if (Failed(watch->Watcher.Start())) {
         return; // the calendar works without news of other processes
     }
@@ -148,7 +149,8 @@ void StoreLink::TakeNews() {
 }
 
 void StoreLink::TakeLogoff() {
-    OwnWatch.reset(); // it would keep the store open
+    OwnWatch.reset(); // it would keep the store open, and so would this one:
+    Own.reset();
 }
 
 } // namespace tavo::qt

@@ -1,6 +1,7 @@
 // The appointment store, what went wrong with it last, and the news when another process writes into it.
 #pragma once
 
+#include "host/outlook/store.h"
 #include "platform/com_ptr.h"
 #include "platform/outlook.h"
 #include "platform/status.h"
@@ -20,6 +21,9 @@ class StoreLink {
 
     // The store's application object, not logged on.
     Status Create(ComPtr<IPOutlookApp>& outlook);
+
+    // The store that the program is logged on to; null while it is not.
+    outlook::StorePtr Store() const { return Own; }
 
     // Of the log-on that failed last.
     ErrorCode LastError() const { return Error; }
@@ -43,6 +47,7 @@ class StoreLink {
     std::function<void()> Reminded;
     ErrorCode Error = ErrorCode::Success;
     std::unique_ptr<Watch> OwnWatch;
+    outlook::StorePtr Own;
 };
 
 } // namespace tavo::qt

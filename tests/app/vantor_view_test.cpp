@@ -10,6 +10,8 @@ namespace {
 class NoCommands final : public ICommandTarget {
   public:
     void TakeCommand(int) override {}
+
+    void ImportFiles() override {}
 };
 
 class VantorView : public testing::Test {

@@ -22,7 +22,7 @@ namespace {
 constexpr int kScriptEnded = -32000;
 constexpr int kArrowFromRight = 8; // of a list, within its place
 
-HostOptions WithStore(const TemporaryRoot& root) {
+HostOptions WithStore(const TemporaryRoot& root, exchange::CalendarImport& files) {
     HostOptions options{root.Open(), ""};
     // No companion lies there: it would serve the device of the person who runs the tests.
     options.ProgramFolder = options.Root.Path();
@@ -31,6 +31,8 @@ HostOptions WithStore(const TemporaryRoot& root) {
         outlook = outlook::CreateOutlookApp(store, {});
         return Status::Ok;
     };
+    options.TakeFiles = [&files](const std::vector<std::string>& paths) { files.Add(paths); };
+    options.HaveFiles = [&files] { return files.HasFiles(); };
     return options;
 }
 
@@ -48,7 +50,11 @@ QAction* FindAction(const QMenu& menu, int command) {
 DesktopProgram::DesktopProgram() : DesktopProgram(std::make_shared<TemporaryRoot>()) {}
 
 DesktopProgram::DesktopProgram(std::shared_ptr<TemporaryRoot> root, const std::function<void(DesktopProgram&)>& begin)
-    : Root(std::move(root)), Host(WithStore(*Root)), App(std::make_unique<CTavoApp>(Host)),
+    : Root(std::move(root)), Files([this] {
+          const ComPtr<IPOutlookApp>& outlook = State().Store.OutlookApp;
+          return outlook ? outlook::StoreOf(*outlook) : nullptr;
+      }),
+      Host(WithStore(*Root, Files)), App(std::make_unique<CTavoApp>(Host, &Files)),
       Script([this] { Host.Queue().PostQuitMessage(kScriptEnded); }) {
     if (begin) {
         begin(*this);

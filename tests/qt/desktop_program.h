@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/tavo_app.h"
+#include "host/exchange/calendar_import.h"
 #include "host/qt/host.h"
 #include "tests/qt/event_script.h"
 #include "tests/qt/temporary_root.h"
@@ -54,6 +55,7 @@ class DesktopProgram {
     CProgramState& State() { return App->ProgramState(); }
 
     std::shared_ptr<TemporaryRoot> Root;
+    exchange::CalendarImport Files; // opened with the program
     QtHost Host;
 
   private:

@@ -37,7 +37,8 @@ bool WaitUntil(Span patience, const std::function<bool()>& isSo) {
 // The program on a device of its own; what it shows and says goes to files of its own.
 class StartedProgram {
   public:
-    StartedProgram(const files::TemporaryFolder& folder, const std::string& name)
+    // `file`: what it is to import; empty for nothing.
+    StartedProgram(const files::TemporaryFolder& folder, const std::string& name, const std::string& file)
         : Frames(folder / (name + ".frames")), Words(folder / (name + ".words")) {
         Process = fork();
         if (Process == 0) {
@@ -47,7 +48,8 @@ class StartedProgram {
             setenv("TAVO_SCALE", "1", 1);
             (void)!freopen(Words.c_str(), "w", stderr);
             const std::string program = folder / "tavocalendar";
-            execl(program.c_str(), program.c_str(), nullptr);
+            (void)!chdir(std::string(folder / "").c_str());
+            execl(program.c_str(), program.c_str(), file.empty() ? nullptr : file.c_str(), nullptr);
             _exit(127);
         }
     }
@@ -112,8 +114,17 @@ class OneWindow : public testing::Test {
         EXPECT_TRUE(WaitUntil(30s, [&] { return program.HasShown(); })) << program.Said();
     }
 
-    std::unique_ptr<StartedProgram> Start(const std::string& name) const {
-        return std::make_unique<StartedProgram>(Folder, name);
+    std::unique_ptr<StartedProgram> Start(const std::string& name, const std::string& file = "") const {
+        return std::make_unique<StartedProgram>(Folder, name, file);
+    }
+
+    // Requests for an import that nobody has taken.
+    int CountImports() const {
+        int count = 0;
+        for (const auto& entry : std::filesystem::directory_iterator(Run())) {
+            count += entry.path().filename().string().starts_with("Import.") ? 1 : 0;
+        }
+        return count;
     }
 
     files::TemporaryFolder Folder;
@@ -127,6 +138,46 @@ TEST_F(OneWindow, AStartBesideOneThatRunsBringsItForwardAndEnds) {
     EXPECT_FALSE(second->HasShown());
     EXPECT_FALSE(HasRequest()); // taken
     EXPECT_FALSE(first->HasEnded());
+}
+
+TEST_F(OneWindow, AStartWithAFileHandsItToTheOneThatRuns) {
+    const auto first = Start("first");
+    ExpectShown(*first);
+    const auto second = Start("second", "a.ics");
+    EXPECT_EQ(second->WaitForEnd(30s), 0) << second->Said();
+    EXPECT_FALSE(second->HasShown());
+    EXPECT_TRUE(WaitUntil(5s, [&] { return CountImports() == 0; }));
+    EXPECT_FALSE(first->HasEnded());
+}
+
+// The path is that of the folder where the second one was started.
+TEST_F(OneWindow, WhatIsHandedOverIsTheWholePath) {
+    InstanceLock running(Run());
+    ASSERT_EQ(running.Acquire(InstanceRole::Program, {}), LockOutcome::Held);
+    ASSERT_EQ(running.WatchActivation(), ErrorCode::Success);
+    const auto second = Start("second", "a.ics");
+    std::vector<std::string> files;
+    EXPECT_TRUE(WaitUntil(30s, [&] {
+        const auto request = running.TakeActivation();
+        files = request && !request->Files.empty() ? request->Files : files;
+        return second->HasEnded();
+    }));
+    EXPECT_THAT(files, testing::ElementsAre((Folder / "a.ics")));
+}
+
+TEST_F(OneWindow, AStartWithAFileTakesItItself) {
+    const auto program = Start("program", "a.ics");
+    ExpectShown(*program);
+    EXPECT_TRUE(WaitUntil(10s, [&] { return CountImports() == 0; }));
+    EXPECT_FALSE(program->HasEnded());
+}
+
+TEST_F(OneWindow, AStartThatFailsTakesItsFileBack) {
+    InstanceLock tool(Run());
+    ASSERT_EQ(tool.Acquire(InstanceRole::Tool, {}), LockOutcome::Held);
+    const auto program = Start("program", "a.ics");
+    EXPECT_TRUE(WaitUntil(30s, [&] { return program->Said().find("another process") != std::string::npos; }));
+    EXPECT_TRUE(WaitUntil(5s, [&] { return CountImports() == 0; }));
 }
 
 TEST_F(OneWindow, AStartThatCannotHaveTheDataFileInTimeSaysSoAndNeverRuns) {

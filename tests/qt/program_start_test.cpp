@@ -87,6 +87,7 @@ TEST_F(ProgramStart, HelpAndVersionAnswerWithoutADisplayToo) {
     const Ending help = Start(Home(), 20, "--help");
     EXPECT_EQ(help.Status, 0);
     EXPECT_THAT(help.Words, HasSubstr("tavocalendar --version"));
+    EXPECT_THAT(help.Words, HasSubstr("tavocalendar FILE..."));
     const Ending version = Start(Home(), 20, "--version");
     EXPECT_EQ(version.Status, 0);
     EXPECT_EQ(version.Words, "tavocalendar " TAVO_VERSION "\n");
@@ -94,7 +95,7 @@ TEST_F(ProgramStart, HelpAndVersionAnswerWithoutADisplayToo) {
 }
 
 TEST_F(ProgramStart, AnythingElseIsRefusedWithStatusTwo) {
-    for (const std::string word : {"--nonsense", "-x", "calendar", "'some\x1B[31mthing'"}) {
+    for (const std::string word : {"--nonsense", "-x", "''", "'-some\x1B[31mthing'"}) {
         const Ending ending = Start(Home() + " QT_QPA_PLATFORM=offscreen", 20, word);
         EXPECT_EQ(ending.Status, 2) << word;
         EXPECT_THAT(ending.Words, HasSubstr("Try `tavocalendar --help`.")) << word;

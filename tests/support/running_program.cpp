@@ -45,7 +45,7 @@ std::optional<std::string> RunningProgram::ReadFile(std::string_view name) const
 }
 
 bool RunningProgram::Start() {
-    App = std::make_unique<CTavoApp>(Device.Host());
+    App = std::make_unique<CTavoApp>(Device.Host(), Files);
     return App->InitInstance() == CTavoApp::Start::Running && Settle();
 }
 

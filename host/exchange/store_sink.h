@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace tavo::tools {
+namespace tavo::exchange {
 
 struct ImportCounts {
     int New = 0;
@@ -26,13 +26,13 @@ struct Refusal {
     std::string Reason;
 };
 
-class StoreSink final : public exchange::IEntrySink {
+class StoreSink final : public IEntrySink {
   public:
     // `goOn` is asked often, with the bytes done, and gives false to stop.
     StoreSink(outlook::ImportWriter& writer, std::optional<TagList> tag, std::function<bool(std::int64_t)> goOn);
 
     bool OnItem(const outlook::StoredItem& item, int line) override;
-    bool OnLoneOccurrence(const exchange::LoneOccurrence& occurrence, int line) override;
+    bool OnLoneOccurrence(const LoneOccurrence& occurrence, int line) override;
     bool OnRefused(int line, const std::string& reason) override;
     bool OnPassedOver() override;
     bool OnProgress(std::int64_t offset) override;
@@ -56,4 +56,4 @@ class StoreSink final : public exchange::IEntrySink {
     Status StoreStatus = Status::Ok;
 };
 
-} // namespace tavo::tools
+} // namespace tavo::exchange

@@ -1,7 +1,7 @@
 // Writes what is read of one calendar file into the store.
-#include "tools/store_sink.h"
+#include "host/exchange/store_sink.h"
 
-namespace tavo::tools {
+namespace tavo::exchange {
 
 using outlook::ImportOutcome;
 using outlook::ImportResult;
@@ -24,7 +24,7 @@ bool StoreSink::OnItem(const outlook::StoredItem& item, int line) {
     return Count(status, outcome, line);
 }
 
-bool StoreSink::OnLoneOccurrence(const exchange::LoneOccurrence& occurrence, int line) {
+bool StoreSink::OnLoneOccurrence(const LoneOccurrence& occurrence, int line) {
     ImportOutcome outcome;
     Status status = Writer.WriteException(occurrence.Uid, occurrence.Exception, outcome);
     const bool nowhere = outcome.Result == ImportResult::Refused && outcome.Reason == ImportWriter::kNoSuchSeries;
@@ -85,4 +85,4 @@ bool StoreSink::Count(Status status, const ImportOutcome& outcome, int line) {
     return Succeeded(StoreStatus);
 }
 
-} // namespace tavo::tools
+} // namespace tavo::exchange

@@ -1,0 +1,188 @@
+// Opens, surveys and imports one file after the other.
+#include "host/exchange/calendar_import.h"
+
+#include "host/exchange/calendar_file.h"
+#include "host/exchange/import_words.h"
+#include "host/exchange/store_sink.h"
+#include "host/locale/harmless_text.h"
+#include "host/locale/utf.h"
+#include "host/outlook/failure_text.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+#include <system_error>
+
+namespace tavo::exchange {
+namespace {
+
+constexpr int kWhole = 1000;
+constexpr std::size_t kNamedRefusals = 3; // more than these are too much for a small screen
+constexpr std::size_t kLongestReason = 120;
+constexpr std::size_t kLongestName = 48;
+
+// Text from outside, as one short line.
+std::u16string ForPeople(const std::string& text, std::size_t longest) {
+    std::u16string line = locale::ToUtf16(locale::MakeHarmless(text));
+    if (line.size() > longest) {
+        line.resize(longest);
+        if ((line.back() & 0xFC00) == 0xD800) {
+            line.pop_back(); // half a character
+        }
+        line += u"...";
+    }
+    return line;
+}
+
+std::int64_t SizeOf(const std::string& path) {
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    return error ? 0 : static_cast<std::int64_t>(size);
+}
+
+std::string DescribeRefusal(const Refusal& refusal) {
+    return (refusal.Line > 0 ? "Line " + std::to_string(refusal.Line) + ": " : std::string()) + refusal.Reason;
+}
+
+} // namespace
+
+// The file that is worked on.
+struct CalendarImport::File {
+    File(std::string path, const outlook::StorePtr& store)
+        : Path(std::move(path)), Size(SizeOf(Path)), Writer(store),
+          Sink(Writer, std::nullopt, [](std::int64_t) { return true; }), Reader(Source, Sink) {}
+
+    std::string Path;
+    std::int64_t Size = 0;
+    FileSource Source;
+    std::string Fault; // why it cannot be opened
+    bool IsOpen = Source.Open(Path, Fault);
+    outlook::ImportWriter Writer; // takes back what was not committed
+    StoreSink Sink;
+    CalendarFileReader Reader;
+    bool HasBegun = false; // to write
+};
+
+CalendarImport::CalendarImport(std::function<outlook::StorePtr()> store) : Store(std::move(store)) {}
+
+CalendarImport::~CalendarImport() = default;
+
+void CalendarImport::Add(const std::vector<std::string>& paths) {
+    Waiting.insert(Waiting.end(), paths.begin(), paths.end());
+}
+
+std::optional<std::u16string> CalendarImport::NextFile() {
+    Leave();
+    if (Waiting.empty()) {
+        return std::nullopt;
+    }
+    const std::string path = std::move(Waiting.front());
+    Waiting.pop_front();
+    const outlook::StorePtr store = Store();
+    if (!store) {
+        Fail("the calendar is not open");
+    } else {
+        auto file = std::make_unique<File>(path, store);
+        if (file->IsOpen) {
+            Current = std::move(file);
+        } else {
+            Fail(file->Fault);
+        }
+    }
+    return ForPeople(std::filesystem::path(path).filename().string(), kLongestName);
+}
+
+bool CalendarImport::LookOn() {
+    if (!Current) {
+        return false;
+    }
+    switch (Current->Reader.SurveyNext()) {
+    case ReadStep::More:
+        return true;
+    case ReadStep::Broken:
+        return Fail(DescribeRefusal({Current->Reader.GetFault().Line, Current->Reader.GetFault().Reason}));
+    default:
+        return false;
+    }
+}
+
+int CalendarImport::CountEntries() const {
+    return Current ? Current->Reader.CountEntries() : 0;
+}
+
+bool CalendarImport::ImportOn() {
+    if (!Current) {
+        return false;
+    }
+    if (!Current->HasBegun) {
+        if (const Status status = Current->Writer.Begin(NameImport(Current->Path)); Failed(status)) {
+            return FailAs(status);
+        }
+        Current->HasBegun = true;
+    }
+    switch (Current->Reader.ReadNext()) {
+    case ReadStep::More:
+        return true;
+    case ReadStep::Broken:
+        return Fail(DescribeRefusal({Current->Reader.GetFault().Line, Current->Reader.GetFault().Reason}));
+    case ReadStep::Stopped:
+        return FailAs(Current->Sink.GetStoreStatus());
+    case ReadStep::Done:
+        break;
+    }
+    return Finish();
+}
+
+bool CalendarImport::Finish() {
+    const Status written = Current->Sink.GetStoreStatus();
+    const Status status = Failed(written) ? written : Current->Writer.Commit();
+    return Failed(status) && FailAs(status);
+}
+
+void CalendarImport::Leave() {
+    Current.reset();
+    Reason.clear();
+}
+
+bool CalendarImport::Fail(const std::string& reason) {
+    Current.reset();
+    Reason = reason;
+    return false;
+}
+
+bool CalendarImport::FailAs(Status status) {
+    return Fail(outlook::DescribeFailure(status));
+}
+
+int CalendarImport::Progress() const {
+    if (!Current || Current->Size <= 0) {
+        return 0;
+    }
+    return static_cast<int>(std::min(Current->Reader.GetOffset(), Current->Size) * kWhole / Current->Size);
+}
+
+std::u16string CalendarImport::Problem() const {
+    return ForPeople(Reason, kLongestReason);
+}
+
+std::u16string CalendarImport::Outcome() const {
+    if (!Current) {
+        return {};
+    }
+    const ImportCounts& counts = Current->Sink.GetCounts();
+    std::u16string text = locale::ToUtf16(DescribeCounts(counts) + ".");
+    if (const std::string passed = DescribePassedOver(counts); !passed.empty()) {
+        text += u"\n" + locale::ToUtf16(passed);
+    }
+    const std::vector<Refusal>& refusals = Current->Sink.GetRefusals();
+    const std::size_t named = std::min(refusals.size(), kNamedRefusals);
+    for (std::size_t index = 0; index < named; ++index) {
+        text += u"\n" + ForPeople(DescribeRefusal(refusals[index]) + ".", kLongestReason);
+    }
+    if (refusals.size() > named) {
+        text += u"\nThe command `tavo import` names them all.";
+    }
+    return text;
+}
+
+} // namespace tavo::exchange

@@ -1,0 +1,21 @@
+// When files that were opened reach the program.
+#include "host/shell/file_request.h"
+
+#include "platform/activation.h"
+
+namespace tavo::shell {
+
+// With messages still to come, the next question may be about to be asked.
+void FileRequest::Follow() {
+    const WindowHandle frame = State.Tree.Frame();
+    if (!HaveFiles || !HaveFiles() || !State.Posted.IsEmpty() || !State.TakesInput(frame)) {
+        return;
+    }
+    State.CloseMenu(0); // it would keep input from the program
+    Message message;
+    message.Window = frame;
+    message.Number = WM_IMPORTFILES;
+    State.Post(message, MessageOrigin::Person);
+}
+
+} // namespace tavo::shell
