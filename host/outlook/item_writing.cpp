@@ -42,9 +42,11 @@ Status ItemTable::Prepare(StoredItem& item, SeriesRow& series, std::string& faul
         if (Failed(status)) {
             return status;
         }
-        item.Start = Zones.ToWall(series.Zone, item.ZoneStart);
-        // Where the device's clock goes back in between, the end would come to lie before the start.
-        item.End = std::max(Zones.ToWall(series.Zone, item.ZoneEnd), item.Start);
+        if (Zones.Rules(series.Zone) != nullptr) {
+            item.Start = Zones.ToWall(series.Zone, item.ZoneStart);
+            // Where the device's clock goes back in between, the end would come to lie before the start.
+            item.End = std::max(Zones.ToWall(series.Zone, item.ZoneEnd), item.Start);
+        }
     }
     if (!item.IsRecurring()) {
         return Status::Ok;
@@ -225,17 +227,7 @@ Status ItemTable::RederiveZoned() {
             status = ReadSource(oid, source);
         }
         if (Succeeded(status)) {
-            status = Source.Run("SAVEPOINT rederive");
-        }
-        if (Succeeded(status)) {
             status = Update(item, Ink::Leave, source, fault);
-        }
-        if (status == Status::InvalidArgument) {
-            // What nothing is known of any more keeps the times it had.
-            status = Source.Run("ROLLBACK TO rederive");
-        }
-        if (Succeeded(status)) {
-            status = Source.Run("RELEASE rederive");
         }
         if (Failed(status)) {
             return status;

@@ -265,7 +265,8 @@ Status CreateStoreFile(const std::filesystem::path& path) {
     for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
         (void)unlinkat(folder.Get(), (draft + suffix).c_str(), 0); // most were never made
     }
-    return Failed(status) || fsync(folder.Get()) == 0 ? status : StatusFromErrno(errno);
+    const bool isSafe = fsync(folder.Get()) == 0 || errno == EINVAL; // not every file system can do it for folders
+    return Failed(status) || isSafe ? status : StatusFromErrno(errno);
 }
 
 } // namespace tavo::outlook

@@ -1,6 +1,8 @@
 // Time zones: offsets, items that keep their zone, and a device that travels.
 #include "host/outlook/change_watcher.h"
+#include "host/outlook/store_core.h"
 #include "host/outlook/zone_rules.h"
+#include "tests/outlook/planted_rule.h"
 #include "tests/outlook/store_fixture.h"
 
 #include <gmock/gmock.h>
@@ -217,6 +219,20 @@ TEST_F(ZonedItem, AZoneThatCameAlongIsKept) {
     Reopen("UTC");
     EXPECT_EQ(TextOf(Read(outcome.Item).Start), "2026-07-04 16:00");
     EXPECT_EQ(Read(outcome.Item).Zone, "Office Standard Time");
+}
+
+// As in a store whose rules for it an earlier program could read, and this one cannot.
+TEST_F(ZonedItem, OfAZoneThatIsNotUnderstoodAnyMoreAnItemKeepsItsTimes) {
+    Reopen("Europe/Berlin");
+    const Oid oid = Import(Zoned("u", "America/New_York", "2026-05-04 18:00", "2026-05-04 19:00"));
+    ASSERT_EQ(Store->Core().Db.Run("UPDATE zone SET name = 'Odd', component = 'BEGIN:VTIMEZONE'"), Status::Ok);
+    ASSERT_EQ(SumAnew(Store->Core()), Status::Ok);
+    Reopen("Europe/Berlin");
+    EXPECT_EQ(TextOf(Read(oid).Start), "2026-05-05 00:00");
+    ASSERT_EQ(Store->SetDeviceZone("Asia/Tokyo"), Status::Ok);
+    EXPECT_EQ(TextOf(Read(oid).Start), "2026-05-05 00:00");
+    EXPECT_EQ(TextOf(Read(oid).End), "2026-05-05 01:00");
+    EXPECT_THAT(Oids(u"[Start] = 5/5/2026"), ElementsAre(oid));
 }
 
 TEST_F(ZonedItem, ANameForTwoZonesStaysTwoZones) {
