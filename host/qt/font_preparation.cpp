@@ -31,7 +31,8 @@ Preparation& OwnPreparation() {
     return preparation;
 }
 
-// The toolkit's tables for blending outlines of this kind take longer to compute than a page to draw.
+// The toolkit's tables for blending outlines of this kind, the same for all fonts, take longer to compute than a page
+// to draw.
 void DrawOneLetter(const QString& family) {
     QFont font(family);
     font.setPixelSize(12);
@@ -55,8 +56,10 @@ FoundFonts FindFonts() {
                                           [&](const QString& candidate) { return families.contains(candidate); });
         if (standIn != candidates.end()) {
             found.StandIns.emplace_back(QString::fromLatin1(face), *standIn);
-            DrawOneLetter(*standIn);
         }
+    }
+    if (!found.StandIns.empty()) {
+        DrawOneLetter(found.StandIns.front().second);
     }
     // The toolkit lists these even where there is nothing behind them.
     found.HasAny = std::any_of(families.begin(), families.end(), [](const QString& family) {
