@@ -6,6 +6,7 @@
 #include "res/strings.h"
 #include "schedule/schedule_page.h"
 #include "store/date_pictures.h"
+#include "store/refusal.h"
 
 #include <array>
 #include <string_view>
@@ -15,6 +16,7 @@ namespace tavo {
 namespace {
 
 constexpr std::u16string_view kQuestion = u"%s of %s was not saved. Go on with it?";
+constexpr std::u16string_view kNotReadable = u"The item cannot be read now. You will be asked again.";
 constexpr std::array<std::u16string_view, 4> kKinds{u"An alarm", u"A holiday", u"An anniversary", u"An appointment"};
 constexpr int kDateBuffer = 40; // UTF-16 units, with the end
 
@@ -30,15 +32,27 @@ int Ask(CProgramState& state, const AppointmentDraft& draft) {
     return state.Pump.ShowMessageBox(state.MainView, box);
 }
 
+// The ink that was drawn for it goes with it.
+void Decline(CProgramState& state, const FoundDraft& draft) {
+    DeclineDraft(state.Host(), draft.Path);
+    for (const RecoveredInk& ink : state.Host().Ink().FindRecovered()) {
+        if (ink.Name == draft.Draft.Ink) {
+            state.Host().Ink().EndRecovered(ink.Name, RecoveredInkEnd::Declined);
+        }
+    }
+}
+
 } // namespace
 
 void OfferDrafts(CProgramState& state, CSchedulePage& editors) {
     for (const FoundDraft& draft : FindDrafts(state.Host())) {
         const int answer = Ask(state, draft.Draft);
         if (answer == IDYES) {
-            editors.ContinueEdit(draft);
+            if (!editors.ContinueEdit(draft)) {
+                ShowRefusal(state.Pump, state.MainView, kNotReadable);
+            }
         } else if (answer == IDNO) {
-            DeclineDraft(state.Host(), draft.Path);
+            Decline(state, draft);
         }
         if (state.Pump.HasQuit()) {
             break; // the next start asks again

@@ -1,13 +1,16 @@
 // The question, and what its answers do.
 #include "app/ink_recovery.h"
 
+#include "edit/draft_file.h"
 #include "framework/format.h"
 #include "memo/ink_return.h"
 #include "res/strings.h"
 #include "store/date_pictures.h"
 #include "store/refusal.h"
 
+#include <algorithm>
 #include <string_view>
+#include <vector>
 
 namespace tavo {
 
@@ -41,7 +44,12 @@ bool Keep(CProgramState& state, const InkHome& home, const RecoveredInk& ink) {
 
 bool OfferRecoveredInk(CProgramState& state) {
     bool kept = false;
+    const std::vector<FoundDraft> drafts = FindDrafts(state.Host());
     for (const RecoveredInk& ink : state.Host().Ink().FindRecovered()) {
+        const auto isOf = [&](const FoundDraft& draft) { return draft.Draft.Ink == ink.Name; };
+        if (std::ranges::any_of(drafts, isOf)) {
+            continue; // the question about the draft is about both
+        }
         const InkHome home = DecodeInkHome(ink.Home).value_or(InkHome());
         if (IsHome(state, home, ink.Data)) {
             state.Host().Ink().EndRecovered(ink.Name, RecoveredInkEnd::Kept);

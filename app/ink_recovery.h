@@ -5,8 +5,8 @@
 
 namespace tavo {
 
-// Asks about each piece of it whether it shall go back to its memo or item, or else become a memo of its day. True when
-// one did.
+// Asks about each piece of it whether it shall go back to its memo or item, or else become a memo of its day; but of
+// what belongs to a draft the draft's question asks. True when one did.
 bool OfferRecoveredInk(CProgramState& state);
 
 } // namespace tavo

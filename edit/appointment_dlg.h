@@ -126,6 +126,7 @@ class CAppointmentDlg : public CDialog {
     FormValues ReadForm() const;
     void ShowDraft(const AppointmentDraft& draft);
     void ShowDraftRule(const FormValues& form);
+    void TakeUpInk(std::u16string_view name);
 
     // appointment_dlg_memo.cpp
     void OpenMemo();

@@ -21,16 +21,20 @@ SYSTEMTIME WithoutWeekday(SYSTEMTIME time) {
 
 void CAppointmentDlg::BeginDraft() {
     Opened.Recurrence = Choice(kEditRecurrence);
+    if (Opened.Recurrence == kChoiceCustom) {
+        Opened.Rule = Edited.ReadStoredRule(); // of use should the item be gone when the draft is taken up
+    }
     Opened = ReadForm();
     if (Continued != nullptr) {
         Draft.Take(Continued->Path);
         ShowDraft(Continued->Draft);
+        TakeUpInk(Continued->Draft.Ink);
     }
     Host().Windows().SetTimer(Handle(), kTimerDraft, kDraftPeriod);
 }
 
 void CAppointmentDlg::LayAside() {
-    const AppointmentDraft draft{Mode, Item.Oid, Opened, ReadForm()};
+    const AppointmentDraft draft{Mode, Item.Oid, Opened, ReadForm(), Waiting.HeldName()};
     if (draft.IsChanged()) {
         Draft.Write(draft);
     } else {
@@ -50,7 +54,8 @@ FormValues CAppointmentDlg::ReadForm() const {
     if (form.Recurrence == kChoiceCustom) {
         form.Rule = RuleMade ? Edited.ReadDraftRule(*RuleMade) : RuleBefore;
         if (!RuleMade && !RuleBefore) {
-            form.Recurrence = Opened.Recurrence; // the rule is as it was, or its wizard is open still
+            form.Recurrence = Opened.Recurrence;
+            form.Rule = Opened.Rule; // the rule is as it was, or its wizard is open still
         }
     }
     form.Reminds = HasReminder();
@@ -110,6 +115,22 @@ void CAppointmentDlg::ShowDraftRule(const FormValues& form) {
         Edited.PutDraftRule(*form.Rule);
         RuleMade = form.Rule->End;
         SelectRecurrence(kChoiceCustom);
+    }
+}
+
+// Where the note has changed meanwhile the ink stays where it is, and the next start asks what is to become of it.
+void CAppointmentDlg::TakeUpInk(std::u16string_view name) {
+    const std::vector<RecoveredInk> found = Host().Ink().FindRecovered();
+    const auto ink = std::ranges::find(found, name, &RecoveredInk::Name);
+    const std::optional<std::vector<std::uint8_t>> note = Edited.InkNote();
+    if (ink == found.end() || !note) {
+        return;
+    }
+    const InkHome home = DecodeInkHome(ink->Home).value_or(InkHome());
+    const std::uint64_t stored = FingerprintOf(*note);
+    if ((IsNew() || stored == home.Before) && Edited.PutInkNote(ink->Data)) {
+        StoredNote = stored;
+        Waiting.Take(name);
     }
 }
 

@@ -40,6 +40,7 @@ void CAppointmentDlg::OpenMemo() {
     }
     if (Edited.PutInkNote(State.Memo.Bytes())) {
         Waiting.Hold(HomeOfNote(), State.Memo.Bytes());
+        LayAside(); // so that what was typed and what was drawn are one question after a crash
     } else {
         // Beside ink that waits already, which the item still has.
         WaitingInk refused(Host());

@@ -74,6 +74,7 @@ template <class Visitor, class Draft> void VisitDraft(Visitor& visit, Draft& dra
     visit(u"", u"item", draft.Item);
     VisitForm(visit, u"opened.", draft.Opened);
     VisitForm(visit, u"now.", draft.Now);
+    visit.VisitNewer(u"ink", draft.Ink);
 }
 
 class DraftWriter {
@@ -105,6 +106,8 @@ class DraftWriter {
             VisitRule(*this, FormatText(u"%s%s.", prefix, name), *rule);
         }
     }
+
+    void VisitNewer(std::u16string_view name, const std::u16string& text) { (*this)(u"", name, text); }
 
     std::u16string Lines;
 };
@@ -148,6 +151,12 @@ class DraftReader {
         if (hasRule) {
             VisitRule(*this, FormatText(u"%s%s.", prefix, name), rule.emplace());
         }
+    }
+
+    // Drafts of earlier programs do not have it.
+    void VisitNewer(std::u16string_view name, std::u16string& text) {
+        const auto found = Values.find(std::u16string(name));
+        text = found == Values.end() ? std::u16string() : Unescape(found->second);
     }
 
     bool IsWhole = true;

@@ -32,7 +32,7 @@ struct FormValues {
     SYSTEMTIME End;
     bool AllDay = false;
     std::int32_t Recurrence = 0;   // entry of its list
-    std::optional<DraftRule> Rule; // where the wizard made it
+    std::optional<DraftRule> Rule; // where the wizard made it, or as it is stored
     bool Reminds = false;
     std::u16string LeadValue; // as typed
     std::int32_t LeadUnit = 0;
@@ -46,6 +46,7 @@ struct AppointmentDraft {
     Oid Item = 0;          // 0: a new one
     FormValues Opened;     // what the form said at first: the person changed what is different now
     FormValues Now;
+    std::u16string Ink; // name of recovered ink that is to be saved with it; empty: none
 
     bool IsChanged() const { return !(Opened == Now); }
 

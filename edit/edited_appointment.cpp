@@ -158,6 +158,15 @@ std::optional<DraftRule> EditedAppointment::ReadDraftRule(RuleEnd end) const {
     return draft;
 }
 
+std::optional<DraftRule> EditedAppointment::ReadStoredRule() const {
+    bool isEndless = false;
+    if (!StoredRule || StoredRule->Type < kRecursDaily || StoredRule->Type > kRecursYearNth || !OwnPattern ||
+        Failed(OwnPattern->get_NoEndDate(isEndless))) {
+        return std::nullopt;
+    }
+    return ReadDraftRule(isEndless ? RuleEnd::Never : RuleEnd::AfterCount);
+}
+
 void EditedAppointment::PutDraftRule(const DraftRule& rule) {
     if (!OwnPattern) {
         return;

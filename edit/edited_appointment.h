@@ -55,6 +55,8 @@ class EditedAppointment {
     void PresetPattern(const ItemTimes& times);
     // The pattern's rule, which ends like that; nothing when it cannot be read.
     std::optional<DraftRule> ReadDraftRule(RuleEnd end) const;
+    // The same of the item as it was opened, with the end that it has; nothing when a draft cannot say the rule.
+    std::optional<DraftRule> ReadStoredRule() const;
     void PutDraftRule(const DraftRule& rule);
     // By the recurrence choice: none, one of the fixed rules, or the pattern as it is. The stored choice with the
     // stored first day leaves the rule as it is stored, also where the choice does not say all of it.

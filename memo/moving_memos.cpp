@@ -5,6 +5,7 @@
 #include "memo/memo_files.h"
 #include "memo/note_bytes.h"
 #include "memo/undo_notes.h"
+#include "store/declined_files.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -20,7 +21,6 @@ namespace tavo {
 
 namespace {
 
-constexpr std::u16string_view kFolder = u"\\Recovery";
 constexpr std::u16string_view kPlan = u"\\Recovery\\memos.moving";
 constexpr std::u16string_view kMark = u" (deleted ";
 constexpr std::uint64_t kVersion = 1;
@@ -153,7 +153,7 @@ void RemovePlan(CProgramState& state) {
 
 bool MovingMemos::Begin(std::span<const std::u16string> names) {
     IFiles& files = State.Host().Files();
-    static_cast<void>(files.CreateDirectoryW(kFolder)); // what is wrong with it shows when it is written to
+    static_cast<void>(files.CreateDirectoryW(kRecoveryFolder)); // what is wrong with it shows when it is written to
     IsPlanned = files.WriteWholeFile(kPlan, EncodePlan(State, names)) == ErrorCode::Success;
     return IsPlanned;
 }

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace tavo {
 
@@ -22,6 +23,13 @@ class WaitingInk {
 
     // In place of what it held before. Where nothing can be written it goes on holding that.
     void Hold(const InkHome& home, std::span<const std::uint8_t> ink);
+
+    // Goes on with ink that an earlier run of the program held.
+    void Take(std::u16string_view name) { Name = name; }
+
+    // Its name among recovered ink; empty when nothing is held.
+    const std::u16string& HeldName() const { return Name; }
+
     // It was saved, or nobody wants it.
     void LetGo();
 

@@ -31,8 +31,9 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
     void MakeItem(ItemKind kind);
     // The same, beginning on this day at first.
     void MakeItemOn(ItemKind kind, const SYSTEMTIME& day);
-    // Opens the editor with what an earlier run of the program left of it.
-    void ContinueEdit(const FoundDraft& draft);
+    // Opens the editor with what an earlier run of the program left of it. False when the item cannot be read now: then
+    // nothing is done.
+    [[nodiscard]] bool ContinueEdit(const FoundDraft& draft);
     // Opens the view on an item, whatever is shown, and does what is asked there. Nothing when the item is gone.
     void OpenItem(Oid oid);
 

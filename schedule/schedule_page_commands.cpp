@@ -22,6 +22,8 @@ constexpr std::u16string_view kSelectToDelete[] = {u"Select alarm to delete", u"
                                                    u"Select anniversary to delete", u"Select appointment to delete"};
 
 constexpr std::u16string_view kRowMissing = u"The item was saved, but the list could not be read.";
+constexpr std::u16string_view kRuleLost =
+    u"The item is gone, and how it recurred could not be kept. It is made anew without that.";
 
 ItemKind TargetOf(int command) {
     switch (command) {
@@ -193,16 +195,20 @@ void CSchedulePage::MakeItemOn(ItemKind kind, const SYSTEMTIME& day) {
     FinishMaking(kind, RunEditor(kind, editor, {}));
 }
 
-void CSchedulePage::ContinueEdit(const FoundDraft& draft) {
+bool CSchedulePage::ContinueEdit(const FoundDraft& draft) {
     AppointmentData record;
     const bool isThere = draft.Draft.Item != 0 && State.Store.LoadAppointment(draft.Draft.Item, record) != 0;
     if (!isThere && draft.Draft.Item != 0 && State.Store.LastStoreResult != Status::NotFound) {
-        return; // a later start may be able to
+        return false;
+    }
+    if (const FormValues& form = draft.Draft.Now; !isThere && form.Recurrence == kChoiceCustom && !form.Rule) {
+        Refuse(kRuleLost);
     }
     CAppointmentDlg editor(Pump(), State); // one that is gone is made anew
     editor.Continued = &draft;
     const ItemKind kind = KindOfMode(draft.Draft.Mode);
     FinishMaking(kind, RunEditor(kind, editor, record));
+    return true;
 }
 
 void CSchedulePage::OpenItem(Oid oid) {

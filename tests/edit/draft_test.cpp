@@ -26,6 +26,7 @@ AppointmentDraft MakeDraft() {
                  u"0090",
                  2,
                  u"bell.wav"};
+    draft.Ink = u"20261121_093000.ink";
     return draft;
 }
 
@@ -36,6 +37,20 @@ TEST(AppointmentDrafts, AreReadAsTheyWereWritten) {
     EXPECT_EQ(DecodeDraft(EncodeDraft(bare)), bare);
     EXPECT_TRUE(draft.IsChanged());
     EXPECT_FALSE(bare.IsChanged());
+}
+
+TEST(AppointmentDrafts, OfAnEarlierProgramAreReadToo) {
+    AppointmentDraft draft = MakeDraft();
+    draft.Ink.clear();
+    std::vector<std::uint8_t> bytes = EncodeDraft(draft);
+    constexpr std::u16string_view newer = u"ink=\nend\n";
+    constexpr std::u16string_view before = u"end\n";
+    bytes.resize(bytes.size() - 2 * newer.size());
+    for (const char16_t unit : before) {
+        bytes.push_back(static_cast<std::uint8_t>(unit));
+        bytes.push_back(0);
+    }
+    EXPECT_EQ(DecodeDraft(bytes), draft);
 }
 
 TEST(AppointmentDrafts, AnythingElseIsNone) {
@@ -54,6 +69,17 @@ TEST(AppointmentDrafts, AnythingElseIsNone) {
 
 class LaidAside : public testing::Test {
   protected:
+    // The wizard is through with it.
+    void GivenFourTimesEveryOtherWeek() {
+        Desk.Subject(u"Yoga");
+        Desk.ChooseRecurrence(kChoiceCustom);
+        Desk.TypeIntoShown(kPatternWeekInterval, u"2");
+        Desk.TapShown(kWizardNext);
+        Desk.TapShown(kRangeEndsAfter);
+        Desk.TypeIntoShown(kRangeCount, u"4");
+        Desk.TapShown(kWizardNext); // Done
+    }
+
     std::vector<FoundDraft> Drafts() { return FindDrafts(Desk.Device.Host()); }
 
     // The program ends with the script so far, with the editor open; what is left of it.
@@ -217,13 +243,7 @@ TEST_F(LaidAside, ASoundThatIsGoneByThenLeavesTheOneOfTheItem) {
 }
 
 TEST_F(LaidAside, ARuleOfTheWizardIsTakenUpWithItsEnd) {
-    Desk.Subject(u"Yoga");
-    Desk.ChooseRecurrence(kChoiceCustom);
-    Desk.TypeIntoShown(kPatternWeekInterval, u"2");
-    Desk.TapShown(kWizardNext);
-    Desk.TapShown(kRangeEndsAfter);
-    Desk.TypeIntoShown(kRangeCount, u"4");
-    Desk.TapShown(kWizardNext); // Done
+    GivenFourTimesEveryOtherWeek();
     const AppointmentDraft draft = QuitDuring([this] { return Desk.RunNew(kModeNewAppointment); });
     ASSERT_TRUE(draft.Now.Rule.has_value());
     EXPECT_EQ(draft.Now.Rule->End, RuleEnd::AfterCount);
@@ -240,13 +260,7 @@ TEST_F(LaidAside, ARuleOfTheWizardIsTakenUpWithItsEnd) {
 }
 
 TEST_F(LaidAside, ARuleStaysWhileItsWizardIsOpenAgain) {
-    Desk.Subject(u"Yoga");
-    Desk.ChooseRecurrence(kChoiceCustom);
-    Desk.TypeIntoShown(kPatternWeekInterval, u"2");
-    Desk.TapShown(kWizardNext);
-    Desk.TapShown(kRangeEndsAfter);
-    Desk.TypeIntoShown(kRangeCount, u"4");
-    Desk.TapShown(kWizardNext); // Done
+    GivenFourTimesEveryOtherWeek();
     Desk.ChooseRecurrence(kChoiceCustom);
     Desk.TypeIntoShown(kPatternWeekInterval, u"7");
     Desk.Device.AdvanceClock(1000);
