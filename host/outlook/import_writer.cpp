@@ -19,11 +19,25 @@ struct ImportWriter::Work {
     std::map<std::string, std::string> ZoneNames; // of this calendar, to those of the store
     std::map<Oid, std::set<Seconds>> Unoffered;   // exceptions that came by themselves before, not offered yet
 
+    // A series that exceptions come to by themselves: it is written once for all of them.
+    struct OpenSeries {
+        StoredItem Before;
+        StoredItem Item;
+        SaveFault Fault = SaveFault::None;
+        std::map<Seconds, std::size_t> Places; // of the exceptions, by recurrence id
+        bool Changed = false;
+    };
+
+    std::map<Oid, OpenSeries> Open;
+
     // Results of an item that is in the store already, under `oid`.
     Status Replace(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome);
     void ExpectExceptions(const StoredItem& stored);
     Status DropUnoffered();
     Status Put(Oid oid, const StoredException& exception, ImportOutcome& outcome);
+    Status Fetch(Oid oid, OpenSeries*& series);
+    Status Close(Oid oid);
+    Status CloseAll();
 };
 
 namespace {
@@ -58,6 +72,7 @@ Status ImportWriter::Begin(std::u16string_view groupName) {
     State->Begun = Succeeded(status);
     State->ZoneNames.clear();
     State->Unoffered.clear();
+    State->Open.clear();
     return status;
 }
 
@@ -140,6 +155,9 @@ Status ImportWriter::Write(const StoredItem& given, ImportOutcome& outcome) {
     std::int64_t source = 0;
     Oid oid = 0;
     Status status = item.Uid.empty() ? Status::Ok : core.Items.FindByUid(item.Uid, oid, source);
+    if (Succeeded(status) && oid != 0) {
+        status = State->Close(oid);
+    }
     if (Failed(status)) {
         return status;
     }
@@ -169,41 +187,88 @@ Status ImportWriter::Write(const StoredItem& given, ImportOutcome& outcome) {
     return status;
 }
 
-Status ImportWriter::Work::Put(Oid oid, const StoredException& exception, ImportOutcome& outcome) {
-    StoredItem before;
-    Status status = Core.Items.Read(oid, Ink::Leave, before);
+Status ImportWriter::Work::Fetch(Oid oid, OpenSeries*& series) {
+    const auto [place, isNew] = Open.try_emplace(oid);
+    series = &place->second;
+    if (!isNew) {
+        return Status::Ok;
+    }
+    const Status status = Core.Items.Read(oid, Ink::Leave, series->Before);
     if (Failed(status)) {
+        Open.erase(place);
         return status;
     }
-    if (!before.IsRecurring()) {
+    series->Item = series->Before;
+    series->Fault = CheckAndDerive(series->Item);
+    for (std::size_t index = 0; index < series->Item.Exceptions.size(); ++index) {
+        series->Places[series->Item.Exceptions[index].Original] = index;
+    }
+    return status;
+}
+
+Status ImportWriter::Work::Close(Oid oid) {
+    const auto place = Open.find(oid);
+    if (place == Open.end()) {
+        return Status::Ok;
+    }
+    OpenSeries series = std::move(place->second);
+    Open.erase(place);
+    if (!series.Changed) {
+        return Status::Ok;
+    }
+    std::int64_t source = 0;
+    std::string fault;
+    Status status = CheckAndDerive(series.Item) == SaveFault::None ? Status::Ok : Status::InvalidArgument;
+    if (Succeeded(status)) {
+        status = Core.Items.ReadSource(oid, source);
+    }
+    return Succeeded(status) ? Core.ChangeItem(series.Before, series.Item, Ink::Leave, source, fault) : status;
+}
+
+Status ImportWriter::Work::CloseAll() {
+    Status status = Status::Ok;
+    while (Succeeded(status) && !Open.empty()) {
+        status = Close(Open.begin()->first);
+    }
+    return status;
+}
+
+Status ImportWriter::Work::Put(Oid oid, const StoredException& exception, ImportOutcome& outcome) {
+    OpenSeries* series = nullptr;
+    if (const Status status = Fetch(oid, series); Failed(status)) {
+        return status;
+    }
+    if (!series->Before.IsRecurring()) {
         Refuse(outcome, kNoSuchSeries);
         return Status::Ok;
     }
     if (const auto expected = Unoffered.find(oid); expected != Unoffered.end()) {
         expected->second.erase(exception.Original);
     }
-    StoredItem item = before;
-    const auto place = std::find_if(item.Exceptions.begin(), item.Exceptions.end(),
-                                    [&](const StoredException& one) { return one.Original == exception.Original; });
     StoredException offered = exception;
     offered.Source = FingerprintOf(exception);
     outcome.Item = oid;
-    outcome.Result = ImportResult::Changed;
-    if (place == item.Exceptions.end()) {
-        item.Exceptions.push_back(offered);
-    } else if (place->Source == offered.Source) {
+    const auto place = series->Places.find(exception.Original);
+    const bool isNew = place == series->Places.end();
+    std::vector<StoredException>& all = series->Item.Exceptions;
+    if (!isNew && all[place->second].Source == offered.Source) {
         outcome.Result = ImportResult::Unchanged;
         return Status::Ok;
-    } else {
-        *place = offered;
     }
-    if (const SaveFault fault = CheckAndDerive(item); fault != SaveFault::None) {
+    if (const SaveFault fault = series->Fault != SaveFault::None ? series->Fault : CheckException(offered);
+        fault != SaveFault::None) {
         Refuse(outcome, DescribeFault(fault));
         return Status::Ok;
     }
-    std::int64_t source = 0;
-    status = Core.Items.ReadSource(oid, source);
-    return Succeeded(status) ? Core.ChangeItem(before, item, Ink::Leave, source, outcome.Reason) : status;
+    outcome.Result = ImportResult::Changed;
+    series->Changed = true;
+    if (isNew) {
+        series->Places[offered.Original] = all.size();
+        all.push_back(std::move(offered));
+    } else {
+        all[place->second] = std::move(offered);
+    }
+    return Status::Ok;
 }
 
 Status ImportWriter::WriteException(const std::string& uid, const StoredException& exception, ImportOutcome& outcome) {
@@ -272,7 +337,11 @@ Status ImportWriter::Commit() {
     if (!State->Begun) {
         return Status::Unexpected;
     }
-    if (const Status status = State->DropUnoffered(); Failed(status)) {
+    Status status = State->CloseAll();
+    if (Succeeded(status)) {
+        status = State->DropUnoffered();
+    }
+    if (Failed(status)) {
         (void)Abandon(); // the first failure is the one to report
         return status;
     }

@@ -71,10 +71,8 @@ SaveFault CheckExceptions(std::vector<StoredException>& exceptions) {
     std::sort(exceptions.begin(), exceptions.end(),
               [](const StoredException& left, const StoredException& right) { return left.Original < right.Original; });
     for (std::size_t index = 0; index < exceptions.size(); ++index) {
-        const StoredException& exception = exceptions[index];
-        const bool twice = index > 0 && exceptions[index - 1].Original == exception.Original;
-        const bool moved = exception.Kind == ExceptionKind::Moved;
-        if (twice || (moved && CheckTimes(exception.Start, exception.End) != SaveFault::None)) {
+        const bool twice = index > 0 && exceptions[index - 1].Original == exceptions[index].Original;
+        if (twice || CheckException(exceptions[index]) != SaveFault::None) {
             return SaveFault::BadException;
         }
     }
@@ -82,6 +80,12 @@ SaveFault CheckExceptions(std::vector<StoredException>& exceptions) {
 }
 
 } // namespace
+
+SaveFault CheckException(const StoredException& exception) {
+    const bool moved = exception.Kind == ExceptionKind::Moved;
+    return moved && CheckTimes(exception.Start, exception.End) != SaveFault::None ? SaveFault::BadException
+                                                                                  : SaveFault::None;
+}
 
 SaveFault CheckAndDerive(StoredItem& item) {
     const bool zoned = !item.Zone.empty();

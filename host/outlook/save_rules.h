@@ -33,6 +33,9 @@ enum class SaveFault {
 // Checks the whole item and works out the missing one of its pattern's count and last day.
 SaveFault CheckAndDerive(StoredItem& item);
 
+// What of it holds for one exception alone.
+SaveFault CheckException(const StoredException& exception);
+
 // One English phrase, as it follows "refused: ".
 std::string_view DescribeFault(SaveFault fault);
 
