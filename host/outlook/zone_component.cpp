@@ -67,7 +67,7 @@ void AppendObservance(icalcomponent* part, const Observance& observance, Expansi
         AppendRule(property, observance, budget, transitions);
     }
     for (icalproperty* property = icalcomponent_get_first_property(part, ICAL_RDATE_PROPERTY);
-         property != nullptr && transitions.size() < kMaxTransitions;
+         property != nullptr && transitions.size() <= kMaxTransitions; // one more is noticed
          property = icalcomponent_get_next_property(part, ICAL_RDATE_PROPERTY)) {
         const icaldatetimeperiodtype date = icalproperty_get_rdate(property);
         if (!icaltime_is_null_time(date.time)) {
