@@ -4,7 +4,11 @@
 #include "tools/device.h"
 #include "tools/output.h"
 
+#include "host/locale/harmless_text.h"
+
 #include <algorithm>
+#include <string>
+#include <vector>
 
 namespace tavo::tools {
 namespace {
@@ -36,6 +40,24 @@ std::string DescribeNothing(const Days& days) {
                                    : "Nothing from " + first + " to " + WriteLongDay(days.Last) + ".\n";
 }
 
+// One sentence; "" when nothing was left out.
+std::string DescribeLeftOut(outlook::OccurrenceReader& reader) {
+    constexpr std::size_t kNamed = 3;
+    const std::vector<Oid>& leftOut = reader.GetLeftOut();
+    std::string names;
+    for (std::size_t index = 0; index < std::min(leftOut.size(), kNamed); ++index) {
+        const std::string subject = locale::MakeHarmless(reader.ReadSubject(leftOut[index]));
+        names += (index > 0 ? ", " : " ") + (subject.empty() ? "No Subject" : subject) + " (item " +
+                 std::to_string(leftOut[index]) + ")";
+    }
+    if (names.empty()) {
+        return "";
+    }
+    names += leftOut.size() > kNamed ? " and " + std::to_string(leftOut.size() - kNamed) + " more" : "";
+    return "Left out, because it cannot be worked out when they recur, or would take too long:" + names +
+           ". See `tavo check`.";
+}
+
 template <class Agenda>
 Status List(const outlook::StorePtr& store, const Days& days, Agenda agenda, Output& output, bool& any) {
     outlook::OccurrenceReader reader(store);
@@ -50,6 +72,9 @@ Status List(const outlook::StorePtr& store, const Days& days, Agenda agenda, Out
             }
         });
     output.Write(text);
+    if (const std::string leftOut = DescribeLeftOut(reader); Succeeded(status) && !leftOut.empty()) {
+        Complain(leftOut);
+    }
     return status;
 }
 

@@ -2,6 +2,7 @@
 #include "host/outlook/diagnosis.h"
 
 #include "host/locale/harmless_text.h"
+#include "host/outlook/entry_reader.h"
 #include "host/outlook/item_image.h"
 #include "host/outlook/row_sum.h"
 #include "host/outlook/save_rules.h"
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <ctime>
 #include <iterator>
 #include <map>
 #include <set>
@@ -164,6 +166,9 @@ class FullCheck {
             status = CheckItems();
         }
         if (Succeeded(status)) {
+            status = CheckListing();
+        }
+        if (Succeeded(status)) {
             status = CheckZones();
         }
         return Succeeded(status) ? CheckJournal() : status;
@@ -278,9 +283,40 @@ class FullCheck {
                      Altered.count(oid) > 0 ? Verdict::Altered : Verdict::Damaged);
             } else if (const std::string rule = Core.Items.Series().FindRuleFault(item); !rule.empty()) {
                 LeaveOut("Item " + std::to_string(oid) + " (" + ToUtf8(item.Subject) + "): " + rule + ".");
+                Faulty.insert(oid);
             }
         }
         return query.Result();
+    }
+
+    // What is in order by itself may still take too long beside all others: the month from today on tells.
+    Status CheckListing() {
+        constexpr DayNumber kDays = 31;
+        EntrySpan span;
+        span.LowestStart = (std::time(nullptr) / kSecondsPerDay + kUnixEpochDay) * kSecondsPerDay;
+        span.HighestStart = span.LowestStart + kDays * kSecondsPerDay - 1;
+        span.LowestEnd = span.LowestStart;
+        span.Series = SeriesAs::Occurrences;
+        EntryReader reader(Core, span);
+        std::vector<Entry> entries;
+        while (!reader.AtEnd()) {
+            entries.clear();
+            const Status status = reader.ReadPiece(entries);
+            if (status == Status::Corrupt) {
+                return Status::Ok; // that item is named already
+            }
+            if (Failed(status)) {
+                return status;
+            }
+        }
+        for (const Oid oid : reader.GetLeftOut()) {
+            StoredItem item;
+            if (Faulty.count(oid) == 0 && Succeeded(Core.Items.Read(oid, Ink::Leave, item))) {
+                LeaveOut("Item " + std::to_string(oid) + " (" + ToUtf8(item.Subject) +
+                         "): beside all others it takes too long to work out when it recurs.");
+            }
+        }
+        return Status::Ok;
     }
 
     // Items in such a zone keep the times that they had.
@@ -316,6 +352,7 @@ class FullCheck {
     StoreCore& Core;
     std::map<Verdict, std::vector<std::string>> Found;
     std::set<Oid> Altered; // items with a row that is not as it was saved
+    std::set<Oid> Faulty;  // series that never give an occurrence
 };
 
 bool IsNearlyFull(const std::filesystem::path& path) {

@@ -143,13 +143,24 @@ Status EntryReader::ReadSeries(Seconds from, Seconds to, std::vector<Entry>& ent
 Status EntryReader::ReadOccurrences(Seconds from, Seconds to, std::vector<Entry>& entries) {
     std::vector<SeriesRow> rows;
     Status status = Core.ReadSeriesTouching(std::max(from, Span.LowestEnd), to, rows);
-    for (const SeriesRow& row : rows) {
-        if (Failed(status)) {
-            break;
-        }
-        status =
-            Core.Items.Series().Expand(row, std::max(from, Span.LowestEnd - row.Length - kSecondsPerDay), to, entries);
+    if (Failed(status)) {
+        return status;
     }
+    if (!LeftOut.empty()) {
+        std::erase_if(rows, [this](const SeriesRow& row) {
+            return std::binary_search(LeftOut.begin(), LeftOut.end(), row.Item);
+        });
+    }
+    const auto expand = [&](std::size_t index, ExpansionBudget& budget) {
+        const SeriesRow& row = rows[index];
+        const Seconds earliest = std::max(from, Span.LowestEnd - row.Length - kSecondsPerDay);
+        status = Core.Items.Series().Expand(row, earliest, to, entries, budget);
+        return Succeeded(status);
+    };
+    for (const std::size_t index : ShareWork(rows.size(), (to - from) / kSecondsPerDay + 1, expand)) {
+        LeftOut.push_back(rows[index].Item);
+    }
+    std::sort(LeftOut.begin(), LeftOut.end());
     return status;
 }
 

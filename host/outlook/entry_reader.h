@@ -29,6 +29,9 @@ class EntryReader {
 
     bool AtEnd() const { return Ended; }
 
+    // The series that were left out so far: they have a fault, or took too long beside all others.
+    const std::vector<Oid>& GetLeftOut() const { return LeftOut; }
+
   private:
     Status FindBeginning();
     Status ReadPlain(Seconds from, Seconds to, std::int64_t span, std::vector<Entry>& entries);
@@ -42,6 +45,7 @@ class EntryReader {
     bool Ended = false;
     Seconds Next = 0; // where the next piece begins
     Seconds PieceLength = 0;
+    std::vector<Oid> LeftOut; // ascending
 };
 
 // Puts entries in order of start, then OID; those of equal start must come in order of OID already.

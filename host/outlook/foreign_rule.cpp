@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
+#include <strings.h>
 
 namespace tavo::outlook {
 
@@ -33,10 +34,68 @@ struct ForeignRule::Parts {
     std::vector<Seconds> ExceptDates;  // sorted
     std::vector<DayNumber> ExceptDays; // sorted: whole days that an EXDATE without a time takes out
     std::int64_t StartsPerDay = 0;     // of all rules together, at most
-    Seconds LastCounted = 0;           // the last start of the rules with a count
+    Seconds CountedEnd = 0;            // of the only rule that had a count; 0: none or several
 };
 
 namespace {
+
+// A date or time as it stands in a list.
+struct Stamp {
+    Seconds Digits = 0;
+    bool DateOnly = false;
+    bool Utc = false;
+};
+
+// The number that so many digits make; -1 when one is none.
+int ReadNumber(std::string_view digits) {
+    int number = 0;
+    for (const char digit : digits) {
+        if (digit < '0' || digit > '9') {
+            return -1;
+        }
+        number = number * 10 + (digit - '0');
+    }
+    return number;
+}
+
+// 20260503, 20260503T090000 or 20260503T090000Z. Lists may have tens of thousands of them.
+bool ReadStamp(std::string_view text, Stamp& stamp) {
+    constexpr std::size_t kDateSize = 8;
+    constexpr std::size_t kTimeSize = 15;
+    constexpr int kHours = 24;
+    stamp.DateOnly = text.size() == kDateSize;
+    stamp.Utc = text.size() == kTimeSize + 1 && text.back() == 'Z';
+    if (!stamp.DateOnly && text.size() != kTimeSize && !stamp.Utc) {
+        return false;
+    }
+    const int year = ReadNumber(text.substr(0, 4));
+    const int month = ReadNumber(text.substr(4, 2));
+    const int day = ReadNumber(text.substr(6, 2));
+    // A day beyond its month is one of the next, as lists of other programs have been taken so far.
+    if (year < 1 || year > 3000 || month < 1 || month > 12 || day < 1 || day > 31) {
+        return false;
+    }
+    stamp.Digits = MakeTime(year, month, day);
+    if (stamp.DateOnly) {
+        return true;
+    }
+    const int hour = ReadNumber(text.substr(9, 2));
+    const int minute = ReadNumber(text.substr(11, 2));
+    const int second = ReadNumber(text.substr(13, 2));
+    if (text[kDateSize] != 'T' || hour < 0 || hour >= kHours || minute < 0 || minute >= 60 || second < 0 ||
+        second > 60) {
+        return false;
+    }
+    stamp.Digits += hour * 3600 + minute * 60 + second;
+    return true;
+}
+
+bool IsDateList(std::string_view line) {
+    constexpr std::string_view kAdded = "RDATE";
+    constexpr std::string_view kCancelled = "EXDATE";
+    return (line.size() > kAdded.size() && strncasecmp(line.data(), kAdded.data(), kAdded.size()) == 0) ||
+           (line.size() > kCancelled.size() && strncasecmp(line.data(), kCancelled.data(), kCancelled.size()) == 0);
+}
 
 // Reads the lines of one series into the parts of its rule.
 class LineReader {
@@ -44,7 +103,9 @@ class LineReader {
     LineReader(const ZoneRules* own, const ZoneLookup& lookup) : Own(own), Lookup(lookup) {}
 
     template <class PartsType> bool Read(const std::string& line, PartsType& parts, std::string& fault) {
-        const PropertyPtr property(icalproperty_new_from_string(line.c_str()));
+        // Of a list its first value tells all that libical is asked.
+        const std::size_t end = IsDateList(line) ? line.find(',', std::min(line.rfind(':'), line.size())) : line.size();
+        const PropertyPtr property(icalproperty_new_from_string(line.substr(0, end).c_str()));
         const icalproperty_kind kind = property == nullptr ? ICAL_NO_PROPERTY : icalproperty_isa(property.get());
         bool read = false;
         if (kind == ICAL_RRULE_PROPERTY || kind == ICAL_EXRULE_PROPERTY) {
@@ -105,23 +166,22 @@ class LineReader {
     template <class PartsType>
     bool ReadDate(const std::string& text, const ZoneRules* zone, bool adds, PartsType& parts) const {
         const std::size_t slash = text.find('/');
-        const icaltimetype time = icaltime_from_string(text.substr(0, slash).c_str());
-        if (icaltime_is_null_time(time) || icaltime_is_valid_time(time) == 0) {
+        Stamp stamp;
+        if (!ReadStamp(text.substr(0, slash), stamp)) {
             return false;
         }
-        const Seconds digits = SecondsFromIcal(time);
+        const Seconds digits = stamp.Digits;
         if (!adds) {
-            if (time.is_date != 0) {
+            if (stamp.DateOnly) {
                 parts.ExceptDays.push_back(DayOf(digits));
             } else {
-                parts.ExceptDates.push_back(ToOwn(digits, icaltime_is_utc(time) != 0, zone));
+                parts.ExceptDates.push_back(ToOwn(digits, stamp.Utc, zone));
             }
             return true;
         }
         RuleOccurrence occurrence;
         // A date alone recurs at the series' own time of day.
-        occurrence.Start =
-            time.is_date != 0 ? digits + TimeOfDay(parts.Start) : ToOwn(digits, icaltime_is_utc(time) != 0, zone);
+        occurrence.Start = stamp.DateOnly ? digits + TimeOfDay(parts.Start) : ToOwn(digits, stamp.Utc, zone);
         if (slash != std::string::npos) {
             const icalperiodtype period = icalperiodtype_from_string(text.c_str());
             if (!icaltime_is_null_time(period.end)) {
@@ -180,28 +240,74 @@ std::unique_ptr<ForeignRule> ForeignRule::Parse(std::string_view lines, Seconds 
     std::stable_sort(parts->Dates.begin(), parts->Dates.end(), byStart);
     std::sort(parts->ExceptDates.begin(), parts->ExceptDates.end());
     std::sort(parts->ExceptDays.begin(), parts->ExceptDays.end());
-    ExpansionBudget budget(kStepsOfCount);
-    for (const RecurrenceRule& rule : parts->Rules) {
-        RuleWalk walk(rule, start, start, budget);
-        while (const std::optional<Seconds> time = rule.Count > 0 ? walk.Next() : std::nullopt) {
-            parts->LastCounted = std::max(parts->LastCounted, *time);
+    return std::unique_ptr<ForeignRule>(new ForeignRule(std::move(parts)));
+}
+
+std::int64_t ForeignRule::CostOf(std::string_view lines) {
+    constexpr std::size_t kToBegin = 200;
+    constexpr std::size_t kPerCharacter = 3; // of a rule
+    constexpr std::size_t kPerStep = 4;      // characters of a list of dates
+    std::size_t steps = kToBegin;
+    for (std::size_t at = 0; at < lines.size();) {
+        const std::size_t end = std::min(lines.find('\n', at), lines.size());
+        steps += IsDateList(lines.substr(at, end - at)) ? (end - at) / kPerStep : (end - at) * kPerCharacter;
+        at = end + 1;
+    }
+    return static_cast<std::int64_t>(steps);
+}
+
+void ForeignRule::TakeCountedEnd(Seconds end) {
+    std::vector<RecurrenceRule*> counted;
+    for (std::vector<RecurrenceRule>* rules : {&Rule->Rules, &Rule->ExceptRules}) {
+        for (RecurrenceRule& rule : *rules) {
+            if (rule.Count > 0) {
+                counted.push_back(&rule);
+            }
         }
     }
-    if (budget.IsSpent()) {
-        fault = "its number of occurrences takes too long to count";
-        return nullptr;
+    if (counted.size() == 1 && end >= Rule->Start - 1) {
+        counted.front()->Until = end;
+        counted.front()->Count = 0;
+        Rule->CountedEnd = end;
     }
-    return std::unique_ptr<ForeignRule>(new ForeignRule(std::move(parts)));
+}
+
+bool ForeignRule::FindCountedEnds(ExpansionBudget& budget) {
+    int counted = 0;
+    for (std::vector<RecurrenceRule>* rules : {&Rule->Rules, &Rule->ExceptRules}) {
+        for (RecurrenceRule& rule : *rules) {
+            if (rule.Count == 0) {
+                continue;
+            }
+            Seconds last = Rule->Start - 1; // without any occurrence it ends before it begins
+            RuleWalk walk(rule, Rule->Start, Rule->Start, budget);
+            while (const std::optional<Seconds> time = walk.Next()) {
+                last = *time;
+            }
+            if (budget.IsSpent()) {
+                return false;
+            }
+            rule.Count = 0;
+            rule.Until = last;
+            Rule->CountedEnd = ++counted == 1 && Rule->CountedEnd == 0 ? last : 0;
+        }
+    }
+    return true;
+}
+
+Seconds ForeignRule::GetCountedEnd() const {
+    return std::max<Seconds>(Rule->CountedEnd, 0);
 }
 
 void ForeignRule::Expand(Seconds from, Seconds to, std::vector<RuleOccurrence>& occurrences,
                          ExpansionBudget& budget) const {
-    std::vector<RuleOccurrence> found;
-    for (const RuleOccurrence& date : Rule->Dates) {
-        if (date.Start >= from && date.Start <= to) {
-            found.push_back(date);
-        }
+    const auto startsBefore = [](const RuleOccurrence& date, Seconds time) { return date.Start < time; };
+    const auto begin = std::lower_bound(Rule->Dates.begin(), Rule->Dates.end(), from, startsBefore);
+    const auto end = to >= from ? std::lower_bound(begin, Rule->Dates.end(), to + 1, startsBefore) : begin;
+    if (!budget.Take(end - begin)) {
+        return;
     }
+    std::vector<RuleOccurrence> found(begin, end);
     const auto walk = [&](const RecurrenceRule& rule, const auto& visit) {
         RecurrenceRule bounded = rule;
         bounded.Until = std::min(rule.Until.value_or(to), to);
@@ -272,7 +378,7 @@ Seconds ForeignRule::FindLastStart() const {
         if (rule.IsEndless()) {
             return kForever;
         }
-        last = std::max(last, rule.Count > 0 ? Rule->LastCounted : *rule.Until);
+        last = std::max(last, *rule.Until);
     }
     return last;
 }

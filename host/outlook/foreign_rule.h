@@ -27,14 +27,24 @@ using ZoneLookup = std::function<const ZoneRules*(const std::string& name)>;
 // clock of the series' own zone (the device's, for a floating one).
 class ForeignRule {
   public:
-    // Null when a line cannot be read or is not one of the four, and when the rules ask for more work than any item
-    // may; `fault` then says which and why, for people.
-    // `own` is the zone of the series, null for a floating one.
+    // Null when a line cannot be read or is not one of the four, and when the rules recur too often; `fault` then says
+    // which and why, for people. `own` is the zone of the series, null for a floating one. A rule with a count has its
+    // end found before anything else is asked of it.
     static std::unique_ptr<ForeignRule> Parse(std::string_view lines, Seconds start, const ZoneRules* own,
                                               const ZoneLookup& lookup, std::string& fault);
     ~ForeignRule();
     ForeignRule(const ForeignRule&) = delete;
     ForeignRule& operator=(const ForeignRule&) = delete;
+
+    // Steps that reading these lines takes.
+    static std::int64_t CostOf(std::string_view lines);
+
+    // The end of the one line with a count, as an earlier FindCountedEnds gave it; 0 where it gave none.
+    void TakeCountedEnd(Seconds end);
+    // Walks the lines with a count whose end is not known to their last start. False when the budget does not suffice.
+    bool FindCountedEnds(ExpansionBudget& budget);
+    // The last start of the only line with a count; 0 when none or several have one.
+    Seconds GetCountedEnd() const;
 
     // Adds the occurrences with from <= start <= to, in order, each once; none when the budget does not suffice.
     void Expand(Seconds from, Seconds to, std::vector<RuleOccurrence>& occurrences, ExpansionBudget& budget) const;

@@ -72,6 +72,7 @@ Status ItemTable::ReadRecurrence(StoredItem& item) {
     pattern.Occurrences = series.Small(7);
     pattern.LastDay = series.Integer(8);
     if (pattern.Type == kRecursForeign) {
+        pattern.LastDay = 0; // there the row holds the end of a line with a count
         Query rule(Source, "SELECT rule FROM foreign_rule WHERE oid = ?");
         if (!rule.Bind(item.Item).Next()) {
             return Failed(rule.Result()) ? rule.Result() : Status::Corrupt;

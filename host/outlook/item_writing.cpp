@@ -99,7 +99,9 @@ Status ItemTable::WriteSeries(const SeriesRow& row, const StoredItem& item) {
     }
     query.Bind(pattern.Type).Bind(pattern.Interval).Bind(pattern.DayOfWeekMask).Bind(pattern.DayOfMonth);
     query.Bind(pattern.Instance).Bind(pattern.MonthOfYear).Bind(static_cast<std::int64_t>(pattern.End));
-    query.Bind(pattern.Occurrences).Bind(pattern.LastDay).Bind(item.Exceptions.empty() ? 0 : 1);
+    query.Bind(pattern.Occurrences)
+        .Bind(pattern.Type == kRecursForeign ? row.CountedEnd : pattern.LastDay)
+        .Bind(item.Exceptions.empty() ? 0 : 1);
     return query.Finish();
 }
 

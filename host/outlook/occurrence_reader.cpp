@@ -25,7 +25,8 @@ struct ItemFacts {
 
 class Lister {
   public:
-    Lister(StoreCore& core, const std::function<void(const ListedOccurrence&)>& visit) : Core(core), Visit(visit) {}
+    Lister(StoreCore& core, const std::function<void(const ListedOccurrence&)>& visit, std::vector<Oid>& leftOut)
+        : Core(core), Visit(visit), LeftOut(leftOut) {}
 
     Status Run(const EntrySpan& span, const Restriction& restriction) {
         EntryReader reader(Core, span);
@@ -34,6 +35,7 @@ class Lister {
         while (!reader.AtEnd()) {
             entries.clear();
             Status status = reader.ReadPiece(entries);
+            LeftOut = reader.GetLeftOut();
             if (Succeeded(status)) {
                 status = filter.Apply(entries, 0);
             }
@@ -129,23 +131,25 @@ class Lister {
 
     StoreCore& Core;
     const std::function<void(const ListedOccurrence&)>& Visit;
+    std::vector<Oid>& LeftOut;
     std::unordered_map<Oid, ItemFacts> Series;
     std::unordered_map<Oid, MirroredKind> Tags;
     bool TagsKnown = false;
 };
 
-Status List(StoreCore& core, const Restriction& restriction,
-            const std::function<void(const ListedOccurrence&)>& visit) {
+Status List(StoreCore& core, const Restriction& restriction, const std::function<void(const ListedOccurrence&)>& visit,
+            std::vector<Oid>& leftOut) {
     EntrySpan span;
     span.LowestStart = restriction.LowestStart();
     span.HighestStart = restriction.HighestStart();
     span.LowestEnd = restriction.LowestEnd();
     span.Series = SeriesAs::Occurrences;
+    leftOut.clear();
     // One look at the store for the whole list: else each of thousands of rows would take and give back the file's
     // lock.
     Status status = core.BeginReading();
     if (Succeeded(status)) {
-        status = Lister(core, visit).Run(span, restriction);
+        status = Lister(core, visit, leftOut).Run(span, restriction);
         (void)core.EndReading(); // nothing was written that could be lost
     }
     return status;
@@ -169,14 +173,19 @@ Status OccurrenceReader::ListDays(DayNumber first, DayNumber last,
     Restriction restriction;
     restriction.Alternatives.push_back({MakeCondition(Property::Start, kLowestTime, MidnightOf(last + 1) - 1),
                                         MakeCondition(Property::End, MidnightOf(first), kHighestTime)});
-    return List(Source->Core(), restriction, visit);
+    return List(Source->Core(), restriction, visit, LeftOut);
 }
 
 Status OccurrenceReader::ListStarts(Seconds from, Seconds to,
                                     const std::function<void(const ListedOccurrence&)>& visit) {
     Restriction restriction;
     restriction.Alternatives.push_back({MakeCondition(Property::Start, from, to)});
-    return List(Source->Core(), restriction, visit);
+    return List(Source->Core(), restriction, visit, LeftOut);
+}
+
+std::string OccurrenceReader::ReadSubject(Oid item) {
+    Query query(Source->Core().Db, "SELECT subject FROM item WHERE oid = ?");
+    return query.Bind(item).Next() ? std::string(query.Text(0)) : std::string();
 }
 
 } // namespace tavo::outlook

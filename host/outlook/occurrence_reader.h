@@ -4,7 +4,9 @@
 #include "host/outlook/store.h"
 
 #include <functional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace tavo::outlook {
 
@@ -32,8 +34,15 @@ class OccurrenceReader {
     // Every occurrence with from <= start <= to, in the same order.
     Status ListStarts(Seconds from, Seconds to, const std::function<void(const ListedOccurrence&)>& visit);
 
+    // The series that the last list leaves out: they have a fault, or took too long beside all others.
+    const std::vector<Oid>& GetLeftOut() const { return LeftOut; }
+
+    // "" for an item that is gone.
+    std::string ReadSubject(Oid item);
+
   private:
     StorePtr Source;
+    std::vector<Oid> LeftOut;
 };
 
 } // namespace tavo::outlook

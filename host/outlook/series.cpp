@@ -3,6 +3,7 @@
 
 #include "host/outlook/foreign_rule.h"
 #include "host/outlook/recurrence.h"
+#include "host/outlook/save_rules.h"
 #include "host/outlook/schema.h"
 
 #include <algorithm>
@@ -13,6 +14,7 @@ namespace {
 
 // Two clocks are never further apart.
 constexpr Seconds kClockSlack = 2 * kLargestZoneOffset;
+constexpr std::int64_t kStepsOfRow = 12; // to read one from the store
 
 ZoneLookup LookupIn(ZoneCache& zones) {
     return [&zones](const std::string& name) { return zones.RulesByName(name); };
@@ -29,6 +31,11 @@ std::vector<Seconds> OriginalsOf(const std::vector<StoredException>& exceptions)
     return originals;
 }
 
+bool IsStoredSpan(Seconds start, Seconds length) {
+    return start >= kFirstStoredDay * kSecondsPerDay && start < (kLastStoredDay + 1) * kSecondsPerDay && length >= 0 &&
+           length <= kLongestAppointment + kSecondsPerDay; // and an hour for changing clocks
+}
+
 } // namespace
 
 Entry SeriesExpander::MakeEntry(const SeriesRow& series, Seconds own, Seconds length) const {
@@ -41,7 +48,8 @@ Entry SeriesExpander::MakeEntry(const SeriesRow& series, Seconds own, Seconds le
     return entry;
 }
 
-void SeriesExpander::ExpandPattern(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries) {
+void SeriesExpander::ExpandPattern(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries,
+                                   ExpansionBudget& budget) {
     const DayNumber startDay = DayOf(series.Start);
     const Seconds time = TimeOfDay(series.Start);
     const RecurrenceDays days(series.Pattern, startDay);
@@ -50,7 +58,7 @@ void SeriesExpander::ExpandPattern(const SeriesRow& series, Seconds from, Second
         last = std::min(last, series.Pattern.LastDay);
     }
     Entry entry = MakeEntry(series, 0, series.Length);
-    for (DayNumber day = days.FirstOnOrAfter(DayOf(from - time + kSecondsPerDay - 1)); day <= last;
+    for (DayNumber day = days.FirstOnOrAfter(DayOf(from - time + kSecondsPerDay - 1)); day <= last && budget.Take();
          day = days.FirstOnOrAfter(day + 1)) {
         entry.Start = MidnightOf(day) + time;
         entry.Original = entry.Start;
@@ -64,15 +72,25 @@ Status SeriesExpander::ExpandForeign(const SeriesRow& series, Seconds from, Seco
     if (!query.Bind(series.Item).Next()) {
         return Failed(query.Result()) ? query.Result() : Status::Corrupt;
     }
+    if (!budget.Take(ForeignRule::CostOf(query.Text(0)))) {
+        return Status::Ok;
+    }
     std::string fault;
     const auto rule = ForeignRule::Parse(query.Text(0), series.Start, Zones.Rules(series.Zone), LookupIn(Zones), fault);
     if (rule == nullptr) {
-        return Status::False;
+        budget.GiveUp();
+        return Status::Ok;
+    }
+    rule->TakeCountedEnd(series.CountedEnd);
+    const std::int64_t share = std::min(budget.GetRest(), kStepsOfCount);
+    ExpansionBudget ofCount(share);
+    if (!rule->FindCountedEnds(ofCount) && share == kStepsOfCount) {
+        budget.GiveUp();
+        return Status::Ok;
     }
     std::vector<RuleOccurrence> occurrences;
-    rule->Expand(from, to, occurrences, budget);
-    if (budget.IsSpent()) {
-        return Status::False;
+    if (budget.Take(ofCount.IsSpent() ? budget.GetRest() + 1 : share - ofCount.GetRest())) {
+        rule->Expand(from, to, occurrences, budget);
     }
     for (const RuleOccurrence& occurrence : occurrences) {
         entries.push_back(MakeEntry(series, occurrence.Start, occurrence.Length.value_or(series.Length)));
@@ -81,12 +99,12 @@ Status SeriesExpander::ExpandForeign(const SeriesRow& series, Seconds from, Seco
 }
 
 Status SeriesExpander::ApplyExceptions(const SeriesRow& series, Seconds from, Seconds to, std::size_t since,
-                                       std::vector<Entry>& entries) {
+                                       std::vector<Entry>& entries, ExpansionBudget& budget) {
     std::vector<Entry> moved;
     std::vector<Seconds> originals; // ascending, as the table is
     Query query(Source, "SELECT original, kind, start, length FROM exception WHERE oid = ? ORDER BY original");
     query.Bind(series.Item);
-    while (query.Next()) {
+    while (budget.Take(kStepsOfRow) && query.Next()) {
         originals.push_back(query.Integer(0));
         if (query.Small(1) == static_cast<int>(ExceptionKind::Moved) && query.Integer(2) >= from &&
             query.Integer(2) <= to) {
@@ -121,11 +139,6 @@ void SeriesExpander::ToDeviceClock(const SeriesRow& series, Seconds from, Second
     entries.resize(kept);
 }
 
-Status SeriesExpander::Expand(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries) {
-    ExpansionBudget budget(kStepsOfExpansion);
-    return Expand(series, from, to, entries, budget);
-}
-
 Status SeriesExpander::Expand(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries,
                               ExpansionBudget& budget) {
     const std::size_t since = entries.size();
@@ -135,14 +148,15 @@ Status SeriesExpander::Expand(const SeriesRow& series, Seconds from, Seconds to,
     Status status = Status::Ok;
     if (series.Pattern.Type == kRecursForeign) {
         status = ExpandForeign(series, ownFrom, ownTo, entries, budget);
-        if (status == Status::False) {
-            return Status::Ok; // left out whole, with what was moved
-        }
     } else {
-        ExpandPattern(series, ownFrom, ownTo, entries);
+        ExpandPattern(series, ownFrom, ownTo, entries, budget);
     }
-    if (Succeeded(status) && series.HasExceptions) {
-        status = ApplyExceptions(series, ownFrom, ownTo, since, entries);
+    if (Succeeded(status) && series.HasExceptions && !budget.IsSpent()) {
+        status = ApplyExceptions(series, ownFrom, ownTo, since, entries, budget);
+    }
+    if (budget.IsSpent()) {
+        entries.resize(since); // left out whole, with what was moved
+        return status;
     }
     if (zoned) {
         ToDeviceClock(series, from, to, since, entries);
@@ -178,6 +192,10 @@ std::string SeriesExpander::FindRuleFault(const StoredItem& item) {
     if (rule == nullptr) {
         return fault;
     }
+    ExpansionBudget ofCount(kStepsOfCount);
+    if (!rule->FindCountedEnds(ofCount)) {
+        return "its number of occurrences takes too long to count";
+    }
     if (!rule->TakesPlace()) {
         return "its recurrence never takes place";
     }
@@ -202,7 +220,9 @@ void SeriesExpander::FindBounds(SeriesRow& series, const std::string& foreignRul
         std::string fault;
         const auto rule =
             ForeignRule::Parse(foreignRule, series.Start, Zones.Rules(series.Zone), LookupIn(Zones), fault);
-        leftOut = rule == nullptr;
+        ExpansionBudget ofCount(kStepsOfCount);
+        leftOut = rule == nullptr || !rule->FindCountedEnds(ofCount);
+        series.CountedEnd = leftOut ? 0 : rule->GetCountedEnd();
         const Seconds last = leftOut ? 0 : rule->FindLastStart();
         endless = last == kForever;
         ExpansionBudget budget(kStepsOfExpansion);
@@ -247,33 +267,53 @@ void SeriesExpander::FindBounds(SeriesRow& series, const std::string& foreignRul
                                               : Zones.ToWall(series.Zone, span.LastEnd) + kSecondsPerDay;
 }
 
+namespace {
+
+constexpr const char* kColumns = "oid, start, length, zone, type, interval, mask, day, instance, month, end_kind,"
+                                 " last_day, has_exceptions, first, until";
+
+// False when arithmetic cannot rely on it, which Save has checked.
+bool TakeRow(Query& query, SeriesRow& row) {
+    row.Item = query.Small(0);
+    row.Start = query.Integer(1);
+    row.Length = query.Integer(2);
+    row.Zone = query.Integer(3);
+    row.Pattern.Type = query.Small(4);
+    row.Pattern.Interval = query.Small(5);
+    row.Pattern.DayOfWeekMask = query.Small(6);
+    row.Pattern.DayOfMonth = query.Small(7);
+    row.Pattern.Instance = query.Small(8);
+    row.Pattern.MonthOfYear = query.Small(9);
+    row.Pattern.End = static_cast<PatternEnd>(query.Small(10));
+    const bool foreign = row.Pattern.Type == kRecursForeign;
+    (foreign ? row.CountedEnd : row.Pattern.LastDay) = query.Integer(11);
+    row.HasExceptions = query.Small(12) != 0;
+    row.First = query.Integer(13);
+    row.Until = query.Integer(14);
+    return IsStoredSpan(row.Start, row.Length) && (foreign || FindPatternFault(row.Pattern) == PatternFault::None);
+}
+
+} // namespace
+
 Status ReadSeriesTouching(Database& database, Seconds from, Seconds to, std::vector<SeriesRow>& rows) {
-    Query query(database, "SELECT oid, start, length, zone, type, interval, mask, day, instance, month, end_kind,"
-                          " last_day, has_exceptions, first, until FROM series WHERE first <= ? AND until >= ?");
+    static const std::string sql = std::string("SELECT ") + kColumns + " FROM series WHERE first <= ? AND until >= ?";
+    Query query(database, sql.c_str());
     query.Bind(to).Bind(from);
     while (query.Next()) {
-        SeriesRow& row = rows.emplace_back();
-        row.Item = query.Small(0);
-        row.Start = query.Integer(1);
-        row.Length = query.Integer(2);
-        row.Zone = query.Integer(3);
-        row.Pattern.Type = query.Small(4);
-        row.Pattern.Interval = query.Small(5);
-        row.Pattern.DayOfWeekMask = query.Small(6);
-        row.Pattern.DayOfMonth = query.Small(7);
-        row.Pattern.Instance = query.Small(8);
-        row.Pattern.MonthOfYear = query.Small(9);
-        row.Pattern.End = static_cast<PatternEnd>(query.Small(10));
-        row.Pattern.LastDay = query.Integer(11);
-        row.HasExceptions = query.Small(12) != 0;
-        row.First = query.Integer(13);
-        row.Until = query.Integer(14);
-        if (row.Pattern.Type != kRecursForeign &&
-            (row.Length < 0 || FindPatternFault(row.Pattern) != PatternFault::None)) {
-            return Status::Corrupt; // arithmetic relies on what Save has checked
+        if (!TakeRow(query, rows.emplace_back())) {
+            return Status::Corrupt;
         }
     }
     return query.Result();
+}
+
+Status ReadSeriesOf(Database& database, Oid item, SeriesRow& row) {
+    static const std::string sql = std::string("SELECT ") + kColumns + " FROM series WHERE oid = ?";
+    Query query(database, sql.c_str());
+    if (!query.Bind(item).Next()) {
+        return Failed(query.Result()) ? query.Result() : Status::False;
+    }
+    return TakeRow(query, row) ? Status::Ok : Status::Corrupt;
 }
 
 } // namespace tavo::outlook

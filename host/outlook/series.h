@@ -38,6 +38,7 @@ struct SeriesRow {
     Seconds Length = 0;
     ZoneId Zone = kFloating;
     StoredPattern Pattern;
+    Seconds CountedEnd = 0; // of a foreign rule: see ForeignRule::GetCountedEnd
     bool HasExceptions = false;
 };
 
@@ -49,9 +50,8 @@ class SeriesExpander {
     SeriesExpander(Database& database, ZoneCache& zones) : Source(database), Zones(zones) {}
 
     // Adds the occurrences that start between `from` and `to` on the device's clock, in no particular order. Nothing is
-    // added for a series with a fault of its rule (see FindRuleFault).
-    Status Expand(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries);
-    // The same; nothing is added either when the budget does not suffice.
+    // added when the budget does not suffice, and for a series with a fault of its rule (see FindRuleFault): then the
+    // budget is given up.
     Status Expand(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries,
                   ExpansionBudget& budget);
 
@@ -66,12 +66,12 @@ class SeriesExpander {
   private:
     struct RuleSpan;
 
-    void ExpandPattern(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries);
-    // False when the rule has a fault, and when the budget does not suffice.
+    void ExpandPattern(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries,
+                       ExpansionBudget& budget);
     Status ExpandForeign(const SeriesRow& series, Seconds from, Seconds to, std::vector<Entry>& entries,
                          ExpansionBudget& budget);
     Status ApplyExceptions(const SeriesRow& series, Seconds from, Seconds to, std::size_t since,
-                           std::vector<Entry>& entries);
+                           std::vector<Entry>& entries, ExpansionBudget& budget);
     void ToDeviceClock(const SeriesRow& series, Seconds from, Seconds to, std::size_t since,
                        std::vector<Entry>& entries);
     Entry MakeEntry(const SeriesRow& series, Seconds own, Seconds length) const;
@@ -81,7 +81,11 @@ class SeriesExpander {
 };
 
 // The series that have an occurrence between the two times on the device's clock (perhaps: the bounds are wide), in
-// order of OID. The length of the first occurrence and the count are not read.
+// order of OID. The length of the first occurrence and the count are not read. Corrupt when a row is none that can have
+// been saved.
 Status ReadSeriesTouching(Database& database, Seconds from, Seconds to, std::vector<SeriesRow>& rows);
+
+// The row of one item; False when it has none.
+Status ReadSeriesOf(Database& database, Oid item, SeriesRow& row);
 
 } // namespace tavo::outlook

@@ -21,7 +21,8 @@ using outlook::ZoneId;
 constexpr Moment kSlack = kDay;
 constexpr Moment kFirstReach = 2 * kDay; // how far a search for the next occurrence looks at first
 constexpr Moment kFarthestReach = 400000 * kDay;
-constexpr std::size_t kMostAhead = 64; // of one series at once: a year of weeks
+constexpr std::size_t kMostAhead = 64;   // of one series at once: a year of weeks
+constexpr std::int64_t kDaysAhead = 200; // within which that many are found of what recurs daily
 
 // Each lead once, by a search for the next greater one, and what of it lies in a span that moves with the lead: however
 // many leads there are, it is one question to the store. A lead below zero counts as none.
@@ -160,12 +161,20 @@ Status ReminderFinder::FindDue(Moment after, Moment upTo, const Visit& visit) {
     if (Succeeded(status)) {
         status = ReadSeries(from);
     }
-    for (const RemindingSeries& series : Series) {
-        if (Succeeded(status)) {
-            outlook::ExpansionBudget budget(outlook::kStepsOfExpansion);
-            status = WalkSeries(series, from + series.Lead, to + series.Lead, budget, visitDue);
-        }
-    }
+    std::vector<std::size_t> leftOut;
+    return Succeeded(status) ? WalkAll(from, to, visitDue, leftOut) : status;
+}
+
+Status ReminderFinder::WalkAll(std::int64_t from, std::int64_t to, const Visit& visit,
+                               std::vector<std::size_t>& leftOut) {
+    Status status = Status::Ok;
+    leftOut = outlook::ShareWork(Series.size(), (to - from) / kDay + 1,
+                                 [&](std::size_t index, outlook::ExpansionBudget& budget) {
+                                     const RemindingSeries& series = Series[index];
+                                     status = WalkSeries(series, from + series.Lead, to + series.Lead, budget, visit);
+                                     return Succeeded(status);
+                                 });
+    std::sort(leftOut.begin(), leftOut.end());
     return status;
 }
 
@@ -180,17 +189,18 @@ Status ReminderFinder::FindAhead(Moment now, const Visit& visit) {
     if (Succeeded(status)) {
         status = ReadSeries(wall - kSlack);
     }
-    for (const RemindingSeries& series : Series) {
-        if (Succeeded(status)) {
-            status = WalkAhead(series, now, visit);
-        }
+    if (Succeeded(status)) {
+        outlook::ShareWork(Series.size(), kDaysAhead, [&](std::size_t index, outlook::ExpansionBudget& budget) {
+            status = WalkAhead(Series[index], now, budget, visit);
+            return Succeeded(status);
+        });
     }
     return status;
 }
 
-Status ReminderFinder::WalkAhead(const RemindingSeries& series, Moment now, const Visit& visit) {
+Status ReminderFinder::WalkAhead(const RemindingSeries& series, Moment now, outlook::ExpansionBudget& budget,
+                                 const Visit& visit) {
     std::vector<DueReminder> found;
-    outlook::ExpansionBudget budget(outlook::kStepsOfExpansion);
     const std::int64_t wall = Core.Zones.UtcToWall(now);
     const std::int64_t last = wall + series.Lead + kSlack;
     Status status = Status::Ok;
@@ -202,6 +212,9 @@ Status ReminderFinder::WalkAhead(const RemindingSeries& series, Moment now, cons
                 found.push_back(reminder);
             }
         });
+        if (budget.IsSpent()) {
+            return status;
+        }
         from = to + 1;
     }
     std::stable_sort(found.begin(), found.end(),
@@ -236,20 +249,28 @@ Status ReminderFinder::FindNextOfSeries(Moment after, Moment& best) {
     Status status = ReadSeries(wall - kSlack);
     std::int64_t from = wall - kSlack;
     outlook::ExpansionBudget all(outlook::kStepsOfNextReminder);
+    std::vector<std::size_t> leftOut;
+    const Visit visit = [&](const DueReminder& reminder) {
+        if (reminder.At > after) {
+            best = std::min(best, reminder.At);
+        }
+    };
     // Everything that is due before a plain item's reminder starts soon: that far all series are looked at.
     for (Moment reach = kFirstReach; reach <= kFarthestReach && Succeeded(status); reach *= 4) {
         const std::int64_t farthest = wall + reach;
         const std::int64_t to =
             best == outlook::kForever ? farthest : std::min(farthest, Core.Zones.UtcToWall(best) + kSlack);
-        for (const RemindingSeries& series : Series) {
-            outlook::ExpansionBudget own(outlook::kStepsOfExpansion);
-            if (Succeeded(status)) {
-                status = WalkSeries(series, from + series.Lead, to + series.Lead, reach == kFirstReach ? own : all,
-                                    [&](const DueReminder& reminder) {
-                                        if (reminder.At > after) {
-                                            best = std::min(best, reminder.At);
-                                        }
-                                    });
+        if (reach == kFirstReach) {
+            status = WalkAll(from, to, visit, leftOut);
+        }
+        for (std::size_t index = 0; index < Series.size() && reach > kFirstReach && Succeeded(status); ++index) {
+            if (!std::binary_search(leftOut.begin(), leftOut.end(), index)) {
+                const RemindingSeries& series = Series[index];
+                const std::int64_t share = std::min(all.GetRest(), outlook::kStepsOfExpansion);
+                outlook::ExpansionBudget own(share);
+                status = WalkSeries(series, from + series.Lead, to + series.Lead, own, visit);
+                // What has a fault costs the others nothing; what takes too long may still remind.
+                all.Take(own.IsSpent() && !own.IsHopeless() ? all.GetRest() + 1 : share - own.GetRest());
             }
         }
         if (all.IsSpent()) {
@@ -313,15 +334,14 @@ Status ReminderFinder::DescribeOccurrence(const ReminderKey& key, Item& item, bo
     if (own - item.Lead != key.Due) {
         return Status::Ok;
     }
-    std::vector<outlook::SeriesRow> rows;
+    outlook::SeriesRow row;
     const std::int64_t from = item.Text.StartWall - kSlack;
     const std::int64_t to = item.Text.StartWall + kSlack;
-    Status status = Core.ReadSeriesTouching(from, to, rows);
-    const auto row =
-        std::find_if(rows.begin(), rows.end(), [&key](const outlook::SeriesRow& one) { return one.Item == key.Item; });
-    if (Succeeded(status) && row != rows.end()) {
+    Status status = outlook::ReadSeriesOf(Core.Db, key.Item, row);
+    if (status == Status::Ok && row.First <= to && row.Until >= from) {
         Entries.clear();
-        status = Core.Items.Series().Expand(*row, from, to, Entries);
+        outlook::ExpansionBudget budget(outlook::kStepsOfExpansion);
+        status = Core.Items.Series().Expand(row, from, to, Entries, budget);
         stands = std::any_of(Entries.begin(), Entries.end(),
                              [&key](const Entry& entry) { return entry.Original == key.Original; });
     }

@@ -16,7 +16,8 @@ class ReminderFinder {
 
     using Visit = std::function<void(const DueReminder&)>;
 
-    // Every reminder with after < due <= upTo; of items and occurrences, whatever their lead.
+    // Every reminder with after < due <= upTo; of items and occurrences, whatever their lead. Here and below, series
+    // with a fault and those that take too long beside all others are left out (see ShareWork).
     Status FindDue(Moment after, Moment upTo, const Visit& visit);
     // Every reminder with due <= now < start; of each series the nearest few, so that a lead of years does not bring
     // thousands at once.
@@ -54,8 +55,10 @@ class ReminderFinder {
     // Occurrences of one series that start in a span on the device's clock; none when the budget does not suffice.
     Status WalkSeries(const RemindingSeries& series, std::int64_t from, std::int64_t to,
                       outlook::ExpansionBudget& budget, const Visit& visit);
-    // The nearest occurrences of one series that are due but have not started.
-    Status WalkAhead(const RemindingSeries& series, Moment now, const Visit& visit);
+    // WalkSeries of all series, around their starts between two times and the lead. Gives those that were left out.
+    Status WalkAll(std::int64_t from, std::int64_t to, const Visit& visit, std::vector<std::size_t>& leftOut);
+    // The nearest occurrences of one series that are due but have not started; none when the budget does not suffice.
+    Status WalkAhead(const RemindingSeries& series, Moment now, outlook::ExpansionBudget& budget, const Visit& visit);
     Status FindNextPlain(Moment after, Moment& best);
     Status FindNextOfSeries(Moment after, Moment& best);
     Status DescribePlain(const ReminderKey& key, Item& item, bool& stands);

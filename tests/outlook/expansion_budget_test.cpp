@@ -189,6 +189,68 @@ TEST_F(HeavyItem, AHundredThousandCancelledDaysCostLittle) {
     EXPECT_LT(TimeUsed() - before, 10 * kSoon); // rows are written and journaled one by one
 }
 
+// As a rule of its own has them: a list that is read at each listing.
+TEST_F(HeavyItem, SixtyThousandCancelledDatesOfARuleOfItsOwnCostLittle) {
+    std::string dates;
+    for (int day = 0; day < 60000; ++day) {
+        const CivilDate date = CivilFromDay(DayOf(At("2026-01-05")) + day);
+        const std::string month = (date.Month < 10 ? "0" : "") + std::to_string(date.Month);
+        dates += (day > 0 ? "," : "") + std::to_string(date.Year) + month + (date.Day < 10 ? "0" : "") +
+                 std::to_string(date.Day) + "T090000";
+    }
+    const double before = TimeUsed();
+    Import(Foreign("u", "RRULE:FREQ=DAILY;BYHOUR=9,10\nEXDATE:" + dates + "\nEXDATE;VALUE=DATE:20260310"));
+    Reopen();
+    const std::vector<std::string> listed = ListMonth();
+    EXPECT_EQ(listed.size(), 30U);
+    EXPECT_EQ(listed.front(), "2026-03-01 10:00 Heavy");
+    EXPECT_EQ(NextReminder("2026-01-05"), "2026-01-05 09:45");
+    EXPECT_LT(TimeUsed() - before, kSoon);
+}
+
+// However many there are that ask for much: an even share is left to each, so little is always there.
+TEST_F(HeavyItem, ACrowdTakesNothingFromThoseThatAskForLittle) {
+    const Oid first = Import(Foreign("0", "RRULE:FREQ=YEARLY;INTERVAL=2"));
+    for (int number = 1; number < 400; ++number) {
+        Import(Foreign(std::to_string(number), "RRULE:FREQ=YEARLY;INTERVAL=2"));
+    }
+    StoredItem honest = Foreign("honest", "RRULE:FREQ=WEEKLY;BYDAY=TU;BYHOUR=10,15");
+    honest.Subject = u"Honest";
+    Import(honest);
+    const std::string heavy =
+        Repeat("RRULE:FREQ=YEARLY;BYDAY=SU,MO,TU,WE,TH,FR,SA;BYSETPOS=100;BYHOUR=" + Numbers(6), 16);
+    for (Oid oid = first; oid < first + 400; ++oid) {
+        ASSERT_TRUE(PlantRule(Store->Core(), oid, heavy));
+    }
+    const double before = TimeUsed();
+    Reopen();
+    EXPECT_THAT(ListMonth(),
+                ElementsAre("2026-03-03 10:00 Honest", "2026-03-03 15:00 Honest", "2026-03-10 10:00 Honest",
+                            "2026-03-10 15:00 Honest", "2026-03-17 10:00 Honest", "2026-03-17 15:00 Honest",
+                            "2026-03-24 10:00 Honest", "2026-03-24 15:00 Honest", "2026-03-31 10:00 Honest",
+                            "2026-03-31 15:00 Honest"));
+    EXPECT_EQ(NextReminder("2026-03-11"), "2026-03-17 09:45");
+    std::vector<std::string> due;
+    EXPECT_EQ(reminders::ReminderFinder(Store->Core())
+                  .FindDue(At("2026-03-11"), At("2026-03-18"),
+                           [&due](const reminders::DueReminder& reminder) { due.push_back(TextOf(reminder.At)); }),
+              Status::Ok);
+    EXPECT_THAT(due, ElementsAre("2026-03-17 09:45", "2026-03-17 14:45"));
+    EXPECT_LT(TimeUsed() - before, 3 * kSoon);
+}
+
+// A store from before the end of a count was kept, or one that another program wrote.
+TEST_F(HeavyItem, ACountWhoseEndIsNotKeptEndsAllTheSame) {
+    const Oid oid = Import(Foreign("u", "RRULE:FREQ=DAILY;BYHOUR=9,10;COUNT=130"));
+    const std::vector<std::string> listed = ListMonth();
+    EXPECT_EQ(listed.size(), 20U);
+    EXPECT_EQ(listed.back(), "2026-03-10 10:00 Heavy");
+    ASSERT_EQ(Store->Core().Db.Run(("UPDATE series SET last_day = 0 WHERE oid = " + std::to_string(oid)).c_str()),
+              Status::Ok);
+    Reopen();
+    EXPECT_EQ(ListMonth(), listed);
+}
+
 TEST_F(HeavyItem, RemindersAreSoughtInStretchesWhereThatTakesLong) {
     for (int number = 0; number < 60; ++number) {
         const Oid oid = Import(Foreign(std::to_string(number), "RRULE:FREQ=YEARLY;INTERVAL=2"));
@@ -225,6 +287,23 @@ TEST_F(HeavyItem, AZoneOfImpossibleLinesIsRefusedAtOnce) {
         EXPECT_EQ(fault, "changes its clock in more ways than can be worked out");
         EXPECT_LT(TimeUsed() - before, kSoon);
     }
+}
+
+// Left out silently, the clock would be wrong from some day on.
+TEST_F(HeavyItem, AZoneOfMoreChangesThanAreKeptIsRefused) {
+    std::string few;
+    std::string many;
+    for (int day = 0; day < 30000; ++day) {
+        const CivilDate date = CivilFromDay(DayFromCivil(1971, 1, 1) + day);
+        const std::string month = (date.Month < 10 ? "0" : "") + std::to_string(date.Month);
+        const std::string text =
+            std::to_string(date.Year) + month + (date.Day < 10 ? "0" : "") + std::to_string(date.Day) + "T030000";
+        (day < 19000 ? few : many) += (day % 100 == 0 ? "\r\nRDATE:" : ",") + text;
+    }
+    std::string fault;
+    EXPECT_NE(ParseZoneComponent(ZoneOf("+0200", "+0100", few.substr(2) + "\r\n"), fault), nullptr) << fault;
+    EXPECT_EQ(ParseZoneComponent(ZoneOf("+0200", "+0100", few.substr(2) + many + "\r\n"), fault), nullptr);
+    EXPECT_EQ(fault, "changes its clock in more ways than can be worked out");
 }
 
 TEST_F(HeavyItem, AZoneADayAwayFromUniversalTimeIsRefusedAndNamedWhereItIs) {

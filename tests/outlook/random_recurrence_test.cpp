@@ -145,7 +145,9 @@ TEST(RandomRecurrence, AHundredThousandPatternsMatchAWalkThroughTheCalendar) {
         const long from = dice.Draw(start.Number - 40, reach);
         const long to = dice.Happens(4) ? reach : std::min(reach, from + dice.Draw(0, 400));
         std::vector<Entry> entries;
-        ASSERT_EQ(expander.Expand(row, MidnightOf(from), MidnightOf(to + 1) - 1, entries), Status::Ok);
+        ExpansionBudget budget(kStepsOfExpansion);
+        ASSERT_EQ(expander.Expand(row, MidnightOf(from), MidnightOf(to + 1) - 1, entries, budget), Status::Ok);
+        ASSERT_FALSE(budget.IsSpent());
         std::vector<long> computed;
         for (const Entry& entry : entries) {
             ASSERT_EQ(TimeOfDay(entry.Start), 10 * 3600);
