@@ -155,7 +155,6 @@ void Companion::SetAlarm(Moment at) {
 }
 
 void Companion::Work(Look look) {
-    (void)Desk.Bus().Connect(); // where there is no bus, our own window shows what is due
     if (Device != nullptr && IsReplaced()) {
         LeaveStore();
     }
@@ -311,13 +310,19 @@ void Companion::WaitForDesk() {
     }
 }
 
+// Until the bus says who holds cards, they would seem to be gone. Without a bus our own window shows what is due.
+bool Companion::IsFindingDesk() {
+    return Desk.Bus().Connect() && Desk.Bus().IsFinding();
+}
+
 int Companion::Run() {
     if (!Prepare()) {
         return 1;
     }
+    OpenStore(); // while the bus is about to answer
     Pending = Look::Items;
     while (!Ending) {
-        if (Pending) {
+        if (Pending && !IsFindingDesk()) {
             const Look look = *Pending;
             Pending.reset();
             Work(look);

@@ -33,6 +33,7 @@ class Companion {
     void LeaveStore();
     void TakeOrphansBack();
     bool IsReplaced() const;
+    bool IsFindingDesk();
     void Work(reminders::Look look);
     void SetAlarm(reminders::Moment at);
     void LookAtStore();

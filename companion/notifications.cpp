@@ -13,8 +13,9 @@ namespace {
 
 constexpr const char* kName = "org.freedesktop.Notifications";
 constexpr const char* kPath = "/org/freedesktop/Notifications";
-constexpr std::uint64_t kBusPatience = 500'000;     // microseconds that the bus itself may take
-constexpr std::uint64_t kLateReplies = 300'000'000; // microseconds in which a reply that is late still counts
+constexpr std::chrono::milliseconds kFindPatience{400}; // until the bus says who holds its cards
+constexpr std::chrono::seconds kRetry{30};              // after a bus that never let us in
+constexpr std::uint64_t kLateReplies = 300'000'000;     // microseconds in which a reply that is late still counts
 // Until a card goes to our own window. It comes back from there when the service was only slow.
 constexpr std::chrono::milliseconds kReplyPatience{900};
 constexpr std::chrono::milliseconds kCapabilityPatience{400}; // of these
@@ -58,10 +59,10 @@ void Notifications::Disconnect() {
     while (!Questions.empty()) {
         TakeReply(Questions.begin()->first, std::nullopt);
     }
-    if (Bus != nullptr) {
-        sd_bus_flush_close_unref(Bus);
-        Bus = nullptr;
-    }
+    // Not flushed: a bus that hangs would hold us up. What could be sent was sent at once.
+    Bus = sd_bus_close_unref(Bus);
+    FindEnd.reset();
+    IsLetIn = false;
     ServiceName.clear();
 }
 
@@ -69,17 +70,17 @@ bool Notifications::Connect() {
     if (Bus != nullptr) {
         return true;
     }
+    if (Clock::now() < NextTry) {
+        return false;
+    }
     if (sd_bus_open_user(&Bus) < 0) {
         Bus = nullptr;
         return false;
     }
-    if (sd_bus_set_method_call_timeout(Bus, kBusPatience) < 0 || !Listen()) {
+    // Sent as soon as the bus lets us in; nothing here waits for that.
+    if (!Listen() || !FindService()) {
         Disconnect();
         return false;
-    }
-    FindService();
-    if (!ServiceName.empty()) {
-        AskCapabilities(); // so that they are known when something is due
     }
     return true;
 }
@@ -87,10 +88,12 @@ bool Notifications::Connect() {
 bool Notifications::Listen() {
     constexpr const char* ownerRule = "type='signal',sender='org.freedesktop.DBus',member='NameOwnerChanged',"
                                       "arg0='org.freedesktop.Notifications'";
-    return sd_bus_match_signal(Bus, nullptr, kName, kPath, kName, "ActivationToken", Forward<OnToken>, this) >= 0 &&
-           sd_bus_match_signal(Bus, nullptr, kName, kPath, kName, "ActionInvoked", Forward<OnAction>, this) >= 0 &&
-           sd_bus_match_signal(Bus, nullptr, kName, kPath, kName, "NotificationClosed", Forward<OnClosed>, this) >= 0 &&
-           sd_bus_add_match(Bus, nullptr, ownerRule, Forward<OnOwnerChanged>, this) >= 0;
+    const auto listen = [this](const char* signal, auto handler) {
+        return sd_bus_match_signal_async(Bus, nullptr, kName, kPath, kName, signal, handler, nullptr, this) >= 0;
+    };
+    return listen("ActivationToken", Forward<OnToken>) && listen("ActionInvoked", Forward<OnAction>) &&
+           listen("NotificationClosed", Forward<OnClosed>) &&
+           sd_bus_add_match_async(Bus, nullptr, ownerRule, Forward<OnOwnerChanged>, nullptr, this) >= 0;
 }
 
 int Notifications::Descriptor() const {
@@ -102,7 +105,7 @@ int Notifications::PollEvents() const {
 }
 
 std::optional<Instant> Notifications::Deadline() const {
-    std::optional<Instant> earliest;
+    std::optional<Instant> earliest = FindEnd;
     for (const auto& [number, question] : Questions) {
         if (!question->IsLate) {
             earliest = Earlier(earliest, question->Slot == nullptr ? question->HeldUntil : question->Deadline);
@@ -121,6 +124,7 @@ bool Notifications::Process() {
         result = sd_bus_process(Bus, nullptr);
     }
     if (result < 0) {
+        NextTry = IsLetIn ? Instant() : Clock::now() + kRetry;
         Disconnect();
         Told.ServiceChanged();
     }
@@ -130,6 +134,10 @@ bool Notifications::Process() {
 
 void Notifications::TakeTime() {
     const Instant now = Clock::now();
+    if (FindEnd && *FindEnd <= now) {
+        FindEnd.reset();
+        IsSilent = true;
+    }
     SendHeld();
     std::vector<std::uint32_t> late;
     for (const auto& [number, question] : Questions) {
@@ -153,14 +161,28 @@ std::string Notifications::NameService(const char* owner) const {
     return std::string(sd_id128_to_string(bus, text.data())) + ' ' + owner;
 }
 
-void Notifications::FindService() {
-    sd_bus_creds* owner = nullptr;
-    const char* unique = nullptr;
-    if (sd_bus_get_name_creds(Bus, kName, SD_BUS_CREDS_UNIQUE_NAME, &owner) >= 0 &&
-        sd_bus_creds_get_unique_name(owner, &unique) >= 0) {
-        ServiceName = NameService(unique);
+bool Notifications::FindService() {
+    FindEnd = Clock::now() + kFindPatience;
+    return sd_bus_call_method_async(Bus, nullptr, "org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                    "org.freedesktop.DBus", "GetNameOwner", Forward<OnOwner>, this, "s", kName) >= 0;
+}
+
+int Notifications::OnOwner(sd_bus_message* message, void* self, void*) {
+    auto* notifications = static_cast<Notifications*>(self);
+    const bool isLate = !notifications->FindEnd;
+    const char* owner = nullptr;
+    notifications->FindEnd.reset();
+    notifications->IsLetIn = true;
+    notifications->IsSilent = notifications->IsSilent && !isLate; // it only was the bus that did not answer
+    if (sd_bus_message_is_method_error(message, nullptr) != 0 || sd_bus_message_read(message, "s", &owner) < 0) {
+        return 0; // there is none
     }
-    sd_bus_creds_unref(owner);
+    notifications->ServiceName = notifications->NameService(owner);
+    notifications->AskCapabilities(); // so that they are known when something is due
+    if (isLate) {
+        notifications->Told.ServiceChanged();
+    }
+    return 0;
 }
 
 void Notifications::ForgetCapabilities() {

@@ -1,4 +1,4 @@
-// The desktop's own notifications, over the session bus. Nothing here waits for their service.
+// The desktop's own notifications, over the session bus. Nothing here waits for them or for the bus.
 #pragma once
 
 #include "companion/card_text.h"
@@ -35,8 +35,12 @@ class Notifications {
     Notifications(const Notifications&) = delete;
     Notifications& operator=(const Notifications&) = delete;
 
-    // False without a session bus; may be tried again.
+    // Begins to; false without a session bus, which may be tried again.
     bool Connect();
+
+    // Whether it may still turn out who holds cards; not for long. Before that, nobody does.
+    bool IsFinding() const { return FindEnd.has_value(); }
+
     // For the loop: the descriptor and the events to wait for, -1 without a bus; and when to call Process at the
     // latest.
     int Descriptor() const;
@@ -65,11 +69,12 @@ class Notifications {
     static int OnClosed(sd_bus_message* message, void* self, void* error);
     static int OnOwnerChanged(sd_bus_message* message, void* self, void* error);
     static int OnCapabilities(sd_bus_message* message, void* self, void* error);
+    static int OnOwner(sd_bus_message* message, void* self, void* error);
     static int OnReply(sd_bus_message* message, void* question, void* error);
 
     bool Listen();
     void Disconnect();
-    void FindService();
+    bool FindService();
     std::string NameService(const char* owner) const;
     void AskCapabilities();
     void ForgetCapabilities();
@@ -81,6 +86,9 @@ class Notifications {
     Events Told;
     sd_bus* Bus = nullptr;
     sd_bus_slot* CapabilitiesSlot = nullptr; // while they are asked for
+    std::optional<Instant> FindEnd;          // while the service is looked for
+    Instant NextTry;                         // to connect, not before
+    bool IsLetIn = false;                    // the bus has answered something
     std::string ServiceName;
     bool KnowsCapabilities = false;
     bool TakesMarkup = true; // until it is known: what is marked needlessly is ugly, what is not may be left out

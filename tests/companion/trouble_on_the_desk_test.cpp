@@ -1,4 +1,5 @@
 // A desktop and children that refuse, hang or answer late: reminders come at their times all the same.
+#include "host/locale/utf.h"
 #include "host/outlook/store_core.h"
 #include "tests/companion/notification_service.h"
 #include "tests/companion/patience.h"
@@ -6,12 +7,17 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <cmath>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
 
 namespace tavo::companion::test {
 namespace {
@@ -190,6 +196,54 @@ TEST_F(TroubleOnTheDesk, ACardForAWindowThatHangsComesInAnother) {
     AddReminder(u"Tea", 600, 30);
     EXPECT_TRUE(WaitForStates("2", 2 * kSoon));
     EXPECT_THAT(Logged(kWindowName), HasSubstr("Tea"));
+}
+
+// A socket of a bus whose process hangs: it takes whoever connects, and says nothing.
+class HungBus {
+  public:
+    explicit HungBus(const std::string& path) : Path(path), Socket(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+        sockaddr_un place{};
+        place.sun_family = AF_UNIX;
+        EXPECT_LT(path.size(), sizeof place.sun_path);
+        path.copy(place.sun_path, path.size());
+        EXPECT_EQ(bind(Socket, reinterpret_cast<const sockaddr*>(&place), sizeof place), 0);
+        EXPECT_EQ(listen(Socket, 5), 0);
+    }
+
+    ~HungBus() { close(Socket); }
+
+    HungBus(const HungBus&) = delete;
+    HungBus& operator=(const HungBus&) = delete;
+
+    std::string Address() const { return "unix:path=" + Path; }
+
+  private:
+    std::string Path;
+    int Socket;
+};
+
+TEST_F(TroubleOnTheDesk, ABusThatHangsHoldsNobodyUp) {
+    const HungBus hung(Folder.Path / "bus");
+    StartCompanion(hung.Address());
+    ASSERT_TRUE(WaitUntil([this] { return LedgerStates().empty(); }, kSoon));
+    std::this_thread::sleep_for(std::chrono::seconds(1)); // it has begun
+    for (const char* subject : {"Tea", "Train"}) {
+        const double made = TimeNow();
+        AddReminder(locale::ToUtf16(subject), 600, 30);
+        ASSERT_TRUE(WaitForLog(kWindowName, subject, kSoon)) << subject;
+        EXPECT_LT(TimeNow() - made, 2) << subject; // of that up to a second until the change is noticed
+    }
+    EXPECT_TRUE(WaitForStates("2 2", kSoon));
+    EXPECT_LT(TimeToEnd(), 2);
+}
+
+TEST_F(TroubleOnTheDesk, WhatWasDueBeforeAHungBusWasStartedOnComesAtOnce) {
+    AddReminder(u"Tea", 600, 30);
+    const HungBus hung(Folder.Path / "bus");
+    const double started = TimeNow();
+    StartCompanion(hung.Address());
+    ASSERT_TRUE(WaitForLog(kWindowName, "Tea", kSoon));
+    EXPECT_LT(TimeNow() - started, 2);
 }
 
 } // namespace
