@@ -1,6 +1,8 @@
 // UTF-8 to UTF-16 and back.
 #include "host/locale/utf.h"
 
+#include "host/locale/plain_text.h"
+
 #include <cstddef>
 
 namespace tavo::locale {
@@ -70,8 +72,7 @@ bool ReadLongCharacter(std::string_view bytes, std::size_t& at, char32_t& point)
 
 bool ConvertToUtf8(std::u16string_view text, std::string& bytes) {
     bool exact = true;
-    bytes.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
+    for (std::size_t i = TakePlain(text, bytes); i < text.size(); ++i) {
         char32_t point = text[i];
         if (IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
             point = 0x10000 + ((point - 0xD800) << 10) + (text[i + 1] - 0xDC00u);
@@ -87,8 +88,7 @@ bool ConvertToUtf8(std::u16string_view text, std::string& bytes) {
 
 bool ConvertToUtf16(std::string_view bytes, std::u16string& text) {
     bool exact = true;
-    text.reserve(bytes.size());
-    for (std::size_t at = 0; at < bytes.size();) {
+    for (std::size_t at = TakePlain(bytes, text); at < bytes.size();) {
         if (static_cast<unsigned char>(bytes[at]) < 0x80) {
             text += static_cast<char16_t>(bytes[at++]);
             continue;

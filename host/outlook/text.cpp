@@ -2,6 +2,8 @@
 // cut in the middle of a character must come back as it was.
 #include "host/outlook/text.h"
 
+#include "host/locale/plain_text.h"
+
 #include <cstddef>
 #include <cstdint>
 
@@ -66,8 +68,7 @@ char32_t TakeUtf8(std::string_view text, std::size_t& at) {
 
 std::string ToUtf8(std::u16string_view text) {
     std::string out;
-    out.reserve(text.size());
-    for (std::size_t at = 0; at < text.size(); ++at) {
+    for (std::size_t at = locale::TakePlain(text, out); at < text.size(); ++at) {
         char32_t code = text[at];
         if (IsLead(code) && at + 1 < text.size() && IsTrail(text[at + 1])) {
             code = 0x10000 + ((code - 0xD800) << 10) + (static_cast<char32_t>(text[++at]) - 0xDC00);
@@ -79,8 +80,7 @@ std::string ToUtf8(std::u16string_view text) {
 
 std::u16string ToUtf16(std::string_view text) {
     std::u16string out;
-    out.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) {
+    for (std::size_t at = locale::TakePlain(text, out); at < text.size();) {
         const char32_t code = TakeUtf8(text, at);
         if (code < 0x10000) {
             out.push_back(static_cast<char16_t>(code));
