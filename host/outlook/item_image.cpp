@@ -10,10 +10,13 @@ namespace {
 
 constexpr std::uint8_t kFirstImageVersion = 1; // exceptions without their origin
 constexpr std::uint8_t kImageVersion = 2;
+constexpr std::size_t kOrdinaryItem = 512; // bytes
 constexpr std::size_t kMaxParts = 100000; // exceptions or tags of one item
 
 class Writer {
   public:
+    Writer() { Bytes.reserve(kOrdinaryItem); }
+
     void Number(std::int64_t value) {
         // Zigzag: small numbers of either sign stay short.
         auto bits = (static_cast<std::uint64_t>(value) << 1) ^ static_cast<std::uint64_t>(value >> 63);

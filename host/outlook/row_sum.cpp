@@ -3,51 +3,71 @@
 
 #include "host/ink/checksum.h"
 
+#include <bit>
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <exception>
+#include <span>
 #include <vector>
 
 namespace tavo::outlook {
 
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
+static_assert(std::endian::native == std::endian::little); // stores that exist have sums over the low byte first
 
-void Append(Bytes& bytes, std::int64_t number) {
-    for (int shift = 0; shift < 64; shift += 8) {
-        bytes.push_back(static_cast<std::uint8_t>(static_cast<std::uint64_t>(number) >> shift));
+constexpr std::size_t kOrdinaryItem = 512; // bytes
+
+// Written at every item of an import, so without looking at each byte.
+class RowBytes {
+  public:
+    void Append(std::int64_t number) { Append(&number, sizeof number); }
+
+    void AppendSized(const void* data, int size) {
+        Append(size);
+        Append(data, static_cast<std::size_t>(size));
     }
-}
 
-void Append(Bytes& bytes, const void* data, int size) {
-    Append(bytes, size);
-    const auto* first = static_cast<const std::uint8_t*>(data);
-    bytes.insert(bytes.end(), first, first + size);
-}
+    void AppendType(int type) { Append(&type, 1); }
 
-void Append(Bytes& bytes, sqlite3_value* value) {
+    std::span<const std::uint8_t> All() const { return {Bytes.data(), Size}; }
+
+  private:
+    void Append(const void* data, std::size_t size) {
+        if (Bytes.size() - Size < size) {
+            Bytes.resize(2 * (Size + size));
+        }
+        if (size > 0) {
+            std::memcpy(Bytes.data() + Size, data, size);
+        }
+        Size += size;
+    }
+
+    std::vector<std::uint8_t> Bytes = std::vector<std::uint8_t>(kOrdinaryItem);
+    std::size_t Size = 0;
+};
+
+void Append(RowBytes& bytes, sqlite3_value* value) {
     const int type = sqlite3_value_type(value);
-    bytes.push_back(static_cast<std::uint8_t>(type));
+    bytes.AppendType(type);
     if (type == SQLITE_INTEGER) {
-        Append(bytes, sqlite3_value_int64(value));
-    } else if (type == SQLITE_TEXT) {
-        const auto* text = sqlite3_value_text(value);
-        Append(bytes, text, sqlite3_value_bytes(value));
+        bytes.Append(sqlite3_value_int64(value));
     } else if (type != SQLITE_NULL) {
-        const void* blob = sqlite3_value_blob(value);
-        Append(bytes, blob, sqlite3_value_bytes(value));
+        const void* data =
+            sqlite3_value_blob(value); // of a text too: as a text it would be copied, for the zero at its end
+        bytes.AppendSized(data, sqlite3_value_bytes(value));
     }
 }
 
 void SumRow(sqlite3_context* context, int count, sqlite3_value** values) {
     try {
-        Bytes bytes;
-        bytes.reserve(512); // an ordinary item
+        RowBytes bytes;
         for (int index = 0; index < count; ++index) {
             Append(bytes, values[index]);
         }
         // Signed, so that it never takes more than four bytes of the file.
-        sqlite3_result_int(context, static_cast<std::int32_t>(ink::Checksum(bytes)));
+        sqlite3_result_int(context, static_cast<std::int32_t>(ink::Checksum(bytes.All())));
     } catch (const std::exception&) {
         sqlite3_result_error_nomem(context);
     }
