@@ -90,6 +90,8 @@ void CAppointmentDlg::LayOut() {
     const AppointmentForm& form = Layout();
     SetItemText(kEditStartLabel, form.StartLabel);
     SetItemText(kEditEndLabel, form.EndLabel);
+    SetItemText(kEditStartTime, form.TimePicture); // one edits what the row shows
+    SetItemText(kEditEndTime, form.TimePicture);
     for (int row = 0; row < static_cast<int>(form.Rows.size()); ++row) {
         const FormRow& fields = form.Rows[static_cast<std::size_t>(row)];
         if (fields.Label != 0) {

@@ -14,7 +14,7 @@ constexpr Color kBackground = Color::FromRgb(255, 255, 255);
 constexpr Color kShownRow = Color::FromRgb(230, 239, 250);
 constexpr Color kLabelColor = Color::FromRgb(89, 99, 110);
 constexpr Color kValueColor = Color::FromRgb(0, 0, 0);
-constexpr Color kDisabledColor = Color::FromRgb(153, 153, 153);
+constexpr Color kDisabledColor = Color::FromRgb(104, 104, 104); // less than a value, and still to be read
 constexpr Color kLinkColor = Color::FromRgb(38, 100, 180);
 constexpr Pen kRulePen{Color::FromRgb(153, 153, 153), 1};
 constexpr Pen kTickPen{Color::FromRgb(38, 100, 180), 2};
@@ -184,10 +184,10 @@ std::u16string CAppointmentDlg::DateText(int control) const {
 }
 
 std::u16string CAppointmentDlg::TimeText(int control) const {
-    const std::u16string_view picture = Kind() == ItemKind::Appointment ? kPictureEditTime : kPictureEditTimeSeconds;
+    const SYSTEMTIME time = Host().Controls().GetSystemtime(Control(control));
     return Host()
         .Locale()
-        .GetTimeFormatW(LocaleId::User, Host().Controls().GetSystemtime(Control(control)), picture, kPictureBuffer)
+        .GetTimeFormatW(LocaleId::User, time, Layout().TimePicture, kPictureBuffer)
         .value_or(std::u16string());
 }
 

@@ -2,6 +2,7 @@
 #include "edit/appointment_form.h"
 
 #include "res/control_ids.h"
+#include "store/date_pictures.h"
 
 #include <cstddef>
 
@@ -37,9 +38,9 @@ constexpr FormRow kAppointmentRows[] = {
     {kEditSubjectLabel, kSubject},  {kEditStartLabel, kStart},    {kEditEndLabel, kEnd}, {0, kAllDay},
     {kEditRecurLabel, kRecurrence}, {kEditAlarmLabel, kReminder}, {0, kSound},           {kEditMemoLabel, kMemo}};
 
-constexpr AppointmentForm kAlarmForm{15, u"Date :", u"Time :", kAlarmRows};
-constexpr AppointmentForm kDayForm{15, u"Date :", u"End :", kDayRows};
-constexpr AppointmentForm kAppointmentForm{10, u"Start :", u"End :", kAppointmentRows};
+constexpr AppointmentForm kAlarmForm{15, u"Date :", u"Time :", kPictureEditTimeSeconds, kAlarmRows};
+constexpr AppointmentForm kDayForm{15, u"Date :", u"End :", kPictureEditTime, kDayRows};
+constexpr AppointmentForm kAppointmentForm{10, u"Start :", u"End :", kPictureEditTime, kAppointmentRows};
 
 } // namespace
 

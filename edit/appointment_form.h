@@ -33,6 +33,7 @@ struct AppointmentForm {
     int Top = 0; // of row 0
     std::u16string_view StartLabel;
     std::u16string_view EndLabel;
+    std::u16string_view TimePicture; // of its time rows
     std::span<const FormRow> Rows;
 
     // In pixels of the dialog.

@@ -2,6 +2,7 @@
 #include "host/headless/control_touch.h"
 
 #include "host/headless/text_metrics.h"
+#include "host/shell/picker_input.h"
 
 #include <algorithm>
 
@@ -33,7 +34,7 @@ void TapPicker(HeadlessHost& host, WindowHandle control, Point screen) {
     const shell::ControlState& state = *host.State.Tree.FindControl(control);
     const int height = state.FontPoints * 96 / 72;
     std::vector<int> widths;
-    MeasureText(height, 0, 400, shell::FaceOf(state.Kind, state.Time, state.Entry).Text, widths);
+    MeasureText(height, 0, 400, shell::FaceOf(*host.State.Tree.Find(control)).Text, widths);
     const int x = screen.X - host.State.Tree.ScreenBounds(control).Left - margin;
     const auto right = std::find_if(widths.begin(), widths.end(), [x](int width) { return width > x; });
     host.ControlActions.Touch(control, static_cast<int>(right - widths.begin()));

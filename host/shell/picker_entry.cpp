@@ -17,8 +17,7 @@ constexpr int kDay = 1;
 constexpr int kYear = 2;
 constexpr int kHour = 0; // parts of a time
 constexpr int kMinute = 1;
-constexpr int kHalf = 2;
-constexpr int kLastPart = 2;
+constexpr int kSecond = 2; // where there are seconds; the half of the day comes last
 
 constexpr int kFirstYear = 1601;
 constexpr int kLastYear = 9999;
@@ -26,6 +25,7 @@ constexpr int kLastShortYear = 29; // as with dates that are read: 0 to 29 lie i
 constexpr int kHalfDay = 12;       // hours
 constexpr int kDayOfHours = 24;
 constexpr int kHourOfMinutes = 60;
+constexpr int kMinuteOfSeconds = 60;
 
 struct PartLimit {
     int Highest;
@@ -34,7 +34,7 @@ struct PartLimit {
 
 // The hour also as others count it, from 0 to 23.
 constexpr std::array<PartLimit, 3> kDateLimits{{{12, 2}, {31, 2}, {kLastYear, 4}}};
-constexpr std::array<PartLimit, 2> kTimeLimits{{{23, 2}, {59, 2}}};
+constexpr std::array<PartLimit, 3> kTimeLimits{{{23, 2}, {59, 2}, {59, 2}}};
 
 int ToNumber(std::u16string_view digits) {
     int number = 0;
@@ -60,15 +60,51 @@ int Wrap(int number, int first, int count) {
     return ((number - first) % count + count) % count + first;
 }
 
+// The last part's number: how many come before it.
+constexpr int LastPartOf(PickerFields fields) {
+    return fields == PickerFields::TimeWithSeconds ? 3 : 2;
+}
+
+// The minute of three digits in a row, which are an hour of one and a minute of two: "230" is half past two, not
+// twenty-three. -1 where they are none.
+int MinuteOfThreeDigits(const PickerEntry& entry) {
+    if (entry.Part != kMinute || entry.Typed.size() != 1 || entry.HourRun.size() != 2) {
+        return -1;
+    }
+    const int minute = ToNumber(entry.HourRun.substr(1) + entry.Typed);
+    return minute < kHourOfMinutes ? minute : -1;
+}
+
+std::vector<std::u16string> PartsOfTime(const SYSTEMTIME& time, bool withSeconds) {
+    const int hour = time.Hour % kHalfDay;
+    std::vector<std::u16string> parts{ToText(hour == 0 ? kHalfDay : hour), ToText(time.Minute, 2)};
+    if (withSeconds) {
+        parts.push_back(ToText(time.Second, 2));
+    }
+    parts.emplace_back(time.Hour < kHalfDay ? u"AM" : u"PM");
+    return parts;
+}
+
 } // namespace
 
-PickerFace FaceOf(ControlKind kind, const SYSTEMTIME& time, const PickerEntry& entry) {
-    std::array<std::u16string, 3> parts;
-    std::array<std::u16string_view, 2> separators{u"/", u"/"};
-    if (kind == ControlKind::TimePicker) {
-        const int hour = time.Hour % kHalfDay;
-        parts = {ToText(hour == 0 ? kHalfDay : hour), ToText(time.Minute, 2), time.Hour < kHalfDay ? u"AM" : u"PM"};
-        separators = {u":", u" "};
+PickerFields FieldsOf(ControlKind kind, std::u16string_view picture) {
+    if (kind != ControlKind::TimePicker) {
+        return PickerFields::Date;
+    }
+    return picture.find(u"ss") == std::u16string_view::npos ? PickerFields::Time : PickerFields::TimeWithSeconds;
+}
+
+PickerFace FaceOf(PickerFields fields, const SYSTEMTIME& time, const PickerEntry& entry) {
+    const bool isTime = fields != PickerFields::Date;
+    if (isTime && MinuteOfThreeDigits(entry) >= 0) {
+        SYSTEMTIME taken = time;
+        PickerEntry after = entry;
+        PickerKeys(fields, taken, after).TakeTyped();
+        return FaceOf(fields, taken, after);
+    }
+    std::vector<std::u16string> parts;
+    if (isTime) {
+        parts = PartsOfTime(time, fields == PickerFields::TimeWithSeconds);
     } else {
         parts = {ToText(time.Month), ToText(entry.TypedDay != 0 ? entry.TypedDay : time.Day), ToText(time.Year)};
     }
@@ -80,25 +116,31 @@ PickerFace FaceOf(ControlKind kind, const SYSTEMTIME& time, const PickerEntry& e
         const int first = static_cast<int>(face.Text.size());
         face.Text += parts[part];
         face.Parts.push_back({first, static_cast<int>(face.Text.size())});
-        if (part < separators.size()) {
-            face.Text += separators[part];
+        if (part + 1 < parts.size()) {
+            const bool isBeforeHalf = part + 2 == parts.size();
+            face.Text += isTime ? (isBeforeHalf ? u" " : u":") : u"/";
         }
     }
     return face;
 }
 
 int PartAt(const PickerFace& face, int character) {
-    for (int part = 0; part < kLastPart; ++part) {
+    const int last = static_cast<int>(face.Parts.size()) - 1;
+    for (int part = 0; part < last; ++part) {
         if (character <= face.Parts[static_cast<std::size_t>(part)].Last) {
             return part;
         }
     }
-    return kLastPart;
+    return last;
+}
+
+int PickerKeys::LastPart() const {
+    return LastPartOf(Fields);
 }
 
 void PickerKeys::GoTo(int part) {
     TakeTyped();
-    Entry.Part = std::clamp(part, 0, kLastPart);
+    Entry.Part = std::clamp(part, 0, LastPart());
     Entry.HourRun.clear();
 }
 
@@ -114,7 +156,7 @@ bool PickerKeys::Press(int key) {
         GoTo(0);
         return true;
     case VK_END:
-        GoTo(kLastPart);
+        GoTo(LastPart());
         return true;
     case VK_UP:
         Step(1);
@@ -158,7 +200,7 @@ bool PickerKeys::Type(char16_t character) {
 }
 
 void PickerKeys::TypeDigit(char16_t digit) {
-    if (IsTime() && Entry.Part == kHalf) {
+    if (IsHalf()) {
         return;
     }
     const auto part = static_cast<std::size_t>(Entry.Part);
@@ -181,7 +223,7 @@ void PickerKeys::Advance() {
     const std::u16string typed = Entry.Typed;
     const int hourBefore = Time.Hour;
     TakeTyped();
-    if (Entry.Part == kLastPart) {
+    if (Entry.Part == LastPart()) {
         Complete = true;
         return;
     }
@@ -195,7 +237,7 @@ void PickerKeys::ChooseHalf(bool afternoon) {
     SYSTEMTIME chosen = Time;
     chosen.Hour = static_cast<std::uint16_t>(chosen.Hour % kHalfDay + (afternoon ? kHalfDay : 0));
     Put(chosen);
-    Entry.Part = kHalf;
+    Entry.Part = LastPart();
     Complete = true;
 }
 
@@ -205,25 +247,19 @@ void PickerKeys::TakeTyped() {
     }
     const int number = ToNumber(Entry.Typed);
     const std::size_t digits = Entry.Typed.size();
+    const int minute = IsTime() ? MinuteOfThreeDigits(Entry) : -1;
     Entry.Typed.clear();
     if (!IsTime()) {
         TakeDatePart(number, digits);
-        return;
+    } else if (minute >= 0) {
+        Entry.Part = kHour;
+        Time.Hour = static_cast<std::uint16_t>(Entry.HourBefore); // its half of the day, not that of "23"
+        TakeTimePart(Entry.HourRun[0] - u'0');
+        Entry.Part = kMinute;
+        TakeTimePart(minute);
+    } else {
+        TakeTimePart(number);
     }
-    // Three digits in a row are an hour of one: "230" is half past two, not twenty-three.
-    if (Entry.Part == kMinute && digits == 1 && Entry.HourRun.size() == 2) {
-        const int minute = (Entry.HourRun[1] - u'0') * 10 + number;
-        if (minute < kHourOfMinutes) {
-            const int hour = Entry.HourRun[0] - u'0';
-            Entry.Part = kHour;
-            Time.Hour = static_cast<std::uint16_t>(Entry.HourBefore); // its half of the day, not that of "23"
-            TakeTimePart(hour);
-            Entry.Part = kMinute;
-            TakeTimePart(minute);
-            return;
-        }
-    }
-    TakeTimePart(number);
 }
 
 void PickerKeys::TakeDatePart(int number, std::size_t digits) {
@@ -248,6 +284,8 @@ void PickerKeys::TakeTimePart(int number) {
     SYSTEMTIME taken = Time;
     if (Entry.Part == kMinute) {
         taken.Minute = static_cast<std::uint16_t>(number);
+    } else if (Entry.Part == kSecond) {
+        taken.Second = static_cast<std::uint16_t>(number);
     } else if (number == 0 || number > kHalfDay) {
         taken.Hour = static_cast<std::uint16_t>(number);
     } else {
@@ -262,11 +300,14 @@ void PickerKeys::Step(int by) {
     Entry.TypedDay = 0;
     SYSTEMTIME stepped = Time;
     if (IsTime()) {
-        const int step = Entry.Part == kHalf ? kHalfDay : by;
-        if (Entry.Part == kMinute) {
+        if (IsHalf()) {
+            stepped.Hour = static_cast<std::uint16_t>(Wrap(Time.Hour + kHalfDay, 0, kDayOfHours));
+        } else if (Entry.Part == kSecond) {
+            stepped.Second = static_cast<std::uint16_t>(Wrap(Time.Second + by, 0, kMinuteOfSeconds));
+        } else if (Entry.Part == kMinute) {
             stepped.Minute = static_cast<std::uint16_t>(Wrap(Time.Minute + by, 0, kHourOfMinutes));
         } else {
-            stepped.Hour = static_cast<std::uint16_t>(Wrap(Time.Hour + step, 0, kDayOfHours));
+            stepped.Hour = static_cast<std::uint16_t>(Wrap(Time.Hour + by, 0, kDayOfHours));
         }
         Put(stepped);
     } else if (Entry.Part == kMonth) {

@@ -4,14 +4,21 @@
 #include "platform/controls.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tavo::shell {
 
-// A date is typed as month, day and year, a time as hour, minute and half of the day. Digits gather in one part until
-// it is full or no other digit could follow; then the next part begins. What is complete is the picker's value at once,
-// but the program is told only of the whole: when the last part is complete, when the picker is left, or at a step with
-// the arrow keys. On the way to it lie dates and times that nobody means (11 o'clock in the evening before the "a").
+enum class PickerFields { Date, Time, TimeWithSeconds };
+
+// A time picker's text is the picture in which it shows its time: with "ss" there are seconds too.
+PickerFields FieldsOf(ControlKind kind, std::u16string_view picture);
+
+// A date is typed as month, day and year, a time as hour, minute, perhaps second, and half of the day. Digits gather in
+// one part until it is full or no other digit could follow; then the next part begins. What is complete is the picker's
+// value at once, but the program is told only of the whole: when the last part is complete, when the picker is left, or
+// at a step with the arrow keys. On the way to it lie dates and times that nobody means (11 o'clock in the evening
+// before the "a").
 struct PickerEntry {
     int Part = 0;           // where the next key goes
     std::u16string Typed;   // digits of this part, not taken yet
@@ -32,15 +39,16 @@ struct PickerFace {
     std::vector<Span> Parts;
 };
 
-// As it is shown, with what is being typed: "11/25/2026" and "5:30 PM".
-PickerFace FaceOf(ControlKind kind, const SYSTEMTIME& time, const PickerEntry& entry);
+// As it is shown, with what is being typed: "11/25/2026", "5:30 PM" and "5:30:00 PM". Where three digits in a row are
+// an hour of one, that is shown at once: whoever leaves the picker then leaves what it shows.
+PickerFace FaceOf(PickerFields fields, const SYSTEMTIME& time, const PickerEntry& entry);
 // The part at this character, or the one before it where a separator stands.
 int PartAt(const PickerFace& face, int character);
 
 // One key or character on its way into a picker. The caller tells the program, and forgets the entry, when asked to.
 class PickerKeys {
   public:
-    PickerKeys(ControlKind kind, SYSTEMTIME& time, PickerEntry& entry) : Kind(kind), Time(time), Entry(entry) {}
+    PickerKeys(PickerFields fields, SYSTEMTIME& time, PickerEntry& entry) : Fields(fields), Time(time), Entry(entry) {}
 
     // Arrows, Home, End, Backspace, Delete. False for keys that mean nothing to a picker.
     bool Press(int key);
@@ -56,7 +64,11 @@ class PickerKeys {
     bool IsComplete() const { return Complete; }
 
   private:
-    bool IsTime() const { return Kind == ControlKind::TimePicker; }
+    bool IsTime() const { return Fields != PickerFields::Date; }
+
+    int LastPart() const;
+
+    bool IsHalf() const { return IsTime() && Entry.Part == LastPart(); }
 
     void TypeDigit(char16_t digit);
     void ChooseHalf(bool afternoon);
@@ -66,7 +78,7 @@ class PickerKeys {
     void Put(const SYSTEMTIME& time);
     void PutDate(int year, int month, int day);
 
-    ControlKind Kind;
+    PickerFields Fields;
     SYSTEMTIME& Time;
     PickerEntry& Entry;
     bool Complete = false;

@@ -13,6 +13,11 @@ ControlState* FindPicker(Shell& shell, WindowHandle control) {
     return state != nullptr && IsPicker(state->Kind) ? state : nullptr;
 }
 
+PickerFields FieldsOfPicker(const Shell& shell, WindowHandle picker) {
+    const WindowRecord& record = *shell.Tree.Find(picker);
+    return FieldsOf(record.Control->Kind, record.Text);
+}
+
 void Settle(Shell& shell, WindowHandle picker, ControlState& state, bool isComplete) {
     state.Time.DayOfWeek = WeekdayOf(state.Time);
     if (isComplete) {
@@ -30,12 +35,20 @@ void Settle(Shell& shell, WindowHandle picker, ControlState& state, bool isCompl
 
 } // namespace
 
+PickerFace FaceOf(const WindowRecord& picker) {
+    if (!picker.Control || !IsPicker(picker.Control->Kind)) {
+        return {};
+    }
+    const ControlState& state = *picker.Control;
+    return FaceOf(FieldsOf(state.Kind, picker.Text), state.Time, state.Entry);
+}
+
 bool PressInPicker(Shell& shell, WindowHandle picker, int key) {
     ControlState* state = FindPicker(shell, picker);
     if (state == nullptr) {
         return false;
     }
-    PickerKeys keys(state->Kind, state->Time, state->Entry);
+    PickerKeys keys(FieldsOfPicker(shell, picker), state->Time, state->Entry);
     const bool isUsed = keys.Press(key);
     Settle(shell, picker, *state, keys.IsComplete());
     return isUsed;
@@ -46,7 +59,7 @@ bool TypeIntoPicker(Shell& shell, WindowHandle picker, char16_t character) {
     if (state == nullptr) {
         return false;
     }
-    PickerKeys keys(state->Kind, state->Time, state->Entry);
+    PickerKeys keys(FieldsOfPicker(shell, picker), state->Time, state->Entry);
     const bool isUsed = keys.Type(character);
     Settle(shell, picker, *state, keys.IsComplete());
     return isUsed;
@@ -54,15 +67,16 @@ bool TypeIntoPicker(Shell& shell, WindowHandle picker, char16_t character) {
 
 void StepPicker(Shell& shell, WindowHandle picker, int by) {
     if (ControlState* state = FindPicker(shell, picker); state != nullptr) {
-        PickerKeys(state->Kind, state->Time, state->Entry).Step(by);
+        PickerKeys(FieldsOfPicker(shell, picker), state->Time, state->Entry).Step(by);
         Settle(shell, picker, *state, true);
     }
 }
 
 void TouchPicker(Shell& shell, WindowHandle picker, int character) {
     if (ControlState* state = FindPicker(shell, picker); state != nullptr) {
-        const int part = PartAt(FaceOf(state->Kind, state->Time, state->Entry), character);
-        PickerKeys(state->Kind, state->Time, state->Entry).GoTo(part);
+        const PickerFields fields = FieldsOfPicker(shell, picker);
+        const int part = PartAt(FaceOf(fields, state->Time, state->Entry), character);
+        PickerKeys(fields, state->Time, state->Entry).GoTo(part);
         Settle(shell, picker, *state, false);
     }
 }
@@ -70,7 +84,7 @@ void TouchPicker(Shell& shell, WindowHandle picker, int character) {
 void FinishPicker(Shell& shell) {
     ControlState* state = FindPicker(shell, shell.Focus);
     if (state != nullptr && (state->Entry.Untold || !state->Entry.Typed.empty())) {
-        PickerKeys(state->Kind, state->Time, state->Entry).TakeTyped();
+        PickerKeys(FieldsOfPicker(shell, shell.Focus), state->Time, state->Entry).TakeTyped();
         Settle(shell, shell.Focus, *state, true);
     }
 }

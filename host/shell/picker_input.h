@@ -5,6 +5,9 @@
 
 namespace tavo::shell {
 
+// What it shows now; an empty face for a window that is no picker.
+PickerFace FaceOf(const WindowRecord& picker);
+
 // Each brings the value up to date and tells the picker's parent, with DTN_DATETIMECHANGE and DTN_USERSTRING, when all
 // is typed. False when the key or character means nothing to a picker.
 bool PressInPicker(Shell& shell, WindowHandle picker, int key);

@@ -1,6 +1,7 @@
 // The suite's hands and eyes on the scripted device.
 #include "host/headless/control_touch.h"
 #include "host/headless/device.h"
+#include "host/shell/picker_input.h"
 #include "tests/conformance/device_driver.h"
 
 #include <utility>
@@ -94,7 +95,7 @@ class HeadlessDriver : public IDeviceDriver {
     std::u16string ShownTextOf(WindowHandle control) override {
         const shell::WindowRecord* record = Real().State.Tree.Find(control);
         if (record != nullptr && record->Control && shell::IsPicker(record->Control->Kind)) {
-            return shell::FaceOf(record->Control->Kind, record->Control->Time, record->Control->Entry).Text;
+            return shell::FaceOf(*record).Text;
         }
         return record == nullptr ? std::u16string() : record->Text;
     }

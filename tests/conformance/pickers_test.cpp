@@ -165,6 +165,54 @@ TEST_F(PickerConformance, BackspaceTakesATypedDigitBack) {
     Finish();
 }
 
+TEST_F(PickerConformance, SecondsAreShownAndTypedWhereThePictureHasThem) {
+    Steps.Do([this] { Host.Windows().SetWindowTextW(DialogItem(kTime), u"hh':'mm':'ss tt"); });
+    Expect(kTime, u"2:45:00 PM", 0);
+    Enter(kTime);
+    Steps.Type(u"113015");
+    Expect(kTime, u"11:30:15 PM", 0);
+    Steps.Type(u"a");
+    Expect(kTime, u"11:30:15 AM", 1);
+    TapAt(kTime, 46); // "11:30:15 AM": the 15
+    Steps.Key(VK_UP);
+    Expect(kTime, u"11:30:16 AM", 2);
+    Steps.Do([this] {
+        const SYSTEMTIME time = Host.Controls().GetSystemtime(DialogItem(kTime));
+        EXPECT_EQ(time.Hour, 11);
+        EXPECT_EQ(time.Minute, 30);
+        EXPECT_EQ(time.Second, 16);
+        Host.Windows().SetWindowTextW(DialogItem(kTime), u"hh':'mm tt");
+    });
+    Expect(kTime, u"11:30 AM", 2);
+    Finish();
+}
+
+TEST_F(PickerConformance, LeavingATimeInTheMiddleLeavesWhatItShows) {
+    struct Way {
+        const char16_t* Typed;
+        const char16_t* Shown;
+        const char16_t* Left;
+    };
+
+    const Way ways[] = {{u"110", u"1:10 PM", u"1:10 PM"},
+                        {u"11:0", u"11:0 PM", u"11:00 PM"},
+                        {u"7", u"7:10 PM", u"7:10 PM"},
+                        {u"10", u"10:10 PM", u"10:10 PM"}};
+    std::size_t told = 0;
+    Steps.Do([this] { EXPECT_TRUE(Host.Controls().SetSystemtime(DialogItem(kTime), {2026, 12, 0, 5, 14, 10, 0, 0})); });
+    for (const Way& way : ways) {
+        Enter(kTime);
+        Steps.Type(way.Typed);
+        Expect(kTime, way.Shown, told);
+        Steps.Key(VK_TAB);
+        Expect(kTime, way.Left, ++told);
+        Steps.Do([this] {
+            EXPECT_TRUE(Host.Controls().SetSystemtime(DialogItem(kTime), {2026, 12, 0, 5, 14, 10, 0, 0}));
+        });
+    }
+    Finish();
+}
+
 TEST_F(PickerConformance, WhatTheProgramSetsOvertakesWhatIsBeingTyped) {
     Enter(kDate);
     Steps.Type(u"1");

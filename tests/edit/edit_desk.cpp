@@ -1,6 +1,8 @@
 // Working the dialog.
 #include "tests/edit/edit_desk.h"
 
+#include "host/shell/picker_input.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -275,6 +277,10 @@ int EditDesk::WidthOf(std::u16string_view text) {
 
 SYSTEMTIME EditDesk::PickerOf(int id) {
     return Device.Host().Controls().GetSystemtime(Device.See.Control(id));
+}
+
+std::u16string EditDesk::ShownInPicker(int id) {
+    return shell::FaceOf(*Device.Host().State.Tree.Find(Device.See.Control(id))).Text;
 }
 
 Rect EditDesk::PlaceOf(int id) {

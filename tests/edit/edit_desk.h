@@ -108,7 +108,8 @@ class EditDesk : public OwnDevice, public StoreWords, public IListOwner, public 
     // In the form's font.
     int WidthOf(std::u16string_view text);
     SYSTEMTIME PickerOf(int id);
-    Rect PlaceOf(int id); // in the dialog
+    std::u16string ShownInPicker(int id); // what stands in it, with what is being typed
+    Rect PlaceOf(int id);                 // in the dialog
     std::vector<int> ShownEditingControls() const;
     // All message boxes so far, as "caption|text", with "!" at the end where there is an exclamation icon.
     std::vector<std::u16string> Messages();

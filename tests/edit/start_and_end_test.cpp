@@ -101,6 +101,47 @@ TEST_F(StartAndEnd, WhatIsBeingTypedIsSavedAtOk) {
     EXPECT_EQ(saved.End.Minute, 30);
 }
 
+TEST_F(StartAndEnd, TheTimeRowOfAnAlarmIsTypedWithTheSecondsThatItShows) {
+    Desk.Subject(u"Egg");
+    Desk.Check([this] { EXPECT_EQ(Desk.ValueOf(kEditStartTime), u"09:30:00 AM"); });
+    Desk.ShowRow(2);
+    Desk.Device.Type(u"93115");
+    Desk.ShowRow(0);
+    Desk.Check([this] { EXPECT_EQ(Desk.ValueOf(kEditStartTime), u"09:31:15 AM"); });
+    Desk.ShowRow(2);
+    Desk.Device.Type(u"1005"); // seconds that nobody types stay as they are shown
+    Desk.Ok();
+    EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDOK);
+    const AppointmentData saved = Desk.Load(Desk.LastSaved());
+    EXPECT_EQ(saved.Start.Hour, 10);
+    EXPECT_EQ(saved.Start.Minute, 5);
+    EXPECT_EQ(saved.Start.Second, 15);
+    EXPECT_EQ(saved.End.Second, 15);
+}
+
+TEST_F(StartAndEnd, TheTimesOfAnAppointmentAreTypedAsTheyAreShown) {
+    Desk.Subject(u"Class");
+    Desk.ShowRow(1, 160);
+    Desk.Device.Type(u"0845a"); // no part for seconds between the minute and the half of the day
+    Desk.Check([this] { EXPECT_EQ(Desk.PickerOf(kEditStartTime).Second, 0); });
+    Desk.ShowRow(0);
+    Desk.Check([this] { EXPECT_EQ(Desk.ValueOf(kEditStartTime), u"08:45 AM"); });
+    Close(kModeNewAppointment);
+}
+
+TEST_F(StartAndEnd, AnHourAndOneDigitMoreAreSavedAsThePickerShowsThem) {
+    Desk.Subject(u"Class");
+    Desk.PickEndTime(16, 0);
+    Desk.ShowRow(1, 160);
+    Desk.Device.Type(u"110");
+    Desk.Check([this] { EXPECT_EQ(Desk.ShownInPicker(kEditStartTime), u"1:10 AM"); });
+    Desk.Device.Key(VK_RETURN);
+    EXPECT_EQ(Desk.RunNew(kModeNewAppointment), IDOK);
+    const AppointmentData saved = Desk.Load(Desk.LastSaved());
+    EXPECT_EQ(saved.Start.Hour, 1);
+    EXPECT_EQ(saved.Start.Minute, 10);
+}
+
 TEST_F(StartAndEnd, OfAHolidayOnlyTheDaysCount) {
     Desk.PickStartDate(2026, 11, 20);
     ExpectTimes(At(2026, 11, 20, 9, 30), At(2026, 11, 21, 9, 30));

@@ -26,6 +26,30 @@ TEST_F(EditorOnTheDesktop, ATimeIsTypedFromItsHourOn) {
     EXPECT_EQ(Load(1).Start.Minute, 35);
 }
 
+TEST_F(EditorOnTheDesktop, AnAlarmIsTypedToTheSecond) {
+    OpenByKey(kNewAlarm);
+    TypeSubject(kTop, u"Egg");
+    TapRow(kTop, 2, kEditStartTime);
+    Program.TapControl(kEditStartTime);
+    Program.Key(VK_HOME);
+    Program.Type(u"113512p");
+    Program.Do([this] {
+        const auto* box = Program.Widget(kEditStartTime)->findChild<QLineEdit*>();
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(box->text(), QStringLiteral("11:35:12 PM"));
+        EXPECT_LE(box->fontMetrics().horizontalAdvance(box->text()), box->width()); // whole
+    });
+    Program.Key(VK_END);
+    Program.Key(VK_LEFT);
+    Program.Key(VK_UP);
+    Program.TapControl(IDOK);
+    ASSERT_TRUE(Program.Settle());
+    ASSERT_EQ(CountItems(), 1);
+    EXPECT_EQ(Load(1).Start.Hour, 23);
+    EXPECT_EQ(Load(1).Start.Minute, 35);
+    EXPECT_EQ(Load(1).Start.Second, 13);
+}
+
 TEST_F(EditorOnTheDesktop, AnEndThatIsTypedMovesNoStartOnItsWay) {
     OpenByKey(kNewAppointment);
     TypeSubject(kAppointmentTop, u"Class");

@@ -64,7 +64,7 @@ void DateView::Take(QDate date) {
 }
 
 void DateView::ShowState(const shell::WindowRecord& record) {
-    Field->Show(*record.Control);
+    Field->Show(record);
 }
 
 void DateView::OpenList() {

@@ -1,6 +1,8 @@
 // What pickers of dates and times have in common.
 #include "host/qt/controls/picker_field.h"
 
+#include "host/shell/picker_input.h"
+
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -43,14 +45,14 @@ PickerField::PickerField(Device& device, WindowHandle control, QWidget* parent)
 }
 
 // What has the keys is selected while the picker has them.
-void PickerField::Show(const shell::ControlState& state) {
-    const shell::PickerFace face = shell::FaceOf(state.Kind, state.Time, state.Entry);
+void PickerField::Show(const shell::WindowRecord& picker) {
+    const shell::PickerFace face = shell::FaceOf(picker);
     const QSignalBlocker quiet(lineEdit());
     if (const QString text = QString::fromStdU16String(face.Text); lineEdit()->text() != text) {
         lineEdit()->setText(text);
     }
     if (Shared.State.Focus == Control) {
-        const shell::PickerFace::Span span = face.Parts[static_cast<std::size_t>(state.Entry.Part)];
+        const shell::PickerFace::Span span = face.Parts[static_cast<std::size_t>(picker.Control->Entry.Part)];
         lineEdit()->setSelection(span.First, span.Last - span.First);
     } else {
         lineEdit()->deselect();
@@ -60,8 +62,8 @@ void PickerField::Show(const shell::ControlState& state) {
 }
 
 void PickerField::ShowNow() {
-    if (const shell::ControlState* state = Shared.State.Tree.FindControl(Control); state != nullptr) {
-        Show(*state);
+    if (const shell::WindowRecord* record = Shared.State.Tree.Find(Control); record != nullptr) {
+        Show(*record);
     }
 }
 

@@ -13,7 +13,7 @@ class PickerField : public QAbstractSpinBox {
   public:
     PickerField(Device& device, WindowHandle control, QWidget* parent);
 
-    void Show(const shell::ControlState& state);
+    void Show(const shell::WindowRecord& picker);
 
     void stepBy(int steps) override { Shared.Controls.Step(Control, steps); }
 

@@ -14,7 +14,7 @@ class TimeView final : public ControlView {
 
     QWidget& Widget() override { return *Field; }
 
-    void ShowState(const shell::WindowRecord& record) override { Field->Show(*record.Control); }
+    void ShowState(const shell::WindowRecord& record) override { Field->Show(record); }
 
   private:
     std::unique_ptr<PickerField> Field;
