@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <ctime>
 #include <numeric>
+#include <set>
 
 namespace tavo::conformance {
 
@@ -15,8 +16,8 @@ constexpr int kFontHeight = 13;
 
 struct Sample {
     const char* Name;
-    Characters Text;   // as people see characters
-    int Tolerance = 1; // in pixels: joined letters end otherwise than they go on
+    Characters Text;                   // as people see characters
+    std::set<std::size_t> Joined = {}; // which of them take another shape because the next one is joined to them
 };
 
 const Sample kSamples[] = {
@@ -28,7 +29,7 @@ const Sample kSamples[] = {
     {"Hebrew", {u"\u05D0", u"\u05E8", u"\u05D5\u05BC", u"\u05D7", u" ", u"7", u":", u"3", u"0", u" ", u"a", u"\u05D4"}},
     {"Arabic",
      {u"\u0627", u"\u0644", u"\u0639\u064E", u"\u0634", u"\u0627", u"\u0621", u" ", u"5", u" ", u"\u0645", u"\u0639"},
-     kFontHeight},
+     {1, 2, 3, 9}},
     {"Thai", {u"\u0E2D", u"\u0E32", u"\u0E2B", u"\u0E32", u"\u0E23", u"\u0E01\u0E31", u"\u0E1A", u" ", u"\u0E40"}},
     {"Emoji", {u"\U0001F600", u"a", u"\U0001F4C5", u"\u2764\uFE0F", u" ", u"\U0001F382"}},
     {"JoinedEmoji",
@@ -38,6 +39,20 @@ const Sample kSamples[] = {
     {"Tab", {u"C", u"a", u"l", u"l", u"\t", u"M", u"u", u"m"}},
     {"LineFeed", {u"C", u"a", u"l", u"l", u"\n", u"M", u"u", u"m", u"\r\n", u"!", u"\u2028", u"i"}},
 };
+
+// In pixels: each width is rounded by itself.
+constexpr int kRounding = 1;
+// Beside a letter: it has the shape that it has where another is joined to it there.
+constexpr char16_t kJoiner = u'\u200D';
+
+// A prefix of so many characters, its last one in the shape that it has within the text.
+std::u16string PrefixAsInText(const Sample& sample, std::size_t count) {
+    std::u16string prefix;
+    for (std::size_t index = 0; index < count; ++index) {
+        prefix += sample.Text[index];
+    }
+    return sample.Joined.contains(count - 1) ? prefix + kJoiner : prefix;
+}
 
 std::u16string Join(const Characters& characters) {
     return std::accumulate(characters.begin(), characters.end(), std::u16string());
@@ -59,6 +74,16 @@ class ScriptConformance : public ConformanceTest {
         return widths;
     }
 
+    // In the shape that it has within the text. A joiner that begins a text may have a width of its own.
+    int WidthAsInText(const Sample& sample, std::size_t index) {
+        const bool isJoinedBefore = index > 0 && sample.Joined.contains(index - 1);
+        const bool isJoinedBehind = sample.Joined.contains(index);
+        const std::u16string before = isJoinedBefore ? std::u16string(1, kJoiner) : std::u16string();
+        const std::u16string behind = isJoinedBehind ? std::u16string(1, kJoiner) : std::u16string();
+        const std::vector<int> widths = Widths(before + sample.Text[index] + behind);
+        return isJoinedBefore ? widths.back() - widths.front() : widths.back();
+    }
+
     FontHandle Font;
 };
 
@@ -67,11 +92,12 @@ TEST_F(ScriptConformance, EveryPrefixIsAsWideAsByItself) {
         const std::vector<int> widths = Widths(Join(sample.Text));
         std::u16string prefix;
         int last = 0;
-        for (const std::u16string& character : sample.Text) {
-            prefix += character;
+        for (std::size_t index = 0; index < sample.Text.size(); ++index) {
+            prefix += sample.Text[index];
             ASSERT_GE(widths.size(), prefix.size()) << sample.Name;
             const int width = widths[prefix.size() - 1];
-            EXPECT_NEAR(width, Widths(prefix).back(), sample.Tolerance) << sample.Name << ", " << prefix.size();
+            EXPECT_NEAR(width, Widths(PrefixAsInText(sample, index + 1)).back(), kRounding)
+                << sample.Name << ", " << prefix.size();
             EXPECT_GT(width, last) << sample.Name << ", " << prefix.size();
             last = width;
         }
@@ -82,10 +108,10 @@ TEST_F(ScriptConformance, EveryPrefixIsAsWideAsByItself) {
 TEST_F(ScriptConformance, TheWidthsOfItsCharactersAddUp) {
     for (const Sample& sample : kSamples) {
         int sum = 0;
-        for (const std::u16string& character : sample.Text) {
-            sum += Widths(character).back();
+        for (std::size_t index = 0; index < sample.Text.size(); ++index) {
+            sum += WidthAsInText(sample, index);
         }
-        const int allowed = sample.Tolerance * static_cast<int>(sample.Text.size());
+        const int allowed = kRounding * static_cast<int>(sample.Text.size());
         EXPECT_NEAR(Widths(Join(sample.Text)).back(), sum, allowed) << sample.Name;
     }
 }
@@ -123,6 +149,27 @@ TEST_F(ScriptConformance, MeasuringTakesTimeInProportionToTheText) {
         }
         EXPECT_LT(shortest[1], 20 * (shortest[0] + 0.5)) << sample.Name;
     }
+}
+
+// Every character is met for the first time, so none of it is remembered: ideographs and syllables, of which there are
+// enough.
+TEST_F(ScriptConformance, MeasuringTakesTimeInProportionWithoutACharacterTwice) {
+    constexpr char16_t firstIdeograph = 0x4E00;
+    constexpr int few = 2'000;
+    constexpr int many = 16'000;
+    const auto measure = [&](char16_t first, int count) {
+        std::u16string text;
+        for (int index = 0; index < count; ++index) {
+            text += static_cast<char16_t>(first + index);
+        }
+        const double begin = ProcessorMilliseconds();
+        EXPECT_EQ(Widths(text).size(), text.size());
+        return ProcessorMilliseconds() - begin;
+    };
+    measure(u'a', 1);
+    const double shortTime = measure(firstIdeograph, few);
+    const double longTime = measure(static_cast<char16_t>(firstIdeograph + few), many);
+    EXPECT_LT(longTime, 20 * (shortTime + 0.5));
 }
 
 } // namespace
