@@ -26,7 +26,7 @@ constexpr std::uint32_t kLineFormat = DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX;
 
 constexpr Color kWhite = Color::FromRgb(255, 255, 255);
 constexpr Color kTextColor = Color::FromRgb(0, 0, 0);
-constexpr Color kEmptyTextColor{0xCCCCCC};
+constexpr Color kEmptyTextColor = Color::FromRgb(118, 118, 118); // can be read on white
 constexpr Pen kSeparatorPen{Color::FromRgb(0, 0, 0), 1};
 
 Rect LineRect(int rowTop, int line) {

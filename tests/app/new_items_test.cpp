@@ -40,7 +40,14 @@ TEST_F(NewItems, ControlAndADigitOpenTheEditorOnEveryPage) {
         Program.ShowPage(page);
         for (int kind = 0; kind < 4; ++kind) {
             Program.Device.Key('1' + kind, kModifierControl);
-            Program.Device.Do([&] { EXPECT_EQ(Program.Device.See.Caption(), u"Tavo Calendar"); });
+            Program.Device.Do([&] {
+                EXPECT_EQ(Program.Device.See.Caption(), u"Tavo Calendar");
+                const auto hasRow = [&](std::u16string_view label) {
+                    return Program.Device.See.FindItem(PaintedRole::Row, label).has_value();
+                };
+                EXPECT_EQ(hasRow(u"Time :"), kind == 0) << kind; // an alarm's
+                EXPECT_EQ(hasRow(u"End :"), kind == 3) << kind;  // an appointment's
+            });
             Program.Device.Key(VK_ESCAPE);
             ASSERT_TRUE(Program.Settle());
             EXPECT_FALSE(Program.Device.See.IsDialogOpen());

@@ -1,6 +1,8 @@
 // What drawing leaves on the off-screen picture, pixel by pixel, at several scales.
 #include "host/qt/surface.h"
 
+#include "tests/support/contrast.h"
+
 #include <gtest/gtest.h>
 
 namespace tavo::qt {
@@ -43,6 +45,10 @@ int CountNeither(const QImage& image, QRgb one, QRgb other) {
 
 constexpr QRgb kBlackPixel = 0xFF000000;
 constexpr QRgb kWhitePixel = 0xFFFFFFFF;
+
+Color ColorOf(QRgb pixel) {
+    return Color::FromRgb(qRed(pixel), qGreen(pixel), qBlue(pixel));
+}
 
 } // namespace
 
@@ -240,6 +246,35 @@ TEST_F(SurfaceTest, TellsWhatWasDrawnOnSinceTheLastTime) {
     EXPECT_TRUE(surface.TakeChanged().isEmpty());
     surface.FillRect({5, 6, 7, 8}, kBlack);
     EXPECT_EQ(surface.TakeChanged(), QRect(10, 12, 4, 4));
+}
+
+// The dial and the ground of the digits are pictures of ours; hands and digits are in the device's colours.
+TEST_F(SurfaceTest, HandsAndDigitsAreSeenOnTheirGround) {
+    constexpr int dial = 145;
+    constexpr int ground = 153;
+    constexpr Color secondHand = Color::FromRgb(38, 114, 205);
+    constexpr Color digits = Color::FromRgb(20, 51, 150);
+    constexpr int reach = 60; // of the longest hand
+    constexpr int hub = 6;
+    Surface surface = Make(220, 220, 1.0);
+    surface.DrawBitmap(dial, {0, 0}, {0, 0, 200, 200});
+    int seen = 0;
+    for (int y = 100 - reach; y <= 100 + reach; ++y) {
+        for (int x = 100 - reach; x <= 100 + reach; ++x) {
+            const int distance = (x - 100) * (x - 100) + (y - 100) * (y - 100);
+            if (distance <= reach * reach && distance > hub * hub) {
+                ASSERT_GE(test::ContrastOf(secondHand, ColorOf(surface.Image().pixel(x, y))), 3.0) << x << ", " << y;
+                ++seen;
+            }
+        }
+    }
+    EXPECT_GT(seen, 10'000);
+    surface.DrawBitmap(ground, {0, 0}, {0, 0, 220, 220});
+    for (int y = 20; y < 165; ++y) {
+        for (int x = 10; x < 210; ++x) {
+            ASSERT_GE(test::ContrastOf(digits, ColorOf(surface.Image().pixel(x, y))), 4.5) << x << ", " << y;
+        }
+    }
 }
 
 } // namespace tavo::qt
