@@ -117,9 +117,14 @@ TEST_F(EditorKeys, WhatIsTypedBeforeARowIsChosenIsTheSubject) {
 TEST_F(EditorKeys, EscapeCancelsFromAnywhere) {
     Desk.Device.Key(VK_ESCAPE);
     EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDCANCEL);
-    Desk.Subject(u"Thing");
-    Desk.Device.Key(VK_ESCAPE);
-    EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDCANCEL);
+    for (int steps = 1; steps <= 8; ++steps) { // its six rows, OK and Cancel
+        Desk.Subject(u"Thing");
+        for (int step = 1; step < steps; ++step) {
+            Desk.Device.Key(VK_TAB);
+        }
+        Desk.Device.Key(VK_ESCAPE);
+        EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDCANCEL) << steps;
+    }
     EXPECT_EQ(Desk.CountItems(), 0);
 }
 

@@ -160,10 +160,32 @@ TEST_F(EditorTexts, NoRecurrenceTextIsShortened) {
 }
 
 TEST_F(EditorTexts, NoTextIsDrawnUnderTheControlThatIsShown) {
-    Desk.Check([&] { EXPECT_TRUE(Desk.Device.See.ShowsText(u"2026.11.21 (Sat)")); });
-    Desk.ShowRow(1);
-    Desk.Check([&] { EXPECT_FALSE(Desk.Device.See.ShowsText(u"2026.11.21 (Sat)")); });
-    RunNew(kModeNewAlarm);
+    Desk.Subject(u"Dentist");
+    Desk.PickEndDate(2026, 11, 22);
+    Desk.PickEndTime(15, 45);
+    Desk.ChooseReminder(true);
+
+    struct Field {
+        int Row;
+        int X;
+        const char16_t* Text;
+    };
+
+    const Field fields[] = {{0, 70, u"Dentist"},    {1, 70, u"2026.11.21"}, {1, 160, u"02:30 PM"},
+                            {2, 70, u"2026.11.22"}, {2, 160, u"03:45 PM"},  {3, 70, u"All day"},
+                            {4, 70, u"Once"},       {5, 70, u"Yes"},        {5, 120, u"12"},
+                            {5, 160, u"Hour(s)"},   {6, 70, u"Sound off"}};
+    for (const Field& shown : fields) {
+        Desk.ShowRow(shown.Row, shown.X);
+        Desk.Check([this, &fields, &shown] {
+            for (const Field& field : fields) {
+                EXPECT_EQ(Desk.Device.See.ShowsText(field.Text), &field != &shown)
+                    << shown.Row << ", " << shown.X << ": " << field.Row << ", " << field.X;
+            }
+        });
+        Desk.Device.Tap(2, 2);
+    }
+    RunNew(kModeNewAppointment);
 }
 
 TEST_F(EditorTexts, TheSoundRowHasPlayAndStop) {

@@ -110,6 +110,8 @@ TEST_F(SoundList, ThereIsNothingToPlayWhileTheSoundIsOff) {
         for (const std::u16string& call : Calls()) {
             EXPECT_EQ(call, u""); // stopping is harmless
         }
+        EXPECT_TRUE(Desk.Device.Host().SoundCalls.Playing.empty());
+        EXPECT_FALSE(Desk.Device.See.FindItem(PaintedRole::Button, u"Play")->Enabled);
     });
     CancelNewAlarm();
 }
@@ -136,6 +138,12 @@ TEST_F(SoundList, WhatStillPlaysStopsWithTheDialog) {
     Desk.Device.Tap(kPlayIcon.X, kPlayIcon.Y);
     CancelNewAlarm();
     EXPECT_EQ(Calls(), (Texts{u"\\Windows\\bell.wav", u""}));
+    Desk.Subject(u"Wake");
+    Desk.ChooseSound(u"chime.wav");
+    Desk.Device.Tap(kPlayIcon.X, kPlayIcon.Y);
+    Desk.Ok();
+    EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDOK);
+    EXPECT_EQ(Calls(), (Texts{u"\\Windows\\bell.wav", u"", u"\\Windows\\chime.wav", u""}));
 }
 
 TEST_F(SoundList, WhoNeverListenedStopsNothing) {

@@ -153,6 +153,10 @@ TEST_F(Wizard, CancelCloseAndEscapeWriteNothing) {
         EXPECT_EQ(Desk.Held().Type, before.Type);
         EXPECT_EQ(Desk.Held().Interval, before.Interval);
         EXPECT_EQ(Desk.Held().NoEnd, before.NoEnd);
+        EXPECT_EQ(Desk.Held().Mask, before.Mask);
+        EXPECT_EQ(Desk.Held().Occurrences, before.Occurrences);
+        EXPECT_EQ(Desk.Held().End, before.End);
+        EXPECT_EQ(Desk.Held().Start, before.Start);
     };
     const auto change = [&] {
         Desk.TapTab(0);

@@ -101,6 +101,7 @@ TEST_F(FormWindowTest, PagesHaveACaptionAndOneButtonAndPaintWhite) {
     EXPECT_EQ(Device.Host().State.Tree.Find(Page.Handle())->Buttons, NavigationButtons::Close);
     ASSERT_NE(Device.See.LastFrame(), nullptr);
     EXPECT_EQ(Device.See.LastFrame()->Picture.GetSize(), (Size{240, 267}));
+    EXPECT_EQ(ToText(Device.See.LastFrame()->Calls), "fill 0,0,240,267 #FFFFFF\n");
 }
 
 } // namespace

@@ -23,13 +23,22 @@ class AppointmentView : public testing::Test {
     std::vector<std::u16string> Lines() {
         std::vector<std::u16string> lines;
         int top = 25;
-        for (const PaintedItem& item : Desk.Device.See.Items()) {
-            if (item.Role == PaintedRole::Text) {
-                EXPECT_EQ(item.Bounds, (Rect{5, top, 215, top + 14}));
+        for (const headless::DrawCall& call : Desk.Device.See.LastFrame()->Calls) {
+            if (call.Kind == headless::DrawKind::Text && call.Area.Top >= top) {
+                EXPECT_EQ(call.Area, (Rect{5, top, 215, top + 14}));
+                EXPECT_EQ(call.Font, "Arial -13 400");
+                EXPECT_EQ(call.Ink, Color{0});
                 top += 14;
-                lines.push_back(item.Name);
+                lines.push_back(call.Text);
             }
         }
+        std::vector<std::u16string> declared;
+        for (const PaintedItem& item : Desk.Device.See.Items()) {
+            if (item.Role == PaintedRole::Text) {
+                declared.push_back(item.Name);
+            }
+        }
+        EXPECT_EQ(declared, lines);
         return lines;
     }
 
@@ -163,6 +172,19 @@ TEST_F(AppointmentView, ALongSubjectIsShortened) {
     EXPECT_EQ(Run(oid), IDCANCEL);
 }
 
+TEST_F(AppointmentView, ItsSubjectIsDrawnBoldAboveTheLines) {
+    Desk.Check([this] {
+        std::string subject;
+        for (const headless::DrawCall& call : Desk.Device.See.LastFrame()->Calls) {
+            subject += call.Text == u"Dentist" ? ToText(call) : std::string();
+        }
+        EXPECT_EQ(subject.substr(0, subject.find(" format")), "text 5,0,215,20 #000000");
+        EXPECT_NE(subject.find("[Arial -13 700] \"Dentist\""), std::string::npos) << subject;
+    });
+    Desk.Device.PressClose();
+    EXPECT_EQ(Run(GivenHour()), IDCANCEL);
+}
+
 TEST_F(AppointmentView, OkClosesItLikeACancel) {
     Desk.Device.PressOk();
     EXPECT_EQ(Run(GivenHour()), IDCANCEL);
@@ -262,6 +284,17 @@ TEST_F(AppointmentView, TheNoteIsShownForReadingUnderTheLines) {
     });
     Desk.Device.PressClose();
     EXPECT_EQ(Run(oid), IDCANCEL);
+}
+
+// A new control has these states already, so only what it is told shows that the view does not rest on that.
+TEST_F(AppointmentView, TheNotesPaperIsToldEachOfItsStates) {
+    const Oid oid = GivenHour();
+    Desk.Device.PressClose();
+    EXPECT_EQ(Run(oid), IDCANCEL);
+    EXPECT_THAT(Desk.Host.OwnInk.Sent, ElementsAre(InkMessage{WM_USER + 287, 16, 0}, InkMessage{WM_USER + 290, 0, 100},
+                                                   InkMessage{WM_USER + 329, 1, 0}, InkMessage{WM_USER + 284, 0, 0},
+                                                   InkMessage{EM_SETREADONLY, 1, 0}));
+    EXPECT_EQ(Desk.Host.OwnInk.SentBeforeData, 0U);
 }
 
 TEST_F(AppointmentView, NothingThatIsDoneToItsNoteChangesIt) {

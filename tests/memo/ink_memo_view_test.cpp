@@ -19,6 +19,27 @@ TEST_F(InkMemoView, OpensInWritingAtZoom150) {
     EXPECT_EQ(Run(), IDCANCEL);
 }
 
+// What a new control would be by itself is told to it all the same; asking changes nothing and is left out here.
+TEST_F(InkMemoView, ThePaperIsToldEachStepOfOpening) {
+    Desk.Device.PressClose();
+    EXPECT_EQ(Run(), IDCANCEL);
+    std::vector<InkMessage> told;
+    for (const InkMessage& message : Desk.Host.OwnInk.Sent) {
+        if (message.Number == kInkSetPageStyle || message.Number == kInkSetZoom || message.Number == kInkSetPenMode ||
+            message.Number == kInkSetView) {
+            told.push_back(message);
+        }
+    }
+    const InkMessage reading[] = {
+        {WM_USER + 287, 16, 0}, {WM_USER + 290, 0, 100}, {WM_USER + 329, 1, 0}, {WM_USER + 284, 0, 0}};
+    const InkMessage writing[] = {
+        {WM_USER + 287, 2, 0}, {WM_USER + 290, 0, 150}, {WM_USER + 329, 0, 0}, {WM_USER + 284, 2, 0}};
+    EXPECT_THAT(told, ElementsAre(reading[0], reading[1],                           // as it is made
+                                  reading[0], reading[1], reading[2], reading[3],   // with the ink
+                                  writing[0], writing[1], writing[2], writing[3])); // and opened
+    EXPECT_EQ(Desk.Host.OwnInk.SentBeforeData, 2U);
+}
+
 TEST_F(InkMemoView, ThePaperLeaves24LinesFreeUnderIt) {
     Desk.Check([this] {
         const shell::WindowTree& tree = Desk.Device.Host().State.Tree;

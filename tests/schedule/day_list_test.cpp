@@ -78,6 +78,11 @@ class DayListTest : public testing::Test {
         return texts;
     }
 
+    std::string Drawn() const {
+        const headless::Frame* frame = Device.Host.Drawn.LastFrame(List.Handle());
+        return frame == nullptr ? std::string() : ToText(frame->Calls);
+    }
+
     TestDevice Device;
     CProgramState State{Device.Pump};
     CDayList List{Device.Pump, State};
@@ -252,6 +257,31 @@ TEST_F(DayListTest, AnEmptyDaySaysSo) {
     List.Show(ShowCommand::Show);
     LoadDay(2004, 5, 3);
     EXPECT_THAT(TextsShown(), ElementsAre(u"No schedule"));
+}
+
+TEST_F(DayListTest, RowsAreDrawnInTheirPlacesFontsAndColours) {
+    GivenOnMonday(u"Dentist", 9);
+    Device.GivenSeries(std::u16string(40, u'W'), At(2004, 5, 3, 12), At(2004, 5, 3, 13), kRecursWeekly);
+    List.Show(ShowCommand::Show);
+    LoadDay(2004, 5, 3);
+    EXPECT_EQ(Drawn(), "fill 0,0,240,210 #FFFFFF\n"
+                       "line 0,0 to 240,0 pen 1 #000000\n"
+                       "line 0,51 to 240,51 pen 1 #000000\n"
+                       "text 5,0,220,17 #000000 format 2084 [Arial -13 700] \"Dentist\"\n"
+                       "text 5,17,220,34 #000000 format 2084 [Arial -13 400] \"AM 9:00 - AM 9:30\"\n"
+                       "text 5,34,220,51 #000000 format 2084 [Arial -13 400] \"\"\n"
+                       "line 0,51 to 240,51 pen 1 #000000\n"
+                       "line 0,102 to 240,102 pen 1 #000000\n"
+                       "text 5,51,220,68 #000000 format 2084 [Arial -13 700] \"WWWWWWWWWWWWWWWWWW...\"\n"
+                       "text 5,68,220,85 #000000 format 2084 [Arial -13 400] \"PM 12:00 - PM 1:00\"\n"
+                       "text 5,85,220,102 #000000 format 2084 [Arial -13 400] \"Every Mon.\"\n");
+}
+
+TEST_F(DayListTest, TheTextOfAnEmptyDayIsGreyInTheMiddle) {
+    List.Show(ShowCommand::Show);
+    LoadDay(2004, 5, 3);
+    EXPECT_EQ(Drawn(), "fill 0,0,240,210 #FFFFFF\n"
+                       "text 0,0,240,210 #767676 format 37 [Arial -13 400] \"No schedule\"\n");
 }
 
 TEST_F(DayListTest, ShowsFourRowsFromTheTopAndDeclaresThem) {

@@ -224,6 +224,8 @@ TEST_F(ScheduleCommands, PauseChangesNothing) {
     Choose(kCommandPause);
     ASSERT_TRUE(Desk.Settle());
     EXPECT_EQ(Desk.Boxes().size(), windows);
+    EXPECT_FALSE(Desk.Device.See.IsDialogOpen());
+    EXPECT_TRUE(Desk.Exists(alarms[0]));
     EXPECT_EQ(Desk.SelectedRow(), 0);
     EXPECT_EQ(Desk.ListOf(ItemKind::Alarm), alarms);
 }

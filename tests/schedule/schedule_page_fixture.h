@@ -54,9 +54,11 @@ class SchedulePage : public testing::Test {
     }
 
     // By the list on show, since it was last presented.
-    std::string DrawnByTheList() {
-        headless::HeadlessHost& host = Desk.Device.Host();
-        for (const WindowHandle child : host.State.Tree.ChildrenOf(Desk.Device.See.Top())) {
+    std::string DrawnByTheList() { return DrawnByTheListOf(Desk); }
+
+    static std::string DrawnByTheListOf(ScheduleDesk& desk) {
+        headless::HeadlessHost& host = desk.Device.Host();
+        for (const WindowHandle child : host.State.Tree.ChildrenOf(desk.Device.See.Top())) {
             if (host.State.Tree.IsVisible(child) && host.Drawn.LastFrame(child) != nullptr) {
                 return ToText(host.Drawn.LastFrame(child)->Calls);
             }

@@ -70,6 +70,73 @@ TEST_F(SchedulePage, RowsAreDrawnInTheirPlacesFontsAndColours) {
                      "text 5,85,220,102 #000000 format 2084 [Arial -13 400]\n");
 }
 
+// A holiday or anniversary says below its subject how it repeats and when; a subject keeps to its 130 pixels.
+TEST_F(SchedulePage, RowsOfHolidaysAndAnniversariesAreDrawnInTheirPlacesFontsAndColours) {
+    for (const ItemKind kind : {ItemKind::Holiday, ItemKind::Anniversary}) {
+        ScheduleDesk desk;
+        ASSERT_TRUE(desk.Start());
+        desk.Tag(kind, desk.GivenAllDay(u"Feast", At(2004, 11, 8)));
+        desk.Tag(kind, desk.GivenSeries(std::u16string(30, u'W'), At(2004, 11, 9), At(2004, 11, 10), kRecursWeekly));
+        desk.Show(kind);
+        EXPECT_EQ(DrawnByTheListOf(desk), "fill 0,0,240,204 #FFFFFF\n"
+                                          "fill 0,0,240,51 #FFFFFF\n"
+                                          "line 0,0 to 240,0 pen 1 #000000\n"
+                                          "line 0,51 to 240,51 pen 1 #000000\n"
+                                          "text 5,0,220,17 #000000 format 2084 [Arial -13 700] \"Feast\"\n"
+                                          "text 5,17,220,34 #000000 format 2084 [Arial -13 400] \"Once\"\n"
+                                          "text 5,34,220,51 #000000 format 2084 [Arial -13 400] "
+                                          "\"from 2004.11.08(Mon)\"\n"
+                                          "fill 0,51,240,102 #FFFFFF\n"
+                                          "line 0,51 to 240,51 pen 1 #000000\n"
+                                          "line 0,102 to 240,102 pen 1 #000000\n"
+                                          "text 5,51,220,68 #000000 format 2084 [Arial -13 700] \"WWWWWWWWWWW...\"\n"
+                                          "text 5,68,220,85 #000000 format 2084 [Arial -13 400] \"Every Tue.\"\n"
+                                          "text 5,85,220,102 #000000 format 2084 [Arial -13 400] "
+                                          "\"from 2004.11.09(Tue)\"\n");
+    }
+}
+
+TEST_F(SchedulePage, RowsOfAppointmentsAreDrawnInTheirPlacesFontsAndColours) {
+    Desk.GivenAppointment(u"Dentist", At(2004, 11, 3, 18), At(2004, 11, 3, 19));
+    Desk.GivenAppointment(u"Night shift", At(2004, 11, 4, 22), At(2004, 11, 5, 6));
+    Desk.Show(ItemKind::Appointment);
+    Desk.Device.Key(VK_DOWN);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(DrawnByTheList(), "fill 0,0,240,170 #FFFFFF\n"
+                                "fill 0,0,240,34 #0060BF\n" // selected
+                                "line 0,0 to 240,0 pen 1 #000000\n"
+                                "line 0,34 to 240,34 pen 1 #000000\n"
+                                "text 5,0,220,17 #FFFFFF format 2084 [Arial -13 700] \"Dentist\"\n"
+                                "text 5,0,224,17 #FFFFFF format 2086 [Arial -9 400] \"2004.11.03(Wed)\"\n"
+                                "text 5,17,220,34 #FFFFFF format 2084 [Arial -13 400] \"PM 6:00 - PM 7:00\"\n"
+                                "fill 0,34,240,68 #FFFFFF\n"
+                                "line 0,34 to 240,34 pen 1 #000000\n"
+                                "line 0,68 to 240,68 pen 1 #000000\n"
+                                "text 5,34,220,51 #000000 format 2084 [Arial -13 700] \"Night shift\"\n"
+                                "text 5,34,224,51 #000000 format 2086 [Arial -9 400] \"2004.11.04(Thu)\"\n"
+                                "text 5,51,224,68 #000000 format 2084 [Arial -9 400] "
+                                "\"2004.11.04(Thu),PM 10:00 - 2004.11.05(Fri),AM 6:00\"\n");
+}
+
+TEST_F(SchedulePage, TheEmptyTextIsGreyInTheMiddle) {
+    Desk.Show(ItemKind::Holiday);
+    EXPECT_EQ(DrawnByTheList(), "fill 0,0,240,204 #FFFFFF\n"
+                                "text 0,0,240,204 #CCCCCC format 37 [Arial -13 400] \"No registered holiday\"\n");
+}
+
+TEST_F(SchedulePage, TheHeaderOfAppointmentsIsDrawnInItsPlaces) {
+    Desk.Show(ItemKind::Appointment);
+    const std::string drawn = ToText(Desk.Device.See.LastFrame()->Calls);
+    EXPECT_NE(drawn.find("bitmap 151 10,6,35,31 from 75,0,100,25\n"
+                         "text 40,0,220,37 #000000 format 36 [Comic Sans MS -17 700] \"Appointment\"\n"),
+              std::string::npos)
+        << drawn;
+    Desk.Device.Press(220, 20);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_NE(ToText(Desk.Device.See.LastFrame()->Calls).find("bitmap 152 210,8,236,34 from 26,0,52,26\n"),
+              std::string::npos);
+}
+
 TEST_F(SchedulePage, ThePreviousArrowGoesFromTheFirstKindToTheLast) {
     Desk.Show(ItemKind::Alarm);
     Tap(178, 20);

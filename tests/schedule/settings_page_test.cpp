@@ -168,6 +168,11 @@ TEST_F(SettingsPage, NoAsAnAnswerChangesNothing) {
     EXPECT_TRUE(Desk.Exists(Alarm));
     EXPECT_TRUE(Desk.ReadFile("20041103_101500.pwi"));
     EXPECT_TRUE(Desk.Device.See.IsChecked(kSettingsAlarms));
+    EXPECT_THAT(Desk.ListOf(ItemKind::Alarm), ElementsAre(Alarm));
+    EXPECT_EQ(Desk.State().Store.CountAppointments(), 4);
+    EXPECT_THAT(Captions(), ElementsAre(u"All alarms ( 1 item(s) )", u"All holidays ( 1 item(s) )",
+                                        u"All anniversaries ( 1 item(s) )", u"All appointments ( 1 item(s) )",
+                                        u"All memos ( 1 item(s) )"));
 }
 
 TEST_F(SettingsPage, WithNoBoxCheckedItStillCountsAnew) {

@@ -1,8 +1,9 @@
-// A device that passes everything on to another one, but whose files and store can be watched and broken.
+// A device that passes everything on to another one, but whose files, ink and store can be watched and broken.
 #pragma once
 
 #include "platform/host.h"
 #include "tests/support/files_probe.h"
+#include "tests/support/ink_probe.h"
 
 #include <functional>
 #include <string>
@@ -12,7 +13,7 @@ namespace tavo::test {
 
 class HostProbe final : public IHost {
   public:
-    explicit HostProbe(IHost& device) : OwnFiles(device.Files()), Device(device) {}
+    explicit HostProbe(IHost& device) : OwnFiles(device.Files()), OwnInk(device.Ink()), Device(device) {}
 
     IMessageQueue& Queue() override { return Device.Queue(); }
 
@@ -24,7 +25,7 @@ class HostProbe final : public IHost {
 
     IMenus& Menus() override { return Device.Menus(); }
 
-    IInk& Ink() override { return Device.Ink(); }
+    IInk& Ink() override { return OwnInk; }
 
     IInputPanel& InputPanel() override { return Device.InputPanel(); }
 
@@ -55,6 +56,7 @@ class HostProbe final : public IHost {
     ErrorCode GetLastError() override { return LastError; }
 
     FilesProbe OwnFiles;
+    InkProbe OwnInk;
     // Stands in for the device's own CoCreateInstance.
     std::function<Status(ComPtr<IPOutlookApp>&)> MakeOutlook;
     ErrorCode LastError = ErrorCode::Success;
