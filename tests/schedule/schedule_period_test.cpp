@@ -176,8 +176,10 @@ TEST_F(SchedulePeriod, TheListHasTheFocusAgainWhenTheMonthCalendarCloses) {
     PickStart(2004, 1, 2);
     ASSERT_TRUE(Desk.Settle());
     const WindowHandle focus = Desk.Device.Host().State.Focus;
-    EXPECT_NE(focus, Desk.Device.See.Control(kSchedulePeriodStart));
-    EXPECT_NE(focus, WindowHandle::None);
+    const shell::WindowRecord* list = Desk.Device.Host().State.Tree.Find(focus);
+    ASSERT_NE(list, nullptr);
+    EXPECT_TRUE(list->IsPainted() && list->Parent == Desk.Device.See.Top());
+    EXPECT_TRUE(Desk.Device.Host().State.Tree.IsVisible(focus));
 }
 
 TEST_F(SchedulePeriod, HoldsWhatLiesInItOrReachesIntoItInOrderOfStart) {

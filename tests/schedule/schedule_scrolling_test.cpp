@@ -37,6 +37,20 @@ TEST_F(SchedulePage, TheAppointmentsScrollByFiveRows) {
     Desk.Show(ItemKind::Appointment);
     EXPECT_EQ(Desk.Bar(), (ScrollInfo{0, 7, 0}));
     EXPECT_EQ(Desk.Rows().size(), 5U);
+    const auto firstRow = [this] {
+        int first = -1;
+        for (const PaintedItem& item : Desk.Device.See.Items()) {
+            first = first < 0 && item.Role == PaintedRole::Row ? item.Id : first;
+        }
+        return first;
+    };
+    for (const auto& [request, top] :
+         {std::pair(SB_PAGEDOWN, 5), std::pair(SB_PAGEDOWN, 7), std::pair(SB_PAGEUP, 2), std::pair(SB_PAGEUP, 0)}) {
+        Scroll(request);
+        EXPECT_EQ(Desk.Bar().Position, top);
+        EXPECT_EQ(firstRow(), top);
+        EXPECT_EQ(Desk.Rows().size(), 5U);
+    }
 }
 
 TEST_F(SchedulePage, LineAndThumbMoveTheTopWithinItsRange) {
@@ -146,6 +160,10 @@ TEST_F(SchedulePage, OnAnEmptyListTheKeysDoNothing) {
     Key(VK_DOWN);
     Key(VK_UP);
     EXPECT_THAT(Desk.Rows(), IsEmpty());
+    EXPECT_EQ(Desk.SelectedRow(), kNoRow);
+    EXPECT_EQ(Desk.Bar(), (ScrollInfo{0, 0, 0}));
+    EXPECT_THAT(Desk.ListTexts(), ElementsAre(u"No registered alarm"));
+    EXPECT_THAT(Desk.Boxes(), IsEmpty());
 }
 
 } // namespace tavo::test
