@@ -3,6 +3,8 @@
 
 #include "host/files/instance_lock.h"
 
+#include <QTimer>
+
 #include <functional>
 #include <memory>
 
@@ -28,12 +30,14 @@ class Activation {
     void Follow(bool isEnding);
 
   private:
-    bool Begin();
+    void Begin();
 
     files::InstanceLock& Lock;
     Taker Take;
     std::unique_ptr<QSocketNotifier> Notifier;
+    QTimer Looks; // wakes the program where it cannot be told of requests
     bool HasNews = false;
+    bool HasLooked = false;
 };
 
 } // namespace tavo::qt

@@ -9,6 +9,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <memory>
+#include <sched.h>
+#include <sys/inotify.h>
 #include <sys/wait.h>
 #include <thread>
 
@@ -34,11 +36,28 @@ bool WaitUntil(Span patience, const std::function<bool()>& isSo) {
     return true;
 }
 
+// What a start finds.
+struct Surroundings {
+    std::string File = {};  // that it is to import; empty for nothing
+    bool HasWatches = true; // the system tells of changes in folders; else all it has are taken
+};
+
+constexpr int kCannotArrange = 126; // exit status
+
+// For this process and its children the system has no watch left. False where it does not let us arrange that.
+bool TakeAllWatches() {
+    if (unshare(CLONE_NEWUSER) != 0) {
+        return false;
+    }
+    std::ofstream limit("/proc/sys/user/max_inotify_instances");
+    limit << 0 << std::flush;
+    return limit.good() && inotify_init1(IN_CLOEXEC) < 0;
+}
+
 // The program on a device of its own; what it shows and says goes to files of its own.
 class StartedProgram {
   public:
-    // `file`: what it is to import; empty for nothing.
-    StartedProgram(const files::TemporaryFolder& folder, const std::string& name, const std::string& file)
+    StartedProgram(const files::TemporaryFolder& folder, const std::string& name, const Surroundings& around)
         : Frames(folder / (name + ".frames")), Words(folder / (name + ".words")) {
         Process = fork();
         if (Process == 0) {
@@ -48,8 +67,11 @@ class StartedProgram {
             setenv("TAVO_SCALE", "1", 1);
             (void)!freopen(Words.c_str(), "w", stderr);
             const std::string program = folder / "tavocalendar";
+            if (!around.HasWatches && !TakeAllWatches()) {
+                _exit(kCannotArrange);
+            }
             (void)!chdir(std::string(folder / "").c_str());
-            execl(program.c_str(), program.c_str(), file.empty() ? nullptr : file.c_str(), nullptr);
+            execl(program.c_str(), program.c_str(), around.File.empty() ? nullptr : around.File.c_str(), nullptr);
             _exit(127);
         }
     }
@@ -114,8 +136,8 @@ class OneWindow : public testing::Test {
         EXPECT_TRUE(WaitUntil(30s, [&] { return program.HasShown(); })) << program.Said();
     }
 
-    std::unique_ptr<StartedProgram> Start(const std::string& name, const std::string& file = "") const {
-        return std::make_unique<StartedProgram>(Folder, name, file);
+    std::unique_ptr<StartedProgram> Start(const std::string& name, const Surroundings& around = {}) const {
+        return std::make_unique<StartedProgram>(Folder, name, around);
     }
 
     // Requests for an import that nobody has taken.
@@ -140,10 +162,27 @@ TEST_F(OneWindow, AStartBesideOneThatRunsBringsItForwardAndEnds) {
     EXPECT_FALSE(first->HasEnded());
 }
 
+TEST_F(OneWindow, WhereNothingCanBeWatchedAStartIsNoticedAllTheSame) {
+    ASSERT_EQ(InstanceLock::RequestActivation(Run(), ""), ErrorCode::Success); // before it runs
+    const auto first = Start("first", {.HasWatches = false});
+    if (WaitUntil(1s, [&] { return first->HasEnded(); }) && first->WaitForEnd(0s) == kCannotArrange) {
+        GTEST_SKIP() << "the system lets nobody arrange that";
+    }
+    ExpectShown(*first);
+    EXPECT_TRUE(WaitUntil(5s, [&] { return !HasRequest(); }));
+    const auto second = Start("second");
+    EXPECT_EQ(second->WaitForEnd(30s), 0) << second->Said();
+    EXPECT_FALSE(second->HasShown());
+    EXPECT_FALSE(HasRequest());
+    EXPECT_FALSE(first->HasEnded());
+    first->Signal(SIGTERM);
+    EXPECT_EQ(first->WaitForEnd(10s), 0) << first->Said();
+}
+
 TEST_F(OneWindow, AStartWithAFileHandsItToTheOneThatRuns) {
     const auto first = Start("first");
     ExpectShown(*first);
-    const auto second = Start("second", "a.ics");
+    const auto second = Start("second", {"a.ics"});
     EXPECT_EQ(second->WaitForEnd(30s), 0) << second->Said();
     EXPECT_FALSE(second->HasShown());
     EXPECT_TRUE(WaitUntil(5s, [&] { return CountImports() == 0; }));
@@ -155,7 +194,7 @@ TEST_F(OneWindow, WhatIsHandedOverIsTheWholePath) {
     InstanceLock running(Run());
     ASSERT_EQ(running.Acquire(InstanceRole::Program, {}), LockOutcome::Held);
     ASSERT_EQ(running.WatchActivation(), ErrorCode::Success);
-    const auto second = Start("second", "a.ics");
+    const auto second = Start("second", {"a.ics"});
     std::vector<std::string> files;
     EXPECT_TRUE(WaitUntil(30s, [&] {
         const auto request = running.TakeActivation();
@@ -166,7 +205,7 @@ TEST_F(OneWindow, WhatIsHandedOverIsTheWholePath) {
 }
 
 TEST_F(OneWindow, AStartWithAFileTakesItItself) {
-    const auto program = Start("program", "a.ics");
+    const auto program = Start("program", {"a.ics"});
     ExpectShown(*program);
     EXPECT_TRUE(WaitUntil(10s, [&] { return CountImports() == 0; }));
     EXPECT_FALSE(program->HasEnded());
@@ -175,7 +214,7 @@ TEST_F(OneWindow, AStartWithAFileTakesItItself) {
 TEST_F(OneWindow, AStartThatFailsTakesItsFileBack) {
     InstanceLock tool(Run());
     ASSERT_EQ(tool.Acquire(InstanceRole::Tool, {}), LockOutcome::Held);
-    const auto program = Start("program", "a.ics");
+    const auto program = Start("program", {"a.ics"});
     EXPECT_TRUE(WaitUntil(30s, [&] { return program->Said().find("another process") != std::string::npos; }));
     EXPECT_TRUE(WaitUntil(5s, [&] { return CountImports() == 0; }));
 }
