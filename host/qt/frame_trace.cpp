@@ -1,8 +1,13 @@
 // Writing down when frames were shown.
 #include "host/qt/frame_trace.h"
 
+#include "host/files/private_file.h"
+
+#include <cstdio>
 #include <ctime>
 #include <memory>
+
+#include <fcntl.h>
 
 namespace tavo::qt {
 namespace {
@@ -20,18 +25,13 @@ std::function<void()> MakeFrameTrace(const char* path) {
     if (path == nullptr || *path == '\0') {
         return {};
     }
-    const std::shared_ptr<std::FILE> file(std::fopen(path, "ae"), [](std::FILE* open) {
-        if (open != nullptr) {
-            std::fclose(open);
-        }
-    });
-    if (!file) {
+    const auto file = std::make_shared<files::FileDescriptor>(files::OpenOrMakeFile(path));
+    if (!*file || fcntl(file->Get(), F_SETFL, O_APPEND) != 0) {
         return {};
     }
     return [file] {
-        std::fprintf(file.get(), "%lld %lld\n", ReadNanoseconds(CLOCK_MONOTONIC),
-                     ReadNanoseconds(CLOCK_PROCESS_CPUTIME_ID));
-        std::fflush(file.get());
+        dprintf(file->Get(), "%lld %lld\n", ReadNanoseconds(CLOCK_MONOTONIC),
+                ReadNanoseconds(CLOCK_PROCESS_CPUTIME_ID));
     };
 }
 

@@ -109,6 +109,17 @@ TEST_F(ProgramStart, WithEverythingThereItShowsItsFirstFrame) {
     const Ending ending = Start(Home() + " QT_QPA_PLATFORM=offscreen TAVO_SCALE=1", 3);
     EXPECT_EQ(ending.Status, 124) << ending.Words; // until it was told to end
     EXPECT_NE(FramesShown(), "");
+    const auto rights = std::filesystem::status(Folder / "frames").permissions();
+    EXPECT_EQ(rights, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+}
+
+// A file that somebody else chose is not written to.
+TEST_F(ProgramStart, FramesAreNeverNotedThroughALink) {
+    Folder.Put("precious", "kept");
+    std::filesystem::create_symlink(Folder / "precious", Folder / "frames");
+    const Ending ending = Start(Home() + " QT_QPA_PLATFORM=offscreen TAVO_SCALE=1", 3);
+    EXPECT_EQ(ending.Status, 124) << ending.Words; // it runs all the same
+    EXPECT_EQ(Folder.Get("precious"), "kept");
 }
 
 TEST_F(ProgramStart, AStoreWithARuleThatNamesItsCalendarIsOpenedAndShown) {
