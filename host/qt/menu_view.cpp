@@ -21,7 +21,13 @@ constexpr int kWidestText = 190; // logical pixels that an entry's texts may tak
 
 // An item's text is the person's own: no character of it means a shortcut, and it stays on one line.
 QString EntryText(const std::u16string& text, const QFontMetrics& metrics, int widest) {
-    QString shown = QString::fromStdU16String(text).simplified();
+    // Of a very long text its beginning, of which an entry shows a few words; half a character is left out.
+    constexpr qsizetype longest = 512;
+    QStringView beginning = QStringView(text).trimmed().left(longest);
+    if (!beginning.isEmpty() && beginning.back().isHighSurrogate()) {
+        beginning.chop(1);
+    }
+    QString shown = beginning.toString().simplified();
     shown = metrics.elidedText(shown, Qt::ElideRight, widest);
     return shown.replace(QLatin1Char('&'), QLatin1String("&&"));
 }

@@ -44,9 +44,16 @@ std::size_t CountFitting(Font& font, std::u16string_view text, int width) {
     return count;
 }
 
+// The same, without placing all the rest of a long text anew for each of its lines.
+std::size_t CountOnLine(Font& font, std::u16string_view text, int width) {
+    constexpr std::size_t longestLine = 4096; // units; hardly a line of them is wide enough for more
+    const std::size_t count = CountFitting(font, text.substr(0, longestLine), width);
+    return count < longestLine ? count : CountFitting(font, text, width);
+}
+
 void AppendWrapped(Font& font, std::u16string_view text, int width, std::vector<PlacedLine>& lines) {
     while (true) {
-        const std::size_t count = CountFitting(font, text, width);
+        const std::size_t count = CountOnLine(font, text, width);
         lines.push_back({std::u16string(text.substr(0, count))});
         if (count >= text.size()) {
             return;

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 
 namespace tavo::qt {
@@ -128,6 +129,26 @@ TEST_F(DayMenuOnTheDesktop, ALongSubmenuStaysOnTheScreenAndItsLastEntryIsReached
     MenuKey(Qt::Key_Return);
     Program.Do([this] { EXPECT_EQ(Program.Caption(), u"Memo"); });
     Program.Key(VK_ESCAPE);
+    EXPECT_TRUE(Program.Settle());
+}
+
+TEST_F(DayMenuOnTheDesktop, OfAVeryLongSubjectOnlyTheBeginningIsMeasured) {
+    std::u16string subject = u"  Dentist &\n";
+    subject.append(500000, u'x');
+    GivenItems(20, subject);
+    const auto begin = std::chrono::steady_clock::now();
+    Program.Key(VK_RETURN);
+    MenuKey(Qt::Key_Right);
+    Program.Do([this, begin] {
+        ASSERT_NE(Submenu(), nullptr);
+        const QString text = Submenu()->actions().front()->text();
+        EXPECT_TRUE(text.startsWith("Dentist && xxx"));
+        EXPECT_LT(text.size(), 100);
+        EXPECT_TRUE(IsOnTheScreen(*Submenu()));
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
+    });
+    MenuKey(Qt::Key_Escape);
+    MenuKey(Qt::Key_Escape);
     EXPECT_TRUE(Program.Settle());
 }
 

@@ -8,6 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
+
 namespace tavo::qt {
 namespace {
 
@@ -96,6 +99,24 @@ TEST_F(TextTest, CentredRightAndBottomTextLiesWhereTheFlagsSay) {
               40 - font.LineHeight() + font.Ascent());
     EXPECT_EQ(PlaceText(font, u"Today", area, DT_SINGLELINE | DT_VCENTER)[0].Baseline,
               10 + (30 - font.LineHeight()) / 2 + font.Ascent());
+}
+
+// Half a minute is far more than it takes, and far less than placing all the rest anew for each line took.
+TEST_F(TextTest, AVeryLongTextIsPlacedInItsTime) {
+    Font font(Arial(-12));
+    std::u16string text;
+    for (int word = 0; word < 30000; ++word) {
+        text += u"calendar ";
+    }
+    const auto begin = std::chrono::steady_clock::now();
+    const std::vector<PlacedLine> lines = PlaceText(font, text, {0, 0, 200, 50}, DT_WORDBREAK | DT_NOPREFIX);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(30));
+    std::size_t count = 0;
+    for (const PlacedLine& line : lines) {
+        EXPECT_LE(font.Measure(line.Text), 210);
+        count += static_cast<std::size_t>(std::count(line.Text.begin(), line.Text.end(), u'c'));
+    }
+    EXPECT_EQ(count, 30000u); // one in each word: nothing is lost
 }
 
 TEST_F(TextTest, ASingleLineKeepsLineFeedsOnItsLine) {
