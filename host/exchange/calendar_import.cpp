@@ -17,7 +17,9 @@ namespace tavo::exchange {
 namespace {
 
 constexpr int kWhole = 1000;
-constexpr std::size_t kNamedRefusals = 3; // more than these are too much for a small screen
+// More than these are too much for a small screen.
+constexpr std::size_t kNamedRefusals = 2;
+constexpr std::size_t kLongestRefusal = 64;
 constexpr std::size_t kLongestReason = 120;
 constexpr std::size_t kLongestName = 48;
 
@@ -177,7 +179,7 @@ std::u16string CalendarImport::Outcome() const {
     const std::vector<Refusal>& refusals = Current->Sink.GetRefusals();
     const std::size_t named = std::min(refusals.size(), kNamedRefusals);
     for (std::size_t index = 0; index < named; ++index) {
-        text += u"\n" + ForPeople(DescribeRefusal(refusals[index]) + ".", kLongestReason);
+        text += u"\n" + ForPeople(DescribeRefusal(refusals[index]) + ".", kLongestRefusal);
     }
     if (refusals.size() > named) {
         text += u"\nThe command `tavo import` names them all.";
