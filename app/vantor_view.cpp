@@ -24,7 +24,7 @@ constexpr Color kViewBackground = Color::FromRgb(255, 255, 255);
 } // namespace
 
 CVantorView::CVantorView(CMessagePump& pump, CProgramState& state, ICommandTarget& commands)
-    : CPaintedWindow(pump, kViewSize), State(state), Commands(commands), InkNotes(pump, state) {
+    : CPaintedWindow(pump, kViewSize), State(state), Commands(commands), InkNotes(pump, state), Tags(state) {
     State.CurrentPage = kClockPage;
     State.RefreshSuppressed = false;
 }
@@ -74,6 +74,9 @@ void CVantorView::UpdateFirst() {
         ShowRefusal(Pump(), Handle(), kMemosMissing);
     }
     OfferWhatWasLeft();
+    if (!Pump().HasQuit()) { // else the next start asks about what is left
+        Tags.Begin();
+    }
 }
 
 // A program that quits meanwhile asks no more; the next start does.
@@ -146,7 +149,9 @@ void CVantorView::SaveAndHide(SaveTrouble trouble) {
         return;
     }
     // Where the file cannot be written the program goes to the background all the same.
-    static_cast<void>(SaveOrKeepTags(State, trouble));
+    if (SaveOrKeepTags(State, trouble)) {
+        Tags.Begin();
+    }
     Host().Windows().ShowWindow(Frame, ShowCommand::Minimize);
 }
 
@@ -192,6 +197,9 @@ void CVantorView::TakeOutsideChange() {
 
 void CVantorView::TakeChangeNotice() {
     Host().Windows().KillTimer(Handle(), kTimerChangeNotice);
+    if (!State.Busy) { // else what changed is not final
+        Tags.TakeChange();
+    }
     if (!State.RefreshSuppressed) {
         Host().Windows().SetTimer(Handle(), kTimerChangeNotice, kNoticePeriod);
     }

@@ -10,6 +10,7 @@
 #include "schedule/settings_page.h"
 #include "store/category_file.h"
 #include "store/program_state.h"
+#include "store/unsaved_tags.h"
 
 #include <memory>
 #include <optional>
@@ -77,6 +78,7 @@ class CVantorView : public CPaintedWindow, public IMainView {
     CProgramState& State;
     ICommandTarget& Commands;
     InkNoteEditor InkNotes;
+    TagKeeper Tags;
     WindowHandle Frame = WindowHandle::None;
     std::unique_ptr<CSettingsPage> SettingsPage;
     std::unique_ptr<CSchedulePage> SchedulePage;

@@ -11,6 +11,7 @@
 #include <span>
 #include <string>
 #include <unordered_set>
+#include <utility>
 
 namespace tavo {
 
@@ -18,13 +19,18 @@ namespace {
 
 constexpr std::array<TagList, 3> kLists{TagList::Alarm, TagList::Holiday, TagList::Anniversary};
 
+// Of the session that runs, exactly as its lists are.
+std::u16string PathOfSession(const CProgramState& state) {
+    return FormatText(u"%s\\%s.session", kRecoveryFolder, state.DataFileName);
+}
+
 // The first is the place for them, the others are for where nothing can be written there. None is the folder of the
 // data file: that holds every memo, and looking there for what is mostly absent means reading all their names at each
-// start.
-std::array<std::u16string, 3> PathsOf(const CProgramState& state) {
+// start. The last is what a killed session left.
+std::array<std::u16string, 4> PathsOf(const CProgramState& state) {
     const std::u16string name = FormatText(u"%s.unsaved", state.DataFileName);
     return {FormatText(u"%s\\%s", kRecoveryFolder, name), FormatText(u"\\My Documents\\%s", name),
-            FormatText(u"\\%s", name)};
+            FormatText(u"\\%s", name), PathOfSession(state)};
 }
 
 void AppendMissing(std::vector<Oid>& oids, std::span<const Oid> more) {
@@ -61,7 +67,30 @@ bool IsEmpty(const CategoryFileLists& lists) {
     return std::ranges::all_of(lists, [](const std::vector<Oid>& oids) { return oids.empty(); });
 }
 
+std::vector<std::uint8_t> Encode(const CategoryLists& lists) {
+    return EncodeCategoryFile(lists.AlarmList.All(), lists.HolidayList.All(), lists.AnniversaryList.All());
+}
+
 } // namespace
+
+// The first time there may be something that a killed session left, and that nobody was asked about.
+void TagKeeper::Begin() {
+    if (!Seen.empty()) {
+        static_cast<void>(State.Host().Files().DeleteFileW(PathOfSession(State))); // mostly there is none
+    }
+    Seen = Encode(State.Categories);
+}
+
+void TagKeeper::TakeChange() {
+    std::vector<std::uint8_t> now = Encode(State.Categories);
+    if (Seen.empty() || now == Seen) {
+        return;
+    }
+    // Where it cannot be written, the end of the page keeps them still.
+    static_cast<void>(State.Host().Files().CreateDirectoryW(kRecoveryFolder));
+    static_cast<void>(State.Host().Files().WriteWholeFile(PathOfSession(State), now));
+    Seen = std::move(now);
+}
 
 void KeepUnsavedTags(CProgramState& state) {
     CategoryFileLists all = ReadAll(state);

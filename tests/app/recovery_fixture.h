@@ -51,6 +51,8 @@ class RecoveryAtStart : public testing::Test {
     // Starts again on the same device; there is nothing to ask any more.
     void ExpectNothingAskedAgain() {
         const std::size_t asked = Boxes().size();
+        Program.Device.PressClose(); // as every ordinary end begins
+        EXPECT_TRUE(Program.Settle());
         Program.Stop();
         ASSERT_TRUE(Program.Start());
         EXPECT_EQ(Boxes().size(), asked);
