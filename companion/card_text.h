@@ -10,8 +10,9 @@ namespace tavo::companion {
 
 // Harmless for any desktop, however the items' texts were made.
 struct CardText {
-    std::string Summary; // one line
-    std::string Body;    // further lines, joined by line feeds; perhaps none
+    std::string Summary;    // one line
+    std::string Body;       // further lines, joined by line feeds; perhaps none
+    bool HasAnswers = true; // else it only tells something
 };
 
 // `today` is the device's clock: it decides what is called today and tomorrow.

@@ -37,7 +37,9 @@ constexpr int kPause = 200; // milliseconds between two looks at the time
 // Where nobody shows it, the next night says it again.
 void Tell(const CardText& words) {
     bool isOver = false;
-    Notifications bus({[](auto&&...) {}, [] {}, [&isOver](std::uint32_t, const auto&) { isOver = true; }});
+    // One that has to be started first answers late.
+    Notifications bus(
+        {[](auto&&...) {}, [] {}, [&isOver](std::uint32_t, const auto& placed) { isOver = placed.has_value(); }});
     if (!bus.Connect() || !bus.Ask(1, words, 0)) {
         return;
     }
@@ -69,10 +71,10 @@ RoundResult GoRound(const files::DeviceRoot& root) {
     case outlook::Verdict::Blemished:
         return RoundResult::Sound; // nobody has to do anything tonight, and another look finds the same
     case outlook::Verdict::Altered:
-        Tell({kAltered, kAlteredAdvice});
+        Tell({kAltered, kAlteredAdvice, false});
         return RoundResult::Damaged;
     case outlook::Verdict::Damaged:
-        Tell({kDamaged, kDamagedAdvice});
+        Tell({kDamaged, kDamagedAdvice, false});
         return RoundResult::Damaged;
     default:
         return RoundResult::Undone;

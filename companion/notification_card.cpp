@@ -59,7 +59,7 @@ int AppendCard(sd_bus_message* message, const CardText& text, std::uint32_t repl
         result = sd_bus_message_open_container(message, 'a', "s");
     }
     for (const CardAction& action : kActions) {
-        if (result >= 0) {
+        if (result >= 0 && text.HasAnswers) {
             result = sd_bus_message_append(message, "ss", action.Key, action.Label);
         }
     }

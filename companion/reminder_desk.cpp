@@ -41,7 +41,7 @@ bool ReminderDesk::Holds(const std::string& service) {
 // The desktop first; each card that it does not take goes to our own window.
 reminders::Placement ReminderDesk::Show(const reminders::Card& card, std::uint32_t replaced) {
     std::erase_if(Offers,
-                  [this](const auto& entry) { return entry.second.WindowCard != 0 && !OwnBus.MayReply(entry.first); });
+                  [this](const auto& entry) { return entry.second.IsSettled && !OwnBus.MayReply(entry.first); });
     const std::uint32_t question = ++LastQuestion;
     const Offer& offer =
         Offers.insert_or_assign(question, Offer{DescribeCard(card, Told.NowWall()), replaced}).first->second;
@@ -83,6 +83,7 @@ void ReminderDesk::TakeWindowReply(std::uint32_t question, const std::optional<r
         TakeBack(offer->second.Replaced);
     }
     offer->second.WindowCard = placed ? placed->Number : 0;
+    offer->second.IsSettled = true;
     Told.Placed(question, placed);
 }
 

@@ -51,6 +51,7 @@ class ReminderDesk final : public reminders::IDesk {
         CardText Text;
         std::uint32_t Replaced = 0;
         std::uint32_t WindowCard = 0; // where our own window has it
+        bool IsSettled = false;       // only a late answer of the desktop may still come
     };
 
     void TakeBusReply(std::uint32_t question, const std::optional<reminders::PlacedCard>& placed);

@@ -134,6 +134,7 @@ TEST_F(NightRoundTest, DamageIsTold) {
     StartCompanion(Bus.Address());
     ASSERT_TRUE(Service.WaitFor(1, kSoon));
     EXPECT_EQ(Service.Came.back().Summary, "The calendar's store is damaged.");
+    EXPECT_TRUE(Service.Came.back().Actions.empty()); // there is nothing to open or to put off
     EXPECT_TRUE(WaitForCheck());
     Service.Serve(1.5);
     EXPECT_EQ(Service.Came.size(), 1U);
