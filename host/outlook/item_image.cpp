@@ -11,7 +11,7 @@ namespace {
 constexpr std::uint8_t kFirstImageVersion = 1; // exceptions without their origin
 constexpr std::uint8_t kImageVersion = 2;
 constexpr std::size_t kOrdinaryItem = 512; // bytes
-constexpr std::size_t kMaxParts = 100000; // exceptions or tags of one item
+constexpr std::size_t kMaxParts = 100000;  // exceptions or tags of one item
 
 class Writer {
   public:
