@@ -36,9 +36,11 @@ bool IsSet(const char* variable) {
 }
 
 // On the screen too: who starts it from a menu sees no terminal.
-int RefuseOnScreen(const char* problem) {
+int RefuseOnScreen(std::string_view problem) {
     const int status = Refuse(problem);
-    QMessageBox box(QMessageBox::Warning, QStringLiteral("Tavo Calendar"), QString::fromUtf8(problem));
+    const std::string words = tavo::locale::MakeHarmless(problem);
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Tavo Calendar"), QString::fromStdString(words));
+    box.setTextFormat(Qt::PlainText); // names of folders may look like markup
     QObject::connect(&box, &QMessageBox::finished, qApp, &QApplication::quit);
     box.show();
     (void)QApplication::exec(); // how it was closed does not matter
@@ -90,10 +92,10 @@ Ending RunAlone(tavo::qt::QtHost& host, tavo::ICalendarImport& files) {
             return {status};
         case LockOutcome::Busy:
             return {kCannotStart,
-                    "another process, such as the command line tool, holds the calendar's data file. Wait "
+                    "Another process, such as the command line tool, holds the calendar's data file. Wait "
                     "until it has ended, and start again."};
         case LockOutcome::Failed:
-            return {kCannotStart, "the file Run/Instance.lock in the calendar's folder cannot be made. Look whether "
+            return {kCannotStart, "The file Run/Instance.lock in the calendar's folder cannot be made. Look whether "
                                   "the folder can be written and the disk has room, and start again."};
         case LockOutcome::ProgramRuns:
             break;
@@ -102,7 +104,7 @@ Ending RunAlone(tavo::qt::QtHost& host, tavo::ICalendarImport& files) {
         case tavo::qt::OtherAnswer::Comes:
             return {};
         case tavo::qt::OtherAnswer::Silent:
-            return {kCannotStart, "the calendar is open already, but it does not answer. Wait until it does, or end "
+            return {kCannotStart, "The calendar is open already, but it does not answer. Wait until it does, or end "
                                   "that process, and start again."};
         case tavo::qt::OtherAnswer::Ended:
             break;
@@ -134,7 +136,7 @@ Ending RunWith(const tavo::files::DeviceRoot& root, const std::vector<std::strin
     }
     if (InstanceLock::RequestImport(root.RunFolder(), files) != tavo::ErrorCode::Success) {
         return {kCannotStart,
-                "the files cannot be imported: no note of them can be made in the calendar's folder. Look "
+                "The files cannot be imported: no note of them can be made in the calendar's folder. Look "
                 "whether the folder can be written and the disk has room, or open fewer at once."};
     }
     const Ending ending = RunOn(root);
@@ -165,15 +167,15 @@ int main(int argc, char** argv) {
         return Refuse("there is no display. Start it from a desktop session, or set DISPLAY or WAYLAND_DISPLAY. The "
                       "command line tool, tavo, works without one.");
     }
-    const files::RootResult root = files::OpenDeviceRoot(files::RootEnvironment::OfProcess());
-    if (!root.Root.has_value()) {
-        return Refuse(root.Problem);
-    }
     qInstallMessageHandler(TakeToolkitMessage);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tavocalendar"));
     QGuiApplication::setDesktopFileName(QStringLiteral("tavocalendar"));
     Q_INIT_RESOURCE(tavo_pictures);
+    const files::RootResult root = files::OpenDeviceRoot(files::RootEnvironment::OfProcess());
+    if (!root.Root.has_value()) {
+        return RefuseOnScreen(root.Problem);
+    }
     qt::BeginPreparingFonts();
     const Ending ending = RunWith(*root.Root, line.Files);
     (void)qt::PrepareFonts(); // not given up half done, when a window was there already

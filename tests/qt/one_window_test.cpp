@@ -215,7 +215,7 @@ TEST_F(OneWindow, AStartThatFailsTakesItsFileBack) {
     InstanceLock tool(Run());
     ASSERT_EQ(tool.Acquire(InstanceRole::Tool, {}), LockOutcome::Held);
     const auto program = Start("program", {"a.ics"});
-    EXPECT_TRUE(WaitUntil(30s, [&] { return program->Said().find("another process") != std::string::npos; }));
+    EXPECT_TRUE(WaitUntil(30s, [&] { return program->Said().find("Another process") != std::string::npos; }));
     EXPECT_TRUE(WaitUntil(5s, [&] { return CountImports() == 0; }));
 }
 
@@ -223,7 +223,7 @@ TEST_F(OneWindow, AStartThatCannotHaveTheDataFileInTimeSaysSoAndNeverRuns) {
     InstanceLock tool(Run());
     ASSERT_EQ(tool.Acquire(InstanceRole::Tool, {}), LockOutcome::Held);
     const auto program = Start("program");
-    EXPECT_TRUE(WaitUntil(30s, [&] { return program->Said().find("another process") != std::string::npos; }))
+    EXPECT_TRUE(WaitUntil(30s, [&] { return program->Said().find("Another process") != std::string::npos; }))
         << program->Said();
     EXPECT_FALSE(program->HasShown());
     EXPECT_FALSE(InstanceLock::ProgramRuns(Run()));

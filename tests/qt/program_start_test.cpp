@@ -15,8 +15,11 @@ namespace {
 
 using testing::HasSubstr;
 
+// Who starts it from a menu reads its reason in a window, until that is closed.
+constexpr int kStillShown = 124;
+
 struct Ending {
-    int Status = -1; // 124: it was still running after a while
+    int Status = -1; // kStillShown: it was still running after a while
     std::string Words;
 };
 
@@ -72,14 +75,14 @@ TEST_F(ProgramStart, WithoutFontsItSaysWhatToInstallAndShowsNothing) {
 
 TEST_F(ProgramStart, AHomeThatCannotBeMadeIsNamed) {
     Folder.Put("file", "");
-    const Ending ending = Start("TAVO_HOME='" + (Folder / "file/home") + "' QT_QPA_PLATFORM=offscreen");
-    EXPECT_EQ(ending.Status, 1);
+    const Ending ending = Start("TAVO_HOME='" + (Folder / "file/home") + "' QT_QPA_PLATFORM=offscreen", 5);
+    EXPECT_EQ(ending.Status, kStillShown);
     EXPECT_THAT(ending.Words, HasSubstr("tavocalendar: The folder " + (Folder / "file") + " cannot be used"));
 }
 
 TEST_F(ProgramStart, WithoutAHomeOfTheUserItAsksForOne) {
-    const Ending ending = Start("HOME=/dev/null QT_QPA_PLATFORM=offscreen");
-    EXPECT_EQ(ending.Status, 1);
+    const Ending ending = Start("HOME=/dev/null QT_QPA_PLATFORM=offscreen", 5);
+    EXPECT_EQ(ending.Status, kStillShown);
     EXPECT_THAT(ending.Words, HasSubstr("set TAVO_HOME to a folder of your own"));
 }
 
@@ -107,7 +110,7 @@ TEST_F(ProgramStart, AnythingElseIsRefusedWithStatusTwo) {
 
 TEST_F(ProgramStart, WithEverythingThereItShowsItsFirstFrame) {
     const Ending ending = Start(Home() + " QT_QPA_PLATFORM=offscreen TAVO_SCALE=1", 3);
-    EXPECT_EQ(ending.Status, 124) << ending.Words; // until it was told to end
+    EXPECT_EQ(ending.Status, kStillShown) << ending.Words;
     EXPECT_NE(FramesShown(), "");
     const auto rights = std::filesystem::status(Folder / "frames").permissions();
     EXPECT_EQ(rights, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
@@ -141,7 +144,7 @@ TEST_F(ProgramStart, AStoreWithARuleThatNamesItsCalendarIsOpenedAndShown) {
                                              "RRULE:RSCALE=GREGORIAN;FREQ=DAILY\nRRULE:FREQ=WEEKLY"));
     }
     const Ending ending = Start(Home() + " QT_QPA_PLATFORM=offscreen TAVO_SCALE=1", 3);
-    EXPECT_EQ(ending.Status, 124) << ending.Words; // until it was told to end
+    EXPECT_EQ(ending.Status, kStillShown) << ending.Words;
     EXPECT_NE(FramesShown(), "");
 }
 
