@@ -5,10 +5,9 @@
 #include "host/reminders/reminder_finder.h"
 #include "tests/outlook/planted_rule.h"
 #include "tests/outlook/store_fixture.h"
+#include "tests/support/processor_time.h"
 
 #include <gmock/gmock.h>
-
-#include <ctime>
 
 namespace tavo::outlook::test {
 
@@ -19,11 +18,10 @@ using ::testing::IsEmpty;
 
 namespace {
 
-// Seconds of the processor, so that a busy machine does not count.
-constexpr double kSoon = 1.0;
+constexpr double kSoon = tavo::test::AtMost(1.0); // seconds
 
 double TimeUsed() {
-    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+    return tavo::test::ProcessorTime(RUSAGE_SELF);
 }
 
 std::string Numbers(int count) {
