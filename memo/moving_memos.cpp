@@ -43,7 +43,7 @@ DeletedMemos FindDeleted(CProgramState& state, const std::unordered_set<std::u16
         state.Host().Files().FindFirstFileW(FormatText(u"%s\\Deleted\\*.pwi", state.DataFolder));
     for (bool found = search != nullptr; found; found = search->FindNextFileW()) {
         const std::u16string name = search->FileName();
-        if (const std::size_t mark = name.rfind(kMark); mark != name.npos && !except.contains(name)) {
+        if (const std::size_t mark = name.rfind(kMark); mark != std::u16string::npos && !except.contains(name)) {
             deleted[name.substr(0, mark)].push_back(name);
         }
     }

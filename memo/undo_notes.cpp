@@ -18,7 +18,8 @@ constexpr std::u16string_view kDeleted = u"\\Deleted";
 
 bool IsMemoName(std::u16string_view path) {
     const std::u16string_view end = path.substr(path.size() - std::min(path.size(), kMemoEnd.size()));
-    return path.find(u'/') == path.npos && std::ranges::equal(end, kMemoEnd, [](char16_t one, char16_t other) {
+    return path.find(u'/') == std::u16string_view::npos &&
+           std::ranges::equal(end, kMemoEnd, [](char16_t one, char16_t other) {
                return (one >= u'A' && one <= u'Z' ? one + (u'a' - u'A') : one) == other;
            });
 }
