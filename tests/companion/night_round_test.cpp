@@ -62,7 +62,7 @@ class NightRoundTest : public CompanionTest {
     }
 
     fs::path Write(const std::string& name) const {
-        const fs::path path = Folder.File(name);
+        fs::path path = Folder.File(name);
         fs::create_directories(path.parent_path());
         std::ofstream(path) << "bytes";
         return path;

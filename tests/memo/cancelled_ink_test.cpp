@@ -11,9 +11,6 @@
 namespace tavo::test {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 class CancelledInk : public InkMemoView {
   protected:
     // The name of the step that an undo would take back; empty when there is none.

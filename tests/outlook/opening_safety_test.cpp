@@ -6,9 +6,6 @@
 
 namespace tavo::outlook::test {
 
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-
 TEST_F(Opening, ANewStoreIsForItsOwnerOnly) {
     const std::filesystem::path file = Folder.File("deep/er/Outlook.db");
     ASSERT_EQ(OpenStore(file, {}, Store), Status::Ok);
@@ -44,7 +41,7 @@ TEST_F(Opening, MakingAStoreOverwritesNothingThatALinkPointsTo) {
 
 TEST_F(Opening, AFolderThatOthersMayWriteIsRefused) {
     const std::filesystem::path missing = Folder.File("Other.db");
-    for (const mode_t mode : {0770, 0777, 01777}) {
+    for (const mode_t mode : {0770U, 0777U, 01777U}) {
         ASSERT_EQ(chmod(Folder.Path.c_str(), mode), 0);
         ExpectRefused(Status::AccessDenied, Verdict::Exposed);
         EXPECT_EQ(OpenStore(missing, {}, Store), Status::AccessDenied);

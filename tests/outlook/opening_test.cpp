@@ -16,7 +16,6 @@ namespace tavo::outlook::test {
 
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::Not;
 
 TEST_F(Opening, ClosingLeavesOnlyTheStoreItself) {
     ASSERT_EQ(Open(), Status::Ok);

@@ -22,7 +22,7 @@ class FileImportOnTheDesktop : public testing::Test {
     FileImportOnTheDesktop() : RunFolder(Root->Open().RunFolder()) {}
 
     std::string GivenFile(int entries) {
-        const std::string path = Root->Open().Path() + "/holidays.ics";
+        std::string path = Root->Open().Path() + "/holidays.ics";
         std::ofstream file(path, std::ios::binary);
         file << "BEGIN:VCALENDAR\r\nVERSION:2.0\r\n";
         for (int number = 0; number < entries; ++number) {

@@ -21,7 +21,6 @@ using namespace std::chrono_literals;
 using files::InstanceLock;
 using files::InstanceRole;
 using files::LockOutcome;
-using testing::HasSubstr;
 
 using Span = std::chrono::milliseconds;
 
