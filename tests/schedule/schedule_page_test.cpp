@@ -11,11 +11,9 @@ namespace tavo {
 namespace {
 
 using test::At;
-using test::kNoRow;
 using test::ScheduleDesk;
 using test::SchedulePage;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr int kWhite = 0xFFFFFF;
 constexpr int kBlue = 0xBF6000;
