@@ -5,7 +5,13 @@
 
 namespace tavo::test {
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(__has_feature)
+#define TAVO_HAS_FEATURE(name) __has_feature(name)
+#else
+#define TAVO_HAS_FEATURE(name) 0
+#endif
+
+#if defined(__SANITIZE_ADDRESS__) || TAVO_HAS_FEATURE(address_sanitizer)
 constexpr double kSlowdown = 8; // what the sanitizers cost
 #else
 constexpr double kSlowdown = 1;
