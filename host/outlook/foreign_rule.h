@@ -2,26 +2,17 @@
 #pragma once
 
 #include "host/outlook/expansion_budget.h"
-#include "host/outlook/wall_time.h"
-#include "host/outlook/zone_rules.h"
+#include "host/outlook/rule_lines.h"
 
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tavo::outlook {
-
-// An occurrence that the rule makes; a period of an RDATE brings its own length.
-struct RuleOccurrence {
-    Seconds Start = 0;
-    std::optional<Seconds> Length;
-};
-
-// Looks a zone up by the name that a TZID parameter gives; null when there is none.
-using ZoneLookup = std::function<const ZoneRules*(const std::string& name)>;
 
 // The unfolded content lines RRULE, EXRULE, RDATE and EXDATE of a series, ready to be expanded. All times are on the
 // clock of the series' own zone (the device's, for a floating one).
@@ -32,12 +23,8 @@ class ForeignRule {
     // end found before anything else is asked of it.
     static std::unique_ptr<ForeignRule> Parse(std::string_view lines, Seconds start, const ZoneRules* own,
                                               const ZoneLookup& lookup, std::string& fault);
-    ~ForeignRule();
     ForeignRule(const ForeignRule&) = delete;
     ForeignRule& operator=(const ForeignRule&) = delete;
-
-    // Steps that reading these lines takes.
-    static std::int64_t CostOf(std::string_view lines);
 
     // The end of the one line with a count, as an earlier FindCountedEnds gave it; 0 where it gave none.
     void TakeCountedEnd(Seconds end);
@@ -57,12 +44,9 @@ class ForeignRule {
     Seconds FindLastStart() const;
 
   private:
-    struct Parts;
-    explicit ForeignRule(std::unique_ptr<Parts> parts);
-    std::unique_ptr<Parts> Rule;
-};
+    explicit ForeignRule(RuleParts parts) : Rule(std::move(parts)) {}
 
-// The same lines with every date-time in them later by `shift` seconds: for a series that moves within its days.
-std::string ShiftRuleTimes(std::string_view lines, Seconds shift);
+    RuleParts Rule;
+};
 
 } // namespace tavo::outlook

@@ -1,8 +1,8 @@
 // Putting properties, and merging them into the stored item.
 #include "host/outlook/item_draft.h"
 
-#include "host/outlook/foreign_rule.h"
 #include "host/outlook/recurrence.h"
+#include "host/outlook/rule_lines.h"
 
 namespace tavo::outlook {
 

@@ -72,7 +72,7 @@ Status SeriesExpander::ExpandForeign(const SeriesRow& series, Seconds from, Seco
     if (!query.Bind(series.Item).Next()) {
         return Failed(query.Result()) ? query.Result() : Status::Corrupt;
     }
-    if (!budget.Take(ForeignRule::CostOf(query.Text(0)))) {
+    if (!budget.Take(CostOfRuleLines(query.Text(0)))) {
         return Status::Ok;
     }
     std::string fault;
