@@ -26,7 +26,8 @@ class Activation {
     Activation& operator=(const Activation&) = delete;
 
     // From now on requests are taken, each when the program waits with nothing else left to handle. So what comes while
-    // it is about to end stays for the next start. Called before each such wait; `isEnding`: the end was asked for.
+    // it is about to end stays for the next start. Called before each such wait; `isEnding`: the end was asked for, or
+    // the wish is on its way.
     void Follow(bool isEnding);
 
   private:

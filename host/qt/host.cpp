@@ -113,7 +113,7 @@ void QtHost::PrepareWait(bool waits) {
         IsOnShow = true;
     }
     if (IsOnShow) {
-        Requests.Follow(Shared.Navigation.IsQuitRequested());
+        Requests.Follow(Shared.Navigation.IsQuitRequested() || QuitSignals::HasCome());
         Opened.Follow();
     }
     if (!Shared.State.Posted.IsEmpty()) {

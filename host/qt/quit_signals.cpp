@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QSessionManager>
 
+#include <atomic>
 #include <csignal>
 #include <initializer_list>
 
@@ -18,8 +19,11 @@ constexpr std::initializer_list<int> kQuittingSignals{SIGTERM, SIGINT, SIGHUP};
 
 // All that a signal handler may touch.
 volatile std::sig_atomic_t signalPipe = -1; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+std::atomic<bool> signalHasCome = false;    // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+static_assert(std::atomic<bool>::is_always_lock_free);
 
 void WriteToPipe(int) {
+    signalHasCome = true;
     const char byte = 0;
     (void)!write(signalPipe, &byte, 1); // a full pipe has said enough already
 }
@@ -52,10 +56,15 @@ QuitSignals::~QuitSignals() {
     }
 }
 
+bool QuitSignals::HasCome() {
+    return signalHasCome;
+}
+
 void QuitSignals::TakeSignals() {
     char bytes[16];
     while (read(ReadEnd.Get(), bytes, sizeof(bytes)) > 0) {
     }
+    signalHasCome = false;
     Asked();
 }
 

@@ -17,6 +17,9 @@ class QuitSignals final : public QObject {
     explicit QuitSignals(std::function<void()> asked);
     ~QuitSignals() override;
 
+    // Whether a signal has come that was not asked about yet.
+    static bool HasCome();
+
   protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 

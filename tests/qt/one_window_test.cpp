@@ -11,8 +11,10 @@
 #include <memory>
 #include <sched.h>
 #include <sys/inotify.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 
 namespace tavo::qt {
 namespace {
@@ -86,6 +88,9 @@ class StartedProgram {
     StartedProgram& operator=(const StartedProgram&) = delete;
 
     void Signal(int number) const { kill(Process, number); }
+
+    // To its first thread, so that no other one takes the signal, and that thread has it before whatever comes later.
+    void SignalFirstThread(int number) const { syscall(SYS_tgkill, Process, Process, number); }
 
     bool HasShown() const {
         std::ifstream frames(Frames);
@@ -285,7 +290,7 @@ TEST_F(OneWindow, ARequestThatComesWithTheEndIsLeftToTheNextStart) {
     const auto first = Start("first");
     ExpectShown(*first);
     first->Signal(SIGSTOP);
-    first->Signal(SIGTERM);
+    first->SignalFirstThread(SIGTERM);
     ASSERT_EQ(InstanceLock::RequestItem(Run(), 77, ""), ErrorCode::Success);
     const auto second = Start("second");
     ASSERT_TRUE(WaitUntil(30s, [&] { return HasRequest(); }));
