@@ -304,8 +304,9 @@ void Simulation::DisturbMachine() {
         for (const auto& [number, keys] : Desk.Cards) {
             for (const ReminderKey& key : keys) {
                 const auto row = Store.Ledger.find(key);
-                // The orphaned card of a reminder that was answered on its other card is missed by nobody.
-                Lives[key].Gone = row != Store.Ledger.end() && !IsFinal(row->second.State);
+                // The orphaned card of a reminder that was answered or put off on its other card is missed by nobody.
+                Lives[key].Gone = row != Store.Ledger.end() && !IsFinal(row->second.State) &&
+                                  row->second.State != LedgerState::Snoozed;
             }
         }
         Desk.Restart();
