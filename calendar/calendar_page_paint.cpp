@@ -78,7 +78,7 @@ void CCalendarPage::PaintChrome() {
 std::u16string CCalendarPage::PaintHeader() {
     Surface().FillRect(kHeaderArea, kPageBackground);
     const SYSTEMTIME date = MidnightOf(SelectedYear, SelectedMonth, SelectedDay);
-    const std::u16string text =
+    std::u16string text =
         Host().Locale().GetDateFormatW(LocaleId::User, date, kPictureHeaderDate, kHeaderDateBuffer).value_or(u"");
     Surface().DrawTextW(text, kHeaderText,
                         {State.Fonts.FontComic13Bold, kHeaderDate, DT_CENTER | DT_VCENTER | DT_SINGLELINE});

@@ -139,7 +139,7 @@ std::string MakeZone(Choices& choices, const char* name) {
 std::string MakeDateList(Choices& choices, const char* name) {
     const int count = choices.Once(4) ? 2000 : 1 + choices.Below(20);
     const DayNumber first = DayFromCivil(2025 + choices.Below(2), 1, 1) + choices.Below(250);
-    const int step = choices.Once(2) ? 7 : 1;
+    const DayNumber step = choices.Once(2) ? 7 : 1;
     const std::string time = "T" + Two(choices.Below(24)) + "0000";
     std::string text = std::string(name) + ":";
     for (int index = 0; index < count; ++index) {
@@ -214,7 +214,9 @@ std::string MakeEvents(Choices& choices) {
     const std::string body = MakeBody(choices);
     std::string text;
     for (int number = 0; number < times; ++number) {
-        text += "BEGIN:VEVENT\r\nUID:" + uid + (number > 0 ? "-" + std::to_string(number) : "") + "\r\n" + body;
+        text += "BEGIN:VEVENT\r\nUID:" + uid;
+        text += number > 0 ? "-" + std::to_string(number) : "";
+        text += "\r\n" + body;
     }
     return text;
 }

@@ -99,7 +99,7 @@ std::u16string InkDesk::HoldInk(std::span<const std::uint8_t> home, std::span<co
     }
     file->Leave();
     const std::string ownName = file->Name();
-    const std::u16string name(ownName.begin(), ownName.end());
+    std::u16string name(ownName.begin(), ownName.end());
     Held[name] = std::move(file);
     return name;
 }

@@ -91,7 +91,7 @@ TEST(DeviceRoot, ARootThatOthersMayWriteIsRefusedBeforeAnythingIsMadeInIt) {
     const TemporaryFolder folder;
     const std::string root = folder / "it's mine";
     std::filesystem::create_directory(root);
-    for (const mode_t mode : {0770, 0777, 01777}) {
+    for (const mode_t mode : {0770U, 0777U, 01777U}) {
         ASSERT_EQ(chmod(root.c_str(), mode), 0);
         const RootResult result = OpenDeviceRoot({root, "", ""});
         EXPECT_FALSE(result.Root);

@@ -91,11 +91,11 @@ TEST(PrivateFile, ALockFileIsNothingButAFile) {
 
 TEST(FolderKeeping, OthersMayLookButNotWrite) {
     const TemporaryFolder folder;
-    for (const mode_t mode : {0700, 0500, 0750, 0755, 0711}) {
+    for (const mode_t mode : {0700U, 0500U, 0750U, 0755U, 0711U}) {
         ASSERT_EQ(chmod(folder.Path().c_str(), mode), 0);
         EXPECT_EQ(LookAtFolder(folder.Path()), FolderKeeping::Ours) << std::oct << mode;
     }
-    for (const mode_t mode : {0770, 0775, 0777, 0720, 0702, 01777}) {
+    for (const mode_t mode : {0770U, 0775U, 0777U, 0720U, 0702U, 01777U}) {
         ASSERT_EQ(chmod(folder.Path().c_str(), mode), 0);
         EXPECT_EQ(LookAtFolder(folder.Path()), FolderKeeping::OpenToOthers) << std::oct << mode;
         EXPECT_EQ(LookAtFolder(OpenFolder(folder.Path())), FolderKeeping::OpenToOthers) << std::oct << mode;

@@ -212,7 +212,7 @@ TEST_F(InkForReading, NoCommandAndNoKeyChangesIt) {
     for (const MessageNumber edit : {WM_CUT, WM_PASTE, WM_CLEAR, kInkUndo, kInkRedo}) {
         Send(edit);
     }
-    for (const int key : {'Z', 'Y', 'X', 'V'}) {
+    for (const int key : {int{'Z'}, int{'Y'}, int{'X'}, int{'V'}}) {
         EXPECT_TRUE(Control.Key(key, kModifierControl));
     }
     EXPECT_TRUE(Control.Key(VK_DELETE, 0));

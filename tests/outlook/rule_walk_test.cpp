@@ -7,7 +7,6 @@
 namespace tavo::outlook::test {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 namespace {
 

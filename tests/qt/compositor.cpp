@@ -41,8 +41,8 @@ std::optional<QJsonObject> FindIn(const QJsonObject& node, int process) {
     }
     for (const char* list : {"nodes", "floating_nodes"}) {
         const QJsonArray children = node.value(QLatin1String(list)).toArray();
-        for (const QJsonValue& child : children) {
-            if (const auto found = FindIn(child.toObject(), process)) {
+        for (const QJsonValue child : children) {
+            if (auto found = FindIn(child.toObject(), process)) {
                 return found;
             }
         }
