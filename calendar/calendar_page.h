@@ -77,8 +77,8 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
     void MarkDay(std::size_t cell, Oid oid);
 
     // calendar_page_input.cpp
-    bool TakeStylusDown(Point point);
-    bool TakeGridPress(Point point);
+    void TakeStylusDown(Point point);
+    void TakeGridPress(Point point);
     void TakeStylusMove(Point point);
     void TakeStylusUp(Point point);
     void TakeKeyDown(const Message& key);

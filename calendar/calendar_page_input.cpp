@@ -19,33 +19,28 @@ constexpr Rect kHeaderHit{31, 6, 195, 31};
 
 } // namespace
 
-bool CCalendarPage::TakeStylusDown(Point point) {
+void CCalendarPage::TakeStylusDown(Point point) {
     if (TakePageBarPress(point)) {
-        return true;
+        return;
     }
     if (point.Y > kGridTop && point.Y < kGridBottom && !DayListShown) {
-        return TakeGridPress(point);
-    }
-    if (kHeaderHit.Contains(point)) {
+        TakeGridPress(point);
+    } else if (kHeaderHit.Contains(point)) {
         // Not waited for, and a device without a clock program just does nothing.
         static_cast<void>(Host().Processes().CreateProcessW(kClockProgram, u""));
         FullPaint = true;
         MonthChanged = true;
-        return true;
-    }
-    if (kTodayHit.Contains(point)) {
+    } else if (kTodayHit.Contains(point)) {
         TodayPressed = true;
         TodayTracking = true;
         Invalidate(kTodayButton);
-        return true;
     }
-    return false;
 }
 
-bool CCalendarPage::TakeGridPress(Point point) {
+void CCalendarPage::TakeGridPress(Point point) {
     const int column = (point.X - kGridLeft) / kCellWidth; // toward zero: x 0..3 is still Sunday
     if (column < 0 || column >= kGridColumns) {
-        return false;
+        return;
     }
     SelectDay(DateAt((point.Y - kGridTop) / kCellHeight, column));
     ReloadDayList();
@@ -54,7 +49,6 @@ bool CCalendarPage::TakeGridPress(Point point) {
     TapPoint = point;
     Invalidate();
     ShowDayMenu();
-    return true;
 }
 
 void CCalendarPage::TakeStylusMove(Point point) {

@@ -128,28 +128,22 @@ void CClockPage::UpdateRegularly() {
     Invalidate();
 }
 
-bool CClockPage::TakeStylusDown(Point point) {
+void CClockPage::TakeStylusDown(Point point) {
     if (TakePageBarPress(point)) {
-        return true;
+        return;
     }
     if (kHeaderPress.Contains(point)) {
         // Not waited for, and a device without a clock program just does nothing.
         static_cast<void>(Host().Processes().CreateProcessW(kClockProgram, u""));
-        return true;
-    }
-    if (kModeButtonPress.Contains(point)) {
+    } else if (kModeButtonPress.Contains(point)) {
         ToggleFace();
-        return true;
     }
-    return false;
 }
 
-bool CClockPage::TakeKeyUp(int key) {
-    if (key < VK_LEFT || key > VK_DOWN) {
-        return false;
+void CClockPage::TakeKeyUp(int key) {
+    if (key >= VK_LEFT && key <= VK_DOWN) {
+        ToggleFace();
     }
-    ToggleFace();
-    return true;
 }
 
 void CClockPage::ToggleFace() {

@@ -30,8 +30,8 @@ class CClockPage : public CMainPage {
 
     void UpdatePromptly();
     void UpdateRegularly();
-    bool TakeStylusDown(Point point);
-    bool TakeKeyUp(int key);
+    void TakeStylusDown(Point point);
+    void TakeKeyUp(int key);
     void ToggleFace();
 
     bool IsAnalog = true;

@@ -72,7 +72,7 @@ class CAppointmentDlg : public CDialog {
     void PutNewItem();
 
     // appointment_dlg_rows.cpp: which row's control is shown
-    bool TakeStylusDown(Point point);
+    void TakeStylusDown(Point point);
     void HideFields();
     void ShowField(int row, const FormField& field);
     Rect PlaceOf(int row, const FormField& field) const;

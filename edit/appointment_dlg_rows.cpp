@@ -26,23 +26,20 @@ constexpr bool IsTimeControl(int control) {
 
 } // namespace
 
-bool CAppointmentDlg::TakeStylusDown(Point point) {
+void CAppointmentDlg::TakeStylusDown(Point point) {
     HideFields();
     if (PatternDue) {
         static_cast<void>(EditPattern()); // the tap left the list; its row shows what came of it
-        return true;
+        return;
     }
-    if (point.X < kValueLeft) {
-        return true;
-    }
-    const int row = Layout().RowAt(point.Y);
+    const int row = point.X < kValueLeft ? -1 : Layout().RowAt(point.Y);
     if (row < 0) {
-        return false;
+        return;
     }
     const FormRow& fields = Layout().Rows[static_cast<std::size_t>(row)];
     const FormField* field = AppointmentForm::FieldAt(fields, point.X);
     if (field == nullptr) {
-        return false;
+        return;
     }
     if (field->Control == kEditMemo) {
         LastField = kEditMemo;
@@ -55,7 +52,6 @@ bool CAppointmentDlg::TakeStylusDown(Point point) {
     } else {
         ShowField(row, *field);
     }
-    return true;
 }
 
 void CAppointmentDlg::TakeSoundRowTap(int x) {

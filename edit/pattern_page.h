@@ -73,7 +73,7 @@ class CPatternPage : public CWizardPage {
     void ShowMode();
     bool LiesInChosenRow(int control) const;
     void SetMode(PatternMode mode);
-    bool TakeStylusDown(Point point);
+    void TakeStylusDown(Point point);
     bool TakeKey(const Message& key);
     bool RenewFocus(const Message& command);
     void ToggleDay(int control);

@@ -100,14 +100,13 @@ Rect CPatternPage::TabBounds(PatternMode mode) const {
     return Rect::FromSize(static_cast<int>(mode) * kTabWidth, kTabStrip.Top, kTabWidth, kTabStrip.Height());
 }
 
-bool CPatternPage::TakeStylusDown(Point point) {
+void CPatternPage::TakeStylusDown(Point point) {
     for (const PatternTab& tab : kPatternTabList) {
         if (TabBounds(tab.Mode).Contains(point)) {
             SetMode(tab.Mode);
-            return true;
+            return;
         }
     }
-    return false;
 }
 
 bool CPatternPage::TakeKey(const Message& key) {

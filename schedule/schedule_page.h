@@ -75,7 +75,7 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
     void DeclareHeader();
 
     // schedule_page_input.cpp
-    bool TakeStylusDown(Point point);
+    void TakeStylusDown(Point point);
     void TakeStylusMove(Point point);
     void TakeStylusUp(Point point);
     void TakeKeyDown(const Message& key);

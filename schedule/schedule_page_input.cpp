@@ -13,25 +13,19 @@ namespace {
 constexpr int kPageOfRows = 5;
 }
 
-bool CSchedulePage::TakeStylusDown(Point point) {
+void CSchedulePage::TakeStylusDown(Point point) {
     if (TakePageBarPress(point)) {
-        return true;
+        return;
     }
     if (Hits(kNewButton, point)) {
         NewPressed = true;
         NewTracking = true;
         Invalidate(kNewButton);
-        return true;
-    }
-    if (Hits(kPreviousArrow, point)) {
+    } else if (Hits(kPreviousArrow, point)) {
         ShowNextKind(-1);
-        return true;
-    }
-    if (Hits(kNextArrow, point)) {
+    } else if (Hits(kNextArrow, point)) {
         ShowNextKind(1);
-        return true;
     }
-    return false;
 }
 
 void CSchedulePage::TakeStylusMove(Point point) {
