@@ -73,7 +73,6 @@ void CAppointmentDlg::OnInitDialog() {
 }
 
 void CAppointmentDlg::ResetForm() {
-    HideFields();
     SetItemText(kEditSubject, u"");
     Host().Controls().SetTextLimit(Control(kEditSubject), kSubjectLimit);
     const SYSTEMTIME now = RoundDownToHalfHour(Host().Clock().GetLocalTime());
