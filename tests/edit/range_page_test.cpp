@@ -106,6 +106,16 @@ TEST_F(RangePage, ItsTextsAreThere) {
     ExpectCancelled();
 }
 
+TEST_F(RangePage, IsDrawnInItsPlacesFontsAndColours) {
+    Desk.Check([this] {
+        const headless::Frame* frame = Desk.Device.Host().Drawn.LastFrame(Desk.RangeWindow());
+        ASSERT_NE(frame, nullptr);
+        EXPECT_EQ(ToText(frame->Calls), "fill 0,0,240,150 #FFFFFF\n"
+                                        "text 9,26,229,50 #000000 format 36 [Comic Sans MS -17 700] \"The pattern\"\n");
+    });
+    ExpectCancelled();
+}
+
 TEST_F(RangePage, DoesNotEndWritesNoEnd) {
     EndsAfter(25);
     Desk.TapRange(kRangeNoEnd);

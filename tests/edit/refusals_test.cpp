@@ -220,6 +220,21 @@ TEST_F(Refusals, ARuleWhoseIntervalWasLeftEmptySaysSo) {
     ExpectMessages({withReason, withReason, withReason, withReason});
 }
 
+TEST_F(Refusals, ARuleThatHasItsIntervalIsNotBlamedForALockedStore) {
+    const ComPtr<IPOutlookApp> other = Desk.Connect();
+    Desk.Subject(u"Thing");
+    Desk.ChooseRecurrence(kChoiceCustom);
+    Desk.TypeIntoShown(kPatternWeekInterval, u"1");
+    Desk.TapShown(kWizardNext);
+    Desk.TapShown(kWizardNext);
+    Desk.Check([&] { EXPECT_EQ(other->Begin(u"Import"), Status::Ok); });
+    RefuseOk(kRefused);
+    Desk.Check([&] { EXPECT_EQ(other->Abandon(), Status::Ok); });
+    Desk.Ok();
+    EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDOK);
+    ExpectMessages({kRefused});
+}
+
 TEST_F(Refusals, AnItemThatAnotherProgramDeletedMeanwhileIsNotSaved) {
     const Oid oid = Desk.GivenAppointment(u"Talk", At(2026, 11, 23, 9, 0), At(2026, 11, 23, 10, 0));
     const Oid other = Desk.GivenAppointment(u"Other", At(2026, 11, 24, 9, 0), At(2026, 11, 24, 10, 0));

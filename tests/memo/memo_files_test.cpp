@@ -209,6 +209,13 @@ TEST_F(MemoFilesTest, AMemoThatCannotBeWrittenLeavesTheFileAndSaysNothing) {
     EXPECT_THAT(Device.MessagesShown(), IsEmpty());
 }
 
+TEST_F(MemoFilesTest, TheWayToTheDataFolderIsMadeAnewWhereSomebodyTookItAway) {
+    State.DataFolder = u"\\Taken\\Away\\TavoCalendar";
+    State.Memo.Fill({7});
+    EXPECT_TRUE(Memos.WriteMemo(Memos.MemoPath(u"20040915_101530.pwi")));
+    EXPECT_THAT(Device.FileBytes(u"\\Taken\\Away\\TavoCalendar\\20040915_101530.pwi"), Optional(Bytes{7}));
+}
+
 TEST_F(MemoFilesTest, TheBufferHoldsOneBlockAtATime) {
     EXPECT_TRUE(State.Memo.IsEmpty());
     State.Memo.Fill({1, 2});

@@ -130,6 +130,21 @@ class StoreThatGivesNothing {
     test::OutlookProbe Probe;
 };
 
+TEST_F(Afterwards, WhatWasMadeOfAnotherKindIsShownWhereItIsListed) {
+    Desk.Show(ItemKind::Alarm);
+    Desk.Device.Key('2', kModifierControl); // a new holiday
+    Desk.Device.Tap(70, 20);
+    Desk.Device.TypeInto(kEditSubject, u"May Day");
+    Desk.Device.TapControl(IDOK);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Desk.Header(), u"Holiday");
+    EXPECT_EQ(Desk.Rows().size(), 1U);
+    Desk.Device.Key('1', kModifierControl);
+    Desk.Device.TapControl(IDCANCEL);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Desk.Header(), u"Holiday"); // nothing was made
+}
+
 constexpr std::u16string_view kRowMissing = u"Tavo Calendar|The item was saved, but the list could not be read.";
 
 TEST_F(Afterwards, ASavedItemThatTheStoreCannotGiveKeepsItsTagAndIsToldOf) {

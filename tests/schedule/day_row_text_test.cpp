@@ -51,6 +51,13 @@ TEST(DayRowText, AnAllDayItemOverSeveralDaysShowsItsFirstAndLastDay) {
               u"2004.12.30(Thu) - 2004.12.31(Fri) (All day)");
 }
 
+TEST(DayRowText, OnlyAnEndAtMidnightCountsForTheDayBefore) {
+    EXPECT_EQ(Describe(AllDay({2004, 5, 1, 3, 0, 0, 0, 0}, {2004, 5, 2, 4, 0, 30, 0, 0})).Times,
+              u"2004.05.03(Mon) - 2004.05.04(Tue) (All day)");
+    EXPECT_EQ(Describe(AllDay({2004, 5, 1, 3, 0, 0, 0, 0}, {2004, 5, 2, 4, 10, 0, 0, 0})).Times,
+              u"2004.05.03(Mon) - 2004.05.04(Tue) (All day)");
+}
+
 TEST(DayRowText, AnItemOverSeveralDaysShowsDatesAndTimes) {
     EXPECT_EQ(Describe(Timed({2004, 5, 1, 3, 9, 0, 0, 0}, {2004, 5, 2, 4, 14, 0, 0, 0})).Times,
               u"2004.05.03(Mon) AM 9:00 - 2004.05.04(Tue) PM 2:00");

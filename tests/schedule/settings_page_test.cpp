@@ -230,6 +230,14 @@ TEST_F(SettingsPage, ADeletionThatTheStoreRefusesIsToldAndChangesNothing) {
     EXPECT_THAT(Desk.ListOf(ItemKind::Alarm), ElementsAre(Alarm));
 }
 
+TEST_F(SettingsPage, IsDrawnWhiteWithThePageBar) {
+    Open();
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(ToText(Desk.Device.See.LastFrame()->Calls), "fill 0,0,240,267 #FFFFFF\n"
+                                                          "bitmap 139 0,241,240,267 from 0,0,240,26\n"
+                                                          "bitmap 142 180,241,240,267 from 0,0,60,26\n");
+}
+
 // Enough of them that the deletion is shown while it goes on.
 class LongDeletion : public SettingsPage {
   protected:
@@ -261,6 +269,19 @@ TEST_F(LongDeletion, ShowsHowFarItIsAndGoesOnByItself) {
     ASSERT_TRUE(Desk.Settle());
     EXPECT_EQ(shown, u"2500 of 3000 deleted");
     EXPECT_EQ(Desk.State().Store.CountAppointments(), 0);
+}
+
+TEST_F(LongDeletion, TheBarIsAsLongAsWhatIsDone) {
+    std::string drawn;
+    Desk.Device.AdvanceClock(1);
+    Desk.Device.Do([&] { drawn = ToText(Desk.Device.See.LastFrame()->Calls); });
+    Desk.Device.AdvanceClock(10);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(drawn, "fill 0,0,240,268 #FFFFFF\n"
+                     "text 20,60,220,80 #000000 format 2084 [Arial -13 400] \"2500 of 3000 deleted\"\n"
+                     "fill 20,84,220,100 #000000\n"
+                     "fill 21,85,219,99 #FFFFFF\n"
+                     "fill 21,85,186,99 #0060BF\n"); // five sixths of it
 }
 
 // The step that such a deletion left is as long.
