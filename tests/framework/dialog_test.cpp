@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace tavo {
 
 namespace {
@@ -80,6 +82,58 @@ TEST_F(DialogTest, ReturnOnCancelIsCancelAndAnywhereElseOk) {
         };
         EXPECT_EQ(Dialog.DoModal(), control == IDCANCEL ? IDCANCEL : IDOK) << control;
     }
+}
+
+constexpr DialogItem kStops[] = {
+    {ControlKind::Label, 201, u"Name", Rect::FromSize(10, 10, 30, 12)},
+    {ControlKind::Edit, 202, u"", Rect::FromSize(50, 10, 60, 12)},
+    {ControlKind::ScrollBar, 203, u"", Rect::FromSize(120, 10, 10, 40)},
+    {ControlKind::CheckBox, 204, u"Hidden", Rect::FromSize(10, 30, 60, 12), false},
+    {ControlKind::CheckBox, 205, u"Greyed", Rect::FromSize(10, 40, 60, 12)},
+    {ControlKind::CheckBox, 206, u"Check", Rect::FromSize(10, 50, 60, 12)},
+    {ControlKind::PushButton, IDCANCEL, u"Cancel", Rect::FromSize(60, 70, 40, 14)},
+};
+const DialogTemplate kFormOfStops{101, u"Stops", {153, 170}, 8, kStops};
+
+class DialogOfStops : public CDialog {
+  public:
+    explicit DialogOfStops(CMessagePump& pump) : CDialog(pump, kFormOfStops) {}
+
+    using CFormWindow::Item;
+
+  protected:
+    void OnInitDialog() override { Host().Windows().EnableWindow(Item(205), false); }
+};
+
+class FocusWalk : public DialogTest {
+  protected:
+    // The focus after each press, by the controls' ids.
+    std::vector<int> PressTab(int modifiers, int times) {
+        std::vector<int> ids;
+        for (int time = 0; time < times; ++time) {
+            Device.Key(VK_TAB, modifiers);
+            Device.Do([this, &ids] {
+                for (const DialogItem& item : kStops) {
+                    if (Walked.Item(item.Id) == Device.Host().Windows().GetFocus()) {
+                        ids.push_back(item.Id);
+                    }
+                }
+            });
+        }
+        Device.PressClose();
+        EXPECT_EQ(Walked.DoModal(), IDCANCEL);
+        return ids;
+    }
+
+    DialogOfStops Walked{Pump};
+};
+
+TEST_F(FocusWalk, TabGoesThroughWhatTakesKeysAndAround) {
+    EXPECT_EQ(PressTab(0, 4), (std::vector<int>{202, 206, IDCANCEL, 202}));
+}
+
+TEST_F(FocusWalk, ShiftAndTabGoTheOtherWay) {
+    EXPECT_EQ(PressTab(kModifierShift, 4), (std::vector<int>{IDCANCEL, 206, 202, IDCANCEL}));
 }
 
 TEST_F(DialogTest, FirstResultCounts) {
