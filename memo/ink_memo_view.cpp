@@ -120,12 +120,10 @@ void CInkMemoView::OnOK() {
         return;
     }
     if (SaveAsMode) {
-        const bool asked = !State.Memo.IsEmpty();
-        if (asked && !SaveAs()) {
-            return;
-        }
-        if (!asked) {
+        if (State.Memo.IsEmpty()) {
             EndDialog(IDCANCEL);
+        } else {
+            SaveAs();
         }
         return;
     }
@@ -138,20 +136,16 @@ void CInkMemoView::OnOK() {
     EndDialog(IDOK);
 }
 
-// False when the file could not be made: the editor stays open.
-bool CInkMemoView::SaveAs() {
+// Where the file cannot be made the editor stays open.
+void CInkMemoView::SaveAs() {
     CCopyMemoDlg dialog(Pump());
     dialog.Name = FilePath;
     dialog.Purpose = kPurposeSave;
     if (dialog.DoModal() != IDOK) {
         EndDialog(IDCANCEL);
-        return true;
+    } else if (WriteFile(dialog.Name)) {
+        EndDialog(IDOK);
     }
-    if (!WriteFile(dialog.Name)) {
-        return false;
-    }
-    EndDialog(IDOK);
-    return true;
 }
 
 // False after a message.

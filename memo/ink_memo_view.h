@@ -42,7 +42,7 @@ class CInkMemoView : public CDialog {
     void TakeInk();
     bool HasNewInk() const;
     bool KeepAtQuit();
-    bool SaveAs();
+    void SaveAs();
     bool WriteFile(std::u16string_view path);
 
     // ink_memo_view_commands.cpp
