@@ -8,9 +8,6 @@ namespace tavo {
 
 namespace {
 
-constexpr int kLabelLeft = 5;
-constexpr int kLabelDrop = 4; // below the top of its row
-constexpr Size kLabelSize{57, 17};
 constexpr Rect kOkPlace = Rect::FromSize(45, 232, 70, 24);
 constexpr Rect kCancelPlace = Rect::FromSize(125, 232, 70, 24);
 
@@ -92,12 +89,7 @@ void CAppointmentDlg::LayOut() {
     SetItemText(kEditStartTime, form.TimePicture); // one edits what the row shows
     SetItemText(kEditEndTime, form.TimePicture);
     for (int row = 0; row < static_cast<int>(form.Rows.size()); ++row) {
-        const FormRow& fields = form.Rows[static_cast<std::size_t>(row)];
-        if (fields.Label != 0) {
-            MoveItem(fields.Label, Rect::FromSize(kLabelLeft, form.RowBounds(row).Top + kLabelDrop, kLabelSize.Width,
-                                                  kLabelSize.Height));
-        }
-        for (const FormField& field : fields.Fields) {
+        for (const FormField& field : form.Rows[static_cast<std::size_t>(row)].Fields) {
             MoveItem(field.Control, form.FieldBounds(row, field));
         }
     }

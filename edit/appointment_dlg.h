@@ -79,7 +79,7 @@ class CAppointmentDlg : public CDialog {
     void TakeSoundRowTap(int x);
     void TakeAllDayClick();
     bool TakeKey(const Message& key);
-    bool TakeCharacter(const Message& character);
+    void TakeCharacter(const Message& character);
     std::vector<int> FocusStops() const;
     int FocusedStop() const;
     void WalkFrom(int stop, int step);

@@ -63,7 +63,7 @@ void CAppointmentDlg::PaintRow(int row) {
     const int rule = bounds.Bottom - 1;
     PaintedItem item{bounds, PaintedRole::Row, fields.Label == 0 ? u"" : ItemText(fields.Label), row};
     for (const FormField& field : fields.Fields) {
-        item.Selected = item.Selected || (ShownField != 0 && field.Control == ShownField);
+        item.Selected = item.Selected || field.Control == ShownField;
     }
     if (item.Selected) {
         Surface().FillRect({kRuleLeft, bounds.Top, kRuleRight, rule}, kShownRow);

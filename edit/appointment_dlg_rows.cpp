@@ -110,19 +110,18 @@ bool CAppointmentDlg::TakeKey(const Message& key) {
 }
 
 // Whoever types before choosing a row means the subject.
-bool CAppointmentDlg::TakeCharacter(const Message& character) {
+void CAppointmentDlg::TakeCharacter(const Message& character) {
     std::u16string subject = ItemText(kEditSubject);
     // Of characters that come together only the first finds no row chosen: the others follow it.
     const bool meansSubject = ShownField == 0 || ShownField == kEditSubject;
     if (!meansSubject || character.Id < u' ' || subject.size() >= kSubjectLimit) {
-        return false;
+        return;
     }
     subject += static_cast<char16_t>(character.Id);
     GoToStop(kEditSubject);
     SetItemText(kEditSubject, subject);
     const int end = static_cast<int>(subject.size());
     Host().Controls().SetTextSelection(Control(kEditSubject), end, end);
-    return true;
 }
 
 // Every control that can be used now, row by row, then the buttons.

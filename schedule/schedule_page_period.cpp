@@ -87,7 +87,6 @@ void CSchedulePage::SayPeriodTooLong() {
 void CSchedulePage::ShowPeriod(const SYSTEMTIME& start, const SYSTEMTIME& end) {
     static_cast<void>(Appointments.Fill(start, end)); // nothing was saved that could be missing
     SetScrollBar();
-    Appointments.Show(Kind == ItemKind::Appointment ? ShowCommand::Show : ShowCommand::Hide);
 }
 
 } // namespace tavo
