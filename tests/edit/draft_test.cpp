@@ -193,6 +193,7 @@ TEST_F(LaidAside, IsTakenUpAndSavedAsItWasTyped) {
     const std::vector<FoundDraft> found = Drafts();
     ASSERT_EQ(found.size(), 1U);
     later.Continued = &found.front();
+    later.Check([&later] { EXPECT_EQ(later.TextOf(kEditRecurrence), u"Dec. 1 of every year"); });
     later.Ok();
     ASSERT_EQ(later.RunNew(kModeNewAppointment), IDOK);
     const SavedItem saved = later.Read(later.LastSaved());

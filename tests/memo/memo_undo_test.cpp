@@ -53,6 +53,25 @@ TEST_F(NotesOfMovedMemos, MoveAMemoBackFromTheDeletedOnes) {
     EXPECT_FALSE(IsThere(kKept));
 }
 
+TEST_F(NotesOfMovedMemos, AreTakenAwayAgainOneByOneTheLastFirst) {
+    constexpr std::u16string_view kOther = u"\\My Documents\\TavoCalendar\\20040916_101500.pwi";
+    constexpr std::u16string_view kOtherKept =
+        u"\\My Documents\\TavoCalendar\\Deleted\\20040916_101500 (deleted 20040916).pwi";
+    Put(kKept);
+    Put(kOtherKept);
+    MemoUndo undo(Desk.State);
+    undo.BringBack(EncodeNote(MemoPutAway{std::u16string(kMemo), std::u16string(kKept)}));
+    undo.BringBack(EncodeNote(MemoPutAway{std::u16string(kOther), std::u16string(kOtherKept)}));
+    EXPECT_TRUE(undo.TakeAwayNext());
+    EXPECT_TRUE(IsThere(kMemo));
+    EXPECT_TRUE(IsThere(kOtherKept));
+    EXPECT_FALSE(IsThere(kOther));
+    EXPECT_TRUE(undo.TakeAwayNext());
+    EXPECT_TRUE(IsThere(kKept));
+    EXPECT_FALSE(IsThere(kMemo));
+    EXPECT_FALSE(undo.TakeAwayNext());
+}
+
 TEST_F(NotesOfMovedMemos, MoveNoOtherFile) {
     ExpectRefused(kMemo, u"\\Planted.db");
     ExpectRefused(kMemo, u"\\My Documents\\TavoCalendar\\TavoCalendar.dat");
