@@ -26,8 +26,9 @@ using reminders::Look;
 using reminders::Moment;
 
 constexpr Moment kUnixEpoch = outlook::kUnixEpochDay * outlook::kSecondsPerDay;
-constexpr Moment kStoreRetry = 30;                       // seconds until a store that cannot be opened is tried again
-constexpr int kStorePatience = 250;                      // milliseconds that one try may wait for other writers
+constexpr Moment kStoreRetry = 30;  // seconds until a store that cannot be opened is tried again
+constexpr Moment kLockedRetry = 1;  // and one that others write to: nothing tells when they are done
+constexpr int kStorePatience = 250; // milliseconds that one try may wait for other writers
 constexpr std::chrono::milliseconds kLastPatience{1000}; // for what the desk was asked at the end
 constexpr auto kSecondLooks = outlook::ChangeWatcher::kSecondLooks;
 
@@ -96,7 +97,9 @@ void Companion::OpenStore() {
     outlook::StorePtr store;
     outlook::StoreOptions options;
     options.LockPatience = kStorePatience;
-    if (Failed(outlook::OpenStore(Root.StorePath(), options, store))) {
+    const Status status = outlook::OpenStore(Root.StorePath(), options, store);
+    IsLocked = status == Status::Locked;
+    if (Failed(status)) {
         Folder = WatchFolder(Root.Path().c_str());
         return;
     }
@@ -163,7 +166,8 @@ void Companion::Work(Look look) {
         TakeOrphansBack();
         look = Look::Items;
     }
-    SetAlarm(Device == nullptr ? Now() + kStoreRetry : LookAtRound(Device->Planner.Run(Now(), look)));
+    const Moment retry = Now() + (IsLocked ? kLockedRetry : kStoreRetry);
+    SetAlarm(Device == nullptr ? retry : LookAtRound(Device->Planner.Run(Now(), look)));
 }
 
 // After what is due was shown. Gives the earlier of both moments.

@@ -53,6 +53,7 @@ class Companion {
     ReminderDesk Desk;
     NightRound Round;
     std::unique_ptr<Opened> Device;
+    bool IsLocked = false; // the store, at the last try to open it
     files::FileDescriptor Alarm;
     files::FileDescriptor Signals;
     files::FileDescriptor Folder; // of the store, while it is not open

@@ -112,6 +112,17 @@ TEST_F(StoreTrouble, ACompanionThatStartsWhileTheStoreIsLockedShowsWhatIsDueSoon
     EXPECT_THAT(Summaries(), ElementsAre("Train", "Tea"));
 }
 
+TEST_F(StoreTrouble, ACompanionThatStartsDuringAnImportShowsWhatItBringsSoonAfter) {
+    ASSERT_EQ(App->Begin(u"Import"), Status::Ok);
+    AddReminder(u"Train", 600, 30);
+    StartCompanion(Bus.Address());
+    Service.Serve(2);
+    EXPECT_TRUE(Service.Came.empty());
+    ASSERT_EQ(App->End(), Status::Ok);
+    ASSERT_TRUE(Service.WaitFor(1, kSoon));
+    EXPECT_THAT(Summaries(), ElementsAre("Train"));
+}
+
 TEST_F(StoreTrouble, AStoreThatIsPutInPlaceOfAnotherRemindsAndTheOldOneNoLonger) {
     StartCompanion(Bus.Address());
     Service.Serve(0.5);
