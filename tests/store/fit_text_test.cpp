@@ -66,7 +66,7 @@ TEST(FitText, NoWidthAtAllStillShowsTheFirstCharacter) {
 
 TEST(FitText, OfALongTextOnlyWhatCanBeSeenIsMeasured) {
     test::RuledDrawing drawing(10);
-    const std::u16string text(1024 * 1024, u'a');
+    const std::u16string text(1024UL * 1024, u'a');
     EXPECT_EQ(FitText(drawing, FontHandle::None, text, 130), u"aaaaaaaaaaaaa...");
     EXPECT_TRUE(IsWiderThan(drawing, FontHandle::None, text, 130));
     EXPECT_LE(drawing.Measured, 1000u);
