@@ -92,16 +92,15 @@ bool Companion::Prepare() {
     return Signals && Alarm;
 }
 
-void Companion::OpenStore() {
+Status Companion::OpenStore() {
     Device.reset();
     outlook::StorePtr store;
     outlook::StoreOptions options;
     options.LockPatience = kStorePatience;
     const Status status = outlook::OpenStore(Root.StorePath(), options, store);
-    IsLocked = status == Status::Locked;
     if (Failed(status)) {
         Folder = WatchFolder(Root.Path().c_str());
-        return;
+        return status;
     }
     // This process asks little and lives long.
     (void)store->Core().Db.Run("PRAGMA cache_size=-512"); // without it, it is merely larger
@@ -110,6 +109,7 @@ void Companion::OpenStore() {
     (void)opened->Watcher.Start();                           // without news it looks when a reminder is due
     (void)Folder.Close();
     Device = std::move(opened);
+    return Status::Ok;
 }
 
 bool Companion::IsReplaced() const {
@@ -162,12 +162,14 @@ void Companion::Work(Look look) {
         LeaveStore();
     }
     if (Device == nullptr) {
-        OpenStore();
+        if (const Status status = OpenStore(); Failed(status)) {
+            SetAlarm(Now() + (status == Status::Locked ? kLockedRetry : kStoreRetry));
+            return;
+        }
         TakeOrphansBack();
         look = Look::Items;
     }
-    const Moment retry = Now() + (IsLocked ? kLockedRetry : kStoreRetry);
-    SetAlarm(Device == nullptr ? retry : LookAtRound(Device->Planner.Run(Now(), look)));
+    SetAlarm(LookAtRound(Device->Planner.Run(Now(), look)));
 }
 
 // After what is due was shown. Gives the earlier of both moments.
@@ -323,7 +325,7 @@ int Companion::Run() {
     if (!Prepare()) {
         return 1;
     }
-    OpenStore(); // while the bus is about to answer
+    (void)OpenStore(); // while the bus is about to answer; one that did not open is tried again
     Pending = Look::Items;
     while (!Ending) {
         if (Pending && !IsFindingDesk()) {

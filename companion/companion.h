@@ -29,7 +29,7 @@ class Companion {
     struct Opened;
 
     bool Prepare();
-    void OpenStore();
+    Status OpenStore();
     void LeaveStore();
     void TakeOrphansBack();
     bool IsReplaced() const;
@@ -53,7 +53,6 @@ class Companion {
     ReminderDesk Desk;
     NightRound Round;
     std::unique_ptr<Opened> Device;
-    bool IsLocked = false; // the store, at the last try to open it
     files::FileDescriptor Alarm;
     files::FileDescriptor Signals;
     files::FileDescriptor Folder; // of the store, while it is not open

@@ -32,8 +32,8 @@ void CAppointmentDlg::TakeStylusDown(Point point) {
         static_cast<void>(EditPattern()); // the tap left the list; its row shows what came of it
         return;
     }
-    const int row = point.X < kValueLeft ? -1 : Layout().RowAt(point.Y);
-    if (row < 0) {
+    const int row = Layout().RowAt(point.Y);
+    if (point.X < kValueLeft || row < 0) {
         return;
     }
     const FormRow& fields = Layout().Rows[static_cast<std::size_t>(row)];

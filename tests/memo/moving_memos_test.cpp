@@ -17,6 +17,7 @@ namespace {
 using Names = std::vector<std::u16string>;
 
 constexpr std::u16string_view kFolder = u"\\My Documents\\TavoCalendar\\";
+constexpr std::u16string_view kName = u"20040915_101500.pwi";
 constexpr std::u16string_view kPlan = u"\\Recovery\\memos.moving";
 
 class MemosOnTheirWay : public testing::Test {
@@ -51,6 +52,13 @@ class MemosOnTheirWay : public testing::Test {
         std::u16string kept;
         EXPECT_EQ(Files().PutAwayMemo(PathOf(name), kept), ErrorCode::Success);
         return kept;
+    }
+
+    // One memo that a kill left in the Deleted folder, with its plan; its path there.
+    std::u16string GivenOneOnItsWay() {
+        Put(PathOf(kName));
+        GivenPlan({std::u16string(kName)});
+        return PutAway(kName);
     }
 
     MemoDesk Desk;
@@ -101,9 +109,7 @@ TEST_F(MemosOnTheirWay, WhatWasDeletedBeforeStaysDeleted) {
 }
 
 TEST_F(MemosOnTheirWay, OneThatIsInItsPlaceAgainKeepsIt) {
-    Put(PathOf(u"20040915_101500.pwi"), 1);
-    GivenPlan({u"20040915_101500.pwi"});
-    const std::u16string kept = PutAway(u"20040915_101500.pwi");
+    const std::u16string kept = GivenOneOnItsWay();
     Put(PathOf(u"20040915_101500.pwi"), 2); // written meanwhile
     EXPECT_EQ(BringBackMovedMemos(Desk.State), 0);
     EXPECT_EQ(ByteOf(PathOf(u"20040915_101500.pwi")), 2);
@@ -139,9 +145,7 @@ TEST_F(MemosOnTheirWay, ANameCutToTheShortestIsFound) {
 }
 
 TEST_F(MemosOnTheirWay, OfAnotherDataFolderWaitForIt) {
-    Put(PathOf(u"20040915_101500.pwi"));
-    GivenPlan({u"20040915_101500.pwi"});
-    const std::u16string kept = PutAway(u"20040915_101500.pwi");
+    const std::u16string kept = GivenOneOnItsWay();
     const std::u16string folder = Desk.State.DataFolder;
     Desk.State.DataFolder = u"\\My Documents\\";
     EXPECT_EQ(BringBackMovedMemos(Desk.State), 0);
@@ -153,9 +157,7 @@ TEST_F(MemosOnTheirWay, OfAnotherDataFolderWaitForIt) {
 }
 
 TEST_F(MemosOnTheirWay, AnUnreadablePlanMovesNothingAndGoes) {
-    Put(PathOf(u"20040915_101500.pwi"));
-    GivenPlan({u"20040915_101500.pwi"});
-    const std::u16string kept = PutAway(u"20040915_101500.pwi");
+    const std::u16string kept = GivenOneOnItsWay();
     std::vector<std::uint8_t> bytes;
     ASSERT_EQ(Files().ReadWholeFile(kPlan, bytes), ErrorCode::Success);
     std::vector<std::uint8_t> cut(bytes.begin(), bytes.end() - 1);
@@ -172,9 +174,7 @@ TEST_F(MemosOnTheirWay, AnUnreadablePlanMovesNothingAndGoes) {
 }
 
 TEST_F(MemosOnTheirWay, OfAStepThatTheStoreHasStayDeleted) {
-    Put(PathOf(u"20040915_101500.pwi"));
-    GivenPlan({u"20040915_101500.pwi"});
-    const std::u16string kept = PutAway(u"20040915_101500.pwi");
+    const std::u16string kept = GivenOneOnItsWay();
     IPOutlookApp& outlook = *Desk.State.Store.OutlookApp;
     const Oid oid = Desk.GivenAppointment(u"Gone", At(2004, 9, 15, 9), At(2004, 9, 15, 10));
     ASSERT_EQ(outlook.Begin(u"Delete"), Status::Ok);
@@ -189,9 +189,7 @@ TEST_F(MemosOnTheirWay, OfAStepThatTheStoreHasStayDeleted) {
 }
 
 TEST_F(MemosOnTheirWay, WaitWhereTheStoreCannotSayWhetherItHasTheStep) {
-    Put(PathOf(u"20040915_101500.pwi"));
-    GivenPlan({u"20040915_101500.pwi"});
-    const std::u16string kept = PutAway(u"20040915_101500.pwi");
+    const std::u16string kept = GivenOneOnItsWay();
     Desk.State.Store.CloseStore();
     EXPECT_EQ(BringBackMovedMemos(Desk.State), 0);
     EXPECT_EQ(ByteOf(kept), 1);
