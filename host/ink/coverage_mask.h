@@ -1,31 +1,13 @@
 // How much of each pixel a stroke covers.
 #pragma once
 
+#include "host/ink/pixel_box.h"
+#include "host/ink/round_line.h"
+
 #include <cstdint>
 #include <vector>
 
 namespace tavo::ink {
-
-// Left and top are inside, right and bottom are outside; real pixels.
-struct PixelBox {
-    int Left = 0;
-    int Top = 0;
-    int Right = 0;
-    int Bottom = 0;
-
-    constexpr bool IsEmpty() const { return Right <= Left || Bottom <= Top; }
-
-    PixelBox United(const PixelBox& other) const;
-    PixelBox Cut(const PixelBox& other) const;
-    friend constexpr bool operator==(const PixelBox&, const PixelBox&) = default;
-};
-
-// A place in real pixels, and half the width of the line there.
-struct Nib {
-    float X = 0;
-    float Y = 0;
-    float Radius = 0;
-};
 
 // One byte for each pixel of a picture. Lines that overlap cover a pixel as much as the one that covers most of it, so
 // a stroke has no seams.

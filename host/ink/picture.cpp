@@ -10,17 +10,6 @@ namespace {
 
 constexpr std::uint32_t kFull = 255;
 
-// One of the three colours in both, by their share of 255.
-constexpr std::uint32_t Mix(std::uint32_t under, std::uint32_t over, std::uint32_t share) {
-    const std::uint32_t sum = over * share + under * (kFull - share) + 128;
-    return (sum + (sum >> 8)) >> 8;
-}
-
-constexpr Pixel MixPixels(Pixel under, Pixel over, std::uint32_t share) {
-    return 0xFF000000U | Mix((under >> 16) & 0xFF, (over >> 16) & 0xFF, share) << 16 |
-           Mix((under >> 8) & 0xFF, (over >> 8) & 0xFF, share) << 8 | Mix(under & 0xFF, over & 0xFF, share);
-}
-
 } // namespace
 
 void Picture::Fill(const PixelBox& area, Pixel color) {

@@ -16,6 +16,15 @@ constexpr Pixel ToPixel(Color color) {
            static_cast<Pixel>(color.Blue());
 }
 
+// One over the other, which shows through: `share` of 255 is the upper one's.
+constexpr Pixel MixPixels(Pixel under, Pixel over, std::uint32_t share) {
+    const auto mix = [&](int shift) {
+        const std::uint32_t sum = ((over >> shift) & 0xFF) * share + ((under >> shift) & 0xFF) * (255 - share) + 128;
+        return ((sum + (sum >> 8)) >> 8) << shift;
+    };
+    return 0xFF000000U | mix(16) | mix(8) | mix(0);
+}
+
 class Picture {
   public:
     void Resize(int width, int height) {

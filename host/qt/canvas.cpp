@@ -1,6 +1,8 @@
 // Carrying out drawing steps, pixel by pixel or by the toolkit's painter.
 #include "host/qt/canvas.h"
 
+#include "host/ink/picture.h"
+#include "host/ink/round_line.h"
 #include "host/qt/font.h"
 #include "host/qt/text_placement.h"
 
@@ -39,17 +41,20 @@ QPainter& Canvas::Painter(const QRect& area) {
     return OpenPainter;
 }
 
+Canvas::Rows Canvas::WritableRows() {
+    MakeOwn();
+    // Asked for once: every call that hands out pixels to write on looks whether they are shared.
+    return {reinterpret_cast<QRgb*>(Pixels.bits()), Pixels.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb))};
+}
+
 void Canvas::Fill(const QRect& pixels, QRgb color) {
     const bool isStillWhite = Pixels.isNull() && color == kWhitePixel;
     if (pixels.isEmpty() || isStillWhite) {
         return;
     }
-    MakeOwn();
-    // Asked for once: every call that hands out pixels to write on looks whether they are shared.
-    const qsizetype stride = Pixels.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
-    QRgb* row = reinterpret_cast<QRgb*>(Pixels.bits()) + pixels.top() * stride + pixels.left();
-    for (int y = pixels.top(); y <= pixels.bottom(); ++y, row += stride) {
-        std::fill_n(row, pixels.width(), color);
+    const Rows rows = WritableRows();
+    for (int y = pixels.top(); y <= pixels.bottom(); ++y) {
+        std::fill_n(rows.First + y * rows.Stride + pixels.left(), pixels.width(), color);
     }
 }
 
@@ -64,13 +69,26 @@ void Canvas::Put(const FillStep& step, const QRect& area) {
     Fill(area, step.Color);
 }
 
+// By the distance from the line, as ink is drawn: the toolkit's strokes take ten times as long, and a clock draws seven
+// of them with every tick.
 void Canvas::Put(const LineStep& step, const QRect& area) {
-    QPainter& painter = Painter(area);
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setPen(QPen(QColor(step.Color), step.Width * PixelScale.Factor, Qt::SolidLine, Qt::RoundCap));
-    painter.drawLine(QPointF(step.From.X + 0.5, step.From.Y + 0.5) * PixelScale.Factor,
-                     QPointF(step.To.X + 0.5, step.To.Y + 0.5) * PixelScale.Factor);
-    painter.setRenderHint(QPainter::Antialiasing, false);
+    const auto toNib = [&](const Point& place) {
+        return ink::Nib{static_cast<float>((place.X + 0.5) * PixelScale.Factor),
+                        static_cast<float>((place.Y + 0.5) * PixelScale.Factor),
+                        static_cast<float>(step.Width * PixelScale.Factor / 2)};
+    };
+    const ink::RoundLine line(toNib(step.From), toNib(step.To));
+    const ink::PixelBox box =
+        line.Bounds().Cut({area.left(), area.top(), area.left() + area.width(), area.top() + area.height()});
+    if (box.IsEmpty()) {
+        return;
+    }
+    const Rows rows = WritableRows();
+    for (int y = box.Top; y < box.Bottom; ++y) {
+        QRgb* const row = rows.First + y * rows.Stride;
+        line.ForEachInRow(y, box.Left, box.Right,
+                          [&](int x, std::uint8_t share) { row[x] = ink::MixPixels(row[x], step.Color, share); });
+    }
 }
 
 void Canvas::Put(const TextStep& step, const QRect& area) {

@@ -24,7 +24,13 @@ class Canvas {
     QRect WholeArea() const { return {QPoint(), PixelSize}; }
 
   private:
+    struct Rows {
+        QRgb* First;
+        qsizetype Stride; // from one to the next, pixels
+    };
+
     void MakeOwn();
+    Rows WritableRows();
     QPainter& Painter(const QRect& area);
     void Fill(const QRect& pixels, QRgb color);
     void Put(const FillStep& step, const QRect& area);
