@@ -19,15 +19,19 @@ class SeriesCache {
   public:
     explicit SeriesCache(Database& database) : Source(database) {}
 
-    // Like ReadSeriesTouching. The first time it reads just these rows, as a process that asks only once wants it;
-    // asked again in the same state, it reads all and answers from memory from then on.
+    // Like ReadSeriesTouching. The first time it reads what touches the week before and after too: hardly more, and a
+    // program that starts asks for a day and the next one. Asked for more in the same state, it reads all and answers
+    // from memory from then on.
     Status FindTouching(const SeriesState& state, Seconds from, Seconds to, std::vector<SeriesRow>& rows);
 
   private:
+    Status Read(const SeriesState& state, Seconds from, Seconds to);
+
     Database& Source;
     std::vector<SeriesRow> Rows;
-    SeriesState Asked;
-    SeriesState Cached;
+    SeriesState Held;     // of the rows; that of no store while there are none
+    Seconds HeldFrom = 0; // what touches this span is among them
+    Seconds HeldTo = 0;
 };
 
 } // namespace tavo::outlook
