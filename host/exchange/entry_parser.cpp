@@ -59,7 +59,9 @@ EntryParser::EntryParser() : Parser(icalparser_new()) {
 ComponentPtr EntryParser::Parse(CalendarPiece& piece, FileFault& fault) {
     ComponentPtr component;
     for (const CalendarPiece::LinePlace& line : piece.Lines) {
-        component.reset(icalparser_add_line(Parser.get(), piece.Text.data() + line.Begin));
+        if (line.IsRead) {
+            component.reset(icalparser_add_line(Parser.get(), piece.Text.data() + line.Begin));
+        }
     }
     if (component == nullptr) {
         fault = {piece.Line, "this entry cannot be read"};

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cstring>
 
 namespace tavo::exchange {
@@ -30,7 +29,8 @@ char ToUpper(char character) {
 }
 
 bool IsNameCharacter(char character) {
-    return std::isalnum(static_cast<unsigned char>(character)) != 0 || character == '-' || character == '_';
+    const char upper = ToUpper(character);
+    return (upper >= 'A' && upper <= 'Z') || (upper >= '0' && upper <= '9') || upper == '-' || upper == '_';
 }
 
 template <std::size_t Count> bool Contains(const std::array<std::string_view, Count>& names, std::string_view name) {
@@ -59,8 +59,8 @@ PieceKind FindKind(std::string_view name) {
     return name == kTimeZoneName ? PieceKind::TimeZone : PieceKind::Other;
 }
 
-void AppendLine(const CalendarLine& line, CalendarPiece& piece) {
-    piece.Lines.push_back({piece.Text.size(), line.Number});
+void AppendLine(const CalendarLine& line, bool isRead, CalendarPiece& piece) {
+    piece.Lines.push_back({piece.Text.size(), line.Number, isRead});
     piece.Text.append(line.Text);
     piece.Text.push_back('\0');
 }
@@ -156,7 +156,7 @@ ReadResult PieceReader::ReadPiece(const CalendarLine& begin, CalendarPiece& piec
     const std::size_t depth = Open.size();
     Open.push_back({piece.Name, begin.Number});
     if (piece.Kind != PieceKind::Other) {
-        AppendLine(begin, piece);
+        AppendLine(begin, true, piece);
     }
     CalendarLine line;
     while (Open.size() > depth) {
@@ -166,7 +166,7 @@ ReadResult PieceReader::ReadPiece(const CalendarLine& begin, CalendarPiece& piec
         if (IsBlank(line.Text)) {
             continue;
         }
-        if (!CheckLine(line, name, value) || !KeepLine(line, piece)) {
+        if (!CheckLine(line, name, value) || !KeepLine(line, name, value, piece)) {
             return ReadResult::Fault;
         }
         if (EqualsIgnoringCase(name, "BEGIN")) {
@@ -215,13 +215,11 @@ bool PieceReader::CheckLine(const CalendarLine& line, std::string_view& name, st
 }
 
 // Keeps the line if the import needs it; false only when that cannot be done.
-bool PieceReader::KeepLine(const CalendarLine& line, CalendarPiece& piece) {
+bool PieceReader::KeepLine(const CalendarLine& line, std::string_view name, std::string_view value,
+                           CalendarPiece& piece) {
     if (piece.Kind == PieceKind::Other) {
         return true;
     }
-    std::string_view name;
-    std::string_view value;
-    SplitLine(line.Text, name, value);
     const bool frame = EqualsIgnoringCase(name, "BEGIN") || EqualsIgnoringCase(name, "END");
     const bool zone = piece.Kind == PieceKind::TimeZone;
     const bool inAlarm = Open.size() > 2;
@@ -243,7 +241,8 @@ bool PieceReader::KeepLine(const CalendarLine& line, CalendarPiece& piece) {
         Fail(line.Number, "this line contains a zero byte");
         return false;
     }
-    AppendLine(line, piece);
+    // Most alarms have a text, which nobody shows.
+    AppendLine(line, !inAlarm || zone || !EqualsIgnoringCase(name, "DESCRIPTION"), piece);
     return true;
 }
 

@@ -23,6 +23,7 @@ struct CalendarPiece {
     struct LinePlace {
         std::size_t Begin = 0; // in Text, where each line ends with a zero
         int Number = 0;
+        bool IsRead = true; // false: only part of what tells entries without a UID apart
     };
 
     PieceKind Kind = PieceKind::Other;
@@ -61,7 +62,7 @@ class PieceReader {
     bool CloseComponent(const CalendarLine& line, std::string_view value);
     ReadResult FailAtEnd();
     bool CheckLine(const CalendarLine& line, std::string_view& name, std::string_view& value);
-    bool KeepLine(const CalendarLine& line, CalendarPiece& piece);
+    bool KeepLine(const CalendarLine& line, std::string_view name, std::string_view value, CalendarPiece& piece);
 
     LineReader Reader;
     std::vector<OpenComponent> Open;
