@@ -24,8 +24,9 @@ void CoverageMask::AddLine(const Nib& from, const Nib& to, const PixelBox& clip)
     const PixelBox box = line.Bounds().Cut(clip).Cut({0, 0, Columns, Rows});
     for (int y = box.Top; y < box.Bottom && !box.IsEmpty(); ++y) {
         std::uint8_t* const row = Row(y);
-        line.ForEachInRow(y, box.Left, box.Right,
-                          [row](int x, std::uint8_t share) { row[x] = std::max(row[x], share); });
+        for (int x = box.Left; x < box.Right; ++x) {
+            row[x] = std::max(row[x], line.ShareOf(x, y));
+        }
     }
 }
 

@@ -58,6 +58,14 @@ void Canvas::Fill(const QRect& pixels, QRgb color) {
     }
 }
 
+void Canvas::Prepare(const DrawStep& step) {
+    if (const auto* text = std::get_if<TextStep>(&step.What)) {
+        for (const PlacedLine& line : PlaceText(*text->Face, text->Text, text->Area, text->Format)) {
+            (void)text->Face->Shape(line.Text);
+        }
+    }
+}
+
 void Canvas::Draw(const DrawStep& step, const QRect& area) {
     const QRect changed = step.Covers & area;
     if (!changed.isEmpty()) {
@@ -85,9 +93,11 @@ void Canvas::Put(const LineStep& step, const QRect& area) {
     }
     const Rows rows = WritableRows();
     for (int y = box.Top; y < box.Bottom; ++y) {
-        QRgb* const row = rows.First + y * rows.Stride;
-        line.ForEachInRow(y, box.Left, box.Right,
-                          [&](int x, std::uint8_t share) { row[x] = ink::MixPixels(row[x], step.Color, share); });
+        QRgb* const pixels = rows.First + y * rows.Stride;
+        const ink::PixelBox row = line.CutRow(box, y);
+        for (int x = row.Left; x < row.Right; ++x) {
+            pixels[x] = ink::MixPixels(pixels[x], step.Color, line.ShareOf(x, y));
+        }
     }
 }
 

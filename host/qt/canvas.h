@@ -14,6 +14,9 @@ class Canvas {
   public:
     Canvas(QSize size, Scale scale, Pictures& pictures) : PixelScale(scale), OwnPictures(pictures), PixelSize(size) {}
 
+    // Does what drawing the step needs and does not need the canvas, unless another thread does that already.
+    static void Prepare(const DrawStep& step);
+
     // Changes nothing outside of `area`, which lies within the canvas.
     void Draw(const DrawStep& step, const QRect& area);
 

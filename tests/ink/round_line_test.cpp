@@ -27,14 +27,20 @@ int CoverPixel(const Nib& from, const Nib& to, int x, int y) {
 }
 
 void ExpectAllPixels(const Nib& from, const Nib& to) {
+    const PixelBox whole{0, 0, kSide, kSide};
     CoverageMask mask;
     mask.Resize(kSide, kSide);
-    mask.AddLine(from, to, {0, 0, kSide, kSide});
+    mask.AddLine(from, to, whole);
+    const RoundLine line(from, to);
     for (int y = 0; y < kSide; ++y) {
         for (int x = 0; x < kSide; ++x) {
             ASSERT_NEAR(mask.Row(y)[x], CoverPixel(from, to, x, y), 1)
                 << x << ", " << y << " of " << from.X << ", " << from.Y << " - " << to.X << ", " << to.Y << ", "
                 << from.Radius << " to " << to.Radius;
+            const PixelBox row = line.CutRow(whole, y);
+            if (x < row.Left || x >= row.Right) {
+                ASSERT_EQ(mask.Row(y)[x], 0) << x << ", " << y << " was passed over";
+            }
         }
     }
 }
@@ -61,7 +67,8 @@ TEST(RoundLine, PassesOverWhatLiesFarFromIt) {
     const RoundLine line({2, 2, 2}, {46, 46, 2});
     int looked = 0;
     for (int y = line.Bounds().Top; y < line.Bounds().Bottom; ++y) {
-        line.ForEachInRow(y, line.Bounds().Left, line.Bounds().Right, [&](int, std::uint8_t) { ++looked; });
+        const PixelBox row = line.CutRow(line.Bounds(), y);
+        looked += row.Right - row.Left;
     }
     EXPECT_GT(looked, 44 * 4);
     EXPECT_LT(looked, 44 * 12); // its box has 2,400
