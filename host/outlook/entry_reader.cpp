@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <numeric>
+#include <span>
 
 namespace tavo::outlook {
 
@@ -48,15 +50,17 @@ Status FindNextStart(StoreCore& core, SeriesAs series, Seconds from, Seconds& fo
     return status;
 }
 
-using EntryIterator = std::vector<Entry>::iterator;
-
-// Stable, from the lowest digit of the distance to the earliest start up to its highest.
-void SortByStart(EntryIterator begin, EntryIterator end) {
+// Stable, from the lowest digit of the distance to the earliest start up to its highest. The other half of each move
+// lies behind the entries for as long as it takes.
+void SortByStart(std::vector<Entry>& entries, std::size_t since) {
+    const std::size_t size = entries.size();
+    entries.resize(size + (size - since));
+    const auto begin = entries.begin() + static_cast<std::ptrdiff_t>(since);
+    const auto end = entries.begin() + static_cast<std::ptrdiff_t>(size);
     const auto byStart = [](const Entry& left, const Entry& right) { return left.Start < right.Start; };
     const auto [earliest, latest] = std::minmax_element(begin, end, byStart);
     const Seconds origin = earliest->Start;
     const Seconds reach = latest->Start - origin;
-    std::vector<Entry> other(static_cast<std::size_t>(end - begin));
     for (int shift = 0; (reach >> shift) != 0; shift += kDigitBits) {
         const auto digitOf = [&](const Entry& entry) {
             return static_cast<std::size_t>((entry.Start - origin) >> shift) & (kDigits - 1);
@@ -67,23 +71,24 @@ void SortByStart(EntryIterator begin, EntryIterator end) {
         }
         std::exclusive_scan(places.begin(), places.end(), places.begin(), std::size_t{0});
         for (auto entry = begin; entry != end; ++entry) {
-            other[places[digitOf(*entry)]++] = *entry;
+            end[static_cast<std::ptrdiff_t>(places[digitOf(*entry)]++)] = *entry;
         }
-        std::copy(other.begin(), other.end(), begin);
+        std::copy(end, entries.end(), begin);
     }
+    entries.resize(size);
 }
 
 } // namespace
 
 void SortEntries(std::vector<Entry>& entries, std::size_t since) {
-    const auto begin = entries.begin() + static_cast<std::ptrdiff_t>(since);
+    const auto first = static_cast<std::ptrdiff_t>(since);
     if (entries.size() - since < kFewEntries) {
-        std::sort(begin, entries.end(), ComesBefore);
+        std::sort(entries.begin() + first, entries.end(), ComesBefore);
         return;
     }
     // A month of a full calendar is sorted again and again: by digits of the start, then the few of equal start by OID.
-    SortByStart(begin, entries.end());
-    for (auto run = begin; run != entries.end();) {
+    SortByStart(entries, since);
+    for (auto run = entries.begin() + first; run != entries.end();) {
         auto next = run + 1;
         bool ordered = true;
         for (; next != entries.end() && next->Start == run->Start; ++next) {
@@ -141,24 +146,26 @@ Status EntryReader::ReadSeries(Seconds from, Seconds to, std::vector<Entry>& ent
 }
 
 Status EntryReader::ReadOccurrences(Seconds from, Seconds to, std::vector<Entry>& entries) {
-    std::vector<SeriesRow> rows;
-    Status status = Core.ReadSeriesTouching(std::max(from, Span.LowestEnd), to, rows);
+    std::span<const SeriesRow* const> rows;
+    Status status = Core.FindSeriesTouching(std::max(from, Span.LowestEnd), to, rows);
     if (Failed(status)) {
         return status;
     }
+    std::vector<const SeriesRow*> others;
     if (!LeftOut.empty()) {
-        std::erase_if(rows, [this](const SeriesRow& row) {
-            return std::binary_search(LeftOut.begin(), LeftOut.end(), row.Item);
+        std::copy_if(rows.begin(), rows.end(), std::back_inserter(others), [this](const SeriesRow* row) {
+            return !std::binary_search(LeftOut.begin(), LeftOut.end(), row->Item);
         });
+        rows = others;
     }
     const auto expand = [&](std::size_t index, ExpansionBudget& budget) {
-        const SeriesRow& row = rows[index];
+        const SeriesRow& row = *rows[index];
         const Seconds earliest = std::max(from, Span.LowestEnd - row.Length - kSecondsPerDay);
         status = Core.Items.Series().Expand(row, earliest, to, entries, budget);
         return Succeeded(status);
     };
     for (const std::size_t index : ShareWork(rows.size(), (to - from) / kSecondsPerDay + 1, expand)) {
-        LeftOut.push_back(rows[index].Item);
+        LeftOut.push_back(rows[index]->Item);
     }
     std::sort(LeftOut.begin(), LeftOut.end());
     return status;

@@ -2,9 +2,9 @@
 // out where it is there already, so that no item, and no crowd of them, holds up all others.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <vector>
 
 namespace tavo::outlook {
@@ -50,13 +50,41 @@ constexpr std::int64_t kStepsOfAll = 10000000;         // for all items of one l
 constexpr std::int64_t kStepsOfEach = 1500;
 constexpr std::int64_t kStepsOfDay = 8;
 
-// Tries one of several items: true when it is done for, whether well or not; the budget tells the rest.
-using SharedWork = std::function<bool(std::size_t index, ExpansionBudget& budget)>;
-
 // Lets each of `count` items do its work on a span of `days`, in their order, within one budget for all. Everybody has
 // what an honest rule needs, or an even share where that is more. Whoever asks for more is tried again at the end, with
 // an even share of what there is for these: so who takes much cannot take it from who takes little. Gives the items
 // whose work took more than there was, and those that gave up.
-std::vector<std::size_t> ShareWork(std::size_t count, std::int64_t days, const SharedWork& work);
+// `work(std::size_t index, ExpansionBudget& budget)` tries one item: true when it is done for, whether well or not; the
+// budget tells the rest. A template, as a month asks thousands of series that take less than a call through a function.
+template <class Work> std::vector<std::size_t> ShareWork(std::size_t count, std::int64_t days, const Work& work) {
+    std::vector<std::size_t> leftOut;
+    std::vector<std::size_t> again;
+    const auto size = static_cast<std::int64_t>(count);
+    const std::int64_t each = kStepsOfEach + kStepsOfDay * days;
+    const std::int64_t first =
+        std::clamp(kStepsOfAll / std::max<std::int64_t>(size, 1), each, std::max(kStepsOfExpansion, each));
+    for (std::size_t index = 0; index < count; ++index) {
+        ExpansionBudget budget(first);
+        if (!work(index, budget)) {
+            return leftOut;
+        }
+        if (budget.IsSpent()) {
+            (budget.IsHopeless() || first >= kStepsOfExpansion ? leftOut : again).push_back(index);
+        }
+    }
+    std::int64_t rest = kStepsOfAll;
+    for (std::size_t place = 0; place < again.size(); ++place) {
+        const std::int64_t share = std::min(rest / static_cast<std::int64_t>(again.size() - place), kStepsOfExpansion);
+        ExpansionBudget budget(share);
+        if (!work(again[place], budget)) {
+            return leftOut;
+        }
+        rest -= share - budget.GetRest();
+        if (budget.IsSpent()) {
+            leftOut.push_back(again[place]);
+        }
+    }
+    return leftOut;
+}
 
 } // namespace tavo::outlook

@@ -20,11 +20,13 @@ ItemCollection::ItemCollection(Session& session, Restriction restriction) : Filt
     session.AddRef();
     Owner = ComPtr<Session>::Adopt(&session);
     Owner->Core.AddListener(this);
+    Entries = Owner->Core.LendRoom();
     Restart(SeriesAs::Themselves);
 }
 
 ItemCollection::~ItemCollection() {
     Owner->Core.RemoveListener(this);
+    Owner->Core.GiveRoomBack(std::move(Entries));
 }
 
 void ItemCollection::Restart(SeriesAs series) {

@@ -25,22 +25,22 @@ Status SeriesCache::Read(const SeriesState& state, Seconds from, Seconds to) {
     return status;
 }
 
-Status SeriesCache::FindTouching(const SeriesState& state, Seconds from, Seconds to, std::vector<SeriesRow>& rows) {
+Status SeriesCache::FindTouching(const SeriesState& state, Seconds from, Seconds to,
+                                 std::span<const SeriesRow* const>& rows) {
     Status status = Status::Ok;
     if (state != Held) {
         status = Read(state, std::max(from, kEarliest + kAround) - kAround, std::min(to, kLatest - kAround) + kAround);
     } else if (from < HeldFrom || to > HeldTo) {
         status = Read(state, kEarliest, kLatest);
     }
-    if (Failed(status)) {
-        return status;
-    }
+    Found.clear();
     for (const SeriesRow& row : Rows) {
         if (row.First <= to && row.Until >= from) {
-            rows.push_back(row);
+            Found.push_back(&row);
         }
     }
-    return Status::Ok;
+    rows = Found;
+    return status;
 }
 
 } // namespace tavo::outlook

@@ -4,6 +4,7 @@
 #include "host/outlook/series.h"
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace tavo::outlook {
@@ -19,18 +20,19 @@ class SeriesCache {
   public:
     explicit SeriesCache(Database& database) : Source(database) {}
 
-    // Like ReadSeriesTouching. The first time it reads what touches the week before and after too: hardly more, and a
-    // program that starts asks for a day and the next one. Asked for more in the same state, it reads all and answers
-    // from memory from then on.
-    Status FindTouching(const SeriesState& state, Seconds from, Seconds to, std::vector<SeriesRow>& rows);
+    // As ReadSeriesTouching finds them; they stand until the next call. The first time it reads what touches the week
+    // before and after too: hardly more, and a program that starts asks for a day and the next one. Asked for more in
+    // the same state, it reads all and answers from memory from then on.
+    Status FindTouching(const SeriesState& state, Seconds from, Seconds to, std::span<const SeriesRow* const>& rows);
 
   private:
     Status Read(const SeriesState& state, Seconds from, Seconds to);
 
     Database& Source;
     std::vector<SeriesRow> Rows;
-    SeriesState Held;     // of the rows; that of no store while there are none
-    Seconds HeldFrom = 0; // what touches this span is among them
+    std::vector<const SeriesRow*> Found; // kept for its room: asked for month after month
+    SeriesState Held;                    // of the rows; that of no store while there are none
+    Seconds HeldFrom = 0;                // what touches this span is among them
     Seconds HeldTo = 0;
 };
 

@@ -10,6 +10,8 @@ namespace tavo::outlook {
 
 namespace {
 
+constexpr std::size_t kMostRoom = 32768; // lines of a listing: a megabyte
+
 // Without memory a change ends like any that fails: nothing of it stays.
 Status RunGuarded(const std::function<Status()>& change) {
     try {
@@ -297,7 +299,14 @@ void StoreCore::TellCancelled(Oid oid, Seconds original) {
     }
 }
 
-Status StoreCore::ReadSeriesTouching(Seconds from, Seconds to, std::vector<SeriesRow>& rows) {
+void StoreCore::GiveRoomBack(std::vector<Entry> room) {
+    if (room.capacity() > Room.capacity() && room.capacity() <= kMostRoom) {
+        room.clear();
+        Room = std::move(room);
+    }
+}
+
+Status StoreCore::FindSeriesTouching(Seconds from, Seconds to, std::span<const SeriesRow* const>& rows) {
     SeriesState state{0, OwnChanges};
     std::int64_t ledger = 0;
     const Status status = ReadChangeCounts(state.ItemChanges, ledger);

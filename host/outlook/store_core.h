@@ -12,9 +12,11 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace tavo::outlook {
@@ -88,8 +90,14 @@ class StoreCore {
     void RemoveListener(IDeletionListener* listener);
     void TellCancelled(Oid oid, Seconds original);
 
-    // Like ReadSeriesTouching, from memory where that is still right.
-    Status ReadSeriesTouching(Seconds from, Seconds to, std::vector<SeriesRow>& rows);
+    // Room for the lines of a listing, empty. What a listing gives back serves the next one: month after month is
+    // listed, and new memory has to be cleared and taken page by page.
+    std::vector<Entry> LendRoom() { return std::exchange(Room, {}); }
+
+    void GiveRoomBack(std::vector<Entry> room);
+
+    // See SeriesCache::FindTouching.
+    Status FindSeriesTouching(Seconds from, Seconds to, std::span<const SeriesRow* const>& rows);
 
     // How often items, or the ledger, were changed by anybody since the store was made.
     Status ReadChangeCounts(std::int64_t& items, std::int64_t& ledger);
@@ -128,6 +136,7 @@ class StoreCore {
     Status WishTagBack(Oid oid, TagPlace place, bool set);
 
     SeriesCache Series;
+    std::vector<Entry> Room;
     std::int64_t OwnChanges = 0; // of items, also when they are taken back
     bool GroupOpen = false;
     int Readings = 0;         // that were begun and not ended
