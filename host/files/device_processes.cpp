@@ -16,6 +16,7 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 namespace tavo::files {
 
@@ -164,8 +165,16 @@ bool StartDetached(const std::vector<std::string>& arguments) {
 }
 
 bool DeviceProcesses::CreateProcessW(std::u16string_view path, std::u16string_view commandLine) {
-    const std::optional<std::vector<std::string>> command = Resolve(path, commandLine);
-    return command && StartDetached(*command);
+    std::optional<std::vector<std::string>> command = Resolve(path, commandLine);
+    if (!command || !IsExecutable(command->front()))
+        return false;
+    Waiting.push_back(std::move(*command));
+    return true;
+}
+
+void DeviceProcesses::StartWaiting() {
+    for (const std::vector<std::string>& command : std::exchange(Waiting, {}))
+        (void)StartDetached(command); // what went away meanwhile is missing, as it would have been a moment later
 }
 
 std::optional<std::vector<std::string>> DeviceProcesses::Resolve(std::u16string_view path,

@@ -23,13 +23,24 @@ class DeviceProcesses final : public IProcesses {
     explicit DeviceProcesses(std::string programFolder = RunningProgramFolder())
         : ProgramFolder(std::move(programFolder)) {}
 
+    ~DeviceProcesses() override { StartWaiting(); }
+
+    DeviceProcesses(const DeviceProcesses&) = delete;
+    DeviceProcesses& operator=(const DeviceProcesses&) = delete;
+
+    // The program starts with the next call of StartWaiting; false when there is none that can be executed.
     bool CreateProcessW(std::u16string_view path, std::u16string_view commandLine) override;
+
+    // For when this program has nothing else to do: a start that stood in the way of its own first picture would be
+    // felt.
+    void StartWaiting();
 
     // What CreateProcessW would start: executable and arguments; nothing when there is none.
     std::optional<std::vector<std::string>> Resolve(std::u16string_view path, std::u16string_view commandLine) const;
 
   private:
     std::string ProgramFolder;
+    std::vector<std::vector<std::string>> Waiting; // in the order in which they are to start
 };
 
 } // namespace tavo::files

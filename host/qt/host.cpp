@@ -116,6 +116,9 @@ void QtHost::PrepareWait(bool waits) {
         Requests.Follow(Shared.Navigation.IsQuitRequested() || QuitSignals::HasCome());
         Opened.Follow();
     }
+    if (waits) {
+        OwnProcesses.StartWaiting();
+    }
     if (!Shared.State.Posted.IsEmpty()) {
         QAbstractEventDispatcher::instance()->wakeUp(); // it must not sleep over what was just posted
     }

@@ -94,6 +94,7 @@ TEST_F(DeviceProcessesTest, AStartedProgramIsApartFromUs) {
                              "\ncut -d ' ' -f 1,4,6 /proc/$$/stat >out.part\n"
                              "echo \"$1\" >>out.part\nmv out.part out\n");
     ASSERT_TRUE(Processes.CreateProcessW(kCompanion, u"hello"));
+    Processes.StartWaiting();
     std::istringstream out(WaitFor("out"));
     int process = 0;
     int parent = 0;
@@ -115,6 +116,7 @@ TEST_F(DeviceProcessesTest, NoDescriptorOfOursIsHandedOn) {
     const int ours = open("/dev/null", O_RDONLY);
     ASSERT_EQ(dup2(ours, 77), 77);
     ASSERT_TRUE(Processes.CreateProcessW(kCompanion, u""));
+    Processes.StartWaiting();
     close(77);
     close(ours);
     EXPECT_EQ(WaitFor("out").substr(0, 7), "closed\n");
@@ -124,10 +126,27 @@ TEST_F(DeviceProcessesTest, WhatCannotRunIsTold) {
     Folder.Put("RSound", "no program");
     EXPECT_FALSE(Processes.CreateProcessW(kCompanion, u"")); // not executable
     chmod((Folder / "RSound").c_str(), 0700);
-    EXPECT_FALSE(Processes.CreateProcessW(kCompanion, u"")); // of no form that the machine knows
+    EXPECT_FALSE(StartDetached({Folder / "RSound"})); // of no form that the machine knows
     PutProgram("RSound", "");
     Folder.Put("RSound", "#!/none/sh\n");
-    EXPECT_FALSE(Processes.CreateProcessW(kCompanion, u"")); // its interpreter is missing
+    EXPECT_FALSE(StartDetached({Folder / "RSound"})); // its interpreter is missing
+}
+
+TEST_F(DeviceProcessesTest, AProgramStartsWhenThereIsTimeForItAndOnce) {
+    PutProgram("RSound", "echo \"$1\" >>" + Folder / "out" + "\n");
+    {
+        DeviceProcesses processes{Folder.Path()};
+        ASSERT_TRUE(processes.CreateProcessW(kCompanion, u"first"));
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        EXPECT_FALSE(Folder.Has("out"));
+        processes.StartWaiting();
+        EXPECT_EQ(WaitFor("out"), "first\n");
+        processes.StartWaiting();
+        ASSERT_TRUE(processes.CreateProcessW(kCompanion, u"last"));
+    } // also when the program ends at once
+    for (int i = 0; i < 500 && Folder.Get("out") != "first\nlast\n"; ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_EQ(Folder.Get("out"), "first\nlast\n");
 }
 
 TEST(RunningProgramFolder, IsWhereThisTestLies) {
