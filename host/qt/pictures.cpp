@@ -19,49 +19,84 @@ bool IsOpaque(const QImage& image) {
     return true;
 }
 
+QString PathOf(int bitmap) {
+    return QStringLiteral(":/pictures/bitmap_%1.svg").arg(bitmap);
+}
+
+// Null when there is none that can be read.
+std::unique_ptr<QSvgRenderer> LoadPicture(int bitmap) {
+    const QString path = PathOf(bitmap);
+    if (!QFile::exists(path)) {
+        return nullptr;
+    }
+    auto renderer = std::make_unique<QSvgRenderer>(path);
+    return renderer->isValid() ? std::move(renderer) : nullptr;
+}
+
+QImage RenderPart(QSvgRenderer& renderer, const Rect& source, QSize size) {
+    if (size.isEmpty()) {
+        return {};
+    }
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    // Each part is rendered to its own edges, so neighbouring cells of a strip never bleed into each other.
+    renderer.setViewBox(QRectF(source.Left, source.Top, source.Width(), source.Height()));
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    renderer.render(&painter, QRectF(QPointF(), QSizeF(size)));
+    painter.end();
+    if (IsOpaque(image)) {
+        image.reinterpretAsFormat(QImage::Format_RGB32); // copied instead of blended
+    }
+    return image;
+}
+
 } // namespace
+
+Pictures::Key Pictures::KeyOf(int bitmap, const Rect& source, QSize size) {
+    return {bitmap, source.Left, source.Top, source.Right, source.Bottom, size.width(), size.height()};
+}
 
 QSvgRenderer* Pictures::Load(int bitmap) {
     if (const auto known = Loaded.find(bitmap); known != Loaded.end()) {
         return known->second.get();
     }
-    const QString path = QStringLiteral(":/pictures/bitmap_%1.svg").arg(bitmap);
-    std::unique_ptr<QSvgRenderer> renderer;
-    if (QFile::exists(path)) {
-        renderer = std::make_unique<QSvgRenderer>(path);
-        if (!renderer->isValid()) {
-            renderer.reset();
-        }
-    }
-    return Loaded.emplace(bitmap, std::move(renderer)).first->second.get();
+    return Loaded.emplace(bitmap, LoadPicture(bitmap)).first->second.get();
 }
 
-QSize Pictures::SizeOf(int bitmap) {
-    const QSvgRenderer* renderer = Load(bitmap);
-    return renderer == nullptr ? QSize() : renderer->defaultSize();
+bool Pictures::Has(int bitmap) const {
+    return QFile::exists(PathOf(bitmap));
+}
+
+void Pictures::Begin(int bitmap, const Rect& source, QSize size) {
+    const Key key = KeyOf(bitmap, source, size);
+    if (Rendered.contains(key) || Begun.contains(key)) {
+        return;
+    }
+    // A renderer of its own: those that stay belong to the thread of the windows.
+    const auto render = [bitmap, source, size, before = LastBegun] {
+        if (before.valid()) {
+            before.wait();
+        }
+        const std::unique_ptr<QSvgRenderer> renderer = LoadPicture(bitmap);
+        return renderer == nullptr ? QImage() : RenderPart(*renderer, source, size);
+    };
+    LastBegun = std::async(std::launch::async, render).share();
+    Begun.emplace(key, LastBegun);
 }
 
 const QImage& Pictures::Render(int bitmap, const Rect& source, QSize size) {
-    const Key key{bitmap, source.Left, source.Top, source.Right, source.Bottom, size.width(), size.height()};
+    const Key key = KeyOf(bitmap, source, size);
     if (const auto known = Rendered.find(key); known != Rendered.end()) {
         return known->second;
     }
-    QImage image;
-    QSvgRenderer* renderer = Load(bitmap);
-    if (renderer != nullptr && !size.isEmpty()) {
-        image = QImage(size, QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::transparent);
-        // Each part is rendered to its own edges, so neighbouring cells of a strip never bleed into each other.
-        renderer->setViewBox(QRectF(source.Left, source.Top, source.Width(), source.Height()));
-        QPainter painter(&image);
-        painter.setRenderHint(QPainter::Antialiasing);
-        renderer->render(&painter, QRectF(QPointF(), QSizeF(size)));
-        painter.end();
-        if (IsOpaque(image)) {
-            image.reinterpretAsFormat(QImage::Format_RGB32); // copied instead of blended
-        }
+    if (const auto begun = Begun.find(key); begun != Begun.end()) {
+        const std::shared_future<QImage> image = begun->second;
+        Begun.erase(begun);
+        return Rendered.emplace(key, image.get()).first->second;
     }
-    return Rendered.emplace(key, std::move(image)).first->second;
+    QSvgRenderer* renderer = Load(bitmap);
+    return Rendered.emplace(key, renderer == nullptr ? QImage() : RenderPart(*renderer, source, size)).first->second;
 }
 
 } // namespace tavo::qt

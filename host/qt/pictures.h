@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QSvgRenderer>
 
+#include <future>
 #include <map>
 #include <memory>
 #include <tuple>
@@ -19,8 +20,13 @@ class Pictures {
     // the next call.
     const QImage& Render(int bitmap, const Rect& source, QSize size);
 
-    // The size of a picture in logical pixels; empty when there is none.
-    QSize SizeOf(int bitmap);
+    // Has it rendered on another thread, one after the other, for a call of Render that comes soon.
+    void Begin(int bitmap, const Rect& source, QSize size);
+
+    // Whether Render may have to wait for that thread.
+    bool HasBegun() const { return !Begun.empty(); }
+
+    bool Has(int bitmap) const;
 
     // Drops what was rendered; asked for when the scale changes.
     void DropRendered() { Rendered.clear(); }
@@ -28,10 +34,13 @@ class Pictures {
   private:
     using Key = std::tuple<int, int, int, int, int, int, int>;
 
+    static Key KeyOf(int bitmap, const Rect& source, QSize size);
     QSvgRenderer* Load(int bitmap);
 
     std::map<int, std::unique_ptr<QSvgRenderer>> Loaded;
     std::map<Key, QImage> Rendered;
+    std::map<Key, std::shared_future<QImage>> Begun;
+    std::shared_future<QImage> LastBegun;
 };
 
 } // namespace tavo::qt

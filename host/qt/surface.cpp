@@ -88,6 +88,11 @@ void Surface::Settle() const {
         return;
     }
     const QRect area = Shown.empty() ? OwnCanvas.WholeArea() : FindDifference(Shown, Awaited);
+    if (OwnPictures.HasBegun()) {
+        for (const DrawStep& step : Awaited) {
+            OwnCanvas.Prepare(step);
+        }
+    }
     for (const DrawStep& step : Awaited) {
         OwnCanvas.Draw(step, area);
     }
@@ -144,11 +149,12 @@ void Surface::DrawTextW(std::u16string_view text, const Rect& area, const TextSt
 
 void Surface::DrawBitmap(int bitmap, Point at, const Rect& source) {
     const QRect target = PixelScale.Edges(Rect::FromSize(at.X, at.Y, source.Width(), source.Height()));
-    if (OwnPictures.SizeOf(bitmap).isEmpty()) {
+    if (!OwnPictures.Has(bitmap)) {
         return;
     }
-    // Not left until it is drawn: the first page's pictures are rendered while another thread still looks for fonts.
-    (void)OwnPictures.Render(bitmap, source, target.size());
+    if (!Awaited.empty()) {
+        OwnPictures.Begin(bitmap, source, target.size()); // ready, or nearly, when all of the new picture is drawn
+    }
     Take({target, PictureStep{bitmap, source, target}});
 }
 
