@@ -40,7 +40,6 @@ bool WillRemind(IAppointment& item, DATE now) {
 // As bytes, the low one of each unit first; the terminating zero is left out on purpose.
 std::vector<std::uint8_t> BytesOf(std::u16string_view text) {
     std::vector<std::uint8_t> bytes;
-    bytes.reserve(text.size() * 2);
     for (const char16_t unit : text) {
         bytes.push_back(static_cast<std::uint8_t>(unit & 0xFF));
         bytes.push_back(static_cast<std::uint8_t>(unit >> 8));

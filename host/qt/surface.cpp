@@ -90,7 +90,7 @@ void Surface::Settle() const {
     const QRect area = Shown.empty() ? OwnCanvas.WholeArea() : FindDifference(Shown, Awaited);
     if (OwnPictures.HasBegun()) {
         for (const DrawStep& step : Awaited) {
-            OwnCanvas.Prepare(step);
+            Canvas::Prepare(step);
         }
     }
     for (const DrawStep& step : Awaited) {

@@ -1,4 +1,5 @@
 // The month page: which days it shows, and how keys and taps move through them.
+#include "calendar/month_grid.h"
 #include "res/resource_ids.h"
 #include "tests/support/folder_probe.h"
 #include "tests/support/running_program.h"
@@ -237,6 +238,18 @@ TEST_F(CalendarPage, DecemberOf2999HasItsDaysAndNoneOf3000) {
     EXPECT_EQ(Program->NumberIn(4, 3).Text, u""); // 1 January 3000
     EXPECT_EQ(Program->CellName(4, 3), u"(no cell)");
     EXPECT_EQ(Program->NumberIn(5, 6).Text, u"");
+}
+
+TEST_F(CalendarPage, ADayOfTheLastYearHasItsMenu) {
+    Open(At(2998, 12, 10));
+    Press(VK_RIGHT);
+    const Rect cell = RectOfCell(2, 5); // 20 December
+    Program->Device.Tap(cell.Left + 5, cell.Top + 5);
+    bool wasOpen = false;
+    Program->Device.Do([&] { wasOpen = Program->Device.Host().State.Menus.Tracked.has_value(); });
+    Program->Device.ChooseTracked(0);
+    ASSERT_TRUE(Program->Settle());
+    EXPECT_TRUE(wasOpen);
 }
 
 TEST_F(CalendarPage, ACellWithoutADateStaysBlankThoughAnItemLiesThere) {

@@ -306,10 +306,13 @@ TEST_F(Refusals, ALongerStoredSubjectThatIsChangedIsCutAtTheLimit) {
 }
 
 TEST_F(Refusals, ACharacterOfTwoUnitsIsNotCutInHalf) {
-    Desk.Subject(std::u16string(258, u'x') + u"\U0001F382");
-    Desk.Ok();
-    EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDOK);
-    EXPECT_EQ(Desk.Read(Desk.LastSaved()).Subject, std::u16string(258, u'x'));
+    // The middle, the first and the last of those with two units.
+    for (const std::u16string_view character : {u"\U0001F382", u"\U00010000", u"\U0010FFFF"}) {
+        Desk.Subject(std::u16string(258, u'x') + std::u16string(character));
+        Desk.Ok();
+        EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDOK);
+        EXPECT_EQ(Desk.Read(Desk.LastSaved()).Subject, std::u16string(258, u'x'));
+    }
 }
 
 TEST_F(Refusals, EmojiAndRightToLeftTextAreSavedAsTyped) {
