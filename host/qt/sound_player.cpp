@@ -1,14 +1,36 @@
 // A module of its own: plays one wave file at a time.
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QSoundEffect>
+#include <QThread>
 #include <QUrl>
+
+namespace {
+
+constexpr qint64 kLoadingPatience = 2000; // milliseconds
+
+QPointer<QSoundEffect> playing;
+
+// Waits for a file that is still being loaded: the toolkit's thread for that must not find the effect gone, as it then
+// crashes or never ends.
+void LetGo() {
+    QElapsedTimer waiting;
+    waiting.start();
+    while (!playing.isNull() && playing->status() == QSoundEffect::Loading && !waiting.hasExpired(kLoadingPatience)) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        QThread::msleep(1);
+    }
+    delete playing.data();
+}
+
+} // namespace
 
 // Plays the file, stopping what was playing; an empty path only stops.
 extern "C" Q_DECL_EXPORT void TavoPlayFile(const char* path) {
-    static QPointer<QSoundEffect> playing;
     if (playing.isNull()) {
-        playing = new QSoundEffect(QCoreApplication::instance()); // goes with the application, before the module
+        playing = new QSoundEffect(QCoreApplication::instance());
+        qAddPostRoutine(LetGo); // before the application goes, and with it this module
     }
     playing->stop();
     if (*path != '\0') {
