@@ -134,19 +134,22 @@ TEST_F(DeviceProcessesTest, WhatCannotRunIsTold) {
 
 TEST_F(DeviceProcessesTest, AProgramStartsWhenThereIsTimeForItAndOnce) {
     PutProgram("RSound", "echo \"$1\" >>" + Folder / "out" + "\n");
+    const auto waitForLines = [&](const std::string& lines) {
+        for (int i = 0; i < 500 && Folder.Get("out") != lines; ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        return Folder.Get("out") == lines;
+    };
     {
         DeviceProcesses processes{Folder.Path()};
         ASSERT_TRUE(processes.CreateProcessW(kCompanion, u"first"));
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
         EXPECT_FALSE(Folder.Has("out"));
         processes.StartWaiting();
-        EXPECT_EQ(WaitFor("out"), "first\n");
+        EXPECT_TRUE(waitForLines("first\n"));
         processes.StartWaiting();
         ASSERT_TRUE(processes.CreateProcessW(kCompanion, u"last"));
     } // also when the program ends at once
-    for (int i = 0; i < 500 && Folder.Get("out") != "first\nlast\n"; ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    EXPECT_EQ(Folder.Get("out"), "first\nlast\n");
+    EXPECT_TRUE(waitForLines("first\nlast\n"));
 }
 
 TEST(RunningProgramFolder, IsWhereThisTestLies) {
