@@ -4,7 +4,7 @@
 // rows, interfaces ns, their occurrences, day ns, its loads. Times are the median of many runs, in turn.
 #include "benchmarks/costs.h"
 #include "host/outlook/store.h"
-#include "host/outlook/wall_time.h"
+#include "host/rules/wall_time.h"
 
 #include <sqlite3.h>
 
@@ -20,7 +20,7 @@ using namespace tavo;
 using Clock = std::chrono::steady_clock;
 
 constexpr int kRuns = 41;
-constexpr outlook::Seconds kLongestItem = 32 * outlook::kSecondsPerDay;
+constexpr rules::Seconds kLongestItem = 32 * rules::kSecondsPerDay;
 
 // Narrow tables clustered on start, by class of length, and the series whose effective span meets the window.
 constexpr const char* kStatement = "SELECT start, length, oid FROM plain WHERE span = 0 AND start BETWEEN ?1 AND ?2"
@@ -30,8 +30,8 @@ constexpr const char* kStatement = "SELECT start, length, oid FROM plain WHERE s
                                    " UNION ALL SELECT first, length, oid FROM series WHERE first <= ?2 AND until >= ?3";
 
 struct Month {
-    outlook::Seconds From = 0;
-    outlook::Seconds To = 0; // the last second
+    rules::Seconds From = 0;
+    rules::Seconds To = 0; // the last second
     std::u16string Restriction;
     std::u16string SelectedDay; // the restriction to it
 };
@@ -42,11 +42,11 @@ std::u16string Restrict(const std::string& first, const std::string& last) {
 }
 
 Month MakeMonth(int year, int month, const std::string& selected) {
-    const int days = outlook::DaysInMonth(year, month);
+    const int days = rules::DaysInMonth(year, month);
     const auto write = [&](int day) {
         return std::to_string(month) + "/" + std::to_string(day) + "/" + std::to_string(year);
     };
-    return {outlook::MakeTime(year, month, 1), outlook::MakeTime(year, month, days, 23, 59, 59),
+    return {rules::MakeTime(year, month, 1), rules::MakeTime(year, month, days, 23, 59, 59),
             Restrict(write(1), write(days)), Restrict(selected, selected)};
 }
 
@@ -54,7 +54,7 @@ long long sink = 0; // what was read, so that no reading is left out
 
 int RunStatement(sqlite3_stmt* statement, const Month& month) {
     sqlite3_reset(statement);
-    sqlite3_bind_int64(statement, 1, month.From - outlook::kSecondsPerDay);
+    sqlite3_bind_int64(statement, 1, month.From - rules::kSecondsPerDay);
     sqlite3_bind_int64(statement, 2, month.To);
     sqlite3_bind_int64(statement, 3, month.From);
     sqlite3_bind_int64(statement, 4, month.From - kLongestItem);

@@ -33,7 +33,7 @@ int main(int count, char** arguments) {
     (void)store->Core().Db.Run("PRAGMA cache_size=-512"); // as the companion has it
     reminders::ReminderFinder finder(store->Core());
     // The middle of the ten years, where most is still to come.
-    const reminders::Moment now = outlook::MakeTime(2025, 3, 14, 12);
+    const reminders::Moment now = rules::MakeTime(2025, 3, 14, 12);
     for (int change = 0; change < kChanges; ++change) {
         if (!ChangeFromOutside(arguments[1])) {
             return 1;

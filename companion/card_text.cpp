@@ -2,7 +2,7 @@
 #include "companion/card_text.h"
 
 #include "host/locale/harmless_text.h"
-#include "host/outlook/wall_time.h"
+#include "host/rules/wall_time.h"
 
 #include <algorithm>
 #include <array>
@@ -18,7 +18,7 @@ constexpr std::array<const char*, 12> kMonths{"Jan", "Feb", "Mar", "Apr", "May",
                                               "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
 std::string DescribeTime(std::int64_t wall) {
-    const auto minutes = static_cast<int>(outlook::TimeOfDay(wall) / 60);
+    const auto minutes = static_cast<int>(rules::TimeOfDay(wall) / 60);
     const int hour = minutes / 60 % 12;
     std::array<char, 32> text{};
     std::snprintf(text.data(), text.size(), "%d:%02d %s", hour == 0 ? 12 : hour, minutes % 60,
@@ -27,18 +27,17 @@ std::string DescribeTime(std::int64_t wall) {
 }
 
 std::string DescribeDay(std::int64_t wall, std::int64_t nowWall) {
-    const outlook::DayNumber day = outlook::DayOf(wall);
-    const outlook::DayNumber today = outlook::DayOf(nowWall);
+    const rules::DayNumber day = rules::DayOf(wall);
+    const rules::DayNumber today = rules::DayOf(nowWall);
     if (day == today) {
         return "Today";
     }
     if (day == today + 1) {
         return "Tomorrow";
     }
-    const outlook::CivilDate date = outlook::CivilFromDay(day);
+    const rules::CivilDate date = rules::CivilFromDay(day);
     std::array<char, 48> text{};
-    std::snprintf(text.data(), text.size(), "%s, %s %d, %d",
-                  kWeekdays[static_cast<std::size_t>(outlook::WeekdayOf(day))],
+    std::snprintf(text.data(), text.size(), "%s, %s %d, %d", kWeekdays[static_cast<std::size_t>(rules::WeekdayOf(day))],
                   kMonths[static_cast<std::size_t>(date.Month - 1)], date.Day, date.Year);
     return text.data();
 }

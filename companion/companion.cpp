@@ -3,7 +3,8 @@
 
 #include "host/files/device_processes.h"
 #include "host/outlook/store_core.h"
-#include "host/outlook/zone_rules.h"
+#include "host/posix/zone_database.h"
+#include "host/rules/zones.h"
 
 #include <algorithm>
 #include <array>
@@ -25,7 +26,7 @@ namespace {
 using reminders::Look;
 using reminders::Moment;
 
-constexpr Moment kUnixEpoch = outlook::kUnixEpochDay * outlook::kSecondsPerDay;
+constexpr Moment kUnixEpoch = rules::kUnixEpochDay * rules::kSecondsPerDay;
 constexpr Moment kStoreRetry = 30;  // seconds until a store that cannot be opened is tried again
 constexpr Moment kLockedRetry = 1;  // and one that others write to: nothing tells when they are done
 constexpr int kStorePatience = 250; // milliseconds that one try may wait for other writers
@@ -207,7 +208,7 @@ void Companion::LookAtStore() {
 void Companion::LookAtZone() {
     if (Drain(Zone.Get()) && Device != nullptr) {
         // A zone that is not known leaves the one before.
-        (void)Device->Store->SetDeviceZone(outlook::ReadSystemZoneName());
+        (void)Device->Store->SetDeviceZone(rules::FindDeviceZone(posix::SystemZones()));
         Pending = Look::Items;
     }
 }

@@ -5,7 +5,7 @@
 #include "host/files/device_files.h"
 #include "host/files/replace_file.h"
 #include "host/outlook/diagnosis.h"
-#include "host/outlook/wall_time.h"
+#include "host/rules/wall_time.h"
 
 #include <algorithm>
 #include <chrono>
@@ -23,7 +23,7 @@ namespace {
 
 using reminders::Moment;
 
-constexpr Moment kUnixEpoch = outlook::kUnixEpochDay * outlook::kSecondsPerDay;
+constexpr Moment kUnixEpoch = rules::kUnixEpochDay * rules::kSecondsPerDay;
 constexpr Moment kRoundTime = kRoundHour * 3600;
 constexpr Moment kRetry = 3600; // seconds until a round that could not be made is tried again
 constexpr int kLowest = 19;
@@ -84,7 +84,7 @@ RoundResult GoRound(const files::DeviceRoot& root) {
 Moment NextRound(Moment last, Moment nowWall) {
     // One that was made by a clock that was set back since says nothing.
     const Moment since = std::min(last, nowWall);
-    return outlook::MidnightOf(outlook::DayOf(since - kRoundTime) + 1) + kRoundTime;
+    return rules::MidnightOf(rules::DayOf(since - kRoundTime) + 1) + kRoundTime;
 }
 
 std::optional<Moment> NightRound::Run(outlook::Store& store, Moment now, Moment nowWall) {

@@ -1,15 +1,15 @@
 // Calendars by a grammar: zones, events, their repetition and their alarms.
 #include "fuzz/calendar_grammar.h"
 
-#include "host/outlook/wall_time.h"
+#include "host/rules/wall_time.h"
 
 namespace tavo::fuzz {
 namespace {
 
-using outlook::CivilDate;
-using outlook::CivilFromDay;
-using outlook::DayFromCivil;
-using outlook::DayNumber;
+using rules::CivilDate;
+using rules::CivilFromDay;
+using rules::DayFromCivil;
+using rules::DayNumber;
 
 constexpr std::array<const char*, 7> kDays = {"SU", "MO", "TU", "WE", "TH", "FR", "SA"};
 constexpr std::array<const char*, 8> kFrequencies = {"DAILY",  "WEEKLY",   "MONTHLY",  "YEARLY",

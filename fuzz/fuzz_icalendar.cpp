@@ -1,16 +1,21 @@
 // Feeds any bytes to the reader of calendar files.
 #include "host/exchange/calendar_file.h"
+#include "host/posix/zone_database.h"
+#include "host/rules/zones.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
+#include <string>
 #include <string_view>
 
 namespace {
 
 using namespace tavo::exchange;
-using tavo::outlook::StoredException;
-using tavo::outlook::StoredItem;
+namespace rules = tavo::rules;
+using tavo::rules::StoredException;
+using tavo::rules::StoredItem;
 
 void Require(bool holds) {
     if (!holds) {
@@ -51,6 +56,10 @@ class CheckingSink final : public IEntrySink {
         Require(offset >= Offset); // a bar never runs backwards
         Offset = offset;
         return true;
+    }
+
+    std::unique_ptr<rules::ZoneRules> LoadZone(const std::string& name) override {
+        return rules::LoadZone(tavo::posix::SystemZones(), name);
     }
 
     bool DefineZone(const std::string& name, const std::string& component) override {

@@ -6,9 +6,9 @@
 #include "host/exchange/store_sink.h"
 #include "host/outlook/diagnosis.h"
 #include "host/outlook/occurrence_reader.h"
-#include "host/outlook/restriction.h"
 #include "host/outlook/store_core.h"
 #include "host/reminders/reminder_finder.h"
+#include "host/rules/restriction.h"
 #include "tests/outlook/planted_rule.h"
 #include "tests/support/processor_time.h"
 

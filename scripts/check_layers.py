@@ -29,7 +29,7 @@ START_HEADER = "app/start.h"
 MAY_NOT_REACH_IN = {"host", "companion"}
 
 # Folders that build on a machine without Qt.
-FREE_OF_QT = ["host/outlook", "host/exchange", "host/files", "host/locale", "host/ink", "host/reminders", "host/shell",
+FREE_OF_QT = ["host/rules", "host/posix", "host/outlook", "host/exchange", "host/files", "host/locale", "host/ink", "host/reminders", "host/shell",
               "host/headless", "tools"]
 # What no other host folder includes: each windowing host stands alone.
 WINDOWING_HOSTS = ["host/qt", "host/headless"]

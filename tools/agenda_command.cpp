@@ -30,8 +30,8 @@ Days ChooseDays(const AgendaOptions& options) {
     return {first, options.To.value_or(std::max(today, first))};
 }
 
-outlook::DayNumber NumberOf(Day day) {
-    return day.time_since_epoch().count() + outlook::kUnixEpochDay;
+rules::DayNumber NumberOf(Day day) {
+    return day.time_since_epoch().count() + rules::kUnixEpochDay;
 }
 
 std::string DescribeNothing(const Days& days) {

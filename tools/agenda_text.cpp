@@ -12,10 +12,10 @@
 namespace tavo::tools {
 namespace {
 
-using outlook::DayNumber;
 using outlook::ListedOccurrence;
 using outlook::MirroredKind;
-using outlook::Seconds;
+using rules::DayNumber;
+using rules::Seconds;
 
 constexpr std::array<std::string_view, 4> kKindNames = {"Alarm", "Holiday", "Anniversary", "Appointment"};
 constexpr std::string_view kNoSubject = "(no subject)";
@@ -26,11 +26,11 @@ std::string_view NameKind(MirroredKind kind) {
 }
 
 Day DayFromNumber(DayNumber day) {
-    return Day(std::chrono::days(day - outlook::kUnixEpochDay));
+    return Day(std::chrono::days(day - rules::kUnixEpochDay));
 }
 
 void AppendClock(Seconds time, std::string& text) {
-    const auto minutes = static_cast<int>(outlook::TimeOfDay(time) / 60);
+    const auto minutes = static_cast<int>(rules::TimeOfDay(time) / 60);
     const auto digit = [](int number) { return static_cast<char>('0' + number); };
     const std::array<char, 5> clock{digit(minutes / 600), digit(minutes / 60 % 10), ':', digit(minutes % 60 / 10),
                                     digit(minutes % 10)};
@@ -45,8 +45,8 @@ std::string MakeClock(Seconds time) {
 
 // When an occurrence is, told on the day that it is listed under.
 std::string DescribeTimes(const ListedOccurrence& occurrence, DayNumber day) {
-    const DayNumber startDay = outlook::DayOf(occurrence.Start);
-    const DayNumber lastDay = outlook::EndDayOf(occurrence.Start, occurrence.End);
+    const DayNumber startDay = rules::DayOf(occurrence.Start);
+    const DayNumber lastDay = rules::EndDayOf(occurrence.Start, occurrence.End);
     const std::string lastDayName = WriteShortDay(DayFromNumber(lastDay));
     if (occurrence.AllDay) {
         return lastDay > day ? "all day to " + lastDayName : "all day";
@@ -77,7 +77,7 @@ void TabbedAgenda::Add(const ListedOccurrence& occurrence, std::string& text) {
 }
 
 void TabbedAgenda::AddTime(Seconds time, std::string& text) {
-    if (const DayNumber day = outlook::DayOf(time); day != KnownDay) {
+    if (const DayNumber day = rules::DayOf(time); day != KnownDay) {
         KnownDay = day;
         KnownDate = WriteIsoDay(DayFromNumber(day)) + 'T';
     }
@@ -86,7 +86,7 @@ void TabbedAgenda::AddTime(Seconds time, std::string& text) {
 }
 
 void DailyAgenda::Add(const ListedOccurrence& occurrence, std::string& text) {
-    const DayNumber day = std::max(FirstDay, outlook::DayOf(occurrence.Start));
+    const DayNumber day = std::max(FirstDay, rules::DayOf(occurrence.Start));
     if (day != HeadedDay) {
         text += HeadedDay == kNoDay ? "" : "\n";
         text += WriteLongDay(DayFromNumber(day)) + "\n";

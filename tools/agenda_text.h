@@ -7,7 +7,7 @@
 
 namespace tavo::tools {
 
-constexpr outlook::DayNumber kNoDay = -1'000'000; // before every day that can be listed
+constexpr rules::DayNumber kNoDay = -1'000'000; // before every day that can be listed
 
 // For programs: a line of five fields for each occurrence.
 class TabbedAgenda {
@@ -15,23 +15,23 @@ class TabbedAgenda {
     void Add(const outlook::ListedOccurrence& occurrence, std::string& text);
 
   private:
-    void AddTime(outlook::Seconds time, std::string& text);
+    void AddTime(rules::Seconds time, std::string& text);
 
     // The day that was written last: most occurrences of a list share their days.
-    outlook::DayNumber KnownDay = kNoDay;
+    rules::DayNumber KnownDay = kNoDay;
     std::string KnownDate;
 };
 
 // For people: grouped by day. An occurrence stands once, on its first day that is listed.
 class DailyAgenda {
   public:
-    explicit DailyAgenda(outlook::DayNumber firstDay) : FirstDay(firstDay) {}
+    explicit DailyAgenda(rules::DayNumber firstDay) : FirstDay(firstDay) {}
 
     void Add(const outlook::ListedOccurrence& occurrence, std::string& text);
 
   private:
-    outlook::DayNumber FirstDay;
-    outlook::DayNumber HeadedDay = kNoDay;
+    rules::DayNumber FirstDay;
+    rules::DayNumber HeadedDay = kNoDay;
 };
 
 } // namespace tavo::tools

@@ -23,12 +23,12 @@ using reminders::LedgerState;
 using reminders::Moment;
 
 Moment Now() {
-    return std::time(nullptr) + outlook::kUnixEpochDay * outlook::kSecondsPerDay;
+    return std::time(nullptr) + rules::kUnixEpochDay * rules::kSecondsPerDay;
 }
 
 std::string WriteWall(std::int64_t wall) {
-    const outlook::CivilDate date = outlook::CivilFromDay(outlook::DayOf(wall));
-    const auto minutes = static_cast<int>(outlook::TimeOfDay(wall) / 60);
+    const rules::CivilDate date = rules::CivilFromDay(rules::DayOf(wall));
+    const auto minutes = static_cast<int>(rules::TimeOfDay(wall) / 60);
     std::array<char, 48> text{};
     std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d", date.Year, date.Month, date.Day, minutes / 60,
                   minutes % 60);

@@ -6,7 +6,7 @@
 namespace tavo::exchange {
 namespace {
 
-using outlook::StoredException;
+using rules::StoredException;
 
 ReadStep Continue(bool goOn) {
     return goOn ? ReadStep::More : ReadStep::Stopped;

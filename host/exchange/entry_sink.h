@@ -1,9 +1,11 @@
 // Who takes what is read out of a calendar file.
 #pragma once
 
-#include "host/outlook/stored_item.h"
+#include "host/rules/stored_item.h"
+#include "host/rules/zone_rules.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace tavo::exchange {
@@ -11,15 +13,15 @@ namespace tavo::exchange {
 // An occurrence that was moved or cancelled although its series is not in the file.
 struct LoneOccurrence {
     std::string Uid; // of the series
-    outlook::StoredException Exception;
-    outlook::StoredItem Alone; // the same as an appointment by itself, if the series is nowhere
+    rules::StoredException Exception;
+    rules::StoredItem Alone; // the same as an appointment by itself, if the series is nowhere
 };
 
 // Each call gives false to end the reading: nothing more is called then.
 class IEntrySink {
   public:
     virtual ~IEntrySink() = default;
-    virtual bool OnItem(const outlook::StoredItem& item, int line) = 0;
+    virtual bool OnItem(const rules::StoredItem& item, int line) = 0;
     virtual bool OnLoneOccurrence(const LoneOccurrence& occurrence, int line) = 0;
     // An entry that cannot be kept, though the file is in order.
     virtual bool OnRefused(int line, const std::string& reason) = 0;
@@ -28,6 +30,8 @@ class IEntrySink {
     // Bytes done of the file. Called often.
     virtual bool OnProgress(std::int64_t offset) = 0;
 
+    // The rules of a zone of the time zone database; null when it has none of that name.
+    virtual std::unique_ptr<rules::ZoneRules> LoadZone(const std::string& name) = 0;
     // A zone that the time zone database does not have, before the first item that is in it.
     virtual bool DefineZone(const std::string& name, const std::string& component) = 0;
 };

@@ -12,8 +12,8 @@
 namespace tavo::exchange {
 namespace {
 
-using outlook::StoredException;
-using outlook::StoredItem;
+using rules::StoredException;
+using rules::StoredItem;
 
 constexpr std::string_view kUidName = "UID";
 constexpr const char* kBusyProperty = "X-MICROSOFT-CDO-BUSYSTATUS";
@@ -161,14 +161,13 @@ StoredException MakeException(const EventEntry& entry, const EventTime& seriesSt
     StoredException exception;
     exception.Original = MoveToZone(*entry.Occurrence, seriesStart.In);
     if (entry.Occurrence->DateOnly || seriesStart.DateOnly) {
-        exception.Original =
-            outlook::MidnightOf(outlook::DayOf(exception.Original)) + outlook::TimeOfDay(seriesStart.Clock);
+        exception.Original = rules::MidnightOf(rules::DayOf(exception.Original)) + rules::TimeOfDay(seriesStart.Clock);
     }
     if (entry.Cancelled) {
         return exception;
     }
     const StoredItem& item = entry.Item;
-    exception.Kind = outlook::ExceptionKind::Moved;
+    exception.Kind = rules::ExceptionKind::Moved;
     exception.Start = MoveToZone(entry.Start, seriesStart.In);
     exception.End =
         exception.Start + (entry.Start.In != nullptr ? item.ZoneEnd - item.ZoneStart : item.End - item.Start);

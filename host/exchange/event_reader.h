@@ -9,7 +9,7 @@ namespace tavo::exchange {
 
 // One VEVENT, read.
 struct EventEntry {
-    outlook::StoredItem Item; // without an OID
+    rules::StoredItem Item; // without an OID
     EventTime Start;
     bool Cancelled = false;
     // Of a single occurrence of a series: when the series' rule says it starts.
@@ -34,8 +34,8 @@ class EventReader {
 };
 
 // The moved or cancelled occurrence that an entry describes, on the clock of its series.
-outlook::StoredException MakeException(const EventEntry& entry, const EventTime& seriesStart,
-                                       const outlook::StoredItem& series);
+rules::StoredException MakeException(const EventEntry& entry, const EventTime& seriesStart,
+                                     const rules::StoredItem& series);
 
 // The UID of a piece: its own, or one made of its contents, which is the same for the same contents.
 std::string FindUid(const CalendarPiece& piece);

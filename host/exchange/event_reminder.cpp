@@ -8,10 +8,10 @@
 namespace tavo::exchange {
 namespace {
 
-using outlook::Seconds;
+using rules::Seconds;
 
 constexpr Seconds kSecondsPerMinute = 60;
-constexpr Seconds kLongestLead = 366 * outlook::kSecondsPerDay;
+constexpr Seconds kLongestLead = 366 * rules::kSecondsPerDay;
 // Without the repeat bit: what comes from outside rings once.
 constexpr std::int32_t kSilentReminder = kReminderLight | kReminderDialog;
 constexpr std::int32_t kSoundingReminder = kSilentReminder | kReminderSound;
@@ -28,8 +28,8 @@ Seconds ReadLead(icalproperty* trigger, const EventTime& start, const EventTime&
     const icaltriggertype value = icalproperty_get_trigger(trigger);
     if (icaltime_is_null_time(value.time) == 0) {
         // A moment of its own, always in universal time.
-        const Seconds moment = outlook::MakeTime(value.time.year, value.time.month, value.time.day, value.time.hour,
-                                                 value.time.minute, value.time.second);
+        const Seconds moment = rules::MakeTime(value.time.year, value.time.month, value.time.day, value.time.hour,
+                                               value.time.minute, value.time.second);
         return (start.In == nullptr ? start.Clock : start.In->Rules->ToUtc(start.Clock)) - moment;
     }
     Seconds lead = -static_cast<Seconds>(icaldurationtype_as_int(value.duration));
@@ -64,7 +64,7 @@ std::optional<Alarm> ReadAlarm(icalcomponent* component, const EventTime& start,
 
 } // namespace
 
-void ReadReminder(icalcomponent* event, const EventTime& start, const EventTime& end, outlook::StoredItem& item) {
+void ReadReminder(icalcomponent* event, const EventTime& start, const EventTime& end, rules::StoredItem& item) {
     std::optional<Alarm> best;
     for (icalcomponent* component = icalcomponent_get_first_component(event, ICAL_VALARM_COMPONENT);
          component != nullptr; component = icalcomponent_get_next_component(event, ICAL_VALARM_COMPONENT)) {

@@ -9,11 +9,11 @@
 namespace tavo::exchange {
 namespace {
 
-using outlook::PatternEnd;
-using outlook::Seconds;
-using outlook::StoredException;
-using outlook::StoredItem;
-using outlook::StoredPattern;
+using rules::PatternEnd;
+using rules::Seconds;
+using rules::StoredException;
+using rules::StoredItem;
+using rules::StoredPattern;
 
 constexpr std::array<std::string_view, 4> kRuleNames = {"RRULE", "EXRULE", "RDATE", "EXDATE"};
 constexpr std::string_view kZoneParameter = ";TZID=";
@@ -68,17 +68,17 @@ Reading KeepRule(const CalendarPiece& piece, ZoneTable& zones, StoredItem& item,
 }
 
 // The last day on which an occurrence may start: an UNTIL earlier on its day than the series ends the day before.
-outlook::DayNumber FindLastDay(const icaltimetype& until, const EventTime& start, ZoneTable& zones) {
+rules::DayNumber FindLastDay(const icaltimetype& until, const EventTime& start, ZoneTable& zones) {
     EventTime end;
-    end.Clock = outlook::MakeTime(until.year, until.month, until.day);
+    end.Clock = rules::MakeTime(until.year, until.month, until.day);
     if (until.is_date != 0 || start.DateOnly) {
-        return outlook::DayOf(end.Clock);
+        return rules::DayOf(end.Clock);
     }
     end.Clock += until.hour * 3600 + until.minute * 60 + until.second;
     end.In = icaltime_is_utc(until) ? zones.GetUtc() : nullptr;
     const Seconds clock = MoveToZone(end, start.In);
-    const bool tooEarly = outlook::TimeOfDay(clock) < outlook::TimeOfDay(start.Clock);
-    return outlook::DayOf(clock) - (tooEarly ? 1 : 0);
+    const bool tooEarly = rules::TimeOfDay(clock) < rules::TimeOfDay(start.Clock);
+    return rules::DayOf(clock) - (tooEarly ? 1 : 0);
 }
 
 void SetPattern(const SeriesRule& series, const icalrecurrencetype& rule, const EventTime& start, ZoneTable& zones,
@@ -112,8 +112,7 @@ Reading ReadCancelled(const CalendarPiece& piece, icalcomponent* event, const Ev
         exception.Original = MoveToZone(time, start.In);
         if (time.DateOnly || start.DateOnly) {
             // A date cancels what starts on it, whatever the time.
-            exception.Original =
-                outlook::MidnightOf(outlook::DayOf(exception.Original)) + outlook::TimeOfDay(start.Clock);
+            exception.Original = rules::MidnightOf(rules::DayOf(exception.Original)) + rules::TimeOfDay(start.Clock);
         }
         item.Exceptions.push_back(exception);
     }
@@ -144,7 +143,7 @@ Reading ReadSeries(const CalendarPiece& piece, icalcomponent* event, const Event
         return KeepRule(piece, zones, item, fault);
     }
     SetPattern(*series, rule, start, zones, item.Pattern);
-    if (item.Pattern.End == PatternEnd::OnDate && item.Pattern.LastDay < outlook::DayOf(start.Clock)) {
+    if (item.Pattern.End == PatternEnd::OnDate && item.Pattern.LastDay < rules::DayOf(start.Clock)) {
         fault = {FindLine(piece, "RRULE"), "its repetition ends before it begins"};
         return Reading::Refused;
     }

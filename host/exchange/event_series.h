@@ -8,6 +8,6 @@ namespace tavo::exchange {
 // Fills the item's pattern, foreign rule and cancelled occurrences from RRULE, EXRULE, RDATE and EXDATE.
 // Not Good: `fault` names the line and says why.
 Reading ReadSeries(const CalendarPiece& piece, icalcomponent* event, const EventTime& start, ZoneTable& zones,
-                   outlook::StoredItem& item, FileFault& fault);
+                   rules::StoredItem& item, FileFault& fault);
 
 } // namespace tavo::exchange

@@ -4,15 +4,15 @@
 namespace tavo::exchange {
 namespace {
 
-using outlook::kSecondsPerDay;
-using outlook::Seconds;
+using rules::kSecondsPerDay;
+using rules::Seconds;
 
 constexpr int kSecondsPerHour = 3600;
 constexpr int kSecondsPerMinute = 60;
 
 bool IsRealTime(const icaltimetype& value) {
     if (value.month < 1 || value.month > 12 || value.year < 1 || value.day < 1 ||
-        value.day > outlook::DaysInMonth(value.year, value.month)) {
+        value.day > rules::DaysInMonth(value.year, value.month)) {
         return false;
     }
     if (value.is_date != 0) {
@@ -24,7 +24,7 @@ bool IsRealTime(const icaltimetype& value) {
 }
 
 Seconds ReadClock(const icaltimetype& value) {
-    const Seconds midnight = outlook::MakeTime(value.year, value.month, value.day);
+    const Seconds midnight = rules::MakeTime(value.year, value.month, value.day);
     return value.is_date != 0 ? midnight
                               : midnight + Seconds{value.hour} * kSecondsPerHour +
                                     Seconds{value.minute} * kSecondsPerMinute + value.second;

@@ -9,7 +9,7 @@
 namespace tavo::exchange {
 
 struct EventTime {
-    outlook::Seconds Clock = 0; // on the zone's clock; of a date its midnight
+    rules::Seconds Clock = 0; // on the zone's clock; of a date its midnight
     bool DateOnly = false;
     const Zone* In = nullptr; // null: floating
 };
@@ -27,6 +27,6 @@ Reading ReadTime(icalproperty* property, const icaltimetype& value, ZoneTable& z
 Reading ReadEnd(icalcomponent* event, const EventTime& start, ZoneTable& zones, EventTime& end, std::string& reason);
 
 // The same moment on another clock. A floating time, or a floating target, keeps the clock's reading.
-outlook::Seconds MoveToZone(const EventTime& time, const Zone* zone);
+rules::Seconds MoveToZone(const EventTime& time, const Zone* zone);
 
 } // namespace tavo::exchange

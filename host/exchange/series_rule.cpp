@@ -1,7 +1,7 @@
 // Tells which repetition rules of other calendars say exactly what one of the store's six types says.
 #include "host/exchange/series_rule.h"
 
-#include "host/outlook/ical_rule.h"
+#include "host/rules/ical_rule.h"
 #include "platform/outlook.h"
 
 #include <array>
@@ -71,9 +71,9 @@ bool IsWeekStartHarmless(int mask, int startWeekday, int weekStart) {
 class Recogniser {
   public:
     Recogniser(const icalrecurrencetype& rule, const icaltimetype& start)
-        : Rule(rule), Start(DescribeStart(start)), Days(ReadDays(outlook::IcalListOf(rule.by_day))),
-          MonthDays(outlook::IcalListOf(rule.by_month_day)), Months(outlook::IcalListOf(rule.by_month)),
-          Positions(outlook::IcalListOf(rule.by_set_pos)) {}
+        : Rule(rule), Start(DescribeStart(start)), Days(ReadDays(rules::IcalListOf(rule.by_day))),
+          MonthDays(rules::IcalListOf(rule.by_month_day)), Months(rules::IcalListOf(rule.by_month)),
+          Positions(rules::IcalListOf(rule.by_set_pos)) {}
 
     std::optional<SeriesRule> RecogniseDaily() const {
         if (!Months.empty() || !MonthDays.empty() || !Positions.empty() || Days.Ordinal != 0) {
@@ -210,11 +210,11 @@ class Recogniser {
 } // namespace
 
 std::optional<SeriesRule> RecogniseRule(const icalrecurrencetype& rule, const icaltimetype& start) {
-    const bool timesAreTheStarts = IsEmptyOr(outlook::IcalListOf(rule.by_hour), start.hour) &&
-                                   IsEmptyOr(outlook::IcalListOf(rule.by_minute), start.minute) &&
-                                   IsEmptyOr(outlook::IcalListOf(rule.by_second), start.second);
-    if (!timesAreTheStarts || !outlook::IcalListOf(rule.by_year_day).empty() ||
-        !outlook::IcalListOf(rule.by_week_no).empty() || rule.rscale != nullptr || rule.interval < 1 ||
+    const bool timesAreTheStarts = IsEmptyOr(rules::IcalListOf(rule.by_hour), start.hour) &&
+                                   IsEmptyOr(rules::IcalListOf(rule.by_minute), start.minute) &&
+                                   IsEmptyOr(rules::IcalListOf(rule.by_second), start.second);
+    if (!timesAreTheStarts || !rules::IcalListOf(rule.by_year_day).empty() ||
+        !rules::IcalListOf(rule.by_week_no).empty() || rule.rscale != nullptr || rule.interval < 1 ||
         rule.interval > kLargestInterval) {
         return std::nullopt;
     }

@@ -18,7 +18,7 @@ void ImportCounts::Add(const ImportCounts& other) {
 StoreSink::StoreSink(ImportWriter& writer, std::optional<TagList> tag, std::function<bool(std::int64_t)> goOn)
     : Writer(writer), Tag(tag), GoOn(std::move(goOn)) {}
 
-bool StoreSink::OnItem(const outlook::StoredItem& item, int line) {
+bool StoreSink::OnItem(const rules::StoredItem& item, int line) {
     ImportOutcome outcome;
     const Status status = Writer.Write(item, outcome);
     return Count(status, outcome, line);
@@ -29,7 +29,7 @@ bool StoreSink::OnLoneOccurrence(const LoneOccurrence& occurrence, int line) {
     Status status = Writer.WriteException(occurrence.Uid, occurrence.Exception, outcome);
     const bool nowhere = outcome.Result == ImportResult::Refused && outcome.Reason == ImportWriter::kNoSuchSeries;
     if (Succeeded(status) && nowhere) {
-        if (occurrence.Exception.Kind == outlook::ExceptionKind::Cancelled) {
+        if (occurrence.Exception.Kind == rules::ExceptionKind::Cancelled) {
             return OnPassedOver();
         }
         outcome = {};
@@ -51,6 +51,10 @@ bool StoreSink::OnPassedOver() {
 
 bool StoreSink::OnProgress(std::int64_t offset) {
     return GoOn(offset);
+}
+
+std::unique_ptr<rules::ZoneRules> StoreSink::LoadZone(const std::string& name) {
+    return Writer.LoadZone(name);
 }
 
 bool StoreSink::DefineZone(const std::string& name, const std::string& component) {

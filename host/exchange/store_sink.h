@@ -31,11 +31,12 @@ class StoreSink final : public IEntrySink {
     // `goOn` is asked often, with the bytes done, and gives false to stop.
     StoreSink(outlook::ImportWriter& writer, std::optional<TagList> tag, std::function<bool(std::int64_t)> goOn);
 
-    bool OnItem(const outlook::StoredItem& item, int line) override;
+    bool OnItem(const rules::StoredItem& item, int line) override;
     bool OnLoneOccurrence(const LoneOccurrence& occurrence, int line) override;
     bool OnRefused(int line, const std::string& reason) override;
     bool OnPassedOver() override;
     bool OnProgress(std::int64_t offset) override;
+    std::unique_ptr<rules::ZoneRules> LoadZone(const std::string& name) override;
     bool DefineZone(const std::string& name, const std::string& component) override;
 
     const ImportCounts& GetCounts() const { return Counts; }

@@ -8,9 +8,9 @@
 namespace tavo::exchange {
 namespace {
 
-using outlook::CivilDate;
-using outlook::Seconds;
-using outlook::ZoneRules;
+using rules::CivilDate;
+using rules::Seconds;
+using rules::ZoneRules;
 
 constexpr const char* kUtcName = "UTC";
 
@@ -68,17 +68,17 @@ const Zone* ZoneTable::GetUtc() {
     if (found != Found.end()) {
         return &found->second;
     }
-    return Remember(kUtcName, kUtcName, std::make_unique<ZoneRules>(0, std::vector<outlook::ZoneTransition>()));
+    return Remember(kUtcName, kUtcName, std::make_unique<ZoneRules>(0, std::vector<rules::ZoneTransition>()));
 }
 
 const Zone* ZoneTable::Resolve(const std::string& tzid) {
     // The database is kept up to date and knows the past; a file's own definition often knows this year only.
-    if (std::unique_ptr<ZoneRules> rules = outlook::LoadSystemZone(tzid); rules != nullptr) {
+    if (std::unique_ptr<ZoneRules> rules = Sink.LoadZone(tzid); rules != nullptr) {
         return Remember(tzid, tzid, std::move(rules));
     }
     if (const auto own = Definitions.find(tzid); own != Definitions.end()) {
         std::string fault;
-        std::unique_ptr<ZoneRules> rules = outlook::ParseZoneComponent(own->second, fault);
+        std::unique_ptr<ZoneRules> rules = rules::ParseZoneComponent(own->second, fault);
         std::string name = MakeStoreName(tzid, own->second);
         if (rules == nullptr || !Sink.DefineZone(name, own->second)) {
             Faults[tzid] = rules == nullptr ? fault : "cannot be kept";
@@ -89,7 +89,7 @@ const Zone* ZoneTable::Resolve(const std::string& tzid) {
     // Some programs put their own path before the database's name: "/example.org/20050126/Europe/Berlin".
     for (std::size_t slash = tzid.find('/'); slash != std::string::npos; slash = tzid.find('/', slash + 1)) {
         std::string name = tzid.substr(slash + 1);
-        if (std::unique_ptr<ZoneRules> rules = outlook::LoadSystemZone(name); rules != nullptr) {
+        if (std::unique_ptr<ZoneRules> rules = Sink.LoadZone(name); rules != nullptr) {
             return Remember(tzid, std::move(name), std::move(rules));
         }
     }
@@ -102,8 +102,8 @@ const Zone* ZoneTable::Remember(const std::string& tzid, std::string name, std::
 }
 
 icaltimetype MakeIcalTime(Seconds time) {
-    const CivilDate date = outlook::CivilFromDay(outlook::DayOf(time));
-    const auto seconds = static_cast<int>(outlook::TimeOfDay(time));
+    const CivilDate date = rules::CivilFromDay(rules::DayOf(time));
+    const auto seconds = static_cast<int>(rules::TimeOfDay(time));
     icaltimetype result = icaltime_null_time();
     result.year = date.Year;
     result.month = date.Month;

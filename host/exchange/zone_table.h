@@ -3,7 +3,7 @@
 
 #include "host/exchange/entry_parser.h"
 #include "host/exchange/entry_sink.h"
-#include "host/outlook/zone_rules.h"
+#include "host/rules/zone_rules.h"
 
 #include <map>
 #include <memory>
@@ -14,7 +14,7 @@ namespace tavo::exchange {
 // A zone under the name that the store knows it by.
 struct Zone {
     std::string Name;
-    std::unique_ptr<outlook::ZoneRules> Rules; // never null
+    std::unique_ptr<rules::ZoneRules> Rules; // never null
 };
 
 class ZoneTable {
@@ -31,7 +31,7 @@ class ZoneTable {
 
   private:
     const Zone* Resolve(const std::string& tzid);
-    const Zone* Remember(const std::string& tzid, std::string name, std::unique_ptr<outlook::ZoneRules> rules);
+    const Zone* Remember(const std::string& tzid, std::string name, std::unique_ptr<rules::ZoneRules> rules);
 
     IEntrySink& Sink;
     std::map<std::string, std::string> Definitions; // the VTIMEZONEs by name
@@ -40,6 +40,6 @@ class ZoneTable {
 };
 
 // A clock's reading as libical writes it, without a zone.
-icaltimetype MakeIcalTime(outlook::Seconds time);
+icaltimetype MakeIcalTime(rules::Seconds time);
 
 } // namespace tavo::exchange

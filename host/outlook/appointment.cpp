@@ -2,7 +2,7 @@
 #include "host/outlook/appointment.h"
 
 #include "host/outlook/recurrence_pattern.h"
-#include "host/outlook/save_rules.h"
+#include "host/rules/save_rules.h"
 
 #include <cmath>
 

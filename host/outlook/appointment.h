@@ -2,9 +2,10 @@
 // its series only when asked.
 #pragma once
 
-#include "host/outlook/item_draft.h"
-#include "host/outlook/series.h"
 #include "host/outlook/session.h"
+#include "host/outlook/terms.h"
+#include "host/rules/item_draft.h"
+#include "host/rules/series.h"
 
 #include <memory>
 

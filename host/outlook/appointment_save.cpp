@@ -1,6 +1,6 @@
 // Saving and deleting: an item of its own, or one occurrence of a series as an exception to its rule.
 #include "host/outlook/appointment.h"
-#include "host/outlook/save_rules.h"
+#include "host/rules/save_rules.h"
 
 #include <algorithm>
 
@@ -128,8 +128,7 @@ Status Appointment::SaveOccurrence(ItemDraft& draft) {
     }
     StoreCore& core = Owner->Core;
     const Status status = WriteException([&](StoredException& exception, const StoredItem& series) {
-        ZoneId zone = kFloating;
-        (void)core.Zones.FindOrAdd(series.Zone, zone); // it is known: the series has it
+        const ZoneRules* zone = series.Zone.empty() ? nullptr : core.Zones.RulesByName(series.Zone);
         exception.Kind = ExceptionKind::Moved;
         exception.Start = core.Zones.FromWall(zone, draft.Item.Start);
         exception.End = core.Zones.FromWall(zone, draft.Item.End);

@@ -1,9 +1,10 @@
 // Judges the lines of a listing by a restriction.
 #pragma once
 
-#include "host/outlook/restriction.h"
-#include "host/outlook/series.h"
-#include "host/outlook/stored_item.h"
+#include "host/outlook/terms.h"
+#include "host/rules/restriction.h"
+#include "host/rules/series.h"
+#include "host/rules/stored_item.h"
 
 namespace tavo::outlook {
 

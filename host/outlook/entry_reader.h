@@ -1,7 +1,8 @@
 // Reads the lines of a listing from the narrow tables, in order and piece by piece.
 #pragma once
 
-#include "host/outlook/series.h"
+#include "host/outlook/terms.h"
+#include "host/rules/series.h"
 
 #include <vector>
 

@@ -5,12 +5,12 @@
 #include "host/outlook/entry_reader.h"
 #include "host/outlook/item_image.h"
 #include "host/outlook/row_sum.h"
-#include "host/outlook/save_rules.h"
 #include "host/outlook/schema.h"
 #include "host/outlook/store_core.h"
 #include "host/outlook/text.h"
 #include "host/outlook/verdict_words.h"
-#include "host/outlook/zone_rules.h"
+#include "host/rules/save_rules.h"
+#include "host/rules/zone_rules.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 // Imports: one transaction, each item looked up by its UID.
 #include "host/outlook/import_writer.h"
 
-#include "host/outlook/save_rules.h"
 #include "host/outlook/store_core.h"
+#include "host/rules/save_rules.h"
 
 #include <algorithm>
 #include <map>
@@ -74,6 +74,10 @@ Status ImportWriter::Begin(std::u16string_view groupName) {
     State->Unoffered.clear();
     State->Open.clear();
     return status;
+}
+
+std::unique_ptr<ZoneRules> ImportWriter::LoadZone(const std::string& name) const {
+    return rules::LoadZone(State->Core.Zones.GetSource(), name);
 }
 
 Status ImportWriter::DefineZone(const std::string& name, const std::string& component) {

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "host/outlook/store.h"
-#include "host/outlook/stored_item.h"
+#include "host/outlook/terms.h"
+#include "host/rules/stored_item.h"
+#include "host/rules/zone_rules.h"
 
 #include <memory>
 #include <string>
@@ -32,6 +34,8 @@ class ImportWriter {
 
     // The name is what undo shows to people.
     Status Begin(std::u16string_view groupName);
+    // Of the time zone database; null when it has none of that name.
+    std::unique_ptr<ZoneRules> LoadZone(const std::string& name) const;
     // Makes a zone known that the time zone database may not have. `component` is the whole VTIMEZONE text.
     Status DefineZone(const std::string& name, const std::string& component);
     // By its UID the item is new, changed since it was last imported, or unchanged (also when it was edited here

@@ -2,8 +2,9 @@
 #pragma once
 
 #include "host/outlook/entry_reader.h"
-#include "host/outlook/restriction.h"
 #include "host/outlook/session.h"
+#include "host/outlook/terms.h"
+#include "host/rules/restriction.h"
 
 #include <cstddef>
 #include <optional>

@@ -1,8 +1,8 @@
 // The bytes of an item: numbers of variable length, texts with their length before them.
 #include "host/outlook/item_image.h"
 
-#include "host/outlook/save_rules.h"
 #include "host/outlook/text.h"
+#include "host/rules/save_rules.h"
 
 namespace tavo::outlook {
 

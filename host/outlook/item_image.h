@@ -1,7 +1,8 @@
 // An item as bytes: the journal's picture of what was there before, and the fingerprint of what was imported.
 #pragma once
 
-#include "host/outlook/stored_item.h"
+#include "host/outlook/terms.h"
+#include "host/rules/stored_item.h"
 
 #include <cstdint>
 #include <span>

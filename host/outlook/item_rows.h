@@ -2,7 +2,8 @@
 #pragma once
 
 #include "host/outlook/schema.h"
-#include "host/outlook/wall_time.h"
+#include "host/outlook/terms.h"
+#include "host/rules/wall_time.h"
 
 #include <cstdint>
 

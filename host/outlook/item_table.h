@@ -1,8 +1,8 @@
 // Whole items in the store's tables: read, written and removed with all that hangs on them.
 #pragma once
 
-#include "host/outlook/series.h"
-#include "host/outlook/stored_item.h"
+#include "host/outlook/series_table.h"
+#include "host/outlook/zone_cache.h"
 
 #include <cstdint>
 #include <set>
@@ -16,7 +16,8 @@ enum class Ink { Leave, Take }; // whether the note is read or written with the 
 
 class ItemTable {
   public:
-    ItemTable(Database& database, ZoneCache& zones) : Source(database), Zones(zones), Expander(database, zones) {}
+    ItemTable(Database& database, ZoneCache& zones)
+        : Source(database), Zones(zones), Details(database), Expander(Details, zones) {}
 
     // NotFound when there is no such item.
     Status Read(Oid oid, Ink ink, StoredItem& item);
@@ -56,6 +57,7 @@ class ItemTable {
 
     Database& Source;
     ZoneCache& Zones;
+    SeriesDetails Details;
     SeriesExpander Expander;
 };
 

@@ -4,7 +4,6 @@
 #include "host/outlook/database.h"
 
 #include <cstdint>
-#include <limits>
 
 namespace tavo::outlook {
 
@@ -13,9 +12,6 @@ constexpr std::int32_t kSchemaVersion = 4;
 constexpr std::int32_t kSummedVersion = 4; // from here on rows carry their checksums
 // From here on who only reads finds all it needs in its place.
 constexpr std::int32_t kReadableVersion = 3;
-
-// Stands for "after every time there is" in the end of an endless series.
-constexpr std::int64_t kForever = std::numeric_limits<std::int64_t>::max();
 
 // A short item lasts a day at most, a long one up to the 31 days that an appointment may last: two spans of start times
 // in which an item that touches a given moment can begin.

@@ -1,7 +1,7 @@
 // Keeps the narrow rows of all series in memory for a process that asks for one window after the other.
 #pragma once
 
-#include "host/outlook/series.h"
+#include "host/outlook/series_table.h"
 
 #include <cstdint>
 #include <span>

@@ -4,6 +4,7 @@
 #include "host/outlook/schema.h"
 #include "host/outlook/store_core.h"
 #include "host/outlook/store_file.h"
+#include "host/posix/zone_database.h"
 
 #include <sys/statvfs.h>
 
@@ -125,7 +126,7 @@ Status Store::ReadItem(Oid oid, StoredItem& item) {
 }
 
 Status OpenStore(const std::filesystem::path& path, const StoreOptions& options, StorePtr& store) {
-    auto core = std::make_unique<StoreCore>();
+    auto core = std::make_unique<StoreCore>(posix::SystemZones());
     core->Path = RealPath(path);
     FileFacts facts;
     Status status = InspectAndOpen(*core, options, facts);
@@ -133,7 +134,8 @@ Status OpenStore(const std::filesystem::path& path, const StoreOptions& options,
         status = Migrate(*core, facts);
     }
     if (Succeeded(status)) {
-        const std::string zone = options.DeviceZone.empty() ? ReadSystemZoneName() : options.DeviceZone;
+        const std::string zone =
+            options.DeviceZone.empty() ? FindDeviceZone(core->Zones.GetSource()) : options.DeviceZone;
         status = core->SetDeviceZone(zone);
     }
     if (Succeeded(status)) {

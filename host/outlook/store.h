@@ -1,7 +1,8 @@
 // Opening the appointment store, a single file, for the program and for tools.
 #pragma once
 
-#include "host/outlook/wall_time.h"
+#include "host/outlook/terms.h"
+#include "host/rules/wall_time.h"
 #include "platform/outlook.h"
 
 #include <filesystem>
@@ -41,7 +42,7 @@ class Store {
     Status NoteFullCheck(std::int64_t when);
 
     // One item with everything (ink included); NotFound when it is gone.
-    Status ReadItem(Oid oid, struct StoredItem& item);
+    Status ReadItem(Oid oid, StoredItem& item);
 
     StoreCore& Core() const { return *Pointer; }
 

@@ -359,7 +359,7 @@ Status StoreCore::SetDeviceZone(const std::string& name) {
     if (!Zones.SetDevice(name)) {
         return Status::InvalidArgument;
     }
-    const std::string mark = name + " " + ReadZoneDatabaseRelease();
+    const std::string mark = name + " " + Zones.GetSource().GetRelease();
     std::string stored;
     if (const Status status = ReadStoredZone(stored); Failed(status)) {
         return status;

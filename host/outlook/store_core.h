@@ -42,7 +42,8 @@ struct UndoWork {
 
 class StoreCore {
   public:
-    StoreCore() : Zones(Db), Items(Db, Zones), Changes(Db), Tags(*this), Series(Db) {}
+    explicit StoreCore(rules::IZoneSource& zones)
+        : Zones(Db, zones), Items(Db, Zones), Changes(Db), Tags(*this), Series(Db) {}
 
     ~StoreCore();
     StoreCore(const StoreCore&) = delete;

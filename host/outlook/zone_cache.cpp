@@ -3,30 +3,20 @@
 
 namespace tavo::outlook {
 
-bool ZoneCache::SetDevice(const std::string& name) {
-    std::unique_ptr<ZoneRules> rules = LoadSystemZone(name);
-    if (rules == nullptr) {
-        return false;
-    }
-    DeviceZone = name;
-    Device = std::move(rules);
-    return true;
-}
-
 const ZoneCache::Zone& ZoneCache::Load(ZoneId zone) {
-    const auto known = Zones.find(zone);
-    if (known != Zones.end()) {
+    const auto known = Known.find(zone);
+    if (known != Known.end()) {
         return known->second;
     }
     Zone loaded;
-    Query query(Source, "SELECT name, component FROM zone WHERE id = ?");
+    Query query(Kept, "SELECT name, component FROM zone WHERE id = ?");
     if (query.Bind(zone).Next()) {
         loaded.Name = query.Text(0);
         std::string fault;
-        loaded.Rules =
-            query.IsNull(1) ? LoadSystemZone(loaded.Name) : ParseZoneComponent(std::string(query.Text(1)), fault);
+        loaded.Rules = query.IsNull(1) ? LoadZone(GetSource(), loaded.Name)
+                                       : ParseZoneComponent(std::string(query.Text(1)), fault);
     }
-    return Zones.emplace(zone, std::move(loaded)).first->second;
+    return Known.emplace(zone, std::move(loaded)).first->second;
 }
 
 const ZoneRules* ZoneCache::Rules(ZoneId zone) {
@@ -34,13 +24,13 @@ const ZoneRules* ZoneCache::Rules(ZoneId zone) {
 }
 
 const ZoneRules* ZoneCache::RulesByName(const std::string& name) {
-    Query query(Source, "SELECT id FROM zone WHERE name = ?");
+    Query query(Kept, "SELECT id FROM zone WHERE name = ?");
     if (query.Bind(name).Next()) {
         return Rules(query.Integer(0));
     }
     const auto known = SystemZones.find(name);
     return known != SystemZones.end() ? known->second.get()
-                                      : SystemZones.emplace(name, LoadSystemZone(name)).first->second.get();
+                                      : SystemZones.emplace(name, LoadZone(GetSource(), name)).first->second.get();
 }
 
 std::string ZoneCache::Name(ZoneId zone) {
@@ -52,7 +42,7 @@ Status ZoneCache::FindOrAdd(const std::string& name, ZoneId& zone) {
     if (name.empty()) {
         return Status::Ok;
     }
-    Query find(Source, "SELECT id FROM zone WHERE name = ?");
+    Query find(Kept, "SELECT id FROM zone WHERE name = ?");
     if (find.Bind(name).Next()) {
         zone = find.Integer(0);
         return Status::Ok;
@@ -63,15 +53,15 @@ Status ZoneCache::FindOrAdd(const std::string& name, ZoneId& zone) {
     if (RulesByName(name) == nullptr) {
         return Status::InvalidArgument;
     }
-    Query add(Source, "INSERT INTO zone(name, sum) VALUES (?1, row_sum(?1, NULL))");
+    Query add(Kept, "INSERT INTO zone(name, sum) VALUES (?1, row_sum(?1, NULL))");
     const Status status = add.Bind(name).Finish();
-    zone = sqlite3_last_insert_rowid(Source.Raw());
+    zone = sqlite3_last_insert_rowid(Kept.Raw());
     return status;
 }
 
 Status ZoneCache::Define(const std::string& name, const std::string& component, std::string& storedName) {
     storedName = name;
-    if (LoadSystemZone(name) != nullptr) {
+    if (LoadZone(GetSource(), name) != nullptr) {
         return Status::Ok; // the zone database is newer than what came along
     }
     std::string fault;
@@ -80,7 +70,7 @@ Status ZoneCache::Define(const std::string& name, const std::string& component, 
     }
     // Different calendars give different zones the same name: the second one gets a number.
     for (int number = 2;; ++number) {
-        Query find(Source, "SELECT component FROM zone WHERE name = ?");
+        Query find(Kept, "SELECT component FROM zone WHERE name = ?");
         if (find.Bind(storedName).Next()) {
             if (find.Text(0) == component) {
                 return Status::Ok;
@@ -91,33 +81,13 @@ Status ZoneCache::Define(const std::string& name, const std::string& component, 
         if (Failed(find.Result())) {
             return find.Result();
         }
-        Query add(Source, "INSERT INTO zone(name, component, sum) VALUES (?1, ?2, row_sum(?1, ?2))");
+        Query add(Kept, "INSERT INTO zone(name, component, sum) VALUES (?1, ?2, row_sum(?1, ?2))");
         return add.Bind(storedName).Bind(component).Finish();
     }
 }
 
-Seconds ZoneCache::ToWall(ZoneId zone, Seconds own) {
-    const ZoneRules* rules = Rules(zone);
-    return rules == nullptr || Device == nullptr ? own : Device->ToLocal(rules->ToUtc(own));
-}
-
-Seconds ZoneCache::FromWall(ZoneId zone, Seconds wall) {
-    const ZoneRules* rules = Rules(zone);
-    return rules == nullptr || Device == nullptr ? wall : rules->ToLocal(Device->ToUtc(wall));
-}
-
-Seconds ZoneCache::ToUtc(ZoneId zone, Seconds own) {
-    const ZoneRules* rules = Rules(zone);
-    rules = rules == nullptr ? Device.get() : rules;
-    return rules == nullptr ? own : rules->ToUtc(own);
-}
-
-Seconds ZoneCache::UtcToWall(Seconds utc) const {
-    return Device == nullptr ? utc : Device->ToLocal(utc);
-}
-
 void ZoneCache::Forget() {
-    Zones.clear();
+    Known.clear();
 }
 
 } // namespace tavo::outlook

@@ -1,8 +1,9 @@
-// The time zones that items of the store name, and the device's own.
+// The time zones that items of the store name.
 #pragma once
 
 #include "host/outlook/database.h"
-#include "host/outlook/zone_rules.h"
+#include "host/outlook/terms.h"
+#include "host/rules/zones.h"
 
 #include <cstdint>
 #include <memory>
@@ -11,33 +12,17 @@
 
 namespace tavo::outlook {
 
-using ZoneId = std::int64_t;
-constexpr ZoneId kFloating = 0; // the device's wall clock, wherever it is
-
-class ZoneCache {
+class ZoneCache final : public rules::Zones {
   public:
-    explicit ZoneCache(Database& database) : Source(database) {}
+    ZoneCache(Database& database, rules::IZoneSource& source) : Zones(source), Kept(database) {}
 
-    // False, and then unchanged, when there is no such zone.
-    bool SetDevice(const std::string& name);
-
-    const std::string& DeviceName() const { return DeviceZone; }
-
-    // Null for kFloating and for a zone that nothing is known of any more.
-    const ZoneRules* Rules(ZoneId zone);
-    const ZoneRules* RulesByName(const std::string& name);
+    const ZoneRules* Rules(ZoneId zone) override;
+    const ZoneRules* RulesByName(const std::string& name) override;
     std::string Name(ZoneId zone);
     // The id under which the store knows a zone, made when it is new. kFloating for "".
     Status FindOrAdd(const std::string& name, ZoneId& zone);
     // Keeps a zone that came as a component; `storedName` gets the name to use from now on.
     Status Define(const std::string& name, const std::string& component, std::string& storedName);
-
-    // Between a zone's clock and the device's. A zone without rules is taken for floating.
-    Seconds ToWall(ZoneId zone, Seconds own);
-    Seconds FromWall(ZoneId zone, Seconds wall);
-    // Between a zone's clock, or the device's for kFloating, and universal time.
-    Seconds ToUtc(ZoneId zone, Seconds own);
-    Seconds UtcToWall(Seconds utc) const;
 
     // After a transaction was taken back, what it added is no longer there.
     void Forget();
@@ -50,10 +35,8 @@ class ZoneCache {
 
     const Zone& Load(ZoneId zone);
 
-    Database& Source;
-    std::string DeviceZone = "UTC";
-    std::unique_ptr<ZoneRules> Device;
-    std::unordered_map<ZoneId, Zone> Zones;
+    Database& Kept;
+    std::unordered_map<ZoneId, Zone> Known;
     std::unordered_map<std::string, std::unique_ptr<ZoneRules>> SystemZones;
 };
 

@@ -1,8 +1,8 @@
 // Looks through the reminders of each lead; series are expanded around the time in question.
 #include "host/reminders/reminder_finder.h"
 
-#include "host/outlook/expansion_budget.h"
 #include "host/outlook/item_rows.h"
+#include "host/rules/expansion_budget.h"
 
 #include <algorithm>
 #include <limits>
@@ -12,10 +12,10 @@ namespace tavo::reminders {
 
 namespace {
 
-using outlook::Entry;
-using outlook::EntryKind;
 using outlook::Query;
-using outlook::ZoneId;
+using rules::Entry;
+using rules::EntryKind;
+using rules::ZoneId;
 
 // Clocks differ from universal time, and from each other, by less; times found with it are looked at exactly.
 constexpr Moment kSlack = kDay;
@@ -52,7 +52,7 @@ constexpr Moment LeadOf(std::int64_t minutes) {
 
 struct ReminderFinder::Item {
     std::int64_t Start = 0;
-    ZoneId Zone = outlook::kFloating;
+    ZoneId Zone = rules::kFloating;
     std::int64_t OwnStart = 0;
     std::int64_t Flags = 0;
     Moment Lead = 0;
@@ -99,15 +99,15 @@ Status ReminderFinder::ReadSeries(std::int64_t from) {
     while (query.Next()) {
         leads.emplace(query.Small(0), LeadOf(query.Integer(1)));
     }
-    std::vector<outlook::SeriesRow> rows;
+    std::vector<rules::SeriesRow> rows;
     Status status = query.Result();
     if (Succeeded(status)) {
-        status = outlook::ReadSeriesTouching(Core.Db, from, outlook::kForever, rows);
+        status = outlook::ReadSeriesTouching(Core.Db, from, rules::kForever, rows);
     }
     if (Failed(status)) {
         return status;
     }
-    for (const outlook::SeriesRow& row : rows) {
+    for (const rules::SeriesRow& row : rows) {
         if (const auto lead = leads.find(row.Item); lead != leads.end()) {
             Series.push_back({row, lead->second});
         }
@@ -124,14 +124,14 @@ Status ReminderFinder::WalkPlain(const PlainSpan& span, const Visit& visit) {
     query.Bind(span.LeadsOnly ? 1 : std::numeric_limits<std::int32_t>::min());
     while (query.Next()) {
         const bool zoned = !query.IsNull(2);
-        const ZoneId zone = zoned ? query.Integer(2) : outlook::kFloating;
+        const ZoneId zone = zoned ? query.Integer(2) : rules::kFloating;
         visit(MakePlain(query.Small(0), zone, query.Integer(zoned ? 3 : 1), LeadOf(query.Integer(4))));
     }
     return query.Result();
 }
 
 Status ReminderFinder::WalkSeries(const RemindingSeries& series, std::int64_t from, std::int64_t to,
-                                  outlook::ExpansionBudget& budget, const Visit& visit) {
+                                  rules::ExpansionBudget& budget, const Visit& visit) {
     if (series.Row.First > to || series.Row.Until < from) {
         return Status::Ok;
     }
@@ -168,12 +168,12 @@ Status ReminderFinder::FindDue(Moment after, Moment upTo, const Visit& visit) {
 Status ReminderFinder::WalkAll(std::int64_t from, std::int64_t to, const Visit& visit,
                                std::vector<std::size_t>& leftOut) {
     Status status = Status::Ok;
-    leftOut = outlook::ShareWork(Series.size(), (to - from) / kDay + 1,
-                                 [&](std::size_t index, outlook::ExpansionBudget& budget) {
-                                     const RemindingSeries& series = Series[index];
-                                     status = WalkSeries(series, from + series.Lead, to + series.Lead, budget, visit);
-                                     return Succeeded(status);
-                                 });
+    leftOut =
+        rules::ShareWork(Series.size(), (to - from) / kDay + 1, [&](std::size_t index, rules::ExpansionBudget& budget) {
+            const RemindingSeries& series = Series[index];
+            status = WalkSeries(series, from + series.Lead, to + series.Lead, budget, visit);
+            return Succeeded(status);
+        });
     std::sort(leftOut.begin(), leftOut.end());
     return status;
 }
@@ -190,7 +190,7 @@ Status ReminderFinder::FindAhead(Moment now, const Visit& visit) {
         status = ReadSeries(wall - kSlack);
     }
     if (Succeeded(status)) {
-        outlook::ShareWork(Series.size(), kDaysAhead, [&](std::size_t index, outlook::ExpansionBudget& budget) {
+        rules::ShareWork(Series.size(), kDaysAhead, [&](std::size_t index, rules::ExpansionBudget& budget) {
             status = WalkAhead(Series[index], now, budget, visit);
             return Succeeded(status);
         });
@@ -198,7 +198,7 @@ Status ReminderFinder::FindAhead(Moment now, const Visit& visit) {
     return status;
 }
 
-Status ReminderFinder::WalkAhead(const RemindingSeries& series, Moment now, outlook::ExpansionBudget& budget,
+Status ReminderFinder::WalkAhead(const RemindingSeries& series, Moment now, rules::ExpansionBudget& budget,
                                  const Visit& visit) {
     std::vector<DueReminder> found;
     const std::int64_t wall = Core.Zones.UtcToWall(now);
@@ -248,7 +248,7 @@ Status ReminderFinder::FindNextOfSeries(Moment after, Moment& best) {
     const std::int64_t wall = Core.Zones.UtcToWall(after);
     Status status = ReadSeries(wall - kSlack);
     std::int64_t from = wall - kSlack;
-    outlook::ExpansionBudget all(outlook::kStepsOfNextReminder);
+    rules::ExpansionBudget all(rules::kStepsOfNextReminder);
     std::vector<std::size_t> leftOut;
     const Visit visit = [&](const DueReminder& reminder) {
         if (reminder.At > after) {
@@ -259,15 +259,15 @@ Status ReminderFinder::FindNextOfSeries(Moment after, Moment& best) {
     for (Moment reach = kFirstReach; reach <= kFarthestReach && Succeeded(status); reach *= 4) {
         const std::int64_t farthest = wall + reach;
         const std::int64_t to =
-            best == outlook::kForever ? farthest : std::min(farthest, Core.Zones.UtcToWall(best) + kSlack);
+            best == rules::kForever ? farthest : std::min(farthest, Core.Zones.UtcToWall(best) + kSlack);
         if (reach == kFirstReach) {
             status = WalkAll(from, to, visit, leftOut);
         }
         for (std::size_t index = 0; index < Series.size() && reach > kFirstReach && Succeeded(status); ++index) {
             if (!std::binary_search(leftOut.begin(), leftOut.end(), index)) {
                 const RemindingSeries& series = Series[index];
-                const std::int64_t share = std::min(all.GetRest(), outlook::kStepsOfExpansion);
-                outlook::ExpansionBudget own(share);
+                const std::int64_t share = std::min(all.GetRest(), rules::kStepsOfExpansion);
+                rules::ExpansionBudget own(share);
                 status = WalkSeries(series, from + series.Lead, to + series.Lead, own, visit);
                 // What has a fault costs the others nothing; what takes too long may still remind.
                 all.Take(own.IsSpent() && !own.IsHopeless() ? all.GetRest() + 1 : share - own.GetRest());
@@ -279,7 +279,7 @@ Status ReminderFinder::FindNextOfSeries(Moment after, Moment& best) {
             break;
         }
         from = to;
-        if (best != outlook::kForever && Core.Zones.UtcToWall(best) + kSlack <= to) {
+        if (best != rules::kForever && Core.Zones.UtcToWall(best) + kSlack <= to) {
             break;
         }
     }
@@ -287,12 +287,12 @@ Status ReminderFinder::FindNextOfSeries(Moment after, Moment& best) {
 }
 
 Status ReminderFinder::FindNext(Moment after, std::optional<Moment>& next) {
-    Moment best = outlook::kForever;
+    Moment best = rules::kForever;
     Status status = FindNextPlain(after, best);
     if (Succeeded(status)) {
         status = FindNextOfSeries(after, best);
     }
-    next = best == outlook::kForever ? std::nullopt : std::optional(best);
+    next = best == rules::kForever ? std::nullopt : std::optional(best);
     return status;
 }
 
@@ -300,7 +300,7 @@ Status ReminderFinder::FindTime(const ReminderKey& key, std::optional<Moment>& d
     due.reset();
     Query query(Core.Db, "SELECT zone, reminder_minutes FROM item WHERE oid = ? AND flags & 2");
     if (query.Bind(key.Item).Next()) {
-        const ZoneId zone = query.IsNull(0) ? outlook::kFloating : query.Integer(0);
+        const ZoneId zone = query.IsNull(0) ? rules::kFloating : query.Integer(0);
         const Moment lead = LeadOf(query.Integer(1));
         due = DueOf(zone, key.Due + lead, lead);
     }
@@ -308,7 +308,7 @@ Status ReminderFinder::FindTime(const ReminderKey& key, std::optional<Moment>& d
 }
 
 Status ReminderFinder::DescribePlain(const ReminderKey& key, Item& item, bool& stands) {
-    const std::int64_t own = item.Zone == outlook::kFloating ? item.Start : item.OwnStart;
+    const std::int64_t own = item.Zone == rules::kFloating ? item.Start : item.OwnStart;
     stands = key.Original == 0 && own - item.Lead == key.Due;
     item.Text.StartWall = item.Start;
     return Status::Ok;
@@ -323,7 +323,7 @@ Status ReminderFinder::DescribeOccurrence(const ReminderKey& key, Item& item, bo
         return exception.Result();
     }
     if (excepted) {
-        if (exception.Small(0) != static_cast<int>(outlook::ExceptionKind::Moved)) {
+        if (exception.Small(0) != static_cast<int>(rules::ExceptionKind::Moved)) {
             return Status::Ok;
         }
         own = exception.Integer(1);
@@ -334,13 +334,13 @@ Status ReminderFinder::DescribeOccurrence(const ReminderKey& key, Item& item, bo
     if (own - item.Lead != key.Due) {
         return Status::Ok;
     }
-    outlook::SeriesRow row;
+    rules::SeriesRow row;
     const std::int64_t from = item.Text.StartWall - kSlack;
     const std::int64_t to = item.Text.StartWall + kSlack;
     Status status = outlook::ReadSeriesOf(Core.Db, key.Item, row);
     if (status == Status::Ok && row.First <= to && row.Until >= from) {
         Entries.clear();
-        outlook::ExpansionBudget budget(outlook::kStepsOfExpansion);
+        rules::ExpansionBudget budget(rules::kStepsOfExpansion);
         status = Core.Items.Series().Expand(row, from, to, Entries, budget);
         stands = std::any_of(Entries.begin(), Entries.end(),
                              [&key](const Entry& entry) { return entry.Original == key.Original; });
@@ -358,7 +358,7 @@ Status ReminderFinder::Describe(const ReminderKey& key, std::optional<ReminderTe
             return query.Result();
         }
         item.Start = query.Integer(0);
-        item.Zone = query.IsNull(1) ? outlook::kFloating : query.Integer(1);
+        item.Zone = query.IsNull(1) ? rules::kFloating : query.Integer(1);
         item.OwnStart = query.Integer(2);
         item.Flags = query.Integer(3);
         item.Lead = LeadOf(query.Integer(4));

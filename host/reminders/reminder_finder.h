@@ -32,7 +32,7 @@ class ReminderFinder {
 
   private:
     struct RemindingSeries {
-        outlook::SeriesRow Row;
+        rules::SeriesRow Row;
         Moment Lead = 0;
     };
 
@@ -46,19 +46,19 @@ class ReminderFinder {
 
     struct Item; // the columns that a description needs
 
-    DueReminder MakePlain(Oid oid, outlook::ZoneId zone, std::int64_t own, Moment lead);
-    Status MakeOccurrence(const RemindingSeries& series, const outlook::Entry& entry, DueReminder& reminder);
-    Moment DueOf(outlook::ZoneId zone, std::int64_t own, Moment lead);
+    DueReminder MakePlain(Oid oid, rules::ZoneId zone, std::int64_t own, Moment lead);
+    Status MakeOccurrence(const RemindingSeries& series, const rules::Entry& entry, DueReminder& reminder);
+    Moment DueOf(rules::ZoneId zone, std::int64_t own, Moment lead);
     Status ReadSeries(std::int64_t from);
     // Plain items in a span, in no order.
     Status WalkPlain(const PlainSpan& span, const Visit& visit);
     // Occurrences of one series that start in a span on the device's clock; none when the budget does not suffice.
-    Status WalkSeries(const RemindingSeries& series, std::int64_t from, std::int64_t to,
-                      outlook::ExpansionBudget& budget, const Visit& visit);
+    Status WalkSeries(const RemindingSeries& series, std::int64_t from, std::int64_t to, rules::ExpansionBudget& budget,
+                      const Visit& visit);
     // WalkSeries of all series, around their starts between two times and the lead. Gives those that were left out.
     Status WalkAll(std::int64_t from, std::int64_t to, const Visit& visit, std::vector<std::size_t>& leftOut);
     // The nearest occurrences of one series that are due but have not started; none when the budget does not suffice.
-    Status WalkAhead(const RemindingSeries& series, Moment now, outlook::ExpansionBudget& budget, const Visit& visit);
+    Status WalkAhead(const RemindingSeries& series, Moment now, rules::ExpansionBudget& budget, const Visit& visit);
     Status FindNextPlain(Moment after, Moment& best);
     Status FindNextOfSeries(Moment after, Moment& best);
     Status DescribePlain(const ReminderKey& key, Item& item, bool& stands);
@@ -68,7 +68,7 @@ class ReminderFinder {
     std::vector<RemindingSeries> Series;
     std::int64_t SeriesFrom = 0;   // what ends before is left out
     std::int64_t SeriesState = -1; // the count of item changes for which it holds
-    std::vector<outlook::Entry> Entries;
+    std::vector<rules::Entry> Entries;
 };
 
 } // namespace tavo::reminders

@@ -24,7 +24,7 @@ class Crowd : public CompanionTest {
         StartCompanion(Bus.Address());
         ASSERT_EQ(App->Begin(u"Many"), Status::Ok);
         const double due = std::floor(TimeNow()) + kAhead;
-        const outlook::Seconds start = Now() + 600 + kAhead;
+        const rules::Seconds start = Now() + 600 + kAhead;
         for (int index = 0; index < kCrowd; ++index) {
             AddReminderAt(start, u"Item", 10);
         }

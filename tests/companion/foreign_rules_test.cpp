@@ -13,7 +13,7 @@ constexpr double kSoon = 10; // seconds that a busy machine may take
 class ForeignRules : public CompanionTest {
   protected:
     void GivenSeriesBy(const std::string& lines) {
-        outlook::StoredItem item = outlook::test::MakeItem("u", "2026-01-05 09:00", "2026-01-05 10:00", u"Foreign");
+        rules::StoredItem item = outlook::test::MakeItem("u", "2026-01-05 09:00", "2026-01-05 10:00", u"Foreign");
         item.Pattern = outlook::test::Daily();
         item.ReminderSet = true;
         item.ReminderMinutes = 15;

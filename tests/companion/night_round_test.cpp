@@ -2,7 +2,7 @@
 #include "companion/night_round.h"
 
 #include "host/outlook/store_core.h"
-#include "host/outlook/wall_time.h"
+#include "host/rules/wall_time.h"
 #include "tests/companion/notification_service.h"
 #include "tests/companion/running_companion.h"
 #include "tests/outlook/planted_rule.h"
@@ -141,7 +141,7 @@ TEST_F(NightRoundTest, DamageIsTold) {
 }
 
 TEST_F(NightRoundTest, WhatCannotBeShownIsNoReasonToCheckAgain) {
-    outlook::StoredItem item = outlook::test::MakeItem("u", "2026-01-05 09:00", "2026-01-05 10:00", u"Foreign");
+    rules::StoredItem item = outlook::test::MakeItem("u", "2026-01-05 09:00", "2026-01-05 10:00", u"Foreign");
     item.Pattern = outlook::test::Daily();
     ASSERT_TRUE(outlook::test::PlantRule(Store->Core(), Import(item), "RRULE:RSCALE=CHINESE;FREQ=YEARLY"));
     NoteCheck(0);

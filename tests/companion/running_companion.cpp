@@ -2,7 +2,7 @@
 #include "tests/companion/running_companion.h"
 
 #include "host/outlook/store_core.h"
-#include "host/outlook/wall_time.h"
+#include "host/rules/wall_time.h"
 #include "tests/companion/patience.h"
 
 #include <csignal>
@@ -51,17 +51,17 @@ Oid CompanionTest::AddReminder(const std::u16string& subject, int secondsAhead, 
     return AddReminderAt(Now() + secondsAhead, subject, leadMinutes, options, sound);
 }
 
-outlook::Seconds CompanionTest::Now() {
-    return std::time(nullptr) + outlook::kUnixEpochDay * outlook::kSecondsPerDay;
+rules::Seconds CompanionTest::Now() {
+    return std::time(nullptr) + rules::kUnixEpochDay * rules::kSecondsPerDay;
 }
 
-Oid CompanionTest::AddReminderAt(outlook::Seconds start, const std::u16string& subject, int leadMinutes,
+Oid CompanionTest::AddReminderAt(rules::Seconds start, const std::u16string& subject, int leadMinutes,
                                  std::int32_t options, const std::u16string& sound) {
     ComPtr<IAppointment> item;
     EXPECT_EQ(App->CreateItem(kItemAppointment, item), Status::Ok);
     EXPECT_EQ(item->put_Subject(subject), Status::Ok);
-    EXPECT_EQ(item->put_Start(outlook::DateFromSeconds(start)), Status::Ok);
-    EXPECT_EQ(item->put_End(outlook::DateFromSeconds(start + 600)), Status::Ok);
+    EXPECT_EQ(item->put_Start(rules::DateFromSeconds(start)), Status::Ok);
+    EXPECT_EQ(item->put_End(rules::DateFromSeconds(start + 600)), Status::Ok);
     EXPECT_EQ(item->put_ReminderSet(true), Status::Ok);
     EXPECT_EQ(item->put_ReminderMinutesBeforeStart(leadMinutes), Status::Ok);
     EXPECT_EQ(item->put_ReminderOptions(options), Status::Ok);

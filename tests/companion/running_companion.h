@@ -24,11 +24,11 @@ class CompanionTest : public outlook::test::StoreTest {
     // An item that starts so many seconds from now and reminds so many minutes before, with these options.
     Oid AddReminder(const std::u16string& subject, int secondsAhead, int leadMinutes = 0, std::int32_t options = 5,
                     const std::u16string& sound = u"");
-    Oid AddReminderAt(outlook::Seconds start, const std::u16string& subject, int leadMinutes, std::int32_t options = 5,
+    Oid AddReminderAt(rules::Seconds start, const std::u16string& subject, int leadMinutes, std::int32_t options = 5,
                       const std::u16string& sound = u"");
     // As if the machine had been off since yesterday, and all items were two hours earlier.
     void BeOffForADay();
-    static outlook::Seconds Now();
+    static rules::Seconds Now();
     // The states of the ledger, in order of OID: "0 1 2".
     std::string LedgerStates();
     // Waits until the ledger says so, serving nobody meanwhile.

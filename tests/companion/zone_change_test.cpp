@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 constexpr double kSoon = 10;
 constexpr int kTokyoHours = 9; // ahead of UTC, all the year
-constexpr outlook::Seconds kHour = 3600;
+constexpr rules::Seconds kHour = 3600;
 
 // A companion with an /etc of the test's own.
 class ZoneChange : public CompanionTest {

@@ -1,7 +1,7 @@
 // What an item has and the form cannot show outlives every edit of it.
 #include "host/outlook/import_writer.h"
 #include "host/outlook/store.h"
-#include "host/outlook/stored_item.h"
+#include "host/rules/stored_item.h"
 #include "tests/edit/edit_desk.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 namespace tavo::test {
 namespace {
 
-using outlook::StoredItem;
+using rules::StoredItem;
 
 constexpr std::int32_t kExistingModes[] = {kModeAlarm, kModeHoliday, kModeAnniversary, kModeAppointment};
 constexpr std::int32_t kOwnReminderOptions = kReminderVibrate | kReminderDialog;
@@ -54,13 +54,13 @@ StoredItem MakeRichItem(ItemKind kind) {
     item.Categories = u"Work, Travel";
     item.Body = u"Bring the map.\nAnd the key.";
     item.Zone = "America/New_York";
-    item.ZoneStart = outlook::MakeTime(2026, 11, 30, 9, 0); // a Monday
+    item.ZoneStart = rules::MakeTime(2026, 11, 30, 9, 0); // a Monday
     item.ZoneEnd = item.ZoneStart;
     if (kind == ItemKind::Appointment) {
-        item.ZoneEnd = outlook::MakeTime(2026, 11, 30, 10, 45, 30);
+        item.ZoneEnd = rules::MakeTime(2026, 11, 30, 10, 45, 30);
     } else if (IsDayKind(kind)) {
         item.Zone = "";
-        item.Start = outlook::MakeTime(2026, 11, 30);
+        item.Start = rules::MakeTime(2026, 11, 30);
         item.End = item.Start;
         item.AllDay = true;
     }
@@ -75,13 +75,12 @@ StoredItem MakeRichItem(ItemKind kind) {
     item.Pattern.DayOfMonth = 3;
     item.Pattern.Instance = 2;
     item.Pattern.MonthOfYear = 4;
-    const outlook::Seconds first = item.Zone.empty() ? item.Start : item.ZoneStart;
-    const outlook::Seconds moved = first + 2 * outlook::kSecondsPerDay;
-    outlook::StoredException cancelled;
-    cancelled.Original = first + outlook::kSecondsPerDay;
+    const rules::Seconds first = item.Zone.empty() ? item.Start : item.ZoneStart;
+    const rules::Seconds moved = first + 2 * rules::kSecondsPerDay;
+    rules::StoredException cancelled;
+    cancelled.Original = first + rules::kSecondsPerDay;
     item.Exceptions.push_back(cancelled);
-    item.Exceptions.push_back(
-        {moved, outlook::ExceptionKind::Moved, moved + 3600, moved + 7200, u"Moved", u"Room 8", 0});
+    item.Exceptions.push_back({moved, rules::ExceptionKind::Moved, moved + 3600, moved + 7200, u"Moved", u"Room 8", 0});
     item.Ink = {0xF7, 1, 2, 3};
     return item;
 }

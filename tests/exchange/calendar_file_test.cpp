@@ -1,4 +1,6 @@
 // Each file data/NAME.ics gives what data/NAME.expected says, line by line.
+#include "host/posix/zone_database.h"
+#include "host/rules/zones.h"
 #include "tests/exchange/item_text.h"
 
 #include <gtest/gtest.h>
@@ -64,7 +66,7 @@ TEST_P(CalendarFile, MeansTheSameWithOtherLineEnds) {
 TEST(CalendarFileReading, StopsWhenTheSinkDoesNotWantToGoOn) {
     class StoppingSink final : public IEntrySink {
       public:
-        bool OnItem(const outlook::StoredItem& /*item*/, int /*line*/) override { return ++Items < 2; }
+        bool OnItem(const rules::StoredItem& /*item*/, int /*line*/) override { return ++Items < 2; }
 
         bool OnLoneOccurrence(const LoneOccurrence& /*occurrence*/, int /*line*/) override { return true; }
 
@@ -73,6 +75,10 @@ TEST(CalendarFileReading, StopsWhenTheSinkDoesNotWantToGoOn) {
         bool OnPassedOver() override { return true; }
 
         bool OnProgress(std::int64_t /*offset*/) override { return true; }
+
+        std::unique_ptr<rules::ZoneRules> LoadZone(const std::string& name) override {
+            return rules::LoadZone(posix::SystemZones(), name);
+        }
 
         bool DefineZone(const std::string& /*name*/, const std::string& /*component*/) override { return true; }
 

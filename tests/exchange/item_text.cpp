@@ -1,6 +1,9 @@
 // Items and what became of a calendar file, as text that tests compare.
 #include "tests/exchange/item_text.h"
 
+#include "host/posix/zone_database.h"
+#include "host/rules/zones.h"
+
 #include <array>
 #include <cstdio>
 #include <string_view>
@@ -8,10 +11,10 @@
 namespace tavo::exchange {
 namespace {
 
-using outlook::PatternEnd;
-using outlook::StoredException;
-using outlook::StoredItem;
-using outlook::StoredPattern;
+using rules::PatternEnd;
+using rules::StoredException;
+using rules::StoredItem;
+using rules::StoredPattern;
 
 // ASCII as it is, everything else by its number, so that a wrong letter shows.
 std::string DescribeText(std::u16string_view text) {
@@ -30,8 +33,8 @@ std::string DescribeText(std::u16string_view text) {
     return result;
 }
 
-std::string DescribeDay(outlook::DayNumber day) {
-    return DescribeTime(outlook::MidnightOf(day)).substr(0, 10);
+std::string DescribeDay(rules::DayNumber day) {
+    return DescribeTime(rules::MidnightOf(day)).substr(0, 10);
 }
 
 void AddLine(std::string& text, std::string_view name, std::string_view value) {
@@ -70,7 +73,7 @@ void AddPattern(std::string& text, const StoredPattern& pattern) {
 
 std::string DescribeException(const StoredException& exception) {
     std::string line = DescribeTime(exception.Original);
-    if (exception.Kind == outlook::ExceptionKind::Cancelled) {
+    if (exception.Kind == rules::ExceptionKind::Cancelled) {
         return line + " cancelled";
     }
     line += " moved to " + DescribeTime(exception.Start) + " - " + DescribeTime(exception.End);
@@ -112,6 +115,10 @@ class DescribingSink final : public IEntrySink {
 
     bool OnProgress(std::int64_t /*offset*/) override { return true; }
 
+    std::unique_ptr<rules::ZoneRules> LoadZone(const std::string& name) override {
+        return rules::LoadZone(posix::SystemZones(), name);
+    }
+
     bool DefineZone(const std::string& name, const std::string& component) override {
         Text += "zone " + name + ", " + std::to_string(component.size()) + " bytes\n";
         return true;
@@ -122,9 +129,9 @@ class DescribingSink final : public IEntrySink {
 
 } // namespace
 
-std::string DescribeTime(outlook::Seconds time) {
-    const outlook::CivilDate date = outlook::CivilFromDay(outlook::DayOf(time));
-    const auto seconds = static_cast<int>(outlook::TimeOfDay(time));
+std::string DescribeTime(rules::Seconds time) {
+    const rules::CivilDate date = rules::CivilFromDay(rules::DayOf(time));
+    const auto seconds = static_cast<int>(rules::TimeOfDay(time));
     std::array<char, 48> text{};
     const int length = std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d", date.Year, date.Month,
                                      date.Day, seconds / 3600, seconds / 60 % 60);

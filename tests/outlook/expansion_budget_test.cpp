@@ -1,8 +1,8 @@
 // Items that ask for more work than all others together: refused when they come, left out and named where they are.
 #include "host/outlook/diagnosis.h"
 #include "host/outlook/occurrence_reader.h"
-#include "host/outlook/zone_rules.h"
 #include "host/reminders/reminder_finder.h"
+#include "host/rules/zone_rules.h"
 #include "tests/outlook/planted_rule.h"
 #include "tests/outlook/store_fixture.h"
 #include "tests/support/processor_time.h"

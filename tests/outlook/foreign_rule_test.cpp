@@ -1,5 +1,5 @@
 // Rules of other calendars: kept whole, expanded as they say.
-#include "host/outlook/foreign_rule.h"
+#include "host/rules/foreign_rule.h"
 #include "tests/outlook/store_fixture.h"
 
 #include <gmock/gmock.h>
@@ -84,7 +84,7 @@ TEST_F(ForeignRule, WindowsHoldWhatTheWholeWalkHolds) {
     std::string fault;
     const ZoneLookup none = [](const std::string&) { return nullptr; };
     for (const char* text : rules) {
-        const auto rule = outlook::ForeignRule::Parse(text, At("2001-03-05 08:00"), nullptr, none, fault);
+        const auto rule = rules::ForeignRule::Parse(text, At("2001-03-05 08:00"), nullptr, none, fault);
         ASSERT_TRUE(rule) << text << ": " << fault;
         std::vector<RuleOccurrence> all;
         ExpansionBudget budget(kStepsOfExpansion);

@@ -3,7 +3,7 @@
 
 #include "host/outlook/import_writer.h"
 #include "host/outlook/store.h"
-#include "host/outlook/stored_item.h"
+#include "tests/rules/item_words.h"
 
 #include <gtest/gtest.h>
 
@@ -27,10 +27,7 @@ class ScratchFolder {
     const std::filesystem::path Path;
 };
 
-// "2026-05-03" or "2026-05-03 14:30[:15]" in the store's seconds and as an automation date.
-Seconds At(const std::string& text);
-DATE DateAt(const std::string& text);
-std::string TextOf(Seconds time); // "2026-05-03 14:30", with seconds where there are any
+using namespace rules::test;
 
 class StoreTest : public ::testing::Test {
   protected:
@@ -67,17 +64,6 @@ class StoreTest : public ::testing::Test {
     StorePtr Store;
     ComPtr<IPOutlookApp> App;
 };
-
-StoredItem MakeItem(const std::string& uid, const std::string& start, const std::string& end,
-                    const std::u16string& subject = u"Imported");
-StoredPattern Daily(std::int32_t interval = 1);
-StoredPattern Weekly(std::int32_t mask, std::int32_t interval = 1);
-StoredPattern Monthly(std::int32_t day, std::int32_t interval = 1);
-StoredPattern MonthNth(std::int32_t instance, std::int32_t mask, std::int32_t interval = 1);
-StoredPattern Yearly(std::int32_t month, std::int32_t day);
-StoredPattern YearNth(std::int32_t month, std::int32_t instance, std::int32_t mask);
-StoredPattern Counted(StoredPattern pattern, std::int32_t count);
-StoredPattern Until(StoredPattern pattern, const std::string& lastDay);
 
 // All bytes of a file.
 std::string BytesOf(const std::filesystem::path& file);

@@ -1,7 +1,7 @@
 // Time zones: offsets, items that keep their zone, and a device that travels.
 #include "host/outlook/change_watcher.h"
 #include "host/outlook/store_core.h"
-#include "host/outlook/zone_rules.h"
+#include "host/rules/zone_rules.h"
 #include "tests/outlook/planted_rule.h"
 #include "tests/outlook/store_fixture.h"
 
@@ -10,72 +10,6 @@
 namespace tavo::outlook::test {
 
 using ::testing::ElementsAre;
-
-namespace {
-
-constexpr const char* kOfficeZone = "BEGIN:VTIMEZONE\r\nTZID:Office Standard Time\r\n"
-                                    "BEGIN:STANDARD\r\nDTSTART:16010101T030000\r\nTZOFFSETFROM:+0200\r\n"
-                                    "TZOFFSETTO:+0100\r\nRRULE:FREQ=YEARLY;BYDAY=-1SU;BYMONTH=10\r\nEND:STANDARD\r\n"
-                                    "BEGIN:DAYLIGHT\r\nDTSTART:16010101T020000\r\nTZOFFSETFROM:+0100\r\n"
-                                    "TZOFFSETTO:+0200\r\nRRULE:FREQ=YEARLY;BYDAY=-1SU;BYMONTH=3\r\nEND:DAYLIGHT\r\n"
-                                    "END:VTIMEZONE\r\n";
-
-} // namespace
-
-TEST(ZoneRules, FollowTheDatabase) {
-    const auto berlin = LoadSystemZone("Europe/Berlin");
-    ASSERT_TRUE(berlin);
-    EXPECT_EQ(TextOf(berlin->ToLocal(At("2026-01-15 12:00"))), "2026-01-15 13:00");
-    EXPECT_EQ(TextOf(berlin->ToLocal(At("2026-07-15 12:00"))), "2026-07-15 14:00");
-    EXPECT_EQ(TextOf(berlin->ToLocal(At("2026-03-29 00:59:59"))), "2026-03-29 01:59:59");
-    EXPECT_EQ(TextOf(berlin->ToLocal(At("2026-03-29 01:00"))), "2026-03-29 03:00");
-    EXPECT_EQ(TextOf(berlin->ToUtc(At("2026-07-15 14:00"))), "2026-07-15 12:00");
-    const auto kolkata = LoadSystemZone("Asia/Kolkata");
-    ASSERT_TRUE(kolkata);
-    EXPECT_EQ(TextOf(kolkata->ToLocal(At("2026-07-15 12:00"))), "2026-07-15 17:30");
-    const auto sydney = LoadSystemZone("Australia/Sydney");
-    ASSERT_TRUE(sydney);
-    EXPECT_EQ(TextOf(sydney->ToLocal(At("2026-01-15 12:00"))), "2026-01-15 23:00");
-    EXPECT_EQ(TextOf(sydney->ToLocal(At("2026-07-15 12:00"))), "2026-07-15 22:00");
-}
-
-TEST(ZoneRules, ReadASkippedTimeWithTheOffsetBeforeAndATwofoldOneAsTheFirst) {
-    const auto berlin = LoadSystemZone("Europe/Berlin");
-    ASSERT_TRUE(berlin);
-    EXPECT_EQ(TextOf(berlin->ToUtc(At("2026-03-29 02:30"))), "2026-03-29 01:30");
-    EXPECT_EQ(TextOf(berlin->ToUtc(At("2026-10-25 02:30"))), "2026-10-25 00:30");
-    EXPECT_EQ(TextOf(berlin->ToUtc(At("2026-10-25 03:00"))), "2026-10-25 02:00");
-}
-
-TEST(ZoneRules, GoOnThroughTheCenturies) {
-    const auto berlin = LoadSystemZone("Europe/Berlin");
-    ASSERT_TRUE(berlin);
-    EXPECT_EQ(TextOf(berlin->ToLocal(At("2100-07-15 12:00"))), "2100-07-15 14:00");
-    EXPECT_EQ(TextOf(berlin->ToLocal(At("2750-07-15 12:00"))), "2750-07-15 14:00");
-    EXPECT_EQ(TextOf(berlin->ToLocal(At("2750-01-15 12:00"))), "2750-01-15 13:00");
-    EXPECT_EQ(TextOf(berlin->ToUtc(At("2999-12-31 23:00"))), "2999-12-31 22:00");
-}
-
-TEST(ZoneRules, AreReadFromAComponent) {
-    std::string fault;
-    const auto office = ParseZoneComponent(kOfficeZone, fault);
-    ASSERT_TRUE(office);
-    EXPECT_EQ(TextOf(office->ToLocal(At("2026-01-15 12:00"))), "2026-01-15 13:00");
-    EXPECT_EQ(TextOf(office->ToLocal(At("2026-03-29 01:00"))), "2026-03-29 03:00");
-    EXPECT_EQ(TextOf(office->ToLocal(At("2026-10-25 00:59"))), "2026-10-25 02:59");
-    EXPECT_EQ(TextOf(office->ToLocal(At("2026-10-25 01:00"))), "2026-10-25 02:00");
-    EXPECT_FALSE(ParseZoneComponent("BEGIN:VEVENT\r\nEND:VEVENT\r\n", fault));
-    EXPECT_FALSE(ParseZoneComponent("nonsense", fault));
-}
-
-TEST(ZoneRules, NamesCannotLeaveTheDatabase) {
-    EXPECT_FALSE(LoadSystemZone("../../../etc/passwd"));
-    EXPECT_FALSE(LoadSystemZone("/etc/passwd"));
-    EXPECT_FALSE(LoadSystemZone("Atlantis/Centre"));
-    EXPECT_FALSE(LoadSystemZone(""));
-    EXPECT_TRUE(LoadSystemZone("UTC"));
-    EXPECT_FALSE(ParseZoneFile("TZif2 but cut"));
-}
 
 class ZonedItem : public StoreTest {
   protected:

@@ -3,8 +3,8 @@
 #include "calendar/month_grid.h"
 #include "host/outlook/import_writer.h"
 #include "host/outlook/store.h"
-#include "tests/outlook/naive_expansion.h"
 #include "tests/qt/desktop_program.h"
+#include "tests/rules/naive_expansion.h"
 
 #include <QImage>
 #include <QPixmap>
@@ -21,10 +21,10 @@
 namespace tavo::qt {
 namespace {
 
-using outlook::test::FindPaperDate;
-using outlook::test::PaperDate;
-using outlook::test::PaperRule;
-using outlook::test::WalkRule;
+using rules::test::FindPaperDate;
+using rules::test::PaperDate;
+using rules::test::PaperRule;
+using rules::test::WalkRule;
 
 constexpr int kCalendarTab = 150; // x in the page bar
 constexpr int kFirstYear = 2006;
@@ -72,10 +72,10 @@ class MonthWalk : public testing::Test {
     }
 
     // An item of these times, which are minutes; false when the store does not take it.
-    bool Write(outlook::ImportWriter& writer, outlook::StoredItem& item, const PaperDate& day, long start, long length,
+    bool Write(outlook::ImportWriter& writer, rules::StoredItem& item, const PaperDate& day, long start, long length,
                std::size_t kind) {
         item.Subject = u"Item";
-        item.Start = outlook::MidnightOf(day.Number) + start * 60;
+        item.Start = rules::MidnightOf(day.Number) + start * 60;
         item.End = item.Start + length * 60;
         outlook::ImportOutcome outcome;
         EXPECT_EQ(writer.Write(item, outcome), Status::Ok);
@@ -91,7 +91,7 @@ class MonthWalk : public testing::Test {
     void WriteItem(outlook::ImportWriter& writer, std::size_t kind) {
         constexpr std::array<long, 8> kLengths{0, 30, 90, kMinutesPerDay, 1500, 3 * kMinutesPerDay, 5000, 28000};
         const PaperDate& day = DrawDay();
-        outlook::StoredItem item;
+        rules::StoredItem item;
         item.AllDay = Draw(1, 4) == 1;
         const long start = item.AllDay ? 0 : Draw(0, kMinutesPerDay - 1);
         const long length =
@@ -112,17 +112,17 @@ class MonthWalk : public testing::Test {
         rule.DayOfMonth = static_cast<int>(Draw(1, 28));
         rule.Instance = static_cast<int>(Draw(1, 5));
         rule.MonthOfYear = static_cast<int>(Draw(1, 12));
-        outlook::StoredItem item;
+        rules::StoredItem item;
         item.Pattern = {rule.Type, rule.Interval, rule.Mask, rule.DayOfMonth, rule.Instance, rule.MonthOfYear};
         long limit = kNoLimit;
         long last = Days.back().Number + kGridCells;
         if (Draw(1, 2) == 1) {
             limit = Draw(1, 20);
-            item.Pattern.End = outlook::PatternEnd::AfterCount;
+            item.Pattern.End = rules::PatternEnd::AfterCount;
             item.Pattern.Occurrences = static_cast<std::int32_t>(limit);
         } else if (Draw(1, 2) == 1) {
             last = day.Number + Draw(0, 2000);
-            item.Pattern.End = outlook::PatternEnd::OnDate;
+            item.Pattern.End = rules::PatternEnd::OnDate;
             item.Pattern.LastDay = last;
         }
         const long start = Draw(0, kMinutesPerDay - 1);

@@ -132,8 +132,8 @@ TEST_F(ProgramStart, AStoreWithARuleThatNamesItsCalendarIsOpenedAndShown) {
         ASSERT_EQ(outlook::OpenStore(Folder / "home/Outlook.db", {}, store), Status::Ok);
         outlook::ImportWriter writer(store);
         ASSERT_EQ(writer.Begin(u"Import"), Status::Ok);
-        outlook::StoredItem item;
-        item.Start = outlook::MakeTime(2026, 1, 5, 9);
+        rules::StoredItem item;
+        item.Start = rules::MakeTime(2026, 1, 5, 9);
         item.End = item.Start + 3600;
         item.ReminderSet = true;
         item.Pattern.Type = kRecursDaily;

@@ -9,8 +9,8 @@
 namespace tavo::reminders::test {
 namespace {
 
-using outlook::test::At;
-using outlook::test::TextOf;
+using rules::test::At;
+using rules::test::TextOf;
 
 class ReminderFinder : public outlook::test::StoreTest {
   protected:
@@ -86,7 +86,7 @@ TEST_F(ReminderFinder, TwentyThousandLeadsHoldNobodyUp) {
 }
 
 TEST_F(ReminderFinder, OccurrencesRemindEach) {
-    GivenReminder(AddSeries("2026-06-01 09:00", "2026-06-01 10:00", outlook::test::Daily(2)), 15);
+    GivenReminder(AddSeries("2026-06-01 09:00", "2026-06-01 10:00", rules::test::Daily(2)), 15);
     EXPECT_EQ(Due("2026-06-01 00:00", "2026-06-06 00:00"),
               (std::vector<std::string>{"2026-06-01 08:45", "2026-06-03 08:45", "2026-06-05 08:45"}));
     EXPECT_EQ(Next("2030-01-01 00:00"), "2030-01-01 08:45");
@@ -96,8 +96,8 @@ TEST_F(ReminderFinder, OccurrencesRemindEach) {
 TEST_F(ReminderFinder, OfASeriesOnlyTheNearestAreAhead) {
     constexpr int kLead = 19000 * 24 * 60;
     for (const bool often : {false, true}) {
-        outlook::StoredItem item = outlook::test::MakeItem("u", "2026-06-01 09:00", "2026-06-01 10:00");
-        item.Pattern = outlook::test::Daily();
+        rules::StoredItem item = rules::test::MakeItem("u", "2026-06-01 09:00", "2026-06-01 10:00");
+        item.Pattern = rules::test::Daily();
         if (often) {
             item.Pattern.Type = kRecursForeign;
             item.ForeignRule = "RRULE:FREQ=HOURLY;BYMINUTE=0,15,30,45";
@@ -150,14 +150,14 @@ TEST_F(ReminderFinder, AMovedItemsOldReminderStandsNoMore) {
     EXPECT_EQ(text->Title, "Item");
     EXPECT_EQ(TextOf(text->StartWall), "2026-06-01 09:00");
     const ComPtr<IAppointment> item = Get(oid);
-    ASSERT_EQ(item->put_Start(outlook::test::DateAt("2026-06-01 09:30")), Status::Ok);
+    ASSERT_EQ(item->put_Start(rules::test::DateAt("2026-06-01 09:30")), Status::Ok);
     ASSERT_EQ(item->Save(), Status::Ok);
     ASSERT_EQ(finder.Describe(key, text), Status::Ok);
     EXPECT_FALSE(text.has_value());
 }
 
 TEST_F(ReminderFinder, ACancelledOccurrenceDoesNotRemind) {
-    const Oid oid = AddSeries("2026-06-01 09:00", "2026-06-01 10:00", outlook::test::Daily());
+    const Oid oid = AddSeries("2026-06-01 09:00", "2026-06-01 10:00", rules::test::Daily());
     GivenReminder(oid, 15);
     const ComPtr<IPOutlookItemCollection> items = Restrict(u"[Start] >= 6/2/2026 and [Start] <= 6/2/2026");
     ASSERT_EQ(items->put_IncludeRecurrences(true), Status::Ok);

@@ -7,7 +7,7 @@
 namespace tavo::reminders::test {
 namespace {
 
-using outlook::test::At;
+using rules::test::At;
 
 class StoreLedgerTest : public outlook::test::StoreTest {
   protected:

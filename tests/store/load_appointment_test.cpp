@@ -3,7 +3,7 @@
 
 #include "host/outlook/import_writer.h"
 #include "host/outlook/store.h"
-#include "host/outlook/wall_time.h"
+#include "host/rules/wall_time.h"
 #include "store/fill_record.h"
 #include "tests/support/appointment_probe.h"
 #include "tests/support/test_device.h"
@@ -177,9 +177,9 @@ TEST_F(LoadAppointment, ASeriesWhosePatternCannotBeHadStaysASeries) {
 
 TEST_F(LoadAppointment, ARuleThatIsNoneOfTheSixTypesIsACustomChoice) {
     const ComPtr<IPOutlookApp> other = Device.Connect();
-    outlook::StoredItem item;
+    rules::StoredItem item;
     item.Subject = u"Standup";
-    item.Start = outlook::MakeTime(2004, 5, 3, 9);
+    item.Start = rules::MakeTime(2004, 5, 3, 9);
     item.End = item.Start + 900;
     item.Pattern.Type = kRecursForeign;
     item.ForeignRule = "RRULE:FREQ=MONTHLY;BYDAY=1MO,3MO";

@@ -53,7 +53,7 @@ const std::string kHonest = Event("weekly", "RRULE:FREQ=WEEKLY;BYHOUR=9,14\n") +
 std::string DateLines(const std::string& name, int count) {
     std::string lines;
     for (int number = 0; number < count; ++number) {
-        const outlook::CivilDate date = outlook::CivilFromDay(outlook::DayFromCivil(1990, 1, 1) + number);
+        const rules::CivilDate date = rules::CivilFromDay(rules::DayFromCivil(1990, 1, 1) + number);
         std::array<char, 40> text{};
         std::snprintf(text.data(), text.size(), "%04d%02d%02dT090000", date.Year, date.Month, date.Day);
         lines += (number % 100 > 0 ? "," : (number > 0 ? "\n" : "") + name + ":") + text.data();
@@ -182,7 +182,7 @@ TEST_F(HostileCalendar, ThousandsOfLoneOccurrencesOfAStoredSeriesAreTakenInTime)
     Device.Run({"import", Device.WriteCalendar("a.ics", kGood + Event("series", "RRULE:FREQ=DAILY\n"))});
     std::string events;
     for (int number = 0; number < 3000; ++number) {
-        const outlook::CivilDate date = outlook::CivilFromDay(outlook::DayFromCivil(2026, 1, 5) + number);
+        const rules::CivilDate date = rules::CivilFromDay(rules::DayFromCivil(2026, 1, 5) + number);
         std::array<char, 120> text{};
         std::snprintf(text.data(), text.size(), "RECURRENCE-ID:%04d%02d%02dT090000\nDTSTART:%04d%02d%02dT110000\n",
                       date.Year, date.Month, date.Day, date.Year, date.Month, date.Day);
