@@ -1,8 +1,8 @@
 // Processor time, in milliseconds, for finding the next due reminder after a change by another process: 21 times.
 #include "benchmarks/costs.h"
+#include "host/outlook/reminder_finder.h"
 #include "host/outlook/store.h"
 #include "host/outlook/store_core.h"
-#include "host/reminders/reminder_finder.h"
 
 #include <cstdio>
 #include <sqlite3.h>
@@ -26,12 +26,13 @@ bool ChangeFromOutside(const char* path) {
 int main(int count, char** arguments) {
     using namespace tavo;
     outlook::StorePtr store;
-    if (count != 2 || Failed(outlook::OpenStore(arguments[1], {}, store))) {
+    outlook::StoreOptions options;
+    options.HasSmallCache = true; // as the companion has it
+    if (count != 2 || Failed(outlook::OpenStore(arguments[1], options, store))) {
         std::fprintf(stderr, "usage: tavo-next-reminder STORE\n");
         return 1;
     }
-    (void)store->Core().Db.Run("PRAGMA cache_size=-512"); // as the companion has it
-    reminders::ReminderFinder finder(store->Core());
+    outlook::ReminderFinder finder(CoreOf(*store));
     // The middle of the ten years, where most is still to come.
     const reminders::Moment now = rules::MakeTime(2025, 3, 14, 12);
     for (int change = 0; change < kChanges; ++change) {
@@ -45,7 +46,7 @@ int main(int count, char** arguments) {
             return 1;
         }
         std::printf("%.3f\n", static_cast<double>(bench::ReadProcessorTime() - begin) / 1e6);
-        sqlite3_db_release_memory(store->Core().Db.Raw()); // likewise
+        store->ReleaseMemory(); // likewise
     }
     return 0;
 }

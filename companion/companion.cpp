@@ -2,7 +2,6 @@
 #include "companion/companion.h"
 
 #include "host/files/device_processes.h"
-#include "host/outlook/store_core.h"
 #include "host/posix/zone_database.h"
 #include "host/rules/zones.h"
 
@@ -62,7 +61,7 @@ struct Companion::Opened {
 
     outlook::StorePtr Store;
     outlook::ChangeWatcher Watcher;
-    reminders::StoreLedger Ledger;
+    outlook::StoreLedger Ledger;
     reminders::Scheduler Planner;
 
     struct stat Identity {};
@@ -98,13 +97,12 @@ Status Companion::OpenStore() {
     outlook::StorePtr store;
     outlook::StoreOptions options;
     options.LockPatience = kStorePatience;
+    options.HasSmallCache = true;
     const Status status = outlook::OpenStore(Root.StorePath(), options, store);
     if (Failed(status)) {
         Folder = WatchFolder(Root.Path().c_str());
         return status;
     }
-    // This process asks little and lives long.
-    (void)store->Core().Db.Run("PRAGMA cache_size=-512"); // without it, it is merely larger
     auto opened = std::make_unique<Opened>(store, Desk);
     (void)stat(Root.StorePath().c_str(), &opened->Identity); // a wrong identity opens it once more
     (void)opened->Watcher.Start();                           // without news it looks when a reminder is due
@@ -192,7 +190,7 @@ void Companion::TakeRoundsEnd() {
 
 void Companion::GiveMemoryBack() {
     if (Device != nullptr) {
-        sqlite3_db_release_memory(Device->Store->Core().Db.Raw());
+        Device->Store->ReleaseMemory();
     }
     malloc_trim(0);
 }

@@ -5,8 +5,8 @@
 #include "companion/reminder_desk.h"
 #include "host/files/device_root.h"
 #include "host/outlook/change_watcher.h"
+#include "host/outlook/store_ledger.h"
 #include "host/reminders/scheduler.h"
-#include "host/reminders/store_ledger.h"
 
 #include <memory>
 #include <optional>

@@ -5,10 +5,10 @@
 #include "host/files/device_processes.h"
 #include "host/files/login_entry.h"
 #include "host/locale/harmless_text.h"
+#include "host/outlook/store.h"
 
 #include <cstdio>
 #include <exception>
-#include <sqlite3.h>
 #include <string_view>
 
 namespace {
@@ -33,9 +33,7 @@ void EnterAtLogin(const files::RootEnvironment& environment) {
 } // namespace
 
 int main(int count, char** words) {
-    // One thread, and small: no memory is set aside for bookkeeping.
-    (void)sqlite3_config(SQLITE_CONFIG_SINGLETHREAD);
-    (void)sqlite3_config(SQLITE_CONFIG_LOOKASIDE, 128, 32);
+    outlook::PrepareStores(outlook::StoreUse::Service);
     try {
         const files::RootEnvironment environment = files::RootEnvironment::OfProcess();
         const files::RootResult root = files::OpenDeviceRoot(environment);

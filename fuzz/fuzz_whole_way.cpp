@@ -6,8 +6,8 @@
 #include "host/exchange/store_sink.h"
 #include "host/outlook/diagnosis.h"
 #include "host/outlook/occurrence_reader.h"
+#include "host/outlook/reminder_finder.h"
 #include "host/outlook/store_core.h"
-#include "host/reminders/reminder_finder.h"
 #include "host/rules/restriction.h"
 #include "tests/outlook/planted_rule.h"
 #include "tests/support/processor_time.h"
@@ -74,7 +74,7 @@ StorePtr Open(const std::filesystem::path& file, const std::string& zone) {
     options.DeviceZone = zone;
     StorePtr store;
     Require(Succeeded(OpenStore(file, options, store)));
-    Require(Succeeded(store->Core().Db.Run("PRAGMA synchronous = OFF")));
+    Require(Succeeded(CoreOf(*store).Db.Run("PRAGMA synchronous = OFF")));
     return store;
 }
 
@@ -105,7 +105,7 @@ void Import(const StorePtr& store, const std::string& text) {
 bool Plant(const StorePtr& store, Choices& choices) {
     std::vector<Oid> series;
     {
-        Query query(store->Core().Db, "SELECT oid FROM series LIMIT 10");
+        Query query(CoreOf(*store).Db, "SELECT oid FROM series LIMIT 10");
         while (query.Next()) {
             series.push_back(query.Small(0));
         }
@@ -121,7 +121,7 @@ bool Plant(const StorePtr& store, Choices& choices) {
     }
     series.resize(choices.Once(3) ? series.size() : 1);
     for (const Oid oid : series) {
-        Require(outlook::test::PlantRule(store->Core(), oid, lines));
+        Require(outlook::test::PlantRule(CoreOf(*store), oid, lines));
     }
     return true;
 }
@@ -162,7 +162,7 @@ void List(const StorePtr& store) {
 
 void Remind(const StorePtr& store) {
     const Deadline soon("the search for reminders");
-    reminders::ReminderFinder finder(store->Core());
+    outlook::ReminderFinder finder(CoreOf(*store));
     const reminders::Moment now = MakeTime(2026, 3, 10, 12);
     std::optional<reminders::Moment> next;
     Require(Succeeded(finder.FindNext(now, next)));

@@ -36,7 +36,7 @@ SIGHTS = {
     ("host/qt/host.h", "Views"): "the windows in it",
     ("host/qt/menu_view.h", "Current"): "the marked entry",
     ("host/qt/painted_widget.h", "Window"): "whose a part of the screen is",
-    ("host/reminders/store_ledger.h", "Finder"): "what is due, without a ledger",
+    ("host/outlook/store_ledger.h", "Finder"): "what is due, without a ledger",
     ("host/shell/shell_queue.h", "HasQuit"): "the end of a scripted program",
     ("memo/memo_files.h", "HasMemo"): "one day; the month asks for all of its days at once",
     ("res/dialog_templates.h", "AllDialogTemplates"): "the templates, to walk over them",

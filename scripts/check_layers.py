@@ -29,8 +29,22 @@ START_HEADER = "app/start.h"
 MAY_NOT_REACH_IN = {"host", "companion"}
 
 # Folders that build on a machine without Qt.
-FREE_OF_QT = ["host/rules", "host/posix", "host/outlook", "host/exchange", "host/files", "host/locale", "host/ink", "host/reminders", "host/shell",
-              "host/headless", "tools"]
+FREE_OF_QT = ["host/rules", "host/posix", "host/outlook", "host/exchange", "host/files", "host/locale", "host/ink",
+              "host/reminders", "host/shell", "host/headless", "tools"]
+# The one folder that speaks SQL. What lies within it is for itself, and for those that look at stores from inside.
+SQL_FOLDER = "host/outlook"
+SQL_HEADER = "sqlite3.h"
+SQL_INSIDES = {"host/outlook/database.h", "host/outlook/store_core.h"}
+LOOK_INSIDE = {"tests", "fuzz", "benchmarks"}
+# Folders that ask the operating system nothing: what they need of it is handed to them.
+FREE_OF_POSIX = ["host/rules", "host/reminders", "host/locale", "host/shell"]
+POSIX_HEADER = re.compile(r"(?:sys|netinet|arpa|net|linux|asm)/|(?:unistd|fcntl|poll|dirent|spawn|signal|pwd|grp|glob|"
+                          r"pthread|sched|semaphore|termios|dlfcn|syslog|ftw|utime|ucontext|mqueue|netdb)\.h$")
+# What these folders of the host may include besides the standard library, the platform and themselves.
+PURE_HOST_FOLDERS = {
+    "host/rules": {"host/locale", "<libical/ical.h>"},
+    "host/reminders": set(),
+}
 # What no other host folder includes: each windowing host stands alone.
 WINDOWING_HOSTS = ["host/qt", "host/headless"]
 # No #if or #ifdef here: what differs between machines is a host's business.
@@ -172,6 +186,17 @@ class Checker:
                 self.complain(path, line, f"<{header}>: {FORBIDDEN_HEADERS[header]}")
         elif re.match(r"Q[A-Z]|Qt", header) and is_in(path, FREE_OF_QT):
             self.complain(path, line, f"<{header}>: this folder builds without Qt")
+        elif header == SQL_HEADER and layer not in LOOK_INSIDE and not is_in(path, [SQL_FOLDER]):
+            self.complain(path, line, f"<{header}>: only {SQL_FOLDER}/ speaks SQL")
+        elif POSIX_HEADER.match(header) and is_in(path, FREE_OF_POSIX):
+            self.complain(path, line, f"<{header}>: this folder asks the operating system nothing")
+        else:
+            self.check_pure_host_include(path, line, f"<{header}>", header in STANDARD_HEADERS)
+
+    def check_pure_host_include(self, path, line, header, is_known):
+        for folder, others in PURE_HOST_FOLDERS.items():
+            if is_in(path, [folder]) and not is_known and header not in others:
+                self.complain(path, line, f"{header}: {folder}/ needs less than that")
 
     def check_own_include(self, path, layer, line, header):
         if header.endswith(".moc") and layer not in PURE_LAYERS:
@@ -192,6 +217,10 @@ class Checker:
             for host in WINDOWING_HOSTS:
                 if header.startswith(host + "/") and not path.startswith(host + "/"):
                     self.complain(path, line, f'"{header}": {host}/ stands alone')
+        if header in SQL_INSIDES and layer not in LOOK_INSIDE and not is_in(path, [SQL_FOLDER]):
+            self.complain(path, line, f'"{header}": what lies within {SQL_FOLDER}/ is for itself')
+        folder = header.rsplit("/", 1)[0]
+        self.check_pure_host_include(path, line, folder, target == "platform" or path.startswith(folder + "/"))
         if header.startswith("host/qt/") and is_in(path, FREE_OF_QT):
             self.complain(path, line, f'"{header}": this folder builds without Qt')
 

@@ -1,11 +1,10 @@
 // The command `tavo`: finds the command that is meant and runs it.
+#include "host/outlook/store.h"
 #include "tools/arguments.h"
 #include "tools/commands.h"
 #include "tools/device.h"
 #include "tools/help.h"
 #include "tools/output.h"
-
-#include <sqlite3.h>
 
 #include <cstdio>
 #include <exception>
@@ -86,17 +85,10 @@ int RunCommand(Words words) {
                   "tavo --help");
 }
 
-// This process has one thread and asks nobody how much memory is used, so SQLite need not guard or count it. Were it
-// refused, all would work the same, only slower.
-void PrepareSqlite() {
-    static_cast<void>(sqlite3_config(SQLITE_CONFIG_SINGLETHREAD));
-    static_cast<void>(sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0));
-}
-
 } // namespace
 
 int main(int count, char** arguments) {
-    PrepareSqlite();
+    tavo::outlook::PrepareStores(tavo::outlook::StoreUse::Command);
     try {
         const std::vector<std::string_view> words(arguments + 1, arguments + count);
         return RunCommand(words);

@@ -5,8 +5,8 @@
 #include "tools/output.h"
 
 #include "host/locale/harmless_text.h"
+#include "host/outlook/store_ledger.h"
 #include "host/reminders/scheduler.h"
-#include "host/reminders/store_ledger.h"
 
 #include <algorithm>
 #include <array>
@@ -61,7 +61,7 @@ std::string OneLine(std::string_view title) {
     return title.empty() ? "No Subject" : locale::MakeHarmless(title);
 }
 
-bool ListOpen(reminders::StoreLedger& ledger, Output& output, bool& any) {
+bool ListOpen(outlook::StoreLedger& ledger, Output& output, bool& any) {
     std::vector<reminders::LedgerRow> rows;
     if (!ledger.ReadOpen(rows)) {
         return false;
@@ -85,7 +85,7 @@ bool ListOpen(reminders::StoreLedger& ledger, Output& output, bool& any) {
 
 // `state`: what is said of a reminder that the ledger does not know.
 template <class State>
-bool ListDue(reminders::StoreLedger& ledger, Moment after, Moment upTo, const State& state, Output& output, bool& any) {
+bool ListDue(outlook::StoreLedger& ledger, Moment after, Moment upTo, const State& state, Output& output, bool& any) {
     std::vector<reminders::DueReminder> found;
     if (!ledger.FindDue(after, upTo, found)) {
         return false;
@@ -106,7 +106,7 @@ bool ListDue(reminders::StoreLedger& ledger, Moment after, Moment upTo, const St
 }
 
 // What came due while nobody serves reminders is in no ledger yet.
-bool ListUnserved(reminders::StoreLedger& ledger, Moment now, Output& output, bool& any) {
+bool ListUnserved(outlook::StoreLedger& ledger, Moment now, Output& output, bool& any) {
     std::optional<reminders::Progress> progress;
     if (!ledger.ReadProgress(progress)) {
         return false;
@@ -115,15 +115,15 @@ bool ListUnserved(reminders::StoreLedger& ledger, Moment now, Output& output, bo
     return !progress || progress->Passed >= now || ListDue(ledger, progress->Passed, now, state, output, any);
 }
 
-bool List(reminders::StoreLedger& ledger, int days, bool isServed, Output& output, bool& any) {
+bool List(outlook::StoreLedger& ledger, int days, bool isServed, Output& output, bool& any) {
     const Moment now = Now();
     const auto state = [](Moment) { return "to come"; };
     return ListOpen(ledger, output, any) && (isServed || ListUnserved(ledger, now, output, any)) &&
            ListDue(ledger, now, now + days * reminders::kDay, state, output, any);
 }
 
-bool WriteLog(reminders::StoreLedger& ledger, Output& output, bool& any) {
-    return ledger.ReadLog([&](const reminders::LedgerEvent& event) {
+bool WriteLog(outlook::StoreLedger& ledger, Output& output, bool& any) {
+    return ledger.ReadLog([&](const outlook::LedgerEvent& event) {
         any = true;
         const std::string until =
             event.State == LedgerState::Snoozed ? " until " + WriteWall(ledger.ToWall(event.Until)) : "";
@@ -142,7 +142,7 @@ int Tell(const RemindersOptions& options) {
     Output output;
     bool any = false;
     if (*store) {
-        reminders::StoreLedger ledger(*store, Now);
+        outlook::StoreLedger ledger(*store, Now);
         const bool read = options.Action == RemindersAction::Log
                               ? WriteLog(ledger, output, any)
                               : List(ledger, options.Days, FindReminderService(*root).has_value(), output, any);

@@ -24,12 +24,8 @@ constexpr std::array<std::string_view, 12> kNeededNames = {"UID",     "DTSTART",
 constexpr std::array<std::string_view, 8> kOptionalNames = {
     "SUMMARY", "LOCATION", "DESCRIPTION", "CATEGORIES", "CLASS", "TRANSP", "ACTION", "X-MICROSOFT-CDO-BUSYSTATUS"};
 
-char ToUpper(char character) {
-    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A') : character;
-}
-
 bool IsNameCharacter(char character) {
-    const char upper = ToUpper(character);
+    const char upper = locale::ToUpperAscii(character);
     return (upper >= 'A' && upper <= 'Z') || (upper >= '0' && upper <= '9') || upper == '-' || upper == '_';
 }
 
@@ -48,7 +44,7 @@ std::string_view TrimEnd(std::string_view text) {
 
 std::string MakeUpper(std::string_view text) {
     std::string upper(text);
-    std::transform(upper.begin(), upper.end(), upper.begin(), ToUpper);
+    std::transform(upper.begin(), upper.end(), upper.begin(), locale::ToUpperAscii);
     return upper;
 }
 
@@ -66,11 +62,6 @@ void AppendLine(const CalendarLine& line, bool isRead, CalendarPiece& piece) {
 }
 
 } // namespace
-
-bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
-    return left.size() == right.size() &&
-           std::equal(left.begin(), left.end(), right.begin(), [](char a, char b) { return ToUpper(a) == ToUpper(b); });
-}
 
 bool SplitLine(std::string_view line, std::string_view& name, std::string_view& value) {
     std::size_t position = 0;

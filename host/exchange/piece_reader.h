@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/exchange/line_reader.h"
+#include "host/locale/ascii.h"
 
 #include <cstdint>
 #include <string>
@@ -73,6 +74,6 @@ class PieceReader {
 // The parts of a line NAME;parameters:value; false when it has not this form.
 bool SplitLine(std::string_view line, std::string_view& name, std::string_view& value);
 
-bool EqualsIgnoringCase(std::string_view left, std::string_view right);
+using locale::EqualsIgnoringCase; // of names, as a calendar file writes them
 
 } // namespace tavo::exchange

@@ -43,14 +43,14 @@ Status ChangeWatcher::Start() {
         return Status::Fail;
     }
     // The log comes and goes and a restored backup is another file: the folder stays.
-    const std::filesystem::path folder = AbsolutePath(State->Source->Core().Path).parent_path();
+    const std::filesystem::path folder = AbsolutePath(CoreOf(*State->Source).Path).parent_path();
     if (inotify_add_watch(State->Notifier, folder.c_str(), IN_MODIFY | IN_MOVED_TO | IN_CREATE) < 0) {
         close(State->Notifier);
         State->Notifier = -1;
         return Status::Fail;
     }
     std::int64_t items = 0;
-    return State->Source->Core().ReadChangeCounts(items, State->KnownLedger);
+    return CoreOf(*State->Source).ReadChangeCounts(items, State->KnownLedger);
 }
 
 int ChangeWatcher::Descriptor() const {
@@ -59,14 +59,14 @@ int ChangeWatcher::Descriptor() const {
 
 bool ChangeWatcher::TakeItemChange() {
     State->Drain();
-    return State->Source->Core().TakeForeignItemChange();
+    return CoreOf(*State->Source).TakeForeignItemChange();
 }
 
 bool ChangeWatcher::TakeLedgerChange() {
     State->Drain();
     std::int64_t items = 0;
     std::int64_t ledger = State->KnownLedger;
-    if (Failed(State->Source->Core().ReadChangeCounts(items, ledger))) {
+    if (Failed(CoreOf(*State->Source).ReadChangeCounts(items, ledger))) {
         return false; // the next notification asks again
     }
     const bool changed = ledger != State->KnownLedger;

@@ -64,7 +64,7 @@ Diagnosis DiagnoseStore(const std::filesystem::path& path, CheckDepth depth, int
     }
     Diagnosis diagnosis = DescribeVerdict(Verdict::Ok);
     if (depth == CheckDepth::Full) {
-        diagnosis = CheckFully(store->Core());
+        diagnosis = CheckFully(CoreOf(*store));
         if (diagnosis.State != Verdict::Ok && diagnosis.State != Verdict::LeavesOut &&
             diagnosis.State != Verdict::Blemished && diagnosis.State != Verdict::Altered) {
             return diagnosis;

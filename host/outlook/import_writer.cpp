@@ -11,7 +11,7 @@
 namespace tavo::outlook {
 
 struct ImportWriter::Work {
-    explicit Work(StorePtr store) : Source(std::move(store)), Core(Source->Core()) {}
+    explicit Work(StorePtr store) : Source(std::move(store)), Core(CoreOf(*Source)) {}
 
     StorePtr Source;
     StoreCore& Core;

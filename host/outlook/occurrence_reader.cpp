@@ -173,18 +173,18 @@ Status OccurrenceReader::ListDays(DayNumber first, DayNumber last,
     Restriction restriction;
     restriction.Alternatives.push_back({MakeCondition(Property::Start, kLowestTime, MidnightOf(last + 1) - 1),
                                         MakeCondition(Property::End, MidnightOf(first), kHighestTime)});
-    return List(Source->Core(), restriction, visit, LeftOut);
+    return List(CoreOf(*Source), restriction, visit, LeftOut);
 }
 
 Status OccurrenceReader::ListStarts(Seconds from, Seconds to,
                                     const std::function<void(const ListedOccurrence&)>& visit) {
     Restriction restriction;
     restriction.Alternatives.push_back({MakeCondition(Property::Start, from, to)});
-    return List(Source->Core(), restriction, visit, LeftOut);
+    return List(CoreOf(*Source), restriction, visit, LeftOut);
 }
 
 std::string OccurrenceReader::ReadSubject(Oid item) {
-    Query query(Source->Core().Db, "SELECT subject FROM item WHERE oid = ?");
+    Query query(CoreOf(*Source).Db, "SELECT subject FROM item WHERE oid = ?");
     return query.Bind(item).Next() ? std::string(query.Text(0)) : std::string();
 }
 

@@ -25,10 +25,10 @@ class CalendarFolder final : public RefCounted<IFolder> {
 
 } // namespace
 
-OutlookApp::OutlookApp(std::filesystem::path path, StoreOptions options)
-    : Path(std::move(path)), Options(std::move(options)) {}
+OutlookApp::OutlookApp(std::filesystem::path path, StoreOptions options, IStoreLife* life)
+    : Path(std::move(path)), Options(std::move(options)), Life(life) {}
 
-OutlookApp::OutlookApp(const StorePtr& store) : Path(store->Core().Path), Open(Make<Session>(store)) {}
+OutlookApp::OutlookApp(const StorePtr& store) : Path(CoreOf(*store).Path), Open(Make<Session>(store)) {}
 
 Status OutlookApp::Logon(WindowHandle) {
     if (Open) {
@@ -37,7 +37,10 @@ Status OutlookApp::Logon(WindowHandle) {
     StorePtr store;
     const Status status = OpenStore(Path, Options, store);
     if (Succeeded(status)) {
-        Open = Make<Session>(std::move(store));
+        Open = Make<Session>(store);
+    }
+    if (Life != nullptr) {
+        Succeeded(status) ? Life->OnOpened(store) : Life->OnFailed(status);
     }
     return status;
 }
@@ -45,6 +48,9 @@ Status OutlookApp::Logon(WindowHandle) {
 Status OutlookApp::Logoff() {
     if (!Open) {
         return Status::False;
+    }
+    if (Life != nullptr) {
+        Life->OnClosing();
     }
     const Status status = Open->Core.HasBegun() ? Open->Core.AbandonGroup() : Status::Ok;
     Open.Reset();
@@ -141,11 +147,12 @@ ComPtr<IPOutlookApp> MakeOutlookApp(const StorePtr& store) {
 }
 
 ComPtr<IPOutlookApp> CreateOutlookApp(const std::filesystem::path& path, const StoreOptions& options) {
-    return As<IPOutlookApp>(Make<OutlookApp>(path, options));
+    return As<IPOutlookApp>(Make<OutlookApp>(path, options, nullptr));
 }
 
-StorePtr StoreOf(IPOutlookApp& app) {
-    return static_cast<OutlookApp&>(app).Source();
+ComPtr<IPOutlookApp> CreateOutlookApp(const std::filesystem::path& path, const StoreOptions& options,
+                                      IStoreLife& life) {
+    return As<IPOutlookApp>(Make<OutlookApp>(path, options, &life));
 }
 
 } // namespace tavo::outlook

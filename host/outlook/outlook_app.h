@@ -9,7 +9,8 @@ namespace tavo::outlook {
 
 class OutlookApp final : public RefCounted<IPOutlookApp> {
   public:
-    OutlookApp(std::filesystem::path path, StoreOptions options);
+    // `life` may be null.
+    OutlookApp(std::filesystem::path path, StoreOptions options, IStoreLife* life);
     explicit OutlookApp(const StorePtr& store);
 
     Status Logon(WindowHandle window) override;
@@ -51,6 +52,7 @@ class OutlookApp final : public RefCounted<IPOutlookApp> {
 
     std::filesystem::path Path;
     StoreOptions Options;
+    IStoreLife* Life = nullptr;
     ComPtr<Session> Open;
     NoTags Closed;
 };

@@ -9,7 +9,7 @@ namespace tavo::outlook {
 
 class Session final : public RefCounted<IUnknown> {
   public:
-    explicit Session(StorePtr store) : Source(std::move(store)), Core(Source->Core()) {}
+    explicit Session(StorePtr store) : Source(std::move(store)), Core(CoreOf(*Source)) {}
 
     const StorePtr Source;
     StoreCore& Core;

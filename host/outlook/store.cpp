@@ -15,6 +15,7 @@ namespace {
 // The narrow tables of a hundred thousand items fit; pages are taken as they are read.
 constexpr const char* kSettings = "PRAGMA cache_size=-16384; PRAGMA foreign_keys=ON; PRAGMA synchronous=FULL;"
                                   "PRAGMA temp_store=MEMORY; PRAGMA journal_size_limit=4194304";
+constexpr const char* kSmallCache = "PRAGMA cache_size=-512";
 // Who only reads lives shortly and takes pages as they lie in the file, without copying each.
 constexpr const char* kReaderSettings =
     "PRAGMA query_only=ON; PRAGMA mmap_size=268435456; PRAGMA cache_size=-16384; PRAGMA schema_version";
@@ -35,6 +36,9 @@ Status OpenForWriting(StoreCore& core, const StoreOptions& options) {
         core.Db.Open(StoreUri(core.Path, "mode=rw"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI, options.LockPatience);
     if (Succeeded(status)) {
         status = core.Db.Run(kSettings);
+    }
+    if (Succeeded(status) && options.HasSmallCache) {
+        status = core.Db.Run(kSmallCache);
     }
     if (Succeeded(status) && sqlite3_db_readonly(core.Db.Raw(), "main") == 1) {
         status = Status::AccessDenied;
@@ -123,6 +127,23 @@ Status Store::NoteFullCheck(std::int64_t when) {
 
 Status Store::ReadItem(Oid oid, StoredItem& item) {
     return Pointer->Items.Read(oid, Ink::Take, item);
+}
+
+void Store::ReleaseMemory() {
+    sqlite3_db_release_memory(Pointer->Db.Raw());
+}
+
+StoreCore& CoreOf(const Store& store) {
+    return *store.Pointer;
+}
+
+void PrepareStores(StoreUse use) {
+    (void)sqlite3_config(SQLITE_CONFIG_SINGLETHREAD);
+    if (use == StoreUse::Command) {
+        (void)sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+    } else {
+        (void)sqlite3_config(SQLITE_CONFIG_LOOKASIDE, 128, 32);
+    }
 }
 
 Status OpenStore(const std::filesystem::path& path, const StoreOptions& options, StorePtr& store) {

@@ -23,8 +23,18 @@ struct StoreOptions {
     Access Rights = Access::ReadWrite;
     // The device's time zone, a name of the time zone database; "" takes the system's own.
     std::string DeviceZone;
-    int LockPatience = 5000; // milliseconds to wait for other processes before the answer is Locked
+    int LockPatience = 5000;    // milliseconds to wait for other processes before the answer is Locked
+    bool HasSmallCache = false; // half a megabyte at the most: for a process that asks little and lives long
 };
+
+// What a whole process asks of SQLite. Nothing for one that uses stores from several threads.
+enum class StoreUse {
+    Command, // one thread, and over soon: nobody asks how much memory is used, so nothing counts it
+    Service, // one thread that lives long: no memory is set aside beforehand
+};
+
+// Before any store is opened. Where it cannot be had all works the same, only slower or larger.
+void PrepareStores(StoreUse use);
 
 // An open store. Everything made from it keeps it open. Used from one thread.
 class Store {
@@ -44,9 +54,13 @@ class Store {
     // One item with everything (ink included); NotFound when it is gone.
     Status ReadItem(Oid oid, StoredItem& item);
 
-    StoreCore& Core() const { return *Pointer; }
+    // Gives back what memory it can do without for now.
+    void ReleaseMemory();
 
   private:
+    // For this folder alone: declared in store_core.h.
+    friend StoreCore& CoreOf(const Store& store);
+
     std::unique_ptr<StoreCore> Pointer;
 };
 
@@ -59,10 +73,17 @@ Status OpenStore(const std::filesystem::path& path, const StoreOptions& options,
 // A connection that is already logged on to an open store.
 ComPtr<IPOutlookApp> MakeOutlookApp(const StorePtr& store);
 
-// The device's store object, not yet open: Logon opens the file.
-ComPtr<IPOutlookApp> CreateOutlookApp(const std::filesystem::path& path, const StoreOptions& options);
+// Told what becomes of a store that its object opens and closes.
+class IStoreLife {
+  public:
+    virtual ~IStoreLife() = default;
+    virtual void OnOpened(const StorePtr& store) = 0;
+    virtual void OnFailed(Status status) = 0; // to open
+    virtual void OnClosing() = 0;             // whoever kept it lets go of it now
+};
 
-// The store of an object made by one of the two functions above; null before Logon and after Logoff.
-StorePtr StoreOf(IPOutlookApp& app);
+// The device's store object, not yet open: Logon opens the file, and Logoff closes it. `life` outlives it.
+ComPtr<IPOutlookApp> CreateOutlookApp(const std::filesystem::path& path, const StoreOptions& options);
+ComPtr<IPOutlookApp> CreateOutlookApp(const std::filesystem::path& path, const StoreOptions& options, IStoreLife& life);
 
 } // namespace tavo::outlook

@@ -154,4 +154,9 @@ class StoreCore {
     std::vector<IDeletionListener*> Listeners;
 };
 
+class Store;
+
+// Of an open store, for as long as that is open.
+StoreCore& CoreOf(const Store& store);
+
 } // namespace tavo::outlook

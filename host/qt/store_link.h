@@ -12,10 +12,10 @@
 
 namespace tavo::qt {
 
-class StoreLink {
+class StoreLink : private outlook::IStoreLife {
   public:
     explicit StoreLink(std::string path);
-    ~StoreLink();
+    ~StoreLink() override;
     StoreLink(const StoreLink&) = delete;
     StoreLink& operator=(const StoreLink&) = delete;
 
@@ -35,11 +35,11 @@ class StoreLink {
     void SetReminded(std::function<void()> reminded) { Reminded = std::move(reminded); }
 
   private:
-    class LinkedApp;
     struct Watch;
 
-    void TakeLogon(IPOutlookApp& store, Status status);
-    void TakeLogoff();
+    void OnOpened(const outlook::StorePtr& store) override;
+    void OnFailed(Status status) override;
+    void OnClosing() override;
     void TakeNews();
 
     std::string Path;

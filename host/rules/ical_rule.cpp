@@ -1,9 +1,8 @@
 // Copies and checks each part: the text that libical keeps of a rule ends with its property.
 #include "host/rules/ical_rule.h"
 
+#include "host/locale/ascii.h"
 #include "host/rules/ical_time.h"
-
-#include <strings.h>
 
 namespace tavo::rules {
 
@@ -80,7 +79,7 @@ bool ReadIcalRule(const icalrecurrencetype& ical, RecurrenceRule& rule, std::str
         fault = "it recurs more often than once an hour";
         return false;
     }
-    if (ical.rscale != nullptr && strcasecmp(ical.rscale, "GREGORIAN") != 0) {
+    if (ical.rscale != nullptr && !locale::EqualsIgnoringCase(ical.rscale, "GREGORIAN")) {
         fault = "it recurs by another calendar than the Gregorian";
         return false;
     }

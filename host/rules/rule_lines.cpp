@@ -1,6 +1,7 @@
 // Reads the lines of foreign rules: rules by libical, lists of dates here, as they may be long.
 #include "host/rules/rule_lines.h"
 
+#include "host/locale/ascii.h"
 #include "host/rules/expansion_budget.h"
 #include "host/rules/ical_rule.h"
 #include "host/rules/ical_time.h"
@@ -9,7 +10,6 @@
 #include <cstddef>
 #include <cstdio>
 #include <memory>
-#include <strings.h>
 
 namespace tavo::rules {
 
@@ -77,8 +77,10 @@ bool ReadStamp(std::string_view text, Stamp& stamp) {
 bool IsDateList(std::string_view line) {
     constexpr std::string_view kAdded = "RDATE";
     constexpr std::string_view kCancelled = "EXDATE";
-    return (line.size() > kAdded.size() && strncasecmp(line.data(), kAdded.data(), kAdded.size()) == 0) ||
-           (line.size() > kCancelled.size() && strncasecmp(line.data(), kCancelled.data(), kCancelled.size()) == 0);
+    const auto beginsWith = [line](std::string_view name) {
+        return line.size() > name.size() && locale::EqualsIgnoringCase(line.substr(0, name.size()), name);
+    };
+    return beginsWith(kAdded) || beginsWith(kCancelled);
 }
 
 // Reads the lines of one series into the parts of its rule.

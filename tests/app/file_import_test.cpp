@@ -3,6 +3,7 @@
 #include "host/outlook/store.h"
 #include "res/resource_ids.h"
 #include "tests/support/running_program.h"
+#include "tests/support/store_of.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

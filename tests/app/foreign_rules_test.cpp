@@ -18,7 +18,7 @@ class ForeignRules : public testing::Test {
         outlook::StorePtr store;
         ASSERT_EQ(outlook::OpenStore(Program.DataFolder().parent_path().parent_path() / "Outlook.db", {}, store),
                   Status::Ok);
-        ASSERT_TRUE(outlook::test::PlantRule(store->Core(), oid, lines));
+        ASSERT_TRUE(outlook::test::PlantRule(CoreOf(*store), oid, lines));
     }
 
     void WalkThroughPages() {

@@ -238,7 +238,7 @@ TEST_F(OnABus, OneKilledBeforeItCouldWriteSaysAgain) {
     ASSERT_TRUE(WaitForStates("2", kSoon));
     Kill(SIGKILL);
     // As it stands between the desktop's acceptance and the commit.
-    ASSERT_EQ(Store->Core().Db.Run("UPDATE ledger SET state = 1, shows = 0, card = 0, service = ''"), Status::Ok);
+    ASSERT_EQ(CoreOf(*Store).Db.Run("UPDATE ledger SET state = 1, shows = 0, card = 0, service = ''"), Status::Ok);
     StartCompanion(Bus.Address());
     ASSERT_TRUE(Service.WaitFor(2, kSoon));
     EXPECT_EQ(Last().Summary, "Again: Train");

@@ -38,7 +38,7 @@ class Crowd : public CompanionTest {
     const Notification& Last() const { return Service.Came.back(); }
 
     int CountOf(int state) {
-        outlook::Query query(Store->Core().Db, "SELECT count(*) FROM ledger WHERE state = ?");
+        outlook::Query query(CoreOf(*Store).Db, "SELECT count(*) FROM ledger WHERE state = ?");
         return query.Bind(state).Next() ? query.Small(0) : 0;
     }
 

@@ -17,7 +17,7 @@ class ForeignRules : public CompanionTest {
         item.Pattern = outlook::test::Daily();
         item.ReminderSet = true;
         item.ReminderMinutes = 15;
-        ASSERT_TRUE(outlook::test::PlantRule(Store->Core(), Import(item), lines));
+        ASSERT_TRUE(outlook::test::PlantRule(CoreOf(*Store), Import(item), lines));
     }
 
     // Another item's reminder comes, and the companion lives on.

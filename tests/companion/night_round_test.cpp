@@ -129,7 +129,7 @@ TEST_F(NightRoundTest, AnUncleanEndIsFollowedByAFullCheck) {
 
 TEST_F(NightRoundTest, DamageIsTold) {
     Add("2026-05-05 10:00", "2026-05-05 11:00", u"Dentist");
-    ASSERT_EQ(Store->Core().Db.Run("UPDATE plain SET length = length + 60"), Status::Ok);
+    ASSERT_EQ(CoreOf(*Store).Db.Run("UPDATE plain SET length = length + 60"), Status::Ok);
     NoteCheck(0);
     StartCompanion(Bus.Address());
     ASSERT_TRUE(Service.WaitFor(1, kSoon));
@@ -143,7 +143,7 @@ TEST_F(NightRoundTest, DamageIsTold) {
 TEST_F(NightRoundTest, WhatCannotBeShownIsNoReasonToCheckAgain) {
     rules::StoredItem item = outlook::test::MakeItem("u", "2026-01-05 09:00", "2026-01-05 10:00", u"Foreign");
     item.Pattern = outlook::test::Daily();
-    ASSERT_TRUE(outlook::test::PlantRule(Store->Core(), Import(item), "RRULE:RSCALE=CHINESE;FREQ=YEARLY"));
+    ASSERT_TRUE(outlook::test::PlantRule(CoreOf(*Store), Import(item), "RRULE:RSCALE=CHINESE;FREQ=YEARLY"));
     NoteCheck(0);
     StartCompanion(Bus.Address());
     EXPECT_TRUE(WaitForCheck());
@@ -152,7 +152,7 @@ TEST_F(NightRoundTest, WhatCannotBeShownIsNoReasonToCheckAgain) {
 
 TEST_F(NightRoundTest, AnEntryThatChangedByItselfIsToldWithoutAlarm) {
     Add("2026-05-05 10:00", "2026-05-05 11:00", u"Dentist");
-    ASSERT_EQ(Store->Core().Db.Run("UPDATE item SET subject = 'Eentist'"), Status::Ok); // and its sum stays
+    ASSERT_EQ(CoreOf(*Store).Db.Run("UPDATE item SET subject = 'Eentist'"), Status::Ok); // and its sum stays
     NoteCheck(0);
     StartCompanion(Bus.Address());
     ASSERT_TRUE(Service.WaitFor(1, kSoon));
@@ -164,7 +164,7 @@ TEST_F(NightRoundTest, AnEntryThatChangedByItselfIsToldWithoutAlarm) {
 
 TEST_F(NightRoundTest, AStepOfUndoThatChangedByItselfIsNoNews) {
     Add("2026-05-05 10:00", "2026-05-05 11:00", u"Dentist");
-    ASSERT_EQ(Store->Core().Db.Run("UPDATE journal_change SET image = x'00'"), Status::Ok);
+    ASSERT_EQ(CoreOf(*Store).Db.Run("UPDATE journal_change SET image = x'00'"), Status::Ok);
     NoteCheck(0);
     StartCompanion(Bus.Address());
     EXPECT_TRUE(WaitForCheck());

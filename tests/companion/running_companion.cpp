@@ -73,13 +73,13 @@ Oid CompanionTest::AddReminderAt(rules::Seconds start, const std::u16string& sub
 }
 
 void CompanionTest::BeOffForADay() {
-    EXPECT_EQ(Store->Core().Db.Run("UPDATE item SET start = start - 7200; UPDATE plain SET start = start - 7200;"
-                                   "UPDATE setting SET value = value - 86400 WHERE name LIKE 'reminders_passed%'"),
+    EXPECT_EQ(CoreOf(*Store).Db.Run("UPDATE item SET start = start - 7200; UPDATE plain SET start = start - 7200;"
+                                    "UPDATE setting SET value = value - 86400 WHERE name LIKE 'reminders_passed%'"),
               Status::Ok);
 }
 
 std::string CompanionTest::LedgerStates() {
-    outlook::Query query(Store->Core().Db,
+    outlook::Query query(CoreOf(*Store).Db,
                          "SELECT group_concat(state, ' ') FROM (SELECT state FROM ledger ORDER BY oid)");
     return query.Next() ? std::string(query.Text(0)) : "";
 }
@@ -90,7 +90,7 @@ bool CompanionTest::WaitForStates(const std::string& states, double seconds) {
 
 bool CompanionTest::WaitForState(const std::string& title, int state, double seconds) {
     const auto isThere = [&] {
-        outlook::Query query(Store->Core().Db, "SELECT 1 FROM ledger WHERE title = ? AND state = ?");
+        outlook::Query query(CoreOf(*Store).Db, "SELECT 1 FROM ledger WHERE title = ? AND state = ?");
         return query.Bind(title).Bind(state).Next();
     };
     return WaitUntil(isThere, seconds);

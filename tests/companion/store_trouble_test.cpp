@@ -155,7 +155,7 @@ TEST_F(StoreTrouble, ARestoredCopyKeepsWhatItKnowsToBeShown) {
     AddReminder(u"Train", 600, 30);
     ASSERT_TRUE(Service.WaitFor(1, kSoon));
     ASSERT_TRUE(WaitForStates("2", kSoon));
-    ASSERT_EQ(Store->Core().Db.Run(("VACUUM INTO '" + Folder.File("Copy.db").string() + "'").c_str()), Status::Ok);
+    ASSERT_EQ(CoreOf(*Store).Db.Run(("VACUUM INTO '" + Folder.File("Copy.db").string() + "'").c_str()), Status::Ok);
     MoveAway();
     PutInPlace("Copy.db");
     AddReminder(u"Tea", 600, 30);

@@ -3,6 +3,7 @@
 #include "host/outlook/store.h"
 #include "host/rules/stored_item.h"
 #include "tests/edit/edit_desk.h"
+#include "tests/support/store_of.h"
 
 #include <gtest/gtest.h>
 

@@ -116,6 +116,39 @@ class LayersCheck(MadeUpTree):
         self.refuse("host/headless/a.cpp:1: <QtCore/QString>", "host/outlook/a.cpp:1: <QString>",
                     'tools/a.cpp:1: "host/qt/window.h"')
 
+    def test_OnlyTheStoreSpeaksSql(self):
+        self.write("host/outlook/database.h", "#pragma once\n#include <sqlite3.h>\n")
+        self.write("host/outlook/store_core.h", '#pragma once\n#include "host/outlook/database.h"\n')
+        self.write("tests/outlook/a.cpp", '#include "host/outlook/store_core.h"\n#include <sqlite3.h>\n')
+        self.write("companion/a.cpp", '#include "host/outlook/store_core.h"\n')
+        self.write("host/exchange/a.cpp", '#include "host/outlook/database.h"\n')
+        self.write("tools/a.cpp", "#include <sqlite3.h>\n")
+        self.refuse('companion/a.cpp:1: "host/outlook/store_core.h": what lies within host/outlook/',
+                    'host/exchange/a.cpp:1: "host/outlook/database.h": what lies within host/outlook/',
+                    "tools/a.cpp:1: <sqlite3.h>: only host/outlook/ speaks SQL")
+
+    def test_SomeFoldersAskTheOperatingSystemNothing(self):
+        self.write("host/files/a.cpp", "#include <fcntl.h>\n#include <sys/stat.h>\n")
+        for folder in ("locale", "reminders", "rules", "shell"):
+            self.write(f"host/{folder}/a.cpp", "#include <cstdio>\n#include <unistd.h>\n")
+        self.write("host/shell/b.cpp", "#include <sys/stat.h>\n")
+        self.refuse("host/locale/a.cpp:2: <unistd.h>", "host/reminders/a.cpp:2: <unistd.h>",
+                    "host/rules/a.cpp:2: <unistd.h>", "host/shell/a.cpp:2: <unistd.h>",
+                    "host/shell/b.cpp:1: <sys/stat.h>")
+
+    def test_RulesAndTheScheduleOfRemindersNeedNothingElse(self):
+        self.write("platform/status.h", "#pragma once\n")
+        self.write("host/locale/clock.h", "#pragma once\n")
+        self.write("host/rules/rule.h", '#pragma once\n#include "host/locale/clock.h"\n#include "platform/status.h"\n'
+                                        '#include <libical/ical.h>\n#include <vector>\n')
+        self.write("host/rules/bad.cpp", '#include "host/rules/rule.h"\n#include "host/files/a.h"\n#include <zlib.h>\n')
+        self.write("host/files/a.h", "#pragma once\n#include <zlib.h>\n")
+        self.write("host/reminders/bad.cpp", '#include "host/rules/rule.h"\n#include <libical/ical.h>\n')
+        self.refuse("host/reminders/bad.cpp:1: host/rules: host/reminders/ needs less than that",
+                    "host/reminders/bad.cpp:2: <libical/ical.h>: host/reminders/ needs less than that",
+                    "host/rules/bad.cpp:2: host/files: host/rules/ needs less than that",
+                    "host/rules/bad.cpp:3: <zlib.h>: host/rules/ needs less than that")
+
     def test_WindowingHostsStandAlone(self):
         self.write("host/headless/device.h", "#pragma once\n")
         self.write("host/qt/a.cpp", '#include "host/headless/device.h"\n')

@@ -1,7 +1,7 @@
 // Items that ask for more work than all others together: refused when they come, left out and named where they are.
 #include "host/outlook/diagnosis.h"
 #include "host/outlook/occurrence_reader.h"
-#include "host/reminders/reminder_finder.h"
+#include "host/outlook/reminder_finder.h"
 #include "host/rules/zone_rules.h"
 #include "tests/outlook/planted_rule.h"
 #include "tests/outlook/store_fixture.h"
@@ -99,7 +99,7 @@ class HeavyItem : public StoreTest {
 
     std::optional<std::string> NextReminder(const std::string& after) {
         std::optional<reminders::Moment> next;
-        EXPECT_EQ(reminders::ReminderFinder(Store->Core()).FindNext(At(after), next), Status::Ok);
+        EXPECT_EQ(outlook::ReminderFinder(CoreOf(*Store)).FindNext(At(after), next), Status::Ok);
         return next ? std::optional(TextOf(*next)) : std::nullopt;
     }
 };
@@ -122,7 +122,7 @@ TEST_F(HeavyItem, AStoreThatHoldsOneAlreadyListsRemindsAndIsCheckedWithoutIt) {
     Import(plain);
     for (const Attack& attack : Attacks()) {
         const Oid oid = Import(Foreign(attack.Name, "RRULE:FREQ=YEARLY;INTERVAL=2"));
-        ASSERT_TRUE(PlantRule(Store->Core(), oid, attack.Rule)) << attack.Name;
+        ASSERT_TRUE(PlantRule(CoreOf(*Store), oid, attack.Rule)) << attack.Name;
         const double before = TimeUsed();
         Reopen();
         EXPECT_THAT(ListMonth(), ElementsAre("2026-03-14 09:00 Plain")) << attack.Name;
@@ -151,7 +151,7 @@ TEST_F(HeavyItem, AStoreThatHoldsOneAlreadyListsRemindsAndIsCheckedWithoutIt) {
 
 TEST_F(HeavyItem, ARuleThatNeverMatchesKeepsNoMovedOccurrenceAwayFromOtherItems) {
     const Oid oid = Import(Foreign("u", "RRULE:FREQ=YEARLY;INTERVAL=2\nRDATE:20260310T090000"));
-    ASSERT_TRUE(PlantRule(Store->Core(), oid, "RRULE:FREQ=HOURLY;BYMONTH=2;BYMONTHDAY=30\nRDATE:20260310T090000"));
+    ASSERT_TRUE(PlantRule(CoreOf(*Store), oid, "RRULE:FREQ=HOURLY;BYMONTH=2;BYMONTHDAY=30\nRDATE:20260310T090000"));
     const double before = TimeUsed();
     Reopen();
     EXPECT_THAT(ListMonth(), ElementsAre("2026-03-10 09:00 Heavy"));
@@ -218,7 +218,7 @@ TEST_F(HeavyItem, ACrowdTakesNothingFromThoseThatAskForLittle) {
     const std::string heavy =
         Repeat("RRULE:FREQ=YEARLY;BYDAY=SU,MO,TU,WE,TH,FR,SA;BYSETPOS=100;BYHOUR=" + Numbers(6), 16);
     for (Oid oid = first; oid < first + 400; ++oid) {
-        ASSERT_TRUE(PlantRule(Store->Core(), oid, heavy));
+        ASSERT_TRUE(PlantRule(CoreOf(*Store), oid, heavy));
     }
     const double before = TimeUsed();
     Reopen();
@@ -229,7 +229,7 @@ TEST_F(HeavyItem, ACrowdTakesNothingFromThoseThatAskForLittle) {
                             "2026-03-31 15:00 Honest"));
     EXPECT_EQ(NextReminder("2026-03-11"), "2026-03-17 09:45");
     std::vector<std::string> due;
-    EXPECT_EQ(reminders::ReminderFinder(Store->Core())
+    EXPECT_EQ(outlook::ReminderFinder(CoreOf(*Store))
                   .FindDue(At("2026-03-11"), At("2026-03-18"),
                            [&due](const reminders::DueReminder& reminder) { due.push_back(TextOf(reminder.At)); }),
               Status::Ok);
@@ -243,7 +243,7 @@ TEST_F(HeavyItem, ACountWhoseEndIsNotKeptEndsAllTheSame) {
     const std::vector<std::string> listed = ListMonth();
     EXPECT_EQ(listed.size(), 20U);
     EXPECT_EQ(listed.back(), "2026-03-10 10:00 Heavy");
-    ASSERT_EQ(Store->Core().Db.Run(("UPDATE series SET last_day = 0 WHERE oid = " + std::to_string(oid)).c_str()),
+    ASSERT_EQ(CoreOf(*Store).Db.Run(("UPDATE series SET last_day = 0 WHERE oid = " + std::to_string(oid)).c_str()),
               Status::Ok);
     Reopen();
     EXPECT_EQ(ListMonth(), listed);
@@ -253,7 +253,7 @@ TEST_F(HeavyItem, RemindersAreSoughtInStretchesWhereThatTakesLong) {
     for (int number = 0; number < 60; ++number) {
         const Oid oid = Import(Foreign(std::to_string(number), "RRULE:FREQ=YEARLY;INTERVAL=2"));
         // Took place once, and never again.
-        ASSERT_TRUE(PlantRule(Store->Core(), oid, "RDATE:20260105T090000\nRRULE:FREQ=DAILY;BYMONTH=2;BYMONTHDAY=30"));
+        ASSERT_TRUE(PlantRule(CoreOf(*Store), oid, "RDATE:20260105T090000\nRRULE:FREQ=DAILY;BYMONTH=2;BYMONTHDAY=30"));
     }
     const double before = TimeUsed();
     const std::optional<std::string> next = NextReminder("2026-02-01");
@@ -313,11 +313,11 @@ TEST_F(HeavyItem, AZoneADayAwayFromUniversalTimeIsRefusedAndNamedWhereItIs) {
     }
     EXPECT_NE(ParseZoneComponent(ZoneOf("+2359", "-2359", ""), fault), nullptr);
     // One that an earlier import took.
-    ASSERT_EQ(Store->Core().Db.Run(
+    ASSERT_EQ(CoreOf(*Store).Db.Run(
                   ("INSERT INTO zone(name, component) VALUES ('Odd\x1b[31m', '" + ZoneOf("+0100", "+9900", "") + "')")
                       .c_str()),
               Status::Ok);
-    ASSERT_EQ(SumAnew(Store->Core()), Status::Ok);
+    ASSERT_EQ(SumAnew(CoreOf(*Store)), Status::Ok);
     const Diagnosis diagnosis = DiagnoseStore(File, CheckDepth::Full);
     EXPECT_EQ(diagnosis.State, Verdict::LeavesOut);
     EXPECT_THAT(diagnosis.Findings,

@@ -40,7 +40,7 @@ TEST_F(Migration, KeepsItemsSeriesTagsAndUndo) {
     EXPECT_EQ(Add("2026-06-01 10:00", "2026-06-01 11:00"), 3);
     std::vector<Oid> restored;
     ASSERT_EQ(App->Undo(restored), Status::Ok);
-    ASSERT_EQ(Store->Core().Db.Run("UPDATE journal_group SET time = strftime('%s','now')"), Status::Ok); // on offer
+    ASSERT_EQ(CoreOf(*Store).Db.Run("UPDATE journal_group SET time = strftime('%s','now')"), Status::Ok); // on offer
     ASSERT_EQ(App->Undo(restored), Status::Ok);
     EXPECT_THAT(restored, ElementsAre(2, 1)); // the old journal still works
 }

@@ -96,7 +96,7 @@ TEST_F(Opening, InAWorkingFolderThatIsGoneNothingIsThrown) {
 
 TEST_F(Opening, TheSchemaCannotBeChangedBehindTheStoresBack) {
     ASSERT_EQ(Open(), Status::Ok);
-    Database& database = Store->Core().Db;
+    Database& database = CoreOf(*Store).Db;
     (void)database.Run("PRAGMA writable_schema=ON"); // not refused, without effect
     EXPECT_NE(database.Run("UPDATE sqlite_schema SET sql = 'CREATE TABLE item(x)' WHERE name = 'item'"), Status::Ok);
     EXPECT_NE(database.Run("DELETE FROM sqlite_schema"), Status::Ok);
@@ -108,7 +108,7 @@ TEST_F(Opening, WhatAFilesSchemaSaysRunsNoFunctionsOfOurs) {
     RunSql("CREATE TRIGGER planted AFTER UPDATE ON change_count BEGIN SELECT reach_out(1); END");
     ASSERT_EQ(Open(), Status::Ok);
     const auto reachOut = [](sqlite3_context* context, int, sqlite3_value**) { sqlite3_result_int(context, 1); };
-    ASSERT_EQ(sqlite3_create_function(Store->Core().Db.Raw(), "reach_out", 1, SQLITE_UTF8, nullptr, reachOut, nullptr,
+    ASSERT_EQ(sqlite3_create_function(CoreOf(*Store).Db.Raw(), "reach_out", 1, SQLITE_UTF8, nullptr, reachOut, nullptr,
                                       nullptr),
               SQLITE_OK);
     App = MakeOutlookApp(Store);

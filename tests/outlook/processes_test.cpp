@@ -134,7 +134,7 @@ TEST_F(Processes, OwnChangesAndTheLedgersAreNoItemChangesOfOthers) {
     const auto other = Fork([this](ChildProcess::Link& link) {
         Reopen();
         link.Hear();
-        if (Failed(Store->Core().Db.Run("INSERT INTO ledger VALUES (1, 2, 3, 4, 5, 0, 0, 0, 0, '', '')"))) {
+        if (Failed(CoreOf(*Store).Db.Run("INSERT INTO ledger VALUES (1, 2, 3, 4, 5, 0, 0, 0, 0, '', '')"))) {
             _exit(1);
         }
         link.Tell('d');

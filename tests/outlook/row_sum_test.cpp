@@ -51,7 +51,7 @@ class RowSum : public StoreTest {
         return DiagnoseStore(File, CheckDepth::Full);
     }
 
-    void Run(const std::string& sql) { EXPECT_EQ(Store->Core().Db.Run(sql.c_str()), Status::Ok) << sql; }
+    void Run(const std::string& sql) { EXPECT_EQ(CoreOf(*Store).Db.Run(sql.c_str()), Status::Ok) << sql; }
 
     Oid Plain = 0;
     Oid Series = 0;
@@ -134,7 +134,7 @@ TEST_F(RowSum, AStepThatChangedByItselfIsNotTakenBack) {
     ASSERT_EQ(item->Save(), Status::Ok);
     std::vector<std::uint8_t> image;
     {
-        Query query(Store->Core().Db, "SELECT image FROM journal_change WHERE group_id = 2");
+        Query query(CoreOf(*Store).Db, "SELECT image FROM journal_change WHERE group_id = 2");
         ASSERT_TRUE(query.Next());
         image.assign(query.Blob(0).begin(), query.Blob(0).end());
     }
@@ -142,7 +142,7 @@ TEST_F(RowSum, AStepThatChangedByItselfIsNotTakenBack) {
     const auto at = std::search(image.begin(), image.end(), word.begin(), word.end());
     ASSERT_NE(at, image.end());
     *at ^= 1; // "eentist"
-    Query flip(Store->Core().Db, "UPDATE journal_change SET image = ? WHERE group_id = 2");
+    Query flip(CoreOf(*Store).Db, "UPDATE journal_change SET image = ? WHERE group_id = 2");
     ASSERT_EQ(flip.Bind(std::span<const std::uint8_t>(image)).Finish(), Status::Ok);
     std::vector<Oid> restored;
     EXPECT_EQ(App->Undo(restored), Status::Corrupt);
@@ -168,7 +168,7 @@ TEST_F(RowSum, AnotherZoneLeavesWhatChangedByItselfAsItIs) {
 }
 
 TEST_F(RowSum, TheKindOfAValueCountsToo) {
-    Query sums(Store->Core().Db, "SELECT row_sum('1', 2), row_sum(1, 2), row_sum(12), row_sum(1, 2, NULL), row_sum()");
+    Query sums(CoreOf(*Store).Db, "SELECT row_sum('1', 2), row_sum(1, 2), row_sum(12), row_sum(1, 2, NULL), row_sum()");
     ASSERT_TRUE(sums.Next());
     std::set<std::int64_t> different;
     for (int column = 0; column < 5; ++column) {

@@ -14,7 +14,7 @@ class TagMirror : public StoreTest {
   protected:
     std::vector<Oid> List(TagList list) {
         std::vector<Oid> oids;
-        Query query(Store->Core().Db, "SELECT oid FROM tag WHERE list = ? ORDER BY place");
+        Query query(CoreOf(*Store).Db, "SELECT oid FROM tag WHERE list = ? ORDER BY place");
         query.Bind(static_cast<std::int64_t>(list));
         while (query.Next()) {
             oids.push_back(query.Small(0));

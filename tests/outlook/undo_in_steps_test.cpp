@@ -97,7 +97,7 @@ TEST_F(UndoInSteps, TheEndOfTheConnectionLeavesEverything) {
 }
 
 TEST_F(UndoInSteps, ABrokenStepIsTheLast) {
-    ASSERT_EQ(Store->Core().Db.Run("UPDATE journal_change SET image = substr(image, 1, 20) WHERE step = 7"),
+    ASSERT_EQ(CoreOf(*Store).Db.Run("UPDATE journal_change SET image = substr(image, 1, 20) WHERE step = 7"),
               Status::Ok);
     std::int32_t steps = 0;
     ASSERT_EQ(App->BeginUndo(steps), Status::Ok);

@@ -17,7 +17,7 @@ using ::testing::UnorderedElementsAre;
 
 TEST_F(Undo, AChangeThatRunsOutOfMemoryLeavesNothingOfItself) {
     const Oid kept = Add("2026-05-04 10:00", "2026-05-04 11:00", u"Kept");
-    StoreCore& core = Store->Core();
+    StoreCore& core = CoreOf(*Store);
     const auto fail = [&]() -> Status {
         EXPECT_EQ(core.DeleteItem(kept), Status::Ok);
         throw std::bad_alloc();
@@ -104,7 +104,7 @@ TEST_F(Undo, TheEndIsToldAgainWithoutLookingThroughTheNotes) {
         ++*static_cast<int*>(counter);
         return 0;
     };
-    sqlite3* connection = Store->Core().Db.Raw();
+    sqlite3* connection = CoreOf(*Store).Db.Raw();
     ASSERT_EQ(sqlite3_trace_v2(connection, SQLITE_TRACE_STMT, count, &questions), SQLITE_OK);
     for (int number = 0; number < 50; ++number) {
         EXPECT_EQ(App->StepUndo(), Status::False);
@@ -220,11 +220,11 @@ TEST_F(Undo, AFailureInTheMiddleOfAGroupLeavesTheRestUndoable) {
     const Oid kept = Add("2026-05-04 10:00", "2026-05-04 11:00", u"Kept");
     ASSERT_EQ(App->Begin(u"Group"), Status::Ok);
     // The first step of the group fails after its picture was written.
-    EXPECT_EQ(Store->Core().RunChange(u"",
-                                      [&] {
-                                          const Status status = Store->Core().DeleteItem(kept);
-                                          return Failed(status) ? status : Status::Fail;
-                                      }),
+    EXPECT_EQ(CoreOf(*Store).RunChange(u"",
+                                       [&] {
+                                           const Status status = CoreOf(*Store).DeleteItem(kept);
+                                           return Failed(status) ? status : Status::Fail;
+                                       }),
               Status::Fail);
     const auto item = Get(kept);
     ASSERT_EQ(item->put_Subject(u"Changed"), Status::Ok);
@@ -283,7 +283,7 @@ TEST_F(Undo, ADamagedPictureIsRefusedAndNothingChanges) {
     const auto item = Get(oid);
     ASSERT_EQ(item->put_Subject(u"New"), Status::Ok);
     ASSERT_EQ(item->Save(), Status::Ok);
-    ASSERT_EQ(Store->Core().Db.Run("UPDATE journal_change SET image = substr(image, 1, 20) WHERE kind = 1"),
+    ASSERT_EQ(CoreOf(*Store).Db.Run("UPDATE journal_change SET image = substr(image, 1, 20) WHERE kind = 1"),
               Status::Ok);
     std::vector<Oid> restored;
     EXPECT_EQ(App->Undo(restored), Status::Corrupt);
@@ -298,7 +298,7 @@ TEST_F(Undo, OffersTheLastTwentyGroupsOfTheRunHoweverOldTheyAre) {
         ASSERT_EQ(item->put_Subject(std::u16string(1, static_cast<char16_t>(u'a' + number))), Status::Ok);
         ASSERT_EQ(item->Save(), Status::Ok);
     }
-    ASSERT_EQ(Store->Core().Db.Run("UPDATE journal_group SET time = time - 7200"), Status::Ok);
+    ASSERT_EQ(CoreOf(*Store).Db.Run("UPDATE journal_group SET time = time - 7200"), Status::Ok);
     for (int number = 0; number < 20; ++number) {
         TakeBack();
     }
@@ -309,9 +309,9 @@ TEST_F(Undo, OffersTheLastTwentyGroupsOfTheRunHoweverOldTheyAre) {
 
 TEST_F(Undo, OffersOfEarlierRunsTheGroupsOfTheLastHour) {
     const Oid older = Add("2026-05-04 10:00", "2026-05-04 11:00", u"Older");
-    ASSERT_EQ(Store->Core().Db.Run("UPDATE journal_group SET time = time - 3700"), Status::Ok);
+    ASSERT_EQ(CoreOf(*Store).Db.Run("UPDATE journal_group SET time = time - 3700"), Status::Ok);
     const Oid newer = Add("2026-05-04 10:00", "2026-05-04 11:00", u"Newer");
-    ASSERT_EQ(Store->Core().Db.Run("UPDATE journal_group SET time = time - 3500 WHERE id = 2"), Status::Ok);
+    ASSERT_EQ(CoreOf(*Store).Db.Run("UPDATE journal_group SET time = time - 3500 WHERE id = 2"), Status::Ok);
     Reopen();
     EXPECT_THAT(TakeBack(), ElementsAre(newer));
     std::u16string name;
@@ -322,7 +322,7 @@ TEST_F(Undo, OffersOfEarlierRunsTheGroupsOfTheLastHour) {
 }
 
 TEST_F(Undo, TheJournalKeepsAThousandGroupsAndTheLastHour) {
-    StoreCore& core = Store->Core();
+    StoreCore& core = CoreOf(*Store);
     const auto countGroups = [&core] {
         Query query(core.Db, "SELECT count(*) FROM journal_group");
         return query.Next() ? query.Integer(0) : -1;

@@ -159,8 +159,8 @@ TEST_F(ZonedItem, AZoneThatCameAlongIsKept) {
 TEST_F(ZonedItem, OfAZoneThatIsNotUnderstoodAnyMoreAnItemKeepsItsTimes) {
     Reopen("Europe/Berlin");
     const Oid oid = Import(Zoned("u", "America/New_York", "2026-05-04 18:00", "2026-05-04 19:00"));
-    ASSERT_EQ(Store->Core().Db.Run("UPDATE zone SET name = 'Odd', component = 'BEGIN:VTIMEZONE'"), Status::Ok);
-    ASSERT_EQ(SumAnew(Store->Core()), Status::Ok);
+    ASSERT_EQ(CoreOf(*Store).Db.Run("UPDATE zone SET name = 'Odd', component = 'BEGIN:VTIMEZONE'"), Status::Ok);
+    ASSERT_EQ(SumAnew(CoreOf(*Store)), Status::Ok);
     Reopen("Europe/Berlin");
     EXPECT_EQ(TextOf(Read(oid).Start), "2026-05-05 00:00");
     ASSERT_EQ(Store->SetDeviceZone("Asia/Tokyo"), Status::Ok);

@@ -5,6 +5,7 @@
 #include "host/qt/menu_strip.h"
 #include "host/qt/navigation_bar.h"
 #include "tests/qt/hands.h"
+#include "tests/support/store_of.h"
 
 #include <QAbstractItemView>
 #include <QAction>

@@ -140,7 +140,7 @@ TEST_F(ProgramStart, AStoreWithARuleThatNamesItsCalendarIsOpenedAndShown) {
         outlook::ImportOutcome outcome;
         ASSERT_EQ(writer.Write(item, outcome), Status::Ok);
         ASSERT_EQ(writer.Commit(), Status::Ok);
-        ASSERT_TRUE(outlook::test::PlantRule(store->Core(), outcome.Item,
+        ASSERT_TRUE(outlook::test::PlantRule(CoreOf(*store), outcome.Item,
                                              "RRULE:RSCALE=GREGORIAN;FREQ=DAILY\nRRULE:FREQ=WEEKLY"));
     }
     const Ending ending = Start(Home() + " QT_QPA_PLATFORM=offscreen TAVO_SCALE=1", 3);

@@ -108,8 +108,8 @@ TEST_F(StoreLinkTest, AChangeOnASlowDiskIsNoticedToo) {
 
 TEST_F(StoreLinkTest, TheLedgerIsNoChangeOfItemsButTellsThatTheCompanionWentOn) {
     GivenOther([this] {
-        return Succeeded(Store->Core().Db.Run("INSERT INTO ledger SELECT count(*), 2, 3, 4, 5, 0, 0, 0, 0, '', ''"
-                                              " FROM ledger"));
+        return Succeeded(CoreOf(*Store).Db.Run("INSERT INTO ledger SELECT count(*), 2, 3, 4, 5, 0, 0, 0, 0, '', ''"
+                                               " FROM ledger"));
     });
     for (int change = 1; change <= 20; ++change) {
         Other->Tell('g');

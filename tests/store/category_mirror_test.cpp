@@ -4,6 +4,7 @@
 #include "host/outlook/store_core.h"
 #include "store/category_file.h"
 #include "store/program_state.h"
+#include "tests/support/store_of.h"
 #include "tests/support/test_device.h"
 
 #include <gmock/gmock.h>
@@ -35,7 +36,7 @@ class CategoryMirrorTest : public testing::Test {
     // Where another program sees the item.
     std::vector<TagPlace> PlacesOf(Oid oid) {
         std::vector<TagPlace> places;
-        EXPECT_EQ(outlook::StoreOf(*Outside)->Core().Tags.FindPlaces(oid, places), Status::Ok);
+        EXPECT_EQ(CoreOf(*outlook::StoreOf(*Outside)).Tags.FindPlaces(oid, places), Status::Ok);
         return places;
     }
 

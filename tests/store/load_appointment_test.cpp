@@ -6,6 +6,7 @@
 #include "host/rules/wall_time.h"
 #include "store/fill_record.h"
 #include "tests/support/appointment_probe.h"
+#include "tests/support/store_of.h"
 #include "tests/support/test_device.h"
 
 #include <gtest/gtest.h>

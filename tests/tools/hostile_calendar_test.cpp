@@ -233,7 +233,7 @@ TEST_F(HostileCalendar, AStoreThatHoldsOneAlreadyIsListedWithoutItAndCheckNamesI
         for (int number = 1; number < 4900; ++number) {
             lines += "\nRRULE:FREQ=HOURLY";
         }
-        ASSERT_TRUE(outlook::test::PlantRule(store->Core(), 2, lines));
+        ASSERT_TRUE(outlook::test::PlantRule(CoreOf(*store), 2, lines));
     }
     const double before = TimeUsed();
     EXPECT_THAT(ListMarch(), StartsWith("2026-03-14T09:00\t2026-03-14T10:00\tAppointment\t1\tGood\n"));

@@ -8,32 +8,32 @@
 #include <optional>
 #include <vector>
 
-namespace tavo::reminders {
+namespace tavo::outlook {
 
 class ReminderFinder {
   public:
-    explicit ReminderFinder(outlook::StoreCore& core) : Core(core) {}
+    explicit ReminderFinder(StoreCore& core) : Core(core) {}
 
-    using Visit = std::function<void(const DueReminder&)>;
+    using Visit = std::function<void(const reminders::DueReminder&)>;
 
     // Every reminder with after < due <= upTo; of items and occurrences, whatever their lead. Here and below, series
     // with a fault and those that take too long beside all others are left out (see ShareWork).
-    Status FindDue(Moment after, Moment upTo, const Visit& visit);
+    Status FindDue(reminders::Moment after, reminders::Moment upTo, const Visit& visit);
     // Every reminder with due <= now < start; of each series the nearest few, so that a lead of years does not bring
     // thousands at once.
-    Status FindAhead(Moment now, const Visit& visit);
+    Status FindAhead(reminders::Moment now, const Visit& visit);
     // When the next reminder after this moment is due; nothing when there is none. Where series take long to look
     // through it may be an earlier moment, up to which nothing is due and at which to ask again.
-    Status FindNext(Moment after, std::optional<Moment>& next);
+    Status FindNext(reminders::Moment after, std::optional<reminders::Moment>& next);
     // When it is due in the zone of today; nothing when its item is gone or does not remind.
-    Status FindTime(const ReminderKey& key, std::optional<Moment>& due);
+    Status FindTime(const reminders::ReminderKey& key, std::optional<reminders::Moment>& due);
     // Nothing when there is no such reminder any more.
-    Status Describe(const ReminderKey& key, std::optional<ReminderText>& text);
+    Status Describe(const reminders::ReminderKey& key, std::optional<reminders::ReminderText>& text);
 
   private:
     struct RemindingSeries {
-        rules::SeriesRow Row;
-        Moment Lead = 0;
+        SeriesRow Row;
+        reminders::Moment Lead = 0;
     };
 
     // Starts on the device's clock; the end is later by each item's lead.
@@ -46,29 +46,29 @@ class ReminderFinder {
 
     struct Item; // the columns that a description needs
 
-    DueReminder MakePlain(Oid oid, rules::ZoneId zone, std::int64_t own, Moment lead);
-    Status MakeOccurrence(const RemindingSeries& series, const rules::Entry& entry, DueReminder& reminder);
-    Moment DueOf(rules::ZoneId zone, std::int64_t own, Moment lead);
+    reminders::DueReminder MakePlain(Oid oid, ZoneId zone, std::int64_t own, reminders::Moment lead);
+    Status MakeOccurrence(const RemindingSeries& series, const Entry& entry, reminders::DueReminder& reminder);
+    reminders::Moment DueOf(ZoneId zone, std::int64_t own, reminders::Moment lead);
     Status ReadSeries(std::int64_t from);
     // Plain items in a span, in no order.
     Status WalkPlain(const PlainSpan& span, const Visit& visit);
     // Occurrences of one series that start in a span on the device's clock; none when the budget does not suffice.
-    Status WalkSeries(const RemindingSeries& series, std::int64_t from, std::int64_t to, rules::ExpansionBudget& budget,
+    Status WalkSeries(const RemindingSeries& series, std::int64_t from, std::int64_t to, ExpansionBudget& budget,
                       const Visit& visit);
     // WalkSeries of all series, around their starts between two times and the lead. Gives those that were left out.
     Status WalkAll(std::int64_t from, std::int64_t to, const Visit& visit, std::vector<std::size_t>& leftOut);
     // The nearest occurrences of one series that are due but have not started; none when the budget does not suffice.
-    Status WalkAhead(const RemindingSeries& series, Moment now, rules::ExpansionBudget& budget, const Visit& visit);
-    Status FindNextPlain(Moment after, Moment& best);
-    Status FindNextOfSeries(Moment after, Moment& best);
-    Status DescribePlain(const ReminderKey& key, Item& item, bool& stands);
-    Status DescribeOccurrence(const ReminderKey& key, Item& item, bool& stands);
+    Status WalkAhead(const RemindingSeries& series, reminders::Moment now, ExpansionBudget& budget, const Visit& visit);
+    Status FindNextPlain(reminders::Moment after, reminders::Moment& best);
+    Status FindNextOfSeries(reminders::Moment after, reminders::Moment& best);
+    Status DescribePlain(const reminders::ReminderKey& key, Item& item, bool& stands);
+    Status DescribeOccurrence(const reminders::ReminderKey& key, Item& item, bool& stands);
 
-    outlook::StoreCore& Core;
+    StoreCore& Core;
     std::vector<RemindingSeries> Series;
     std::int64_t SeriesFrom = 0;   // what ends before is left out
     std::int64_t SeriesState = -1; // the count of item changes for which it holds
-    std::vector<rules::Entry> Entries;
+    std::vector<Entry> Entries;
 };
 
-} // namespace tavo::reminders
+} // namespace tavo::outlook

@@ -1,22 +1,22 @@
 // Rows of the ledger, their log, and the progress.
-#include "host/reminders/store_ledger.h"
+#include "host/outlook/store_ledger.h"
 
 #include "host/outlook/store_core.h"
 
 #include <algorithm>
 
-namespace tavo::reminders {
+namespace tavo::outlook {
+
+using namespace reminders;
 
 namespace {
-
-using outlook::Query;
 
 constexpr Moment kKept = 90 * kDay; // how long an answered reminder and the log are remembered
 
 } // namespace
 
-StoreLedger::StoreLedger(outlook::StorePtr store, std::function<Moment()> now)
-    : Source(std::move(store)), Db(Source->Core().Db), Find(Source->Core()), Now(std::move(now)) {}
+StoreLedger::StoreLedger(StorePtr store, std::function<Moment()> now)
+    : Source(std::move(store)), Db(CoreOf(*Source).Db), Find(CoreOf(*Source)), Now(std::move(now)) {}
 
 bool StoreLedger::ReadProgress(std::optional<Progress>& progress) {
     Query query(Db, "SELECT a.value, b.value FROM setting a JOIN setting b ON b.name = 'reminders_passed_wall'"
@@ -26,7 +26,7 @@ bool StoreLedger::ReadProgress(std::optional<Progress>& progress) {
 }
 
 std::int64_t StoreLedger::ToWall(Moment moment) {
-    return Source->Core().Zones.UtcToWall(moment);
+    return CoreOf(*Source).Zones.UtcToWall(moment);
 }
 
 bool StoreLedger::ReadOpen(std::vector<LedgerRow>& rows) {
@@ -209,4 +209,4 @@ bool StoreLedger::ReadLog(const std::function<void(const LedgerEvent&)>& visit) 
     return Succeeded(query.Result());
 }
 
-} // namespace tavo::reminders
+} // namespace tavo::outlook

@@ -1,18 +1,20 @@
 // Which reminders the store holds, and when each is due.
-#include "host/reminders/reminder_finder.h"
+#include "host/outlook/reminder_finder.h"
+
 #include "tests/outlook/store_fixture.h"
 
 #include <gtest/gtest.h>
 
 #include <ctime>
 
-namespace tavo::reminders::test {
+namespace tavo::outlook::test {
 namespace {
 
+using namespace reminders;
 using rules::test::At;
 using rules::test::TextOf;
 
-class ReminderFinder : public outlook::test::StoreTest {
+class ReminderFinderTest : public outlook::test::StoreTest {
   protected:
     void GivenReminder(Oid oid, int minutes) {
         const ComPtr<IAppointment> item = Get(oid);
@@ -23,7 +25,7 @@ class ReminderFinder : public outlook::test::StoreTest {
 
     std::vector<std::string> Due(const std::string& after, const std::string& upTo) {
         std::vector<std::string> found;
-        reminders::ReminderFinder finder(Store->Core());
+        ReminderFinder finder(CoreOf(*Store));
         EXPECT_EQ(finder.FindDue(At(after), At(upTo),
                                  [&](const DueReminder& reminder) { found.push_back(TextOf(reminder.At)); }),
                   Status::Ok);
@@ -33,34 +35,34 @@ class ReminderFinder : public outlook::test::StoreTest {
     // In universal time.
     std::string Next(const std::string& after) {
         std::optional<Moment> next;
-        reminders::ReminderFinder finder(Store->Core());
+        ReminderFinder finder(CoreOf(*Store));
         EXPECT_EQ(finder.FindNext(At(after), next), Status::Ok);
         return next ? TextOf(*next) : "none";
     }
 };
 
-TEST_F(ReminderFinder, ALeadOfFortyDaysIsFound) {
+TEST_F(ReminderFinderTest, ALeadOfFortyDaysIsFound) {
     GivenReminder(Add("2026-06-01 09:00", "2026-06-01 10:00"), 40 * 24 * 60);
     EXPECT_EQ(Next("2026-01-01 00:00"), "2026-04-22 09:00");
     EXPECT_EQ(Next("2026-04-22 08:59"), "2026-04-22 09:00");
     EXPECT_EQ(Next("2026-04-22 09:00"), "none");
 }
 
-TEST_F(ReminderFinder, TheNextOneMayHaveALaterStart) {
+TEST_F(ReminderFinderTest, TheNextOneMayHaveALaterStart) {
     GivenReminder(Add("2026-06-01 09:00", "2026-06-01 10:00"), 5);
     GivenReminder(Add("2026-06-03 09:00", "2026-06-03 10:00"), 3 * 24 * 60);
     EXPECT_EQ(Next("2026-05-30 00:00"), "2026-05-31 09:00");
     EXPECT_EQ(Next("2026-05-31 09:00"), "2026-06-01 08:55");
 }
 
-TEST_F(ReminderFinder, ALeadBelowZeroIsNone) {
+TEST_F(ReminderFinderTest, ALeadBelowZeroIsNone) {
     GivenReminder(Add("2026-06-01 09:00", "2026-06-01 10:00"), -15);
     EXPECT_EQ(Next("2026-05-30 00:00"), "2026-06-01 09:00");
     EXPECT_EQ(Due("2026-06-01 08:00", "2026-06-01 09:00"), std::vector<std::string>{"2026-06-01 09:00"});
 }
 
 // As one mailed file can bring them.
-TEST_F(ReminderFinder, TwentyThousandLeadsHoldNobodyUp) {
+TEST_F(ReminderFinderTest, TwentyThousandLeadsHoldNobodyUp) {
     const Oid train = Add("2026-06-01 09:00", "2026-06-01 10:00");
     GivenReminder(train, 10);
     const std::string copies =
@@ -69,8 +71,8 @@ TEST_F(ReminderFinder, TwentyThousandLeadsHoldNobodyUp) {
         " zone_length, flags, busy, sensitivity, 20 + i, reminder_options, reminder_sound, subject,"
         " location, categories, body, sum FROM item, n WHERE oid = " +
         std::to_string(train);
-    ASSERT_EQ(Store->Core().Db.Run(copies.c_str()), Status::Ok);
-    reminders::ReminderFinder finder(Store->Core());
+    ASSERT_EQ(CoreOf(*Store).Db.Run(copies.c_str()), Status::Ok);
+    ReminderFinder finder(CoreOf(*Store));
     int found = 0;
     const auto count = [&found](const DueReminder&) { ++found; };
     const std::clock_t before = std::clock();
@@ -85,7 +87,7 @@ TEST_F(ReminderFinder, TwentyThousandLeadsHoldNobodyUp) {
     EXPECT_LT(seconds, 0.5);
 }
 
-TEST_F(ReminderFinder, OccurrencesRemindEach) {
+TEST_F(ReminderFinderTest, OccurrencesRemindEach) {
     GivenReminder(AddSeries("2026-06-01 09:00", "2026-06-01 10:00", rules::test::Daily(2)), 15);
     EXPECT_EQ(Due("2026-06-01 00:00", "2026-06-06 00:00"),
               (std::vector<std::string>{"2026-06-01 08:45", "2026-06-03 08:45", "2026-06-05 08:45"}));
@@ -93,7 +95,7 @@ TEST_F(ReminderFinder, OccurrencesRemindEach) {
 }
 
 // A lead of fifty years: every occurrence of that time is owed already.
-TEST_F(ReminderFinder, OfASeriesOnlyTheNearestAreAhead) {
+TEST_F(ReminderFinderTest, OfASeriesOnlyTheNearestAreAhead) {
     constexpr int kLead = 19000 * 24 * 60;
     for (const bool often : {false, true}) {
         rules::StoredItem item = rules::test::MakeItem("u", "2026-06-01 09:00", "2026-06-01 10:00");
@@ -106,7 +108,7 @@ TEST_F(ReminderFinder, OfASeriesOnlyTheNearestAreAhead) {
         item.ReminderMinutes = kLead;
         Import(item);
         std::vector<std::string> starts;
-        reminders::ReminderFinder finder(Store->Core());
+        ReminderFinder finder(CoreOf(*Store));
         const std::clock_t before = std::clock();
         ASSERT_EQ(
             finder.FindAhead(At("2026-06-10 09:00"),
@@ -119,19 +121,19 @@ TEST_F(ReminderFinder, OfASeriesOnlyTheNearestAreAhead) {
     }
 }
 
-TEST_F(ReminderFinder, AnItemWithoutAReminderIsNotFound) {
+TEST_F(ReminderFinderTest, AnItemWithoutAReminderIsNotFound) {
     Add("2026-06-01 09:00", "2026-06-01 10:00");
     EXPECT_EQ(Next("2026-01-01 00:00"), "none");
 }
 
-TEST_F(ReminderFinder, HalfAnHourIsHalfAnHourWhereTheClockChangesInBetween) {
+TEST_F(ReminderFinderTest, HalfAnHourIsHalfAnHourWhereTheClockChangesInBetween) {
     Reopen("Europe/Berlin");
     // At two the clock goes to three.
     GivenReminder(Add("2026-03-29 03:15", "2026-03-29 04:00"), 30);
     EXPECT_EQ(Next("2026-03-28 00:00"), "2026-03-29 00:45");
 }
 
-TEST_F(ReminderFinder, ADayBeforeIsTheSameTimeOfDayWhereTheClockChangesInBetween) {
+TEST_F(ReminderFinderTest, ADayBeforeIsTheSameTimeOfDayWhereTheClockChangesInBetween) {
     Reopen("Europe/Berlin");
     GivenReminder(Add("2026-03-29 09:00", "2026-03-29 10:00"), 24 * 60);
     EXPECT_EQ(Next("2026-03-27 00:00"), "2026-03-28 08:00"); // nine o'clock in winter
@@ -139,11 +141,11 @@ TEST_F(ReminderFinder, ADayBeforeIsTheSameTimeOfDayWhereTheClockChangesInBetween
     EXPECT_EQ(Next("2026-10-20 00:00"), "2026-10-24 07:00"); // and in summer
 }
 
-TEST_F(ReminderFinder, AMovedItemsOldReminderStandsNoMore) {
+TEST_F(ReminderFinderTest, AMovedItemsOldReminderStandsNoMore) {
     const Oid oid = Add("2026-06-01 09:00", "2026-06-01 10:00");
     GivenReminder(oid, 15);
     const ReminderKey key{oid, 0, At("2026-06-01 08:45")};
-    reminders::ReminderFinder finder(Store->Core());
+    ReminderFinder finder(CoreOf(*Store));
     std::optional<ReminderText> text;
     ASSERT_EQ(finder.Describe(key, text), Status::Ok);
     ASSERT_TRUE(text.has_value());
@@ -156,7 +158,7 @@ TEST_F(ReminderFinder, AMovedItemsOldReminderStandsNoMore) {
     EXPECT_FALSE(text.has_value());
 }
 
-TEST_F(ReminderFinder, ACancelledOccurrenceDoesNotRemind) {
+TEST_F(ReminderFinderTest, ACancelledOccurrenceDoesNotRemind) {
     const Oid oid = AddSeries("2026-06-01 09:00", "2026-06-01 10:00", rules::test::Daily());
     GivenReminder(oid, 15);
     const ComPtr<IPOutlookItemCollection> items = Restrict(u"[Start] >= 6/2/2026 and [Start] <= 6/2/2026");
@@ -168,11 +170,11 @@ TEST_F(ReminderFinder, ACancelledOccurrenceDoesNotRemind) {
               (std::vector<std::string>{"2026-06-01 08:45", "2026-06-03 08:45"}));
 }
 
-TEST_F(ReminderFinder, OneWhoseTimeIsOverAndWhoseStartIsAheadIsOwed) {
+TEST_F(ReminderFinderTest, OneWhoseTimeIsOverAndWhoseStartIsAheadIsOwed) {
     GivenReminder(Add("2026-06-01 09:00", "2026-06-01 10:00"), 60);
     GivenReminder(Add("2026-06-01 08:00", "2026-06-01 10:00"), 60);
     std::vector<std::string> found;
-    reminders::ReminderFinder finder(Store->Core());
+    ReminderFinder finder(CoreOf(*Store));
     ASSERT_EQ(finder.FindAhead(At("2026-06-01 08:30"),
                                [&](const DueReminder& reminder) { found.push_back(TextOf(reminder.Start)); }),
               Status::Ok);
@@ -180,4 +182,4 @@ TEST_F(ReminderFinder, OneWhoseTimeIsOverAndWhoseStartIsAheadIsOwed) {
 }
 
 } // namespace
-} // namespace tavo::reminders::test
+} // namespace tavo::outlook::test

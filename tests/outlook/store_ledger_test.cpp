@@ -1,15 +1,17 @@
 // What the ledger in the store remembers, and what it forgets.
-#include "host/reminders/store_ledger.h"
+#include "host/outlook/store_ledger.h"
+
 #include "tests/outlook/store_fixture.h"
 
 #include <gtest/gtest.h>
 
-namespace tavo::reminders::test {
+namespace tavo::outlook::test {
 namespace {
 
+using namespace reminders;
 using rules::test::At;
 
-class StoreLedgerTest : public outlook::test::StoreTest {
+class StoreLedgerTest : public StoreTest {
   protected:
     Oid AddReminding(const std::string& start, const std::string& end) {
         const Oid oid = Add(start, end);
@@ -125,4 +127,4 @@ TEST_F(StoreLedgerTest, AnAnsweredOneIsForgottenAfterNinetyDaysThatTheServiceLiv
 }
 
 } // namespace
-} // namespace tavo::reminders::test
+} // namespace tavo::outlook::test

@@ -1,5 +1,5 @@
 // Looks through the reminders of each lead; series are expanded around the time in question.
-#include "host/reminders/reminder_finder.h"
+#include "host/outlook/reminder_finder.h"
 
 #include "host/outlook/item_rows.h"
 #include "host/rules/expansion_budget.h"
@@ -8,14 +8,11 @@
 #include <limits>
 #include <unordered_map>
 
-namespace tavo::reminders {
+namespace tavo::outlook {
+
+using namespace reminders;
 
 namespace {
-
-using outlook::Query;
-using rules::Entry;
-using rules::EntryKind;
-using rules::ZoneId;
 
 // Clocks differ from universal time, and from each other, by less; times found with it are looked at exactly.
 constexpr Moment kSlack = kDay;
@@ -23,6 +20,9 @@ constexpr Moment kFirstReach = 2 * kDay; // how far a search for the next occurr
 constexpr Moment kFarthestReach = 400000 * kDay;
 constexpr std::size_t kMostAhead = 64;   // of one series at once: a year of weeks
 constexpr std::int64_t kDaysAhead = 200; // within which that many are found of what recurs daily
+
+// In all statements here: flag 2 reminds, flag 4 recurs (kFlagReminder, kFlagRecurring); as numbers, because an index
+// is used only where its own words stand.
 
 // Each lead once, by a search for the next greater one, and what of it lies in a span that moves with the lead: however
 // many leads there are, it is one question to the store. A lead below zero counts as none.
@@ -52,7 +52,7 @@ constexpr Moment LeadOf(std::int64_t minutes) {
 
 struct ReminderFinder::Item {
     std::int64_t Start = 0;
-    ZoneId Zone = rules::kFloating;
+    ZoneId Zone = kFloating;
     std::int64_t OwnStart = 0;
     std::int64_t Flags = 0;
     Moment Lead = 0;
@@ -99,15 +99,15 @@ Status ReminderFinder::ReadSeries(std::int64_t from) {
     while (query.Next()) {
         leads.emplace(query.Small(0), LeadOf(query.Integer(1)));
     }
-    std::vector<rules::SeriesRow> rows;
+    std::vector<SeriesRow> rows;
     Status status = query.Result();
     if (Succeeded(status)) {
-        status = outlook::ReadSeriesTouching(Core.Db, from, rules::kForever, rows);
+        status = ReadSeriesTouching(Core.Db, from, kForever, rows);
     }
     if (Failed(status)) {
         return status;
     }
-    for (const rules::SeriesRow& row : rows) {
+    for (const SeriesRow& row : rows) {
         if (const auto lead = leads.find(row.Item); lead != leads.end()) {
             Series.push_back({row, lead->second});
         }
@@ -124,14 +124,14 @@ Status ReminderFinder::WalkPlain(const PlainSpan& span, const Visit& visit) {
     query.Bind(span.LeadsOnly ? 1 : std::numeric_limits<std::int32_t>::min());
     while (query.Next()) {
         const bool zoned = !query.IsNull(2);
-        const ZoneId zone = zoned ? query.Integer(2) : rules::kFloating;
+        const ZoneId zone = zoned ? query.Integer(2) : kFloating;
         visit(MakePlain(query.Small(0), zone, query.Integer(zoned ? 3 : 1), LeadOf(query.Integer(4))));
     }
     return query.Result();
 }
 
 Status ReminderFinder::WalkSeries(const RemindingSeries& series, std::int64_t from, std::int64_t to,
-                                  rules::ExpansionBudget& budget, const Visit& visit) {
+                                  ExpansionBudget& budget, const Visit& visit) {
     if (series.Row.First > to || series.Row.Until < from) {
         return Status::Ok;
     }
@@ -168,12 +168,11 @@ Status ReminderFinder::FindDue(Moment after, Moment upTo, const Visit& visit) {
 Status ReminderFinder::WalkAll(std::int64_t from, std::int64_t to, const Visit& visit,
                                std::vector<std::size_t>& leftOut) {
     Status status = Status::Ok;
-    leftOut =
-        rules::ShareWork(Series.size(), (to - from) / kDay + 1, [&](std::size_t index, rules::ExpansionBudget& budget) {
-            const RemindingSeries& series = Series[index];
-            status = WalkSeries(series, from + series.Lead, to + series.Lead, budget, visit);
-            return Succeeded(status);
-        });
+    leftOut = ShareWork(Series.size(), (to - from) / kDay + 1, [&](std::size_t index, ExpansionBudget& budget) {
+        const RemindingSeries& series = Series[index];
+        status = WalkSeries(series, from + series.Lead, to + series.Lead, budget, visit);
+        return Succeeded(status);
+    });
     std::sort(leftOut.begin(), leftOut.end());
     return status;
 }
@@ -190,7 +189,7 @@ Status ReminderFinder::FindAhead(Moment now, const Visit& visit) {
         status = ReadSeries(wall - kSlack);
     }
     if (Succeeded(status)) {
-        rules::ShareWork(Series.size(), kDaysAhead, [&](std::size_t index, rules::ExpansionBudget& budget) {
+        ShareWork(Series.size(), kDaysAhead, [&](std::size_t index, ExpansionBudget& budget) {
             status = WalkAhead(Series[index], now, budget, visit);
             return Succeeded(status);
         });
@@ -198,7 +197,7 @@ Status ReminderFinder::FindAhead(Moment now, const Visit& visit) {
     return status;
 }
 
-Status ReminderFinder::WalkAhead(const RemindingSeries& series, Moment now, rules::ExpansionBudget& budget,
+Status ReminderFinder::WalkAhead(const RemindingSeries& series, Moment now, ExpansionBudget& budget,
                                  const Visit& visit) {
     std::vector<DueReminder> found;
     const std::int64_t wall = Core.Zones.UtcToWall(now);
@@ -248,7 +247,7 @@ Status ReminderFinder::FindNextOfSeries(Moment after, Moment& best) {
     const std::int64_t wall = Core.Zones.UtcToWall(after);
     Status status = ReadSeries(wall - kSlack);
     std::int64_t from = wall - kSlack;
-    rules::ExpansionBudget all(rules::kStepsOfNextReminder);
+    ExpansionBudget all(kStepsOfNextReminder);
     std::vector<std::size_t> leftOut;
     const Visit visit = [&](const DueReminder& reminder) {
         if (reminder.At > after) {
@@ -258,16 +257,15 @@ Status ReminderFinder::FindNextOfSeries(Moment after, Moment& best) {
     // Everything that is due before a plain item's reminder starts soon: that far all series are looked at.
     for (Moment reach = kFirstReach; reach <= kFarthestReach && Succeeded(status); reach *= 4) {
         const std::int64_t farthest = wall + reach;
-        const std::int64_t to =
-            best == rules::kForever ? farthest : std::min(farthest, Core.Zones.UtcToWall(best) + kSlack);
+        const std::int64_t to = best == kForever ? farthest : std::min(farthest, Core.Zones.UtcToWall(best) + kSlack);
         if (reach == kFirstReach) {
             status = WalkAll(from, to, visit, leftOut);
         }
         for (std::size_t index = 0; index < Series.size() && reach > kFirstReach && Succeeded(status); ++index) {
             if (!std::binary_search(leftOut.begin(), leftOut.end(), index)) {
                 const RemindingSeries& series = Series[index];
-                const std::int64_t share = std::min(all.GetRest(), rules::kStepsOfExpansion);
-                rules::ExpansionBudget own(share);
+                const std::int64_t share = std::min(all.GetRest(), kStepsOfExpansion);
+                ExpansionBudget own(share);
                 status = WalkSeries(series, from + series.Lead, to + series.Lead, own, visit);
                 // What has a fault costs the others nothing; what takes too long may still remind.
                 all.Take(own.IsSpent() && !own.IsHopeless() ? all.GetRest() + 1 : share - own.GetRest());
@@ -279,7 +277,7 @@ Status ReminderFinder::FindNextOfSeries(Moment after, Moment& best) {
             break;
         }
         from = to;
-        if (best != rules::kForever && Core.Zones.UtcToWall(best) + kSlack <= to) {
+        if (best != kForever && Core.Zones.UtcToWall(best) + kSlack <= to) {
             break;
         }
     }
@@ -287,12 +285,12 @@ Status ReminderFinder::FindNextOfSeries(Moment after, Moment& best) {
 }
 
 Status ReminderFinder::FindNext(Moment after, std::optional<Moment>& next) {
-    Moment best = rules::kForever;
+    Moment best = kForever;
     Status status = FindNextPlain(after, best);
     if (Succeeded(status)) {
         status = FindNextOfSeries(after, best);
     }
-    next = best == rules::kForever ? std::nullopt : std::optional(best);
+    next = best == kForever ? std::nullopt : std::optional(best);
     return status;
 }
 
@@ -300,7 +298,7 @@ Status ReminderFinder::FindTime(const ReminderKey& key, std::optional<Moment>& d
     due.reset();
     Query query(Core.Db, "SELECT zone, reminder_minutes FROM item WHERE oid = ? AND flags & 2");
     if (query.Bind(key.Item).Next()) {
-        const ZoneId zone = query.IsNull(0) ? rules::kFloating : query.Integer(0);
+        const ZoneId zone = query.IsNull(0) ? kFloating : query.Integer(0);
         const Moment lead = LeadOf(query.Integer(1));
         due = DueOf(zone, key.Due + lead, lead);
     }
@@ -308,7 +306,7 @@ Status ReminderFinder::FindTime(const ReminderKey& key, std::optional<Moment>& d
 }
 
 Status ReminderFinder::DescribePlain(const ReminderKey& key, Item& item, bool& stands) {
-    const std::int64_t own = item.Zone == rules::kFloating ? item.Start : item.OwnStart;
+    const std::int64_t own = item.Zone == kFloating ? item.Start : item.OwnStart;
     stands = key.Original == 0 && own - item.Lead == key.Due;
     item.Text.StartWall = item.Start;
     return Status::Ok;
@@ -323,7 +321,7 @@ Status ReminderFinder::DescribeOccurrence(const ReminderKey& key, Item& item, bo
         return exception.Result();
     }
     if (excepted) {
-        if (exception.Small(0) != static_cast<int>(rules::ExceptionKind::Moved)) {
+        if (exception.Small(0) != static_cast<int>(ExceptionKind::Moved)) {
             return Status::Ok;
         }
         own = exception.Integer(1);
@@ -334,13 +332,13 @@ Status ReminderFinder::DescribeOccurrence(const ReminderKey& key, Item& item, bo
     if (own - item.Lead != key.Due) {
         return Status::Ok;
     }
-    rules::SeriesRow row;
+    SeriesRow row;
     const std::int64_t from = item.Text.StartWall - kSlack;
     const std::int64_t to = item.Text.StartWall + kSlack;
-    Status status = outlook::ReadSeriesOf(Core.Db, key.Item, row);
+    Status status = ReadSeriesOf(Core.Db, key.Item, row);
     if (status == Status::Ok && row.First <= to && row.Until >= from) {
         Entries.clear();
-        rules::ExpansionBudget budget(rules::kStepsOfExpansion);
+        ExpansionBudget budget(kStepsOfExpansion);
         status = Core.Items.Series().Expand(row, from, to, Entries, budget);
         stands = std::any_of(Entries.begin(), Entries.end(),
                              [&key](const Entry& entry) { return entry.Original == key.Original; });
@@ -358,7 +356,7 @@ Status ReminderFinder::Describe(const ReminderKey& key, std::optional<ReminderTe
             return query.Result();
         }
         item.Start = query.Integer(0);
-        item.Zone = query.IsNull(1) ? rules::kFloating : query.Integer(1);
+        item.Zone = query.IsNull(1) ? kFloating : query.Integer(1);
         item.OwnStart = query.Integer(2);
         item.Flags = query.Integer(3);
         item.Lead = LeadOf(query.Integer(4));
@@ -367,17 +365,17 @@ Status ReminderFinder::Describe(const ReminderKey& key, std::optional<ReminderTe
         item.Text.Title = query.Text(7);
         item.Text.Location = query.Text(8);
     }
-    item.Text.AllDay = (item.Flags & outlook::kFlagAllDay) != 0;
-    if ((item.Flags & outlook::kFlagReminder) == 0) {
+    item.Text.AllDay = (item.Flags & kFlagAllDay) != 0;
+    if ((item.Flags & kFlagReminder) == 0) {
         return Status::Ok;
     }
     bool stands = false;
-    const Status status = (item.Flags & outlook::kFlagRecurring) == 0 ? DescribePlain(key, item, stands)
-                                                                      : DescribeOccurrence(key, item, stands);
+    const Status status =
+        (item.Flags & kFlagRecurring) == 0 ? DescribePlain(key, item, stands) : DescribeOccurrence(key, item, stands);
     if (Succeeded(status) && stands) {
         text = std::move(item.Text);
     }
     return status;
 }
 
-} // namespace tavo::reminders
+} // namespace tavo::outlook
