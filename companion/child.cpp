@@ -40,13 +40,13 @@ bool Child::Start(const std::vector<std::string>& arguments) {
     if (pipe2(in.data(), O_CLOEXEC) != 0) {
         return false;
     }
-    files::FileDescriptor childInput(in[0]);
-    ToChild = files::FileDescriptor(in[1]);
+    posix::FileDescriptor childInput(in[0]);
+    ToChild = posix::FileDescriptor(in[1]);
     if (pipe2(out.data(), O_CLOEXEC) != 0) {
         return false;
     }
-    FromChild = files::FileDescriptor(out[0]);
-    files::FileDescriptor childOutput(out[1]);
+    FromChild = posix::FileDescriptor(out[0]);
+    posix::FileDescriptor childOutput(out[1]);
     std::vector<char*> pointers;
     pointers.reserve(arguments.size() + 1);
     for (const std::string& argument : arguments) {

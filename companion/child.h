@@ -1,7 +1,7 @@
 // A short-lived program of ours, with pipes to its input and from its output. Nothing here waits for it, unless asked.
 #pragma once
 
-#include "host/files/file_descriptor.h"
+#include "host/posix/file_descriptor.h"
 
 #include <string>
 #include <sys/types.h>
@@ -45,8 +45,8 @@ class Child {
 
   private:
     pid_t Process = -1;
-    files::FileDescriptor ToChild;
-    files::FileDescriptor FromChild;
+    posix::FileDescriptor ToChild;
+    posix::FileDescriptor FromChild;
     std::string Unread;
     std::string Unwritten;
 };

@@ -45,8 +45,8 @@ bool Drain(int descriptor) {
     return any;
 }
 
-files::FileDescriptor WatchFolder(const char* folder) {
-    files::FileDescriptor watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+posix::FileDescriptor WatchFolder(const char* folder) {
+    posix::FileDescriptor watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
     if (watch && inotify_add_watch(watch.Get(), folder, IN_MOVED_TO | IN_CREATE | IN_CLOSE_WRITE) < 0) {
         (void)watch.Close();
     }
@@ -86,8 +86,8 @@ bool Companion::Prepare() {
     }
     (void)sigprocmask(SIG_BLOCK, &signals, nullptr);
     (void)std::signal(SIGPIPE, SIG_IGN); // a window that went is noticed when it is written to
-    Signals = files::FileDescriptor(signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC));
-    Alarm = files::FileDescriptor(timerfd_create(CLOCK_REALTIME, TFD_NONBLOCK | TFD_CLOEXEC));
+    Signals = posix::FileDescriptor(signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC));
+    Alarm = posix::FileDescriptor(timerfd_create(CLOCK_REALTIME, TFD_NONBLOCK | TFD_CLOEXEC));
     Zone = WatchFolder("/etc");
     return Signals && Alarm;
 }

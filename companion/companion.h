@@ -53,10 +53,10 @@ class Companion {
     ReminderDesk Desk;
     NightRound Round;
     std::unique_ptr<Opened> Device;
-    files::FileDescriptor Alarm;
-    files::FileDescriptor Signals;
-    files::FileDescriptor Folder; // of the store, while it is not open
-    files::FileDescriptor Zone;
+    posix::FileDescriptor Alarm;
+    posix::FileDescriptor Signals;
+    posix::FileDescriptor Folder; // of the store, while it is not open
+    posix::FileDescriptor Zone;
     std::optional<reminders::Look> Pending;
     std::set<std::uint32_t> Orphans; // cards of a store that was replaced
     std::optional<Instant> NextLook; // at the store, once more

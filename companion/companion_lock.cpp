@@ -1,7 +1,7 @@
 // A lock of the process: it goes with it, and the system tells others who holds it.
 #include "companion/companion_lock.h"
 
-#include "host/files/private_file.h"
+#include "host/posix/private_file.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -10,7 +10,7 @@ namespace tavo::companion {
 
 CompanionLock::CompanionLock(const std::string& runFolder) {
     (void)mkdir(runFolder.c_str(), 0700); // when it is missing and cannot be made, opening the file tells
-    files::FileDescriptor file = files::OpenOrMakeFile(runFolder + "/RSound.lock");
+    posix::FileDescriptor file = posix::OpenOrMakeFile(runFolder + "/RSound.lock");
 
     struct flock lock {};
 

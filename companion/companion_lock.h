@@ -1,7 +1,7 @@
 // Holds the place of the one companion of a root folder; the file names its process.
 #pragma once
 
-#include "host/files/file_descriptor.h"
+#include "host/posix/file_descriptor.h"
 
 #include <string>
 
@@ -14,7 +14,7 @@ class CompanionLock {
     bool IsHeld() const { return static_cast<bool>(File); }
 
   private:
-    files::FileDescriptor File;
+    posix::FileDescriptor File;
 };
 
 } // namespace tavo::companion

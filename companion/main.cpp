@@ -3,9 +3,9 @@
 #include "companion/companion_lock.h"
 #include "companion/night_round.h"
 #include "host/files/device_processes.h"
-#include "host/files/login_entry.h"
 #include "host/locale/harmless_text.h"
 #include "host/outlook/store.h"
+#include "host/posix/login_entry.h"
 
 #include <cstdio>
 #include <exception>
@@ -23,7 +23,7 @@ int Refuse(std::string_view problem) {
 // Whoever has used the calendar is reminded after the next login too, unless they switched that off. A device in a
 // place of its own is somebody's trial.
 void EnterAtLogin(const files::RootEnvironment& environment) {
-    files::LoginEntry entry;
+    posix::LoginEntry entry;
     if (environment.TavoHome.empty() && !entry.IsDecided()) {
         // Where it cannot be written, reminders come once the calendar is started.
         (void)entry.SwitchOn(files::RunningProgramFolder() + "/RSound", "");

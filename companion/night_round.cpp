@@ -3,8 +3,8 @@
 
 #include "companion/notifications.h"
 #include "host/files/device_files.h"
-#include "host/files/replace_file.h"
 #include "host/outlook/diagnosis.h"
+#include "host/posix/replace_file.h"
 #include "host/rules/wall_time.h"
 
 #include <algorithm>
@@ -60,7 +60,7 @@ void Tell(const CardText& words) {
 
 RoundResult GoRound(const files::DeviceRoot& root) {
     files::DeviceFiles({root.Path()}).Purge();
-    files::RemoveUnfinished(root.RunFolder());
+    posix::RemoveUnfinished(root.RunFolder());
     const outlook::Diagnosis diagnosis = outlook::DiagnoseStore(root.StorePath(), outlook::CheckDepth::Full);
     if (diagnosis.State == outlook::Verdict::Ok) {
         return RoundResult::Sound;

@@ -2,8 +2,8 @@
 #include "companion/reminder_desk.h"
 
 #include "host/files/device_processes.h"
-#include "host/files/instance_lock.h"
 #include "host/locale/utf.h"
+#include "host/posix/instance_lock.h"
 #include "platform/outlook.h"
 
 #include <cstdlib>
@@ -161,7 +161,7 @@ void ReminderDesk::StopRinging() {
 
 void ReminderDesk::OpenItem(std::int32_t item) {
     // First, so that a start finds it. Not written, a running program stays where it is and a new one shows its clock.
-    static_cast<void>(files::InstanceLock::RequestItem(RunFolder, item, Token));
+    static_cast<void>(posix::InstanceLock::RequestItem(RunFolder, item, Token));
     // Also beside one that runs: it may be about to end, and a start knows to take its place then. One thread, and
     // nobody else reads the variable: it is for the one that is started.
     static_cast<void>(setenv("XDG_ACTIVATION_TOKEN", Token.c_str(), 1));

@@ -2,8 +2,8 @@
 #include "tools/login_start.h"
 
 #include "host/files/device_processes.h"
-#include "host/files/file_descriptor.h"
-#include "host/files/login_entry.h"
+#include "host/posix/file_descriptor.h"
+#include "host/posix/login_entry.h"
 
 #include <cerrno>
 #include <chrono>
@@ -46,7 +46,7 @@ bool EndService(const files::DeviceRoot& root, pid_t service) {
     return WaitUntil([&] { return FindReminderService(root) != service; });
 }
 
-std::string WhyNotWritten(const files::LoginEntry& entry) {
+std::string WhyNotWritten(const posix::LoginEntry& entry) {
     return entry.Path().empty() ? "There is no home folder to put the entry into."
                                 : "The entry " + entry.Path().string() + " cannot be written.";
 }
@@ -57,12 +57,12 @@ std::string StartAtLogin(const files::DeviceRoot& root) {
     const std::string program = files::RunningProgramFolder() + "/RSound";
     const std::string device = FindNamedRoot(root);
     for (const std::string& path : {program, device}) {
-        if (!files::LoginEntry::CanName(path)) {
+        if (!posix::LoginEntry::CanName(path)) {
             return "What is started at login cannot be told the name " + path +
                    ": it has characters that are no text. Give the folder another name.";
         }
     }
-    files::LoginEntry entry;
+    posix::LoginEntry entry;
     if (!entry.SwitchOn(program, device)) {
         return WhyNotWritten(entry);
     }
@@ -78,7 +78,7 @@ std::string StartAtLogin(const files::DeviceRoot& root) {
 }
 
 std::string StopAtLogin(const files::DeviceRoot& root) {
-    files::LoginEntry entry;
+    posix::LoginEntry entry;
     if (!entry.SwitchOff()) {
         return WhyNotWritten(entry);
     }
@@ -90,7 +90,7 @@ std::string StopAtLogin(const files::DeviceRoot& root) {
 }
 
 std::optional<pid_t> FindReminderService(const files::DeviceRoot& root) {
-    const files::FileDescriptor lock(open((root.RunFolder() + "/RSound.lock").c_str(), O_RDWR | O_CLOEXEC));
+    const posix::FileDescriptor lock(open((root.RunFolder() + "/RSound.lock").c_str(), O_RDWR | O_CLOEXEC));
 
     struct flock holder {};
 

@@ -2,7 +2,7 @@
 #include "tools/tag_file.h"
 
 #include "host/files/device_files.h"
-#include "host/files/instance_lock.h"
+#include "host/posix/instance_lock.h"
 #include "store/category_codec.h"
 #include "tools/device.h"
 
@@ -108,15 +108,15 @@ bool WriteLocked(const files::DeviceRoot& root, const outlook::StorePtr& store) 
 } // namespace
 
 bool WriteTags(const files::DeviceRoot& root, const outlook::StorePtr& store) {
-    files::InstanceLock lock(root.RunFolder());
-    switch (lock.Acquire(files::InstanceRole::Tool, kPatience)) {
-    case files::LockOutcome::Held:
+    posix::InstanceLock lock(root.RunFolder());
+    switch (lock.Acquire(posix::InstanceRole::Tool, kPatience)) {
+    case posix::LockOutcome::Held:
         return WriteLocked(root, store);
-    case files::LockOutcome::ProgramRuns:
+    case posix::LockOutcome::ProgramRuns:
         return true; // it hears of the requests from the store
-    case files::LockOutcome::Busy:
+    case posix::LockOutcome::Busy:
         return ComplainKept("Another command is setting tags and does not end.");
-    case files::LockOutcome::Failed:
+    case posix::LockOutcome::Failed:
         break;
     }
     return ComplainKept("The folder " + root.RunFolder() + " cannot be used.");

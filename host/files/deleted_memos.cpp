@@ -1,10 +1,10 @@
 // The moment of deletion stands in the name, since copies and backups change every other stamp of a file.
 #include "host/files/deleted_memos.h"
 
-#include "host/files/replace_file.h"
 #include "host/locale/calendar_math.h"
 #include "host/locale/case_folding.h"
 #include "host/locale/utf.h"
+#include "host/posix/replace_file.h"
 
 #include <cerrno>
 #include <charconv>
@@ -36,7 +36,7 @@ ErrorCode MakeDeletedFolder(const std::string& deleted) {
     if (mkdir(deleted.c_str(), 0700) == 0)
         return ErrorCode::Success;
     if (errno != EEXIST)
-        return ErrorCodeOf(errno);
+        return posix::ErrorCodeOf(errno);
     // A link would lead the memos out of the device.
     return lstat(deleted.c_str(), &state) == 0 && S_ISDIR(state.st_mode) ? ErrorCode::Success : ErrorCode::AccessDenied;
 }
@@ -66,15 +66,15 @@ ErrorCode CopyNew(const std::string& from, const std::string& target) {
     if (access(target.c_str(), F_OK) == 0)
         return ErrorCode::AlreadyExists;
     std::vector<std::uint8_t> bytes;
-    const ErrorCode error = ReadFile(from, kLargestMemo, bytes);
-    return error == ErrorCode::Success ? ReplaceFile(target, bytes) : error;
+    const ErrorCode error = posix::ReadFile(from, kLargestMemo, bytes);
+    return error == ErrorCode::Success ? posix::ReplaceFile(target, bytes) : error;
 }
 
 // A second name, or a copy where the disk knows none. AlreadyExists when the name is taken.
 ErrorCode AddName(const std::string& from, const std::string& target) {
     if (link(from.c_str(), target.c_str()) == 0)
         return ErrorCode::Success;
-    return LinksAreUnknown(errno) ? CopyNew(from, target) : ErrorCodeOf(errno);
+    return LinksAreUnknown(errno) ? CopyNew(from, target) : posix::ErrorCodeOf(errno);
 }
 
 ErrorCode NameInDeletedFolder(const std::string& folder, const std::string& name, std::time_t now, std::string& kept) {
@@ -103,20 +103,20 @@ bool IsKeptMemo(const std::string& folder, const std::string& name) {
 ErrorCode KeepMemo(const std::string& folder, const std::string& name, std::time_t now) {
     std::string kept;
     const ErrorCode error = NameInDeletedFolder(folder, name, now, kept);
-    return error == ErrorCode::Success ? SyncFolder(DeletedFolderOf(folder)) : error;
+    return error == ErrorCode::Success ? posix::SyncFolder(DeletedFolderOf(folder)) : error;
 }
 
 ErrorCode MoveMemo(const std::string& folder, const std::string& name, std::time_t now, std::string& kept) {
     // Not synchronised: a deletion that a crash undoes loses nothing, and all memos may be deleted at once.
     if (const ErrorCode error = NameInDeletedFolder(folder, name, now, kept); error != ErrorCode::Success)
         return error;
-    return unlink((folder + '/' + name).c_str()) == 0 ? ErrorCode::Success : ErrorCodeOf(errno);
+    return unlink((folder + '/' + name).c_str()) == 0 ? ErrorCode::Success : posix::ErrorCodeOf(errno);
 }
 
 ErrorCode MoveToFreePath(const std::string& from, const std::string& to) {
     if (const ErrorCode error = AddName(from, to); error != ErrorCode::Success)
         return error;
-    return unlink(from.c_str()) == 0 ? ErrorCode::Success : ErrorCodeOf(errno);
+    return unlink(from.c_str()) == 0 ? ErrorCode::Success : posix::ErrorCodeOf(errno);
 }
 
 void PurgeDeletedMemos(const std::string& folder, std::time_t now) {

@@ -4,9 +4,9 @@
 #include "host/files/deleted_memos.h"
 #include "host/files/device_path.h"
 #include "host/files/file_search.h"
-#include "host/files/replace_file.h"
 #include "host/locale/case_folding.h"
 #include "host/locale/utf.h"
+#include "host/posix/replace_file.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -79,7 +79,7 @@ ErrorCode DeviceFiles::ReadWholeFile(std::u16string_view path, std::vector<std::
     return Guard([&] {
         std::string realPath;
         const ErrorCode error = FindReadable(path, realPath);
-        return error == ErrorCode::Success ? ReadFile(realPath, kLargestFile, bytes) : error;
+        return error == ErrorCode::Success ? posix::ReadFile(realPath, kLargestFile, bytes) : error;
     });
 }
 
@@ -134,12 +134,12 @@ std::optional<std::string> DeviceFiles::RealPathOfFile(std::u16string_view path)
 
 void DeviceFiles::Purge() {
     const ErrorCode error = Guard([&] {
-        RemoveUnfinished(Root);
+        posix::RemoveUnfinished(Root);
         const std::u16string data[] = {u"My Documents", u"TavoCalendar"};
         std::string folder;
         if (const ErrorCode missing = FindFolder(data, folder); missing != ErrorCode::Success)
             return missing;
-        RemoveUnfinished(folder);
+        posix::RemoveUnfinished(folder);
         PurgeDeletedMemos(folder, Now());
         UserFolders.Forget(folder);
         return ErrorCode::Success;
@@ -207,7 +207,7 @@ ErrorCode DeviceFiles::FindReadable(std::u16string_view path, std::string& realP
         realPath = place.Path();
         if (lstat(realPath.c_str(), &state) == 0)
             return ErrorCode::Success;
-        error = ErrorCodeOf(errno);
+        error = posix::ErrorCodeOf(errno);
     }
     const auto parts = ParseDevicePath(path);
     const std::optional<std::string> installed = parts ? FindInstalled(*parts) : std::nullopt;
@@ -238,9 +238,9 @@ ErrorCode DeviceFiles::MakeFolder(std::u16string_view path) {
     if (const ErrorCode error = FindPlace(path, LastLink::Follow, place); error != ErrorCode::Success)
         return error;
     if (mkdir(place.Path().c_str(), kPrivateFolder) != 0)
-        return errno == ENOENT ? ErrorCode::PathNotFound : ErrorCodeOf(errno);
+        return errno == ENOENT ? ErrorCode::PathNotFound : posix::ErrorCodeOf(errno);
     UserFolders.Forget(place.Folder);
-    return SyncFolder(place.Folder);
+    return posix::SyncFolder(place.Folder);
 }
 
 ErrorCode DeviceFiles::Write(std::u16string_view path, std::span<const std::uint8_t> bytes) {
@@ -248,7 +248,7 @@ ErrorCode DeviceFiles::Write(std::u16string_view path, std::span<const std::uint
     if (const ErrorCode error = FindPlace(path, LastLink::Follow, place); error != ErrorCode::Success)
         return error;
     const std::string realPath = place.Path();
-    const ErrorCode error = ReplaceFile(realPath, bytes, [&] {
+    const ErrorCode error = posix::ReplaceFile(realPath, bytes, [&] {
         if (!IsKeptMemo(place.Folder, place.Name) || access(realPath.c_str(), F_OK) != 0)
             return ErrorCode::Success;
         return KeepMemo(place.Folder, place.Name, Now());
@@ -266,21 +266,21 @@ ErrorCode DeviceFiles::Delete(std::u16string_view path) {
     struct stat state {};
 
     if (lstat(realPath.c_str(), &state) != 0) {
-        const ErrorCode missing = ErrorCodeOf(errno);
+        const ErrorCode missing = posix::ErrorCodeOf(errno);
         const auto parts = ParseDevicePath(path);
         return parts && FindInstalled(*parts) ? ErrorCode::AccessDenied : missing; // what is installed stays
     }
     if (!S_ISREG(state.st_mode) && !S_ISLNK(state.st_mode))
         return ErrorCode::AccessDenied;
     if (S_ISREG(state.st_mode) && access(realPath.c_str(), W_OK) != 0)
-        return ErrorCodeOf(errno);
+        return posix::ErrorCodeOf(errno);
     UserFolders.Forget(place.Folder);
     if (S_ISREG(state.st_mode) && IsKeptMemo(place.Folder, place.Name)) {
         std::string kept;
         return MoveMemo(place.Folder, place.Name, Now(), kept);
     }
     // Of a link only the link goes; what it leads to stays.
-    return unlink(realPath.c_str()) == 0 ? ErrorCode::Success : ErrorCodeOf(errno);
+    return unlink(realPath.c_str()) == 0 ? ErrorCode::Success : posix::ErrorCodeOf(errno);
 }
 
 // A link goes there as a link.
@@ -292,11 +292,11 @@ ErrorCode DeviceFiles::PutAway(std::u16string_view path, std::u16string& kept) {
     struct stat state {};
 
     if (lstat(place.Path().c_str(), &state) != 0)
-        return ErrorCodeOf(errno);
+        return posix::ErrorCodeOf(errno);
     if (!IsKeptMemo(place.Folder, place.Name) || (!S_ISREG(state.st_mode) && !S_ISLNK(state.st_mode)))
         return ErrorCode::AccessDenied;
     if (S_ISREG(state.st_mode) && access(place.Path().c_str(), W_OK) != 0)
-        return ErrorCodeOf(errno);
+        return posix::ErrorCodeOf(errno);
     UserFolders.Forget(place.Folder);
     std::string name;
     const ErrorCode error = MoveMemo(place.Folder, place.Name, Now(), name);
@@ -322,7 +322,7 @@ ErrorCode DeviceFiles::Move(std::u16string_view from, std::u16string_view to) {
     struct stat state {};
 
     if (lstat(source.Path().c_str(), &state) != 0)
-        return ErrorCodeOf(errno);
+        return posix::ErrorCodeOf(errno);
     if (!S_ISREG(state.st_mode) && !S_ISLNK(state.st_mode))
         return ErrorCode::AccessDenied;
     UserFolders.Forget(source.Folder);

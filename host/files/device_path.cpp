@@ -1,8 +1,8 @@
 // What may stand in a path of the device.
 #include "host/files/device_path.h"
 
-#include "host/files/private_file.h"
 #include "host/locale/utf.h"
+#include "host/posix/private_file.h"
 
 #include <algorithm>
 
@@ -24,7 +24,7 @@ bool IsName(std::u16string_view name, bool wildcardsAllowed) {
     if (hasForbidden)
         return false;
     const std::optional<std::string> bytes = locale::ToUtf8Exactly(name);
-    return bytes && !bytes->starts_with(kUnfinishedPrefix);
+    return bytes && !bytes->starts_with(posix::kUnfinishedPrefix);
 }
 
 } // namespace

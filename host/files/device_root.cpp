@@ -1,7 +1,7 @@
 // Finds and makes the device's root folder.
 #include "host/files/device_root.h"
 
-#include "host/files/private_file.h"
+#include "host/posix/private_file.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -94,10 +94,10 @@ std::string QuoteForShell(const std::string& text) {
 // What is wrong with a folder into which others could put files; "" when they cannot.
 std::string DescribeExposure(const std::string& folder) {
     constexpr const char* kElse = ", or set TAVO_HOME to a folder of your own.";
-    switch (LookAtFolder(folder)) {
-    case FolderKeeping::OfSomebodyElse:
+    switch (posix::LookAtFolder(folder)) {
+    case posix::FolderKeeping::OfSomebodyElse:
         return "The folder " + folder + " belongs to someone else; have it given to you (chown)" + kElse;
-    case FolderKeeping::OpenToOthers:
+    case posix::FolderKeeping::OpenToOthers:
         return "Others may write to the folder " + folder + "; close it to them with: chmod go-w " +
                QuoteForShell(folder) + kElse;
     default:

@@ -1,8 +1,8 @@
 // The registry's calls on its text file.
 #include "host/files/registry_file.h"
 
-#include "host/files/private_file.h"
-#include "host/files/replace_file.h"
+#include "host/posix/private_file.h"
+#include "host/posix/replace_file.h"
 
 #include <cerrno>
 #include <exception>
@@ -19,8 +19,8 @@ constexpr std::string_view kHeading =
     "# Settings of Tavo Calendar. Lines that the program does not know are kept as they are.\n";
 
 // Held while it lives; a file system without locks is used without.
-FileDescriptor LockForChange(const std::string& path) {
-    FileDescriptor file = OpenOrMakeFile(path);
+posix::FileDescriptor LockForChange(const std::string& path) {
+    posix::FileDescriptor file = posix::OpenOrMakeFile(path);
     while (file && flock(file.Get(), LOCK_EX) != 0 && errno == EINTR) {
     }
     return file;
@@ -95,7 +95,7 @@ std::optional<RegistryValue> RegistryFile::ReadValue(std::u16string_view path, s
 
 ErrorCode RegistryFile::Rewrite(const std::function<void(RegistryText&)>& change) {
     try {
-        const FileDescriptor lock = LockForChange(LockPath);
+        const posix::FileDescriptor lock = LockForChange(LockPath);
         RegistryText text;
         if (const ErrorCode error = Load(text); error != ErrorCode::Success)
             return error;
@@ -106,7 +106,7 @@ ErrorCode RegistryFile::Rewrite(const std::function<void(RegistryText&)>& change
             return ErrorCode::Success;
         if (before.empty())
             after.insert(0, kHeading);
-        return ReplaceFile(Path, {reinterpret_cast<const std::uint8_t*>(after.data()), after.size()});
+        return posix::ReplaceFile(Path, {reinterpret_cast<const std::uint8_t*>(after.data()), after.size()});
     } catch (const std::exception&) {
         return ErrorCode::CannotComplete;
     }
@@ -115,7 +115,7 @@ ErrorCode RegistryFile::Rewrite(const std::function<void(RegistryText&)>& change
 // A missing file is an empty registry.
 ErrorCode RegistryFile::Load(RegistryText& text) const {
     std::vector<std::uint8_t> bytes;
-    const ErrorCode error = ReadFile(Path, kLargestRegistry, bytes);
+    const ErrorCode error = posix::ReadFile(Path, kLargestRegistry, bytes);
     if (error == ErrorCode::FileNotFound)
         return ErrorCode::Success;
     if (error == ErrorCode::Success)

@@ -1,7 +1,7 @@
 // A head, then records one after another: the whole page, strokes added to it, the stroke being drawn.
 #include "host/ink/recovery_file.h"
 
-#include "host/files/private_file.h"
+#include "host/posix/private_file.h"
 
 #include <algorithm>
 #include <array>
@@ -89,11 +89,11 @@ bool RecoveryFile::MakeFile() {
     if (mkdir(Folder.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
         return false;
     }
-    const files::FileDescriptor folder = files::OpenFolder(Folder);
+    const posix::FileDescriptor folder = posix::OpenFolder(Folder);
     for (int number = 1; folder && number < kMaxNames; ++number) {
         const std::string name = NameFor(Begun, number);
         const std::string path = Folder + "/" + name;
-        files::FileDescriptor made = files::MakeFile(folder, name);
+        posix::FileDescriptor made = posix::MakeFile(folder, name);
         if (!made && errno != EEXIST) {
             return false;
         }
@@ -134,7 +134,7 @@ bool RecoveryFile::WritePage(std::span<const std::uint8_t> page) {
     if (File && !IsBroken && Size <= kRoomForNews + 4 * static_cast<long long>(page.size())) {
         return Append(kPage, page);
     }
-    files::FileDescriptor oldFile = std::exchange(File, files::FileDescriptor());
+    posix::FileDescriptor oldFile = std::exchange(File, posix::FileDescriptor());
     const std::string oldPath = OwnPath;
     const long long oldSize = Size;
     const bool wasBroken = std::exchange(IsBroken, false);

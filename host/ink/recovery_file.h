@@ -1,8 +1,8 @@
 // What is written while a memo is open, so that a crash takes no more than the last moment of it.
 #pragma once
 
-#include "host/files/file_descriptor.h"
 #include "host/ink/ink_control.h"
+#include "host/posix/file_descriptor.h"
 #include "platform/system_time.h"
 
 #include <optional>
@@ -48,7 +48,7 @@ class RecoveryFile {
     SYSTEMTIME Begun;
     std::vector<std::uint8_t> Home;
     std::string OwnPath;
-    files::FileDescriptor File;
+    posix::FileDescriptor File;
     long long Size = 0;
     std::uint64_t WrittenRevision = 0;
     std::optional<std::uint64_t> WrittenReshapes; // none: nothing of use is in the file

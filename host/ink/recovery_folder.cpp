@@ -1,10 +1,10 @@
 // Finding recovery files, and putting them away.
 #include "host/ink/recovery_folder.h"
 
-#include "host/files/file_descriptor.h"
-#include "host/files/replace_file.h"
 #include "host/ink/recovery_file.h"
 #include "host/locale/calendar_math.h"
+#include "host/posix/file_descriptor.h"
+#include "host/posix/replace_file.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -23,7 +23,7 @@ constexpr std::size_t kMaxFileSize = 256U << 20;
 
 // The owner of an open editor keeps its file locked.
 bool IsHeld(const std::string& path) {
-    const files::FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW));
+    const posix::FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW));
     return file && flock(file.Get(), LOCK_EX | LOCK_NB) != 0;
 }
 
@@ -54,7 +54,7 @@ std::vector<RecoveredInk> RecoveryFolder::Find() const {
     for (const std::string& name : NamesIn(OwnPath)) {
         const std::string path = OwnPath + "/" + name;
         std::vector<std::uint8_t> bytes;
-        if (IsHeld(path) || files::ReadFile(path, kMaxFileSize, bytes) != ErrorCode::Success) {
+        if (IsHeld(path) || posix::ReadFile(path, kMaxFileSize, bytes) != ErrorCode::Success) {
             continue;
         }
         std::optional<RecoveryContents> contents = ReadRecovery(bytes);
@@ -76,7 +76,7 @@ bool RecoveryFolder::Decline(const std::string& name) const {
     const std::string path = OwnPath + "/" + name;
     mkdir(folder.c_str(), S_IRWXU); // what is wrong with it shows when it is written to
     std::vector<std::uint8_t> bytes;
-    if (files::ReadFile(path, kMaxFileSize, bytes) != ErrorCode::Success) {
+    if (posix::ReadFile(path, kMaxFileSize, bytes) != ErrorCode::Success) {
         return false;
     }
     const std::optional<RecoveryContents> contents = ReadRecovery(bytes);
@@ -85,7 +85,7 @@ bool RecoveryFolder::Decline(const std::string& name) const {
     }
     // A memo file: copied to the memos it is one.
     const std::string stem = name.substr(0, name.size() - kEnding.size());
-    return files::ReplaceFile(folder + "/" + stem + ".pwi", contents->Ink) == ErrorCode::Success &&
+    return posix::ReplaceFile(folder + "/" + stem + ".pwi", contents->Ink) == ErrorCode::Success &&
            unlink(path.c_str()) == 0;
 }
 

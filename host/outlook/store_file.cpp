@@ -1,8 +1,8 @@
 // Looking at a store file from outside.
 #include "host/outlook/store_file.h"
 
-#include "host/files/private_file.h"
 #include "host/outlook/schema.h"
+#include "host/posix/private_file.h"
 
 #include <array>
 #include <cerrno>
@@ -47,7 +47,7 @@ Status StatusFromErrno(int error) {
 }
 
 Status CheckHeader(const std::filesystem::path& path) {
-    const files::FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)); // a pipe must not stop us
+    const posix::FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)); // a pipe must not stop us
 
     struct stat facts {};
 
@@ -110,7 +110,7 @@ struct OpenFiles {
 constexpr off_t kLogUserByte = 128;
 
 bool IsLogInUse(const std::filesystem::path& shared) {
-    const files::FileDescriptor file(open(shared.c_str(), O_RDWR | O_CLOEXEC));
+    const posix::FileDescriptor file(open(shared.c_str(), O_RDWR | O_CLOEXEC));
 
     struct flock lock {};
 
@@ -170,8 +170,8 @@ std::filesystem::path RealPath(const std::filesystem::path& path) {
 }
 
 bool IsFolderExposed(const std::filesystem::path& path) {
-    const files::FolderKeeping keeping = files::LookAtFolder(AbsolutePath(path).parent_path().string());
-    return keeping == files::FolderKeeping::OfSomebodyElse || keeping == files::FolderKeeping::OpenToOthers;
+    const posix::FolderKeeping keeping = posix::LookAtFolder(AbsolutePath(path).parent_path().string());
+    return keeping == posix::FolderKeeping::OfSomebodyElse || keeping == posix::FolderKeeping::OpenToOthers;
 }
 
 std::string StoreUri(const std::filesystem::path& path, const char* parameters) {
@@ -241,15 +241,15 @@ Status CreateStoreFile(const std::filesystem::path& path) {
     if (const Status status = MakeFolders(place.parent_path()); Failed(status)) {
         return status;
     }
-    const files::FileDescriptor folder = files::OpenFolder(place.parent_path().string());
+    const posix::FileDescriptor folder = posix::OpenFolder(place.parent_path().string());
     if (!folder) {
         return StatusFromErrno(errno);
     }
-    if (files::LookAtFolder(folder) != files::FolderKeeping::Ours) {
+    if (posix::LookAtFolder(folder) != posix::FolderKeeping::Ours) {
         return Status::AccessDenied;
     }
     std::string draft;
-    if (!files::MakeUnfinished(folder, draft, ".db")) {
+    if (!posix::MakeUnfinished(folder, draft, ".db")) {
         return StatusFromErrno(errno);
     }
     const std::string name = place.filename().string();

@@ -13,7 +13,7 @@ constexpr std::chrono::seconds kBetweenLooks{1}; // where no watch tells of a re
 
 } // namespace
 
-Activation::Activation(files::InstanceLock& lock, Taker taker) : Lock(lock), Take(std::move(taker)) {
+Activation::Activation(posix::InstanceLock& lock, Taker taker) : Lock(lock), Take(std::move(taker)) {
     QObject::connect(&Looks, &QTimer::timeout, &Looks, [this] { HasNews = true; });
 }
 
@@ -44,7 +44,7 @@ void Activation::Follow(bool isEnding) {
     if (!Notifier) {
         Begin(); // at the next look perhaps one is free
     }
-    if (const std::optional<files::ActivationRequest> request = Lock.TakeActivation()) {
+    if (const std::optional<posix::ActivationRequest> request = Lock.TakeActivation()) {
         Take(*request, moment);
     }
 }

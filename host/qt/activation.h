@@ -1,7 +1,7 @@
 // What other processes ask of this one: to come forward, and to show something.
 #pragma once
 
-#include "host/files/instance_lock.h"
+#include "host/posix/instance_lock.h"
 
 #include <QTimer>
 
@@ -18,9 +18,9 @@ class Activation {
         Start, // it was there before anyone watched; perhaps the program was started for it
         Later,
     };
-    using Taker = std::function<void(const files::ActivationRequest& request, Moment moment)>;
+    using Taker = std::function<void(const posix::ActivationRequest& request, Moment moment)>;
 
-    Activation(files::InstanceLock& lock, Taker taker);
+    Activation(posix::InstanceLock& lock, Taker taker);
     ~Activation();
     Activation(const Activation&) = delete;
     Activation& operator=(const Activation&) = delete;
@@ -33,7 +33,7 @@ class Activation {
   private:
     void Begin();
 
-    files::InstanceLock& Lock;
+    posix::InstanceLock& Lock;
     Taker Take;
     std::unique_ptr<QSocketNotifier> Notifier;
     QTimer Looks; // wakes the program where it cannot be told of requests

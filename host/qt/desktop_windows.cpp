@@ -24,12 +24,12 @@ WindowHandle DesktopWindows::FindWindowW(std::u16string_view className, std::u16
     if (const WindowHandle own = ShellWindows::FindWindowW(className, title); own != WindowHandle::None) {
         return own;
     }
-    const bool isClaimed = LastClaim == files::LockOutcome::Held;
-    return !isClaimed && files::InstanceLock::ProgramRuns(RunFolder) ? kOtherProgram : WindowHandle::None;
+    const bool isClaimed = LastClaim == posix::LockOutcome::Held;
+    return !isClaimed && posix::InstanceLock::ProgramRuns(RunFolder) ? kOtherProgram : WindowHandle::None;
 }
 
 WindowHandle DesktopWindows::CreateWindowExW(const WindowDescription& description) {
-    if (description.Kind == WindowKind::Frame && ClaimRoot() != files::LockOutcome::Held) {
+    if (description.Kind == WindowKind::Frame && ClaimRoot() != posix::LockOutcome::Held) {
         return WindowHandle::None;
     }
     return ShellWindows::CreateWindowExW(description);
@@ -46,12 +46,12 @@ void DesktopWindows::SetForegroundWindow(WindowHandle window) {
         ShellWindows::SetForegroundWindow(window);
         return;
     }
-    Asked = files::InstanceLock::RequestActivation(RunFolder, OwnToken());
+    Asked = posix::InstanceLock::RequestActivation(RunFolder, OwnToken());
 }
 
-files::LockOutcome DesktopWindows::ClaimRoot() {
-    if (LastClaim != files::LockOutcome::Held) {
-        LastClaim = Lock.Acquire(files::InstanceRole::Program, kPatience);
+posix::LockOutcome DesktopWindows::ClaimRoot() {
+    if (LastClaim != posix::LockOutcome::Held) {
+        LastClaim = Lock.Acquire(posix::InstanceRole::Program, kPatience);
     }
     return *LastClaim;
 }
@@ -64,8 +64,8 @@ OtherAnswer DesktopWindows::WaitForOther(std::chrono::milliseconds patience) {
         return OtherAnswer::Silent;
     }
     const auto end = std::chrono::steady_clock::now() + patience;
-    while (files::InstanceLock::HasActivationRequest(RunFolder)) {
-        if (!files::InstanceLock::ProgramRuns(RunFolder)) {
+    while (posix::InstanceLock::HasActivationRequest(RunFolder)) {
+        if (!posix::InstanceLock::ProgramRuns(RunFolder)) {
             return OtherAnswer::Ended;
         }
         if (std::chrono::steady_clock::now() >= end) {

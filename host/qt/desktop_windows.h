@@ -1,7 +1,7 @@
 // Windows of this process, and the main window of another one that runs on the same root.
 #pragma once
 
-#include "host/files/instance_lock.h"
+#include "host/posix/instance_lock.h"
 #include "host/shell/shell_windows.h"
 
 #include <chrono>
@@ -32,20 +32,20 @@ class DesktopWindows final : public shell::ShellWindows {
     void SetForegroundWindow(WindowHandle window) override;
 
     // Makes the root this process's until it ends; the main window does so. A tool that writes is waited for.
-    files::LockOutcome ClaimRoot();
+    posix::LockOutcome ClaimRoot();
 
     // Of the last claim; nothing when none was made, because another program was found.
-    std::optional<files::LockOutcome> Claim() const { return LastClaim; }
+    std::optional<posix::LockOutcome> Claim() const { return LastClaim; }
 
     // After another program was found: whether it comes forward. It is asked if it was not yet.
     OtherAnswer WaitForOther(std::chrono::milliseconds patience);
 
-    files::InstanceLock& Instance() { return Lock; }
+    posix::InstanceLock& Instance() { return Lock; }
 
   private:
     std::string RunFolder;
-    files::InstanceLock Lock;
-    std::optional<files::LockOutcome> LastClaim;
+    posix::InstanceLock Lock;
+    std::optional<posix::LockOutcome> LastClaim;
     std::optional<ErrorCode> Asked; // the other one, to come forward
 };
 

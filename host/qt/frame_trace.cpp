@@ -1,7 +1,7 @@
 // Writing down when frames were shown.
 #include "host/qt/frame_trace.h"
 
-#include "host/files/private_file.h"
+#include "host/posix/private_file.h"
 
 #include <cstdio>
 #include <ctime>
@@ -25,7 +25,7 @@ std::function<void()> MakeFrameTrace(const char* path) {
     if (path == nullptr || *path == '\0') {
         return {};
     }
-    const auto file = std::make_shared<files::FileDescriptor>(files::OpenOrMakeFile(path));
+    const auto file = std::make_shared<posix::FileDescriptor>(posix::OpenOrMakeFile(path));
     if (!*file || fcntl(file->Get(), F_SETFL, O_APPEND) != 0) {
         return {};
     }

@@ -233,7 +233,7 @@ void QtHost::ShowCursor() {
     }
 }
 
-void QtHost::TakeRequest(const files::ActivationRequest& request, Activation::Moment moment) {
+void QtHost::TakeRequest(const posix::ActivationRequest& request, Activation::Moment moment) {
     Shared.State.SetMinimized(false);
     OwnDesktop.FollowFrame();
     OwnDesktop.BringForward(QString::fromStdString(request.Token));

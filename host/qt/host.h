@@ -5,8 +5,8 @@
 #include "host/files/device_processes.h"
 #include "host/files/device_root.h"
 #include "host/files/registry_file.h"
-#include "host/files/system_clock.h"
 #include "host/locale/us_english_locale.h"
+#include "host/posix/system_clock.h"
 #include "host/qt/activation.h"
 #include "host/qt/control_style.h"
 #include "host/qt/desktop_window.h"
@@ -108,13 +108,13 @@ class QtHost final : public IHost, private shell::IShellObserver {
     void FollowLayout();
     void FollowPanel();
     void ShowCursor();
-    void TakeRequest(const files::ActivationRequest& request, Activation::Moment moment);
+    void TakeRequest(const posix::ActivationRequest& request, Activation::Moment moment);
 
     HostOptions Options;
     EventSource Events;
     Device Shared{Events, *this};
     ControlStyle* Style; // the application's
-    files::SystemClock OwnClock;
+    posix::SystemClock OwnClock;
     files::DeviceFiles OwnFiles;
     files::DeviceProcesses OwnProcesses{Options.ProgramFolder};
     files::RegistryFile OwnRegistry;
@@ -133,7 +133,7 @@ class QtHost final : public IHost, private shell::IShellObserver {
     shell::FileRequest Opened{Shared.State};
     QuitSignals OwnQuitSignals;
     QTimer RecoveryTimer;
-    Activation Requests{OwnWindows.Instance(), [this](const files::ActivationRequest& request,
+    Activation Requests{OwnWindows.Instance(), [this](const posix::ActivationRequest& request,
                                                       Activation::Moment moment) { TakeRequest(request, moment); }};
     bool IsOnShow = false; // the window was shown once
     bool FrameChanged = false;

@@ -1,9 +1,9 @@
 // Strokes as filled outlines.
 #include "host/qt/ink_export.h"
 
-#include "host/files/replace_file.h"
 #include "host/ink/paper_view.h"
 #include "host/ink/stroke_shape.h"
+#include "host/posix/replace_file.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -168,7 +168,7 @@ bool ExportStrokes(const std::vector<ink::PlacedStroke>& strokes, ExportFormat f
     // A link that lies under the name is not followed: in a folder of many it may be somebody else's.
     const QByteArray& bytes = file.buffer();
     const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.constData());
-    return isDrawn && files::ReplaceFile(QFile::encodeName(path).toStdString(),
+    return isDrawn && posix::ReplaceFile(QFile::encodeName(path).toStdString(),
                                          {first, static_cast<std::size_t>(bytes.size())}) == ErrorCode::Success;
 }
 

@@ -1,8 +1,8 @@
 // tavo-ink-export FORMAT FOLDER MEMO...: draws memo files into files of the same names in the folder. `tavo memo
 // export` starts it, and with it needs no toolkit itself.
-#include "host/files/replace_file.h"
 #include "host/ink/codec.h"
 #include "host/locale/harmless_text.h"
+#include "host/posix/replace_file.h"
 #include "host/qt/ink_export.h"
 
 #include <QCoreApplication>
@@ -27,7 +27,7 @@ bool Complain(const QString& sentence) {
 
 bool Export(const QString& memo, qt::ExportFormat format, const QString& ending, const QDir& folder) {
     std::vector<std::uint8_t> bytes;
-    if (files::ReadFile(memo.toStdString(), ink::kMaxInkBytes, bytes) != ErrorCode::Success) {
+    if (posix::ReadFile(memo.toStdString(), ink::kMaxInkBytes, bytes) != ErrorCode::Success) {
         return Complain(QStringLiteral("The memo %1 cannot be read.").arg(memo));
     }
     std::vector<ink::PlacedStroke> strokes;

@@ -1,8 +1,8 @@
 // Starts the program on the desktop, or says what is missing.
 #include "app/start.h"
 #include "host/exchange/calendar_import.h"
-#include "host/files/instance_lock.h"
 #include "host/locale/harmless_text.h"
+#include "host/posix/instance_lock.h"
 #include "host/qt/command_line.h"
 #include "host/qt/font_preparation.h"
 #include "host/qt/host.h"
@@ -84,7 +84,7 @@ struct Ending {
 // Runs as the only program of its device, or has the one that runs come forward. One that ends meanwhile leaves the
 // device to this one.
 Ending RunAlone(tavo::qt::QtHost& host, tavo::ICalendarImport& files) {
-    using tavo::files::LockOutcome;
+    using tavo::posix::LockOutcome;
     while (true) {
         const int status = tavo::RunTavoCalendar(host, &files);
         switch (host.RootWindows().Claim().value_or(LockOutcome::ProgramRuns)) {
@@ -130,7 +130,7 @@ Ending RunOn(const tavo::files::DeviceRoot& root) {
 
 // The files go the same way whether this copy imports them or one that runs already.
 Ending RunWith(const tavo::files::DeviceRoot& root, const std::vector<std::string>& files) {
-    using tavo::files::InstanceLock;
+    using tavo::posix::InstanceLock;
     if (files.empty()) {
         return RunOn(root);
     }

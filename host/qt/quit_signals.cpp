@@ -33,8 +33,8 @@ void WriteToPipe(int) {
 QuitSignals::QuitSignals(std::function<void()> asked) : Asked(std::move(asked)) {
     int ends[2] = {-1, -1};
     if (pipe2(ends, O_NONBLOCK | O_CLOEXEC) == 0) {
-        ReadEnd = files::FileDescriptor(ends[0]);
-        WriteEnd = files::FileDescriptor(ends[1]);
+        ReadEnd = posix::FileDescriptor(ends[0]);
+        WriteEnd = posix::FileDescriptor(ends[1]);
         Notifier = std::make_unique<QSocketNotifier>(ReadEnd.Get(), QSocketNotifier::Read);
         connect(Notifier.get(), &QSocketNotifier::activated, this, [this] { TakeSignals(); });
         signalPipe = WriteEnd.Get();

@@ -1,7 +1,7 @@
 // The ends that come from outside: signals, the end of the session.
 #pragma once
 
-#include "host/files/file_descriptor.h"
+#include "host/posix/file_descriptor.h"
 
 #include <QObject>
 #include <QSocketNotifier>
@@ -27,8 +27,8 @@ class QuitSignals final : public QObject {
     void TakeSignals();
 
     std::function<void()> Asked;
-    files::FileDescriptor ReadEnd;
-    files::FileDescriptor WriteEnd;
+    posix::FileDescriptor ReadEnd;
+    posix::FileDescriptor WriteEnd;
     std::unique_ptr<QSocketNotifier> Notifier;
 };
 

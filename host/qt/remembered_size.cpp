@@ -1,7 +1,7 @@
 // One line of text: width and height in the toolkit's pixels.
 #include "host/qt/remembered_size.h"
 
-#include "host/files/replace_file.h"
+#include "host/posix/replace_file.h"
 
 #include <sstream>
 #include <vector>
@@ -19,7 +19,7 @@ std::string PathIn(const std::string& root) {
 
 QSize ReadRememberedSize(const std::string& root) {
     std::vector<std::uint8_t> bytes;
-    if (files::ReadFile(PathIn(root), kLongestFile, bytes) != ErrorCode::Success) {
+    if (posix::ReadFile(PathIn(root), kLongestFile, bytes) != ErrorCode::Success) {
         return {};
     }
     std::istringstream text(std::string(bytes.begin(), bytes.end()));
@@ -34,7 +34,7 @@ void RememberSize(const std::string& root, QSize size) {
     }
     const std::string text = std::to_string(size.width()) + " " + std::to_string(size.height()) + "\n";
     const std::vector<std::uint8_t> bytes(text.begin(), text.end());
-    (void)files::ReplaceFile(PathIn(root), bytes); // the next start chooses a size by itself
+    (void)posix::ReplaceFile(PathIn(root), bytes); // the next start chooses a size by itself
 }
 
 } // namespace tavo::qt

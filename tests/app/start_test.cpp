@@ -1,7 +1,7 @@
 // Starting and ending the program.
 #include "app/start.h"
-#include "host/files/file_descriptor.h"
 #include "host/outlook/store.h"
+#include "host/posix/file_descriptor.h"
 #include "res/resource_ids.h"
 #include "tests/support/running_program.h"
 
@@ -51,7 +51,7 @@ TEST(Start, TitlesTheMainWindow) {
 TEST(Start, DoesNotReadTheNamesOfTheMemos) {
     RunningProgram program;
     program.WriteFile("TavoCalendar.dat", std::string("\1\0\0\0\0\0\0\0;\0\0\0\0;\0\0\0\0;", 19));
-    const files::FileDescriptor watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+    const posix::FileDescriptor watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
     ASSERT_GE(inotify_add_watch(watch.Get(), program.DataFolder().c_str(), IN_ACCESS | IN_ONLYDIR), 0);
     // Whether some names were read since the last time; files in the folder are told with their names.
     const auto sawReading = [&] {

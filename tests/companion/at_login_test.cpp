@@ -1,5 +1,5 @@
 // The real RSound enters itself among what starts at login.
-#include "host/files/login_entry.h"
+#include "host/posix/login_entry.h"
 #include "tests/companion/patience.h"
 #include "tests/companion/running_companion.h"
 

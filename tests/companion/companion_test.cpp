@@ -1,7 +1,7 @@
 // The real companion on a real session bus, with a service of notifications that writes down what it is asked.
 #include "host/files/device_root.h"
-#include "host/files/instance_lock.h"
 #include "host/outlook/store_core.h"
+#include "host/posix/instance_lock.h"
 #include "tests/companion/notification_service.h"
 #include "tests/companion/patience.h"
 #include "tests/companion/running_companion.h"
@@ -129,8 +129,8 @@ TEST_F(OnABus, ASnoozedOneWaits) {
 // And starts another, which knows what to do where the one that runs is about to end.
 TEST_F(OnABus, OpenAsksTheProgramThatRunsForTheItem) {
     StandInForTheCalendar("touch '" + Found().string() + "'\n");
-    files::InstanceLock program(RunFolder());
-    ASSERT_EQ(program.Acquire(files::InstanceRole::Program, {}), files::LockOutcome::Held);
+    posix::InstanceLock program(RunFolder());
+    ASSERT_EQ(program.Acquire(posix::InstanceRole::Program, {}), posix::LockOutcome::Held);
     ASSERT_EQ(program.WatchActivation(), ErrorCode::Success);
     AddReminder(u"Bus", 86400);
     const Oid item = AddReminder(u"Train", 600, 30);
@@ -144,7 +144,7 @@ TEST_F(OnABus, OpenAsksTheProgramThatRunsForTheItem) {
     };
 
     ASSERT_EQ(poll(&asked, 1, static_cast<int>(kSoon * 1000)), 1);
-    const std::optional<files::ActivationRequest> request = program.TakeActivation();
+    const std::optional<posix::ActivationRequest> request = program.TakeActivation();
     ASSERT_TRUE(request.has_value());
     EXPECT_EQ(request->Item, item);
     EXPECT_EQ(request->Token, "token-7");

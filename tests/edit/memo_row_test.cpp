@@ -1,6 +1,6 @@
 // The memo row: an item's ink note on its way to the ink editor and back.
-#include "host/files/replace_file.h"
 #include "host/ink/recovery_file.h"
+#include "host/posix/replace_file.h"
 #include "memo/memo_files.h"
 #include "memo/memo_undo.h"
 #include "tests/edit/edit_desk.h"
@@ -123,7 +123,7 @@ TEST_F(MemoRow, InkThatWaitsForOkSurvivesAKillUntilTheItemIsSaved) {
     Desk.Check([&] {
         meanwhile = RecoveryFiles();
         ASSERT_EQ(meanwhile.size(), 1U);
-        EXPECT_EQ(files::ReadFile(meanwhile[0].string(), 1 << 20, bytes), ErrorCode::Success);
+        EXPECT_EQ(posix::ReadFile(meanwhile[0].string(), 1 << 20, bytes), ErrorCode::Success);
     });
     Desk.Ok();
     EXPECT_EQ(Desk.RunExisting(kModeAlarm, oid), IDOK);
@@ -278,7 +278,7 @@ class UnreadableNewInk : public MemoRow {
         Desk.State.Store.OutlookApp = Real;
         ASSERT_EQ(RecoveryFiles().size(), 1U);
         Bytes bytes;
-        EXPECT_EQ(files::ReadFile(RecoveryFiles()[0].string(), 1 << 20, bytes), ErrorCode::Success);
+        EXPECT_EQ(posix::ReadFile(RecoveryFiles()[0].string(), 1 << 20, bytes), ErrorCode::Success);
         const std::optional<ink::RecoveryContents> left = ink::ReadRecovery(bytes);
         ASSERT_TRUE(left);
         EXPECT_EQ(DecodeInkHome(left->Home)->Item, Oid);

@@ -1,6 +1,6 @@
 // Tests of both clocks.
 #include "host/files/scripted_clock.h"
-#include "host/files/system_clock.h"
+#include "host/posix/system_clock.h"
 
 #include "tests/files/temporary_folder.h"
 
@@ -35,7 +35,7 @@ int HoursFrom(const SYSTEMTIME& earlier, const SYSTEMTIME& later) {
 TEST(SystemClock, TellsTheLocalTimeOfTheProcess) {
     EXPECT_EQ(RunApart([] {
                   setenv("TZ", "TST-5:30", 1);
-                  SystemClock clock;
+                  posix::SystemClock clock;
                   const std::time_t before = std::time(nullptr) + std::time_t{5} * 3600 + 1800;
                   const SYSTEMTIME now = clock.GetLocalTime();
                   std::tm expected{};
@@ -58,7 +58,7 @@ TEST(SystemClock, FollowsAChangedZoneFile) {
     EXPECT_EQ(RunApart([&] {
                   const std::string zone = folder / "localtime";
                   setenv("TZ", zone.c_str(), 1);
-                  SystemClock clock;
+                  posix::SystemClock clock;
                   const SYSTEMTIME before = clock.GetLocalTime();
                   std::filesystem::remove(folder / "localtime");
                   std::filesystem::create_symlink(folder / "nine", folder / "localtime");
@@ -70,7 +70,7 @@ TEST(SystemClock, FollowsAChangedZoneFile) {
 }
 
 TEST(SystemClock, TicksCountMilliseconds) {
-    SystemClock clock;
+    posix::SystemClock clock;
     const std::uint32_t before = clock.GetTickCount();
     std::this_thread::sleep_for(std::chrono::milliseconds(30));
     const std::uint32_t passed = clock.GetTickCount() - before;
@@ -79,7 +79,7 @@ TEST(SystemClock, TicksCountMilliseconds) {
 }
 
 TEST(SystemClock, LookingCostsLittle) {
-    SystemClock clock;
+    posix::SystemClock clock;
     const auto begin = std::chrono::steady_clock::now();
     for (int i = 0; i < 100'000; ++i)
         (void)clock.GetLocalTime(); // only the cost counts

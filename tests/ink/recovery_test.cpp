@@ -1,7 +1,7 @@
 // What is left of a memo when the program dies over it.
-#include "host/files/replace_file.h"
 #include "host/ink/recovery_file.h"
 #include "host/ink/recovery_folder.h"
+#include "host/posix/replace_file.h"
 #include "tests/ink/control_desk.h"
 
 #include <csignal>
@@ -62,7 +62,7 @@ class InkRecovery : public ControlDesk {
     // The bytes that a crash would leave now.
     std::vector<std::uint8_t> Left(const RecoveryFile& file) const {
         std::vector<std::uint8_t> bytes;
-        EXPECT_EQ(files::ReadFile(file.Path(), 1 << 28, bytes), ErrorCode::Success);
+        EXPECT_EQ(posix::ReadFile(file.Path(), 1 << 28, bytes), ErrorCode::Success);
         return bytes;
     }
 
@@ -75,7 +75,7 @@ class InkRecovery : public ControlDesk {
     // As a crash leaves it: not locked by anyone.
     void LeaveFile(const std::string& name, const std::vector<std::uint8_t>& bytes) {
         fs::create_directories(FolderPath());
-        ASSERT_EQ(files::ReplaceFile(FolderPath() + "/" + name, bytes), ErrorCode::Success);
+        ASSERT_EQ(posix::ReplaceFile(FolderPath() + "/" + name, bytes), ErrorCode::Success);
     }
 
     std::vector<std::uint8_t> FileOfOneStroke() {
@@ -242,7 +242,7 @@ TEST_F(InkRecovery, DeclinedInkStaysAsAMemoFile) {
     folder.End(u"20041103_171005_1.ink", RecoveredInkEnd::Declined);
     EXPECT_THAT(folder.Find(), IsEmpty());
     std::vector<std::uint8_t> kept;
-    ASSERT_EQ(files::ReadFile(FolderPath() + "/Declined/20041103_171005_1.pwi", 1 << 20, kept), ErrorCode::Success);
+    ASSERT_EQ(posix::ReadFile(FolderPath() + "/Declined/20041103_171005_1.pwi", 1 << 20, kept), ErrorCode::Success);
     EXPECT_EQ(kept, Control.GetData());
 }
 
@@ -279,7 +279,7 @@ TEST_F(InkRecovery, AnImpossibleTimeIsPutAwayWithItsInk) {
     LeaveFile("1.ink", bytes);
     EXPECT_THAT(RecoveryFolder(FolderPath()).Find(), IsEmpty());
     std::vector<std::uint8_t> kept;
-    ASSERT_EQ(files::ReadFile(FolderPath() + "/Declined/1.pwi", 1 << 20, kept), ErrorCode::Success);
+    ASSERT_EQ(posix::ReadFile(FolderPath() + "/Declined/1.pwi", 1 << 20, kept), ErrorCode::Success);
     EXPECT_EQ(kept, Control.GetData());
 }
 
@@ -318,7 +318,7 @@ TEST_F(InkRecovery, AFullDiskLeavesNoSecondFileBehind) {
 
 TEST_F(InkRecovery, OnlyNamesThatWereFoundAreEnded) {
     LeaveFile("20041103_171005_1.ink", FileOfOneStroke());
-    ASSERT_EQ(files::ReplaceFile((Root / "other.ink").string(), std::vector<std::uint8_t>{1}), ErrorCode::Success);
+    ASSERT_EQ(posix::ReplaceFile((Root / "other.ink").string(), std::vector<std::uint8_t>{1}), ErrorCode::Success);
     RecoveryFolder(FolderPath()).End(u"../other.ink", RecoveredInkEnd::Kept);
     EXPECT_TRUE(fs::exists(Root / "other.ink"));
 }
@@ -333,7 +333,7 @@ TEST_F(InkRecovery, WhatCannotBeReadIsPutAwayAndWhatIsEmptyGoes) {
 }
 
 TEST_F(InkRecovery, WhereNothingCanBeWrittenItTriesAgain) {
-    ASSERT_EQ(files::ReplaceFile(FolderPath(), std::vector<std::uint8_t>{1}), ErrorCode::Success); // a file in its way
+    ASSERT_EQ(posix::ReplaceFile(FolderPath(), std::vector<std::uint8_t>{1}), ErrorCode::Success); // a file in its way
     Drag(10, 10, 60, 10);
     RecoveryFile file(FolderPath(), kNow);
     EXPECT_FALSE(file.Write(Control));

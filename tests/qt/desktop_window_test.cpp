@@ -199,13 +199,13 @@ TEST_F(DesktopTest, TheNavigationBarFollowsTheWindowOnTop) {
 }
 
 TEST_F(DesktopTest, ASecondStartBringsTheFirstForward) {
-    ASSERT_EQ(Host.RootWindows().Claim(), files::LockOutcome::Held); // by its main window
+    ASSERT_EQ(Host.RootWindows().Claim(), posix::LockOutcome::Held); // by its main window
     Host.Windows().ShowWindow(View, ShowCommand::Minimize);
     Host.Windows().SetTimer(Page, 1003, 30);
     Run(milliseconds(100));
     ASSERT_TRUE(Desktop().isMinimized());
     EXPECT_EQ(Count(WM_TIMER), 0);
-    ASSERT_EQ(files::InstanceLock::RequestActivation(Root.Open().RunFolder(), ""), ErrorCode::Success);
+    ASSERT_EQ(posix::InstanceLock::RequestActivation(Root.Open().RunFolder(), ""), ErrorCode::Success);
     Run(milliseconds(200));
     EXPECT_FALSE(Desktop().isMinimized());
     EXPECT_GE(Count(WM_TIMER), 2);
@@ -215,23 +215,23 @@ TEST(RootClaim, LookingForAnotherProgramTakesNothing) {
     const TemporaryRoot root;
     QtHost looking({root.Open(), ""});
     EXPECT_EQ(looking.Windows().FindWindowW(u"Class", u"Title"), WindowHandle::None);
-    EXPECT_FALSE(files::InstanceLock::ProgramRuns(root.Open().RunFolder()));
+    EXPECT_FALSE(posix::InstanceLock::ProgramRuns(root.Open().RunFolder()));
     EXPECT_FALSE(looking.RootWindows().Claim().has_value());
 }
 
 TEST(RootClaim, BesideAnotherProgramThereIsNoMainWindow) {
     const TemporaryRoot root;
-    files::InstanceLock other(root.Open().RunFolder());
-    ASSERT_EQ(other.Acquire(files::InstanceRole::Program, {}), files::LockOutcome::Held);
+    posix::InstanceLock other(root.Open().RunFolder());
+    ASSERT_EQ(other.Acquire(posix::InstanceRole::Program, {}), posix::LockOutcome::Held);
     QtHost host({root.Open(), ""});
     EXPECT_EQ(host.Windows().FindWindowW(u"Class", u"Title"), kOtherProgram);
     WindowDescription frame;
     frame.Kind = WindowKind::Frame;
     EXPECT_EQ(host.Windows().CreateWindowExW(frame), WindowHandle::None);
-    EXPECT_EQ(host.RootWindows().Claim(), files::LockOutcome::ProgramRuns);
+    EXPECT_EQ(host.RootWindows().Claim(), posix::LockOutcome::ProgramRuns);
     other.Release();
     EXPECT_NE(host.Windows().CreateWindowExW(frame), WindowHandle::None);
-    EXPECT_EQ(host.RootWindows().Claim(), files::LockOutcome::Held);
+    EXPECT_EQ(host.RootWindows().Claim(), posix::LockOutcome::Held);
 }
 
 } // namespace tavo::qt

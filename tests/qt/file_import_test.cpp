@@ -1,6 +1,6 @@
 // Calendar files that another start hands over, and the program on the desktop that imports them.
-#include "host/files/instance_lock.h"
 #include "host/outlook/store.h"
+#include "host/posix/instance_lock.h"
 #include "tests/qt/desktop_program.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +33,7 @@ class FileImportOnTheDesktop : public testing::Test {
     }
 
     void Request(const std::string& path) {
-        EXPECT_EQ(files::InstanceLock::RequestImport(RunFolder, {path}), ErrorCode::Success);
+        EXPECT_EQ(posix::InstanceLock::RequestImport(RunFolder, {path}), ErrorCode::Success);
     }
 
     std::shared_ptr<TemporaryRoot> Root = std::make_shared<TemporaryRoot>();

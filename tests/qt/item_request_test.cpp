@@ -1,6 +1,6 @@
 // The file in which another process asks for an item, and the program on the desktop that shows it.
-#include "host/files/instance_lock.h"
 #include "host/outlook/store.h"
+#include "host/posix/instance_lock.h"
 #include "res/resource_ids.h"
 #include "tests/qt/desktop_program.h"
 
@@ -26,7 +26,7 @@ class ItemRequestOnTheDesktop : public testing::Test {
     }
 
     void RequestDentist(std::string_view token = "") {
-        EXPECT_EQ(files::InstanceLock::RequestItem(RunFolder, Dentist, token), ErrorCode::Success);
+        EXPECT_EQ(posix::InstanceLock::RequestItem(RunFolder, Dentist, token), ErrorCode::Success);
     }
 
     // The next steps see the view and close it.

@@ -1,5 +1,5 @@
 // Starts of the built program beside one that runs, one that ends, and a tool that writes.
-#include "host/files/instance_lock.h"
+#include "host/posix/instance_lock.h"
 #include "tests/files/temporary_folder.h"
 
 #include <chrono>
@@ -20,9 +20,9 @@ namespace tavo::qt {
 namespace {
 
 using namespace std::chrono_literals;
-using files::InstanceLock;
-using files::InstanceRole;
-using files::LockOutcome;
+using posix::InstanceLock;
+using posix::InstanceRole;
+using posix::LockOutcome;
 
 using Span = std::chrono::milliseconds;
 

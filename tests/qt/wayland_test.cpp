@@ -1,5 +1,5 @@
 // The program on a Wayland desktop. Where none is installed these tests are skipped.
-#include "host/files/instance_lock.h"
+#include "host/posix/instance_lock.h"
 #include "host/qt/font_preparation.h"
 #include "tests/qt/compositor.h"
 #include "tests/qt/desktop_test.h"
@@ -71,7 +71,7 @@ TEST_F(WaylandTest, InTheBackgroundItIsGoneAndARequestBringsItBackInFront) {
     Host.Windows().ShowWindow(Frame, ShowCommand::Minimize);
     Run(500ms);
     EXPECT_FALSE(desk->FindWindow(getpid()).has_value());
-    ASSERT_EQ(files::InstanceLock::RequestActivation(Root.Open().RunFolder(), ""), ErrorCode::Success);
+    ASSERT_EQ(posix::InstanceLock::RequestActivation(Root.Open().RunFolder(), ""), ErrorCode::Success);
     Run(800ms);
     EXPECT_TRUE(IsInFront());
     EXPECT_FALSE(Desktop().isMinimized());

@@ -1,6 +1,6 @@
 // The program on another Wayland desktop, whose screen has two pixels for each of the toolkit's. Where it is not
 // installed these tests are skipped.
-#include "host/files/instance_lock.h"
+#include "host/posix/instance_lock.h"
 #include "host/qt/font_preparation.h"
 #include "tests/files/temporary_folder.h"
 #include "tests/qt/desktop_test.h"
@@ -102,7 +102,7 @@ TEST_F(WestonTest, InTheBackgroundItIsGoneAndARequestBringsItBack) {
     Host.Windows().ShowWindow(Frame, ShowCommand::Minimize);
     Run(500ms);
     EXPECT_FALSE(Desktop().isVisible());
-    ASSERT_EQ(files::InstanceLock::RequestActivation(Root.Open().RunFolder(), ""), ErrorCode::Success);
+    ASSERT_EQ(posix::InstanceLock::RequestActivation(Root.Open().RunFolder(), ""), ErrorCode::Success);
     Run(1000ms);
     EXPECT_TRUE(IsSeen());
     EXPECT_FALSE(Desktop().isMinimized());

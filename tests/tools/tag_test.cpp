@@ -1,6 +1,6 @@
 // How `tavo import --as` tags what it brings, with and without the program at work.
-#include "host/files/instance_lock.h"
 #include "host/outlook/store.h"
+#include "host/posix/instance_lock.h"
 #include "tests/tools/command_run.h"
 
 #include <gmock/gmock.h>
@@ -83,8 +83,8 @@ TEST_F(Tags, TheOtherListsOfTheFileStay) {
 
 TEST_F(Tags, WithTheProgramRunningTheTagsAreAskedForAndTheFileIsLeftAlone) {
     EXPECT_EQ(Device.Run({"import", Device.WriteCalendar("none.ics", "")}).Status, 0); // makes the folders
-    files::InstanceLock program((Device.Home() / "Run").string());
-    ASSERT_EQ(program.Acquire(files::InstanceRole::Program, std::chrono::milliseconds(0)), files::LockOutcome::Held);
+    posix::InstanceLock program((Device.Home() / "Run").string());
+    ASSERT_EQ(program.Acquire(posix::InstanceRole::Program, std::chrono::milliseconds(0)), posix::LockOutcome::Held);
     const CommandResult result = Device.Run({"import", Device.WriteCalendar("a.ics", kTwo), "--as", "holiday"});
     EXPECT_EQ(result.Status, 0) << result.Errors;
     EXPECT_FALSE(std::filesystem::exists(Device.TagPath()));

@@ -1,11 +1,11 @@
 // Making files so that nobody else decides where they come to lie.
 #pragma once
 
-#include "host/files/file_descriptor.h"
+#include "host/posix/file_descriptor.h"
 
 #include <string>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 // An unfinished file is written under a name with this beginning.
 inline constexpr const char* kUnfinishedPrefix = ".~tavo-";
@@ -37,4 +37,4 @@ FileDescriptor MakeUnfinished(const FileDescriptor& folder, std::string& name, c
 // regular file.
 FileDescriptor OpenOrMakeFile(const std::string& path);
 
-} // namespace tavo::files
+} // namespace tavo::posix

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 class LoginEntry {
   public:
@@ -30,4 +30,4 @@ class LoginEntry {
     std::filesystem::path Place;
 };
 
-} // namespace tavo::files
+} // namespace tavo::posix

@@ -1,5 +1,5 @@
 // What is written for the desktop to start at login.
-#include "host/files/login_entry.h"
+#include "host/posix/login_entry.h"
 
 #include "tests/files/temporary_folder.h"
 
@@ -8,7 +8,9 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-namespace tavo::files {
+namespace tavo::posix {
+
+using files::TemporaryFolder;
 
 namespace {
 
@@ -90,4 +92,4 @@ TEST_F(LoginEntryTest, WithoutAHomeFolderThereIsNothingToDecide) {
 
 } // namespace
 
-} // namespace tavo::files
+} // namespace tavo::posix

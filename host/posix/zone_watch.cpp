@@ -1,10 +1,10 @@
 // Compares the zone file's stamps and makes the C library read it again.
-#include "host/files/zone_watch.h"
+#include "host/posix/zone_watch.h"
 
 #include <cstdlib>
 #include <ctime>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 namespace {
 
@@ -64,4 +64,4 @@ struct stat ZoneWatch::StateOf(const std::string& file) {
     return state;
 }
 
-} // namespace tavo::files
+} // namespace tavo::posix

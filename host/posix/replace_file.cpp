@@ -1,7 +1,7 @@
 // Write beside, synchronise, rename.
-#include "host/files/replace_file.h"
+#include "host/posix/replace_file.h"
 
-#include "host/files/private_file.h"
+#include "host/posix/private_file.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -13,7 +13,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 namespace {
 
@@ -157,4 +157,4 @@ void RemoveUnfinished(const std::string& folder) {
     }
 }
 
-} // namespace tavo::files
+} // namespace tavo::posix

@@ -1,5 +1,5 @@
 // Tests of replacing a file whole or not at all.
-#include "host/files/replace_file.h"
+#include "host/posix/replace_file.h"
 
 #include "tests/files/temporary_folder.h"
 
@@ -10,7 +10,12 @@
 #include <sys/stat.h>
 #include <thread>
 
-namespace tavo::files {
+namespace tavo::posix {
+
+using files::BytesOf;
+using files::RunApart;
+using files::RunUnprivileged;
+using files::TemporaryFolder;
 
 TEST(ReplaceFile, NewFilesAreForTheUserAlone) {
     const TemporaryFolder folder;
@@ -156,4 +161,4 @@ TEST(ErrorCodeOf, CausesHaveTheDevicesCodes) {
     EXPECT_EQ(ErrorCodeOf(EIO), ErrorCode::CannotComplete);
 }
 
-} // namespace tavo::files
+} // namespace tavo::posix

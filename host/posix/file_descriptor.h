@@ -5,7 +5,7 @@
 
 #include <unistd.h>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 class FileDescriptor {
   public:
@@ -33,4 +33,4 @@ class FileDescriptor {
     int Number = -1;
 };
 
-} // namespace tavo::files
+} // namespace tavo::posix

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 // The device's code for an `errno`.
 ErrorCode ErrorCodeOf(int errnoValue);
@@ -30,4 +30,4 @@ ErrorCode SyncFolder(const std::string& folder);
 // What a crash left of replacements in the folder; younger ones may still be at work.
 void RemoveUnfinished(const std::string& folder);
 
-} // namespace tavo::files
+} // namespace tavo::posix

@@ -1,7 +1,7 @@
 // One running program for each device root, and the way a second start reaches the first.
 #pragma once
 
-#include "host/files/file_descriptor.h"
+#include "host/posix/file_descriptor.h"
 #include "platform/status.h"
 
 #include <chrono>
@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 enum class InstanceRole {
     Program, // the one with the window
@@ -80,4 +80,4 @@ class InstanceLock {
     ErrorCode LastProblem = ErrorCode::Success;
 };
 
-} // namespace tavo::files
+} // namespace tavo::posix

@@ -1,5 +1,5 @@
 // Tests of the lock that keeps to one program, and of asking it to come forward.
-#include "host/files/instance_lock.h"
+#include "host/posix/instance_lock.h"
 
 #include "tests/files/temporary_folder.h"
 
@@ -11,7 +11,11 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
-namespace tavo::files {
+namespace tavo::posix {
+
+using files::RunApart;
+using files::RunUnprivileged;
+using files::TemporaryFolder;
 
 namespace {
 
@@ -283,4 +287,4 @@ TEST(InstanceLock, ARequestThatNamesNoItemOnlyBringsForward) {
     }
 }
 
-} // namespace tavo::files
+} // namespace tavo::posix

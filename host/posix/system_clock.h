@@ -1,10 +1,10 @@
 // This machine's clock as the device's clock.
 #pragma once
 
-#include "host/files/zone_watch.h"
+#include "host/posix/zone_watch.h"
 #include "platform/clock.h"
 
-namespace tavo::files {
+namespace tavo::posix {
 
 class SystemClock final : public IClock {
   public:
@@ -15,4 +15,4 @@ class SystemClock final : public IClock {
     ZoneWatch Zone;
 };
 
-} // namespace tavo::files
+} // namespace tavo::posix

@@ -1,8 +1,8 @@
 // Two bytes of one lock file: the window's, which only a program takes, and the data file's, which a tool takes too.
-#include "host/files/instance_lock.h"
+#include "host/posix/instance_lock.h"
 
-#include "host/files/private_file.h"
-#include "host/files/replace_file.h"
+#include "host/posix/private_file.h"
+#include "host/posix/replace_file.h"
 
 #include <algorithm>
 #include <array>
@@ -21,7 +21,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 namespace {
 
@@ -253,4 +253,4 @@ std::optional<ActivationRequest> InstanceLock::TakeActivation() {
     return request;
 }
 
-} // namespace tavo::files
+} // namespace tavo::posix

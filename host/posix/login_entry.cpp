@@ -1,13 +1,13 @@
 // The entry as desktops read it.
-#include "host/files/login_entry.h"
+#include "host/posix/login_entry.h"
 
-#include "host/files/replace_file.h"
 #include "host/locale/harmless_text.h"
+#include "host/posix/replace_file.h"
 
 #include <cstdlib>
 #include <vector>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 namespace {
 
@@ -78,4 +78,4 @@ bool LoginEntry::Write(const std::string& lines) {
     return ReplaceFile(Place.string(), bytes) == ErrorCode::Success;
 }
 
-} // namespace tavo::files
+} // namespace tavo::posix

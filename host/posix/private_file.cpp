@@ -1,5 +1,5 @@
 // Files are made relative to a folder that is open, so that nobody can exchange a folder on the way.
-#include "host/files/private_file.h"
+#include "host/posix/private_file.h"
 
 #include <atomic>
 #include <cerrno>
@@ -7,7 +7,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 namespace {
 
@@ -94,4 +94,4 @@ FileDescriptor OpenOrMakeFile(const std::string& path) {
     return FileDescriptor();
 }
 
-} // namespace tavo::files
+} // namespace tavo::posix

@@ -6,7 +6,7 @@
 
 #include <sys/stat.h>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 // Looks at the zone file at most once a second. The C library reads that file only once, so on a change it is made to
 // read it again.
@@ -25,4 +25,4 @@ class ZoneWatch {
     std::chrono::steady_clock::time_point NextLook;
 };
 
-} // namespace tavo::files
+} // namespace tavo::posix

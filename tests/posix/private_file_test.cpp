@@ -1,5 +1,5 @@
 // Nobody else decides where a file comes to lie.
-#include "host/files/private_file.h"
+#include "host/posix/private_file.h"
 
 #include "tests/files/temporary_folder.h"
 
@@ -7,7 +7,9 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-namespace tavo::files {
+namespace tavo::posix {
+
+using files::TemporaryFolder;
 
 namespace {
 
@@ -120,4 +122,4 @@ TEST(FolderKeeping, WhatIsNoFolderIsMissing) {
     EXPECT_EQ(LookAtFolder(folder / "nothing"), FolderKeeping::Missing);
 }
 
-} // namespace tavo::files
+} // namespace tavo::posix

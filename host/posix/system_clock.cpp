@@ -1,10 +1,10 @@
 // Local time from the C library, which knows the machine's zones.
-#include "host/files/system_clock.h"
+#include "host/posix/system_clock.h"
 
 #include <chrono>
 #include <ctime>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 SYSTEMTIME SystemClock::GetLocalTime() {
     (void)Zone.Refresh(); // whether the zone changed just now makes no difference here
@@ -27,4 +27,4 @@ std::uint32_t SystemClock::GetTickCount() {
     return static_cast<std::uint32_t>(std::chrono::duration_cast<std::chrono::milliseconds>(running).count());
 }
 
-} // namespace tavo::files
+} // namespace tavo::posix
