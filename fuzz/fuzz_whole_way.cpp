@@ -5,6 +5,7 @@
 #include "host/exchange/calendar_file.h"
 #include "host/exchange/store_sink.h"
 #include "host/outlook/diagnosis.h"
+#include "host/outlook/import_writer.h"
 #include "host/outlook/occurrence_reader.h"
 #include "host/outlook/reminder_finder.h"
 #include "host/outlook/store_core.h"

@@ -37,13 +37,14 @@ SQL_HEADER = "sqlite3.h"
 SQL_INSIDES = {"host/outlook/database.h", "host/outlook/store_core.h"}
 LOOK_INSIDE = {"tests", "fuzz", "benchmarks"}
 # Folders that ask the operating system nothing: what they need of it is handed to them.
-FREE_OF_POSIX = ["host/rules", "host/reminders", "host/locale", "host/shell"]
+FREE_OF_POSIX = ["host/rules", "host/reminders", "host/locale", "host/shell", "host/exchange"]
 POSIX_HEADER = re.compile(r"(?:sys|netinet|arpa|net|linux|asm)/|(?:unistd|fcntl|poll|dirent|spawn|signal|pwd|grp|glob|"
                           r"pthread|sched|semaphore|termios|dlfcn|syslog|ftw|utime|ucontext|mqueue|netdb)\.h$")
 # What these folders of the host may include besides the standard library, the platform and themselves.
 PURE_HOST_FOLDERS = {
     "host/rules": {"host/locale", "<libical/ical.h>"},
     "host/reminders": set(),
+    "host/exchange": {"host/rules", "host/locale", "<libical/ical.h>"},
 }
 # What no other host folder includes: each windowing host stands alone.
 WINDOWING_HOSTS = ["host/qt", "host/headless"]

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/files/device_root.h"
-#include "host/outlook/failure_text.h"
+#include "host/locale/failure_text.h"
 #include "host/outlook/store.h"
 
 #include <optional>
@@ -27,6 +27,6 @@ std::optional<outlook::StorePtr> OpenStoreToRead(const files::DeviceRoot& root);
 void Complain(std::string_view sentence);
 
 // What a failed call on the open store means to people, as the end of a sentence.
-using outlook::DescribeFailure;
+using locale::DescribeFailure;
 
 } // namespace tavo::tools

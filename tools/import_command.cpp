@@ -3,6 +3,8 @@
 #include "host/exchange/import_words.h"
 #include "host/exchange/store_sink.h"
 #include "host/locale/harmless_text.h"
+#include "host/outlook/import_writer.h"
+#include "host/posix/file_source.h"
 #include "tools/commands.h"
 #include "tools/device.h"
 #include "tools/import_files.h"
@@ -97,7 +99,7 @@ class Import {
 
   private:
     void ImportOne(const ImportFile& file) {
-        exchange::FileSource source;
+        posix::FileSource source;
         std::string reason;
         if (!source.Open(file.Path, reason)) {
             Refuse(file.Path, {0, reason});

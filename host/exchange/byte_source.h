@@ -1,9 +1,8 @@
-// Where the calendar reader gets its bytes: a file, or memory in tests and fuzzers.
+// Where the calendar reader gets its bytes: from whoever implements it, or from memory in tests and fuzzers.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 namespace tavo::exchange {
@@ -24,23 +23,6 @@ class MemorySource final : public IByteSource {
 
   private:
     std::string_view Bytes;
-};
-
-// A regular file, opened for reading.
-class FileSource final : public IByteSource {
-  public:
-    FileSource() = default;
-    FileSource(const FileSource&) = delete;
-    FileSource& operator=(const FileSource&) = delete;
-    ~FileSource() override;
-
-    // True on success; otherwise `reason` says why in a few words.
-    bool Open(const std::string& path, std::string& reason);
-
-    std::ptrdiff_t ReadAt(std::int64_t offset, char* buffer, std::size_t size) override;
-
-  private:
-    int Descriptor = -1;
 };
 
 } // namespace tavo::exchange

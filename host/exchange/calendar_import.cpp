@@ -4,9 +4,9 @@
 #include "host/exchange/calendar_file.h"
 #include "host/exchange/import_words.h"
 #include "host/exchange/store_sink.h"
+#include "host/locale/failure_text.h"
 #include "host/locale/harmless_text.h"
 #include "host/locale/utf.h"
-#include "host/outlook/failure_text.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -50,22 +50,21 @@ std::string DescribeRefusal(const Refusal& refusal) {
 
 // The file that is worked on.
 struct CalendarImport::File {
-    File(std::string path, const outlook::StorePtr& store)
-        : Path(std::move(path)), Size(SizeOf(Path)), Writer(store),
-          Sink(Writer, std::nullopt, [](std::int64_t) { return true; }), Reader(Source, Sink) {}
+    File(std::string path, std::unique_ptr<IByteSource> source, std::unique_ptr<IItemWriter> writer)
+        : Path(std::move(path)), Size(SizeOf(Path)), Source(std::move(source)), Writer(std::move(writer)),
+          Sink(*Writer, std::nullopt, [](std::int64_t) { return true; }), Reader(*Source, Sink) {}
 
     std::string Path;
     std::int64_t Size = 0;
-    FileSource Source;
-    std::string Fault; // why it cannot be opened
-    bool IsOpen = Source.Open(Path, Fault);
-    outlook::ImportWriter Writer; // takes back what was not committed
+    std::unique_ptr<IByteSource> Source;
+    std::unique_ptr<IItemWriter> Writer; // takes back what was not committed
     StoreSink Sink;
     CalendarFileReader Reader;
     bool HasBegun = false; // to write
 };
 
-CalendarImport::CalendarImport(std::function<outlook::StorePtr()> store) : Store(std::move(store)) {}
+CalendarImport::CalendarImport(OpenWriter openWriter, OpenFile openFile)
+    : NewWriter(std::move(openWriter)), NewSource(std::move(openFile)) {}
 
 CalendarImport::~CalendarImport() = default;
 
@@ -80,16 +79,13 @@ std::optional<std::u16string> CalendarImport::NextFile() {
     }
     const std::string path = std::move(Waiting.front());
     Waiting.pop_front();
-    const outlook::StorePtr store = Store();
-    if (!store) {
-        Fail("the calendar is not open");
+    std::string fault;
+    std::unique_ptr<IItemWriter> writer = NewWriter();
+    std::unique_ptr<IByteSource> source = writer ? NewSource(path, fault) : nullptr;
+    if (source) {
+        Current = std::make_unique<File>(path, std::move(source), std::move(writer));
     } else {
-        auto file = std::make_unique<File>(path, store);
-        if (file->IsOpen) {
-            Current = std::move(file);
-        } else {
-            Fail(file->Fault);
-        }
+        Fail(writer ? fault : "the calendar is not open");
     }
     return ForPeople(std::filesystem::path(path).filename().string(), kLongestName);
 }
@@ -117,7 +113,7 @@ bool CalendarImport::ImportOn() {
         return false;
     }
     if (!Current->HasBegun) {
-        if (const Status status = Current->Writer.Begin(NameImport(Current->Path)); Failed(status)) {
+        if (const Status status = Current->Writer->Begin(NameImport(Current->Path)); Failed(status)) {
             return FailAs(status);
         }
         Current->HasBegun = true;
@@ -137,7 +133,7 @@ bool CalendarImport::ImportOn() {
 
 bool CalendarImport::Finish() {
     const Status written = Current->Sink.GetStoreStatus();
-    const Status status = Failed(written) ? written : Current->Writer.Commit();
+    const Status status = Failed(written) ? written : Current->Writer->Commit();
     return Failed(status) && FailAs(status);
 }
 
@@ -153,7 +149,7 @@ bool CalendarImport::Fail(const std::string& reason) {
 }
 
 bool CalendarImport::FailAs(Status status) {
-    return Fail(outlook::DescribeFailure(status));
+    return Fail(locale::DescribeFailure(status));
 }
 
 int CalendarImport::Progress() const {

@@ -1,7 +1,8 @@
 // Calendar files that somebody opens with the program, imported step by step.
 #pragma once
 
-#include "host/outlook/store.h"
+#include "host/exchange/byte_source.h"
+#include "host/exchange/item_writer.h"
 #include "platform/calendar_import.h"
 
 #include <deque>
@@ -14,8 +15,12 @@ namespace tavo::exchange {
 
 class CalendarImport final : public ICalendarImport {
   public:
-    // `store`: the store that the program is logged on to; null while it is not.
-    explicit CalendarImport(std::function<outlook::StorePtr()> store);
+    // Into the store that the program is logged on to; null while it is not.
+    using OpenWriter = std::function<std::unique_ptr<IItemWriter>()>;
+    // Null, and a reason in a few words, when there is no such file or it cannot be read.
+    using OpenFile = std::function<std::unique_ptr<IByteSource>(const std::string& path, std::string& reason)>;
+
+    CalendarImport(OpenWriter openWriter, OpenFile openFile);
     ~CalendarImport() override;
     CalendarImport(const CalendarImport&) = delete;
     CalendarImport& operator=(const CalendarImport&) = delete;
@@ -42,7 +47,8 @@ class CalendarImport final : public ICalendarImport {
     bool FailAs(Status status);
     bool Finish();
 
-    std::function<outlook::StorePtr()> Store;
+    OpenWriter NewWriter;
+    OpenFile NewSource;
     std::deque<std::string> Waiting;
     std::unique_ptr<File> Current;
     std::string Reason; // why it cannot be imported

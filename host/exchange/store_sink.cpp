@@ -3,10 +3,6 @@
 
 namespace tavo::exchange {
 
-using outlook::ImportOutcome;
-using outlook::ImportResult;
-using outlook::ImportWriter;
-
 void ImportCounts::Add(const ImportCounts& other) {
     New += other.New;
     Changed += other.Changed;
@@ -15,7 +11,7 @@ void ImportCounts::Add(const ImportCounts& other) {
     PassedOver += other.PassedOver;
 }
 
-StoreSink::StoreSink(ImportWriter& writer, std::optional<TagList> tag, std::function<bool(std::int64_t)> goOn)
+StoreSink::StoreSink(IItemWriter& writer, std::optional<TagList> tag, std::function<bool(std::int64_t)> goOn)
     : Writer(writer), Tag(tag), GoOn(std::move(goOn)) {}
 
 bool StoreSink::OnItem(const rules::StoredItem& item, int line) {
@@ -27,7 +23,7 @@ bool StoreSink::OnItem(const rules::StoredItem& item, int line) {
 bool StoreSink::OnLoneOccurrence(const LoneOccurrence& occurrence, int line) {
     ImportOutcome outcome;
     Status status = Writer.WriteException(occurrence.Uid, occurrence.Exception, outcome);
-    const bool nowhere = outcome.Result == ImportResult::Refused && outcome.Reason == ImportWriter::kNoSuchSeries;
+    const bool nowhere = outcome.Result == ImportResult::Refused && outcome.Reason == IItemWriter::kNoSuchSeries;
     if (Succeeded(status) && nowhere) {
         if (occurrence.Exception.Kind == rules::ExceptionKind::Cancelled) {
             return OnPassedOver();
@@ -84,7 +80,7 @@ bool StoreSink::Count(Status status, const ImportOutcome& outcome, int line) {
         return OnRefused(line, outcome.Reason);
     }
     if (Tag && outcome.Item != 0) {
-        StoreStatus = Writer.RequestTag(*Tag, outcome.Item);
+        StoreStatus = Writer.RequestTag(*Tag, outcome.Item, TagWish::Join);
     }
     return Succeeded(StoreStatus);
 }

@@ -1,8 +1,8 @@
-// Writes what is read of one calendar file into the store.
+// Hands what is read of one calendar file to a writer, and counts what became of it.
 #pragma once
 
 #include "host/exchange/entry_sink.h"
-#include "host/outlook/import_writer.h"
+#include "host/exchange/item_writer.h"
 
 #include <functional>
 #include <optional>
@@ -29,7 +29,7 @@ struct Refusal {
 class StoreSink final : public IEntrySink {
   public:
     // `goOn` is asked often, with the bytes done, and gives false to stop.
-    StoreSink(outlook::ImportWriter& writer, std::optional<TagList> tag, std::function<bool(std::int64_t)> goOn);
+    StoreSink(IItemWriter& writer, std::optional<TagList> tag, std::function<bool(std::int64_t)> goOn);
 
     bool OnItem(const rules::StoredItem& item, int line) override;
     bool OnLoneOccurrence(const LoneOccurrence& occurrence, int line) override;
@@ -47,9 +47,9 @@ class StoreSink final : public IEntrySink {
     Status GetStoreStatus() const { return StoreStatus; }
 
   private:
-    bool Count(Status status, const outlook::ImportOutcome& outcome, int line);
+    bool Count(Status status, const ImportOutcome& outcome, int line);
 
-    outlook::ImportWriter& Writer;
+    IItemWriter& Writer;
     std::optional<TagList> Tag;
     std::function<bool(std::int64_t)> GoOn;
     ImportCounts Counts;

@@ -361,4 +361,8 @@ Status ImportWriter::Abandon() {
     return State->Core.AbandonGroup();
 }
 
+std::unique_ptr<exchange::IItemWriter> MakeImportWriter(const StorePtr& store) {
+    return store ? std::make_unique<ImportWriter>(store) : nullptr;
+}
+
 } // namespace tavo::outlook

@@ -1,6 +1,7 @@
 // Writes many items in one transaction, which is one step of undo: all of a file, or nothing of it.
 #pragma once
 
+#include "host/exchange/item_writer.h"
 #include "host/outlook/store.h"
 #include "host/outlook/terms.h"
 #include "host/rules/stored_item.h"
@@ -13,49 +14,33 @@
 
 namespace tavo::outlook {
 
-enum class ImportResult { New, Changed, Unchanged, Refused };
+using exchange::ImportOutcome;
+using exchange::ImportResult;
+using exchange::TagWish;
 
-struct ImportOutcome {
-    ImportResult Result = ImportResult::Refused;
-    Oid Item = 0;       // 0 when refused
-    std::string Reason; // why it was refused, one English phrase
-};
-
-enum class TagWish { Join, Leave };
-
-// Begin, then any number of Write, then Commit. Memory use does not grow with the number of items. A status that is
-// a failure ends the transaction (nothing of it stays); a refused item does not.
-class ImportWriter {
+// One transaction, which is one step of undo. Memory use does not grow with the number of items.
+class ImportWriter final : public exchange::IItemWriter {
   public:
     explicit ImportWriter(StorePtr store);
-    ~ImportWriter(); // takes back what was not committed
+    ~ImportWriter() override; // takes back what was not committed
     ImportWriter(const ImportWriter&) = delete;
     ImportWriter& operator=(const ImportWriter&) = delete;
 
-    // The name is what undo shows to people.
-    Status Begin(std::u16string_view groupName);
-    // Of the time zone database; null when it has none of that name.
-    std::unique_ptr<ZoneRules> LoadZone(const std::string& name) const;
-    // Makes a zone known that the time zone database may not have. `component` is the whole VTIMEZONE text.
-    Status DefineZone(const std::string& name, const std::string& component);
-    // By its UID the item is new, changed since it was last imported, or unchanged (also when it was edited here
-    // since). An item without a UID is always new.
-    Status Write(const StoredItem& item, ImportOutcome& outcome);
-    // A single moved or cancelled occurrence of a series that came in this or an earlier import. Refused with the
-    // reason kNoSuchSeries while the series is not there: offer it again at the end of the file. An exception that came
-    // this way before is unchanged also when it was edited here since; one of a series written in this transaction that
-    // is not offered again is dropped at Commit.
-    Status WriteException(const std::string& uid, const StoredException& exception, ImportOutcome& outcome);
-    // Asks the program to tag an item (it keeps the lists); a tag that the mirror already shows is not asked for again.
-    Status RequestTag(TagList list, Oid item, TagWish wish = TagWish::Join);
-    Status Commit();
-    Status Abandon();
-
-    static constexpr std::string_view kNoSuchSeries = "the series it belongs to is not there";
+    Status Begin(std::u16string_view groupName) override;
+    std::unique_ptr<ZoneRules> LoadZone(const std::string& name) const override;
+    Status DefineZone(const std::string& name, const std::string& component) override;
+    Status Write(const StoredItem& item, ImportOutcome& outcome) override;
+    Status WriteException(const std::string& uid, const StoredException& exception, ImportOutcome& outcome) override;
+    Status RequestTag(TagList list, Oid item, TagWish wish = TagWish::Join) override;
+    Status Commit() override;
+    Status Abandon() override;
 
   private:
     struct Work;
     std::unique_ptr<Work> State;
 };
+
+// Null without a store.
+std::unique_ptr<exchange::IItemWriter> MakeImportWriter(const StorePtr& store);
 
 } // namespace tavo::outlook

@@ -2,6 +2,8 @@
 #include "app/start.h"
 #include "host/exchange/calendar_import.h"
 #include "host/locale/harmless_text.h"
+#include "host/outlook/import_writer.h"
+#include "host/posix/file_source.h"
 #include "host/posix/instance_lock.h"
 #include "host/qt/command_line.h"
 #include "host/qt/font_preparation.h"
@@ -119,7 +121,7 @@ Ending RunOn(const tavo::files::DeviceRoot& root) {
     options.CreateOutlook = [&](ComPtr<IPOutlookApp>& outlook) { return store.Create(outlook); };
     options.LastStoreError = [&] { return store.LastError(); };
     options.RefuseWithoutFonts = RefuseWithoutFonts;
-    exchange::CalendarImport files([&] { return store.Store(); });
+    exchange::CalendarImport files([&] { return outlook::MakeImportWriter(store.Store()); }, posix::OpenFileSource);
     options.TakeFiles = [&](const std::vector<std::string>& paths) { files.Add(paths); };
     options.HaveFiles = [&] { return files.HasFiles(); };
     qt::QtHost host(std::move(options));

@@ -1,6 +1,8 @@
 // Calendar files that are opened with the program: what it asks, what comes of it, and the way back.
 #include "host/exchange/calendar_import.h"
+#include "host/outlook/import_writer.h"
 #include "host/outlook/store.h"
+#include "host/posix/file_source.h"
 #include "res/resource_ids.h"
 #include "tests/support/running_program.h"
 #include "tests/support/store_of.h"
@@ -85,9 +87,10 @@ class FileImport : public testing::Test {
 
     RunningProgram Program;
     exchange::CalendarImport Files{[this] {
-        const ComPtr<IPOutlookApp>& outlook = Program.State().Store.OutlookApp;
-        return outlook ? outlook::StoreOf(*outlook) : nullptr;
-    }};
+                                       const ComPtr<IPOutlookApp>& outlook = Program.State().Store.OutlookApp;
+                                       return outlook::MakeImportWriter(outlook ? outlook::StoreOf(*outlook) : nullptr);
+                                   },
+                                   posix::OpenFileSource};
 };
 
 TEST_F(FileImport, AStartWithAFileAsksImportsItAndUndoTakesItBack) {

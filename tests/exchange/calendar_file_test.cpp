@@ -1,4 +1,5 @@
 // Each file data/NAME.ics gives what data/NAME.expected says, line by line.
+#include "host/posix/file_source.h"
 #include "host/posix/zone_database.h"
 #include "host/rules/zones.h"
 #include "tests/exchange/item_text.h"
@@ -36,7 +37,7 @@ std::vector<std::string> ListInputs() {
 class CalendarFile : public testing::TestWithParam<std::string> {};
 
 TEST_P(CalendarFile, IsReadAsExpected) {
-    FileSource source;
+    posix::FileSource source;
     std::string reason;
     ASSERT_TRUE(source.Open((kData / (GetParam() + ".ics")).string(), reason)) << reason;
     const std::string expected = ReadFile(kData / (GetParam() + ".expected"));

@@ -121,10 +121,10 @@ class LayersCheck(MadeUpTree):
         self.write("host/outlook/store_core.h", '#pragma once\n#include "host/outlook/database.h"\n')
         self.write("tests/outlook/a.cpp", '#include "host/outlook/store_core.h"\n#include <sqlite3.h>\n')
         self.write("companion/a.cpp", '#include "host/outlook/store_core.h"\n')
-        self.write("host/exchange/a.cpp", '#include "host/outlook/database.h"\n')
+        self.write("host/files/a.cpp", '#include "host/outlook/database.h"\n')
         self.write("tools/a.cpp", "#include <sqlite3.h>\n")
         self.refuse('companion/a.cpp:1: "host/outlook/store_core.h": what lies within host/outlook/',
-                    'host/exchange/a.cpp:1: "host/outlook/database.h": what lies within host/outlook/',
+                    'host/files/a.cpp:1: "host/outlook/database.h": what lies within host/outlook/',
                     "tools/a.cpp:1: <sqlite3.h>: only host/outlook/ speaks SQL")
 
     def test_SomeFoldersAskTheOperatingSystemNothing(self):

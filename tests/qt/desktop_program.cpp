@@ -1,7 +1,9 @@
 // Starting, working and looking at the program.
 #include "tests/qt/desktop_program.h"
 
+#include "host/outlook/import_writer.h"
 #include "host/outlook/store.h"
+#include "host/posix/file_source.h"
 #include "host/qt/menu_strip.h"
 #include "host/qt/navigation_bar.h"
 #include "tests/qt/hands.h"
@@ -51,10 +53,12 @@ QAction* FindAction(const QMenu& menu, int command) {
 DesktopProgram::DesktopProgram() : DesktopProgram(std::make_shared<TemporaryRoot>()) {}
 
 DesktopProgram::DesktopProgram(std::shared_ptr<TemporaryRoot> root, const std::function<void(DesktopProgram&)>& begin)
-    : Root(std::move(root)), Files([this] {
-          const ComPtr<IPOutlookApp>& outlook = State().Store.OutlookApp;
-          return outlook ? outlook::StoreOf(*outlook) : nullptr;
-      }),
+    : Root(std::move(root)), Files(
+                                 [this] {
+                                     const ComPtr<IPOutlookApp>& outlook = State().Store.OutlookApp;
+                                     return outlook::MakeImportWriter(outlook ? outlook::StoreOf(*outlook) : nullptr);
+                                 },
+                                 posix::OpenFileSource),
       Host(WithStore(*Root, Files)), App(std::make_unique<CTavoApp>(Host, &Files)),
       Script([this] { Host.Queue().PostQuitMessage(kScriptEnded); }) {
     if (begin) {

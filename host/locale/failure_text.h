@@ -5,9 +5,9 @@
 
 #include <string>
 
-namespace tavo::outlook {
+namespace tavo::locale {
 
 // A phrase for people, which ends a sentence: "the disk is full".
 std::string DescribeFailure(Status status);
 
-} // namespace tavo::outlook
+} // namespace tavo::locale

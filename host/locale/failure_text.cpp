@@ -1,7 +1,7 @@
 // Words for a store's failures.
-#include "host/outlook/failure_text.h"
+#include "host/locale/failure_text.h"
 
-namespace tavo::outlook {
+namespace tavo::locale {
 
 std::string DescribeFailure(Status status) {
     switch (status) {
@@ -24,4 +24,4 @@ std::string DescribeFailure(Status status) {
     }
 }
 
-} // namespace tavo::outlook
+} // namespace tavo::locale
