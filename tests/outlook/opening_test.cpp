@@ -62,6 +62,58 @@ TEST_F(Opening, LogonComesFirstAndLogoffLast) {
     EXPECT_EQ(app->Logoff(), Status::False);
 }
 
+// Writes down what it is told.
+class ToldLife final : public IStoreLife {
+  public:
+    void OnOpened(const StorePtr& store) override {
+        Store = store;
+        Told += "opened ";
+    }
+
+    void OnFailed(Status status) override { Told += status == Status::NotOurs ? "refused " : "failed "; }
+
+    void OnClosing() override {
+        Store.reset();
+        Told += "closing ";
+    }
+
+    StorePtr Store;
+    std::string Told;
+};
+
+TEST_F(Opening, WhoWantsToIsToldOfEachOpeningAndClosing) {
+    ToldLife life;
+    const ComPtr<IPOutlookApp> app = CreateOutlookApp(File, {}, life);
+    EXPECT_EQ(app->Logoff(), Status::False);
+    EXPECT_EQ(life.Told, "");
+    EXPECT_EQ(app->Logon(WindowHandle::None), Status::Ok);
+    EXPECT_EQ(app->Logon(WindowHandle::None), Status::False);
+    ASSERT_NE(life.Store, nullptr);
+    EXPECT_EQ(life.Store.use_count(), 2); // and the object itself
+    EXPECT_EQ(app->Logoff(), Status::Ok);
+    EXPECT_EQ(life.Told, "opened closing ");
+    std::ofstream(File, std::ios::trunc) << "Dear diary, this is no database at all.";
+    EXPECT_EQ(app->Logon(WindowHandle::None), Status::NotOurs);
+    EXPECT_EQ(life.Told, "opened closing refused ");
+}
+
+TEST_F(Opening, WhoLivesLongMayTakeLessMemory) {
+    const auto readPages = [this] {
+        Query query(CoreOf(*Store).Db, "PRAGMA cache_size");
+        EXPECT_TRUE(query.Next());
+        return query.Integer(0);
+    };
+    ASSERT_EQ(Open(), Status::Ok);
+    EXPECT_EQ(readPages(), -16384);
+    Store.reset();
+    StoreOptions options;
+    options.HasSmallCache = true;
+    ASSERT_EQ(OpenStore(File, options, Store), Status::Ok);
+    EXPECT_EQ(readPages(), -512);
+    Store->ReleaseMemory();
+    EXPECT_EQ(readPages(), -512);
+}
+
 TEST_F(Opening, ATextFileIsNotOurs) {
     std::ofstream(File, std::ios::trunc) << "Dear diary, this is no database at all.";
     ExpectRefused(Status::NotOurs, Verdict::NotOurs);
