@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <filesystem>
-#include <system_error>
 
 namespace tavo::exchange {
 namespace {
@@ -36,12 +35,6 @@ std::u16string ForPeople(const std::string& text, std::size_t longest) {
     return line;
 }
 
-std::int64_t SizeOf(const std::string& path) {
-    std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(path, error);
-    return error ? 0 : static_cast<std::int64_t>(size);
-}
-
 std::string DescribeRefusal(const Refusal& refusal) {
     return (refusal.Line > 0 ? "Line " + std::to_string(refusal.Line) + ": " : std::string()) + refusal.Reason;
 }
@@ -51,11 +44,10 @@ std::string DescribeRefusal(const Refusal& refusal) {
 // The file that is worked on.
 struct CalendarImport::File {
     File(std::string path, std::unique_ptr<IByteSource> source, std::unique_ptr<IItemWriter> writer)
-        : Path(std::move(path)), Size(SizeOf(Path)), Source(std::move(source)), Writer(std::move(writer)),
+        : Path(std::move(path)), Source(std::move(source)), Writer(std::move(writer)),
           Sink(*Writer, std::nullopt, [](std::int64_t) { return true; }), Reader(*Source, Sink) {}
 
     std::string Path;
-    std::int64_t Size = 0;
     std::unique_ptr<IByteSource> Source;
     std::unique_ptr<IItemWriter> Writer; // takes back what was not committed
     StoreSink Sink;
@@ -153,10 +145,8 @@ bool CalendarImport::FailAs(Status status) {
 }
 
 int CalendarImport::Progress() const {
-    if (!Current || Current->Size <= 0) {
-        return 0;
-    }
-    return static_cast<int>(std::min(Current->Reader.GetOffset(), Current->Size) * kWhole / Current->Size);
+    const std::int64_t size = Current ? Current->Source->GetSize() : 0;
+    return size <= 0 ? 0 : static_cast<int>(std::min(Current->Reader.GetOffset(), size) * kWhole / size);
 }
 
 std::u16string CalendarImport::Problem() const {

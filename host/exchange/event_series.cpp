@@ -2,6 +2,7 @@
 #include "host/exchange/event_series.h"
 
 #include "host/exchange/series_rule.h"
+#include "host/rules/ical_time.h"
 
 #include <algorithm>
 #include <array>
@@ -138,7 +139,7 @@ Reading ReadSeries(const CalendarPiece& piece, icalcomponent* event, const Event
         return KeepRule(piece, zones, item, fault);
     }
     const icalrecurrencetype rule = icalproperty_get_rrule(property);
-    const std::optional<SeriesRule> series = RecogniseRule(rule, MakeIcalTime(start.Clock));
+    const std::optional<SeriesRule> series = RecogniseRule(rule, rules::IcalFromSeconds(start.Clock));
     if (!series) {
         return KeepRule(piece, zones, item, fault);
     }

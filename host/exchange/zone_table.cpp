@@ -101,17 +101,4 @@ const Zone* ZoneTable::Remember(const std::string& tzid, std::string name, std::
     return &(Found[tzid] = Zone{std::move(name), std::move(rules)});
 }
 
-icaltimetype MakeIcalTime(Seconds time) {
-    const CivilDate date = rules::CivilFromDay(rules::DayOf(time));
-    const auto seconds = static_cast<int>(rules::TimeOfDay(time));
-    icaltimetype result = icaltime_null_time();
-    result.year = date.Year;
-    result.month = date.Month;
-    result.day = date.Day;
-    result.hour = seconds / 3600;
-    result.minute = seconds / 60 % 60;
-    result.second = seconds % 60;
-    return result;
-}
-
 } // namespace tavo::exchange

@@ -39,7 +39,4 @@ class ZoneTable {
     std::map<std::string, std::string> Faults; // of those looked for in vain
 };
 
-// A clock's reading as libical writes it, without a zone.
-icaltimetype MakeIcalTime(rules::Seconds time);
-
 } // namespace tavo::exchange

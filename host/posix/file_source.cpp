@@ -24,6 +24,7 @@ bool FileSource::Open(const std::string& path, std::string& reason) {
         reason = "is not a regular file";
         return false;
     }
+    Size = facts.st_size;
     posix_fadvise(File.Get(), 0, 0, POSIX_FADV_SEQUENTIAL);
     return true;
 }

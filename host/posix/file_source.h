@@ -16,8 +16,11 @@ class FileSource final : public exchange::IByteSource {
 
     std::ptrdiff_t ReadAt(std::int64_t offset, char* buffer, std::size_t size) override;
 
+    std::int64_t GetSize() const override { return Size; }
+
   private:
     FileDescriptor File;
+    std::int64_t Size = 0;
 };
 
 // Null, and a reason, when it cannot be opened.

@@ -72,7 +72,7 @@ FoundFonts FindFonts() {
 } // namespace
 
 void BeginPreparingFonts() {
-    OwnPreparation().Begun = std::async(std::launch::async, FindFonts);
+    OwnPreparation().Begun = std::async(std::launch::async | std::launch::deferred, FindFonts);
 }
 
 bool PrepareFonts() {

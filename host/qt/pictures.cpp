@@ -81,7 +81,8 @@ void Pictures::Begin(int bitmap, const Rect& source, QSize size) {
         const std::unique_ptr<QSvgRenderer> renderer = LoadPicture(bitmap);
         return renderer == nullptr ? QImage() : RenderPart(*renderer, source, size);
     };
-    LastBegun = std::async(std::launch::async, render).share();
+    // Where no thread can be had it is rendered when it is asked for.
+    LastBegun = std::async(std::launch::async | std::launch::deferred, render).share();
     Begun.emplace(key, LastBegun);
 }
 

@@ -133,15 +133,12 @@ void ItemDraft::MergePattern(StoredItem& item) const {
     }
     StoredPattern& pattern = item.Pattern;
     const StoredPattern& put = Item.Pattern;
-    const auto take = [this](PutSet flag, std::int32_t& target, std::int32_t value) {
-        target = (Put & flag) != 0 ? value : target;
-    };
-    take(kPutType, pattern.Type, put.Type);
-    take(kPutInterval, pattern.Interval, put.Interval);
-    take(kPutMask, pattern.DayOfWeekMask, put.DayOfWeekMask);
-    take(kPutDayOfMonth, pattern.DayOfMonth, put.DayOfMonth);
-    take(kPutInstance, pattern.Instance, put.Instance);
-    take(kPutMonth, pattern.MonthOfYear, put.MonthOfYear);
+    Take(kPutType, pattern.Type, put.Type);
+    Take(kPutInterval, pattern.Interval, put.Interval);
+    Take(kPutMask, pattern.DayOfWeekMask, put.DayOfWeekMask);
+    Take(kPutDayOfMonth, pattern.DayOfMonth, put.DayOfMonth);
+    Take(kPutInstance, pattern.Instance, put.Instance);
+    Take(kPutMonth, pattern.MonthOfYear, put.MonthOfYear);
     if ((Put & kPutPatternEnd) != 0) {
         pattern.Occurrences = put.Occurrences;
         pattern.LastDay = put.LastDay;
@@ -159,23 +156,18 @@ void ItemDraft::MergePattern(StoredItem& item) const {
 }
 
 void ItemDraft::MergeInto(StoredItem& item, Zones& zones) const {
-    const auto take = [this](PutSet flag, auto& target, const auto& value) {
-        if ((Put & flag) != 0) {
-            target = value;
-        }
-    };
-    take(kPutSubject, item.Subject, Item.Subject);
-    take(kPutLocation, item.Location, Item.Location);
-    take(kPutCategories, item.Categories, Item.Categories);
-    take(kPutBody, item.Body, Item.Body);
-    take(kPutInk, item.Ink, Item.Ink);
-    take(kPutAllDay, item.AllDay, Item.AllDay);
-    take(kPutBusy, item.BusyStatus, Item.BusyStatus);
-    take(kPutSensitivity, item.Sensitivity, Item.Sensitivity);
-    take(kPutReminderSet, item.ReminderSet, Item.ReminderSet);
-    take(kPutReminderMinutes, item.ReminderMinutes, Item.ReminderMinutes);
-    take(kPutReminderOptions, item.ReminderOptions, Item.ReminderOptions);
-    take(kPutReminderSound, item.ReminderSound, Item.ReminderSound);
+    Take(kPutSubject, item.Subject, Item.Subject);
+    Take(kPutLocation, item.Location, Item.Location);
+    Take(kPutCategories, item.Categories, Item.Categories);
+    Take(kPutBody, item.Body, Item.Body);
+    Take(kPutInk, item.Ink, Item.Ink);
+    Take(kPutAllDay, item.AllDay, Item.AllDay);
+    Take(kPutBusy, item.BusyStatus, Item.BusyStatus);
+    Take(kPutSensitivity, item.Sensitivity, Item.Sensitivity);
+    Take(kPutReminderSet, item.ReminderSet, Item.ReminderSet);
+    Take(kPutReminderMinutes, item.ReminderMinutes, Item.ReminderMinutes);
+    Take(kPutReminderOptions, item.ReminderOptions, Item.ReminderOptions);
+    Take(kPutReminderSound, item.ReminderSound, Item.ReminderSound);
     MergeTimes(item, zones);
     MergePattern(item);
 }

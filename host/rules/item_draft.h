@@ -71,6 +71,13 @@ class ItemDraft {
     PutSet Put = 0;
 
   private:
+    // A value that was put; all others stay.
+    template <class Value> void Take(PutSet flag, Value& target, const Value& value) const {
+        if ((Put & flag) != 0) {
+            target = value;
+        }
+    }
+
     void MergeTimes(StoredItem& item, Zones& zones) const;
     void MergePattern(StoredItem& item) const;
 
