@@ -73,9 +73,7 @@ bool OpenAndSave(qt::QtHost& host, CMessagePump& pump, CProgramState& state, Oid
     Clock::time_point ok;
     bool isShown = false;
     const long long begin = bench::ReadProcessorTime();
-    CAppointmentDlg editor(pump, state);
-    editor.Mode = kModeAppointment;
-    editor.Item = item;
+    CAppointmentDlg editor(pump, state, {ItemKind::Appointment, item});
     host.Views().SetFrameWatch([&] {
         if (!isShown) {
             isShown = true;

@@ -10,6 +10,7 @@
 #include "store/item_deletion.h"
 
 #include <string_view>
+#include <utility>
 
 namespace tavo {
 
@@ -50,12 +51,11 @@ void CCalendarPage::ViewItem(int command) {
 }
 
 void CCalendarPage::ModifyItem(ItemKind kind, const AppointmentData& item) {
-    CAppointmentDlg editor(Pump(), State);
-    editor.Mode = ModeOfNew(kind) + 1;
-    editor.Item = item;
-    editor.OpenedFromCalendar = true;
-    editor.InkEditor = InkEditor;
-    static_cast<void>(editor.DoModal()); // the notice goes out whatever it did
+    EditRequest request;
+    request.Kind = kind;
+    request.Item = item;
+    request.InkEditor = InkEditor;
+    static_cast<void>(CAppointmentDlg(Pump(), State, std::move(request)).DoModal()); // the notice goes out whatever it did
     View.PostChangeNotice();
 }
 

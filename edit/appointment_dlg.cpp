@@ -4,6 +4,8 @@
 #include "res/dialog_templates.h"
 #include "res/resource_ids.h"
 
+#include <utility>
+
 namespace tavo {
 
 namespace {
@@ -23,9 +25,9 @@ SYSTEMTIME ReadTime(IRecurrencePattern& pattern, Status (IRecurrencePattern::*ge
 
 } // namespace
 
-CAppointmentDlg::CAppointmentDlg(CMessagePump& pump, CProgramState& state)
-    : CDialog(pump, kAppointmentTemplate, NavigationButtons::None), State(state), Edited(state.Store),
-      Preview(pump.Host().Sound()), Waiting(pump.Host()), Draft(pump.Host()) {}
+CAppointmentDlg::CAppointmentDlg(CMessagePump& pump, CProgramState& state, EditRequest request)
+    : CDialog(pump, kAppointmentTemplate, NavigationButtons::None), State(state), Request(std::move(request)),
+      Mode(ModeOf(Request)), Item(Request.Item.value_or(AppointmentData())), Edited(state.Store), Preview(pump.Host().Sound()), Waiting(pump.Host()), Draft(pump.Host()) {}
 
 const MessageMap& CAppointmentDlg::Messages() {
     static constexpr MessageEntry entries[] = {
@@ -73,7 +75,7 @@ void CAppointmentDlg::ResetForm() {
     SetItemText(kEditSubject, u"");
     Host().Controls().SetTextLimit(Control(kEditSubject), kSubjectLimit);
     const SYSTEMTIME now = RoundDownToHalfHour(Host().Clock().GetLocalTime());
-    const SYSTEMTIME begin = JoinDateAndTime(FirstDay.value_or(now), now);
+    const SYSTEMTIME begin = JoinDateAndTime(Request.FirstDay.value_or(now), now);
     SetStart(begin);
     SetEnd(begin);
     Host().Controls().SetCheck(Control(kEditAllDay), false);

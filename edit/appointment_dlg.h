@@ -4,10 +4,8 @@
 #include "edit/appointment_draft.h"
 #include "edit/appointment_form.h"
 #include "edit/draft_file.h"
-#include "edit/edit_mode.h"
+#include "edit/edit_request.h"
 #include "edit/edited_appointment.h"
-#include "edit/ink_note_editor.h"
-#include "edit/list_owner.h"
 #include "edit/sound_preview.h"
 #include "framework/dialog.h"
 #include "memo/waiting_ink.h"
@@ -27,17 +25,7 @@ constexpr int kSubjectLimit = 259; // UTF-16 units
 // again. The dialog works on the store's item itself; OK saves it, Cancel lets go of it unsaved.
 class CAppointmentDlg : public CDialog {
   public:
-    CAppointmentDlg(CMessagePump& pump, CProgramState& state);
-
-    // The opener fills these before DoModal.
-    std::int32_t Mode = kModeNewAppointment;
-    AppointmentData Item;                // of an existing item
-    bool OpenedFromCalendar = false;     // the owner is then not told
-    IListOwner* Owner = nullptr;         // told of what was saved; may be absent
-    IInkNoteEditor* InkEditor = nullptr; // absent: the memo row does nothing
-    // The day on which a new item begins at first; without one it is today.
-    std::optional<SYSTEMTIME> FirstDay;
-    const FoundDraft* Continued = nullptr; // what an earlier editor on this item left; may be absent
+    CAppointmentDlg(CMessagePump& pump, CProgramState& state, EditRequest request);
 
     static const MessageMap& Messages();
 
@@ -51,11 +39,13 @@ class CAppointmentDlg : public CDialog {
     void Paint() override;
 
   private:
-    ItemKind Kind() const { return KindOfMode(Mode); }
+    ItemKind Kind() const { return Request.Kind; }
 
     bool IsNew() const { return IsNewItem(Mode); }
 
     const AppointmentForm& Layout() const { return FormOfKind(Kind()); }
+
+    bool OpenedFromCalendar() const { return Request.Owner == nullptr; }
 
     // The dialog's own Item is the record, so the controls go by another name.
     WindowHandle Control(int id) const { return CFormWindow::Item(id); }
@@ -152,6 +142,9 @@ class CAppointmentDlg : public CDialog {
     std::u16string TimeText(int control) const;
 
     CProgramState& State;
+    const EditRequest Request;
+    const std::int32_t Mode;
+    const AppointmentData Item; // of an existing item
     EditedAppointment Edited;
     SoundPreview Preview;
     WaitingInk Waiting;

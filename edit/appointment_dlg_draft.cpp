@@ -25,10 +25,10 @@ void CAppointmentDlg::BeginDraft() {
         Opened.Rule = Edited.ReadStoredRule(); // of use should the item be gone when the draft is taken up
     }
     Opened = ReadForm();
-    if (Continued != nullptr) {
-        Draft.Take(Continued->Path);
-        ShowDraft(Continued->Draft);
-        TakeUpInk(Continued->Draft.Ink);
+    if (Request.Continued != nullptr) {
+        Draft.Take(Request.Continued->Path);
+        ShowDraft(Request.Continued->Draft);
+        TakeUpInk(Request.Continued->Draft.Ink);
     }
     Host().Windows().SetTimer(Handle(), kTimerDraft, kDraftPeriod);
 }

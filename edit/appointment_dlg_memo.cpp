@@ -23,7 +23,7 @@ constexpr int kDateBuffer = 40; // UTF-16 units, with the end
 } // namespace
 
 void CAppointmentDlg::OpenMemo() {
-    if (InkEditor == nullptr) {
+    if (Request.InkEditor == nullptr) {
         return;
     }
     const std::optional<std::vector<std::uint8_t>> note = Edited.InkNote();
@@ -35,7 +35,7 @@ void CAppointmentDlg::OpenMemo() {
         StoredNote = FingerprintOf(*note);
     }
     State.Memo.Fill(*note);
-    if (InkEditor->EditInkNote(HomeOfNote()) != IDOK || std::ranges::equal(State.Memo.Bytes(), *note)) {
+    if (Request.InkEditor->EditInkNote(HomeOfNote()) != IDOK || std::ranges::equal(State.Memo.Bytes(), *note)) {
         return;
     }
     if (Edited.PutInkNote(State.Memo.Bytes())) {

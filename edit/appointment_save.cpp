@@ -106,8 +106,8 @@ bool CAppointmentDlg::SaveAppointment() {
     AppointmentData record = Edited.MakeRecord(input);
     record.ReminderSound = ItemText(kEditSound);
     Edited.Release();
-    if (!OpenedFromCalendar && Owner != nullptr) {
-        Owner->UpdateOwnerList(record, IsNew(), record.Oid);
+    if (!OpenedFromCalendar()) {
+        Request.Owner->UpdateOwnerList(record, IsNew(), record.Oid);
     }
     return true;
 }

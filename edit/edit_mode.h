@@ -29,6 +29,10 @@ constexpr std::int32_t ModeOfNew(ItemKind kind) {
     return static_cast<std::int32_t>(kind) * 2;
 }
 
+constexpr std::int32_t ModeOfExisting(ItemKind kind) {
+    return ModeOfNew(kind) + 1;
+}
+
 // Holidays and anniversaries are days: they have no times.
 constexpr bool IsDayKind(ItemKind kind) {
     return kind == ItemKind::Holiday || kind == ItemKind::Anniversary;

@@ -1,19 +1,16 @@
 // The Schedule page: the items of one kind at a time, and what can be done with them.
 #pragma once
 
-#include "edit/draft_file.h"
-#include "edit/ink_note_editor.h"
-#include "edit/list_owner.h"
+#include "edit/edit_request.h"
 #include "schedule/appointment_item_list.h"
 #include "schedule/category_item_list.h"
 #include "schedule/item_viewing.h"
 #include "schedule/main_page.h"
 
+#include <optional>
 #include <string_view>
 
 namespace tavo {
-
-class CAppointmentDlg;
 
 class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwner {
   public:
@@ -104,9 +101,12 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
     void TellMissingRow();
     bool IsIn(ItemKind kind, Oid oid);
     void EditItem(ItemKind kind, const AppointmentData& record);
+    // What every opening of the editor by this page asks alike.
+    EditRequest AskFor(ItemKind kind, std::optional<AppointmentData> item);
     // True when the item was saved.
-    bool RunEditor(ItemKind kind, CAppointmentDlg& editor, const AppointmentData& record);
-    void FinishMaking(ItemKind kind, bool saved);
+    bool RunEditor(EditRequest request);
+    // The same for a new item or one that is gone; what was made is then on show.
+    void RunMaking(EditRequest request);
     // The selected record of the list on show; without one says so in these words and gives null.
     const AppointmentData* SelectedOr(const std::u16string_view (&texts)[4]);
     bool ConfirmDeletion();

@@ -158,41 +158,45 @@ void CSchedulePage::PrepareMenus() {
     }
 }
 
-void CSchedulePage::EditItem(ItemKind kind, const AppointmentData& record) {
-    CAppointmentDlg editor(Pump(), State);
-    static_cast<void>(RunEditor(kind, editor, record)); // whether it saved anything, it told this page
+EditRequest CSchedulePage::AskFor(ItemKind kind, std::optional<AppointmentData> item) {
+    EditRequest request;
+    request.Kind = kind;
+    request.Item = std::move(item);
+    request.Owner = this;
+    request.InkEditor = InkEditor;
+    return request;
 }
 
-bool CSchedulePage::RunEditor(ItemKind kind, CAppointmentDlg& editor, const AppointmentData& record) {
-    EditedKind = kind;
-    EditedOid = record.Oid;
-    editor.Mode = record.Oid == 0 ? ModeOfNew(kind) : ModeOfNew(kind) + 1;
-    editor.Item = record;
-    editor.Owner = this;
-    editor.InkEditor = InkEditor;
+bool CSchedulePage::RunEditor(EditRequest request) {
+    EditedKind = request.Kind;
+    EditedOid = request.Item ? request.Item->Oid : 0;
     ItemSaved = false;
-    static_cast<void>(editor.DoModal());
+    static_cast<void>(CAppointmentDlg(Pump(), State, std::move(request)).DoModal()); // what it saved, it told this page
     TellMissingRow();
     return ItemSaved;
 }
 
+void CSchedulePage::EditItem(ItemKind kind, const AppointmentData& record) {
+    static_cast<void>(RunEditor(AskFor(kind, record))); // the list shows an item that was saved
+}
+
 // What was made is to be found where it is listed.
-void CSchedulePage::FinishMaking(ItemKind kind, bool saved) {
-    if (saved && Kind != kind) {
+void CSchedulePage::RunMaking(EditRequest request) {
+    const ItemKind kind = request.Kind;
+    if (RunEditor(std::move(request)) && Kind != kind) {
         ShowKind(kind);
     }
     View.PostChangeNotice();
 }
 
 void CSchedulePage::MakeItem(ItemKind kind) {
-    CAppointmentDlg editor(Pump(), State);
-    FinishMaking(kind, RunEditor(kind, editor, {}));
+    RunMaking(AskFor(kind, std::nullopt));
 }
 
 void CSchedulePage::MakeItemOn(ItemKind kind, const SYSTEMTIME& day) {
-    CAppointmentDlg editor(Pump(), State);
-    editor.FirstDay = day;
-    FinishMaking(kind, RunEditor(kind, editor, {}));
+    EditRequest request = AskFor(kind, std::nullopt);
+    request.FirstDay = day;
+    RunMaking(std::move(request));
 }
 
 bool CSchedulePage::ContinueEdit(const FoundDraft& draft) {
@@ -204,10 +208,10 @@ bool CSchedulePage::ContinueEdit(const FoundDraft& draft) {
     if (const FormValues& form = draft.Draft.Now; !isThere && form.Recurrence == kChoiceCustom && !form.Rule) {
         Refuse(kRuleLost);
     }
-    CAppointmentDlg editor(Pump(), State); // one that is gone is made anew
-    editor.Continued = &draft;
-    const ItemKind kind = KindOfMode(draft.Draft.Mode);
-    FinishMaking(kind, RunEditor(kind, editor, record));
+    // One that is gone is made anew.
+    EditRequest request = AskFor(KindOfMode(draft.Draft.Mode), isThere ? std::optional(record) : std::nullopt);
+    request.Continued = &draft;
+    RunMaking(std::move(request));
     return true;
 }
 

@@ -49,13 +49,15 @@ int EditDesk::RunExisting(std::int32_t mode, Oid oid) {
 
 int EditDesk::Run(std::int32_t mode, const AppointmentData& item) {
     Mode = mode;
-    CAppointmentDlg dialog(Pump, State);
-    dialog.Mode = mode;
-    dialog.Item = item;
-    dialog.OpenedFromCalendar = OpenedFromCalendar;
-    dialog.Continued = Continued;
-    dialog.Owner = this;
-    dialog.InkEditor = EditInk ? this : nullptr;
+    EditRequest request;
+    request.Kind = KindOfMode(mode);
+    if (!IsNewItem(mode)) {
+        request.Item = item;
+    }
+    request.Owner = OpenedFromCalendar ? nullptr : this;
+    request.InkEditor = EditInk ? this : nullptr;
+    request.Continued = Continued;
+    CAppointmentDlg dialog(Pump, State, std::move(request));
     const int result = dialog.DoModal();
     for (const std::string& problem : Device.Problems) {
         ADD_FAILURE() << problem;
