@@ -22,7 +22,7 @@ constexpr std::u16string_view kMonthRestriction = u"[Start] >= %s and [Start] <=
 } // namespace
 
 CCalendarPage::CCalendarPage(CMessagePump& pump, CProgramState& state, IMainView& view)
-    : CMainPage(pump, state, view, kCalendarPageTemplate, kMenuPage), DayList(pump, state) {}
+    : CItemPage(pump, state, view, kCalendarPageTemplate, kMenuPage), DayList(pump, state) {}
 
 const MessageMap& CCalendarPage::Messages() {
     static constexpr MessageEntry entries[] = {
@@ -40,7 +40,7 @@ const MessageMap& CCalendarPage::Messages() {
         OnCommandRange<&CCalendarPage::ViewItem>(kCommandFirstSchedule, kCommandLastSchedule),
         OnCommandRange<&CCalendarPage::OpenMemo>(kCommandFirstMemo, kCommandLastMemo),
     };
-    static const MessageMap map{entries, &CMainPage::Messages()};
+    static const MessageMap map{entries, &CItemPage::Messages()};
     return map;
 }
 

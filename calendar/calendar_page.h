@@ -3,9 +3,8 @@
 
 #include "calendar/day_menu.h"
 #include "calendar/month_grid.h"
-#include "edit/ink_note_editor.h"
 #include "schedule/day_list.h"
-#include "schedule/main_page.h"
+#include "schedule/item_page.h"
 
 #include <array>
 #include <bitset>
@@ -18,7 +17,7 @@ namespace tavo {
 
 class MemoDays;
 
-class CCalendarPage : public CMainPage, private IDayListOwner {
+class CCalendarPage : public CItemPage, private IDayListOwner {
   public:
     CCalendarPage(CMessagePump& pump, CProgramState& state, IMainView& view);
 
@@ -35,8 +34,6 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
 
     // Whether there is such a day; by keys one that does not exist can be selected.
     bool IsDay(const CalendarDate& date) const;
-
-    IInkNoteEditor* InkEditor = nullptr; // for the edit dialog; may be absent
 
   protected:
     void OnInitDialog() override;
@@ -92,8 +89,6 @@ class CCalendarPage : public CMainPage, private IDayListOwner {
     // calendar_page_day_menu.cpp
     void ShowDayMenu(); // at TapPoint
     void ViewItem(int command);
-    void ModifyItem(ItemKind kind, const AppointmentData& item);
-    void AskAndDelete(ItemKind kind, const AppointmentData& item);
     void OpenMemo(int command);
     void AddMemo();
 

@@ -1,16 +1,10 @@
 // The selected day's menu, and what its commands do.
 #include "calendar/calendar_page.h"
 
-#include "edit/appointment_dlg.h"
 #include "memo/ink_memo_view.h"
 #include "memo/memo_file_keeper.h"
 #include "res/resource_ids.h"
 #include "res/strings.h"
-#include "schedule/item_viewing.h"
-#include "store/item_deletion.h"
-
-#include <string_view>
-#include <utility>
 
 namespace tavo {
 
@@ -41,36 +35,7 @@ void CCalendarPage::ViewItem(int command) {
     if (chosen == nullptr) {
         return; // an entry past the 200th, where the next kind has none
     }
-    const ItemKind kind = *DayMenu::KindOfCommand(command);
-    const ViewedItem viewed = ViewAppointment(State, AppointmentData(*chosen), TimesOf::Series);
-    if (viewed.Result == kResultModify) {
-        ModifyItem(kind, viewed.Record);
-    } else if (viewed.Result == kResultDelete) {
-        AskAndDelete(kind, viewed.Record);
-    }
-}
-
-void CCalendarPage::ModifyItem(ItemKind kind, const AppointmentData& item) {
-    EditRequest request;
-    request.Kind = kind;
-    request.Item = item;
-    request.InkEditor = InkEditor;
-    static_cast<void>(CAppointmentDlg(Pump(), State, std::move(request)).DoModal()); // the notice goes out whatever it did
-    View.PostChangeNotice();
-}
-
-void CCalendarPage::AskAndDelete(ItemKind kind, const AppointmentData& item) {
-    MessageBoxDescription question;
-    question.Text = kDeleteQuestion;
-    question.Caption = kDeleteCaption;
-    question.Buttons = MessageBoxButtons::YesNo;
-    if (Pump().ShowMessageBox(Handle(), question) != IDYES) {
-        return;
-    }
-    if (!DeleteItem(State, kind, item)) {
-        Refuse(kItemNotDeleted);
-    }
-    View.PostChangeNotice();
+    ViewAndAct(*DayMenu::KindOfCommand(command), AppointmentData(*chosen), TimesOf::Series);
 }
 
 void CCalendarPage::OpenMemo(int command) {

@@ -27,7 +27,8 @@ SYSTEMTIME ReadTime(IRecurrencePattern& pattern, Status (IRecurrencePattern::*ge
 
 CAppointmentDlg::CAppointmentDlg(CMessagePump& pump, CProgramState& state, EditRequest request)
     : CDialog(pump, kAppointmentTemplate, NavigationButtons::None), State(state), Request(std::move(request)),
-      Mode(ModeOf(Request)), Item(Request.Item.value_or(AppointmentData())), Edited(state.Store), Preview(pump.Host().Sound()), Waiting(pump.Host()), Draft(pump.Host()) {}
+      Mode(ModeOf(Request)), Item(Request.Item.value_or(AppointmentData())), Edited(state.Store),
+      Preview(pump.Host().Sound()), Waiting(pump.Host()), Draft(pump.Host()) {}
 
 const MessageMap& CAppointmentDlg::Messages() {
     static constexpr MessageEntry entries[] = {

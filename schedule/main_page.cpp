@@ -2,6 +2,7 @@
 #include "schedule/main_page.h"
 
 #include "res/resource_ids.h"
+#include "res/strings.h"
 #include "store/refusal.h"
 #include "store/undo.h"
 
@@ -99,6 +100,14 @@ void CMainPage::GoToPage(int page) {
 void CMainPage::PrepareMenus() {
     Host().Menus().SetMenuItemText(MenuBar, kCommandUndoStep, DescribeUndo(State));
     Host().Menus().SetMenuItem(MenuBar, kCommandUndoStep, CanUndo(State), false);
+}
+
+bool CMainPage::ConfirmDeletion() {
+    MessageBoxDescription question;
+    question.Text = kDeleteQuestion;
+    question.Caption = kDeleteCaption;
+    question.Buttons = MessageBoxButtons::YesNo;
+    return Pump().ShowMessageBox(Handle(), question) == IDYES;
 }
 
 void CMainPage::Refuse(std::u16string_view text) {

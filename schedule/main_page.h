@@ -34,6 +34,8 @@ class CMainPage : public CPage {
 
     void HandleByDefault(const Message& message) override;
 
+    // True when the person wants the deletion.
+    bool ConfirmDeletion();
     // Says that something could not be done.
     void Refuse(std::u16string_view text);
 

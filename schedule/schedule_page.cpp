@@ -21,7 +21,7 @@ constexpr Rect PlaceOf(ItemKind kind) {
 } // namespace
 
 CSchedulePage::CSchedulePage(CMessagePump& pump, CProgramState& state, IMainView& view)
-    : CMainPage(pump, state, view, kSchedulePageTemplate, kMenuSchedulePage),
+    : CItemPage(pump, state, view, kSchedulePageTemplate, kMenuSchedulePage),
       Alarms(pump, state, *this, ItemKind::Alarm), Holidays(pump, state, *this, ItemKind::Holiday),
       Anniversaries(pump, state, *this, ItemKind::Anniversary), Appointments(pump, state, *this) {}
 
@@ -44,7 +44,7 @@ const MessageMap& CSchedulePage::Messages() {
         OnCommand<&CSchedulePage::CopyToCategory>(kCommandCopyToHoliday),
         OnCommand<&CSchedulePage::CopyToCategory>(kCommandCopyToAnniversary),
     };
-    static const MessageMap map{entries, &CMainPage::Messages()};
+    static const MessageMap map{entries, &CItemPage::Messages()};
     return map;
 }
 

@@ -1,18 +1,15 @@
 // The Schedule page: the items of one kind at a time, and what can be done with them.
 #pragma once
 
-#include "edit/edit_request.h"
 #include "schedule/appointment_item_list.h"
 #include "schedule/category_item_list.h"
-#include "schedule/item_viewing.h"
-#include "schedule/main_page.h"
+#include "schedule/item_page.h"
 
-#include <optional>
 #include <string_view>
 
 namespace tavo {
 
-class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwner {
+class CSchedulePage : public CItemPage, public IListOwner, private IItemListOwner {
   public:
     CSchedulePage(CMessagePump& pump, CProgramState& state, IMainView& view);
 
@@ -36,8 +33,6 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
 
     // The edit dialog saved the item that this page opened it for.
     void UpdateOwnerList(const AppointmentData& record, bool isNew, Oid oid) override;
-
-    IInkNoteEditor* InkEditor = nullptr; // for the edit dialogs; may be absent
 
   protected:
     void OnInitDialog() override;
@@ -92,7 +87,6 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
     void PrepareMenus() override;
     void ViewSelected();
     TimesOf TimesOfRows() const;
-    void ViewItem(ItemKind kind, const AppointmentData& record, TimesOf times);
     void ModifySelected();
     void DeleteSelected();
     void PauseSelected();
@@ -100,16 +94,14 @@ class CSchedulePage : public CMainPage, public IListOwner, private IItemListOwne
     void CopyAppointment(const AppointmentData& record, CCategoryItemList& target);
     void TellMissingRow();
     bool IsIn(ItemKind kind, Oid oid);
-    void EditItem(ItemKind kind, const AppointmentData& record);
-    // What every opening of the editor by this page asks alike.
-    EditRequest AskFor(ItemKind kind, std::optional<AppointmentData> item);
-    // True when the item was saved.
-    bool RunEditor(EditRequest request);
+    void RunEditor(EditRequest request) override;
+
+    IListOwner* ListOwner() override { return this; }
+
     // The same for a new item or one that is gone; what was made is then on show.
     void RunMaking(EditRequest request);
     // The selected record of the list on show; without one says so in these words and gives null.
     const AppointmentData* SelectedOr(const std::u16string_view (&texts)[4]);
-    bool ConfirmDeletion();
 
     ItemKind Kind = ItemKind::Alarm;
     bool NewPressed = false;

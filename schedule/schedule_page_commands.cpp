@@ -1,7 +1,6 @@
 // The commands on an item of the Schedule page.
 #include "schedule/schedule_page.h"
 
-#include "edit/appointment_dlg.h"
 #include "res/resource_ids.h"
 #include "res/strings.h"
 #include "store/change_group.h"
@@ -48,14 +47,6 @@ const AppointmentData* CSchedulePage::SelectedOr(const std::u16string_view (&tex
     return selected;
 }
 
-bool CSchedulePage::ConfirmDeletion() {
-    MessageBoxDescription box;
-    box.Text = kDeleteQuestion;
-    box.Caption = kDeleteCaption;
-    box.Buttons = MessageBoxButtons::YesNo;
-    return Pump().ShowMessageBox(Handle(), box) == IDYES;
-}
-
 // A row of the appointment list stands for one occurrence.
 TimesOf CSchedulePage::TimesOfRows() const {
     return Kind == ItemKind::Appointment ? TimesOf::Occurrence : TimesOf::Series;
@@ -63,34 +54,13 @@ TimesOf CSchedulePage::TimesOfRows() const {
 
 void CSchedulePage::ViewSelected() {
     if (const AppointmentData* selected = SelectedOr(kSelectToView); selected != nullptr) {
-        ViewItem(Kind, AppointmentData(*selected), TimesOfRows());
+        ViewAndAct(Kind, AppointmentData(*selected), TimesOfRows());
     }
-}
-
-void CSchedulePage::ViewItem(ItemKind kind, const AppointmentData& record, TimesOf times) {
-    const ViewedItem viewed = ViewAppointment(State, record, times);
-    switch (viewed.Result) {
-    case kResultModify:
-        EditItem(kind, viewed.Record);
-        break;
-    case kResultDelete:
-        if (!ConfirmDeletion()) {
-            return;
-        }
-        if (!DeleteItem(State, kind, viewed.Record)) {
-            Refuse(kItemNotDeleted);
-        }
-        break;
-    default:
-        return;
-    }
-    View.PostChangeNotice();
 }
 
 void CSchedulePage::ModifySelected() {
     if (const AppointmentData* selected = SelectedOr(kSelectToModify); selected != nullptr) {
-        EditItem(Kind, ReadAnew(State.Store, *selected, TimesOfRows()));
-        View.PostChangeNotice();
+        ModifyItem(Kind, ReadAnew(State.Store, *selected, TimesOfRows()));
     }
 }
 
@@ -150,7 +120,7 @@ bool CSchedulePage::IsIn(ItemKind kind, Oid oid) {
 }
 
 void CSchedulePage::PrepareMenus() {
-    CMainPage::PrepareMenus();
+    CItemPage::PrepareMenus();
     const AppointmentData* selected = Appointments.GetSelected();
     for (const int command : {kCommandCopyToAlarm, kCommandCopyToHoliday, kCommandCopyToAnniversary}) {
         const bool useful = selected != nullptr && !IsIn(TargetOf(command), selected->Oid);
@@ -158,43 +128,30 @@ void CSchedulePage::PrepareMenus() {
     }
 }
 
-EditRequest CSchedulePage::AskFor(ItemKind kind, std::optional<AppointmentData> item) {
-    EditRequest request;
-    request.Kind = kind;
-    request.Item = std::move(item);
-    request.Owner = this;
-    request.InkEditor = InkEditor;
-    return request;
-}
-
-bool CSchedulePage::RunEditor(EditRequest request) {
+void CSchedulePage::RunEditor(EditRequest request) {
     EditedKind = request.Kind;
     EditedOid = request.Item ? request.Item->Oid : 0;
     ItemSaved = false;
-    static_cast<void>(CAppointmentDlg(Pump(), State, std::move(request)).DoModal()); // what it saved, it told this page
+    CItemPage::RunEditor(std::move(request));
     TellMissingRow();
-    return ItemSaved;
-}
-
-void CSchedulePage::EditItem(ItemKind kind, const AppointmentData& record) {
-    static_cast<void>(RunEditor(AskFor(kind, record))); // the list shows an item that was saved
 }
 
 // What was made is to be found where it is listed.
 void CSchedulePage::RunMaking(EditRequest request) {
     const ItemKind kind = request.Kind;
-    if (RunEditor(std::move(request)) && Kind != kind) {
+    RunEditor(std::move(request));
+    if (ItemSaved && Kind != kind) {
         ShowKind(kind);
     }
     View.PostChangeNotice();
 }
 
 void CSchedulePage::MakeItem(ItemKind kind) {
-    RunMaking(AskFor(kind, std::nullopt));
+    RunMaking(RequestFor(kind, std::nullopt));
 }
 
 void CSchedulePage::MakeItemOn(ItemKind kind, const SYSTEMTIME& day) {
-    EditRequest request = AskFor(kind, std::nullopt);
+    EditRequest request = RequestFor(kind, std::nullopt);
     request.FirstDay = day;
     RunMaking(std::move(request));
 }
@@ -209,7 +166,7 @@ bool CSchedulePage::ContinueEdit(const FoundDraft& draft) {
         Refuse(kRuleLost);
     }
     // One that is gone is made anew.
-    EditRequest request = AskFor(KindOfMode(draft.Draft.Mode), isThere ? std::optional(record) : std::nullopt);
+    EditRequest request = RequestFor(KindOfMode(draft.Draft.Mode), isThere ? std::optional(record) : std::nullopt);
     request.Continued = &draft;
     RunMaking(std::move(request));
     return true;
@@ -217,7 +174,7 @@ bool CSchedulePage::ContinueEdit(const FoundDraft& draft) {
 
 void CSchedulePage::OpenItem(Oid oid) {
     if (AppointmentData record; State.Store.LoadAppointment(oid, record) != 0) {
-        ViewItem(State.Categories.KindOf(oid), record, TimesOf::Series);
+        ViewAndAct(State.Categories.KindOf(oid), record, TimesOf::Series);
     }
 }
 

@@ -73,14 +73,6 @@ DeletionClasses CSettingsPage::ReadClasses() const {
             IsChecked(kSettingsAppointments), IsChecked(kSettingsMemos)};
 }
 
-bool CSettingsPage::ConfirmDeletion() {
-    MessageBoxDescription box;
-    box.Text = kDeleteQuestion;
-    box.Caption = kDeleteCaption;
-    box.Buttons = MessageBoxButtons::YesNo;
-    return Pump().ShowMessageBox(Handle(), box) == IDYES;
-}
-
 void CSettingsPage::DeleteChecked() {
     if (!ConfirmDeletion()) {
         return;

@@ -26,7 +26,6 @@ class CSettingsPage : public CMainPage {
   private:
     void Recount();
     void DeleteChecked();
-    bool ConfirmDeletion();
     DeletionClasses ReadClasses() const;
 
     bool IsChecked(int box) const { return Host().Controls().GetCheck(Item(box)); }
