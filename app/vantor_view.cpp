@@ -25,7 +25,7 @@ constexpr Color kViewBackground = Color::FromRgb(255, 255, 255);
 
 CVantorView::CVantorView(CMessagePump& pump, CProgramState& state, ICommandTarget& commands)
     : CPaintedWindow(pump, kViewSize), State(state), Commands(commands), InkNotes(pump, state), Tags(state) {
-    State.CurrentPage = kClockPage;
+    State.CurrentPage = PageNumber::Clock;
     State.RefreshSuppressed = false;
 }
 
@@ -118,25 +118,25 @@ void CVantorView::HidePages() {
     SettingsPage->Show(ShowCommand::Hide);
 }
 
-void CVantorView::ShowPage(int page) {
+void CVantorView::ShowPage(PageNumber page) {
     HidePages();
     switch (page) {
-    case kClockPage:
+    case PageNumber::Clock:
         ClockPage->Show(ShowCommand::Maximize);
         break;
-    case kSchedulePage:
-    case kScheduleAgainPage:
+    case PageNumber::Schedule:
+    case PageNumber::ScheduleAgain:
         SchedulePage->Open();
         break;
-    case kCalendarPage:
+    case PageNumber::Calendar:
         CalendarPage->OpenFromPageBar();
         CalendarPage->Show(ShowCommand::Maximize);
         break;
-    case kSettingsPage:
+    case PageNumber::Settings:
         SettingsPage->Open();
         break;
     default:
-        break;
+        break; // no page: all stay hidden
     }
 }
 
@@ -168,7 +168,7 @@ void CVantorView::MakeItem(ItemKind kind) {
 }
 
 std::optional<SYSTEMTIME> CVantorView::SelectedDay() {
-    if (State.CurrentPage != kCalendarPage || !CalendarPage) {
+    if (State.CurrentPage != PageNumber::Calendar || !CalendarPage) {
         return std::nullopt;
     }
     const CalendarDate selected = CalendarPage->SelectedDate();

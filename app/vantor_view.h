@@ -47,7 +47,7 @@ class CVantorView : public CPaintedWindow, public IMainView {
     // Another process changed items or asked for tags.
     void TakeOutsideChange();
 
-    void ShowPage(int page) override;
+    void ShowPage(PageNumber page) override;
     void ClosePages() override;
     void PostChangeNotice() override;
     WindowHandle CreatePageMenuBar(WindowHandle page, int menuId) override;

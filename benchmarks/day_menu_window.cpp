@@ -5,7 +5,7 @@
 #include "benchmarks/costs.h"
 #include "benchmarks/desktop_device.h"
 #include "calendar/month_grid.h"
-#include "schedule/main_view.h"
+#include "store/page_number.h"
 
 #include <QAction>
 #include <QMenu>
@@ -83,7 +83,7 @@ int main(int count, char** arguments) {
     CMessagePump& pump = app.MessagePump();
     const int years = std::atoi(arguments[1]);
     const SYSTEMTIME now = host.Clock().GetLocalTime();
-    constexpr int tabMiddle = 30 + 60 * kCalendarPage;
+    constexpr int tabMiddle = 30 + 60 * static_cast<int>(PageNumber::Calendar);
     constexpr int tabRow = 250;
     constexpr int settled = 500;
     Rest(host, pump, settled);

@@ -15,7 +15,6 @@ namespace tavo {
 
 namespace {
 
-constexpr int kPageCount = 4;
 constexpr int kPageBarTop = 241;
 constexpr int kPageBarBottom = 267;
 constexpr Size kPageBarSize{240, 26};
@@ -53,7 +52,7 @@ bool CMainPage::CreateOn(WindowHandle view) {
 
 void CMainPage::DrawPageBar() {
     Surface().DrawBitmap(kBitmapTabBar, {0, kPageBarTop}, Rect::Whole(kPageBarSize));
-    const int page = State.CurrentPage;
+    const int page = static_cast<int>(State.CurrentPage);
     if (page >= 0 && page < static_cast<int>(kTabBitmaps.size())) {
         Surface().DrawBitmap(kTabBitmaps[static_cast<std::size_t>(page)], {page * kTabSize.Width, kPageBarTop},
                              Rect::Whole(kTabSize));
@@ -67,7 +66,7 @@ void CMainPage::DeclarePageBar() {
         item.Role = PaintedRole::Tab;
         item.Name = kTabNames[static_cast<std::size_t>(tab)];
         item.Id = tab;
-        item.Selected = tab == State.CurrentPage;
+        item.Selected = tab == static_cast<int>(State.CurrentPage);
         Declare(std::move(item));
     }
 }
@@ -76,7 +75,7 @@ bool CMainPage::TakePageBarPress(Point point) {
     if (point.Y <= kPageBarTop || point.Y >= kPageBarBottom) {
         return false;
     }
-    GoToPage(point.X / kTabSize.Width);
+    GoToPage(static_cast<PageNumber>(point.X / kTabSize.Width));
     return true;
 }
 
@@ -85,11 +84,12 @@ bool CMainPage::TakePageKey(const Message& key) {
         return false;
     }
     const bool backwards = key.Id == VK_PRIOR || (key.Id == VK_TAB && (key.Code & kModifierShift) != 0);
-    GoToPage((State.CurrentPage + (backwards ? kPageCount - 1 : 1)) % kPageCount);
+    const int step = backwards ? kPageCount - 1 : 1;
+    GoToPage(static_cast<PageNumber>((static_cast<int>(State.CurrentPage) + step) % kPageCount));
     return true;
 }
 
-void CMainPage::GoToPage(int page) {
+void CMainPage::GoToPage(PageNumber page) {
     if (page == State.CurrentPage) {
         return;
     }

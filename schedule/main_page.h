@@ -49,7 +49,7 @@ class CMainPage : public CPage {
 
   private:
     void ClosePage();
-    void GoToPage(int page);
+    void GoToPage(PageNumber page);
 
     int MenuId;
 };

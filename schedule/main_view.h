@@ -3,20 +3,14 @@
 
 #include "platform/handles.h"
 #include "platform/menus.h"
+#include "store/page_number.h"
 
 namespace tavo {
 
-// The pages by number, in the order of their tabs.
-constexpr int kClockPage = 0;
-constexpr int kSchedulePage = 1;
-constexpr int kCalendarPage = 2;
-constexpr int kSettingsPage = 3;
-constexpr int kScheduleAgainPage = 4; // shows the Schedule page as well
-
 class IMainView {
   public:
-    // Hides all pages and shows one; an index outside 0..4 leaves all hidden (4 is the Schedule page as well).
-    virtual void ShowPage(int page) = 0;
+    // Hides all pages and shows one; a number that is no page's leaves all hidden.
+    virtual void ShowPage(PageNumber page) = 0;
     // Saves the category file and minimises the program, which stays in memory.
     virtual void ClosePages() = 0;
     // Says that appointments or category lists changed: the pages that show them will follow.

@@ -5,6 +5,7 @@
 #include "store/category_lists.h"
 #include "store/memo_buffer.h"
 #include "store/outlook_session.h"
+#include "store/page_number.h"
 #include "store/shared_fonts.h"
 #include "store/sliced_work.h"
 
@@ -33,7 +34,7 @@ struct CProgramState {
     MemoBuffer Memo;
 
     WindowHandle MainView = WindowHandle::None; // owner of messages that no page shows
-    int CurrentPage = 0;                        // 0 Clock, 1 Schedule, 2 Calendar, 3 Settings
+    PageNumber CurrentPage = PageNumber::Clock; // on show
     bool RefreshSuppressed = false;             // change notices are ignored while it is set
     ISlicedWork* Work = nullptr;                // long work under way, driven by the main view's timer; null for none
     bool Busy = false;                          // a mass deletion is running

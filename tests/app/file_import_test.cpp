@@ -121,7 +121,7 @@ TEST_F(FileImport, NoImportsNothingAndLeavesNoStepToUndo) {
 
 TEST_F(FileImport, ThePagesShowWhatWasImported) {
     ASSERT_TRUE(Program.Start());
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     Open({Given("one.ics", Calendar(Entry("Dentist", "DTSTART:20041105T080000Z\r\n")))});
     const std::u16string before = Program.CellName(0, 5);
     Program.Device.AnswerBox(IDYES);

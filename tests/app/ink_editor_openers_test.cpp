@@ -1,6 +1,6 @@
 // The ink editor from each of the places that open it, in the running program.
 #include "res/resource_ids.h"
-#include "schedule/main_view.h"
+#include "store/page_number.h"
 #include "tests/schedule/schedule_desk.h"
 
 #include <gmock/gmock.h>
@@ -40,7 +40,7 @@ class InkEditorOpeners : public testing::Test {
 
     // From the selected day's menu to the item's editor.
     void ModifyFromTheDay() {
-        Desk.ShowPage(kCalendarPage);
+        Desk.ShowPage(PageNumber::Calendar);
         Desk.Device.Key(VK_RETURN);
         Desk.Device.ChooseTracked(kCommandFirstSchedule);
         Desk.Device.Key(VK_F1 + 1);
@@ -69,7 +69,7 @@ class InkEditorOpeners : public testing::Test {
 };
 
 TEST_F(InkEditorOpeners, ANewMemoOfTheDay) {
-    Desk.ShowPage(kCalendarPage);
+    Desk.ShowPage(PageNumber::Calendar);
     Desk.Device.Key(VK_RETURN);
     Desk.Device.ChooseTracked(kCommandAddMemo);
     DrawAndOk();
@@ -78,7 +78,7 @@ TEST_F(InkEditorOpeners, ANewMemoOfTheDay) {
 }
 
 TEST_F(InkEditorOpeners, AMemoOfTheDay) {
-    Desk.ShowPage(kCalendarPage);
+    Desk.ShowPage(PageNumber::Calendar);
     Desk.Device.Key(VK_RETURN);
     Desk.Device.ChooseTracked(kCommandAddMemo);
     DrawAndOk();
@@ -103,7 +103,7 @@ TEST_F(InkEditorOpeners, TheMemoRowOfAnItemOpenedFromItsDay) {
 }
 
 TEST_F(InkEditorOpeners, TheMemoRowOfANewItemFromTheSchedulePage) {
-    Desk.ShowPage(kSchedulePage);
+    Desk.ShowPage(PageNumber::Schedule);
     Desk.Device.Key('4', kModifierControl);
     Desk.Device.Tap(100, 20);
     Desk.Device.TypeInto(kEditSubject, u"Dentist");
@@ -140,7 +140,7 @@ TEST_F(InkEditorOpeners, OkOnInkThatNobodyChangedLeavesTheNoteAndMakesNoMemo) {
 }
 
 TEST_F(InkEditorOpeners, UndoBringsWhatWasDrawnInAMemoThatWasClosed) {
-    Desk.ShowPage(kCalendarPage);
+    Desk.ShowPage(PageNumber::Calendar);
     Desk.Device.Key(VK_RETURN);
     Desk.Device.ChooseTracked(kCommandAddMemo);
     Desk.Device.Do([this] {

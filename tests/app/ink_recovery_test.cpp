@@ -21,7 +21,7 @@ class InkRecoveryAtStart : public RecoveryAtStart {
     void GivenUnsavedMemo(const std::string& name = "unsaved") {
         RunningProgram dying(At(2004, 9, 15, 10, 15));
         ASSERT_TRUE(dying.Start());
-        dying.ShowPage(2);
+        dying.ShowPage(PageNumber::Calendar);
         dying.Device.Key(VK_RETURN);
         dying.Device.ChooseTracked(kCommandAddMemo);
         dying.Device.Do([&] {
@@ -43,7 +43,7 @@ class InkRecoveryAtStart : public RecoveryAtStart {
     void GivenKilledOverMemo() {
         Program.WriteFile(kMemo, "of another program");
         GivenKilled([&] {
-            Program.ShowPage(2);
+            Program.ShowPage(PageNumber::Calendar);
             Program.Device.Key(VK_RETURN);
             Program.Device.ChooseTracked(kCommandFirstMemo);
             Program.Device.Do([this] { DrawOn(Program); });
@@ -89,7 +89,7 @@ TEST_F(InkRecoveryAtStart, WithNothingLeftNothingIsAsked) {
 
 TEST_F(InkRecoveryAtStart, ANewMemoBecomesOneOfTheDayThatWasSelected) {
     GivenKilled([this] {
-        Program.ShowPage(2);
+        Program.ShowPage(PageNumber::Calendar);
         Program.Device.Key(VK_RIGHT, kModifierControl); // the 4th
         Program.Device.Key(VK_RETURN);
         Program.Device.ChooseTracked(kCommandAddMemo);
@@ -135,7 +135,7 @@ TEST_F(InkRecoveryAtStart, InkThatIsWhereItBelongsIsNotAskedAbout) {
 TEST_F(InkRecoveryAtStart, InkThatWaitedForItsItemGoesBackToTheItem) {
     const Oid oid = Program.GivenAppointment(u"Dentist", At(2004, 11, 3, 9), At(2004, 11, 3, 10));
     GivenKilled([this] {
-        Program.ShowPage(2);
+        Program.ShowPage(PageNumber::Calendar);
         Program.Device.Key(VK_RETURN);
         Program.Device.ChooseTracked(kCommandFirstSchedule);
         Program.Device.Key(VK_F1 + 1); // modify

@@ -110,7 +110,7 @@ TEST_F(ItemRequests, AMenuThatIsOpenIsClosedFirst) {
     Program.Device.RequestItem(oid);
     ExpectView(u"Dentist");
     ASSERT_TRUE(Program.Settle());
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     Program.Device.Key(VK_RETURN); // the day's menu
     Program.Device.Do([&] { EXPECT_TRUE(Program.Device.Host().State.Menus.Tracked.has_value()); });
     Program.Device.RequestItem(oid);
@@ -139,7 +139,7 @@ TEST_F(ItemRequests, ModifyOpensTheEditorOfTheItemsKindAndThePagesFollow) {
     const Oid oid = GivenDentist();
     ASSERT_TRUE(Program.Start());
     Program.State().Categories.AlarmList.Append(oid);
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     Program.Device.RequestItem(oid);
     Tap(kModify);
     Program.Device.Do([&] {
@@ -163,7 +163,7 @@ TEST_F(ItemRequests, DeleteAsksAndOnYesThePagesAndTheItemsListFollow) {
     const Oid oid = GivenDentist();
     ASSERT_TRUE(Program.Start());
     Program.State().Categories.HolidayList.Append(oid);
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     EXPECT_EQ(Program.CellName(0, 3), u"2004-11-03: holiday");
     Program.Device.RequestItem(oid);
     Tap(kDelete);

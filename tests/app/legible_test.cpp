@@ -1,6 +1,6 @@
 // What is written can be read: the contrast of every text with the ground it was drawn on, by the calls that drew it.
 #include "res/resource_ids.h"
-#include "schedule/main_view.h"
+#include "store/page_number.h"
 #include "tests/schedule/schedule_desk.h"
 #include "tests/support/contrast.h"
 
@@ -123,15 +123,15 @@ TEST_F(Legible, EveryTextOfListsWithRows) {
 
 TEST_F(Legible, EveryTextOfTheOtherPagesAndOfAnItemsView) {
     Desk.GivenAppointment(u"Dentist", At(2004, 11, 3, 18), At(2004, 11, 3, 19));
-    for (const int page : {kClockPage, kSettingsPage}) {
+    for (const PageNumber page : {PageNumber::Clock, PageNumber::Settings}) {
         Desk.ShowPage(page);
         LookAtTheScreen();
     }
-    Desk.ShowPage(kClockPage);
+    Desk.ShowPage(PageNumber::Clock);
     Desk.Device.Tap(215, 20); // digits
     ASSERT_TRUE(Desk.Settle());
     LookAtTheScreen();
-    Desk.ShowPage(kCalendarPage);
+    Desk.ShowPage(PageNumber::Calendar);
     Desk.Device.Key(VK_RETURN);
     Desk.Device.ChooseTracked(kCommandFirstSchedule);
     Desk.Device.Do([this] {
@@ -152,7 +152,7 @@ TEST_F(Legible, OfTheMonthAllButTheColoursThatAreFixed) {
                                       "#FF0000 on #FFFFFF", "#FF0000 on #CCCCCC",  // Sundays and holidays
                                       "#FF0000 on #46A3FA", "#FFFFFF on #46A3FA"}; // the selected day
     Desk.Tag(ItemKind::Holiday, Desk.GivenAllDay(u"Feast", At(2004, 11, 3)));
-    Desk.ShowPage(kCalendarPage);
+    Desk.ShowPage(PageNumber::Calendar);
     Desk.TapAside(50, 100);
     ASSERT_TRUE(Desk.Settle());
     LookAtTheScreen();

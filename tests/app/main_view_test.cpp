@@ -43,7 +43,7 @@ TEST_F(MainView, ThePageBarIsFourCellsOfSixtyPixels) {
     EXPECT_EQ(Page(), u"Calendar");
     TapBar(239, 250);
     EXPECT_EQ(Page(), u"Settings");
-    EXPECT_EQ(Program.State().CurrentPage, 3);
+    EXPECT_EQ(Program.State().CurrentPage, PageNumber::Settings);
 }
 
 TEST_F(MainView, TheEdgesOfThePageBarAreNoPressOnIt) {
@@ -61,7 +61,7 @@ TEST_F(MainView, APressOnTheShownPagesCellDoesNothing) {
         TapBar(page * 60 + 30, 250);
         EXPECT_EQ(TimesPresented(), before) << page;
         EXPECT_EQ(Page(), shown);
-        EXPECT_EQ(Program.State().CurrentPage, page);
+        EXPECT_EQ(Program.State().CurrentPage, static_cast<PageNumber>(page));
     }
 }
 
@@ -118,7 +118,7 @@ TEST_F(MainView, ControlAndTabGoToTheNextPageAndWithShiftToThePreviousOne) {
 }
 
 TEST_F(MainView, TenNoticesWithinHalfASecondCauseOneRefresh) {
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     const AskedRestrictions asked(Program.State().Store.CalendarFolder);
     const int before = TimesPresented();
     for (int i = 0; i < 10; ++i) {
@@ -141,7 +141,7 @@ TEST_F(MainView, TenNoticesWithinHalfASecondCauseOneRefresh) {
 }
 
 TEST_F(MainView, ANoticeShowsWhatChangedInTheStore) {
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     EXPECT_EQ(Program.CellName(0, 3), u"2004-11-03");
     Program.GivenAppointment(u"Dentist", At(2004, 11, 3, 9), At(2004, 11, 3, 10));
     Program.Device.Do([this] { PostNotice(); });
@@ -151,7 +151,7 @@ TEST_F(MainView, ANoticeShowsWhatChangedInTheStore) {
 }
 
 TEST_F(MainView, NoticesAreIgnoredWhileRefreshIsSuppressed) {
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     Program.State().RefreshSuppressed = true;
     const int before = TimesPresented();
     Program.Device.Do([this] { PostNotice(); });
@@ -161,7 +161,7 @@ TEST_F(MainView, NoticesAreIgnoredWhileRefreshIsSuppressed) {
 }
 
 TEST_F(MainView, ANoticeWhileRefreshIsSuppressedEndsTheWaitOfTheOneBefore) {
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     const int before = TimesPresented();
     Program.Device.Do([this] { PostNotice(); });
     Program.Device.AdvanceClock(200);
@@ -177,26 +177,26 @@ TEST_F(MainView, ANoticeWhileRefreshIsSuppressedEndsTheWaitOfTheOneBefore) {
 }
 
 TEST_F(MainView, AChangeWithoutANoticeIsNotShownWhenThePageOpensAgain) {
-    Program.ShowPage(2);
-    Program.ShowPage(0);
+    Program.ShowPage(PageNumber::Calendar);
+    Program.ShowPage(PageNumber::Clock);
     Program.GivenAppointment(u"Dentist", At(2004, 11, 4, 9), At(2004, 11, 4, 10));
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     EXPECT_EQ(Program.CellName(0, 4), u"2004-11-04");
 }
 
 TEST_F(MainView, ANoticeWhileAnotherPageIsOnShowReachesTheCalendarWhenItOpens) {
-    Program.ShowPage(2);
-    Program.ShowPage(0);
+    Program.ShowPage(PageNumber::Calendar);
+    Program.ShowPage(PageNumber::Clock);
     Program.GivenAppointment(u"Dentist", At(2004, 11, 4, 9), At(2004, 11, 4, 10));
     Program.Device.Do([this] { PostNotice(); });
     Program.Device.AdvanceClock(500);
     ASSERT_TRUE(Program.Settle());
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     EXPECT_EQ(Program.CellName(0, 4), u"2004-11-04: appointment");
 }
 
 TEST_F(MainView, AChangeByAnotherProcessReachesThePages) {
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     Program.GivenAppointment(u"Dentist", At(2004, 11, 5, 9), At(2004, 11, 5, 10));
     Program.Device.ChangeStore();
     Program.Device.AdvanceClock(500);
@@ -217,7 +217,7 @@ TEST_F(MainView, EveryPageHasTheToolsMenuAndTheSchedulePageItsOwnToo) {
 }
 
 TEST_F(MainView, RestoredFromTheBackgroundItShowsThePageItHad) {
-    Program.ShowPage(3);
+    Program.ShowPage(PageNumber::Settings);
     Program.Device.PressClose();
     ASSERT_TRUE(Program.Settle());
     EXPECT_TRUE(Program.Device.Host().State.Minimized);
@@ -294,7 +294,7 @@ TEST_F(RemindersSound, IsLookedForAtEachChange) {
 }
 
 TEST_F(RemindersSound, IsLookedForAtOnceWhenTheCompanionGoesOn) {
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     GivenReminder(At(2004, 11, 4, 9), u"\\Windows\\Late.wav");
     const int before = TimesPresented();
     Program.Device.GoOnReminding();

@@ -58,7 +58,7 @@ TEST_F(NewItems, ControlAndADigitOpenTheEditorOnEveryPage) {
 }
 
 TEST_F(NewItems, TheMonthShowsASavedItemOfEveryKindByItsMark) {
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     const std::u16string bare = Program.CellName(0, 3);
     for (const int command : kCommands) {
         Program.Device.ChooseMenu(u"Tools", command);
@@ -70,7 +70,7 @@ TEST_F(NewItems, TheMonthShowsASavedItemOfEveryKindByItsMark) {
 }
 
 TEST_F(NewItems, OnTheMonthTheyBeginOnTheSelectedDay) {
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     Program.TapAside(119, 123); // Wednesday of the third week
     Program.Device.Key('4', kModifierControl);
     Save(u"Thing");
@@ -79,7 +79,7 @@ TEST_F(NewItems, OnTheMonthTheyBeginOnTheSelectedDay) {
     EXPECT_EQ(record.Start.Day, 17);
     EXPECT_EQ(record.Start.Hour, 17);
     EXPECT_EQ(record.End.Day, 17);
-    Program.ShowPage(0);
+    Program.ShowPage(PageNumber::Clock);
     Program.Device.Key('4', kModifierControl);
     Save(u"Thing");
     ASSERT_EQ(Program.State().Store.LoadAppointment(2, record), 2);
@@ -87,7 +87,7 @@ TEST_F(NewItems, OnTheMonthTheyBeginOnTheSelectedDay) {
 }
 
 TEST_F(NewItems, TheSchedulePageShowsTheKindThatWasSaved) {
-    Program.ShowPage(1);
+    Program.ShowPage(PageNumber::Schedule);
     for (int kind = 3; kind >= 0; --kind) {
         Program.Device.Key('1' + kind, kModifierControl);
         Save(u"Thing");
@@ -98,10 +98,10 @@ TEST_F(NewItems, TheSchedulePageShowsTheKindThatWasSaved) {
     Program.Device.TapControl(IDCANCEL);
     ASSERT_TRUE(Program.Settle());
     EXPECT_TRUE(Program.Device.See.FindItem(PaintedRole::Header, u"Alarm").has_value()); // nothing was saved
-    Program.ShowPage(0);
+    Program.ShowPage(PageNumber::Clock);
     Program.Device.Key('2', kModifierControl);
     Save(u"Thing");
-    Program.ShowPage(1);
+    Program.ShowPage(PageNumber::Schedule);
     EXPECT_TRUE(Program.Device.See.FindItem(PaintedRole::Header, u"Holiday").has_value());
 }
 

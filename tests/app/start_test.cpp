@@ -23,7 +23,7 @@ TEST(Start, OpensOnTheClockPage) {
     RunningProgram program;
     ASSERT_TRUE(program.Start());
     EXPECT_EQ(program.Device.See.Caption(), u"Clock");
-    EXPECT_EQ(program.State().CurrentPage, 0);
+    EXPECT_EQ(program.State().CurrentPage, PageNumber::Clock);
 }
 
 TEST(Start, MakesSettingsThenScheduleThenCalendarThenClockAndShowsTheLast) {
@@ -69,8 +69,7 @@ TEST(Start, DoesNotReadTheNamesOfTheMemos) {
     };
     ASSERT_TRUE(program.Start());
     EXPECT_FALSE(sawReading());
-    constexpr int calendarPage = 2;
-    program.ShowPage(calendarPage); // marks the days that have memos
+    program.ShowPage(PageNumber::Calendar); // marks the days that have memos
     EXPECT_TRUE(sawReading());
 }
 
@@ -164,7 +163,7 @@ TEST(Start, AChangeWhileTheFirstMessageIsThereIsShownByThePages) {
     program.Device.AdvanceClock(600); // the notice is due, and there is no page yet
     program.Device.AnswerBox(IDOK);
     ASSERT_TRUE(program.Start());
-    program.ShowPage(2);
+    program.ShowPage(PageNumber::Calendar);
     EXPECT_EQ(program.CellName(0, 3), u"2004-11-03: appointment");
 }
 

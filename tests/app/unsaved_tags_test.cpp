@@ -1,6 +1,6 @@
 // A data file that cannot be written at the end, and what becomes of the tags.
 #include "edit/appointment_draft.h"
-#include "schedule/main_view.h"
+#include "store/page_number.h"
 #include "tests/schedule/schedule_desk.h"
 
 #include <gmock/gmock.h>

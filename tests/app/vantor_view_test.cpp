@@ -44,13 +44,13 @@ class VantorView : public testing::Test {
 
 TEST_F(VantorView, EachIndexShowsItsPageAlone) {
     EXPECT_EQ(ShownPages(), u"Clock ");
-    Frame.View().ShowPage(2);
+    Frame.View().ShowPage(PageNumber::Calendar);
     EXPECT_EQ(ShownPages(), u"Calendar ");
-    Frame.View().ShowPage(1);
+    Frame.View().ShowPage(PageNumber::Schedule);
     EXPECT_EQ(ShownPages(), u"Schedule ");
-    Frame.View().ShowPage(3);
+    Frame.View().ShowPage(PageNumber::Settings);
     EXPECT_EQ(ShownPages(), u"Settings ");
-    Frame.View().ShowPage(0);
+    Frame.View().ShowPage(PageNumber::Clock);
     EXPECT_EQ(ShownPages(), u"Clock ");
 }
 
@@ -60,15 +60,15 @@ TEST_F(VantorView, TheFirstUpdateEndsWithNothingBusyOrSuppressed) {
 }
 
 TEST_F(VantorView, FourIsTheSchedulePageAsWell) {
-    Frame.View().ShowPage(4);
+    Frame.View().ShowPage(PageNumber::ScheduleAgain);
     EXPECT_EQ(ShownPages(), u"Schedule ");
 }
 
 TEST_F(VantorView, AnyOtherIndexHidesThemAll) {
     for (const int index : {5, -1, 1000}) {
-        Frame.View().ShowPage(2);
+        Frame.View().ShowPage(PageNumber::Calendar);
         EXPECT_EQ(ShownPages(), u"Calendar ");
-        Frame.View().ShowPage(index);
+        Frame.View().ShowPage(static_cast<PageNumber>(index));
         EXPECT_EQ(ShownPages(), u"") << index;
     }
 }

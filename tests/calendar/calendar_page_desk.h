@@ -21,7 +21,7 @@ class CalendarPage : public testing::Test {
     void Open(const SYSTEMTIME& now) {
         Program.emplace(now);
         ASSERT_TRUE(Program->Start());
-        Program->ShowPage(2);
+        Program->ShowPage(PageNumber::Calendar);
     }
 
     void Press(int key, int times = 1) {

@@ -17,7 +17,7 @@ class CalendarPageList : public testing::Test {
   protected:
     void Open() {
         ASSERT_TRUE(Program.Start());
-        Program.ShowPage(2);
+        Program.ShowPage(PageNumber::Calendar);
     }
 
     // Half an hour each. Four rows are seen at once, so the bar goes to four less than there are.

@@ -57,7 +57,7 @@ class CalendarPageLook : public testing::Test {
 
 TEST_F(CalendarPageLook, StripsAndHeaderAreDrawnBeforeTheGrid) {
     Open();
-    Program->ShowPage(2);
+    Program->ShowPage(PageNumber::Calendar);
     Tap(1, 1);
     ASSERT_GE(Calls().size(), 7U);
     const Transcript chrome(Calls().begin(), Calls().begin() + 7);
@@ -72,7 +72,7 @@ TEST_F(CalendarPageLook, StripsAndHeaderAreDrawnBeforeTheGrid) {
 
 TEST_F(CalendarPageLook, ThePressedTodayButtonIsTheSecondImage) {
     Open();
-    Program->ShowPage(2);
+    Program->ShowPage(PageNumber::Calendar);
     Program->Device.Press(210, 10);
     ASSERT_TRUE(Program->Settle());
     EXPECT_EQ(ToText(Calls().back()), "bitmap 156 205,5,231,31 from 26,0,52,26");
@@ -83,7 +83,7 @@ TEST_F(CalendarPageLook, ThePressedTodayButtonIsTheSecondImage) {
 
 TEST_F(CalendarPageLook, WithoutAFullPaintOnlyTheHeaderIsDrawn) {
     Open();
-    Program->ShowPage(2);
+    Program->ShowPage(PageNumber::Calendar);
     Program->Device.Press(210, 10);
     ASSERT_TRUE(Program->Settle());
     EXPECT_EQ(ToText(Calls()), "fill 0,0,205,42 #FFFFFF\n"
@@ -93,7 +93,7 @@ TEST_F(CalendarPageLook, WithoutAFullPaintOnlyTheHeaderIsDrawn) {
 
 TEST_F(CalendarPageLook, WhatNoStripCoversIsWhiteFromTheFirstPaint) {
     Open();
-    Program->ShowPage(2);
+    Program->ShowPage(PageNumber::Calendar);
     for (const Point point : {Point{0, 0}, Point{239, 20}, Point{210, 40}, Point{1, 100}, Point{238, 100}}) {
         EXPECT_EQ(Program->Device.See.PixelAt(point.X, point.Y), kWhite) << point.X << ", " << point.Y;
     }
@@ -102,7 +102,7 @@ TEST_F(CalendarPageLook, WhatNoStripCoversIsWhiteFromTheFirstPaint) {
 TEST_F(CalendarPageLook, ACellIsFilledThenErasedThenMarkedThenNumbered) {
     Open();
     Program->WriteFile("20041108_101010.pwi", "ink");
-    Program->ShowPage(2);
+    Program->ShowPage(PageNumber::Calendar);
     Tap(2, 2);
     EXPECT_EQ(DrawnIn(1, 1), "fill 37,84,70,110 #FFFFFF\n"
                              "bitmap 150 38,105,70,110 from 0,0,32,5\n"
@@ -120,7 +120,7 @@ TEST_F(CalendarPageLook, AHolidaysNumberIsDrawnOnceMoreBeforeItsMark) {
         for (int i = 0; i < holidays; ++i) {
             Program->State().Categories.HolidayList.Append(Program->GivenAllDay(u"Feast", At(2004, 11, 8)));
         }
-        Program->ShowPage(2);
+        Program->ShowPage(PageNumber::Calendar);
         Tap(2, 2);
         EXPECT_EQ(DrawnIn(1, 1), "fill 37,84,70,110 #FFFFFF\n"
                                  "bitmap 150 38,105,70,110 from 0,0,32,5\n"
@@ -135,7 +135,7 @@ TEST_F(CalendarPageLook, AHolidaysNumberIsDrawnOnceMoreBeforeItsMark) {
 TEST_F(CalendarPageLook, TheBareGridShowsBeforeTheMarks) {
     Open();
     Program->GivenAppointment(u"Dentist", At(2004, 12, 8, 9), At(2004, 12, 8, 10));
-    Program->ShowPage(2);
+    Program->ShowPage(PageNumber::Calendar);
     Program->Device.Key(VK_RIGHT);
     ASSERT_TRUE(Program->Settle());
     EXPECT_EQ(ToText(Calls()), "fill 123,106,128,110 #FFFF00\n");
@@ -146,7 +146,7 @@ TEST_F(CalendarPageLook, TheBareGridShowsBeforeTheMarks) {
 
 TEST_F(CalendarPageLook, EveryCellLineIsWithinItsLimits) {
     Open();
-    Program->ShowPage(2);
+    Program->ShowPage(PageNumber::Calendar);
     Tap(1, 1);
     int numbers = 0;
     for (const DrawCall& call : Calls()) {
@@ -166,7 +166,7 @@ TEST_F(CalendarPageLook, DaysOfOtherMonthsAndTheirHolidaysHaveTheSmallerFont) {
     Open();
     const Oid holiday = Program->GivenAllDay(u"Feast", At(2004, 12, 8));
     Program->State().Categories.HolidayList.Append(holiday);
-    Program->ShowPage(2);
+    Program->ShowPage(PageNumber::Calendar);
     Tap(2, 2);
     EXPECT_EQ(FontOf(0, 0), "Arial -12 700"); // 31 October
     EXPECT_EQ(FontOf(5, 2), "Arial -12 700"); // 7 December
@@ -181,7 +181,7 @@ TEST_F(CalendarPageLook, DaysOfOtherMonthsAndTheirHolidaysHaveTheSmallerFont) {
 
 TEST_F(CalendarPageLook, TheSelectedDayOfAnotherMonthHasTheLargerFont) {
     Open();
-    Program->ShowPage(2);
+    Program->ShowPage(PageNumber::Calendar);
     Tap(5, 4);
     EXPECT_EQ(DrawnIn(5, 4), "fill 136,188,169,214 #46A3FA\n"
                              "bitmap 150 137,209,169,214 from 0,0,32,5\n"
@@ -190,7 +190,7 @@ TEST_F(CalendarPageLook, TheSelectedDayOfAnotherMonthHasTheLargerFont) {
 
 TEST_F(CalendarPageLook, TodayInAnotherMonthIsGreyWithItsNumberInTheSmallerFont) {
     Open(At(2004, 12, 1));
-    Program->ShowPage(2);
+    Program->ShowPage(PageNumber::Calendar);
     Program->Device.Key(VK_LEFT); // to November, with its 1st selected
     ASSERT_TRUE(Program->Settle());
     Tap(2, 2);
@@ -201,7 +201,7 @@ TEST_F(CalendarPageLook, TodayInAnotherMonthIsGreyWithItsNumberInTheSmallerFont)
 
 TEST_F(CalendarPageLook, GridLinesAreDrawnAfterTheCells) {
     Open();
-    Program->ShowPage(2);
+    Program->ShowPage(PageNumber::Calendar);
     Tap(1, 1);
     Transcript lines;
     std::size_t lastCell = 0;

@@ -12,7 +12,7 @@ class CalendarPageRepaint : public testing::Test {
   protected:
     void Open() {
         ASSERT_TRUE(Program.Start());
-        Program.ShowPage(2);
+        Program.ShowPage(PageNumber::Calendar);
     }
 
     void Press(int key) {
@@ -126,9 +126,9 @@ TEST_F(CalendarPageRepaint, AnyOtherKeyDoesNotAskTheStoreAgain) {
 
 TEST_F(CalendarPageRepaint, ThePageBarOpensItWithoutAskingTheStoreAgain) {
     Open();
-    Program.ShowPage(0);
+    Program.ShowPage(PageNumber::Clock);
     GivenDentist();
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     EXPECT_EQ(TheTenth(), kBare);
 }
 

@@ -257,10 +257,10 @@ TEST_F(CalendarPage, TodaysCellMovesWithMidnightWhenThePageOpensAgain) {
     Open(At(2004, 11, 3));
     Tap(10, 200);
     EXPECT_EQ(Pixel(110, 64), kGrey);
-    Program->ShowPage(0);
+    Program->ShowPage(PageNumber::Clock);
     Program->Device.SetClock(At(2004, 11, 4));
     ASSERT_TRUE(Program->Settle());
-    Program->ShowPage(2);
+    Program->ShowPage(PageNumber::Calendar);
     EXPECT_EQ(Pixel(110, 64), kWhite);
     EXPECT_EQ(Pixel(143, 64), kGrey);
 }

@@ -25,7 +25,7 @@ class DayMenuTest : public testing::Test {
   protected:
     void Open() {
         ASSERT_TRUE(Program.Start());
-        Program.ShowPage(2);
+        Program.ShowPage(PageNumber::Calendar);
     }
 
     void Settle() { ASSERT_TRUE(Program.Settle()); }

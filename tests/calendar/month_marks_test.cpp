@@ -26,7 +26,7 @@ class MonthMarks : public testing::Test {
     // May 2004 begins on a Saturday, so the 2nd is the Sunday of the second row.
     void Open() {
         ASSERT_TRUE(Program.Start());
-        Program.ShowPage(2);
+        Program.ShowPage(PageNumber::Calendar);
     }
 
     std::optional<Color> MarkAt(int row, int column, int offset) const {
@@ -71,7 +71,7 @@ TEST_F(MonthMarks, EachKindHasItsOwnPlaceAndColour) {
     Program.State().Categories.AlarmList.Append(alarm);
     Program.State().Categories.HolidayList.Append(holiday);
     Program.State().Categories.AnniversaryList.Append(anniversary);
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     EXPECT_EQ(Program.CellName(1, 2), u"2004-05-04: alarm, holiday, anniversary, appointment, memo");
     EXPECT_EQ(MarkAt(1, 2, kAlarmAt), kBlue);
     EXPECT_EQ(MarkAt(1, 2, kHolidayAt), kRed);
@@ -86,7 +86,7 @@ TEST_F(MonthMarks, AnAlarmThatIsAHolidayTooShowsTheBlueMarkAndARedNumber) {
     ASSERT_TRUE(Program.Start());
     Program.State().Categories.AlarmList.Append(oid);
     Program.State().Categories.HolidayList.Append(oid);
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     EXPECT_EQ(Program.CellName(1, 3), u"2004-05-05: alarm, holiday"); // what the red number says
     EXPECT_EQ(MarkAt(1, 3, kAlarmAt), kBlue);
     EXPECT_EQ(MarkAt(1, 3, kHolidayAt), kWhite);
@@ -97,7 +97,7 @@ TEST_F(MonthMarks, AHolidayInTheNextMonthIsRedInItsSmallerFont) {
     const Oid oid = Program.GivenAllDay(u"Feast", At(2004, 6, 2));
     ASSERT_TRUE(Program.Start());
     Program.State().Categories.HolidayList.Append(oid);
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     EXPECT_EQ(Program.CellName(5, 3), u"2004-06-02: holiday");
     EXPECT_EQ(Program.NumberIn(5, 3).Ink, kRed);
 }
@@ -163,7 +163,7 @@ TEST_F(MonthMarks, JanuaryLooksBackToTheFirstOfDecember) {
     Program.GivenAppointment(u"Found", At(2004, 12, 1, 8), At(2004, 12, 27, 9));
     Program.GivenAppointment(u"Long", At(2004, 11, 30, 8), At(2004, 12, 28, 9));
     Program.Device.SetClock(At(2005, 1, 10)); // its grid begins with 26 December
-    Program.ShowPage(2);
+    Program.ShowPage(PageNumber::Calendar);
     Program.Device.Tap(218, 18);
     ASSERT_TRUE(Program.Settle());
     EXPECT_EQ(Program.CellName(0, 0), u"2004-12-26: appointment");

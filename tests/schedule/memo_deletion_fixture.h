@@ -31,7 +31,7 @@ class MemoDeletion : public testing::Test {
   protected:
     void Start() {
         ASSERT_TRUE(Desk.Start());
-        Desk.ShowPage(kSettingsPage);
+        Desk.ShowPage(PageNumber::Settings);
     }
 
     void BeginDeletion(std::initializer_list<int> boxes) {

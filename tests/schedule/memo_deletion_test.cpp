@@ -1,7 +1,7 @@
 // Memos that go with a mass deletion on the Settings page, and how they come back.
 #include "memo/memo_undo.h"
-#include "schedule/main_view.h"
 #include "schedule/mass_deletion.h"
+#include "store/page_number.h"
 #include "tests/schedule/memo_deletion_fixture.h"
 #include "tests/support/host_probe.h"
 #include "tests/support/outlook_probe.h"
@@ -110,11 +110,11 @@ TEST_F(MemoDeletion, ShowsTheWaitCursorAndIsBusyUntilItEnds) {
 TEST_F(MemoDeletion, TellsThePagesOfTheChange) {
     Start();
     Desk.WriteFile("20041103_101500.pwi", "morning");
-    Desk.ShowPage(kCalendarPage);
+    Desk.ShowPage(PageNumber::Calendar);
     ASSERT_EQ(Desk.CellName(0, 3), u"2004-11-03: memo");
-    Desk.ShowPage(kSettingsPage);
+    Desk.ShowPage(PageNumber::Settings);
     Delete({kSettingsMemos});
-    Desk.ShowPage(kCalendarPage);
+    Desk.ShowPage(PageNumber::Calendar);
     Desk.LetNoticesArrive();
     EXPECT_EQ(Desk.CellName(0, 3), u"2004-11-03");
 }

@@ -341,7 +341,7 @@ TEST_F(ScheduleCommands, ADeletedItemLeavesTheListWithTheNextFill) {
 TEST_F(ScheduleCommands, AHiddenPageForgetsWhatIsGone) {
     const std::vector<Oid> alarms = Desk.GivenAlarms(3);
     Desk.Show(ItemKind::Alarm);
-    Desk.ShowPage(0);
+    Desk.ShowPage(PageNumber::Clock);
     Desk.Delete(alarms[1]);
     Desk.Device.ChangeStore();
     Desk.LetNoticesArrive();

@@ -2,7 +2,7 @@
 #include "tests/schedule/schedule_desk.h"
 
 #include "framework/format.h"
-#include "schedule/main_view.h"
+#include "store/page_number.h"
 
 #include <gtest/gtest.h>
 
@@ -47,7 +47,7 @@ void ScheduleDesk::Show(ItemKind kind) {
     if (!App) {
         EXPECT_TRUE(Start());
     }
-    ShowPage(kSchedulePage);
+    ShowPage(PageNumber::Schedule);
     for (std::size_t step = 0; step < IndexOf(kind); ++step) {
         Device.Tap(kNextArrowX, kArrowY);
     }

@@ -1,5 +1,5 @@
 // The Settings page: its counted boxes, and the deletion of whole classes.
-#include "schedule/main_view.h"
+#include "store/page_number.h"
 #include "tests/schedule/schedule_desk.h"
 
 #include <gmock/gmock.h>
@@ -39,7 +39,7 @@ class SettingsPage : public testing::Test {
         Desk.WriteFile("notes.txt", "no memo");
     }
 
-    void Open() { Desk.ShowPage(kSettingsPage); }
+    void Open() { Desk.ShowPage(PageNumber::Settings); }
 
     void Delete(std::initializer_list<int> boxes, int answer = IDYES) {
         for (const int box : boxes) {
@@ -157,7 +157,7 @@ TEST_F(SettingsPage, EachListGoesByItself) {
         Delete({box});
         EXPECT_THAT(Desk.ListOf(kind), IsEmpty());
         EXPECT_EQ(Desk.State().Store.CountAppointments(), before - static_cast<std::int32_t>(tagged));
-        Desk.ShowPage(kClockPage);
+        Desk.ShowPage(PageNumber::Clock);
     }
 }
 

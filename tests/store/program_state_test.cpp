@@ -16,7 +16,7 @@ using testing::ElementsAre;
 TEST(ProgramState, StartsOnTheClockWithNothingLoaded) {
     TestDevice device;
     const CProgramState state(device.Pump);
-    EXPECT_EQ(state.CurrentPage, 0);
+    EXPECT_EQ(state.CurrentPage, PageNumber::Clock);
     EXPECT_FALSE(state.RefreshSuppressed);
     EXPECT_FALSE(state.Busy);
     EXPECT_TRUE(state.Memo.IsEmpty());

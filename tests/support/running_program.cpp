@@ -56,8 +56,8 @@ void RunningProgram::Stop() {
     }
 }
 
-void RunningProgram::ShowPage(int page) {
-    Device.Tap(page * kTabWidth + kTabWidth / 2, kTabRow);
+void RunningProgram::ShowPage(int tab) {
+    Device.Tap(tab * kTabWidth + kTabWidth / 2, kTabRow);
     EXPECT_TRUE(Settle());
 }
 

@@ -3,6 +3,7 @@
 
 #include "app/tavo_app.h"
 #include "host/headless/device.h"
+#include "store/page_number.h"
 #include "tests/support/test_device.h"
 
 #include <filesystem>
@@ -36,7 +37,9 @@ class RunningProgram : public OwnDevice, public StoreWords {
     void Stop();
 
     // A tap on the page bar, and coming to rest.
-    void ShowPage(int page);
+    void ShowPage(int tab);
+
+    void ShowPage(PageNumber page) { ShowPage(static_cast<int>(page)); }
 
     // A tap on the page. The menu that it may open is closed again.
     void TapAside(int x, int y);
