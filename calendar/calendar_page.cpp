@@ -1,6 +1,7 @@
 // The month page's life: its dates, its day list and its question to the store.
 #include "calendar/calendar_page.h"
 
+#include "calendar/calendar_page_look.h"
 #include "framework/format.h"
 #include "res/dialog_templates.h"
 #include "res/resource_ids.h"
@@ -22,7 +23,8 @@ constexpr std::u16string_view kMonthRestriction = u"[Start] >= %s and [Start] <=
 } // namespace
 
 CCalendarPage::CCalendarPage(CMessagePump& pump, CProgramState& state, IMainView& view)
-    : CItemPage(pump, state, view, kCalendarPageTemplate, kMenuPage), DayList(pump, state) {}
+    : CItemPage(pump, state, view, kCalendarPageTemplate, kMenuPage),
+      TodayButton(kBitmapToday, kTodayButton, kTodayHit), DayList(pump, state) {}
 
 const MessageMap& CCalendarPage::Messages() {
     static constexpr MessageEntry entries[] = {

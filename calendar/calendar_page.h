@@ -3,6 +3,7 @@
 
 #include "calendar/day_menu.h"
 #include "calendar/month_grid.h"
+#include "framework/drawn_button.h"
 #include "schedule/day_list.h"
 #include "schedule/item_page.h"
 
@@ -106,8 +107,7 @@ class CCalendarPage : public CItemPage, private IDayListOwner {
     bool FullPaint = true;
     bool SelectionChanged = true;
     bool MonthChanged = true;
-    bool TodayPressed = false;
-    bool TodayTracking = false;
+    DrawnButton TodayButton;
     bool IsAnalog = true; // the clock's face; kept though the month does not show it
     bool DayListShown = false;
     bool DayListLoaded = false; // at least once since the page was made

@@ -2,6 +2,7 @@
 #include "calendar/calendar_page.h"
 
 #include "calendar/calendar_page_look.h"
+#include "framework/scrolling.h"
 #include "res/resource_ids.h"
 #include "store/device_programs.h"
 
@@ -12,9 +13,6 @@ namespace tavo {
 namespace {
 
 constexpr int kFirstYearBelow = 1901; // kept: going below this year lands on the lowest one
-constexpr int kPageOfRows = 5;
-
-constexpr Rect kTodayHit{206, 6, 231, 31};
 constexpr Rect kHeaderHit{31, 6, 195, 31};
 
 } // namespace
@@ -30,10 +28,8 @@ void CCalendarPage::TakeStylusDown(Point point) {
         static_cast<void>(Host().Processes().CreateProcessW(kClockProgram, u""));
         FullPaint = true;
         MonthChanged = true;
-    } else if (kTodayHit.Contains(point)) {
-        TodayPressed = true;
-        TodayTracking = true;
-        Invalidate(kTodayButton);
+    } else if (TodayButton.TakeDown(point)) {
+        Invalidate(TodayButton.Place());
     }
 }
 
@@ -52,22 +48,19 @@ void CCalendarPage::TakeGridPress(Point point) {
 }
 
 void CCalendarPage::TakeStylusMove(Point point) {
-    if (TodayTracking) {
-        TodayPressed = kTodayHit.Contains(point);
-        Invalidate(kTodayButton);
+    if (TodayButton.TakeMove(point)) {
+        Invalidate(TodayButton.Place());
     }
 }
 
 void CCalendarPage::TakeStylusUp(Point point) {
-    if (kTodayHit.Contains(point) && TodayTracking) {
+    if (TodayButton.TakeUp(point)) {
         SetToday();
         ReloadDayList();
         FullPaint = true;
         MonthChanged = true;
         Invalidate();
     }
-    TodayPressed = false;
-    TodayTracking = false;
 }
 
 void CCalendarPage::TakeKeyDown(const Message& key) {
@@ -184,27 +177,7 @@ void CCalendarPage::ShowMonth(CalendarDate month) {
 void CCalendarPage::TakeScroll(const Message& scroll) {
     const WindowHandle bar = Item(kCalendarScrollBar);
     ScrollInfo info = Host().Controls().GetScrollInfo(bar);
-    int top = DayList.Top();
-    switch (scroll.Code) {
-    case SB_LINEUP:
-        top = std::max(top - 1, 0);
-        break;
-    case SB_LINEDOWN:
-        top = std::min(top + 1, info.Maximum);
-        break;
-    case SB_PAGEUP:
-        top = std::max(top - kPageOfRows, 0);
-        break;
-    case SB_PAGEDOWN:
-        top = std::min(top + kPageOfRows, info.Maximum);
-        break;
-    case SB_THUMBTRACK:
-    case SB_THUMBPOSITION:
-        top = std::min(scroll.Value, info.Maximum);
-        break;
-    default:
-        return;
-    }
+    const int top = std::clamp(ScrolledTop(scroll, DayList.Top()).value_or(DayList.Top()), 0, info.Maximum);
     if (top != DayList.Top()) {
         DayList.SetTop(top);
         info.Position = DayList.Top();

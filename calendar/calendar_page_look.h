@@ -26,6 +26,7 @@ constexpr Color kAppointmentMark = Color::FromRgb(255, 255, 0);
 constexpr Color kMemoMark = Color::FromRgb(0, 255, 0);
 
 constexpr Rect kTodayButton = Rect::FromSize(205, 5, 26, 26);
+constexpr Rect kTodayHit{206, 6, 231, 31};
 constexpr int kCellIndent = 2; // from a cell's left edge to its number and its first mark
 constexpr int kMarkHeight = 4;
 

@@ -82,10 +82,7 @@ std::u16string CCalendarPage::PaintHeader() {
         Host().Locale().GetDateFormatW(LocaleId::User, date, kPictureHeaderDate, kHeaderDateBuffer).value_or(u"");
     Surface().DrawTextW(text, kHeaderText,
                         {State.Fonts.FontComic13Bold, kHeaderDate, DT_CENTER | DT_VCENTER | DT_SINGLELINE});
-    const bool isPressed = TodayPressed && TodayTracking;
-    Surface().DrawBitmap(
-        kBitmapToday, {kTodayButton.Left, kTodayButton.Top},
-        Rect::FromSize(isPressed ? kTodayButton.Width() : 0, 0, kTodayButton.Width(), kTodayButton.Height()));
+    TodayButton.Draw(Surface());
     return text;
 }
 
@@ -150,10 +147,7 @@ void CCalendarPage::PaintGridLines() {
 
 void CCalendarPage::DeclareContents(const std::u16string& header) {
     Declare({kHeaderText, PaintedRole::Header, header});
-    Declare({.Bounds = kTodayButton,
-             .Role = PaintedRole::Button,
-             .Name = u"Today",
-             .Pressed = TodayPressed && TodayTracking});
+    Declare(TodayButton.Describe(u"Today"));
     for (int row = 0; row < kGridRows; ++row) {
         for (int column = 0; column < kGridColumns; ++column) {
             const auto cell = CellAt(row, column);

@@ -36,6 +36,8 @@ class CAppointmentDlg : public CDialog {
     void OnOK() override;
     void OnCancel() override;
     void OnQuit() override;
+    // From the row shown, along the rows, whose controls are hidden, and the buttons.
+    void WalkFocus(int step) override;
     void Paint() override;
 
   private:
@@ -70,9 +72,8 @@ class CAppointmentDlg : public CDialog {
     void TakeAllDayClick();
     bool TakeKey(const Message& key);
     void TakeCharacter(const Message& character);
-    std::vector<int> FocusStops() const;
+    std::vector<int> RowStops() const;
     int FocusedStop() const;
-    void WalkFrom(int stop, int step);
     void GoToStop(int stop);
     void RaisePanel();
     void LowerPanel();

@@ -2,9 +2,6 @@
 #include "edit/appointment_dlg.h"
 #include "res/resource_ids.h"
 
-#include <algorithm>
-#include <iterator>
-
 namespace tavo {
 
 namespace {
@@ -94,10 +91,6 @@ void CAppointmentDlg::TakeAllDayClick() {
 }
 
 bool CAppointmentDlg::TakeKey(const Message& key) {
-    if (key.Id == VK_TAB && (key.Code & kModifierControl) == 0) {
-        WalkFrom(FocusedStop(), (key.Code & kModifierShift) != 0 ? -1 : 1);
-        return true;
-    }
     if (key.Id == VK_RETURN && PatternDue) {
         static_cast<void>(EditPattern()); // the list shows what came of it
         return true;
@@ -125,7 +118,7 @@ void CAppointmentDlg::TakeCharacter(const Message& character) {
 }
 
 // Every control that can be used now, row by row, then the buttons.
-std::vector<int> CAppointmentDlg::FocusStops() const {
+std::vector<int> CAppointmentDlg::RowStops() const {
     std::vector<int> stops;
     for (const FormRow& row : Layout().Rows) {
         for (const FormField& field : row.Fields) {
@@ -143,7 +136,7 @@ std::vector<int> CAppointmentDlg::FocusStops() const {
 // The control with the focus, else the one whose row is or was shown.
 int CAppointmentDlg::FocusedStop() const {
     const WindowHandle focus = Host().Windows().GetFocus();
-    for (const int stop : FocusStops()) {
+    for (const int stop : RowStops()) {
         if (Control(stop) == focus) {
             return stop;
         }
@@ -151,18 +144,12 @@ int CAppointmentDlg::FocusedStop() const {
     return ShownField;
 }
 
-void CAppointmentDlg::WalkFrom(int stop, int step) {
+void CAppointmentDlg::WalkFocus(int step) {
+    const int from = FocusedStop();
     if (PatternDue && !EditPattern()) {
         return; // where one sees that the choice is what it was
     }
-    const std::vector<int> stops = FocusStops();
-    const int count = static_cast<int>(stops.size());
-    const auto found = std::find(stops.begin(), stops.end(), stop != 0 ? stop : LastField);
-    int next = step > 0 ? 0 : count - 1;
-    if (found != stops.end()) {
-        next = (static_cast<int>(std::distance(stops.begin(), found)) + step + count) % count;
-    }
-    GoToStop(stops[static_cast<std::size_t>(next)]);
+    GoToStop(NextStop(RowStops(), from != 0 ? from : LastField, step));
 }
 
 void CAppointmentDlg::GoToStop(int stop) {

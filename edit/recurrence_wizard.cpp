@@ -149,10 +149,6 @@ void CRecurrenceWizard::DestroyPages() {
 }
 
 bool CRecurrenceWizard::TakeKey(const Message& key) {
-    if (key.Id == VK_TAB && (key.Code & kModifierControl) == 0) {
-        Walk((key.Code & kModifierShift) != 0 ? -1 : 1);
-        return true;
-    }
     if (key.Id != VK_RETURN) {
         return false;
     }
@@ -171,24 +167,21 @@ bool CRecurrenceWizard::TakeKey(const Message& key) {
     return true;
 }
 
-void CRecurrenceWizard::Walk(int step) {
-    IWindows& windows = Host().Windows();
+std::vector<WindowHandle> CRecurrenceWizard::FocusStops() const {
     std::vector<WindowHandle> stops;
     if (Current >= 0) {
         stops = PageAt(Current).FocusStops();
     }
     for (const int button : kButtons) {
-        if (windows.IsWindowEnabled(Item(button))) {
+        if (Host().Windows().IsWindowEnabled(Item(button))) {
             stops.push_back(Item(button));
         }
     }
-    const auto found = std::find(stops.begin(), stops.end(), windows.GetFocus());
-    const int count = static_cast<int>(stops.size());
-    int next = step > 0 ? 0 : count - 1;
-    if (found != stops.end()) {
-        next = (static_cast<int>(std::distance(stops.begin(), found)) + step + count) % count;
-    }
-    windows.SetFocus(stops[static_cast<std::size_t>(next)]);
+    return stops;
+}
+
+void CRecurrenceWizard::WalkFocus(int step) {
+    CDialog::WalkFocus(step);
     if (Current >= 0) {
         PageAt(Current).ShowFocus();
     }

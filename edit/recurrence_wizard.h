@@ -28,6 +28,9 @@ class CRecurrenceWizard : public CDialog {
     void OnInitDialog() override;
     void OnOK() override;
     void OnCancel() override;
+    // Of the page on show, then the buttons.
+    std::vector<WindowHandle> FocusStops() const override;
+    void WalkFocus(int step) override;
 
   private:
     int LastPage() const { return static_cast<int>(Pages.size()) - 1; }
@@ -45,7 +48,6 @@ class CRecurrenceWizard : public CDialog {
     void DestroyPages();
     void MakeRoomForPanel();
     bool TakeKey(const Message& key);
-    void Walk(int step);
 
     std::vector<CWizardPage*> Pages;
     std::vector<std::u16string> PageNames;

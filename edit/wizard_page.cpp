@@ -28,18 +28,6 @@ bool CWizardPage::CreateIn(WindowHandle frame, int templateId) {
     return true;
 }
 
-std::vector<WindowHandle> CWizardPage::FocusStops() const {
-    std::vector<WindowHandle> stops;
-    for (const DialogItem& item : Form().Items) {
-        const WindowHandle control = Item(item.Id);
-        if (item.Kind != ControlKind::Label && Host().Windows().IsWindowVisible(control) &&
-            Host().Windows().IsWindowEnabled(control)) {
-            stops.push_back(control);
-        }
-    }
-    return stops;
-}
-
 void CWizardPage::HandleByDefault(const Message& message) {
     if (message.Number == WM_KEYDOWN) {
         Message key = message;

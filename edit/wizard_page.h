@@ -3,8 +3,6 @@
 
 #include "framework/form_window.h"
 
-#include <vector>
-
 namespace tavo {
 
 enum class Validation { Off, On };
@@ -24,9 +22,6 @@ class CWizardPage : public CFormWindow {
     // Reads the controls and writes the page's part of the pattern; with validation on, only what may stand so. False
     // when it was not written for that; a message has then been shown.
     virtual bool WriteToPattern(Validation validation) = 0;
-
-    // What Tab walks through, in this order.
-    virtual std::vector<WindowHandle> FocusStops() const;
 
     // The focus moved by key.
     void ShowFocus() { Invalidate(); }

@@ -3,9 +3,6 @@
 
 #include "framework/message_pump.h"
 
-#include <algorithm>
-#include <vector>
-
 namespace tavo {
 
 CDialog::CDialog(CMessagePump& pump, const DialogTemplate& form, NavigationButtons buttons)
@@ -69,28 +66,6 @@ bool CDialog::TakeDialogKey(const Message& key) {
         OnOK();
     }
     return true;
-}
-
-void CDialog::WalkFocus(int step) {
-    IWindows& windows = Host().Windows();
-    std::vector<WindowHandle> stops;
-    for (const DialogItem& item : Form().Items) {
-        const WindowHandle control = Item(item.Id);
-        const bool takesKeys = item.Kind != ControlKind::Label && item.Kind != ControlKind::ScrollBar;
-        if (takesKeys && windows.IsWindowVisible(control) && windows.IsWindowEnabled(control)) {
-            stops.push_back(control);
-        }
-    }
-    if (stops.empty()) {
-        return;
-    }
-    const int count = static_cast<int>(stops.size());
-    const auto found = std::find(stops.begin(), stops.end(), windows.GetFocus());
-    int next = step > 0 ? 0 : count - 1;
-    if (found != stops.end()) {
-        next = (static_cast<int>(found - stops.begin()) + step + count) % count;
-    }
-    windows.SetFocus(stops[static_cast<std::size_t>(next)]);
 }
 
 } // namespace tavo

@@ -33,8 +33,6 @@ class CDialog : public CFormWindow {
 
   private:
     bool TakeDialogKey(const Message& key);
-    // To the next or previous control of the template that can be used now.
-    void WalkFocus(int step);
 
     NavigationButtons Buttons;
     int Result = IDCANCEL;

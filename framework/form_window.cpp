@@ -1,8 +1,6 @@
 // Turning a dialog template into a window with controls.
 #include "framework/form_window.h"
 
-#include <vector>
-
 namespace tavo {
 
 namespace {
@@ -68,6 +66,26 @@ void CFormWindow::EnableItem(int id, bool enable) {
 
 void CFormWindow::MoveItem(int id, const Rect& pixels) {
     Host().Windows().MoveWindow(Item(id), pixels);
+}
+
+std::vector<WindowHandle> CFormWindow::FocusStops() const {
+    IWindows& windows = Host().Windows();
+    std::vector<WindowHandle> stops;
+    for (const DialogItem& item : Template.Items) {
+        const WindowHandle control = Item(item.Id);
+        const bool takesKeys = item.Kind != ControlKind::Label && item.Kind != ControlKind::ScrollBar;
+        if (takesKeys && windows.IsWindowVisible(control) && windows.IsWindowEnabled(control)) {
+            stops.push_back(control);
+        }
+    }
+    return stops;
+}
+
+void CFormWindow::WalkFocus(int step) {
+    const std::vector<WindowHandle> stops = FocusStops();
+    if (!stops.empty()) {
+        Host().Windows().SetFocus(NextStop(stops, Host().Windows().GetFocus(), step));
+    }
 }
 
 void CFormWindow::Paint() {

@@ -21,7 +21,8 @@ constexpr int kKeyModify = VK_F1 + 1;
 } // namespace
 
 CAppointmentViewDlg::CAppointmentViewDlg(CMessagePump& pump, CProgramState& state)
-    : CDialog(pump, kAppointmentViewTemplate), State(state) {}
+    : CDialog(pump, kAppointmentViewTemplate), State(state), Modify(kBitmapModifyButton, kModifyButton, kModifyHit),
+      Delete(kBitmapDeleteButton, kDeleteButton, kDeleteHit) {}
 
 const MessageMap& CAppointmentViewDlg::Messages() {
     static constexpr MessageEntry entries[] = {
@@ -129,42 +130,33 @@ void CAppointmentViewDlg::OnOK() {
 }
 
 bool CAppointmentViewDlg::TakeStylusDown(Point point) {
-    if (kModifyHit.Contains(point)) {
-        ModPressed = true;
-        ModTracking = true;
-        Invalidate(kModifyButton);
-        return true;
-    }
-    if (kDeleteHit.Contains(point)) {
-        DelPressed = true;
-        DelTracking = true;
-        Invalidate(kDeleteButton);
-        return true;
+    for (DrawnButton* button : {&Modify, &Delete}) {
+        if (button->TakeDown(point)) {
+            Invalidate(button->Place());
+            return true;
+        }
     }
     ReleaseButtons();
     return false;
 }
 
 void CAppointmentViewDlg::TakeStylusMove(Point point) {
-    if (ModTracking) {
-        ModPressed = kModifyHit.Contains(point);
-        Invalidate(kModifyButton);
-    }
-    if (DelTracking) {
-        DelPressed = kDeleteHit.Contains(point);
-        Invalidate(kDeleteButton);
+    for (DrawnButton* button : {&Modify, &Delete}) {
+        if (button->TakeMove(point)) {
+            Invalidate(button->Place());
+        }
     }
 }
 
 void CAppointmentViewDlg::TakeStylusUp(Point point) {
-    if (ModTracking && kModifyHit.Contains(point)) {
+    if (Modify.TakeUp(point)) {
         EndWithModify();
-    } else if (DelTracking && kDeleteHit.Contains(point)) {
+    } else if (Delete.TakeUp(point)) {
         EndWithDelete();
     }
     ReleaseButtons();
-    Invalidate(kModifyButton);
-    Invalidate(kDeleteButton);
+    Invalidate(Modify.Place());
+    Invalidate(Delete.Place());
 }
 
 // The drawn buttons cannot take the focus, so each has a key.
@@ -181,10 +173,8 @@ bool CAppointmentViewDlg::TakeKey(int key) {
 }
 
 void CAppointmentViewDlg::ReleaseButtons() {
-    ModPressed = false;
-    ModTracking = false;
-    DelPressed = false;
-    DelTracking = false;
+    Modify.Release();
+    Delete.Release();
 }
 
 void CAppointmentViewDlg::EndWithModify() {

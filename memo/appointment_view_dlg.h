@@ -2,6 +2,7 @@
 #pragma once
 
 #include "framework/dialog.h"
+#include "framework/drawn_button.h"
 #include "store/program_state.h"
 
 #include <string>
@@ -57,10 +58,8 @@ class CAppointmentViewDlg : public CDialog {
     std::u16string Rule; // of a series, in words
     WindowHandle Ink = WindowHandle::None;
     Rect Line; // where the next line goes
-    bool ModPressed = false;
-    bool ModTracking = false;
-    bool DelPressed = false;
-    bool DelTracking = false;
+    DrawnButton Modify;
+    DrawnButton Delete;
 };
 
 } // namespace tavo

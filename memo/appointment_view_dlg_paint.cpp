@@ -50,15 +50,10 @@ void CAppointmentViewDlg::Paint() {
 }
 
 void CAppointmentViewDlg::PaintButtons() {
-    const auto paint = [this](int bitmap, const Rect& place, bool pressed, std::u16string name, int id) {
-        const int source = pressed ? place.Width() : 0;
-        Surface().DrawBitmap(bitmap, {place.Left, place.Top}, Rect::FromSize(source, 0, place.Width(), place.Height()));
-        PaintedItem button{place, PaintedRole::Button, std::move(name), id};
-        button.Pressed = pressed;
-        Declare(std::move(button));
-    };
-    paint(kBitmapModifyButton, kModifyButton, ModPressed && ModTracking, u"Modify", kViewModify);
-    paint(kBitmapDeleteButton, kDeleteButton, DelPressed && DelTracking, u"Delete", kViewDelete);
+    Modify.Draw(Surface());
+    Declare(Modify.Describe(u"Modify", kViewModify));
+    Delete.Draw(Surface());
+    Declare(Delete.Describe(u"Delete", kViewDelete));
 }
 
 void CAppointmentViewDlg::PaintSubject() {

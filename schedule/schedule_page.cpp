@@ -22,8 +22,9 @@ constexpr Rect PlaceOf(ItemKind kind) {
 
 CSchedulePage::CSchedulePage(CMessagePump& pump, CProgramState& state, IMainView& view)
     : CItemPage(pump, state, view, kSchedulePageTemplate, kMenuSchedulePage),
-      Alarms(pump, state, *this, ItemKind::Alarm), Holidays(pump, state, *this, ItemKind::Holiday),
-      Anniversaries(pump, state, *this, ItemKind::Anniversary), Appointments(pump, state, *this) {}
+      NewButton(kBitmapNew, kNewButton, kNewHit), Alarms(pump, state, *this, ItemKind::Alarm),
+      Holidays(pump, state, *this, ItemKind::Holiday), Anniversaries(pump, state, *this, ItemKind::Anniversary),
+      Appointments(pump, state, *this) {}
 
 const MessageMap& CSchedulePage::Messages() {
     static constexpr MessageEntry entries[] = {

@@ -1,6 +1,7 @@
 // The Schedule page: the items of one kind at a time, and what can be done with them.
 #pragma once
 
+#include "framework/drawn_button.h"
 #include "schedule/appointment_item_list.h"
 #include "schedule/category_item_list.h"
 #include "schedule/item_page.h"
@@ -104,8 +105,7 @@ class CSchedulePage : public CItemPage, public IListOwner, private IItemListOwne
     const AppointmentData* SelectedOr(const std::u16string_view (&texts)[4]);
 
     ItemKind Kind = ItemKind::Alarm;
-    bool NewPressed = false;
-    bool NewTracking = false;
+    DrawnButton NewButton;
     bool Filled = false; // the lists, at least once
     ItemKind EditedKind = ItemKind::Alarm;
     Oid EditedOid = 0;       // of the item in the editor; 0: a new one

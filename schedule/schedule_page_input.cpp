@@ -1,6 +1,7 @@
 // What stylus, keys and scroll bar do on the Schedule page.
 #include "schedule/schedule_page.h"
 
+#include "framework/scrolling.h"
 #include "platform/typing.h"
 #include "res/resource_ids.h"
 #include "schedule/schedule_page_look.h"
@@ -9,18 +10,12 @@
 
 namespace tavo {
 
-namespace {
-constexpr int kPageOfRows = 5;
-}
-
 void CSchedulePage::TakeStylusDown(Point point) {
     if (TakePageBarPress(point)) {
         return;
     }
-    if (Hits(kNewButton, point)) {
-        NewPressed = true;
-        NewTracking = true;
-        Invalidate(kNewButton);
+    if (NewButton.TakeDown(point)) {
+        Invalidate(NewButton.Place());
     } else if (Hits(kPreviousArrow, point)) {
         ShowNextKind(-1);
     } else if (Hits(kNextArrow, point)) {
@@ -29,19 +24,16 @@ void CSchedulePage::TakeStylusDown(Point point) {
 }
 
 void CSchedulePage::TakeStylusMove(Point point) {
-    if (NewTracking && NewPressed != Hits(kNewButton, point)) {
-        NewPressed = !NewPressed;
-        Invalidate(kNewButton);
+    const bool wasPressed = NewButton.IsPressed();
+    if (NewButton.TakeMove(point) && NewButton.IsPressed() != wasPressed) {
+        Invalidate(NewButton.Place());
     }
 }
 
 void CSchedulePage::TakeStylusUp(Point point) {
     TakeStylusMove(point);
-    const bool chosen = NewPressed;
-    NewPressed = false;
-    NewTracking = false;
-    if (chosen) {
-        Invalidate(kNewButton);
+    if (NewButton.TakeUp(point)) {
+        Invalidate(NewButton.Place());
         MakeItem(Kind);
     }
 }
@@ -90,26 +82,8 @@ void CSchedulePage::TakeListKey(const Message& key) {
 }
 
 void CSchedulePage::TakeScroll(const Message& scroll) {
-    const int top = CurrentList().Top();
-    switch (scroll.Code) {
-    case SB_LINEUP:
-        ScrollTo(top - 1);
-        break;
-    case SB_LINEDOWN:
-        ScrollTo(top + 1);
-        break;
-    case SB_PAGEUP:
-        ScrollTo(top - kPageOfRows);
-        break;
-    case SB_PAGEDOWN:
-        ScrollTo(top + kPageOfRows);
-        break;
-    case SB_THUMBTRACK:
-    case SB_THUMBPOSITION:
-        ScrollTo(scroll.Value);
-        break;
-    default:
-        break;
+    if (const std::optional<int> top = ScrolledTop(scroll, CurrentList().Top())) {
+        ScrollTo(*top);
     }
 }
 

@@ -10,6 +10,7 @@ constexpr Rect kKindIcon = Rect::FromSize(10, 6, 25, 25);
 constexpr Rect kPreviousArrow = Rect::FromSize(170, 12, 16, 16);
 constexpr Rect kNextArrow = Rect::FromSize(188, 12, 16, 16);
 constexpr Rect kNewButton = Rect::FromSize(210, 8, 26, 26);
+constexpr Rect kNewHit{211, 9, 236, 34}; // a pixel inside
 
 constexpr int kListWidth = 225;
 constexpr int kBarWidth = 15;

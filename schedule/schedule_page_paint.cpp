@@ -30,7 +30,7 @@ void CSchedulePage::Paint() {
                         {State.Fonts.FontComic13Bold, kTitleColor, DT_SINGLELINE | DT_VCENTER});
     drawCell(kBitmapArrows, kPreviousArrow, 0);
     drawCell(kBitmapArrows, kNextArrow, 1);
-    drawCell(kBitmapNew, kNewButton, NewPressed ? 1 : 0);
+    NewButton.Draw(Surface());
     DrawPageBar();
     DeclareHeader();
     DeclarePageBar();
@@ -41,9 +41,7 @@ void CSchedulePage::DeclareHeader() {
     Declare({kTitleArea, PaintedRole::Header, std::u16string(kKindNames[IndexOf(Kind)])});
     Declare({kPreviousArrow, PaintedRole::Button, u"Previous kind"});
     Declare({kNextArrow, PaintedRole::Button, u"Next kind"});
-    PaintedItem button{kNewButton, PaintedRole::Button, u"New"};
-    button.Pressed = NewPressed;
-    Declare(std::move(button));
+    Declare(NewButton.Describe(u"New"));
 }
 
 } // namespace tavo

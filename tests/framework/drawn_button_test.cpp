@@ -1,0 +1,65 @@
+// A drawn button under the stylus.
+#include "framework/drawn_button.h"
+
+#include <gtest/gtest.h>
+
+namespace tavo {
+
+namespace {
+
+constexpr Point kInside{15, 15};
+constexpr Point kOnTheEdge{10, 10}; // drawn, and not meant
+constexpr Point kOutside{50, 15};
+
+class DrawnButtons : public testing::Test {
+  protected:
+    DrawnButton Button{7, Rect{10, 10, 30, 30}, Rect{11, 11, 30, 30}};
+};
+
+TEST_F(DrawnButtons, IsPressedWhereTheStylusGoesDownAndChosenWhereItIsLifted) {
+    EXPECT_FALSE(Button.IsPressed());
+    EXPECT_TRUE(Button.TakeDown(kInside));
+    EXPECT_TRUE(Button.IsPressed());
+    EXPECT_TRUE(Button.TakeUp(kInside));
+    EXPECT_FALSE(Button.IsPressed());
+}
+
+TEST_F(DrawnButtons, FollowsTheStylusAwayAndBack) {
+    EXPECT_TRUE(Button.TakeDown(kInside));
+    EXPECT_TRUE(Button.TakeMove(kOutside));
+    EXPECT_FALSE(Button.IsPressed());
+    EXPECT_TRUE(Button.TakeMove(kInside));
+    EXPECT_TRUE(Button.IsPressed());
+    EXPECT_FALSE(Button.TakeUp(kOutside));
+    EXPECT_FALSE(Button.IsPressed());
+}
+
+TEST_F(DrawnButtons, WhatBeginsBesideItIsNotItsOwn) {
+    EXPECT_FALSE(Button.TakeDown(kOutside));
+    EXPECT_FALSE(Button.TakeDown(kOnTheEdge));
+    EXPECT_FALSE(Button.TakeMove(kInside));
+    EXPECT_FALSE(Button.IsPressed());
+    EXPECT_FALSE(Button.TakeUp(kInside));
+}
+
+TEST_F(DrawnButtons, LetGoItIsNotChosen) {
+    EXPECT_TRUE(Button.TakeDown(kInside));
+    Button.Release();
+    EXPECT_FALSE(Button.IsPressed());
+    EXPECT_FALSE(Button.TakeMove(kInside));
+    EXPECT_FALSE(Button.TakeUp(kInside));
+}
+
+TEST_F(DrawnButtons, SaysWhatItIs) {
+    EXPECT_TRUE(Button.TakeDown(kInside));
+    const PaintedItem item = Button.Describe(u"Today", 3);
+    EXPECT_EQ(item.Bounds, (Rect{10, 10, 30, 30}));
+    EXPECT_EQ(item.Role, PaintedRole::Button);
+    EXPECT_EQ(item.Name, u"Today");
+    EXPECT_EQ(item.Id, 3);
+    EXPECT_TRUE(item.Pressed);
+}
+
+} // namespace
+
+} // namespace tavo
