@@ -2,8 +2,8 @@
 #include "app/file_import.h"
 
 #include "framework/format.h"
+#include "page/progress_dlg.h"
 #include "res/strings.h"
-#include "schedule/progress_dlg.h"
 #include "store/busy_time.h"
 #include "store/long_work.h"
 #include "store/refusal.h"

@@ -13,7 +13,7 @@
 #include "schedule/appointment_item_list.h"
 #include "schedule/category_item_list.h"
 #include "schedule/item_days.h"
-#include "schedule/mass_deletion.h"
+#include "settings/mass_deletion.h"
 #include "store/category_file.h"
 #include "store/midnight.h"
 #include "store/undo.h"

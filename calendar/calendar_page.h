@@ -1,11 +1,11 @@
 // The month page: a grid of days with a mark for each kind of item, and a selected day.
 #pragma once
 
+#include "calendar/day_list.h"
 #include "calendar/day_menu.h"
 #include "calendar/month_grid.h"
 #include "framework/drawn_button.h"
-#include "schedule/day_list.h"
-#include "schedule/item_page.h"
+#include "page/item_page.h"
 
 #include <array>
 #include <bitset>

@@ -1,7 +1,7 @@
 // The clock page: today's date and the time, on a dial or in digits.
 #pragma once
 
-#include "schedule/main_page.h"
+#include "page/main_page.h"
 
 #include <string>
 

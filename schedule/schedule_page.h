@@ -2,9 +2,9 @@
 #pragma once
 
 #include "framework/drawn_button.h"
+#include "page/item_page.h"
 #include "schedule/appointment_item_list.h"
 #include "schedule/category_item_list.h"
-#include "schedule/item_page.h"
 
 #include <string_view>
 

@@ -15,7 +15,7 @@ sys.path.insert(0, str(Path(__file__).resolve().parent))
 from cpp_text import blank_comments, blank_literals, sources_of
 
 # A folder may include itself and what stands before it.
-PROGRAM_ORDER = ["res", "store", "memo", "alarm", "edit", "schedule", "calendar", "app"]
+PROGRAM_ORDER = ["res", "store", "memo", "alarm", "edit", "page", "schedule", "calendar", "settings", "app"]
 
 # The layers that know the standard library and each other, and nothing else.
 PURE_LAYERS = {

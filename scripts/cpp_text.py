@@ -4,8 +4,8 @@ import os
 import re
 
 # The project's own folders; what a build makes lies elsewhere.
-SOURCE_FOLDERS = ["platform", "framework", "res", "store", "memo", "alarm", "edit", "schedule", "calendar", "app", "host",
-                  "tools", "companion", "tests", "benchmarks", "fuzz"]
+SOURCE_FOLDERS = ["platform", "framework", "res", "store", "memo", "alarm", "edit", "page", "schedule",
+                  "calendar", "settings", "app", "host", "tools", "companion", "tests", "benchmarks", "fuzz"]
 SOURCE_SUFFIXES = (".h", ".hpp", ".inc", ".cpp", ".cc", ".cxx")
 
 _TOKEN = re.compile(

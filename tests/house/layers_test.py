@@ -36,7 +36,7 @@ class LayersCheck(MadeUpTree):
         self.accept()
 
     def test_EveryProgramFolderMayIncludeTheFoldersBeforeIt(self):
-        order = ["res", "store", "memo", "alarm", "edit", "schedule", "calendar", "app"]
+        order = ["res", "store", "memo", "alarm", "edit", "page", "schedule", "calendar", "settings", "app"]
         for folder in order:
             self.write(f"{folder}/a.h", "#pragma once\n")
         for position, folder in enumerate(order):
@@ -44,7 +44,7 @@ class LayersCheck(MadeUpTree):
         self.accept()
 
     def test_NoProgramFolderMayIncludeOneAfterIt(self):
-        order = ["res", "store", "memo", "alarm", "edit", "schedule", "calendar", "app"]
+        order = ["res", "store", "memo", "alarm", "edit", "page", "schedule", "calendar", "settings", "app"]
         for lower, upper in zip(order, order[1:]):
             self.write(f"{upper}/upper.h", "#pragma once\n")
             self.write(f"{lower}/lower.cpp", f'#include "{upper}/upper.h"\n')

@@ -8,10 +8,10 @@
 #include "memo/appointment_view_dlg.h"
 #include "memo/copy_memo_dlg.h"
 #include "memo/ink_memo_view.h"
+#include "page/progress_dlg.h"
 #include "res/dialog_templates.h"
 #include "res/menus.h"
 #include "res/resource_ids.h"
-#include "schedule/progress_dlg.h"
 #include "tests/support/running_program.h"
 
 #include <gmock/gmock.h>

@@ -1,8 +1,8 @@
 // Filling and painting the day's rows.
-#include "schedule/day_list.h"
+#include "calendar/day_list.h"
 
+#include "calendar/day_row_text.h"
 #include "framework/format.h"
-#include "schedule/day_row_text.h"
 #include "store/date_pictures.h"
 #include "store/fit_text.h"
 #include "store/item_kind.h"

@@ -1,5 +1,5 @@
 // Which wording a row of the day list gets.
-#include "schedule/day_row_text.h"
+#include "calendar/day_row_text.h"
 
 #include "framework/format.h"
 #include "store/date_pictures.h"

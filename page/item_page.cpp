@@ -1,5 +1,5 @@
 // Viewing, changing and deleting one item.
-#include "schedule/item_page.h"
+#include "page/item_page.h"
 
 #include "edit/appointment_dlg.h"
 #include "res/resource_ids.h"

@@ -1,9 +1,9 @@
 // What there is to delete, and the order in which it goes.
-#include "schedule/mass_deletion.h"
+#include "settings/mass_deletion.h"
 
 #include "framework/format.h"
 #include "memo/memo_files.h"
-#include "schedule/memo_list.h"
+#include "settings/memo_list.h"
 
 #include <unordered_set>
 #include <utility>

@@ -1,8 +1,8 @@
 // The Settings page: deleting whole classes of items.
 #pragma once
 
-#include "schedule/main_page.h"
-#include "schedule/mass_deletion.h"
+#include "page/main_page.h"
+#include "settings/mass_deletion.h"
 
 namespace tavo {
 

@@ -1,5 +1,5 @@
 // Memo files by the pattern of their names.
-#include "schedule/memo_list.h"
+#include "settings/memo_list.h"
 
 #include "framework/format.h"
 

@@ -1,5 +1,5 @@
 // The day schedule list: what it holds for a day, and what it shows.
-#include "schedule/day_list.h"
+#include "calendar/day_list.h"
 
 #include "tests/support/folder_probe.h"
 #include "tests/support/outlook_probe.h"

@@ -1,7 +1,7 @@
 // Programs that are killed while memos are deleted on the Settings page, and what the next start makes of it.
-#include "schedule/mass_deletion.h"
+#include "settings/mass_deletion.h"
 #include "tests/outlook/child_process.h"
-#include "tests/schedule/memo_deletion_fixture.h"
+#include "tests/settings/memo_deletion_fixture.h"
 #include "tests/support/host_probe.h"
 
 #include <gmock/gmock.h>

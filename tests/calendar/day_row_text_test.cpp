@@ -1,5 +1,5 @@
 // The words of the day list's rows.
-#include "schedule/day_row_text.h"
+#include "calendar/day_row_text.h"
 
 #include "host/locale/us_english_locale.h"
 

@@ -1,13 +1,13 @@
 // The counted boxes of the Settings page, and its one button.
-#include "schedule/settings_page.h"
+#include "settings/settings_page.h"
 
 #include "framework/format.h"
 #include "memo/moving_memos.h"
+#include "page/progress_dlg.h"
 #include "res/dialog_templates.h"
 #include "res/resource_ids.h"
 #include "res/strings.h"
-#include "schedule/memo_list.h"
-#include "schedule/progress_dlg.h"
+#include "settings/memo_list.h"
 #include "store/busy_time.h"
 
 namespace tavo {

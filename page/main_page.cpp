@@ -1,5 +1,5 @@
 // The page bar and the way from one page to another.
-#include "schedule/main_page.h"
+#include "page/main_page.h"
 
 #include "res/resource_ids.h"
 #include "res/strings.h"

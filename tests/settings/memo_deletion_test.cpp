@@ -1,8 +1,8 @@
 // Memos that go with a mass deletion on the Settings page, and how they come back.
 #include "memo/memo_undo.h"
-#include "schedule/mass_deletion.h"
+#include "settings/mass_deletion.h"
 #include "store/page_number.h"
-#include "tests/schedule/memo_deletion_fixture.h"
+#include "tests/settings/memo_deletion_fixture.h"
 #include "tests/support/host_probe.h"
 #include "tests/support/outlook_probe.h"
 

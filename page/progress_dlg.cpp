@@ -1,5 +1,5 @@
 // Slices of the work, driven by a timer of the main view, which runs in the background too.
-#include "schedule/progress_dlg.h"
+#include "page/progress_dlg.h"
 
 #include "res/dialog_templates.h"
 #include "res/resource_ids.h"

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "edit/edit_request.h"
-#include "schedule/item_viewing.h"
-#include "schedule/main_page.h"
+#include "page/item_viewing.h"
+#include "page/main_page.h"
 
 #include <optional>
 

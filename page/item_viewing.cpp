@@ -1,5 +1,5 @@
 // Reading before the view and after it.
-#include "schedule/item_viewing.h"
+#include "page/item_viewing.h"
 
 #include "memo/appointment_view_dlg.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "framework/page.h"
-#include "schedule/main_view.h"
+#include "page/main_view.h"
 #include "store/program_state.h"
 
 #include <string_view>
