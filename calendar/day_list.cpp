@@ -24,10 +24,8 @@ constexpr int kLineLeft = 5;
 constexpr int kLineRight = 220;
 constexpr std::uint32_t kLineFormat = DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX;
 
-constexpr Color kWhite = Color::FromRgb(255, 255, 255);
 constexpr Color kTextColor = Color::FromRgb(0, 0, 0);
 constexpr Color kEmptyTextColor = Color::FromRgb(118, 118, 118); // can be read on white
-constexpr Pen kSeparatorPen{Color::FromRgb(0, 0, 0), 1};
 
 Rect LineRect(int rowTop, int line) {
     return {kLineLeft, rowTop + line * kLineHeight, kLineRight, rowTop + (line + 1) * kLineHeight};
@@ -35,15 +33,10 @@ Rect LineRect(int rowTop, int line) {
 
 } // namespace
 
-CDayList::CDayList(CMessagePump& pump, CProgramState& state) : CPaintedWindow(pump, kListSize), State(state) {}
-
-bool CDayList::CreateOn(WindowHandle parent, const Rect& bounds) {
-    WindowDescription description;
-    description.Kind = WindowKind::Child;
-    description.Parent = parent;
-    description.Bounds = bounds;
-    return Create(description);
-}
+CDayList::CDayList(CMessagePump& pump, CProgramState& state)
+    : CRowList(
+          pump, state,
+          {kListSize, kRowHeight, kVisibleRows, kEmptyListTexts[IndexOf(ItemKind::Appointment)], kEmptyTextColor}) {}
 
 void CDayList::SetDate(int year, int month, int day) {
     Date = MidnightOf(year, month, day);
@@ -92,10 +85,6 @@ void CDayList::SetTop(int row) {
     TopRow = std::clamp(row, 0, MaximumTop());
 }
 
-int CDayList::MaximumTop() const {
-    return std::max(Count() - kVisibleRows, 0);
-}
-
 bool CDayList::TakeKey(int key) {
     if (key != VK_UP && key != VK_DOWN) {
         return false;
@@ -105,37 +94,19 @@ bool CDayList::TakeKey(int key) {
     return true;
 }
 
-void CDayList::Paint() {
-    const Rect whole = Rect::Whole(kListSize);
-    DropPainted();
-    Surface().FillRect(whole, kWhite);
-    if (Records.empty()) {
-        const std::u16string_view text = kEmptyListTexts[IndexOf(ItemKind::Appointment)];
-        Surface().DrawTextW(text, whole,
-                            {State.Fonts.FontArial10, kEmptyTextColor, DT_CENTER | DT_VCENTER | DT_SINGLELINE});
-        Declare({whole, PaintedRole::Text, std::u16string(text)});
-    }
-    const int shown = std::min(kVisibleRows, Count() - TopRow);
-    for (int place = 0; place < shown; ++place) {
-        PaintRow(TopRow + place, place * kRowHeight);
-    }
-    PresentSurface();
-}
-
-void CDayList::PaintRow(int row, int top) {
+void CDayList::PaintRow(int row, const Rect& area) {
     const AppointmentData& record = Records[static_cast<std::size_t>(row)];
     const SharedFonts& fonts = State.Fonts;
     const DayRowText text = DescribeDayRow(record, Host().Locale());
     const auto drawLine = [&](int line, FontHandle font, const std::u16string& words) {
-        Surface().DrawTextW(FitText(Host().Drawing(), font, words, kLineRight - kLineLeft), LineRect(top, line),
+        Surface().DrawTextW(FitText(Host().Drawing(), font, words, kLineRight - kLineLeft), LineRect(area.Top, line),
                             {font, kTextColor, kLineFormat});
     };
-    Surface().DrawLine({0, top}, {kListSize.Width, top}, kSeparatorPen);
-    Surface().DrawLine({0, top + kRowHeight}, {kListSize.Width, top + kRowHeight}, kSeparatorPen);
+    DrawSeparators(area);
     drawLine(0, fonts.FontArial10Bold, text.Heading);
     drawLine(1, fonts.FontArial10, text.Times);
     drawLine(2, fonts.FontArial10, text.Recurrence);
-    Declare({Rect::FromSize(0, top, kListSize.Width, kRowHeight), PaintedRole::Row, text.Heading, row});
+    Declare({area, PaintedRole::Row, text.Heading, row});
 }
 
 } // namespace tavo

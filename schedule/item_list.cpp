@@ -1,6 +1,8 @@
 // Rows, selection, keys and the menu of the item lists.
 #include "schedule/item_list.h"
 
+#include "store/text_tables.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -10,12 +12,15 @@ namespace {
 
 constexpr int kMiddle = 120; // taps right of it open the menu to their left
 constexpr int kMenuGap = 5;
+constexpr Color kEmptyTextColor{0xCCCCCC};
 
 } // namespace
 
 CItemList::CItemList(CMessagePump& pump, CProgramState& state, IItemListOwner& owner, ItemKind kind,
                      const ItemListLook& look)
-    : CPaintedWindow(pump, look.Extent()), State(state), Owner(owner), OwnKind(kind), Look(look) {}
+    : CRowList(pump, state,
+               {look.Extent(), look.RowHeight, look.VisibleRows, kEmptyListTexts[IndexOf(kind)], kEmptyTextColor}),
+      Owner(owner), OwnKind(kind), Look(look) {}
 
 const MessageMap& CItemList::Messages() {
     static constexpr MessageEntry entries[] = {
@@ -23,20 +28,8 @@ const MessageMap& CItemList::Messages() {
         On<&CItemList::TakeWheel>(WM_MOUSEWHEEL),
         On<&CItemList::TakeKey>(WM_KEYDOWN),
     };
-    static const MessageMap map{entries, &CPaintedWindow::Messages()};
+    static const MessageMap map{entries, &CRowList::Messages()};
     return map;
-}
-
-bool CItemList::CreateOn(WindowHandle parent, const Rect& bounds) {
-    WindowDescription description;
-    description.Kind = WindowKind::Child;
-    description.Parent = parent;
-    description.Bounds = bounds;
-    return Create(description);
-}
-
-int CItemList::MaximumTop() const {
-    return std::max(Count() - Look.VisibleRows, 0);
 }
 
 const AppointmentData* CItemList::GetSelected() const {

@@ -1,9 +1,8 @@
 // The scrolling lists of the Schedule page: what those of all kinds have in common.
 #pragma once
 
-#include "framework/painted_window.h"
+#include "page/row_list.h"
 #include "schedule/item_row_text.h"
-#include "store/program_state.h"
 
 #include <string_view>
 #include <vector>
@@ -39,26 +38,14 @@ struct ItemListLook {
 
 constexpr int kNoSelection = -1;
 
-class CItemList : public CPaintedWindow {
+class CItemList : public CRowList {
   public:
     CItemList(CMessagePump& pump, CProgramState& state, IItemListOwner& owner, ItemKind kind, const ItemListLook& look);
 
-    // Makes the list, hidden, in the parent's pixels. False when the device cannot make it.
-    bool CreateOn(WindowHandle parent, const Rect& bounds);
-
     ItemKind Kind() const { return OwnKind; }
-
-    const std::vector<AppointmentData>& Rows() const { return Records; }
-
-    int Count() const { return static_cast<int>(Records.size()); }
 
     // May point past the end after a deletion.
     int Selected() const { return SelectedRow; }
-
-    int Top() const { return TopRow; }
-
-    // The largest useful top row: with it the last row is fully shown.
-    int MaximumTop() const;
 
     // The selected record, or null.
     const AppointmentData* GetSelected() const;
@@ -79,9 +66,7 @@ class CItemList : public CPaintedWindow {
     const MessageMap& GetMessageMap() const override { return Messages(); }
 
   protected:
-    void RepaintAll() override {}
-
-    void Paint() override;
+    void PaintRow(int row, const Rect& area) override;
 
     void SetRows(std::vector<AppointmentData> records);
     void InsertRow(int index, AppointmentData record);
@@ -94,10 +79,7 @@ class CItemList : public CPaintedWindow {
     // The list's menu for this row.
     virtual std::vector<MenuItem> MakeMenu(const AppointmentData& record) = 0;
 
-    CProgramState& State;
-
   private:
-    void PaintRow(int row, int top);
     void DrawLine(const std::u16string& words, const std::u16string& shorter, Rect area, Color color);
     void TakeStylusDown(Point point);
     void TakeWheel(const Message& wheel);
@@ -107,9 +89,7 @@ class CItemList : public CPaintedWindow {
     IItemListOwner& Owner;
     ItemKind OwnKind;
     ItemListLook Look;
-    std::vector<AppointmentData> Records;
     int SelectedRow = kNoSelection;
-    int TopRow = 0;
     int PressedRow = kNoSelection;
     AppointmentData Current; // of the row pressed last
 };

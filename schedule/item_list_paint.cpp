@@ -2,7 +2,6 @@
 #include "schedule/item_list.h"
 
 #include "store/fit_text.h"
-#include "store/text_tables.h"
 
 #include <algorithm>
 
@@ -21,8 +20,6 @@ constexpr std::uint32_t kLineFormat = DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX;
 constexpr Color kWhite = Color::FromRgb(255, 255, 255);
 constexpr Color kBlack = Color::FromRgb(0, 0, 0);
 constexpr Color kSelection{0xBF6000};
-constexpr Color kEmptyTextColor{0xCCCCCC};
-constexpr Pen kSeparatorPen{kBlack, 1};
 
 // In one line there is no place for line breaks and tabs.
 std::u16string MakeOneLine(std::u16string text) {
@@ -33,35 +30,15 @@ std::u16string MakeOneLine(std::u16string text) {
 
 } // namespace
 
-void CItemList::Paint() {
-    const Rect whole = Rect::Whole(Look.Extent());
-    DropPainted();
-    Surface().FillRect(whole, kWhite);
-    if (Records.empty()) {
-        const std::u16string_view text = kEmptyListTexts[IndexOf(OwnKind)];
-        Surface().DrawTextW(text, whole,
-                            {State.Fonts.FontArial10, kEmptyTextColor, DT_CENTER | DT_VCENTER | DT_SINGLELINE});
-        Declare({whole, PaintedRole::Text, std::u16string(text)});
-    }
-    const int shown = std::min(Look.VisibleRows, Count() - TopRow);
-    for (int place = 0; place < shown; ++place) {
-        PaintRow(TopRow + place, place * Look.RowHeight);
-    }
-    PresentSurface();
-}
-
-void CItemList::PaintRow(int row, int top) {
-    const int width = Look.Extent().Width;
+void CItemList::PaintRow(int row, const Rect& area) {
     const ItemRowText text = Describe(Records[static_cast<std::size_t>(row)]);
     const bool selected = row == SelectedRow;
     const Color ink = selected ? kWhite : kBlack;
-    const Rect area = Rect::FromSize(0, top, width, Look.RowHeight);
     Surface().FillRect(area, selected ? kSelection : kWhite);
-    Surface().DrawLine({0, area.Top}, {width, area.Top}, kSeparatorPen);
-    Surface().DrawLine({0, area.Bottom}, {width, area.Bottom}, kSeparatorPen);
+    DrawSeparators(area);
 
     const FontHandle bold = State.Fonts.FontArial10Bold;
-    Rect line{kLineLeft, top, width - kRightMargin, top + kLineHeight};
+    Rect line{kLineLeft, area.Top, area.Right - kRightMargin, area.Top + kLineHeight};
     Surface().DrawTextW(MakeOneLine(FitText(Host().Drawing(), bold, text.Heading, kHeadingWidth)), line,
                         {bold, ink, kLineFormat});
     if (!text.Date.empty()) {
