@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 namespace tavo {
 
@@ -129,7 +130,17 @@ void CCalendarPage::SelectDay(CalendarDate date) {
 
 void CCalendarPage::ReloadDayList() {
     DayList.SetDate(SelectedYear, SelectedMonth, SelectedDay);
-    DayList.Load(this);
+    DayListLags = true;
+    if (DayListShown) {
+        LoadedDayList();
+    }
+}
+
+CDayList& CCalendarPage::LoadedDayList() {
+    if (std::exchange(DayListLags, false)) {
+        DayList.Load(this);
+    }
+    return DayList;
 }
 
 void CCalendarPage::OnDayListLoaded() {

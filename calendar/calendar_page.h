@@ -47,7 +47,9 @@ class CCalendarPage : public CItemPage, private IDayListOwner {
     int LengthOf(int month) const; // in days
     void ComputeGrid();
     void SelectDay(CalendarDate date);
+    // Gives the day list the selected day. It reads the day when somebody asks for its rows: nobody sees it before.
     void ReloadDayList();
+    CDayList& LoadedDayList();
     void OnDayListLoaded() override;
     CalendarDate Today() const;
     void AwaitNewDay();
@@ -110,7 +112,7 @@ class CCalendarPage : public CItemPage, private IDayListOwner {
     DrawnButton TodayButton;
     bool IsAnalog = true; // the clock's face; kept though the month does not show it
     bool DayListShown = false;
-    bool DayListLoaded = false; // at least once since the page was made
+    bool DayListLags = false; // behind the selected day or the store
     Point TapPoint;
     CalendarDate PaintedToday;
     DATE GridStart = 0;

@@ -21,7 +21,8 @@ void CCalendarPage::ShowDayMenu() {
     if (!IsDay(SelectedDate())) {
         return; // the 31st of a short month, or a blank cell: nobody would find a memo there again
     }
-    Day.Fill(DayList.Rows(), State.Categories, MemoFiles(State).FindMemos(SelectedYear, SelectedMonth, SelectedDay));
+    Day.Fill(LoadedDayList().Rows(), State.Categories,
+             MemoFiles(State).FindMemos(SelectedYear, SelectedMonth, SelectedDay));
     const bool opensLeft = TapPoint.X >= kRightHalf;
     const Point at{TapPoint.X + (opensLeft ? -kMenuBeside : kMenuBeside), TapPoint.Y + kMenuBelow};
     const MenuAlign align = opensLeft ? MenuAlign::Right : MenuAlign::Left;

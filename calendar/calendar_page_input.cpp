@@ -175,14 +175,15 @@ void CCalendarPage::ShowMonth(CalendarDate month) {
 }
 
 void CCalendarPage::TakeScroll(const Message& scroll) {
+    CDayList& list = LoadedDayList(); // which sets the bar
     const WindowHandle bar = Item(kCalendarScrollBar);
     ScrollInfo info = Host().Controls().GetScrollInfo(bar);
-    const int top = std::clamp(ScrolledTop(scroll, DayList.Top()).value_or(DayList.Top()), 0, info.Maximum);
-    if (top != DayList.Top()) {
-        DayList.SetTop(top);
-        info.Position = DayList.Top();
+    const int top = std::clamp(ScrolledTop(scroll, list.Top()).value_or(list.Top()), 0, info.Maximum);
+    if (top != list.Top()) {
+        list.SetTop(top);
+        info.Position = list.Top();
         Host().Controls().SetScrollInfo(bar, info);
-        DayList.Invalidate();
+        list.Invalidate();
     }
 }
 

@@ -6,7 +6,10 @@
 #include <QImage>
 #include <QPainter>
 
+#include <fontconfig/fontconfig.h>
+
 #include <algorithm>
+#include <clocale>
 #include <future>
 #include <optional>
 #include <utility>
@@ -21,7 +24,9 @@ struct FoundFonts {
 };
 
 struct Preparation {
+    std::future<void> Setup;
     std::future<FoundFonts> Begun;
+    std::future<void> FirstLetter;
     std::optional<bool> HasAnyFont; // once it is done
 };
 
@@ -32,7 +37,7 @@ Preparation& OwnPreparation() {
 }
 
 // The toolkit's tables for blending outlines of this kind, the same for all fonts, take longer to compute than a page
-// to draw.
+// to draw: meanwhile this one is made ready for it.
 void DrawOneLetter(const QString& family) {
     QFont font(family);
     font.setPixelSize(12);
@@ -58,9 +63,6 @@ FoundFonts FindFonts() {
             found.StandIns.emplace_back(QString::fromLatin1(face), *standIn);
         }
     }
-    if (!found.StandIns.empty()) {
-        DrawOneLetter(found.StandIns.front().second);
-    }
     // The toolkit lists these even where there is nothing behind them.
     found.HasAny = std::any_of(families.begin(), families.end(), [](const QString& family) {
         return family != QLatin1String("Monospace") && family != QLatin1String("Sans Serif") &&
@@ -71,20 +73,46 @@ FoundFonts FindFonts() {
 
 } // namespace
 
+void BeginReadingFontSetup() {
+    // As the application object does it: numbers are read by the process's locale, which must not change meanwhile.
+    std::setlocale(LC_ALL, "");
+    OwnPreparation().Setup = std::async(std::launch::async | std::launch::deferred, [] {
+        FcInit(); // where it fails, the toolkit meets the same
+    });
+}
+
 void BeginPreparingFonts() {
-    OwnPreparation().Begun = std::async(std::launch::async | std::launch::deferred, FindFonts);
+    Preparation& own = OwnPreparation();
+    own.Begun = std::async(std::launch::async | std::launch::deferred, [&own] {
+        if (own.Setup.valid()) {
+            own.Setup.wait(); // else both would read it
+        }
+        return FindFonts();
+    });
 }
 
 bool PrepareFonts() {
     Preparation& own = OwnPreparation();
     if (!own.HasAnyFont.has_value()) {
-        const FoundFonts found = own.Begun.valid() ? own.Begun.get() : FindFonts();
+        const bool isBegun = own.Begun.valid();
+        const FoundFonts found = isBegun ? own.Begun.get() : FindFonts();
         for (const auto& [face, standIn] : found.StandIns) {
             QFont::insertSubstitution(face, standIn);
+        }
+        if (isBegun && !found.StandIns.empty()) {
+            own.FirstLetter =
+                std::async(std::launch::async | std::launch::deferred, DrawOneLetter, found.StandIns.front().second);
         }
         own.HasAnyFont = found.HasAny;
     }
     return *own.HasAnyFont;
+}
+
+void FinishPreparingFonts() {
+    (void)PrepareFonts();
+    if (const std::future<void>& letter = OwnPreparation().FirstLetter; letter.valid()) {
+        letter.wait();
+    }
 }
 
 } // namespace tavo::qt

@@ -170,6 +170,7 @@ int main(int argc, char** argv) {
                       "command line tool, tavo, works without one.");
     }
     qInstallMessageHandler(TakeToolkitMessage);
+    qt::BeginReadingFontSetup();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tavocalendar"));
     QGuiApplication::setDesktopFileName(QStringLiteral("tavocalendar"));
@@ -180,6 +181,6 @@ int main(int argc, char** argv) {
     }
     qt::BeginPreparingFonts();
     const Ending ending = RunWith(*root.Root, line.Files);
-    (void)qt::PrepareFonts(); // not given up half done, when a window was there already
+    qt::FinishPreparingFonts(); // not given up half done, when a window was there already
     return ending.Problem == nullptr ? ending.Status : RefuseOnScreen(ending.Problem);
 }

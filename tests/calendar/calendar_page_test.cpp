@@ -2,6 +2,8 @@
 #include "tests/calendar/calendar_page_desk.h"
 #include "tests/support/folder_probe.h"
 
+#include <algorithm>
+
 namespace tavo::test {
 namespace {
 
@@ -140,6 +142,21 @@ TEST_F(CalendarPage, AsksForTheMonthFromTheFirstOfTheOneBeforeToTheGridsEnd) {
     Press(VK_RIGHT);
     ASSERT_FALSE(asked.Texts.empty());
     EXPECT_EQ(asked.Texts.back(), u"[Start] >= 11/1/2004 and [Start] <= 1/9/2005 and [End] >= 11/28/2004\n");
+}
+
+TEST_F(CalendarPage, TheDayIsReadWhenItIsAskedFor) {
+    Open(At(2004, 11, 3));
+    const AskedRestrictions asked(Program->State().Store.CalendarFolder);
+    Press(VK_RIGHT, 2);
+    const std::u16string day = u"[Start] <= 1/3/2005 and [End] >= 1/3/2005";
+    const auto days = [&] { return std::count(asked.Texts.begin(), asked.Texts.end(), day); };
+    EXPECT_EQ(asked.Texts.size(), 2U) << "of two months, and of no day that was passed";
+    for (int openings = 0; openings < 2; ++openings) {
+        Program->Device.Key(VK_RETURN);
+        Program->Device.Key(VK_ESCAPE); // closes the day's menu
+        ASSERT_TRUE(Program->Settle());
+        EXPECT_EQ(days(), openings + 1);
+    }
 }
 
 TEST_F(CalendarPage, MidnightMovesTodayWhileThePageIsOnShow) {
