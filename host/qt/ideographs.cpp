@@ -2,6 +2,7 @@
 #include "host/qt/ideographs.h"
 
 #include <QByteArray>
+#include <QFontMetricsF>
 #include <QGlyphRun>
 #include <QRawFont>
 #include <QTextLayout>
@@ -64,18 +65,30 @@ std::optional<QGlyphRun> LayOutSample(const QFont& font, const QString& ideograp
     return runs.size() == 1 ? std::optional(runs.front()) : std::nullopt;
 }
 
-// Whether the glyphs stand one width apart, and the file states one width for all of them.
-bool IsEven(const QGlyphRun& sample, const StatedWidths& widths) {
-    const QList<quint32> glyphs = sample.glyphIndexes();
-    const QList<QPointF> places = sample.positions();
-    const std::optional<std::uint16_t> stated = widths.Find(glyphs.front());
-    for (qsizetype i = 1; i < glyphs.size(); ++i) {
+bool StandEvenly(const QList<QPointF>& places) {
+    for (qsizetype i = 1; i < places.size(); ++i) {
         const double distance = places[i].x() - places[i - 1].x();
-        if (widths.Find(glyphs[i]) != stated || std::abs(distance - (places[1].x() - places[0].x())) > kSameWidth) {
+        if (std::abs(distance - (places[1].x() - places[0].x())) > kSameWidth) {
             return false;
         }
     }
-    return stated.has_value();
+    return true;
+}
+
+bool HaveOneWidth(const QList<quint32>& glyphs, const StatedWidths& widths) {
+    const std::optional<std::uint16_t> first = widths.Find(glyphs.front());
+    return first.has_value() &&
+           std::all_of(glyphs.begin(), glyphs.end(), [&](quint32 glyph) { return widths.Find(glyph) == first; });
+}
+
+// The toolkit draws the same sign for each of them.
+std::vector<bool> FindMissing(const QFont& font, const QString& ideographs) {
+    const QFontMetricsF metrics(font);
+    std::vector<bool> missing;
+    for (const uint character : ideographs.toUcs4()) {
+        missing.push_back(!metrics.inFontUcs4(character));
+    }
+    return missing;
 }
 
 } // namespace
@@ -95,11 +108,17 @@ std::vector<bool> FindAsWideAsFirst(const QFont& font, const QString& ideographs
     if (!sample || sample->glyphIndexes().isEmpty()) {
         return {};
     }
+    const QList<quint32> sampled = sample->glyphIndexes();
+    if (!StandEvenly(sample->positions())) {
+        return {};
+    }
+    if (std::all_of(sampled.begin(), sampled.end(), [](quint32 glyph) { return glyph == 0; })) {
+        return FindMissing(font, ideographs);
+    }
     const QRawFont file = sample->rawFont();
     const StatedWidths widths(file);
     const QList<quint32> glyphs = file.glyphIndexesForString(ideographs);
-    const QList<quint32> sampled = sample->glyphIndexes();
-    if (!IsEven(*sample, widths) || glyphs.first(sampled.size()) != sampled) {
+    if (!HaveOneWidth(sampled, widths) || glyphs.first(sampled.size()) != sampled) {
         return {};
     }
     const std::optional<std::uint16_t> first = widths.Find(glyphs.front());

@@ -15,8 +15,8 @@ enum class IdeographKind { None, Hangul, Han, RareHan };
 IdeographKind KindOfIdeograph(char32_t character);
 
 // Which of these ideographs, all of one kind, are as wide as the first, in the order of the text: those that the same
-// font file has, and for which it states the same width. The others are to be laid out, as are all where the result is
-// empty: the toolkit chose several files for the first few, or none has them.
+// font file has, and for which it states the same width; where no font has the first few, those that none has. The
+// others are to be laid out, as are all where the result is empty: the toolkit chose several files for the first few.
 std::vector<bool> FindAsWideAsFirst(const QFont& font, const QString& ideographs);
 
 } // namespace tavo::qt

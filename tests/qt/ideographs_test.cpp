@@ -17,10 +17,10 @@ namespace {
 
 constexpr char16_t kFirst = 0x4E00;
 
-std::u16string DifferentIdeographs(std::size_t count) {
+std::u16string DifferentIdeographs(std::size_t count, char16_t first = kFirst) {
     std::u16string text;
     while (text.size() < count) {
-        text += static_cast<char16_t>(kFirst + text.size());
+        text += static_cast<char16_t>(first + text.size());
     }
     return text;
 }
@@ -92,6 +92,19 @@ TEST_F(Ideographs, AreAsWideAsTheToolkitLaysThemOutInALongText) {
     }
 }
 
+// Some fonts have the common ideographs and none of the rare ones, which come first here.
+TEST_F(Ideographs, ThatNoFontHasAreAsWideAsTheToolkitsSignForThem) {
+    const QFont toolkit = ToolkitFont(17);
+    Font font({u"Arial", -17, 0, 400});
+    const std::u16string text = DifferentIdeographs(150, 0x3400) + DifferentIdeographs(150) +
+                                DifferentIdeographs(150, 0xAC00) + DifferentIdeographs(20, 0x3500);
+    const std::vector<double>& ends = font.Ends(text);
+    ASSERT_EQ(ends.size(), text.size());
+    for (std::size_t i = 1; i < text.size(); ++i) {
+        ASSERT_NEAR(ends[i] - ends[i - 1], LayOut(toolkit, text[i]), 0.001) << i;
+    }
+}
+
 TEST_F(Ideographs, AreDrawnAsWideAsTheyAreMeasured) {
     Fonts fonts;
     Pictures pictures;
@@ -117,6 +130,17 @@ TEST_F(Ideographs, ThatDifferTakeHardlyLongerThanOneThatRepeats) {
     const double different = MeasureTime(DifferentIdeographs(10'000), 31);
     const double same = MeasureTime(std::u16string(10'000, u'\u4E01'), 41);
     EXPECT_LT(different, 8 * same + CLOCKS_PER_SEC / 1000.0);
+}
+
+TEST_F(Ideographs, ThatNoFontHasTakeLessTimeThanLayingThemOut) {
+    const std::u16string text = DifferentIdeographs(10'000, 0xAC00);
+    const double measured = MeasureTime(text, 51);
+    QTextLayout layout(QString::fromStdU16String(text), ToolkitFont(61));
+    const std::clock_t begin = std::clock();
+    layout.beginLayout();
+    (void)layout.createLine();
+    layout.endLayout();
+    EXPECT_LT(measured, static_cast<double>(std::clock() - begin));
 }
 
 } // namespace tavo::qt
