@@ -1,7 +1,7 @@
 // Drawing the device's bars.
 #include "host/qt/bar_painting.h"
 
-#include "host/qt/text_placement.h"
+#include "host/shell/chrome/text_placement.h"
 
 namespace tavo::qt {
 
@@ -29,7 +29,7 @@ void BarPainter::Write(Font& font, std::u16string_view text, const Rect& area, Q
     Target.setPen(QColor::fromRgba(color));
     Target.save();
     Target.setClipRect(Geometry.RealPixels(area), Qt::IntersectClip);
-    for (const PlacedLine& line : PlaceText(font, text, area, format)) {
+    for (const shell::PlacedLine& line : PlaceText(font, text, area, format)) {
         const QPoint start(Geometry.Scale.Edge(line.Left), Geometry.Scale.Edge(line.Baseline));
         font.Draw(Target, font.Shape(line.Text), start + Geometry.Origin, Geometry.Scale);
     }

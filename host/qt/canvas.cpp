@@ -4,7 +4,7 @@
 #include "host/ink/picture.h"
 #include "host/ink/round_line.h"
 #include "host/qt/font.h"
-#include "host/qt/text_placement.h"
+#include "host/shell/chrome/text_placement.h"
 
 #include <algorithm>
 
@@ -60,7 +60,7 @@ void Canvas::Fill(const QRect& pixels, QRgb color) {
 
 void Canvas::Prepare(const DrawStep& step) {
     if (const auto* text = std::get_if<TextStep>(&step.What)) {
-        for (const PlacedLine& line : PlaceText(*text->Face, text->Text, text->Area, text->Format)) {
+        for (const shell::PlacedLine& line : PlaceText(*text->Face, text->Text, text->Area, text->Format)) {
             (void)text->Face->Shape(line.Text);
         }
     }
@@ -104,7 +104,7 @@ void Canvas::Put(const LineStep& step, const QRect& area) {
 void Canvas::Put(const TextStep& step, const QRect& area) {
     QPainter& painter = Painter(area);
     painter.setPen(QColor(step.Color));
-    for (const PlacedLine& line : PlaceText(*step.Face, step.Text, step.Area, step.Format)) {
+    for (const shell::PlacedLine& line : PlaceText(*step.Face, step.Text, step.Area, step.Format)) {
         const ShapedText& shaped = step.Face->Shape(line.Text);
         step.Face->Draw(painter, shaped, QPointF(PixelScale.Edge(line.Left), PixelScale.Edge(line.Baseline)),
                         PixelScale);

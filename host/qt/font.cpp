@@ -120,10 +120,6 @@ const std::vector<double>& Font::Ends(std::u16string_view text) {
     return Find(text).Ends;
 }
 
-int Font::Measure(std::u16string_view text) {
-    return static_cast<int>(std::lround(Find(text).Width()));
-}
-
 ShapedText& Font::Find(std::u16string_view text) {
     Load();
     if (const auto known = Shaped.find(text); known != Shaped.end()) {

@@ -3,6 +3,7 @@
 
 #include "host/qt/character_widths.h"
 #include "host/qt/scale.h"
+#include "host/shell/chrome/text_face.h"
 #include "platform/drawing.h"
 
 #include <QGlyphRun>
@@ -35,24 +36,20 @@ struct ShapedText {
     double Width() const { return Ends.empty() ? 0.0 : Ends.back(); }
 };
 
-class Font {
+class Font final : public shell::ITextFace {
   public:
     // The font file is looked for when the font is first used: many are made that the first page does not need.
     explicit Font(const LogFont& description);
     Font(const Font&) = delete;
     Font& operator=(const Font&) = delete;
 
-    // Whole logical pixels; both are the same at every scale.
-    int Ascent();
-    int LineHeight();
+    int Ascent() override;
+    int LineHeight() override;
 
     // Both stay valid until the next call. The second is for whoever does not draw: it takes time in proportion to the
     // text, and what it gives is the first one's Ends.
     const ShapedText& Shape(std::u16string_view text);
-    const std::vector<double>& Ends(std::u16string_view text);
-
-    // The width of the text in whole logical pixels.
-    int Measure(std::u16string_view text);
+    const std::vector<double>& Ends(std::u16string_view text) override;
 
     // Draws in the painter's pen; the baseline starts at a point in real pixels.
     void Draw(QPainter& painter, const ShapedText& text, QPointF baseline, Scale scale);

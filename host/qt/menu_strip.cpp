@@ -2,7 +2,7 @@
 #include "host/qt/menu_strip.h"
 
 #include "host/qt/bar_painting.h"
-#include "host/qt/text_placement.h"
+#include "host/shell/chrome/text_placement.h"
 
 #include <QAccessible>
 #include <QHelpEvent>

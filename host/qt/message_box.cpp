@@ -1,7 +1,7 @@
 // Layout, looks and keys of message boxes.
 #include "host/qt/message_box.h"
 
-#include "host/qt/text_placement.h"
+#include "host/shell/chrome/text_placement.h"
 
 #include <QAccessible>
 #include <QKeyEvent>

@@ -1,7 +1,7 @@
 // Text: measured once for all scales, placed by the device's flags, stretched to a wished width.
 #include "host/qt/font_preparation.h"
 #include "host/qt/surface.h"
-#include "host/qt/text_placement.h"
+#include "host/shell/chrome/text_placement.h"
 
 #include <QFontMetricsF>
 #include <QTextBoundaryFinder>
@@ -109,10 +109,10 @@ TEST_F(TextTest, AVeryLongTextIsPlacedInItsTime) {
         text += u"calendar ";
     }
     const auto begin = std::chrono::steady_clock::now();
-    const std::vector<PlacedLine> lines = PlaceText(font, text, {0, 0, 200, 50}, DT_WORDBREAK | DT_NOPREFIX);
+    const std::vector<shell::PlacedLine> lines = PlaceText(font, text, {0, 0, 200, 50}, DT_WORDBREAK | DT_NOPREFIX);
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(30));
     std::size_t count = 0;
-    for (const PlacedLine& line : lines) {
+    for (const shell::PlacedLine& line : lines) {
         EXPECT_LE(font.Measure(line.Text), 210);
         count += static_cast<std::size_t>(std::count(line.Text.begin(), line.Text.end(), u'c'));
     }
@@ -218,7 +218,7 @@ TEST_F(TextTest, LinesBreakBetweenWhatPeopleSeeAsCharacters) {
     const std::u16string family = u"\U0001F469\u200D\U0001F467";
     const std::u16string text = family + family + u"e\u0301e\u0301e\u0301" + family;
     for (int width = 1; width < 120; ++width) {
-        for (const PlacedLine& line : PlaceText(font, text, {0, 0, width, 900}, DT_WORDBREAK)) {
+        for (const shell::PlacedLine& line : PlaceText(font, text, {0, 0, width, 900}, DT_WORDBREAK)) {
             ASSERT_FALSE(line.Text.empty()) << width;
             EXPECT_FALSE(QChar::isLowSurrogate(line.Text.front()) || line.Text.front() == 0x200D ||
                          line.Text.front() == 0x0301)

@@ -1,9 +1,11 @@
 // Breaking and aligning text.
-#include "host/qt/text_placement.h"
+#include "host/shell/chrome/text_placement.h"
 
-#include <algorithm>
+#include "platform/drawing.h"
 
-namespace tavo::qt {
+#include <utility>
+
+namespace tavo::shell {
 namespace {
 
 // Takes the marks out of "&Open": "Open", with the O underlined. "&&" stays one "&".
@@ -22,7 +24,7 @@ PlacedLine TakePrefixOut(std::u16string_view text) {
 }
 
 // The number of UTF-16 units that go on one line of this width: whole words, or at least one character.
-std::size_t CountFitting(Font& font, std::u16string_view text, int width) {
+std::size_t CountFitting(ITextFace& font, std::u16string_view text, int width) {
     const std::vector<double>& ends = font.Ends(text);
     std::size_t count = 0;
     while (count < text.size() && ends[count] < width + 0.5) {
@@ -45,13 +47,13 @@ std::size_t CountFitting(Font& font, std::u16string_view text, int width) {
 }
 
 // The same, without placing all the rest of a long text anew for each of its lines.
-std::size_t CountOnLine(Font& font, std::u16string_view text, int width) {
+std::size_t CountOnLine(ITextFace& font, std::u16string_view text, int width) {
     constexpr std::size_t longestLine = 4096; // units; hardly a line of them is wide enough for more
     const std::size_t count = CountFitting(font, text.substr(0, longestLine), width);
     return count < longestLine ? count : CountFitting(font, text, width);
 }
 
-void AppendWrapped(Font& font, std::u16string_view text, int width, std::vector<PlacedLine>& lines) {
+void AppendWrapped(ITextFace& font, std::u16string_view text, int width, std::vector<PlacedLine>& lines) {
     while (true) {
         const std::size_t count = CountOnLine(font, text, width);
         lines.push_back({std::u16string(text.substr(0, count))});
@@ -62,7 +64,7 @@ void AppendWrapped(Font& font, std::u16string_view text, int width, std::vector<
     }
 }
 
-std::vector<PlacedLine> SplitLines(Font& font, std::u16string_view text, int width, bool wraps) {
+std::vector<PlacedLine> SplitLines(ITextFace& font, std::u16string_view text, int width, bool wraps) {
     std::vector<PlacedLine> lines;
     while (true) {
         const std::size_t end = text.find(u'\n');
@@ -84,7 +86,7 @@ std::vector<PlacedLine> SplitLines(Font& font, std::u16string_view text, int wid
 
 } // namespace
 
-std::vector<PlacedLine> PlaceText(Font& font, std::u16string_view text, const Rect& area, std::uint32_t format) {
+std::vector<PlacedLine> PlaceText(ITextFace& font, std::u16string_view text, const Rect& area, std::uint32_t format) {
     PlacedLine whole;
     if ((format & DT_NOPREFIX) != 0 || text.find(u'&') == std::u16string_view::npos) {
         whole.Text = text;
@@ -120,4 +122,4 @@ std::vector<PlacedLine> PlaceText(Font& font, std::u16string_view text, const Re
     return lines;
 }
 
-} // namespace tavo::qt
+} // namespace tavo::shell

@@ -1,13 +1,14 @@
 // Where the lines of a text go in a rectangle, by the device's DT_ bits. All in logical pixels.
 #pragma once
 
-#include "host/qt/font.h"
-#include "platform/drawing.h"
+#include "host/shell/chrome/text_face.h"
+#include "platform/geometry.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
-namespace tavo::qt {
+namespace tavo::shell {
 
 struct PlacedLine {
     std::u16string Text;
@@ -16,6 +17,6 @@ struct PlacedLine {
     int Underlined = -1; // the character marked by "&", or -1
 };
 
-std::vector<PlacedLine> PlaceText(Font& font, std::u16string_view text, const Rect& area, std::uint32_t format);
+std::vector<PlacedLine> PlaceText(ITextFace& font, std::u16string_view text, const Rect& area, std::uint32_t format);
 
-} // namespace tavo::qt
+} // namespace tavo::shell
