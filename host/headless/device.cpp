@@ -15,6 +15,10 @@ constexpr Point ToScreen(int x, int y) {
     return {x + kClientArea.Left, y + kClientArea.Top};
 }
 
+constexpr Point Middle(const Rect& area) {
+    return {(area.Left + area.Right) / 2, (area.Top + area.Bottom) / 2};
+}
+
 } // namespace
 
 Device::Device(const DeviceOptions& options) : OwnHost(options) {}
@@ -29,29 +33,9 @@ void Device::Expect(bool done, const std::string& problem) {
     }
 }
 
-void Device::Down(Point screen) {
-    TouchedControl = OwnHost.Stylus.Down(screen);
-    PressControl(OwnHost, TouchedControl, screen);
-}
-
-void Device::Move(Point screen) {
-    OwnHost.Stylus.Move(screen);
-    MoveOnControl(OwnHost, TouchedControl, screen);
-}
-
-void Device::Up(Point screen) {
-    OwnHost.Stylus.Up(screen);
-    ReleaseControl(OwnHost, TouchedControl, screen);
-    const WindowHandle control = std::exchange(TouchedControl, WindowHandle::None);
-    if (control != WindowHandle::None && OwnHost.State.TakesInput(control) &&
-        OwnHost.State.Tree.ScreenBounds(control).Contains(screen)) {
-        headless::TapControl(OwnHost, control, screen);
-    }
-}
-
 void Device::TapScreen(Point screen) {
-    Do([this, screen] { Down(screen); });
-    Do([this, screen] { Up(screen); });
+    Do([this, screen] { Touch.Down(screen); });
+    Do([this, screen] { Touch.Up(screen); });
 }
 
 void Device::Tap(int x, int y) {
@@ -59,15 +43,15 @@ void Device::Tap(int x, int y) {
 }
 
 void Device::Press(int x, int y) {
-    Do([this, x, y] { Down(ToScreen(x, y)); });
+    Do([this, x, y] { Touch.Down(ToScreen(x, y)); });
 }
 
 void Device::MoveTo(int x, int y) {
-    Do([this, x, y] { Move(ToScreen(x, y)); });
+    Do([this, x, y] { Touch.Move(ToScreen(x, y)); });
 }
 
 void Device::Release(int x, int y) {
-    Do([this, x, y] { Up(ToScreen(x, y)); });
+    Do([this, x, y] { Touch.Up(ToScreen(x, y)); });
 }
 
 void Device::Wheel(int x, int y, int steps) {
@@ -79,7 +63,8 @@ void Device::TapItem(PaintedRole role, std::u16string name) {
         const std::optional<PaintedItem> item = See.FindItem(role, name);
         Expect(item.has_value(), "nothing painted is called " + locale::ToUtf8(name));
         if (item) {
-            Tap((item->Bounds.Left + item->Bounds.Right) / 2, (item->Bounds.Top + item->Bounds.Bottom) / 2);
+            const Point middle = Middle(item->Bounds);
+            Tap(middle.X, middle.Y);
         }
     });
 }
@@ -123,10 +108,7 @@ void Device::OnControl(int id, const std::string& action, std::function<void(Win
 }
 
 void Device::TapControl(int id) {
-    OnControl(id, "tap", [this](WindowHandle control) {
-        const Rect bounds = OwnHost.State.Tree.ScreenBounds(control);
-        TapScreen({(bounds.Left + bounds.Right) / 2, (bounds.Top + bounds.Bottom) / 2});
-    });
+    OnControl(id, "tap", [this](WindowHandle control) { TapScreen(Middle(OwnHost.State.Tree.ScreenBounds(control))); });
 }
 
 void Device::TypeInto(int id, std::u16string_view text) {
@@ -242,11 +224,11 @@ void Device::AnswerBox(int answer) {
 }
 
 void Device::PressOk() {
-    Do([this] { OwnHost.Navigation.PressOk(); });
+    Do([this] { Touch.Tap(Middle(shell::kOkButton)); });
 }
 
 void Device::PressClose() {
-    Do([this] { OwnHost.Navigation.PressClose(); });
+    Do([this] { Touch.Tap(Middle(shell::kCloseButton)); });
 }
 
 void Device::CloseWindow() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/headless/device_sight.h"
+#include "host/headless/screen_touch.h"
 
 #include <cstdint>
 
@@ -48,8 +49,8 @@ class Device {
     void ChooseTracked(int command); // 0 closes the menu
     void AnswerBox(int answer);
 
-    void PressOk();
-    void PressClose(); // ×
+    void PressOk();    // taps where "ok" is, whether it is there or not
+    void PressClose(); // and where × is
     void CloseWindow();
     void Quit();
     void EndSession(); // as a logout does
@@ -83,12 +84,9 @@ class Device {
     void Expect(bool done, const std::string& problem);
     void OnControl(int id, const std::string& action, std::function<void(WindowHandle)> act);
     int FindMenu(std::u16string_view menu) const;
-    void Down(Point screen);
-    void Move(Point screen);
-    void Up(Point screen);
 
     HeadlessHost OwnHost;
-    WindowHandle TouchedControl = WindowHandle::None;
+    ScreenTouch Touch{OwnHost};
 };
 
 } // namespace tavo::headless

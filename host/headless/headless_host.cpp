@@ -1,7 +1,9 @@
 // Putting the scripted device together.
 #include "host/headless/headless_host.h"
 
+#include "host/headless/chrome_faces.h"
 #include "host/outlook/store.h"
+#include "host/shell/chrome/chrome.h"
 
 namespace tavo::headless {
 
@@ -19,9 +21,15 @@ Status MakeRealStore(const std::filesystem::path& store, ComPtr<IPOutlookApp>& o
 HeadlessHost::HeadlessHost(const DeviceOptions& options)
     : Root(options.Root), Time(options.Now, [this] { OwnQueue.PostQuitMessage(kScriptEnded); }),
       OwnFiles({Root.Path().string(), options.InstalledSounds.string()}),
-      Outlook(options.Outlook ? options.Outlook : MakeRealStore) {
+      Outlook(options.Outlook ? options.Outlook : MakeRealStore), Faces(std::make_unique<ChromeFaces>()),
+      OwnChrome(std::make_unique<shell::Chrome>(State, Stylus, *Faces)) {
     Seen.Watch(State);
-    Seen.SetDestroyed([this](WindowHandle window) { Papers.Drop(window); });
+    Seen.SetChanged([this](shell::Change change, WindowHandle window) {
+        if (change == shell::Change::Destroyed) {
+            Papers.Drop(window);
+        }
+        OwnChrome->Note(change, window);
+    });
     Papers.SetClock(Time.Clock);
     Papers.SetRecovery((Root.Path() / "Recovery").string());
     Time.SetWaited([this] {
@@ -31,6 +39,13 @@ HeadlessHost::HeadlessHost(const DeviceOptions& options)
         Opened.Follow();
         return !State.Posted.IsEmpty();
     });
+}
+
+HeadlessHost::~HeadlessHost() = default;
+
+shell::Chrome& HeadlessHost::Chrome() {
+    (void)OwnChrome->Follow();
+    return *OwnChrome;
 }
 
 Status HeadlessHost::CoInitializeEx() {

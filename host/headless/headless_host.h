@@ -20,7 +20,15 @@
 #include "host/shell/stylus_input.h"
 #include "platform/host.h"
 
+#include <memory>
+
+namespace tavo::shell {
+class Chrome;
+}
+
 namespace tavo::headless {
+
+class ChromeFaces;
 
 // Makes the application object of a store; the path is that of the device's store file.
 using OutlookFactory = std::function<Status(const std::filesystem::path& store, ComPtr<IPOutlookApp>& outlook)>;
@@ -38,6 +46,7 @@ constexpr int kScriptEnded = -32000;
 class HeadlessHost : public IHost {
   public:
     explicit HeadlessHost(const DeviceOptions& options);
+    ~HeadlessHost() override;
 
     IMessageQueue& Queue() override { return OwnQueue; }
 
@@ -93,6 +102,9 @@ class HeadlessHost : public IHost {
     Status ComStatus = Status::Ok; // what CoInitializeEx answers
     int ComUses = 0;               // CoInitializeEx less CoUninitialize
 
+    // The bars and boxes around the program's windows, as they are now.
+    shell::Chrome& Chrome();
+
     bool HasQuit() const { return OwnQueue.HasQuit(); }
 
   private:
@@ -102,6 +114,8 @@ class HeadlessHost : public IHost {
     shell::ShellMenus OwnMenus{State};
     shell::ShellInputPanel Panel{State};
     locale::UsEnglishLocale OwnLocale;
+    std::unique_ptr<ChromeFaces> Faces;
+    std::unique_ptr<shell::Chrome> OwnChrome;
 };
 
 } // namespace tavo::headless

@@ -26,9 +26,9 @@ void Sightings::OnChange(shell::Change change, WindowHandle window) {
         ++BroughtForward;
     } else if (change == Change::Destroyed) {
         Drawing.Forget(window);
-        if (Destroyed) {
-            Destroyed(window);
-        }
+    }
+    if (Changed) {
+        Changed(change, window);
     }
 }
 

@@ -27,8 +27,8 @@ class Sightings : public shell::IShellObserver {
 
     void Watch(shell::Shell& shell) { State = &shell; }
 
-    // Called with every window that goes.
-    void SetDestroyed(std::function<void(WindowHandle)> destroyed) { Destroyed = std::move(destroyed); }
+    // Called with everything that the shell reports.
+    void SetChanged(std::function<void(shell::Change, WindowHandle)> changed) { Changed = std::move(changed); }
 
     void OnChange(shell::Change change, WindowHandle window) override;
 
@@ -43,7 +43,7 @@ class Sightings : public shell::IShellObserver {
   private:
     RecordedDrawing& Drawing;
     shell::Shell* State = nullptr;
-    std::function<void(WindowHandle)> Destroyed;
+    std::function<void(shell::Change, WindowHandle)> Changed;
 };
 
 } // namespace tavo::headless

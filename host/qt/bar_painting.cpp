@@ -3,7 +3,52 @@
 
 #include "host/shell/chrome/text_placement.h"
 
+#include <algorithm>
+
 namespace tavo::qt {
+namespace {
+
+QPointF ToPoint(const shell::Spot& spot) {
+    return {spot.X, spot.Y};
+}
+
+// One piece after the other, by its kind.
+class PiecePainter {
+  public:
+    PiecePainter(QPainter& painter, Device& device) : Painter(painter, device.Geometry), Shared(device) {}
+
+    void operator()(const shell::FillPiece& piece) { Painter.Fill(piece.Area, piece.Ink); }
+
+    void operator()(const shell::RoundedFillPiece& piece) { Painter.RoundedFill(piece.Area, piece.Radius, piece.Ink); }
+
+    void operator()(const shell::FramePiece& piece) { Painter.Frame(piece.Area, piece.Radius, piece.Ink); }
+
+    void operator()(const shell::LinePiece& piece) {
+        Painter.Line(ToPoint(piece.From), ToPoint(piece.To), piece.Width, piece.Ink);
+    }
+
+    void operator()(const shell::PolygonPiece& piece) {
+        QPolygonF corners;
+        for (const shell::Spot& corner : piece.Corners) {
+            corners.append(ToPoint(corner));
+        }
+        Painter.Polygon(corners, piece.Width, piece.Ink);
+    }
+
+    void operator()(const shell::TextPiece& piece) {
+        Painter.Lines(Shared.ChromeFonts.Find(piece.Font), piece.Lines, piece.Area, piece.Ink);
+    }
+
+    void operator()(const shell::PicturePiece& piece) {
+        Painter.Picture(Shared.Pictures, piece.Bitmap, piece.At, piece.Source, piece.Opacity);
+    }
+
+  private:
+    BarPainter Painter;
+    Device& Shared;
+};
+
+} // namespace
 
 QRectF BarPainter::Exact(const Rect& area) const {
     return QRectF(Geometry.RealPixels(area));
@@ -18,18 +63,19 @@ QPointF BarPainter::Exact(QPointF middle) const {
 }
 
 void BarPainter::Text(Font& font, std::u16string_view text, const Rect& area, QRgb color, bool isCentred) {
-    Write(font, text, area, color, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | (isCentred ? DT_CENTER : DT_LEFT));
+    const std::uint32_t format = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | (isCentred ? DT_CENTER : DT_LEFT);
+    Lines(font, PlaceText(font, text, area, format), area, color);
 }
 
 void BarPainter::Paragraph(Font& font, std::u16string_view text, const Rect& area, QRgb color) {
-    Write(font, text, area, color, DT_WORDBREAK | DT_NOPREFIX);
+    Lines(font, PlaceText(font, text, area, DT_WORDBREAK | DT_NOPREFIX), area, color);
 }
 
-void BarPainter::Write(Font& font, std::u16string_view text, const Rect& area, QRgb color, std::uint32_t format) {
+void BarPainter::Lines(Font& font, const std::vector<shell::PlacedLine>& lines, const Rect& area, QRgb color) {
     Target.setPen(QColor::fromRgba(color));
     Target.save();
     Target.setClipRect(Geometry.RealPixels(area), Qt::IntersectClip);
-    for (const shell::PlacedLine& line : PlaceText(font, text, area, format)) {
+    for (const shell::PlacedLine& line : lines) {
         const QPoint start(Geometry.Scale.Edge(line.Left), Geometry.Scale.Edge(line.Baseline));
         font.Draw(Target, font.Shape(line.Text), start + Geometry.Origin, Geometry.Scale);
     }
@@ -81,6 +127,13 @@ void BarPainter::Picture(Pictures& pictures, int bitmap, Point at, const Rect& s
         Target.setOpacity(opacity);
         Target.drawImage(target.topLeft(), picture);
         Target.setOpacity(1.0);
+    }
+}
+
+void PaintPieces(QPainter& painter, Device& device, const shell::Pieces& pieces) {
+    PiecePainter pieceByPiece(painter, device);
+    for (const shell::Piece& piece : pieces) {
+        std::visit(pieceByPiece, piece);
     }
 }
 

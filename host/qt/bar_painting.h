@@ -30,6 +30,8 @@ class BarPainter {
     void Text(Font& font, std::u16string_view text, const Rect& area, QRgb color, bool isCentred);
     // Whole words on as many lines as it takes.
     void Paragraph(Font& font, std::u16string_view text, const Rect& area, QRgb color);
+    // Lines that have their places, cut at the area.
+    void Lines(Font& font, const std::vector<shell::PlacedLine>& lines, const Rect& area, QRgb color);
     // A smooth line between the middles of two logical pixels.
     void Line(QPointF from, QPointF to, double width, QRgb color);
     // Filled, with corners rounded by a line of this width; points are the middles of logical pixels.
@@ -39,12 +41,14 @@ class BarPainter {
     void Picture(Pictures& pictures, int bitmap, Point at, const Rect& source, double opacity);
 
   private:
-    void Write(Font& font, std::u16string_view text, const Rect& area, QRgb color, std::uint32_t format);
     QPointF Exact(QPointF middle) const;
     QRectF Exact(const Rect& area) const;
 
     QPainter& Target;
     const ScreenGeometry& Geometry;
 };
+
+// Pieces of the device's chrome, one after the other.
+void PaintPieces(QPainter& painter, Device& device, const shell::Pieces& pieces);
 
 } // namespace tavo::qt

@@ -1,9 +1,9 @@
 // Layout, scale changes and the window's own buttons.
 #include "host/qt/desktop_window.h"
 
+#include "host/qt/chrome_widget.h"
 #include "host/qt/keyboard.h"
 #include "host/qt/menu_strip.h"
-#include "host/qt/navigation_bar.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -49,7 +49,9 @@ DesktopSize ChooseDesktopSize(const QByteArray& wishedScale, QSize remembered, Q
 }
 
 DesktopWindow::DesktopWindow(Device& device)
-    : Shared(device), OwnNavigation(new NavigationBar(device, this)), OwnMenus(new MenuStrip(device, this)) {
+    : Shared(device), OwnNavigation(new ChromeWidget(device, device.Chrome.Navigation, this)),
+      OwnMenus(new MenuStrip(device, this)) {
+    OwnNavigation->setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
     setFocusPolicy(Qt::StrongFocus);

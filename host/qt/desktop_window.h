@@ -10,9 +10,9 @@
 
 namespace tavo::qt {
 
+class ChromeWidget;
 class Keyboard;
 class MenuStrip;
-class NavigationBar;
 
 struct DesktopSize {
     QSize Size;           // in the toolkit's pixels
@@ -24,7 +24,7 @@ class DesktopWindow final : public QWidget {
     explicit DesktopWindow(Device& device);
     ~DesktopWindow() override;
 
-    NavigationBar& Navigation() { return *OwnNavigation; }
+    ChromeWidget& Navigation() { return *OwnNavigation; }
 
     MenuStrip& Menus() { return *OwnMenus; }
 
@@ -59,7 +59,7 @@ class DesktopWindow final : public QWidget {
     void TakePaintScale();
 
     Device& Shared;
-    NavigationBar* OwnNavigation; // children of this widget
+    ChromeWidget* OwnNavigation; // children of this widget
     MenuStrip* OwnMenus;
     Keyboard* Keys = nullptr;
     std::function<void()> LayoutWatch;

@@ -6,7 +6,6 @@
 #include "host/qt/frame_trace.h"
 #include "host/qt/ink_clipboard.h"
 #include "host/qt/menu_strip.h"
-#include "host/qt/navigation_bar.h"
 #include "host/qt/remembered_size.h"
 
 #include <QAbstractEventDispatcher>
@@ -91,8 +90,7 @@ void QtHost::FollowLayout() {
 
 void QtHost::UpdateWidgets() {
     OwnViews.Update();
-    if (std::exchange(BarsChanged, false)) {
-        OwnDesktop.Navigation().Refresh();
+    if (Shared.Chrome.Follow()) {
         OwnDesktop.Menus().Refresh();
         OwnBox->raise();
     }
@@ -125,6 +123,7 @@ void QtHost::PrepareWait(bool waits) {
 }
 
 void QtHost::OnChange(shell::Change change, WindowHandle window) {
+    Shared.Chrome.Note(change, window);
     switch (change) {
     case shell::Change::MenuBar:
     case shell::Change::BarMenuOpened:
@@ -168,12 +167,10 @@ void QtHost::TakeWindowChange(shell::Change change, WindowHandle window) {
     case shell::Change::Top:
         OwnViews.NotePlaces();
         FrameChanged = FrameChanged || isFrame;
-        BarsChanged = true;
         break;
     case shell::Change::Text:
         OwnViews.NoteState(window);
         FrameChanged = FrameChanged || isFrame;
-        BarsChanged = BarsChanged || window == Shared.State.Tree.Top();
         break;
     case shell::Change::TextSelection:
     case shell::Change::Content:
@@ -210,8 +207,7 @@ void QtHost::TakeMenuChange(shell::Change change) {
         OwnBox->Follow();
         OwnViews.NoteFocus();
         break;
-    default:
-        BarsChanged = true;
+    default: // a bar takes its contents before the next wait
         break;
     }
 }

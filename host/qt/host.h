@@ -137,7 +137,6 @@ class QtHost final : public IHost, private shell::IShellObserver {
                                                       Activation::Moment moment) { TakeRequest(request, moment); }};
     bool IsOnShow = false; // the window was shown once
     bool FrameChanged = false;
-    bool BarsChanged = true;
     bool CursorIsWaiting = false;
 };
 

@@ -9,6 +9,30 @@ namespace tavo::shell {
 constexpr Rect kCloseButton{214, 0, 240, 26};
 constexpr Rect kOkButton{184, 0, 214, 26};
 
+enum class NavigationButton { None, Ok, Close };
+
+// Nothing for None.
+constexpr Rect PlaceOf(NavigationButton button) {
+    return button == NavigationButton::Ok ? kOkButton : button == NavigationButton::Close ? kCloseButton : Rect{};
+}
+
+// Whether a window with these buttons has that one.
+constexpr bool HasNavigationButton(NavigationButtons buttons, NavigationButton button) {
+    return button == NavigationButton::Close
+               ? buttons != NavigationButtons::None
+               : button == NavigationButton::Ok && buttons == NavigationButtons::OkAndClose;
+}
+
+// The button of such a window that lies there, or None.
+constexpr NavigationButton NavigationButtonAt(NavigationButtons buttons, Point screen) {
+    for (const NavigationButton button : {NavigationButton::Ok, NavigationButton::Close}) {
+        if (HasNavigationButton(buttons, button) && PlaceOf(button).Contains(screen)) {
+            return button;
+        }
+    }
+    return NavigationButton::None;
+}
+
 class NavigationInput {
   public:
     explicit NavigationInput(Shell& shell) : State(shell) {}

@@ -9,7 +9,7 @@ namespace tavo::shell {
 
 WindowHandle StylusInput::Down(Point screen) {
     Captured = WindowHandle::None;
-    Pressed = BarButton::None;
+    Pressed = NavigationButton::None;
     const WindowHandle hit = State.Tree.HitTest(screen);
     if (hit != State.Focus) {
         FinishPicker(State);
@@ -23,7 +23,7 @@ WindowHandle StylusInput::Down(Point screen) {
         return WindowHandle::None;
     }
     Pressed = BarButtonAt(screen);
-    if (Pressed != BarButton::None || !State.TakesInput(hit)) {
+    if (Pressed != NavigationButton::None || !State.TakesInput(hit)) {
         return WindowHandle::None;
     }
     if (State.Tree.FindControl(hit) != nullptr) {
@@ -45,11 +45,11 @@ void StylusInput::Up(Point screen) {
         Send(WM_LBUTTONUP, screen, MessageOrigin::PersonEnding);
         Captured = WindowHandle::None;
     }
-    const BarButton pressed = std::exchange(Pressed, BarButton::None);
-    if (pressed == BarButton::None || BarButtonAt(screen) != pressed) {
+    const NavigationButton pressed = std::exchange(Pressed, NavigationButton::None);
+    if (pressed == NavigationButton::None || BarButtonAt(screen) != pressed) {
         return;
     }
-    if (pressed == BarButton::Ok) {
+    if (pressed == NavigationButton::Ok) {
         Navigation.PressOk();
     } else {
         Navigation.PressClose();
@@ -58,7 +58,7 @@ void StylusInput::Up(Point screen) {
 
 void StylusInput::Cancel() {
     Captured = WindowHandle::None;
-    Pressed = BarButton::None;
+    Pressed = NavigationButton::None;
 }
 
 void StylusInput::Wheel(Point screen, int steps) {
@@ -74,18 +74,12 @@ void StylusInput::Wheel(Point screen, int steps) {
     State.Post(message, MessageOrigin::Person);
 }
 
-StylusInput::BarButton StylusInput::BarButtonAt(Point screen) const {
+NavigationButton StylusInput::BarButtonAt(Point screen) const {
     const WindowRecord* top = State.Tree.Find(State.Tree.Top());
     if (top == nullptr || !State.TakesInput(top->Handle)) {
-        return BarButton::None;
+        return NavigationButton::None;
     }
-    if (top->Buttons != NavigationButtons::None && kCloseButton.Contains(screen)) {
-        return BarButton::Close;
-    }
-    if (top->Buttons == NavigationButtons::OkAndClose && kOkButton.Contains(screen)) {
-        return BarButton::Ok;
-    }
-    return BarButton::None;
+    return NavigationButtonAt(top->Buttons, screen);
 }
 
 void StylusInput::Send(MessageNumber number, Point screen, MessageOrigin origin) {

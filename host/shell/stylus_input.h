@@ -20,15 +20,13 @@ class StylusInput {
     void Wheel(Point screen, int steps);
 
   private:
-    enum class BarButton { None, Ok, Close };
-
-    BarButton BarButtonAt(Point screen) const;
+    NavigationButton BarButtonAt(Point screen) const;
     void Send(MessageNumber number, Point screen, MessageOrigin origin);
 
     Shell& State;
     NavigationInput& Navigation;
     WindowHandle Captured = WindowHandle::None;
-    BarButton Pressed = BarButton::None;
+    NavigationButton Pressed = NavigationButton::None;
 };
 
 } // namespace tavo::shell

@@ -4,8 +4,6 @@
 #include "host/shell/picker_input.h"
 #include "tests/conformance/device_driver.h"
 
-#include <utility>
-
 namespace tavo::conformance {
 
 namespace {
@@ -16,23 +14,11 @@ class HeadlessDriver : public IDeviceDriver {
 
     void Do(std::function<void()> step) override { Device.Do(std::move(step)); }
 
-    void PressStylus(Point screen) override {
-        Touched = Real().Stylus.Down(screen);
-        headless::PressControl(Real(), Touched, screen);
-    }
+    void PressStylus(Point screen) override { Touch.Down(screen); }
 
-    void MoveStylus(Point screen) override {
-        Real().Stylus.Move(screen);
-        headless::MoveOnControl(Real(), Touched, screen);
-    }
+    void MoveStylus(Point screen) override { Touch.Move(screen); }
 
-    void ReleaseStylus(Point screen) override {
-        Real().Stylus.Up(screen);
-        headless::ReleaseControl(Real(), Touched, screen);
-        if (const WindowHandle control = std::exchange(Touched, WindowHandle::None); control != WindowHandle::None) {
-            headless::TapControl(Real(), control, screen);
-        }
-    }
+    void ReleaseStylus(Point screen) override { Touch.Up(screen); }
 
     void PressKey(int key, int modifiers) override {
         if (const WindowHandle control = Real().Keys.Down(key, modifiers); control != WindowHandle::None) {
@@ -125,7 +111,7 @@ class HeadlessDriver : public IDeviceDriver {
     headless::HeadlessHost& Real() { return Device.Host(); }
 
     headless::Device Device;
-    WindowHandle Touched = WindowHandle::None;
+    headless::ScreenTouch Touch{Device.Host()};
 };
 
 } // namespace

@@ -1,5 +1,5 @@
 // What assistive technology is told about the painted screen.
-#include "host/qt/navigation_bar.h"
+#include "host/qt/chrome_widget.h"
 #include "tests/qt/desktop_test.h"
 
 #include <QAccessible>

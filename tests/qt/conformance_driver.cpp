@@ -1,7 +1,7 @@
 // The conformance suite's hands and eyes on the desktop: events of the window system in, widgets out.
+#include "host/qt/chrome_widget.h"
 #include "host/qt/controls/month_popup.h"
 #include "host/qt/menu_strip.h"
-#include "host/qt/navigation_bar.h"
 #include "tests/conformance/device_driver.h"
 #include "tests/qt/event_script.h"
 #include "tests/qt/hands.h"

@@ -4,8 +4,8 @@
 #include "host/outlook/import_writer.h"
 #include "host/outlook/store.h"
 #include "host/posix/file_source.h"
+#include "host/qt/chrome_widget.h"
 #include "host/qt/menu_strip.h"
-#include "host/qt/navigation_bar.h"
 #include "tests/qt/hands.h"
 #include "tests/support/store_of.h"
 

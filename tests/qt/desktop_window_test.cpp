@@ -1,6 +1,6 @@
 // The desktop window: sizes, scales, closing, minimising.
+#include "host/qt/chrome_widget.h"
 #include "host/qt/menu_strip.h"
-#include "host/qt/navigation_bar.h"
 #include "tests/qt/desktop_test.h"
 #include "tests/qt/hands.h"
 

@@ -15,6 +15,7 @@ struct PlacedLine {
     int Left = 0;
     int Baseline = 0;
     int Underlined = -1; // the character marked by "&", or -1
+    friend bool operator==(const PlacedLine&, const PlacedLine&) = default;
 };
 
 std::vector<PlacedLine> PlaceText(ITextFace& font, std::u16string_view text, const Rect& area, std::uint32_t format);
