@@ -3,6 +3,7 @@
 
 #include "host/headless/control_touch.h"
 #include "host/locale/utf.h"
+#include "host/shell/chrome/chrome.h"
 
 #include <algorithm>
 #include <utility>
@@ -17,6 +18,19 @@ constexpr Point ToScreen(int x, int y) {
 
 constexpr Point Middle(const Rect& area) {
     return {(area.Left + area.Right) / 2, (area.Top + area.Bottom) / 2};
+}
+
+// Taps something in the menu strip. False when that does nothing: there is no such thing (then its place is the whole
+// strip), it takes no input, or something lies over it.
+bool TapStrip(HeadlessHost& host, ScreenTouch& touch, const Rect& place) {
+    shell::Chrome& chrome = host.Chrome();
+    const Point middle = Middle(place);
+    if (place == kMenuBar || chrome.PartAt(middle) != &chrome.Menus || !chrome.Menus.CanPress(middle) ||
+        host.State.Menus.Tracked.has_value()) {
+        return false;
+    }
+    touch.Tap(middle);
+    return true;
 }
 
 } // namespace
@@ -191,7 +205,9 @@ int Device::FindMenu(std::u16string_view menu) const {
 
 void Device::OpenMenu(std::u16string menu) {
     Do([this, menu = std::move(menu)] {
-        Expect(OwnHost.Navigation.OpenBarMenu(FindMenu(menu)), "no menu " + locale::ToUtf8(menu) + " can be opened");
+        const shell::MenuStrip& strip = OwnHost.Chrome().Menus;
+        Expect(TapStrip(OwnHost, Touch, strip.MenuPlace(FindMenu(menu))),
+               "no menu " + locale::ToUtf8(menu) + " can be opened");
     });
 }
 
@@ -206,7 +222,9 @@ void Device::ChooseMenu(std::u16string menu, int command) {
 
 void Device::PressBarButton(int command) {
     Do([this, command] {
-        Expect(OwnHost.Navigation.ChooseCommand(command), "button " + std::to_string(command) + " cannot be pressed");
+        const shell::MenuStrip& strip = OwnHost.Chrome().Menus;
+        Expect(TapStrip(OwnHost, Touch, strip.ButtonPlace(command)),
+               "button " + std::to_string(command) + " cannot be pressed");
     });
 }
 
@@ -219,7 +237,11 @@ void Device::ChooseTracked(int command) {
 
 void Device::AnswerBox(int answer) {
     Do([this, answer] {
-        Expect(OwnHost.Navigation.AnswerBox(answer), "no message box takes the answer " + std::to_string(answer));
+        const Rect button = OwnHost.Chrome().Box.ButtonPlace(answer);
+        Expect(!button.IsEmpty(), "no message box takes the answer " + std::to_string(answer));
+        if (!button.IsEmpty()) {
+            Touch.Tap(Middle(button));
+        }
     });
 }
 

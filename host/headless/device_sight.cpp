@@ -1,13 +1,14 @@
 // Finding things on the device's screen.
 #include "host/headless/device_sight.h"
 
+#include "host/shell/chrome/chrome.h"
+
 #include <algorithm>
 
 namespace tavo::headless {
 
 std::u16string DeviceSight::Caption() const {
-    const shell::WindowRecord* top = Host.State.Tree.Find(Top());
-    return top == nullptr ? std::u16string() : top->Text;
+    return Host.Chrome().Navigation.Title();
 }
 
 bool DeviceSight::IsDialogOpen() const {

@@ -22,7 +22,7 @@ HeadlessHost::HeadlessHost(const DeviceOptions& options)
     : Root(options.Root), Time(options.Now, [this] { OwnQueue.PostQuitMessage(kScriptEnded); }),
       OwnFiles({Root.Path().string(), options.InstalledSounds.string()}),
       Outlook(options.Outlook ? options.Outlook : MakeRealStore), Faces(std::make_unique<ChromeFaces>()),
-      OwnChrome(std::make_unique<shell::Chrome>(State, Stylus, *Faces)) {
+      OwnChrome(std::make_unique<shell::Chrome>(State, Navigation, Stylus, *Faces)) {
     Seen.Watch(State);
     Seen.SetChanged([this](shell::Change change, WindowHandle window) {
         if (change == shell::Change::Destroyed) {

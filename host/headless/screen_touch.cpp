@@ -8,8 +8,22 @@
 
 namespace tavo::headless {
 
+namespace {
+
+// An open list or menu goes away with a tap beside it, which does nothing else; but from one menu of the bar the stylus
+// goes to the next.
+bool ClosesSomething(HeadlessHost& host, Point screen) {
+    shell::Chrome& chrome = host.Chrome();
+    if (host.State.Menus.BarMenu.has_value()) {
+        return chrome.PartAt(screen) != &chrome.Menus || !chrome.Menus.CanPress(screen);
+    }
+    return host.State.Menus.Tracked.has_value() || host.State.OpenList != WindowHandle::None;
+}
+
+} // namespace
+
 void ScreenTouch::Down(Point screen) {
-    Part = Host.Chrome().PartAt(screen);
+    Part = ClosesSomething(Host, screen) ? nullptr : Host.Chrome().PartAt(screen);
     if (Part != nullptr) {
         Part->Down(screen);
         return;

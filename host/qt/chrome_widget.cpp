@@ -1,7 +1,7 @@
 // Painting, tool tips and what assistive technology is told.
 #include "host/qt/chrome_widget.h"
 
-#include "host/qt/bar_painting.h"
+#include "host/qt/piece_painting.h"
 
 #include <QAccessible>
 #include <QHelpEvent>
@@ -11,14 +11,14 @@ namespace tavo::qt {
 
 ChromeWidget::ChromeWidget(Device& device, shell::ChromePart& part, QWidget* parent)
     : DeviceWidget(device, parent), Part(part) {
-    Part.SetWatch([this](shell::PartChange change) { Follow(change); });
+    Part.SetWatch([this](shell::PartChange change) { TakeChange(change); });
 }
 
 ChromeWidget::~ChromeWidget() {
     Part.SetWatch({});
 }
 
-void ChromeWidget::Follow(shell::PartChange change) {
+void ChromeWidget::TakeChange(shell::PartChange change) {
     if (change == shell::PartChange::Items && QAccessible::isActive()) {
         QAccessibleEvent changed(this, QAccessible::ObjectReorder);
         QAccessible::updateAccessibility(&changed);

@@ -28,7 +28,7 @@ class ChromeWidget : public DeviceWidget {
     bool event(QEvent* event) override;
 
   private:
-    void Follow(shell::PartChange change);
+    void TakeChange(shell::PartChange change);
 
     shell::ChromePart& Part;
 };

@@ -3,7 +3,6 @@
 
 #include "host/qt/chrome_widget.h"
 #include "host/qt/keyboard.h"
-#include "host/qt/menu_strip.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -50,8 +49,9 @@ DesktopSize ChooseDesktopSize(const QByteArray& wishedScale, QSize remembered, Q
 
 DesktopWindow::DesktopWindow(Device& device)
     : Shared(device), OwnNavigation(new ChromeWidget(device, device.Chrome.Navigation, this)),
-      OwnMenus(new MenuStrip(device, this)) {
+      OwnMenus(new ChromeWidget(device, device.Chrome.Menus, this)) {
     OwnNavigation->setAttribute(Qt::WA_OpaquePaintEvent);
+    OwnMenus->setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
     setFocusPolicy(Qt::StrongFocus);

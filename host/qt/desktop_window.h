@@ -12,7 +12,6 @@ namespace tavo::qt {
 
 class ChromeWidget;
 class Keyboard;
-class MenuStrip;
 
 struct DesktopSize {
     QSize Size;           // in the toolkit's pixels
@@ -26,7 +25,7 @@ class DesktopWindow final : public QWidget {
 
     ChromeWidget& Navigation() { return *OwnNavigation; }
 
-    MenuStrip& Menus() { return *OwnMenus; }
+    ChromeWidget& Menus() { return *OwnMenus; }
 
     void SetKeyboard(Keyboard& keyboard) { Keys = &keyboard; }
 
@@ -60,7 +59,7 @@ class DesktopWindow final : public QWidget {
 
     Device& Shared;
     ChromeWidget* OwnNavigation; // children of this widget
-    MenuStrip* OwnMenus;
+    ChromeWidget* OwnMenus;
     Keyboard* Keys = nullptr;
     std::function<void()> LayoutWatch;
     QTimer Rest; // runs while the scale changes

@@ -27,7 +27,7 @@ struct Device {
     shell::ItemRequest Items{State};
     qt::Fonts Fonts;
     qt::ChromeFonts ChromeFonts;
-    shell::Chrome Chrome{State, Stylus, ChromeFonts};
+    shell::Chrome Chrome{State, Navigation, Stylus, ChromeFonts};
     qt::Pictures Pictures;
     ink::InkDesk Ink{State};
     ScreenGeometry Geometry; // of what is seen

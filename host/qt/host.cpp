@@ -5,7 +5,6 @@
 #include "host/qt/font_preparation.h"
 #include "host/qt/frame_trace.h"
 #include "host/qt/ink_clipboard.h"
-#include "host/qt/menu_strip.h"
 #include "host/qt/remembered_size.h"
 
 #include <QAbstractEventDispatcher>
@@ -52,7 +51,7 @@ QtHost::QtHost(HostOptions options)
     OwnViews.SetFrameWatch(MakeFrameTrace(std::getenv("TAVO_TRACE_FRAMES")));
     OwnDesktop.SetKeyboard(OwnViews.Keys());
     OwnDesktop.SetLayoutWatch([this] { FollowLayout(); });
-    OwnDesktop.Menus().SetPanelButton([this] {
+    Shared.Chrome.Menus.SetPanelButton([this] {
         SipInfo info = OwnPanel.SipGetInfo();
         info.Shown = !info.Shown;
         OwnPanel.SipSetInfo(info);
@@ -91,7 +90,6 @@ void QtHost::FollowLayout() {
 void QtHost::UpdateWidgets() {
     OwnViews.Update();
     if (Shared.Chrome.Follow()) {
-        OwnDesktop.Menus().Refresh();
         OwnBox->raise();
     }
 }
@@ -215,7 +213,7 @@ void QtHost::TakeMenuChange(shell::Change change) {
 void QtHost::FollowPanel() {
     const bool isWanted = HasTouchScreen();
     const bool isShown = OwnPanel.SipGetInfo().Shown;
-    OwnDesktop.Menus().SetPanelState(isWanted, isShown);
+    Shared.Chrome.Menus.SetPanelState(isWanted, isShown);
     if (isWanted) {
         QGuiApplication::inputMethod()->setVisible(isShown);
     }

@@ -9,7 +9,13 @@
 namespace tavo::qt {
 namespace {
 
-// The device's key, or 0 for keys that it knows only by their character.
+bool IsPrintable(const QKeyEvent& event) {
+    const QList<uint> points = event.text().toUcs4(); // an emoji is one of them, though two units
+    return !points.isEmpty() && QChar::isPrint(points.front());
+}
+
+} // namespace
+
 int ToDeviceKey(int key) {
     if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9)) {
         return key;
@@ -60,13 +66,6 @@ int ToModifiers(Qt::KeyboardModifiers modifiers) {
            (modifiers.testFlag(Qt::ControlModifier) ? kModifierControl : 0) |
            (modifiers.testFlag(Qt::AltModifier) ? kModifierAlt : 0);
 }
-
-bool IsPrintable(const QKeyEvent& event) {
-    const QList<uint> points = event.text().toUcs4(); // an emoji is one of them, though two units
-    return !points.isEmpty() && QChar::isPrint(points.front());
-}
-
-} // namespace
 
 bool Keyboard::TakeBarKey(const QKeyEvent& event) {
     AltAlone = event.key() == Qt::Key_Alt;

@@ -10,6 +10,10 @@
 
 namespace tavo::qt {
 
+// The device's key, or 0 for keys that it knows only by their character.
+int ToDeviceKey(int key);
+int ToModifiers(Qt::KeyboardModifiers modifiers);
+
 class Keyboard {
   public:
     // Gives the widget of a control, with the focus on it, or null.

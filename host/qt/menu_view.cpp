@@ -2,9 +2,9 @@
 #include "host/qt/menu_view.h"
 
 #include "host/qt/call_later.h"
+#include "host/qt/chrome_widget.h"
 #include "host/qt/control_style.h"
 #include "host/qt/menu_fitting.h"
-#include "host/qt/menu_strip.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -90,7 +90,7 @@ void MenuView::OpenBarMenu() {
         return;
     }
     QMenu* menu = Build(bar->Menus[static_cast<std::size_t>(open->Index)].Children, &Desktop);
-    const QRect title = Shared.Geometry.ToolkitPixels(Desktop.Menus().MenuPlace(open->Index));
+    const QRect title = Shared.Geometry.ToolkitPixels(Shared.Chrome.Menus.MenuPlace(open->Index));
     const QPoint top = Desktop.mapToGlobal(title.topLeft());
     Open(menu, {top.x(), top.y() - menu->sizeHint().height()});
     Desktop.Menus().update();

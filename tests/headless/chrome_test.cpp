@@ -57,6 +57,48 @@ TEST_F(HeadlessChromeTest, PressingCloseTapsTheCrossSoABoxKeepsItAway) {
     EXPECT_EQ(Page.Count(WM_CLOSE), 0);
 }
 
+TEST_F(HeadlessChromeTest, TheMenuStripOpensAMenuWhereItsTitleIs) {
+    MenuItem entry;
+    entry.Id = 33001;
+    entry.Text = u"New";
+    MenuItem menu;
+    menu.Text = u"Tools";
+    menu.IsPopup = true;
+    menu.Children = {entry};
+    Own.Host().Menus().SHCreateMenuBar(Page.Handle(), {menu});
+    EXPECT_EQ(Names(Chrome().Menus), std::vector<std::u16string>{u"Tools"});
+    Own.TapScreen({Chrome().Menus.MenuPlace(0).Right - 1, 300});
+    Own.Do([&] { EXPECT_TRUE(Own.Host().State.Menus.BarMenu.has_value()); });
+    Own.TapScreen({120, 100}); // beside it
+    Own.Do([&] { EXPECT_FALSE(Own.Host().State.Menus.IsMenuOpen()); });
+    Own.TapScreen({Chrome().Menus.MenuPlace(0).Right, 300}); // beside its title
+    Own.Do([&] { EXPECT_FALSE(Own.Host().State.Menus.IsMenuOpen()); });
+    ASSERT_TRUE(Own.Finish(Pump));
+    EXPECT_EQ(Page.Count(WM_INITMENUPOPUP), 1);
+    EXPECT_EQ(Page.Count(WM_LBUTTONDOWN), 0);
+}
+
+TEST_F(HeadlessChromeTest, ABoxIsAnsweredWhereItsButtonsAreAndCoversTheRest) {
+    int answer = 0;
+    Page.Hook = [&](const Message& message) {
+        if (message.Number == WM_LBUTTONDOWN) {
+            answer = Pump.ShowMessageBox(Page.Handle(), {u"Delete?", u"", MessageBoxButtons::YesNo, {}});
+        }
+    };
+    Own.Tap(2, 70);
+    Own.TapScreen({120, 300}); // the strip beneath
+    Own.Tap(2, 70);
+    Own.Do([&] {
+        EXPECT_TRUE(Chrome().Box.IsOpen());
+        EXPECT_EQ(Names(Chrome().Box), (std::vector<std::u16string>{u"Tavo Calendar", u"Delete?", u"Yes", u"No"}));
+        const Rect no = Chrome().Box.ButtonPlace(IDNO);
+        Own.TapScreen({no.Right - 1, no.Bottom - 1});
+    });
+    ASSERT_TRUE(Own.Finish(Pump));
+    EXPECT_EQ(answer, IDNO);
+    EXPECT_EQ(Page.Count(WM_LBUTTONDOWN), 1);
+}
+
 } // namespace
 
 } // namespace tavo::headless

@@ -1,7 +1,6 @@
 // The conformance suite's hands and eyes on the desktop: events of the window system in, widgets out.
 #include "host/qt/chrome_widget.h"
 #include "host/qt/controls/month_popup.h"
-#include "host/qt/menu_strip.h"
 #include "tests/conformance/device_driver.h"
 #include "tests/qt/event_script.h"
 #include "tests/qt/hands.h"
@@ -124,7 +123,7 @@ class QtDriver final : public IDeviceDriver {
     }
 
     void OpenBarMenu(int index) override {
-        const auto& menus = Real.Desktop().Menus();
+        const shell::MenuStrip& menus = Real.Parts().Chrome.Menus;
         if (const Rect place = menus.MenuPlace(index); place != kMenuBar) {
             qt::TapMiddle(Real, place);
         }
@@ -135,7 +134,7 @@ class QtDriver final : public IDeviceDriver {
             Trigger(menu, command);
             return;
         }
-        const qt::MenuStrip& strip = Real.Desktop().Menus();
+        const shell::MenuStrip& strip = Real.Parts().Chrome.Menus;
         for (const PaintedItem& item : strip.Items()) {
             if (item.Id == command) {
                 const Rect& bounds = item.Bounds;

@@ -5,7 +5,6 @@
 #include "host/outlook/store.h"
 #include "host/posix/file_source.h"
 #include "host/qt/chrome_widget.h"
-#include "host/qt/menu_strip.h"
 #include "tests/qt/hands.h"
 #include "tests/support/store_of.h"
 
@@ -111,7 +110,7 @@ void DesktopProgram::Choose(int id, int index) {
 }
 
 void DesktopProgram::ChooseMenu(int index, int command) {
-    Do([this, index] { TapMiddle(Host, Host.Desktop().Menus().MenuPlace(index)); });
+    Do([this, index] { TapMiddle(Host, Host.Parts().Chrome.Menus.MenuPlace(index)); });
     ChooseTracked(command);
 }
 

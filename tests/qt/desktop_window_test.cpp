@@ -1,6 +1,5 @@
 // The desktop window: sizes, scales, closing, minimising.
 #include "host/qt/chrome_widget.h"
-#include "host/qt/menu_strip.h"
 #include "tests/qt/desktop_test.h"
 #include "tests/qt/hands.h"
 

@@ -15,6 +15,10 @@ void Chrome::Note(Change change, WindowHandle window) {
     case Change::MenuBar:
         BarsChanged = true;
         break;
+    case Change::BoxOpened:
+    case Change::BoxClosed:
+        Box.Refresh();
+        break;
     case Change::Text:
         BarsChanged = BarsChanged || window == State.Tree.Top();
         break;
@@ -28,11 +32,20 @@ bool Chrome::Follow() {
         return false;
     }
     Navigation.Refresh();
+    Menus.Refresh();
     return true;
 }
 
 ChromePart* Chrome::PartAt(Point screen) {
-    return Navigation.Bounds().Contains(screen) ? &Navigation : nullptr;
+    if (Box.IsOpen()) {
+        return &Box;
+    }
+    for (ChromePart* part : {static_cast<ChromePart*>(&Navigation), static_cast<ChromePart*>(&Menus)}) {
+        if (part->Bounds().Contains(screen)) {
+            return part;
+        }
+    }
+    return nullptr;
 }
 
 } // namespace tavo::shell

@@ -86,6 +86,10 @@ std::vector<PlacedLine> SplitLines(ITextFace& font, std::u16string_view text, in
 
 } // namespace
 
+std::u16string TakeMarksOut(std::u16string_view text) {
+    return TakePrefixOut(text).Text;
+}
+
 std::vector<PlacedLine> PlaceText(ITextFace& font, std::u16string_view text, const Rect& area, std::uint32_t format) {
     PlacedLine whole;
     if ((format & DT_NOPREFIX) != 0 || text.find(u'&') == std::u16string_view::npos) {

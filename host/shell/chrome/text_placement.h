@@ -18,6 +18,9 @@ struct PlacedLine {
     friend bool operator==(const PlacedLine&, const PlacedLine&) = default;
 };
 
+// "Open" for "&Open".
+std::u16string TakeMarksOut(std::u16string_view text);
+
 std::vector<PlacedLine> PlaceText(ITextFace& font, std::u16string_view text, const Rect& area, std::uint32_t format);
 
 } // namespace tavo::shell
