@@ -233,7 +233,7 @@ TEST_F(FileImport, WaitsWhileADialogIsOpen) {
         EXPECT_TRUE(Program.Device.See.IsDialogOpen());
         EXPECT_THAT(Boxes(), IsEmpty());
     });
-    Program.Device.PressClose();
+    Program.Device.CloseWindow();
     Program.Device.AnswerBox(IDYES);
     Program.Device.AnswerBox(IDOK);
     ASSERT_TRUE(Program.Settle());

@@ -168,7 +168,7 @@ TEST_F(Wizard, CancelCloseAndEscapeWriteNothing) {
     Desk.TapButton(IDCANCEL);
     expectUntouched();
     change();
-    Desk.Device.PressClose();
+    Desk.Device.CloseWindow();
     expectUntouched();
     change();
     Desk.Device.Key(VK_ESCAPE);
