@@ -94,8 +94,8 @@ TEST_F(Ideographs, AreAsWideAsTheToolkitLaysThemOutInALongText) {
 
 // Some fonts have the common ideographs and none of the rare ones, which come first here.
 TEST_F(Ideographs, ThatNoFontHasAreAsWideAsTheToolkitsSignForThem) {
-    const QFont toolkit = ToolkitFont(17);
-    Font font({u"Arial", -17, 0, 400});
+    const QFont toolkit = ToolkitFont(25);
+    Font font({u"Arial", -25, 0, 400});
     const std::u16string text = DifferentIdeographs(150, 0x3400) + DifferentIdeographs(150) +
                                 DifferentIdeographs(150, 0xAC00) + DifferentIdeographs(20, 0x3500);
     const std::vector<double>& ends = font.Ends(text);
