@@ -25,7 +25,7 @@ constexpr std::u16string_view kMonthRestriction = u"[Start] >= %s and [Start] <=
 
 CCalendarPage::CCalendarPage(CMessagePump& pump, CProgramState& state, IMainView& view)
     : CItemPage(pump, state, view, kCalendarPageTemplate, kMenuPage),
-      TodayButton(kBitmapToday, kTodayButton, kTodayHit), DayList(pump, state) {}
+      TodayButton(kBitmapToday, kTodayButton, kTodayHit, TodayPressed, TodayTracking), DayList(pump, state) {}
 
 const MessageMap& CCalendarPage::Messages() {
     static constexpr MessageEntry entries[] = {

@@ -109,6 +109,8 @@ class CCalendarPage : public CItemPage, private IDayListOwner {
     bool FullPaint = true;
     bool SelectionChanged = true;
     bool MonthChanged = true;
+    bool TodayPressed = false;
+    bool TodayTracking = false;
     DrawnButton TodayButton;
     bool IsAnalog = true; // the clock's face; kept though the month does not show it
     bool DayListShown = false;

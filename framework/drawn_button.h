@@ -10,13 +10,15 @@ namespace tavo {
 class DrawnButton {
   public:
     // Drawn at `place` from a bitmap whose two cells stand side by side, the pressed one on the right; the stylus means
-    // it within `hit`.
-    constexpr DrawnButton(int bitmap, const Rect& place, const Rect& hit) : Bitmap(bitmap), OwnPlace(place), Hit(hit) {}
+    // it within `hit`. Its window keeps the state and outlives it: whether the button is drawn pressed, and whether the
+    // stylus went down on it.
+    constexpr DrawnButton(int bitmap, const Rect& place, const Rect& hit, bool& pressed, bool& tracking)
+        : Bitmap(bitmap), OwnPlace(place), Hit(hit), Pressed(pressed), Tracking(tracking) {}
+
+    DrawnButton(const DrawnButton&) = delete;
+    DrawnButton& operator=(const DrawnButton&) = delete;
 
     const Rect& Place() const { return OwnPlace; }
-
-    // As it is to be drawn.
-    bool IsPressed() const { return Pressed; }
 
     // The stylus goes down: true on the button, which then follows the stylus.
     bool TakeDown(Point point);
@@ -34,8 +36,8 @@ class DrawnButton {
     int Bitmap;
     Rect OwnPlace;
     Rect Hit;
-    bool Pressed = false;
-    bool Tracking = false; // the stylus went down on it
+    bool& Pressed;
+    bool& Tracking;
 };
 
 } // namespace tavo

@@ -21,8 +21,9 @@ constexpr int kKeyModify = VK_F1 + 1;
 } // namespace
 
 CAppointmentViewDlg::CAppointmentViewDlg(CMessagePump& pump, CProgramState& state)
-    : CDialog(pump, kAppointmentViewTemplate), State(state), Modify(kBitmapModifyButton, kModifyButton, kModifyHit),
-      Delete(kBitmapDeleteButton, kDeleteButton, kDeleteHit) {}
+    : CDialog(pump, kAppointmentViewTemplate), State(state),
+      Modify(kBitmapModifyButton, kModifyButton, kModifyHit, ModPressed, ModTracking),
+      Delete(kBitmapDeleteButton, kDeleteButton, kDeleteHit, DelPressed, DelTracking) {}
 
 const MessageMap& CAppointmentViewDlg::Messages() {
     static constexpr MessageEntry entries[] = {

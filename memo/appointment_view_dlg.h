@@ -58,6 +58,10 @@ class CAppointmentViewDlg : public CDialog {
     std::u16string Rule; // of a series, in words
     WindowHandle Ink = WindowHandle::None;
     Rect Line; // where the next line goes
+    bool ModPressed = false;
+    bool ModTracking = false;
+    bool DelPressed = false;
+    bool DelTracking = false;
     DrawnButton Modify;
     DrawnButton Delete;
 };

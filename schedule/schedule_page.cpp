@@ -22,7 +22,7 @@ constexpr Rect PlaceOf(ItemKind kind) {
 
 CSchedulePage::CSchedulePage(CMessagePump& pump, CProgramState& state, IMainView& view)
     : CItemPage(pump, state, view, kSchedulePageTemplate, kMenuSchedulePage),
-      NewButton(kBitmapNew, kNewButton, kNewHit), Alarms(pump, state, *this, ItemKind::Alarm),
+      NewButton(kBitmapNew, kNewButton, kNewHit, NewPressed, NewTracking), Alarms(pump, state, *this, ItemKind::Alarm),
       Holidays(pump, state, *this, ItemKind::Holiday), Anniversaries(pump, state, *this, ItemKind::Anniversary),
       Appointments(pump, state, *this) {}
 

@@ -105,6 +105,8 @@ class CSchedulePage : public CItemPage, public IListOwner, private IItemListOwne
     const AppointmentData* SelectedOr(const std::u16string_view (&texts)[4]);
 
     ItemKind Kind = ItemKind::Alarm;
+    bool NewPressed = false;
+    bool NewTracking = false;
     DrawnButton NewButton;
     bool Filled = false; // the lists, at least once
     ItemKind EditedKind = ItemKind::Alarm;

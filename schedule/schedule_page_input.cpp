@@ -24,8 +24,8 @@ void CSchedulePage::TakeStylusDown(Point point) {
 }
 
 void CSchedulePage::TakeStylusMove(Point point) {
-    const bool wasPressed = NewButton.IsPressed();
-    if (NewButton.TakeMove(point) && NewButton.IsPressed() != wasPressed) {
+    const bool wasPressed = NewPressed;
+    if (NewButton.TakeMove(point) && NewPressed != wasPressed) {
         Invalidate(NewButton.Place());
     }
 }
