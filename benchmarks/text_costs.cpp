@@ -58,9 +58,9 @@ std::u16string MakeText(const Sample& sample) {
 // Each time in another size: the toolkit knows no width of it yet.
 long long MeasureOnce(const std::u16string& text, int run) {
     qt::Font font({u"Arial", -13 - run, 0, 400});
-    (void)font.LineHeight(); // loads it
+    static_cast<void>(font.LineHeight()); // loads it
     const long long begin = ReadProcessorTime();
-    (void)font.Ends(text);
+    static_cast<void>(font.Ends(text));
     return ReadProcessorTime() - begin;
 }
 

@@ -17,13 +17,13 @@ namespace {
 
 // Only calls that are allowed between fork and exec.
 [[noreturn]] void BecomeProgram(char* const* arguments, int input, int output) {
-    (void)prctl(PR_SET_PDEATHSIG, SIGTERM); // what it shows nobody would answer
-    (void)dup2(input, STDIN_FILENO);
-    (void)dup2(output, STDOUT_FILENO);
+    static_cast<void>(prctl(PR_SET_PDEATHSIG, SIGTERM)); // what it shows nobody would answer
+    static_cast<void>(dup2(input, STDIN_FILENO));
+    static_cast<void>(dup2(output, STDOUT_FILENO));
     sigset_t none;
     sigemptyset(&none);
-    (void)sigprocmask(SIG_SETMASK, &none, nullptr);
-    (void)signal(SIGPIPE, SIG_DFL); // what we ignore would stay ignored
+    static_cast<void>(sigprocmask(SIG_SETMASK, &none, nullptr));
+    static_cast<void>(signal(SIGPIPE, SIG_DFL)); // what we ignore would stay ignored
     execv(arguments[0], arguments);
     _exit(127);
 }
@@ -53,8 +53,8 @@ bool Child::Start(const std::vector<std::string>& arguments) {
         pointers.push_back(const_cast<char*>(argument.c_str())); // execv wants it so and does not write
     }
     pointers.push_back(nullptr);
-    (void)fcntl(ToChild.Get(), F_SETFL, O_NONBLOCK); // both were made just now, and take any flag
-    (void)fcntl(FromChild.Get(), F_SETFL, O_NONBLOCK);
+    static_cast<void>(fcntl(ToChild.Get(), F_SETFL, O_NONBLOCK)); // both were made just now, and take any flag
+    static_cast<void>(fcntl(FromChild.Get(), F_SETFL, O_NONBLOCK));
     Process = fork();
     if (Process == 0) {
         BecomeProgram(pointers.data(), childInput.Get(), childOutput.Get());
@@ -64,15 +64,15 @@ bool Child::Start(const std::vector<std::string>& arguments) {
 
 void Child::Stop() {
     if (Process > 0) {
-        (void)kill(Process, SIGKILL); // one that hangs heeds nothing else
+        static_cast<void>(kill(Process, SIGKILL)); // one that hangs heeds nothing else
     }
     NoteEnd();
 }
 
 void Child::NoteEnd() {
     Process = -1;
-    (void)ToChild.Close();
-    (void)FromChild.Close();
+    static_cast<void>(ToChild.Close());
+    static_cast<void>(FromChild.Close());
     Unread.clear();
     Unwritten.clear();
 }
@@ -89,7 +89,7 @@ bool Child::Flush() {
             return true;
         }
         if (count < 0) { // it has ended, or will: a broken pipe would wake the loop without end
-            (void)ToChild.Close();
+            static_cast<void>(ToChild.Close());
             Unwritten.clear();
             return false;
         }
@@ -116,7 +116,7 @@ std::string Child::ReadLine(int patience) {
         }
         const ssize_t count = read(FromChild.Get(), bytes.data(), bytes.size());
         if (count <= 0) {
-            (void)FromChild.Close(); // it has ended, or will
+            static_cast<void>(FromChild.Close()); // it has ended, or will
             break;
         }
         Unread.append(bytes.data(), static_cast<std::size_t>(count));

@@ -48,7 +48,7 @@ bool Drain(int descriptor) {
 posix::FileDescriptor WatchFolder(const char* folder) {
     posix::FileDescriptor watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
     if (watch && inotify_add_watch(watch.Get(), folder, IN_MOVED_TO | IN_CREATE | IN_CLOSE_WRITE) < 0) {
-        (void)watch.Close();
+        static_cast<void>(watch.Close());
     }
     return watch;
 }
@@ -84,8 +84,8 @@ bool Companion::Prepare() {
     for (const int number : {SIGTERM, SIGINT, SIGHUP, SIGCHLD}) {
         sigaddset(&signals, number);
     }
-    (void)sigprocmask(SIG_BLOCK, &signals, nullptr);
-    (void)std::signal(SIGPIPE, SIG_IGN); // a window that went is noticed when it is written to
+    static_cast<void>(sigprocmask(SIG_BLOCK, &signals, nullptr));
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN)); // a window that went is noticed when it is written to
     Signals = posix::FileDescriptor(signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC));
     Alarm = posix::FileDescriptor(timerfd_create(CLOCK_REALTIME, TFD_NONBLOCK | TFD_CLOEXEC));
     Zone = WatchFolder("/etc");
@@ -104,9 +104,9 @@ Status Companion::OpenStore() {
         return status;
     }
     auto opened = std::make_unique<Opened>(store, Desk);
-    (void)stat(Root.StorePath().c_str(), &opened->Identity); // a wrong identity opens it once more
-    (void)opened->Watcher.Start();                           // without news it looks when a reminder is due
-    (void)Folder.Close();
+    static_cast<void>(stat(Root.StorePath().c_str(), &opened->Identity)); // a wrong identity opens it once more
+    static_cast<void>(opened->Watcher.Start()); // without news it looks when a reminder is due
+    static_cast<void>(Folder.Close());
     Device = std::move(opened);
     return Status::Ok;
 }
@@ -120,7 +120,8 @@ bool Companion::IsReplaced() const {
 
 void Companion::LeaveStore() {
     std::vector<reminders::LedgerRow> rows;
-    (void)Device->Ledger.ReadOpen(rows); // the cards of one that cannot be read stay until somebody closes them
+    static_cast<void>(
+        Device->Ledger.ReadOpen(rows)); // the cards of one that cannot be read stay until somebody closes them
     for (const reminders::LedgerRow& row : rows) {
         if (row.IsOnDesk() && Desk.Holds(row.Service)) {
             Orphans.insert(row.Card);
@@ -153,7 +154,7 @@ void Companion::SetAlarm(Moment at) {
 
     AlarmAt = at;
     time.it_value.tv_sec = std::max<Moment>(at - kUnixEpoch, 1);
-    (void)timerfd_settime(Alarm.Get(), TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &time, nullptr);
+    static_cast<void>(timerfd_settime(Alarm.Get(), TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &time, nullptr));
 }
 
 void Companion::Work(Look look) {
@@ -184,7 +185,7 @@ void Companion::TakeRoundsEnd() {
     }
     Pending = Pending.value_or(Look::Clock);
     if (Device != nullptr && *result != RoundResult::Undone) {
-        (void)Device->Store->NoteFullCheck(std::time(nullptr)); // not noted, it is made once more
+        static_cast<void>(Device->Store->NoteFullCheck(std::time(nullptr))); // not noted, it is made once more
     }
 }
 
@@ -206,7 +207,7 @@ void Companion::LookAtStore() {
 void Companion::LookAtZone() {
     if (Drain(Zone.Get()) && Device != nullptr) {
         // A zone that is not known leaves the one before.
-        (void)Device->Store->SetDeviceZone(rules::FindDeviceZone(posix::SystemZones()));
+        static_cast<void>(Device->Store->SetDeviceZone(rules::FindDeviceZone(posix::SystemZones())));
         Pending = Look::Items;
     }
 }
@@ -283,7 +284,7 @@ void Companion::Wait(std::optional<Instant> end) {
     }
     const auto came = [&places](Place place) { return places[place].revents != 0; };
     if (came(AlarmPlace)) {
-        (void)Drain(Alarm.Get()); // also tells of a clock that was set, by failing
+        static_cast<void>(Drain(Alarm.Get())); // also tells of a clock that was set, by failing
         Pending = Pending.value_or(Look::Clock);
     }
     if (came(ZonePlace)) {
@@ -291,7 +292,7 @@ void Companion::Wait(std::optional<Instant> end) {
     }
     if (came(StorePlace)) {
         if (Device == nullptr) {
-            (void)Drain(Folder.Get());
+            static_cast<void>(Drain(Folder.Get()));
         }
         SecondLooks = static_cast<int>(kSecondLooks.size());
         LookAtStore();
@@ -324,7 +325,7 @@ int Companion::Run() {
     if (!Prepare()) {
         return 1;
     }
-    (void)OpenStore(); // while the bus is about to answer; one that did not open is tried again
+    static_cast<void>(OpenStore()); // while the bus is about to answer; one that did not open is tried again
     Pending = Look::Items;
     while (!Ending) {
         if (Pending && !IsFindingDesk()) {
@@ -340,7 +341,7 @@ int Companion::Run() {
     }
     WaitForDesk();
     if (Device != nullptr) {
-        (void)Device->Planner.Leave(Now()); // else the next start looks a little further back
+        static_cast<void>(Device->Planner.Leave(Now())); // else the next start looks a little further back
     }
     return 0;
 }

@@ -9,7 +9,7 @@
 namespace tavo::companion {
 
 CompanionLock::CompanionLock(const std::string& runFolder) {
-    (void)mkdir(runFolder.c_str(), 0700); // when it is missing and cannot be made, opening the file tells
+    static_cast<void>(mkdir(runFolder.c_str(), 0700)); // when it is missing and cannot be made, opening the file tells
     posix::FileDescriptor file = posix::OpenOrMakeFile(runFolder + "/RSound.lock");
 
     struct flock lock {};

@@ -26,7 +26,7 @@ void EnterAtLogin(const files::RootEnvironment& environment) {
     posix::LoginEntry entry;
     if (environment.TavoHome.empty() && !entry.IsDecided()) {
         // Where it cannot be written, reminders come once the calendar is started.
-        (void)entry.SwitchOn(files::RunningProgramFolder() + "/RSound", "");
+        static_cast<void>(entry.SwitchOn(files::RunningProgramFolder() + "/RSound", ""));
     }
 }
 

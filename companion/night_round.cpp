@@ -49,7 +49,7 @@ void Tell(const CardText& words) {
             bus.Descriptor(), static_cast<short>(bus.PollEvents()), 0
         };
 
-        (void)poll(&news, 1, kPause); // interrupted, it looks at the time
+        static_cast<void>(poll(&news, 1, kPause)); // interrupted, it looks at the time
         if (!bus.Process()) {
             return;
         }
@@ -97,8 +97,8 @@ std::optional<Moment> NightRound::Run(outlook::Store& store, Moment now, Moment 
     }
     std::optional<std::int64_t> last = store.LastFullCheck();
     if (!last) {
-        last = now - kUnixEpoch;          // a new store: its first night comes
-        (void)store.NoteFullCheck(*last); // else it is written at the next look
+        last = now - kUnixEpoch;                       // a new store: its first night comes
+        static_cast<void>(store.NoteFullCheck(*last)); // else it is written at the next look
     }
     const Moment ahead = nowWall - now; // of the device's clock before the world's
     const Moment due = *last == 0 ? now : NextRound(*last + kUnixEpoch + ahead, nowWall) - ahead;
@@ -107,12 +107,12 @@ std::optional<Moment> NightRound::Run(outlook::Store& store, Moment now, Moment 
     }
     Process = fork();
     if (Process == 0) {
-        (void)prctl(PR_SET_PDEATHSIG, SIGTERM);
-        (void)nice(kLowest); // it goes all the same
+        static_cast<void>(prctl(PR_SET_PDEATHSIG, SIGTERM));
+        static_cast<void>(nice(kLowest)); // it goes all the same
         sigset_t none;
         sigemptyset(&none);
-        (void)sigprocmask(SIG_SETMASK, &none, nullptr);
-        (void)signal(SIGPIPE, SIG_DFL); // what we ignore would stay ignored
+        static_cast<void>(sigprocmask(SIG_SETMASK, &none, nullptr));
+        static_cast<void>(signal(SIGPIPE, SIG_DFL)); // what we ignore would stay ignored
         execl(Program.c_str(), Program.c_str(), "--round", nullptr);
         _exit(static_cast<int>(RoundResult::Undone));
     }
@@ -136,8 +136,8 @@ std::optional<RoundResult> NightRound::Reap() {
 
 void NightRound::Stop() {
     if (Process > 0) {
-        (void)kill(Process, SIGKILL); // it only reads, and takes whole files away
-        Process = -1;                 // and is reaped with the other children: a disk that hangs may hold it
+        static_cast<void>(kill(Process, SIGKILL)); // it only reads, and takes whole files away
+        Process = -1; // and is reaped with the other children: a disk that hangs may hold it
     }
 }
 

@@ -77,7 +77,8 @@ class Ringer : public QObject {
         } else if (Effect.status() == QSoundEffect::Ready && !Begun) {
             Begun = true;
             Patience.stop();
-            (void)alarm(kRingingTime / 1000 + kServerPatience); // there was but the one for finding the server
+            static_cast<void>(
+                alarm(kRingingTime / 1000 + kServerPatience)); // there was but the one for finding the server
             Effect.setVolume(Repeats ? static_cast<float>(kFirstVolume) : 1.0F);
             Effect.setLoopCount(Repeats ? static_cast<int>(QSoundEffect::Infinite) : 1);
             Effect.play();
@@ -108,7 +109,7 @@ class Ringer : public QObject {
 } // namespace
 
 int main(int argc, char** argv) {
-    (void)alarm(kServerPatience);
+    static_cast<void>(alarm(kServerPatience));
     const QCoreApplication application(argc, argv);
     QStringList files = QCoreApplication::arguments().mid(1);
     const bool repeats = files.removeAll(QLatin1String(kRepeat)) > 0;

@@ -47,15 +47,18 @@ std::optional<std::string> FindName(FolderCache& cache, const std::string& folde
 
     struct stat state {};
 
-    if (lstat((folder + '/' + exact).c_str(), &state) == 0)
+    if (lstat((folder + '/' + exact).c_str(), &state) == 0) {
         return exact;
+    }
     const std::shared_ptr<const FolderListing> listing = cache.List(folder);
-    if (!listing)
+    if (!listing) {
         return std::nullopt;
+    }
     const std::u16string folded = locale::FoldCase(name);
     const auto found = FindFromName(*listing, folded);
-    if (found == listing->end() || found->Folded != folded)
+    if (found == listing->end() || found->Folded != folded) {
         return std::nullopt;
+    }
     return locale::ToUtf8(found->Name);
 }
 
@@ -103,21 +106,25 @@ std::unique_ptr<IFileSearch> DeviceFiles::FindFirstFileW(std::u16string_view pat
     std::unique_ptr<FileSearch> search;
     const ErrorCode error = Guard([&] {
         const auto parts = ParseDevicePath(pattern, WildcardRule::AllowInLastPart);
-        if (!parts || parts->empty())
+        if (!parts || parts->empty()) {
             return ErrorCode::InvalidName;
+        }
         const Parts folderParts(parts->data(), parts->size() - 1);
         const std::u16string folded = locale::FoldCase(parts->back());
         FolderMatches upper;
         FolderMatches lower;
-        if (std::string folder; FindFolder(folderParts, folder) == ErrorCode::Success)
+        if (std::string folder; FindFolder(folderParts, folder) == ErrorCode::Success) {
             upper = FolderMatches(UserFolders.List(folder), folded);
-        if (const std::optional<std::string> folder = FindInstalled(folderParts))
+        }
+        if (const std::optional<std::string> folder = FindInstalled(folderParts)) {
             lower = FolderMatches(InstalledFolders.List(*folder), folded);
+        }
         search = std::make_unique<FileSearch>(std::move(upper), std::move(lower));
         return search->HasFile() ? ErrorCode::Success : ErrorCode::FileNotFound;
     });
-    if (error != ErrorCode::Success)
+    if (error != ErrorCode::Success) {
         return nullptr;
+    }
     return search;
 }
 
@@ -127,8 +134,9 @@ std::optional<std::string> DeviceFiles::RealPathOfFile(std::u16string_view path)
     struct stat state {};
 
     const ErrorCode error = Guard([&] { return FindReadable(path, realPath); });
-    if (error != ErrorCode::Success || stat(realPath.c_str(), &state) != 0 || !S_ISREG(state.st_mode))
+    if (error != ErrorCode::Success || stat(realPath.c_str(), &state) != 0 || !S_ISREG(state.st_mode)) {
         return std::nullopt;
+    }
     return realPath;
 }
 
@@ -137,48 +145,56 @@ void DeviceFiles::Purge() {
         posix::RemoveUnfinished(Root);
         const std::u16string data[] = {u"My Documents", u"TavoCalendar"};
         std::string folder;
-        if (const ErrorCode missing = FindFolder(data, folder); missing != ErrorCode::Success)
+        if (const ErrorCode missing = FindFolder(data, folder); missing != ErrorCode::Success) {
             return missing;
+        }
         posix::RemoveUnfinished(folder);
         PurgeDeletedMemos(folder, Now());
         UserFolders.Forget(folder);
         return ErrorCode::Success;
     });
-    (void)error; // a device without the folder has nothing to purge
+    static_cast<void>(error); // a device without the folder has nothing to purge
 }
 
 ErrorCode DeviceFiles::FindFolder(Parts parts, std::string& folder) {
     folder = Root;
     for (const std::u16string& part : parts) {
         const std::optional<std::string> name = FindName(UserFolders, folder, part);
-        if (!name)
+        if (!name) {
             return ErrorCode::PathNotFound;
+        }
         folder += '/' + *name;
 
         struct stat state {};
 
-        if (lstat(folder.c_str(), &state) != 0)
+        if (lstat(folder.c_str(), &state) != 0) {
             return ErrorCode::PathNotFound;
+        }
         if (S_ISLNK(state.st_mode)) {
             folder = RealPathOf(folder);
-            if (!IsBelow(folder, Root) || lstat(folder.c_str(), &state) != 0)
+            if (!IsBelow(folder, Root) || lstat(folder.c_str(), &state) != 0) {
                 return ErrorCode::AccessDenied;
+            }
         }
-        if (!S_ISDIR(state.st_mode))
+        if (!S_ISDIR(state.st_mode)) {
             return ErrorCode::PathNotFound;
+        }
     }
     return ErrorCode::Success;
 }
 
 ErrorCode DeviceFiles::FindPlace(std::u16string_view path, LastLink link, Place& place) {
     const auto parts = ParseDevicePath(path);
-    if (!parts)
+    if (!parts) {
         return ErrorCode::InvalidName;
-    if (parts->empty())
+    }
+    if (parts->empty()) {
         return ErrorCode::AccessDenied;
+    }
     if (const ErrorCode error = FindFolder(Parts(parts->data(), parts->size() - 1), place.Folder);
-        error != ErrorCode::Success)
+        error != ErrorCode::Success) {
         return error;
+    }
     place.Name = FindName(UserFolders, place.Folder, parts->back()).value_or(locale::ToUtf8(parts->back()));
     return link == LastLink::Follow ? FollowLink(place) : ErrorCode::Success;
 }
@@ -187,11 +203,13 @@ ErrorCode DeviceFiles::FindPlace(std::u16string_view path, LastLink link, Place&
 ErrorCode DeviceFiles::FollowLink(Place& place) const {
     struct stat state {};
 
-    if (lstat(place.Path().c_str(), &state) != 0 || !S_ISLNK(state.st_mode))
+    if (lstat(place.Path().c_str(), &state) != 0 || !S_ISLNK(state.st_mode)) {
         return ErrorCode::Success;
+    }
     const std::string target = RealPathOf(place.Path());
-    if (!IsBelow(target, Root))
+    if (!IsBelow(target, Root)) {
         return ErrorCode::AccessDenied;
+    }
     const std::size_t slash = target.rfind('/');
     place = {target.substr(0, slash), target.substr(slash + 1)};
     return ErrorCode::Success;
@@ -205,52 +223,61 @@ ErrorCode DeviceFiles::FindReadable(std::u16string_view path, std::string& realP
     ErrorCode error = FindPlace(path, LastLink::Follow, place);
     if (error == ErrorCode::Success) {
         realPath = place.Path();
-        if (lstat(realPath.c_str(), &state) == 0)
+        if (lstat(realPath.c_str(), &state) == 0) {
             return ErrorCode::Success;
+        }
         error = posix::ErrorCodeOf(errno);
     }
     const auto parts = ParseDevicePath(path);
     const std::optional<std::string> installed = parts ? FindInstalled(*parts) : std::nullopt;
-    if (!installed)
+    if (!installed) {
         return error;
+    }
     realPath = *installed;
     return ErrorCode::Success;
 }
 
 // What lies at this path in the installed folder under \Windows.
 std::optional<std::string> DeviceFiles::FindInstalled(Parts parts) {
-    if (Installed.empty() || !IsWindowsFolder(parts))
+    if (Installed.empty() || !IsWindowsFolder(parts)) {
         return std::nullopt;
+    }
     std::string found = Installed;
     for (const std::u16string& part : parts.subspan(1)) {
         const std::optional<std::string> name = FindName(InstalledFolders, found, part);
-        if (!name)
+        if (!name) {
             return std::nullopt;
+        }
         found += '/' + *name;
     }
     return found;
 }
 
 ErrorCode DeviceFiles::MakeFolder(std::u16string_view path) {
-    if (const auto parts = ParseDevicePath(path); parts && parts->empty())
+    if (const auto parts = ParseDevicePath(path); parts && parts->empty()) {
         return ErrorCode::AlreadyExists;
+    }
     Place place;
-    if (const ErrorCode error = FindPlace(path, LastLink::Follow, place); error != ErrorCode::Success)
+    if (const ErrorCode error = FindPlace(path, LastLink::Follow, place); error != ErrorCode::Success) {
         return error;
-    if (mkdir(place.Path().c_str(), kPrivateFolder) != 0)
+    }
+    if (mkdir(place.Path().c_str(), kPrivateFolder) != 0) {
         return errno == ENOENT ? ErrorCode::PathNotFound : posix::ErrorCodeOf(errno);
+    }
     UserFolders.Forget(place.Folder);
     return posix::SyncFolder(place.Folder);
 }
 
 ErrorCode DeviceFiles::Write(std::u16string_view path, std::span<const std::uint8_t> bytes) {
     Place place;
-    if (const ErrorCode error = FindPlace(path, LastLink::Follow, place); error != ErrorCode::Success)
+    if (const ErrorCode error = FindPlace(path, LastLink::Follow, place); error != ErrorCode::Success) {
         return error;
+    }
     const std::string realPath = place.Path();
     const ErrorCode error = posix::ReplaceFile(realPath, bytes, [&] {
-        if (!IsKeptMemo(place.Folder, place.Name) || access(realPath.c_str(), F_OK) != 0)
+        if (!IsKeptMemo(place.Folder, place.Name) || access(realPath.c_str(), F_OK) != 0) {
             return ErrorCode::Success;
+        }
         return KeepMemo(place.Folder, place.Name, Now());
     });
     UserFolders.Forget(place.Folder);
@@ -259,8 +286,9 @@ ErrorCode DeviceFiles::Write(std::u16string_view path, std::span<const std::uint
 
 ErrorCode DeviceFiles::Delete(std::u16string_view path) {
     Place place;
-    if (const ErrorCode error = FindPlace(path, LastLink::Keep, place); error != ErrorCode::Success)
+    if (const ErrorCode error = FindPlace(path, LastLink::Keep, place); error != ErrorCode::Success) {
         return error;
+    }
     const std::string realPath = place.Path();
 
     struct stat state {};
@@ -270,10 +298,12 @@ ErrorCode DeviceFiles::Delete(std::u16string_view path) {
         const auto parts = ParseDevicePath(path);
         return parts && FindInstalled(*parts) ? ErrorCode::AccessDenied : missing; // what is installed stays
     }
-    if (!S_ISREG(state.st_mode) && !S_ISLNK(state.st_mode))
+    if (!S_ISREG(state.st_mode) && !S_ISLNK(state.st_mode)) {
         return ErrorCode::AccessDenied;
-    if (S_ISREG(state.st_mode) && access(realPath.c_str(), W_OK) != 0)
+    }
+    if (S_ISREG(state.st_mode) && access(realPath.c_str(), W_OK) != 0) {
         return posix::ErrorCodeOf(errno);
+    }
     UserFolders.Forget(place.Folder);
     if (S_ISREG(state.st_mode) && IsKeptMemo(place.Folder, place.Name)) {
         std::string kept;
@@ -286,17 +316,21 @@ ErrorCode DeviceFiles::Delete(std::u16string_view path) {
 // A link goes there as a link.
 ErrorCode DeviceFiles::PutAway(std::u16string_view path, std::u16string& kept) {
     Place place;
-    if (const ErrorCode error = FindPlace(path, LastLink::Keep, place); error != ErrorCode::Success)
+    if (const ErrorCode error = FindPlace(path, LastLink::Keep, place); error != ErrorCode::Success) {
         return error;
+    }
 
     struct stat state {};
 
-    if (lstat(place.Path().c_str(), &state) != 0)
+    if (lstat(place.Path().c_str(), &state) != 0) {
         return posix::ErrorCodeOf(errno);
-    if (!IsKeptMemo(place.Folder, place.Name) || (!S_ISREG(state.st_mode) && !S_ISLNK(state.st_mode)))
+    }
+    if (!IsKeptMemo(place.Folder, place.Name) || (!S_ISREG(state.st_mode) && !S_ISLNK(state.st_mode))) {
         return ErrorCode::AccessDenied;
-    if (S_ISREG(state.st_mode) && access(place.Path().c_str(), W_OK) != 0)
+    }
+    if (S_ISREG(state.st_mode) && access(place.Path().c_str(), W_OK) != 0) {
         return posix::ErrorCodeOf(errno);
+    }
     UserFolders.Forget(place.Folder);
     std::string name;
     const ErrorCode error = MoveMemo(place.Folder, place.Name, Now(), name);
@@ -308,23 +342,28 @@ ErrorCode DeviceFiles::PutAway(std::u16string_view path, std::u16string& kept) {
 // Looks for the new name exactly as it is spelled: reading the folder for each of many files would take too long.
 ErrorCode DeviceFiles::Move(std::u16string_view from, std::u16string_view to) {
     Place source;
-    if (const ErrorCode error = FindPlace(from, LastLink::Keep, source); error != ErrorCode::Success)
+    if (const ErrorCode error = FindPlace(from, LastLink::Keep, source); error != ErrorCode::Success) {
         return error;
+    }
     const auto parts = ParseDevicePath(to);
-    if (!parts || parts->empty())
+    if (!parts || parts->empty()) {
         return ErrorCode::InvalidName;
+    }
     Place target;
     if (const ErrorCode error = FindFolder(Parts(parts->data(), parts->size() - 1), target.Folder);
-        error != ErrorCode::Success)
+        error != ErrorCode::Success) {
         return error;
+    }
     target.Name = locale::ToUtf8(parts->back());
 
     struct stat state {};
 
-    if (lstat(source.Path().c_str(), &state) != 0)
+    if (lstat(source.Path().c_str(), &state) != 0) {
         return posix::ErrorCodeOf(errno);
-    if (!S_ISREG(state.st_mode) && !S_ISLNK(state.st_mode))
+    }
+    if (!S_ISREG(state.st_mode) && !S_ISLNK(state.st_mode)) {
         return ErrorCode::AccessDenied;
+    }
     UserFolders.Forget(source.Folder);
     UserFolders.Forget(target.Folder);
     return MoveToFreePath(source.Path(), target.Path());

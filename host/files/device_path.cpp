@@ -15,14 +15,16 @@ constexpr std::u16string_view kForbidden = u"\\/:\"<>|";
 constexpr std::u16string_view kWildcards = u"*?";
 
 bool IsName(std::u16string_view name, bool wildcardsAllowed) {
-    if (name.empty() || name == u"." || name == u"..")
+    if (name.empty() || name == u"." || name == u"..") {
         return false;
+    }
     const bool hasForbidden = std::ranges::any_of(name, [wildcardsAllowed](char16_t unit) {
         return unit < 0x20 || unit == 0x7F || kForbidden.find(unit) != std::u16string_view::npos ||
                (!wildcardsAllowed && kWildcards.find(unit) != std::u16string_view::npos);
     });
-    if (hasForbidden)
+    if (hasForbidden) {
         return false;
+    }
     const std::optional<std::string> bytes = locale::ToUtf8Exactly(name);
     return bytes && !bytes->starts_with(posix::kUnfinishedPrefix);
 }
@@ -34,17 +36,20 @@ bool IsDeviceName(std::u16string_view name) {
 }
 
 std::optional<std::vector<std::u16string>> ParseDevicePath(std::u16string_view path, WildcardRule wildcards) {
-    if (!path.starts_with(u'\\') || path.size() > kLongestPath)
+    if (!path.starts_with(u'\\') || path.size() > kLongestPath) {
         return std::nullopt;
+    }
     std::vector<std::u16string> parts;
     while (true) {
         path.remove_prefix(std::min(path.find_first_not_of(u'\\'), path.size()));
-        if (path.empty())
+        if (path.empty()) {
             return parts;
+        }
         const std::u16string_view part = path.substr(0, path.find(u'\\'));
         path.remove_prefix(part.size());
-        if (!IsName(part, wildcards == WildcardRule::AllowInLastPart && path.empty()))
+        if (!IsName(part, wildcards == WildcardRule::AllowInLastPart && path.empty())) {
             return std::nullopt;
+        }
         parts.emplace_back(part);
     }
 }

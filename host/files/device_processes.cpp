@@ -34,17 +34,20 @@ bool IsExecutable(const std::string& path) {
 }
 
 std::optional<std::string> FindInPath(const std::string& name) {
-    if (name.find('/') != std::string::npos)
+    if (name.find('/') != std::string::npos) {
         return IsExecutable(name) ? std::optional(name) : std::nullopt;
+    }
     const char* variable = std::getenv("PATH");
     std::string_view folders = variable == nullptr ? "/usr/local/bin:/usr/bin:/bin" : variable;
     while (true) {
         const std::string_view folder = folders.substr(0, folders.find(':'));
         // An empty entry would mean the working folder, where nobody expects a clock.
-        if (const std::string path = std::string(folder) + '/' + name; !folder.empty() && IsExecutable(path))
+        if (const std::string path = std::string(folder) + '/' + name; !folder.empty() && IsExecutable(path)) {
             return path;
-        if (folder.size() == folders.size())
+        }
+        if (folder.size() == folders.size()) {
             return std::nullopt;
+        }
         folders.remove_prefix(folder.size() + 1);
     }
 }
@@ -61,36 +64,43 @@ std::vector<std::string> SplitArguments(const std::string& line) {
             isOpen = false;
             continue;
         }
-        if (!isOpen)
+        if (!isOpen) {
             arguments.emplace_back();
+        }
         isOpen = true;
-        if (letter != '"')
+        if (letter != '"') {
             arguments.back() += letter;
+        }
     }
     return arguments;
 }
 
 std::optional<std::vector<std::string>> FindClock() {
     if (const char* wished = std::getenv("TAVO_CLOCK"); wished != nullptr && *wished != '\0') {
-        if (IsExecutable(wished)) // a path with blanks in it
+        if (IsExecutable(wished)) { // a path with blanks in it
             return std::vector<std::string>{wished};
+        }
         std::vector<std::string> command = SplitArguments(wished);
         const std::optional<std::string> program = command.empty() ? std::nullopt : FindInPath(command.front());
-        if (!program)
+        if (!program) {
             return std::nullopt;
+        }
         command.front() = *program;
         return command;
     }
-    for (const char* name : kClockPrograms)
-        if (const std::optional<std::string> program = FindInPath(name))
+    for (const char* name : kClockPrograms) {
+        if (const std::optional<std::string> program = FindInPath(name)) {
             return std::vector<std::string>{*program};
+        }
+    }
     return std::nullopt;
 }
 
 std::u16string FoldPath(std::u16string_view path) {
     std::u16string folded;
-    for (const std::u16string& part : ParseDevicePath(path).value_or(std::vector<std::u16string>()))
+    for (const std::u16string& part : ParseDevicePath(path).value_or(std::vector<std::u16string>())) {
         folded += u'\\' + locale::FoldCase(part);
+    }
     return folded;
 }
 
@@ -100,15 +110,17 @@ class ProgramStart {
   public:
     ProgramStart() {
         posix_spawn_file_actions_init(&Files);
-        for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
             posix_spawn_file_actions_addopen(&Files, standard, "/dev/null", O_RDWR, 0);
+        }
         posix_spawn_file_actions_addclosefrom_np(&Files, STDERR_FILENO + 1);
         sigset_t signals;
         sigemptyset(&signals);
         posix_spawnattr_init(&Attributes);
         posix_spawnattr_setsigmask(&Attributes, &signals);
-        for (const int number : {SIGPIPE, SIGCHLD, SIGHUP, SIGINT, SIGQUIT, SIGTERM})
+        for (const int number : {SIGPIPE, SIGCHLD, SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
             sigaddset(&signals, number);
+        }
         posix_spawnattr_setsigdefault(&Attributes, &signals);
         posix_spawnattr_setflags(&Attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
     }
@@ -136,28 +148,33 @@ class ProgramStart {
 std::string RunningProgramFolder() {
     std::string path(4096, '\0');
     const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
-    if (length <= 0)
+    if (length <= 0) {
         return {};
+    }
     path.resize(static_cast<std::size_t>(length));
     return path.substr(0, path.rfind('/'));
 }
 
 bool StartDetached(const std::vector<std::string>& arguments) {
-    if (arguments.empty() || !IsExecutable(arguments.front()))
+    if (arguments.empty() || !IsExecutable(arguments.front())) {
         return false;
+    }
     std::vector<char*> pointers;
     pointers.reserve(arguments.size() + 1);
-    for (const std::string& argument : arguments)
+    for (const std::string& argument : arguments) {
         pointers.push_back(const_cast<char*>(argument.c_str())); // execv wants it so and does not write
+    }
     pointers.push_back(nullptr);
     const ProgramStart start;
     // A process between, so that the program is nobody's child here and leaves no zombie. It shares our memory while we
     // wait: copying the tables of a window's memory would take longer than all the rest.
     const pid_t between = vfork(); // NOLINT(clang-analyzer-security.insecureAPI.vfork): for that
-    if (between < 0)
+    if (between < 0) {
         return false;
-    if (between == 0)
+    }
+    if (between == 0) {
         _exit(start.Spawn(pointers.data()) ? 0 : 1); // NOLINT(clang-analyzer-unix.Vfork): writes to its own frames only
+    }
     int status = 0;
     while (waitpid(between, &status, 0) < 0 && errno == EINTR) {
     }
@@ -166,29 +183,35 @@ bool StartDetached(const std::vector<std::string>& arguments) {
 
 bool DeviceProcesses::CreateProcessW(std::u16string_view path, std::u16string_view commandLine) {
     std::optional<std::vector<std::string>> command = Resolve(path, commandLine);
-    if (!command || !IsExecutable(command->front()))
+    if (!command || !IsExecutable(command->front())) {
         return false;
+    }
     Waiting.push_back(std::move(*command));
     return true;
 }
 
 void DeviceProcesses::StartWaiting() {
-    for (const std::vector<std::string>& command : std::exchange(Waiting, {}))
-        (void)StartDetached(command); // what went away meanwhile is missing, as it would have been a moment later
+    for (const std::vector<std::string>& command : std::exchange(Waiting, {})) {
+        static_cast<void>(
+            StartDetached(command)); // what went away meanwhile is missing, as it would have been a moment later
+    }
 }
 
 std::optional<std::vector<std::string>> DeviceProcesses::Resolve(std::u16string_view path,
                                                                  std::u16string_view commandLine) const {
     const std::u16string folded = FoldPath(path);
     std::optional<std::vector<std::string>> command;
-    if (folded == kClockPath)
+    if (folded == kClockPath) {
         command = FindClock();
-    else if (const std::string companion = ProgramFolder + "/RSound";
-             folded == kCompanionPath && IsExecutable(companion))
+    } else if (const std::string companion = ProgramFolder + "/RSound";
+               folded == kCompanionPath && IsExecutable(companion)) {
         command = {companion};
-    if (command)
-        for (std::string& argument : SplitArguments(locale::ToUtf8(commandLine)))
+    }
+    if (command) {
+        for (std::string& argument : SplitArguments(locale::ToUtf8(commandLine))) {
             command->push_back(std::move(argument));
+        }
+    }
     return command;
 }
 

@@ -30,10 +30,12 @@ std::string ChoosePath(const RootEnvironment& environment) {
         const std::filesystem::path whole = std::filesystem::absolute(environment.TavoHome, error);
         return error ? environment.TavoHome : whole.lexically_normal().string();
     }
-    if (environment.XdgDataHome.starts_with('/'))
+    if (environment.XdgDataHome.starts_with('/')) {
         return environment.XdgDataHome + "/tavocalendar";
-    if (!environment.Home.empty())
+    }
+    if (!environment.Home.empty()) {
         return environment.Home + "/.local/share/tavocalendar";
+    }
     return {};
 }
 
@@ -45,8 +47,9 @@ bool IsFolder(const std::string& path) {
 
 // Makes the folder and those above it. 0 or an errno, and then the folder that could not be made.
 int MakeFolders(const std::string& path, std::string& failed) {
-    if (IsFolder(path))
+    if (IsFolder(path)) {
         return 0; // as at every start but the first
+    }
     for (std::size_t end = path.find('/', 1);; end = path.find('/', end + 1)) {
         const std::string folder = path.substr(0, end);
         if (mkdir(folder.c_str(), kPrivateFolder) != 0) {
@@ -57,8 +60,9 @@ int MakeFolders(const std::string& path, std::string& failed) {
                 return error;
             }
         }
-        if (end == std::string::npos)
+        if (end == std::string::npos) {
             return 0;
+        }
     }
 }
 
@@ -117,27 +121,35 @@ RootEnvironment RootEnvironment::OfProcess() {
 
 RootResult OpenDeviceRoot(const RootEnvironment& environment) {
     const std::string path = ChoosePath(environment);
-    if (path.empty())
+    if (path.empty()) {
         return Refuse(
             "There is no home folder to keep the calendar in; set HOME, or TAVO_HOME to a folder of your own.");
+    }
     std::string failed;
-    if (const int error = MakeFolders(path, failed); error != 0)
+    if (const int error = MakeFolders(path, failed); error != 0) {
         return Refuse(DescribeFailure(failed, error));
+    }
     const std::unique_ptr<char, void (*)(void*)> real(realpath(path.c_str(), nullptr), std::free);
-    if (!real)
+    if (!real) {
         return Refuse(DescribeFailure(path, errno));
+    }
     DeviceRoot root(real.get());
     // A folder that can be read only is no reason to refuse: the store tells what it cannot do.
-    if (access(real.get(), R_OK | X_OK) != 0)
+    if (access(real.get(), R_OK | X_OK) != 0) {
         return Refuse(DescribeFailure(path, errno));
+    }
     // Before anything is made in it.
-    if (const std::string exposure = DescribeExposure(root.Path()); !exposure.empty())
+    if (const std::string exposure = DescribeExposure(root.Path()); !exposure.empty()) {
         return Refuse(exposure);
-    for (const std::string& folder : {root.DocumentsFolder(), root.WindowsFolder(), root.RunFolder()})
-        if (const int error = MakeFolders(folder, failed); error != 0)
+    }
+    for (const std::string& folder : {root.DocumentsFolder(), root.WindowsFolder(), root.RunFolder()}) {
+        if (const int error = MakeFolders(folder, failed); error != 0) {
             return Refuse(DescribeFailure(failed, error));
-    if (const std::string exposure = DescribeExposure(root.RunFolder()); !exposure.empty())
+        }
+    }
+    if (const std::string exposure = DescribeExposure(root.RunFolder()); !exposure.empty()) {
         return Refuse(exposure);
+    }
     return {std::move(root), {}};
 }
 

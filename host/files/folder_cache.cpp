@@ -30,8 +30,9 @@ bool IsBelow(const std::string& path, const std::string& root) {
 }
 
 EntryKind KindOf(const struct stat& state) {
-    if (S_ISREG(state.st_mode))
+    if (S_ISREG(state.st_mode)) {
         return EntryKind::File;
+    }
     return S_ISDIR(state.st_mode) ? EntryKind::Folder : EntryKind::Other;
 }
 
@@ -40,24 +41,29 @@ EntryKind KindOfLink(const std::string& path, const std::string& root, LinkRule 
 
     struct stat state {};
 
-    if (!target || (links == LinkRule::InsideOnly && !IsBelow(target.get(), root)) || stat(target.get(), &state) != 0)
+    if (!target || (links == LinkRule::InsideOnly && !IsBelow(target.get(), root)) || stat(target.get(), &state) != 0) {
         return EntryKind::Other;
+    }
     return KindOf(state);
 }
 
 EntryKind KindOfEntry(const dirent& entry, const std::string& folder, const std::string& root, LinkRule links) {
-    if (entry.d_type == DT_REG)
+    if (entry.d_type == DT_REG) {
         return EntryKind::File;
-    if (entry.d_type == DT_DIR)
+    }
+    if (entry.d_type == DT_DIR) {
         return EntryKind::Folder;
-    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN)
+    }
+    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) {
         return EntryKind::Other;
+    }
     const std::string path = folder + '/' + entry.d_name;
 
     struct stat state {};
 
-    if (lstat(path.c_str(), &state) != 0)
+    if (lstat(path.c_str(), &state) != 0) {
         return EntryKind::Other;
+    }
     return S_ISLNK(state.st_mode) ? KindOfLink(path, root, links) : KindOf(state);
 }
 
@@ -82,8 +88,9 @@ std::shared_ptr<const FolderListing> FolderCache::List(const std::string& folder
     const Moment now = std::chrono::steady_clock::now();
     const Stamp stamp{state.st_dev, state.st_ino, state.st_mtim, state.st_ctim};
     Folder& kept = Folders[folder];
-    if (!kept.Listing || !SameStamp(kept.Seen, stamp))
+    if (!kept.Listing || !SameStamp(kept.Seen, stamp)) {
         kept = {stamp, now, false, nullptr};
+    }
     if (!kept.Trusted) {
         kept.Listing = Read(folder);
         // A change after this reading moves the stamp, unless it falls into the step in which the stamp was made. So it
@@ -109,16 +116,19 @@ std::chrono::milliseconds FolderCache::TickOf(const Stamp& stamp) {
 std::shared_ptr<const FolderListing> FolderCache::Read(const std::string& folder) {
     ++Reads;
     const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
-    if (!entries)
+    if (!entries) {
         return nullptr;
+    }
     auto listing = std::make_shared<FolderListing>();
     while (const dirent* entry = readdir(entries.get())) {
         std::optional<std::u16string> name = locale::ToUtf16Exactly(entry->d_name);
-        if (!name || !IsDeviceName(*name))
+        if (!name || !IsDeviceName(*name)) {
             continue;
+        }
         const EntryKind kind = KindOfEntry(*entry, folder, Root, Links);
-        if (kind != EntryKind::Other)
+        if (kind != EntryKind::Other) {
             listing->push_back({locale::FoldCase(*name), std::move(*name), kind == EntryKind::Folder});
+        }
     }
     std::ranges::sort(*listing, [](const FolderEntry& left, const FolderEntry& right) {
         return left.Folded != right.Folded ? left.Folded < right.Folded : left.Name < right.Name;

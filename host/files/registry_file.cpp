@@ -29,11 +29,14 @@ posix::FileDescriptor LockForChange(const std::string& path) {
 // "\A\\B\" and "A\B" name the same key.
 std::u16string CleanPath(std::u16string_view path) {
     std::u16string clean;
-    for (const char16_t unit : path)
-        if (unit != u'\\' || (!clean.empty() && clean.back() != u'\\'))
+    for (const char16_t unit : path) {
+        if (unit != u'\\' || (!clean.empty() && clean.back() != u'\\')) {
             clean += unit;
-    if (clean.ends_with(u'\\'))
+        }
+    }
+    if (clean.ends_with(u'\\')) {
         clean.pop_back();
+    }
     return clean;
 }
 
@@ -46,8 +49,9 @@ std::u16string UserSection(std::u16string_view path) {
 int RegistryFile::GetProfileIntW(std::u16string_view section, std::u16string_view key, int standard) {
     try {
         RegistryText text;
-        if (Load(text) != ErrorCode::Success)
+        if (Load(text) != ErrorCode::Success) {
             return standard;
+        }
         return text.FindNumber(ProfileSection(section), key).value_or(standard);
     } catch (const std::exception&) {
         return standard;
@@ -64,10 +68,12 @@ ErrorCode RegistryFile::RegCreateKeyExW(std::u16string_view path, KeyHandle& key
     const std::u16string section = UserSection(path);
     RegistryText known;
     ErrorCode error = Load(known);
-    if (error == ErrorCode::Success && !known.HasSection(section))
+    if (error == ErrorCode::Success && !known.HasSection(section)) {
         error = Rewrite([&](RegistryText& text) { text.AddSection(section); });
-    if (error != ErrorCode::Success)
+    }
+    if (error != ErrorCode::Success) {
         return error;
+    }
     key = static_cast<KeyHandle>(++LastKey);
     OpenKeys[key] = section;
     return ErrorCode::Success;
@@ -76,8 +82,9 @@ ErrorCode RegistryFile::RegCreateKeyExW(std::u16string_view path, KeyHandle& key
 ErrorCode RegistryFile::RegSetValueExW(KeyHandle key, std::u16string_view name, std::uint32_t type,
                                        std::span<const std::uint8_t> data) {
     const auto open = OpenKeys.find(key);
-    if (open == OpenKeys.end())
+    if (open == OpenKeys.end()) {
         return ErrorCode::InvalidHandle;
+    }
     const RegistryValue value{type, {data.begin(), data.end()}};
     return Rewrite([&](RegistryText& text) { text.SetValue(open->second, name, value); });
 }
@@ -88,8 +95,9 @@ void RegistryFile::RegCloseKey(KeyHandle key) {
 
 std::optional<RegistryValue> RegistryFile::ReadValue(std::u16string_view path, std::u16string_view name) const {
     RegistryText text;
-    if (Load(text) != ErrorCode::Success)
+    if (Load(text) != ErrorCode::Success) {
         return std::nullopt;
+    }
     return text.FindValue(UserSection(path), name);
 }
 
@@ -97,15 +105,18 @@ ErrorCode RegistryFile::Rewrite(const std::function<void(RegistryText&)>& change
     try {
         const posix::FileDescriptor lock = LockForChange(LockPath);
         RegistryText text;
-        if (const ErrorCode error = Load(text); error != ErrorCode::Success)
+        if (const ErrorCode error = Load(text); error != ErrorCode::Success) {
             return error;
+        }
         const std::string before = text.ToText();
         change(text);
         std::string after = text.ToText();
-        if (after == before)
+        if (after == before) {
             return ErrorCode::Success;
-        if (before.empty())
+        }
+        if (before.empty()) {
             after.insert(0, kHeading);
+        }
         return posix::ReplaceFile(Path, {reinterpret_cast<const std::uint8_t*>(after.data()), after.size()});
     } catch (const std::exception&) {
         return ErrorCode::CannotComplete;
@@ -116,10 +127,12 @@ ErrorCode RegistryFile::Rewrite(const std::function<void(RegistryText&)>& change
 ErrorCode RegistryFile::Load(RegistryText& text) const {
     std::vector<std::uint8_t> bytes;
     const ErrorCode error = posix::ReadFile(Path, kLargestRegistry, bytes);
-    if (error == ErrorCode::FileNotFound)
+    if (error == ErrorCode::FileNotFound) {
         return ErrorCode::Success;
-    if (error == ErrorCode::Success)
+    }
+    if (error == ErrorCode::Success) {
         text = RegistryText({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    }
     return error;
 }
 

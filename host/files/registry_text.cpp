@@ -18,8 +18,9 @@ constexpr std::string_view kHexDigits = "0123456789abcdef";
 
 std::string_view Trim(std::string_view text) {
     const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos)
+    if (first == std::string_view::npos) {
         return {};
+    }
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
@@ -35,20 +36,23 @@ bool IsSameName(std::string_view written, std::u16string_view name) {
 std::optional<std::string_view> FindWritten(std::string_view line, std::u16string_view name) {
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos || line.starts_with('#') || line.starts_with(';') ||
-        !IsSameName(Trim(line.substr(0, equals)), name))
+        !IsSameName(Trim(line.substr(0, equals)), name)) {
         return std::nullopt;
+    }
     return Trim(line.substr(equals + 1));
 }
 
 // The text of a value that can be shown in quotes: whole UTF-16 characters, none of them a control character.
 std::optional<std::string> ShowAsText(const RegistryValue& value) {
-    if (value.Type != kText || value.Data.size() % 2 != 0)
+    if (value.Type != kText || value.Data.size() % 2 != 0) {
         return std::nullopt;
+    }
     std::u16string text;
     for (std::size_t i = 0; i < value.Data.size(); i += 2) {
         const auto unit = static_cast<char16_t>(value.Data[i] | value.Data[i + 1] << 8);
-        if (unit < 0x20 || unit == 0x7F)
+        if (unit < 0x20 || unit == 0x7F) {
             return std::nullopt;
+        }
         text += unit;
     }
     return locale::ToUtf8Exactly(text);
@@ -57,8 +61,9 @@ std::optional<std::string> ShowAsText(const RegistryValue& value) {
 std::string ShowAsHex(const RegistryValue& value) {
     std::string shown = std::string(kHexBegin) + std::to_string(value.Type) + "):";
     for (std::size_t i = 0; i < value.Data.size(); ++i) {
-        if (i > 0)
+        if (i > 0) {
             shown += ',';
+        }
         shown += kHexDigits[value.Data[i] >> 4];
         shown += kHexDigits[value.Data[i] & 15];
     }
@@ -67,8 +72,9 @@ std::string ShowAsHex(const RegistryValue& value) {
 
 std::optional<RegistryValue> ReadText(std::string_view quoted) {
     const std::optional<std::u16string> text = locale::ToUtf16Exactly(quoted.substr(1, quoted.size() - 2));
-    if (!text)
+    if (!text) {
         return std::nullopt;
+    }
     RegistryValue value{kText, {}};
     for (const char16_t unit : *text) {
         value.Data.push_back(static_cast<std::uint8_t>(unit & 0xFF));
@@ -87,18 +93,21 @@ std::optional<RegistryValue> ReadHex(std::string_view written) {
     const std::size_t colon = written.find("):");
     RegistryValue value;
     if (colon == std::string_view::npos ||
-        !ReadWhole(written.substr(kHexBegin.size(), colon - kHexBegin.size()), value.Type, 10))
+        !ReadWhole(written.substr(kHexBegin.size(), colon - kHexBegin.size()), value.Type, 10)) {
         return std::nullopt;
+    }
     std::string_view digits = written.substr(colon + 2);
     while (!digits.empty()) {
         const std::string_view pair = digits.substr(0, digits.find(','));
         std::uint8_t byte = 0;
-        if (pair.size() != 2 || !ReadWhole(pair, byte, 16))
+        if (pair.size() != 2 || !ReadWhole(pair, byte, 16)) {
             return std::nullopt;
+        }
         value.Data.push_back(byte);
         digits.remove_prefix(pair.size());
-        if (digits.size() == 1)
+        if (digits.size() == 1) {
             return std::nullopt; // a comma with nothing behind it
+        }
         digits.remove_prefix(std::min<std::size_t>(1, digits.size()));
     }
     return value;
@@ -108,8 +117,9 @@ std::optional<RegistryValue> ReadHex(std::string_view written) {
 
 RegistryText::RegistryText(std::string_view text) {
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF"; // some editors put it
-    if (text.starts_with(kByteOrderMark))
+    if (text.starts_with(kByteOrderMark)) {
         text.remove_prefix(kByteOrderMark.size());
+    }
     while (!text.empty()) {
         const std::string_view line = text.substr(0, text.find('\n'));
         Lines.emplace_back(line);
@@ -119,16 +129,18 @@ RegistryText::RegistryText(std::string_view text) {
 
 std::string RegistryText::ToText() const {
     std::string text;
-    for (const std::string& line : Lines)
+    for (const std::string& line : Lines) {
         text += line + '\n';
+    }
     return text;
 }
 
 std::optional<int> RegistryText::FindNumber(std::u16string_view section, std::u16string_view name) const {
     const std::optional<std::size_t> line = FindLine(section, name);
     int number = 0;
-    if (!line || !ReadWhole(FindWritten(Trim(Lines[*line]), name).value_or(std::string_view()), number, 10))
+    if (!line || !ReadWhole(FindWritten(Trim(Lines[*line]), name).value_or(std::string_view()), number, 10)) {
         return std::nullopt;
+    }
     return number;
 }
 
@@ -138,11 +150,13 @@ void RegistryText::SetNumber(std::u16string_view section, std::u16string_view na
 
 std::optional<RegistryValue> RegistryText::FindValue(std::u16string_view section, std::u16string_view name) const {
     const std::optional<std::size_t> line = FindLine(section, name);
-    if (!line)
+    if (!line) {
         return std::nullopt;
+    }
     const std::string_view written = FindWritten(Trim(Lines[*line]), name).value_or(std::string_view());
-    if (written.size() >= 2 && written.starts_with('"') && written.ends_with('"'))
+    if (written.size() >= 2 && written.starts_with('"') && written.ends_with('"')) {
         return ReadText(written);
+    }
     return written.starts_with(kHexBegin) ? ReadHex(written) : std::nullopt;
 }
 
@@ -152,29 +166,35 @@ void RegistryText::SetValue(std::u16string_view section, std::u16string_view nam
 }
 
 void RegistryText::AddSection(std::u16string_view section) {
-    if (HasSection(section))
+    if (HasSection(section)) {
         return;
-    if (!Lines.empty() && !Trim(Lines.back()).empty())
+    }
+    if (!Lines.empty() && !Trim(Lines.back()).empty()) {
         Lines.emplace_back();
+    }
     Lines.push_back('[' + WriteRegistryName(section) + ']');
 }
 
 std::optional<std::size_t> RegistryText::FindSection(std::u16string_view section) const {
     for (std::size_t i = 0; i < Lines.size(); ++i) {
         const std::string_view line = Trim(Lines[i]);
-        if (IsSection(line) && IsSameName(Trim(line.substr(1, line.size() - 2)), section))
+        if (IsSection(line) && IsSameName(Trim(line.substr(1, line.size() - 2)), section)) {
             return i;
+        }
     }
     return std::nullopt;
 }
 
 std::optional<std::size_t> RegistryText::FindLine(std::u16string_view section, std::u16string_view name) const {
     const std::optional<std::size_t> begin = FindSection(section);
-    if (!begin)
+    if (!begin) {
         return std::nullopt;
-    for (std::size_t i = *begin + 1; i < Lines.size() && !IsSection(Trim(Lines[i])); ++i)
-        if (FindWritten(Trim(Lines[i]), name))
+    }
+    for (std::size_t i = *begin + 1; i < Lines.size() && !IsSection(Trim(Lines[i])); ++i) {
+        if (FindWritten(Trim(Lines[i]), name)) {
             return i;
+        }
+    }
     return std::nullopt;
 }
 
@@ -187,9 +207,11 @@ void RegistryText::SetLine(std::u16string_view section, std::u16string_view name
     AddSection(section);
     // Behind the section's last line that says something.
     std::size_t after = *FindSection(section) + 1;
-    for (std::size_t i = after; i < Lines.size() && !IsSection(Trim(Lines[i])); ++i)
-        if (!Trim(Lines[i]).empty())
+    for (std::size_t i = after; i < Lines.size() && !IsSection(Trim(Lines[i])); ++i) {
+        if (!Trim(Lines[i]).empty()) {
             after = i + 1;
+        }
+    }
     Lines.insert(Lines.begin() + static_cast<std::ptrdiff_t>(after), whole);
 }
 
@@ -208,8 +230,9 @@ std::string WriteRegistryName(std::u16string_view name) {
         }
         written += locale::ToUtf8(plain) + '%';
         plain.clear();
-        for (int shift = 12; shift >= 0; shift -= 4)
+        for (int shift = 12; shift >= 0; shift -= 4) {
             written += kHexDigits[unit >> shift & 15];
+        }
     }
     return written + locale::ToUtf8(plain);
 }

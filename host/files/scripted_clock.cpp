@@ -27,8 +27,9 @@ SYSTEMTIME ScriptedClock::GetLocalTime() {
 
 bool ScriptedClock::SetLocalTime(const SYSTEMTIME& time) {
     if (time.Year < 1 || !locale::IsDate(time.Year, time.Month, time.Day) || time.Hour > 23 || time.Minute > 59 ||
-        time.Second > 59 || time.Milliseconds > 999)
+        time.Second > 59 || time.Milliseconds > 999) {
         return false;
+    }
     Milliseconds = locale::DayNumberOf(time.Year, time.Month, time.Day) * kMillisecondsPerDay +
                    (time.Hour * 3600 + time.Minute * 60 + time.Second) * std::int64_t{1000} + time.Milliseconds;
     return true;

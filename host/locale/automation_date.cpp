@@ -15,8 +15,9 @@ constexpr int kLastDay = DayNumberOf(kLastAutomationYear, 12, 31);
 } // namespace
 
 bool VariantTimeToSystemTime(DATE date, SYSTEMTIME& time) {
-    if (!(date > kFirstDay - 1.0 && date < kLastDay + 1.0))
+    if (!(date > kFirstDay - 1.0 && date < kLastDay + 1.0)) {
         return false;
+    }
     int day = static_cast<int>(date); // towards zero
     // Never negative, and far from where a half more would round wrongly.
     int second = static_cast<int>(std::fabs(date - day) * kSecondsPerDay + 0.5); // NOLINT(bugprone-incorrect-roundings)
@@ -24,8 +25,9 @@ bool VariantTimeToSystemTime(DATE date, SYSTEMTIME& time) {
         second = 0;
         ++day;
     }
-    if (day < kFirstDay || day > kLastDay)
+    if (day < kFirstDay || day > kLastDay) {
         return false;
+    }
     const CivilDate civil = DateOfDayNumber(day);
     time = {.Year = static_cast<std::uint16_t>(civil.Year),
             .Month = static_cast<std::uint16_t>(civil.Month),
@@ -40,8 +42,9 @@ bool VariantTimeToSystemTime(DATE date, SYSTEMTIME& time) {
 
 bool SystemTimeToVariantTime(const SYSTEMTIME& time, DATE& date) {
     if (time.Year < kFirstAutomationYear || time.Year > kLastAutomationYear ||
-        !IsDate(time.Year, time.Month, time.Day) || time.Hour > 23 || time.Minute > 59 || time.Second > 59)
+        !IsDate(time.Year, time.Month, time.Day) || time.Hour > 23 || time.Minute > 59 || time.Second > 59) {
         return false;
+    }
     const double day = DayNumberOf(time.Year, time.Month, time.Day);
     const double fraction = (time.Hour * 3600 + time.Minute * 60 + time.Second) / static_cast<double>(kSecondsPerDay);
     date = day < 0 ? day - fraction : day + fraction;

@@ -23,10 +23,12 @@ constexpr bool IsLeapYear(int year) {
 
 // 0 for a month outside 1..12.
 constexpr int DaysInMonth(int year, int month) {
-    if (month < 1 || month > 12)
+    if (month < 1 || month > 12) {
         return 0;
-    if (month == 2)
+    }
+    if (month == 2) {
         return IsLeapYear(year) ? 29 : 28;
+    }
     return month == 4 || month == 6 || month == 9 || month == 11 ? 30 : 31;
 }
 

@@ -66,18 +66,21 @@ bool IsCapital(const LetterRange& range, char16_t unit) {
 } // namespace
 
 char16_t FoldCase(char16_t unit) {
-    if (unit < 0x80)
+    if (unit < 0x80) {
         return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
+    }
     const auto* range = std::ranges::lower_bound(kRanges, unit, {}, &LetterRange::Last);
-    if (range == kRanges.end() || unit < range->First || !IsCapital(*range, unit))
+    if (range == kRanges.end() || unit < range->First || !IsCapital(*range, unit)) {
         return unit;
+    }
     return static_cast<char16_t>(unit + range->Distance);
 }
 
 std::u16string FoldCase(std::u16string_view text) {
     std::u16string folded(text);
-    for (char16_t& unit : folded)
+    for (char16_t& unit : folded) {
         unit = FoldCase(unit);
+    }
     return folded;
 }
 

@@ -18,8 +18,9 @@ constexpr std::u16string_view kEra = u"A.D.";
 
 void AppendNumber(std::u16string& text, int number, std::size_t leastDigits) {
     std::u16string digits;
-    for (; number > 0 || digits.empty(); number /= 10)
+    for (; number > 0 || digits.empty(); number /= 10) {
         digits += static_cast<char16_t>(u'0' + number % 10);
+    }
     digits.append(leastDigits > digits.size() ? leastDigits - digits.size() : 0, u'0');
     text.append(digits.rbegin(), digits.rend());
 }
@@ -39,8 +40,9 @@ void AppendQuoted(std::u16string& text, std::u16string_view picture, std::size_t
     for (++at; at < picture.size(); ++at) {
         if (picture[at] == u'\'') {
             ++at;
-            if (at == picture.size() || picture[at] != u'\'')
+            if (at == picture.size() || picture[at] != u'\'') {
                 return;
+            }
         }
         text += picture[at];
     }
@@ -56,8 +58,9 @@ template <class AppendField> std::u16string FormatPicture(std::u16string_view pi
             continue;
         }
         const std::size_t end = std::min(picture.find_first_not_of(letter, at), picture.size());
-        if (!appendField(text, letter, end - at))
+        if (!appendField(text, letter, end - at)) {
             text += picture.substr(at, end - at);
+        }
         at = end;
     }
     return text;
@@ -66,28 +69,32 @@ template <class AppendField> std::u16string FormatPicture(std::u16string_view pi
 } // namespace
 
 std::optional<std::u16string> FormatDate(const SYSTEMTIME& date, std::u16string_view picture) {
-    if (date.Year < kFirstPictureYear || date.Year > kLastPictureYear || !IsDate(date.Year, date.Month, date.Day))
+    if (date.Year < kFirstPictureYear || date.Year > kLastPictureYear || !IsDate(date.Year, date.Month, date.Day)) {
         return std::nullopt;
+    }
     const auto weekday = static_cast<std::size_t>(WeekdayOfDayNumber(DayNumberOf(date.Year, date.Month, date.Day)));
     return FormatPicture(picture, [&](std::u16string& text, char16_t letter, std::size_t letters) {
         switch (letter) {
         case u'd':
-            if (letters < kAbbreviationLength)
+            if (letters < kAbbreviationLength) {
                 AppendShortNumber(text, date.Day, letters);
-            else
+            } else {
                 AppendName(text, kDayNames[weekday], letters);
+            }
             return true;
         case u'M':
-            if (letters < kAbbreviationLength)
+            if (letters < kAbbreviationLength) {
                 AppendShortNumber(text, date.Month, letters);
-            else
+            } else {
                 AppendName(text, kMonthNames[date.Month - 1u], letters);
+            }
             return true;
         case u'y':
-            if (letters <= 2)
+            if (letters <= 2) {
                 AppendShortNumber(text, date.Year % 100, letters);
-            else
+            } else {
                 AppendNumber(text, date.Year, 4);
+            }
             return true;
         case u'g':
             text += kEra;
@@ -99,8 +106,9 @@ std::optional<std::u16string> FormatDate(const SYSTEMTIME& date, std::u16string_
 }
 
 std::optional<std::u16string> FormatTime(const SYSTEMTIME& time, std::u16string_view picture) {
-    if (time.Hour > 23 || time.Minute > 59 || time.Second > 59 || time.Milliseconds > 999)
+    if (time.Hour > 23 || time.Minute > 59 || time.Second > 59 || time.Milliseconds > 999) {
         return std::nullopt;
+    }
     return FormatPicture(picture, [&](std::u16string& text, char16_t letter, std::size_t letters) {
         switch (letter) {
         case u'h':
@@ -117,8 +125,9 @@ std::optional<std::u16string> FormatTime(const SYSTEMTIME& time, std::u16string_
             return true;
         case u't':
             text += time.Hour < 12 ? u'A' : u'P';
-            if (letters > 1)
+            if (letters > 1) {
                 text += u'M';
+            }
             return true;
         default:
             return false;

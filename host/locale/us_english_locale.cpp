@@ -11,8 +11,9 @@ namespace tavo::locale {
 namespace {
 
 std::optional<std::u16string> FitBuffer(std::optional<std::u16string> text, int bufferSize) {
-    if (!text || std::cmp_greater_equal(text->size(), bufferSize))
+    if (!text || std::cmp_greater_equal(text->size(), bufferSize)) {
         return std::nullopt; // one unit is the terminating zero's
+    }
     return text;
 }
 

@@ -55,15 +55,18 @@ bool ReadLead(unsigned char byte, Lead& lead) {
 bool ReadLongCharacter(std::string_view bytes, std::size_t& at, char32_t& point) {
     const auto first = static_cast<unsigned char>(bytes[at++]);
     Lead lead;
-    if (!ReadLead(first, lead))
+    if (!ReadLead(first, lead)) {
         return false;
+    }
     point = first & (0x3Fu >> lead.Followers);
     for (std::size_t i = 0; i < lead.Followers; ++i) {
-        if (at == bytes.size())
+        if (at == bytes.size()) {
             return false;
+        }
         const auto byte = static_cast<unsigned char>(bytes[at]);
-        if (byte < (i == 0 ? lead.Lowest : 0x80) || byte > (i == 0 ? lead.Highest : 0xBF))
+        if (byte < (i == 0 ? lead.Lowest : 0x80) || byte > (i == 0 ? lead.Highest : 0xBF)) {
             return false;
+        }
         point = point << 6 | (byte & 0x3Fu);
         ++at;
     }
@@ -135,27 +138,29 @@ char32_t TakeCharacter(std::string_view bytes, std::size_t& at) {
 
 std::string ToUtf8(std::u16string_view text) {
     std::string bytes;
-    (void)ConvertToUtf8(text, bytes); // faults are replaced
+    static_cast<void>(ConvertToUtf8(text, bytes)); // faults are replaced
     return bytes;
 }
 
 std::u16string ToUtf16(std::string_view bytes) {
     std::u16string text;
-    (void)ConvertToUtf16(bytes, text); // faults are replaced
+    static_cast<void>(ConvertToUtf16(bytes, text)); // faults are replaced
     return text;
 }
 
 std::optional<std::string> ToUtf8Exactly(std::u16string_view text) {
     std::string bytes;
-    if (!ConvertToUtf8(text, bytes))
+    if (!ConvertToUtf8(text, bytes)) {
         return std::nullopt;
+    }
     return bytes;
 }
 
 std::optional<std::u16string> ToUtf16Exactly(std::string_view bytes) {
     std::u16string text;
-    if (!ConvertToUtf16(bytes, text))
+    if (!ConvertToUtf16(bytes, text)) {
         return std::nullopt;
+    }
     return text;
 }
 

@@ -63,7 +63,7 @@ ImportWriter::ImportWriter(StorePtr store) : State(std::make_unique<Work>(std::m
 
 ImportWriter::~ImportWriter() {
     if (State->Begun) {
-        (void)Abandon(); // nobody is left to hear of a failure
+        static_cast<void>(Abandon()); // nobody is left to hear of a failure
     }
 }
 
@@ -346,7 +346,7 @@ Status ImportWriter::Commit() {
         status = State->DropUnoffered();
     }
     if (Failed(status)) {
-        (void)Abandon(); // the first failure is the one to report
+        static_cast<void>(Abandon()); // the first failure is the one to report
         return status;
     }
     State->Begun = false;

@@ -150,7 +150,7 @@ Status List(StoreCore& core, const Restriction& restriction, const std::function
     Status status = core.BeginReading();
     if (Succeeded(status)) {
         status = Lister(core, visit, leftOut).Run(span, restriction);
-        (void)core.EndReading(); // nothing was written that could be lost
+        static_cast<void>(core.EndReading()); // nothing was written that could be lost
     }
     return status;
 }

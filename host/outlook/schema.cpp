@@ -251,7 +251,7 @@ template <class Choose> Status BringForward(Database& database, const Choose& ch
         status = database.Run("COMMIT");
     }
     if (Failed(status) && database.InTransaction()) {
-        (void)database.Run("ROLLBACK"); // the first failure is the one to report
+        static_cast<void>(database.Run("ROLLBACK")); // the first failure is the one to report
     }
     return status;
 }

@@ -138,11 +138,11 @@ StoreCore& CoreOf(const Store& store) {
 }
 
 void PrepareStores(StoreUse use) {
-    (void)sqlite3_config(SQLITE_CONFIG_SINGLETHREAD);
+    static_cast<void>(sqlite3_config(SQLITE_CONFIG_SINGLETHREAD));
     if (use == StoreUse::Command) {
-        (void)sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+        static_cast<void>(sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0));
     } else {
-        (void)sqlite3_config(SQLITE_CONFIG_LOOKASIDE, 128, 32);
+        static_cast<void>(sqlite3_config(SQLITE_CONFIG_LOOKASIDE, 128, 32));
     }
 }
 
@@ -166,10 +166,10 @@ Status OpenStore(const std::filesystem::path& path, const StoreOptions& options,
         return ExplainFailure(status, path);
     }
     const bool wantsCheck = facts.LeftUnclosed && core->CanWrite;
-    (void)core->TakeForeignItemChange(); // from here on changes count
+    static_cast<void>(core->TakeForeignItemChange()); // from here on changes count
     store = std::make_shared<Store>(std::move(core));
     if (wantsCheck) {
-        (void)store->NoteFullCheck(0); // not noted, the next night comes
+        static_cast<void>(store->NoteFullCheck(0)); // not noted, the next night comes
     }
     return Status::Ok;
 }

@@ -25,7 +25,7 @@ Status RunGuarded(const std::function<Status()>& change) {
 
 StoreCore::~StoreCore() {
     if (HasBegun()) {
-        (void)AbandonGroup(); // nobody is left to hear of a failure
+        static_cast<void>(AbandonGroup()); // nobody is left to hear of a failure
     }
 }
 
@@ -120,7 +120,7 @@ Status StoreCore::EndGroup() {
     const Status status = Db.InTransaction() ? CommitGroup() : Status::Fail;
     if (Failed(status)) {
         KnownItemCount = knownBefore;
-        (void)AbandonGroup(); // the failure of the commit is the one to report
+        static_cast<void>(AbandonGroup()); // the failure of the commit is the one to report
         return status;
     }
     JustUntagged.clear();
@@ -159,9 +159,9 @@ Status StoreCore::RunChange(std::u16string_view name, const std::function<Status
     if (Failed(status)) {
         ++OwnChanges;
         if (alone) {
-            (void)AbandonGroup(); // the change's own failure is the one to report
+            static_cast<void>(AbandonGroup()); // the change's own failure is the one to report
         } else if (Db.InTransaction()) {
-            (void)Db.Run("ROLLBACK TO change; RELEASE change"); // likewise
+            static_cast<void>(Db.Run("ROLLBACK TO change; RELEASE change")); // likewise
             Changes.GoBackTo(mark);
         }
         return status;
@@ -187,7 +187,7 @@ Status StoreCore::RunQuietly(const std::function<Status()>& work) {
         status = Failed(committed) ? committed : status;
     }
     if (alone && Failed(status) && Db.InTransaction()) {
-        (void)Db.Run("ROLLBACK"); // the first failure is the one to report
+        static_cast<void>(Db.Run("ROLLBACK")); // the first failure is the one to report
     }
     return status;
 }
@@ -369,7 +369,8 @@ Status StoreCore::SetDeviceZone(const std::string& name) {
     }
     if (!CanWrite) {
         // A reader lives in the zone for which the last writer left the times.
-        (void)Zones.SetDevice(stored.substr(0, stored.find(' '))); // one that is gone by now leaves the reader's own
+        static_cast<void>(
+            Zones.SetDevice(stored.substr(0, stored.find(' ')))); // one that is gone by now leaves the reader's own
         return Status::Ok;
     }
     const Status status = RunQuietly([&] {
@@ -381,7 +382,7 @@ Status StoreCore::SetDeviceZone(const std::string& name) {
         return Succeeded(steps) ? CountItemChange() : steps;
     });
     if (Failed(status)) {
-        (void)Zones.SetDevice(before); // it was set before, so it can be set again
+        static_cast<void>(Zones.SetDevice(before)); // it was set before, so it can be set again
     }
     return status;
 }

@@ -263,7 +263,7 @@ Status CreateStoreFile(const std::filesystem::path& path) {
                      : StatusFromErrno(errno);
     }
     for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
-        (void)unlinkat(folder.Get(), (draft + suffix).c_str(), 0); // most were never made
+        static_cast<void>(unlinkat(folder.Get(), (draft + suffix).c_str(), 0)); // most were never made
     }
     const bool isSafe = fsync(folder.Get()) == 0 || errno == EINVAL; // not every file system can do it for folders
     return Failed(status) || isSafe ? status : StatusFromErrno(errno);

@@ -99,7 +99,7 @@ Status StoreLedger::RunTransaction(const std::function<Status()>& work) {
         status = Db.Run("COMMIT");
     }
     if (Failed(status) && Db.InTransaction()) {
-        (void)Db.Run("ROLLBACK"); // the first failure is the one to report
+        static_cast<void>(Db.Run("ROLLBACK")); // the first failure is the one to report
     }
     return status;
 }

@@ -144,7 +144,7 @@ Status StoreCore::BeginUndo(std::int32_t& steps) {
     TakingBack.emplace();
     const Status status = FindGroupToUndo(steps);
     if (Failed(status)) {
-        (void)AbandonUndo(); // why there is nothing to take back is what counts
+        static_cast<void>(AbandonUndo()); // why there is nothing to take back is what counts
     }
     return status;
 }
@@ -180,7 +180,7 @@ Status StoreCore::StepUndo() {
 
 Status StoreCore::EndUndo() {
     if (!TakingBack->IsAtEnd || !Db.InTransaction()) {
-        (void)AbandonUndo(); // half of a group is not taken back
+        static_cast<void>(AbandonUndo()); // half of a group is not taken back
         return Status::Fail;
     }
     const std::int64_t knownBefore = KnownItemCount;
@@ -193,7 +193,7 @@ Status StoreCore::EndUndo() {
     }
     if (Failed(status)) {
         KnownItemCount = knownBefore;
-        (void)AbandonUndo(); // the failure of the commit is the one to report
+        static_cast<void>(AbandonUndo()); // the failure of the commit is the one to report
         return status;
     }
     TakingBack.reset();
@@ -220,7 +220,7 @@ Status StoreCore::Undo(std::vector<Oid>& restored) {
         status = StepUndo();
     } while (status == Status::Ok);
     if (Failed(status)) {
-        (void)AbandonUndo(); // the failure of the step is the one to report
+        static_cast<void>(AbandonUndo()); // the failure of the step is the one to report
         return status;
     }
     std::vector<Oid> touched = std::move(TakingBack->Restored);

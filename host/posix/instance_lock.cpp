@@ -82,10 +82,12 @@ ErrorCode WriteRequest(const std::string& path, std::string_view text) {
 
 std::optional<std::string> TakeFile(const std::string& path) {
     std::vector<std::uint8_t> bytes;
-    if (ReadFile(path, kLongestToken, bytes) != ErrorCode::Success)
+    if (ReadFile(path, kLongestToken, bytes) != ErrorCode::Success) {
         return std::nullopt;
-    if (unlink(path.c_str()) != 0)
+    }
+    if (unlink(path.c_str()) != 0) {
         return std::nullopt; // a request that cannot be removed would come again without end
+    }
     return std::string(bytes.begin(), bytes.end());
 }
 
@@ -94,13 +96,15 @@ void TakeImport(const std::string& path, std::vector<std::string>& files) {
     const bool isWanted = IsYoung(path);
     std::vector<std::uint8_t> bytes;
     const bool isRead = ReadFile(path, kLongestImport, bytes) == ErrorCode::Success;
-    if (unlink(path.c_str()) != 0 || !isRead || !isWanted)
+    if (unlink(path.c_str()) != 0 || !isRead || !isWanted) {
         return;
+    }
     std::string_view rest(reinterpret_cast<const char*>(bytes.data()), bytes.size());
     while (!rest.empty()) {
         const std::size_t end = std::min(rest.find('\0'), rest.size());
-        if (rest.front() == '/') // it was written by somebody else's program otherwise
+        if (rest.front() == '/') { // it was written by somebody else's program otherwise
             files.emplace_back(rest.substr(0, end));
+        }
         rest.remove_prefix(std::min(end + 1, rest.size()));
     }
 }
@@ -110,8 +114,9 @@ std::vector<std::string> TakeImports(const std::string& runFolder) {
     std::error_code error; // without the folder there are no requests
     for (std::filesystem::directory_iterator entry(runFolder, error), end; !error && entry != end;
          entry.increment(error)) {
-        if (entry->path().filename().string().starts_with(kImportPrefix))
+        if (entry->path().filename().string().starts_with(kImportPrefix)) {
             requests.push_back(entry->path().string());
+        }
     }
     std::sort(requests.begin(), requests.end());
     std::vector<std::string> files;
@@ -148,7 +153,7 @@ bool IsTaken(int error) {
 }
 
 FileDescriptor OpenLock(const std::string& runFolder) {
-    (void)mkdir(runFolder.c_str(), 0700); // when it is missing and cannot be made, opening the file tells
+    static_cast<void>(mkdir(runFolder.c_str(), 0700)); // when it is missing and cannot be made, opening the file tells
     return OpenOrMakeFile(LockPath(runFolder));
 }
 
@@ -161,18 +166,23 @@ LockOutcome InstanceLock::Acquire(InstanceRole role, std::chrono::milliseconds p
         return LockOutcome::Failed;
     };
     FileDescriptor file = OpenLock(RunFolder);
-    if (!file)
+    if (!file) {
         return fail();
-    if (role == InstanceRole::Program && !TryLock(file, kWindowByte))
+    }
+    if (role == InstanceRole::Program && !TryLock(file, kWindowByte)) {
         return IsTaken(errno) ? LockOutcome::ProgramRuns : fail();
+    }
     const auto end = std::chrono::steady_clock::now() + patience;
     while (!TryLock(file, kDataByte)) {
-        if (!IsTaken(errno))
+        if (!IsTaken(errno)) {
             return fail();
-        if (role == InstanceRole::Tool && IsHeldByAnother(file, kWindowByte))
+        }
+        if (role == InstanceRole::Tool && IsHeldByAnother(file, kWindowByte)) {
             return LockOutcome::ProgramRuns;
-        if (std::chrono::steady_clock::now() >= end)
+        }
+        if (std::chrono::steady_clock::now() >= end) {
             return LockOutcome::Busy;
+        }
         std::this_thread::sleep_for(kBetweenTries);
     }
     LastProblem = ErrorCode::Success;
@@ -212,14 +222,15 @@ ErrorCode InstanceLock::RequestImport(const std::string& runFolder, const std::v
     for (const std::string& path : paths) {
         text.append(path).append(1, '\0');
     }
-    if (text.size() > kLongestImport)
+    if (text.size() > kLongestImport) {
         return ErrorCode::CannotComplete;
-    (void)mkdir(runFolder.c_str(), 0700); // when it is missing and cannot be made, the request tells
+    }
+    static_cast<void>(mkdir(runFolder.c_str(), 0700)); // when it is missing and cannot be made, the request tells
     return WriteRequest(ImportPath(runFolder), text);
 }
 
 void InstanceLock::DropImport(const std::string& runFolder) {
-    (void)unlink(ImportPath(runFolder).c_str()); // mostly it was taken
+    static_cast<void>(unlink(ImportPath(runFolder).c_str())); // mostly it was taken
 }
 
 ErrorCode InstanceLock::WatchActivation() {
@@ -242,8 +253,9 @@ std::optional<ActivationRequest> InstanceLock::TakeActivation() {
     const std::optional<std::string> token = TakeFile(RequestPath(RunFolder));
     std::vector<std::string> imports = TakeImports(RunFolder);
     const bool hasItem = isItemWanted && item.has_value();
-    if (!hasItem && !token && imports.empty())
+    if (!hasItem && !token && imports.empty()) {
         return std::nullopt;
+    }
     ActivationRequest request{token.value_or(""), 0, std::move(imports)};
     if (hasItem) {
         std::string itemToken;

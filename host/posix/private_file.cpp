@@ -46,8 +46,9 @@ FolderKeeping LookAtFolder(const FileDescriptor& folder) {
 
 std::string FolderOf(const std::string& path) {
     const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos)
+    if (slash == std::string::npos) {
         return ".";
+    }
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
@@ -65,16 +66,18 @@ FileDescriptor MakeUnfinished(const FileDescriptor& folder, std::string& name, c
     for (int attempt = 0; attempt < kMostTries; ++attempt) {
         name = kUnfinishedPrefix + std::to_string(getpid()) + '-' + std::to_string(counter.fetch_add(1)) + ending;
         FileDescriptor file = MakeFile(folder, name);
-        if (file || errno != EEXIST)
+        if (file || errno != EEXIST) {
             return file;
+        }
     }
     return FileDescriptor();
 }
 
 FileDescriptor OpenOrMakeFile(const std::string& path) {
     const FileDescriptor folder = OpenFolder(FolderOf(path));
-    if (!folder)
+    if (!folder) {
         return FileDescriptor();
+    }
     const std::string name = NameOf(path);
     for (int attempt = 0; attempt < kMostTries; ++attempt) {
         FileDescriptor there(openat(folder.Get(), name.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
@@ -85,11 +88,13 @@ FileDescriptor OpenOrMakeFile(const std::string& path) {
             errno = EACCES;
             return FileDescriptor();
         }
-        if (there || errno != ENOENT)
+        if (there || errno != ENOENT) {
             return there;
+        }
         FileDescriptor made = MakeFile(folder, name);
-        if (made || errno != EEXIST) // else somebody was faster
+        if (made || errno != EEXIST) { // else somebody was faster
             return made;
+        }
     }
     return FileDescriptor();
 }

@@ -22,13 +22,15 @@ constexpr std::time_t kUnfinishedAge = 3600; // seconds after which nobody can s
 // Success when nothing is there or a regular file that may be read and written.
 ErrorCode CheckReplaceable(const FileDescriptor& folder, const std::string& name) {
     const FileDescriptor file(openat(folder.Get(), name.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
-    if (!file)
+    if (!file) {
         return errno == ENOENT ? ErrorCode::Success : ErrorCodeOf(errno);
+    }
 
     struct stat state {};
 
-    if (fstat(file.Get(), &state) != 0)
+    if (fstat(file.Get(), &state) != 0) {
         return ErrorCodeOf(errno);
+    }
     return S_ISREG(state.st_mode) ? ErrorCode::Success : ErrorCode::AccessDenied;
 }
 
@@ -40,14 +42,17 @@ ErrorCode Sync(const FileDescriptor& folder) {
 ErrorCode WriteAndSync(FileDescriptor& file, std::span<const std::uint8_t> bytes) {
     while (!bytes.empty()) {
         const ssize_t written = write(file.Get(), bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR)
+        if (written < 0 && errno == EINTR) {
             continue;
-        if (written < 0)
+        }
+        if (written < 0) {
             return ErrorCodeOf(errno);
+        }
         bytes = bytes.subspan(static_cast<std::size_t>(written));
     }
-    if (fsync(file.Get()) != 0 || !file.Close())
+    if (fsync(file.Get()) != 0 || !file.Close()) {
         return ErrorCodeOf(errno);
+    }
     return ErrorCode::Success;
 }
 
@@ -87,22 +92,27 @@ ErrorCode ErrorCodeOf(int errnoValue) {
 ErrorCode ReplaceFile(const std::string& path, std::span<const std::uint8_t> bytes,
                       const std::function<ErrorCode()>& beforeRename) {
     const FileDescriptor folder = OpenFolder(FolderOf(path));
-    if (!folder)
+    if (!folder) {
         return ErrorCodeOf(errno);
+    }
     const std::string name = path.substr(path.rfind('/') + 1);
-    if (const ErrorCode error = CheckReplaceable(folder, name); error != ErrorCode::Success)
+    if (const ErrorCode error = CheckReplaceable(folder, name); error != ErrorCode::Success) {
         return error;
+    }
     std::string unfinished;
     FileDescriptor file = MakeUnfinished(folder, unfinished);
-    if (!file)
+    if (!file) {
         return ErrorCodeOf(errno);
+    }
     ErrorCode error = WriteAndSync(file, bytes);
-    if (error == ErrorCode::Success && beforeRename)
+    if (error == ErrorCode::Success && beforeRename) {
         error = beforeRename();
-    if (error == ErrorCode::Success && renameat(folder.Get(), unfinished.c_str(), folder.Get(), name.c_str()) != 0)
+    }
+    if (error == ErrorCode::Success && renameat(folder.Get(), unfinished.c_str(), folder.Get(), name.c_str()) != 0) {
         error = ErrorCodeOf(errno);
+    }
     if (error != ErrorCode::Success) {
-        (void)unlinkat(folder.Get(), unfinished.c_str(), 0); // the first failure is the one to tell
+        static_cast<void>(unlinkat(folder.Get(), unfinished.c_str(), 0)); // the first failure is the one to tell
         return error;
     }
     return Sync(folder);
@@ -114,22 +124,28 @@ ErrorCode ReadFile(const std::string& path, std::size_t limit, std::vector<std::
 
     struct stat state {};
 
-    if (!file || fstat(file.Get(), &state) != 0)
+    if (!file || fstat(file.Get(), &state) != 0) {
         return ErrorCodeOf(errno);
-    if (!S_ISREG(state.st_mode))
+    }
+    if (!S_ISREG(state.st_mode)) {
         return ErrorCode::AccessDenied;
-    if (static_cast<std::uintmax_t>(state.st_size) > limit)
+    }
+    if (static_cast<std::uintmax_t>(state.st_size) > limit) {
         return ErrorCode::CannotComplete;
+    }
     std::vector<std::uint8_t> whole(static_cast<std::size_t>(state.st_size));
     std::size_t filled = 0;
     while (filled < whole.size()) {
         const ssize_t count = read(file.Get(), whole.data() + filled, whole.size() - filled);
-        if (count < 0 && errno == EINTR)
+        if (count < 0 && errno == EINTR) {
             continue;
-        if (count < 0)
+        }
+        if (count < 0) {
             return ErrorCodeOf(errno);
-        if (count == 0)
+        }
+        if (count == 0) {
             break; // someone cut the file while it was read
+        }
         filled += static_cast<std::size_t>(count);
     }
     whole.resize(filled);
@@ -144,16 +160,18 @@ ErrorCode SyncFolder(const std::string& folder) {
 
 void RemoveUnfinished(const std::string& folder) {
     const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
-    if (!entries)
+    if (!entries) {
         return;
+    }
     const std::time_t oldest = std::time(nullptr) - kUnfinishedAge;
     while (const dirent* entry = readdir(entries.get())) {
         struct stat state {};
 
         if (std::string_view(entry->d_name).starts_with(kUnfinishedPrefix) &&
             fstatat(dirfd(entries.get()), entry->d_name, &state, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(state.st_mode) &&
-            state.st_mtime < oldest)
-            (void)unlinkat(dirfd(entries.get()), entry->d_name, 0); // what cannot go stays
+            state.st_mtime < oldest) {
+            static_cast<void>(unlinkat(dirfd(entries.get()), entry->d_name, 0)); // what cannot go stays
+        }
     }
 }
 

@@ -7,11 +7,11 @@
 namespace tavo::posix {
 
 SYSTEMTIME SystemClock::GetLocalTime() {
-    (void)Zone.Refresh(); // whether the zone changed just now makes no difference here
+    static_cast<void>(Zone.Refresh()); // whether the zone changed just now makes no difference here
     timespec now{};
-    (void)clock_gettime(CLOCK_REALTIME, &now); // always there
+    static_cast<void>(clock_gettime(CLOCK_REALTIME, &now)); // always there
     std::tm local{};
-    (void)localtime_r(&now.tv_sec, &local); // fails only beyond the year 2^31
+    static_cast<void>(localtime_r(&now.tv_sec, &local)); // fails only beyond the year 2^31
     return {static_cast<std::uint16_t>(local.tm_year + 1900),
             static_cast<std::uint16_t>(local.tm_mon + 1),
             static_cast<std::uint16_t>(local.tm_wday),

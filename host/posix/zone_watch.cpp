@@ -16,12 +16,13 @@ void ReadZoneAgain() {
     const char* set = std::getenv("TZ");
     const bool wasSet = set != nullptr;
     const std::string before = wasSet ? set : "";
-    (void)setenv("TZ", "UTC0", 1);
+    static_cast<void>(setenv("TZ", "UTC0", 1));
     tzset();
-    if (wasSet)
-        (void)setenv("TZ", before.c_str(), 1);
-    else
-        (void)unsetenv("TZ");
+    if (wasSet) {
+        static_cast<void>(setenv("TZ", before.c_str(), 1));
+    } else {
+        static_cast<void>(unsetenv("TZ"));
+    }
     tzset();
 }
 
@@ -33,13 +34,15 @@ ZoneWatch::ZoneWatch() : File(ZoneFile()), Seen(StateOf(File)) {
 
 bool ZoneWatch::Refresh() {
     const auto now = std::chrono::steady_clock::now();
-    if (File.empty() || now < NextLook)
+    if (File.empty() || now < NextLook) {
         return false;
+    }
     NextLook = now + kBetweenLooks;
     const struct stat state = StateOf(File);
     if (state.st_ino == Seen.st_ino && state.st_dev == Seen.st_dev && state.st_mtim.tv_sec == Seen.st_mtim.tv_sec &&
-        state.st_mtim.tv_nsec == Seen.st_mtim.tv_nsec)
+        state.st_mtim.tv_nsec == Seen.st_mtim.tv_nsec) {
         return false;
+    }
     Seen = state;
     ReadZoneAgain();
     return true;
@@ -47,11 +50,13 @@ bool ZoneWatch::Refresh() {
 
 std::string ZoneWatch::ZoneFile() {
     const char* variable = std::getenv("TZ");
-    if (variable == nullptr)
+    if (variable == nullptr) {
         return "/etc/localtime";
+    }
     std::string file = variable;
-    if (file.starts_with(':'))
+    if (file.starts_with(':')) {
         file.erase(0, 1);
+    }
     return file.starts_with('/') ? file : std::string();
 }
 
@@ -59,8 +64,9 @@ std::string ZoneWatch::ZoneFile() {
 struct stat ZoneWatch::StateOf(const std::string& file) {
     struct stat state {};
 
-    if (stat(file.c_str(), &state) != 0)
+    if (stat(file.c_str(), &state) != 0) {
         state = {};
+    }
     return state;
 }
 

@@ -199,9 +199,9 @@ std::string SeriesExpander::FindRuleFault(const StoredItem& item) {
     }
     const std::vector<Seconds> originals = OriginalsOf(item.Exceptions);
     ExpansionBudget budget(kStepsOfExpansion);
-    (void)rule->FindFirst(
+    static_cast<void>(rule->FindFirst(
         [&originals](Seconds original) { return std::binary_search(originals.begin(), originals.end(), original); },
-        budget);
+        budget));
     return budget.IsSpent() ? "its first occurrence takes too long to find" : "";
 }
 

@@ -51,7 +51,7 @@ TEST_F(WindowProcess, IsReadInPiecesToo) {
 }
 
 TEST(ChildProcess, OneThatHasEndedKeepsNothingWaiting) {
-    (void)std::signal(SIGPIPE, SIG_IGN);
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
     Child child;
     ASSERT_TRUE(child.Start({"/bin/true"}));
     const pid_t process = child.Id();
@@ -63,7 +63,7 @@ TEST(ChildProcess, OneThatHasEndedKeepsNothingWaiting) {
 }
 
 TEST(ChildProcess, IsEndedByABrokenPipeLikeAnyOther) {
-    (void)std::signal(SIGPIPE, SIG_IGN);
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
     Child child;
     ASSERT_TRUE(child.Start({"/bin/sh", "-c", "kill -PIPE $$; echo alive"}));
     EXPECT_EQ(child.ReadLine(kSoon), "");

@@ -19,10 +19,12 @@ std::string MakeZone(char hoursEast) {
     std::string zone = "TZif";
     zone += std::string(16, '\0');
     const std::uint32_t counts[] = {0, 0, 0, 0, 1, 4};
-    for (const std::uint32_t count : counts)
+    for (const std::uint32_t count : counts) {
         zone += {0, 0, 0, static_cast<char>(count)};
-    for (int shift = 24; shift >= 0; shift -= 8)
+    }
+    for (int shift = 24; shift >= 0; shift -= 8) {
         zone += static_cast<char>(seconds >> shift & 0xFF);
+    }
     return zone + std::string("\0\0TST\0", 6);
 }
 
@@ -81,8 +83,9 @@ TEST(SystemClock, TicksCountMilliseconds) {
 TEST(SystemClock, LookingCostsLittle) {
     posix::SystemClock clock;
     const auto begin = std::chrono::steady_clock::now();
-    for (int i = 0; i < 100'000; ++i)
-        (void)clock.GetLocalTime(); // only the cost counts
+    for (int i = 0; i < 100'000; ++i) {
+        static_cast<void>(clock.GetLocalTime()); // only the cost counts
+    }
     const std::chrono::duration<double, std::micro> taken = std::chrono::steady_clock::now() - begin;
     std::printf("one look at the clock: %.3f microseconds\n", taken.count() / 100'000);
     EXPECT_LT(taken.count() / 100'000, 50);

@@ -128,8 +128,9 @@ TEST(NameOfDeleted, TheMomentComesBackFromTheName) {
 
 TEST(NameOfDeleted, LongNamesAreShortenedAtACharacter) {
     std::string stem = "x";
-    for (int i = 0; i < 120; ++i)
+    for (int i = 0; i < 120; ++i) {
         stem += "\xC3\xA4"; // ä, so that the 180th byte lies inside one
+    }
     const std::string name = NameOfDeleted(stem + ".pwi", kNow, 2);
     EXPECT_LE(name.size(), 255U);
     EXPECT_EQ(name, stem.substr(0, 179) + " (deleted 20041117T214530Z 2).pwi");
@@ -138,8 +139,9 @@ TEST(NameOfDeleted, LongNamesAreShortenedAtACharacter) {
 TEST(NameOfDeleted, OtherNamesHaveNoMoment) {
     for (const char* name :
          {"x.pwi", "x (deleted ).pwi", "x (deleted 20041317T214530Z).pwi", "x (deleted 2004111xT214530Z).pwi",
-          "x (deleted 20041117T214530Z.pwi", "x (deleted 20041117 214530Z).pwi", ""})
+          "x (deleted 20041117T214530Z.pwi", "x (deleted 20041117 214530Z).pwi", ""}) {
         EXPECT_EQ(TimeOfDeleted(name), std::nullopt) << name;
+    }
 }
 
 } // namespace tavo::files

@@ -27,18 +27,20 @@ struct DeviceFilesTest : testing::Test {
     std::string Read(std::u16string_view path) {
         std::vector<std::uint8_t> bytes;
         const ErrorCode error = Files.ReadWholeFile(path, bytes);
-        if (error != ErrorCode::Success)
+        if (error != ErrorCode::Success) {
             return "error " + std::to_string(static_cast<int>(error));
+        }
         return {bytes.begin(), bytes.end()};
     }
 
     std::vector<std::u16string> Find(std::u16string_view pattern) {
         std::vector<std::u16string> names;
         const std::unique_ptr<IFileSearch> search = Files.FindFirstFileW(pattern);
-        if (search)
-            do
+        if (search) {
+            do {
                 names.push_back(search->FileName());
-            while (search->FindNextFileW());
+            } while (search->FindNextFileW());
+        }
         return names;
     }
 };
@@ -169,8 +171,9 @@ TEST_F(DeviceFilesTest, LinksInsideTheRootAreFollowedAndDeletedAlone) {
 
 TEST_F(DeviceFilesTest, SearchesGiveNamesInOrderWithoutCase) {
     for (const char* name :
-         {"20040915_101530.pwi", "20040915_090000.PWI", "20040916_000000.pwi", "20040915_x.txt", "b.dat"})
+         {"20040915_101530.pwi", "20040915_090000.PWI", "20040916_000000.pwi", "20040915_x.txt", "b.dat"}) {
         Home.Put(std::string("root/My Documents/TavoCalendar/") + name, "x");
+    }
     std::filesystem::create_directory(Home / "root/My Documents/TavoCalendar/20040915_folder.pwi");
     EXPECT_EQ(Find(std::u16string(kData) + u"\\20040915*.pwi"),
               (Names{u"20040915_090000.PWI", u"20040915_101530.pwi"}));
@@ -193,8 +196,9 @@ TEST_F(DeviceFilesTest, ASearchAtItsEndStaysThereWithoutAName) {
 }
 
 TEST_F(DeviceFilesTest, ASearchGoesOnWhileItsFilesAreDeleted) {
-    for (const char* name : {"a.dat", "b.dat", "c.dat"})
+    for (const char* name : {"a.dat", "b.dat", "c.dat"}) {
         Home.Put(std::string("root/") + name, "x");
+    }
     const std::unique_ptr<IFileSearch> search = Files.FindFirstFileW(u"\\*.dat");
     ASSERT_TRUE(search);
     Names deleted;
@@ -254,13 +258,16 @@ TEST_F(DeviceFilesTest, ReadOnlyFilesAreNotDeletedAndLockedFoldersNotWritten) {
     EXPECT_EQ(RunUnprivileged(Home.Path(),
                               [&] {
                                   chmod((Home / "root/x.dat").c_str(), 0400);
-                                  if (Files.DeleteFileW(u"\\x.dat") != ErrorCode::AccessDenied)
+                                  if (Files.DeleteFileW(u"\\x.dat") != ErrorCode::AccessDenied) {
                                       return 1;
+                                  }
                                   chmod(Root.c_str(), 0500);
-                                  if (Files.WriteWholeFile(u"\\y.dat", {}) != ErrorCode::AccessDenied)
+                                  if (Files.WriteWholeFile(u"\\y.dat", {}) != ErrorCode::AccessDenied) {
                                       return 2;
-                                  if (Files.CreateDirectoryW(u"\\z") != ErrorCode::AccessDenied)
+                                  }
+                                  if (Files.CreateDirectoryW(u"\\z") != ErrorCode::AccessDenied) {
                                       return 3;
+                                  }
                                   chmod(Root.c_str(), 0700);
                                   return 0;
                               }),

@@ -17,8 +17,9 @@ TEST(DevicePath, SeparatorsDivideAndDoubledOnesCountAsOne) {
 
 TEST(DevicePath, NoPartMayLeadElsewhere) {
     for (const std::u16string_view path :
-         {u"\\..\\x", u"\\a\\..", u"\\.", u"\\a\\.\\b", u"\\a/b", u"\\a\\/etc", u"\\C:\\x"})
+         {u"\\..\\x", u"\\a\\..", u"\\.", u"\\a\\.\\b", u"\\a/b", u"\\a\\/etc", u"\\C:\\x"}) {
         EXPECT_EQ(ParseDevicePath(path), std::nullopt) << std::string(path.begin(), path.end());
+    }
     EXPECT_EQ(ParseDevicePath(std::u16string(u"\\a\0b", 4)), std::nullopt);
     EXPECT_EQ(ParseDevicePath(u"\\a\nb"), std::nullopt);
     EXPECT_EQ(ParseDevicePath(std::u16string{u'\\', char16_t{0xD800}}), std::nullopt);
@@ -60,8 +61,9 @@ TEST(MatchesPattern, StarIsAnyRunAndQuestionMarkAnyUnit) {
 TEST(MatchesPattern, ManyStarsTakeNoLongTime) {
     const std::u16string name(250, u'a');
     std::u16string pattern;
-    for (int i = 0; i < 60; ++i)
+    for (int i = 0; i < 60; ++i) {
         pattern += u"a*";
+    }
     EXPECT_FALSE(MatchesPattern(name, pattern + u"b")); // would never end if every split were tried
 }
 

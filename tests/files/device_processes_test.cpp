@@ -39,8 +39,9 @@ struct DeviceProcessesTest : testing::Test {
     }
 
     std::string WaitFor(const std::string& name) const {
-        for (int i = 0; i < 500 && !Folder.Has(name); ++i)
+        for (int i = 0; i < 500 && !Folder.Has(name); ++i) {
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
         return Folder.Get(name);
     }
 
@@ -60,8 +61,9 @@ TEST_F(DeviceProcessesTest, TheCompanionLiesBesideTheProgram) {
 TEST_F(DeviceProcessesTest, OnlyTheTwoProgramsOfTheDeviceExist) {
     PutProgram("RSound", "");
     for (const std::u16string_view path :
-         {u"\\bin\\sh", u"/bin/sh", u"RSound.exe", u"\\RSound.exe", u"", u"\\Program Files\\..\\RSound.exe"})
+         {u"\\bin\\sh", u"/bin/sh", u"RSound.exe", u"\\RSound.exe", u"", u"\\Program Files\\..\\RSound.exe"}) {
         EXPECT_EQ(Processes.Resolve(path, u""), std::nullopt);
+    }
 }
 
 TEST_F(DeviceProcessesTest, TheClockIsTheFirstThatThePathHas) {
@@ -135,8 +137,9 @@ TEST_F(DeviceProcessesTest, WhatCannotRunIsTold) {
 TEST_F(DeviceProcessesTest, AProgramStartsWhenThereIsTimeForItAndOnce) {
     PutProgram("RSound", "echo \"$1\" >>" + Folder / "out" + "\n");
     const auto waitForLines = [&](const std::string& lines) {
-        for (int i = 0; i < 500 && Folder.Get("out") != lines; ++i)
+        for (int i = 0; i < 500 && Folder.Get("out") != lines; ++i) {
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
         return Folder.Get("out") == lines;
     };
     {

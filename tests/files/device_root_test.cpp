@@ -56,8 +56,9 @@ TEST(DeviceRoot, AnExistingRootIsOpenedAgainByItsRealPath) {
 TEST(DeviceRoot, ARelativeRootIsTakenFromTheWorkingFolder) {
     const TemporaryFolder folder;
     EXPECT_EQ(RunApart([&] {
-                  if (chdir(folder.Path().c_str()) != 0)
+                  if (chdir(folder.Path().c_str()) != 0) {
                       return 2;
+                  }
                   return OpenDeviceRoot({"inner/../root", "", ""}).Root->Path() == folder / "root" ? 0 : 1;
               }),
               0);

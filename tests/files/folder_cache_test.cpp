@@ -36,8 +36,9 @@ TEST(FolderCache, AFolderAtRestIsReadOnce) {
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
     ASSERT_TRUE(cache.List(folder.Path())); // the stamp has been the same for long enough now
     const std::size_t reads = cache.ReadCount();
-    for (int i = 0; i < 100; ++i)
+    for (int i = 0; i < 100; ++i) {
         ASSERT_EQ(cache.List(folder.Path())->size(), 1U);
+    }
     EXPECT_EQ(cache.ReadCount(), reads);
 }
 
@@ -45,8 +46,9 @@ TEST(FolderCache, AYoungFolderIsReadEachTime) {
     const TemporaryFolder folder;
     FolderCache cache(folder.Path(), LinkRule::InsideOnly);
     SetModified(folder.Path(), std::time(nullptr) + 1000, 0); // whole seconds only, and never older than the clock
-    for (int i = 0; i < 5; ++i)
+    for (int i = 0; i < 5; ++i) {
         ASSERT_TRUE(cache.List(folder.Path()));
+    }
     EXPECT_EQ(cache.ReadCount(), 5U);
 }
 
@@ -75,8 +77,9 @@ TEST(FolderCache, AnotherFolderUnderTheSameNameIsSeen) {
 
 TEST(FolderCache, NamesThatNoDevicePathCanSayAreLeftOut) {
     const TemporaryFolder folder;
-    for (const char* name : {"fine.wav", "with:colon", "with\\backslash", "bad\xFFutf", ".~tavo-1-2", "tab\there"})
+    for (const char* name : {"fine.wav", "with:colon", "with\\backslash", "bad\xFFutf", ".~tavo-1-2", "tab\there"}) {
         folder.Put(name, "");
+    }
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
     FolderCache cache(folder.Path(), LinkRule::InsideOnly);
     const auto listing = cache.List(folder.Path());
@@ -89,8 +92,8 @@ TEST(FolderCache, InAFolderOfTenThousandMemosASearchCostsMicroseconds) {
     std::filesystem::create_directories(root / "My Documents/TavoCalendar");
     for (int i = 0; i < 10'000; ++i) {
         char name[64];
-        (void)std::snprintf(name, sizeof name, "My Documents/TavoCalendar/2004%02d%02d_%06d.pwi", i % 12 + 1,
-                            i % 30 + 1, i);
+        static_cast<void>(std::snprintf(name, sizeof name, "My Documents/TavoCalendar/2004%02d%02d_%06d.pwi",
+                                        i % 12 + 1, i % 30 + 1, i));
         std::ofstream(root / name);
     }
     SetModified(root / "My Documents/TavoCalendar", std::time(nullptr) - 1000, 1);
@@ -102,9 +105,11 @@ TEST(FolderCache, InAFolderOfTenThousandMemosASearchCostsMicroseconds) {
     const std::size_t reads = files.FolderReads();
     const auto begin = std::chrono::steady_clock::now();
     constexpr int kMonths = 100;
-    for (int month = 0; month < kMonths; ++month)
-        for (int day = 1; day <= 42; ++day)
+    for (int month = 0; month < kMonths; ++month) {
+        for (int day = 1; day <= 42; ++day) {
             ASSERT_EQ(files.FindFirstFileW(PatternOfDay(day)) != nullptr, day <= 30 && day % 6 == 3) << day;
+        }
+    }
     const std::chrono::duration<double, std::micro> taken = std::chrono::steady_clock::now() - begin;
     const double each = taken.count() / (kMonths * 42);
     RecordProperty("microseconds_each", std::to_string(each));

@@ -100,9 +100,11 @@ TEST_F(RegistryFileTest, SeveralProcessesLoseNoneOfTheirChanges) {
         const pid_t child = fork();
         if (child == 0) {
             const std::u16string section(1, static_cast<char16_t>(u'a' + writer));
-            for (int i = 0; i < kValues; ++i)
-                if (!Registry.WriteProfileInt(section, std::u16string(1, static_cast<char16_t>(u'a' + i)), i))
+            for (int i = 0; i < kValues; ++i) {
+                if (!Registry.WriteProfileInt(section, std::u16string(1, static_cast<char16_t>(u'a' + i)), i)) {
                     _exit(1);
+                }
+            }
             _exit(0);
         }
         writers.push_back(child);
@@ -112,11 +114,13 @@ TEST_F(RegistryFileTest, SeveralProcessesLoseNoneOfTheirChanges) {
         ASSERT_EQ(waitpid(writer, &status, 0), writer);
         EXPECT_EQ(status, 0);
     }
-    for (int writer = 0; writer < kWriters; ++writer)
-        for (int i = 0; i < kValues; ++i)
+    for (int writer = 0; writer < kWriters; ++writer) {
+        for (int i = 0; i < kValues; ++i) {
             ASSERT_EQ(Registry.GetProfileIntW(std::u16string(1, static_cast<char16_t>(u'a' + writer)),
                                               std::u16string(1, static_cast<char16_t>(u'a' + i)), -1),
                       i);
+        }
+    }
 }
 
 TEST_F(RegistryFileTest, AFileThatCannotBeReadIsNotReplaced) {

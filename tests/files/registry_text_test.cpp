@@ -38,8 +38,9 @@ TEST(RegistryText, WhatAPersonTypedIsUnderstood) {
 }
 
 TEST(RegistryText, WhatIsNoNumberIsNone) {
-    for (const char* written : {"", "x", "1x", "99999999999", "0x1", "\"1\"", "1 2"})
+    for (const char* written : {"", "x", "1x", "99999999999", "0x1", "\"1\"", "1 2"}) {
         EXPECT_EQ(RegistryText(std::string("[s]\nn=") + written).FindNumber(u"s", u"n"), std::nullopt) << written;
+    }
     EXPECT_EQ(RegistryText("[s]\n#n=1").FindNumber(u"s", u"n"), std::nullopt);
     EXPECT_EQ(RegistryText("n=1\n[s]").FindNumber(u"s", u"n"), std::nullopt);
 }
@@ -87,11 +88,13 @@ TEST(RegistryText, RandomValuesAndNamesComeBack) {
     std::uniform_int_distribution length(0, 40);
     for (int i = 0; i < 3000; ++i) {
         RegistryValue value{static_cast<std::uint32_t>(i % 5), {}};
-        for (int left = length(random); left > 0; --left)
+        for (int left = length(random); left > 0; --left) {
             value.Data.push_back(static_cast<std::uint8_t>(i % 3 == 0 && left % 2 == 0 ? 0 : byte(random)));
+        }
         std::u16string name(1, u'n');
-        for (int left = length(random); left > 0; --left)
+        for (int left = length(random); left > 0; --left) {
             name += static_cast<char16_t>(byte(random) << (i % 2 == 0 ? 0 : 8));
+        }
         RegistryText text("[other]\n");
         text.SetValue(name, name, value);
         ASSERT_EQ(RegistryText(text.ToText()).FindValue(name, name), value) << text.ToText();
@@ -100,8 +103,9 @@ TEST(RegistryText, RandomValuesAndNamesComeBack) {
 
 TEST(RegistryText, GarbledValuesAreNone) {
     for (const char* written : {"\"", "x", "hex(", "hex(1):5", "hex(1):5c,", "hex(1):5c,0", "hex(1):zz", "hex():00",
-                                "hex(9999999999):00", "hex(1)00", "\"\xFF\""})
+                                "hex(9999999999):00", "hex(1)00", "\"\xFF\""}) {
         EXPECT_EQ(RegistryText(std::string("[k]\nv=") + written).FindValue(u"k", u"v"), std::nullopt) << written;
+    }
 }
 
 TEST(RegistryText, NamesCannotBreakOutOfTheirLine) {

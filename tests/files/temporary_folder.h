@@ -20,8 +20,9 @@ namespace tavo::files {
 class TemporaryFolder {
   public:
     TemporaryFolder() : FolderPath(std::filesystem::canonical(std::filesystem::temp_directory_path()) / "tavo-XXXXXX") {
-        if (mkdtemp(FolderPath.data()) == nullptr)
+        if (mkdtemp(FolderPath.data()) == nullptr) {
             std::abort();
+        }
     }
 
     ~TemporaryFolder() {
@@ -52,8 +53,9 @@ class TemporaryFolder {
     // Names in a folder, sorted.
     std::vector<std::string> NamesIn(std::string_view folder) const {
         std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(*this / folder))
+        for (const auto& entry : std::filesystem::directory_iterator(*this / folder)) {
             names.push_back(entry.path().filename().string());
+        }
         std::sort(names.begin(), names.end());
         return names;
     }
@@ -69,11 +71,13 @@ inline std::vector<std::uint8_t> BytesOf(std::string_view text) {
 // How a process of its own ends that runs `action`: its result, or 128 and the number of the signal that ended it.
 inline int RunApart(const std::function<int()>& action) {
     const pid_t child = fork();
-    if (child == 0)
+    if (child == 0) {
         _exit(action());
+    }
     int status = 0;
-    if (waitpid(child, &status, 0) != child)
+    if (waitpid(child, &status, 0) != child) {
         return -1;
+    }
     return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
@@ -81,13 +85,15 @@ inline int RunApart(const std::function<int()>& action) {
 inline int RunUnprivileged(const std::string& folder, const std::function<int()>& action) {
     constexpr uid_t kNobody = 65534;
     if (geteuid() == 0) {
-        (void)!chown(folder.c_str(), kNobody, kNobody); // the action fails visibly if this does
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
-            (void)!lchown(entry.path().c_str(), kNobody, kNobody);
+        static_cast<void>(!chown(folder.c_str(), kNobody, kNobody)); // the action fails visibly if this does
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+            static_cast<void>(!lchown(entry.path().c_str(), kNobody, kNobody));
+        }
     }
     return RunApart([&] {
-        if (geteuid() == 0 && (setgid(kNobody) != 0 || setuid(kNobody) != 0))
+        if (geteuid() == 0 && (setgid(kNobody) != 0 || setuid(kNobody) != 0)) {
             return 99;
+        }
         return action();
     });
 }

@@ -106,9 +106,11 @@ TEST(AutomationDate, WeekdayIsNotReadAndMillisecondsAreDropped) {
 }
 
 TEST(AutomationDate, EverySecondOfADayComesBackInEveryCentury) {
-    for (const int year : {100, 1600, 1899, 1900, 2004, 2999, 9999})
-        for (int second = 0; second < kSecondsPerDay; ++second)
+    for (const int year : {100, 1600, 1899, 1900, 2004, 2999, 9999}) {
+        for (int second = 0; second < kSecondsPerDay; ++second) {
             ASSERT_TRUE(ComesBack(MakeTime(DayNumberOf(year, 12, 29), second))) << year << ' ' << second;
+        }
+    }
 }
 
 TEST(AutomationDate, AMillionOtherSecondsComeBack) {

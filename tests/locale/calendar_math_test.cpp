@@ -52,8 +52,9 @@ TEST(CalendarMath, HundredthYearsAreLeapYearsOnlyEveryFourHundred) {
 
 TEST(CalendarMath, MonthsHaveTheirLengths) {
     constexpr int kLengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    for (int month = 1; month <= 12; ++month)
+    for (int month = 1; month <= 12; ++month) {
         EXPECT_EQ(DaysInMonth(2005, month), kLengths[month - 1]) << month;
+    }
     EXPECT_EQ(DaysInMonth(2005, 0), 0);
     EXPECT_EQ(DaysInMonth(2005, 13), 0);
 }

@@ -22,8 +22,9 @@ TEST(Utf, ZeroIsACharacterLikeAnyOther) {
 
 TEST(Utf, EveryCharacterGoesThereAndBack) {
     for (char32_t point = 0; point <= 0x10FFFF; ++point) {
-        if (point >= 0xD800 && point <= 0xDFFF)
+        if (point >= 0xD800 && point <= 0xDFFF) {
             continue;
+        }
         std::u16string text;
         if (point >= 0x10000) {
             text += static_cast<char16_t>(0xD800 + ((point - 0x10000) >> 10));
@@ -53,8 +54,9 @@ TEST(Utf, MalformedBytesAreReplacedAndTheRestIsKept) {
     EXPECT_EQ(ToUtf16("\xED\xA0\x80"), u"\uFFFD\uFFFD\uFFFD");           // a surrogate
     EXPECT_EQ(ToUtf16("\xF4\x90\x80\x80"), u"\uFFFD\uFFFD\uFFFD\uFFFD"); // beyond the last character
     EXPECT_EQ(ToUtf16("\xFFq"), u"\uFFFDq");
-    for (const char* bytes : {"a\x80z", "\xC3", "\xE2\x82", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xFF"})
+    for (const char* bytes : {"a\x80z", "\xC3", "\xE2\x82", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xFF"}) {
         EXPECT_EQ(ToUtf16Exactly(bytes), std::nullopt);
+    }
 }
 
 } // namespace tavo::locale

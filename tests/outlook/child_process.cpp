@@ -49,7 +49,7 @@ ChildProcess::ChildProcess(const std::function<void(Link&)>& work) {
 ChildProcess::~ChildProcess() {
     if (Id > 0) {
         Kill();
-        (void)Wait();
+        static_cast<void>(Wait());
     }
     Ours.Close();
 }

@@ -152,7 +152,7 @@ void InstallOnce() {
         return made;
     }();
     static const int installed = sqlite3_vfs_register(&layer, 1);
-    (void)installed;
+    static_cast<void>(installed);
 }
 
 // Before the first test, so that every file of the process is open through the layer.

@@ -97,7 +97,7 @@ TEST_F(Opening, InAWorkingFolderThatIsGoneNothingIsThrown) {
 TEST_F(Opening, TheSchemaCannotBeChangedBehindTheStoresBack) {
     ASSERT_EQ(Open(), Status::Ok);
     Database& database = CoreOf(*Store).Db;
-    (void)database.Run("PRAGMA writable_schema=ON"); // not refused, without effect
+    static_cast<void>(database.Run("PRAGMA writable_schema=ON")); // not refused, without effect
     EXPECT_NE(database.Run("UPDATE sqlite_schema SET sql = 'CREATE TABLE item(x)' WHERE name = 'item'"), Status::Ok);
     EXPECT_NE(database.Run("DELETE FROM sqlite_schema"), Status::Ok);
     EXPECT_EQ(DiagnoseStore(File, CheckDepth::Full).State, Verdict::Ok);

@@ -240,10 +240,10 @@ TEST_F(Processes, KilledInTheMiddleOfATransactionLeavesWhatWasThereBefore) {
         const std::u16string body(20000, u'x');
         for (int index = 0; index < 1500; ++index) {
             const auto item = NewAppointment("2026-05-02 10:00", "2026-05-02 11:00");
-            (void)item->put_Body(body);
-            (void)item->Save();
+            static_cast<void>(item->put_Body(body));
+            static_cast<void>(item->Save());
         }
-        (void)Get(1)->Delete();
+        static_cast<void>(Get(1)->Delete());
         link.Tell('m');
         link.Hear();
     });
@@ -266,10 +266,10 @@ TEST_F(Processes, KilledAtAnyMomentLeavesWholeGroups) {
             Reopen();
             link.Tell('g');
             for (;;) { // two items each time, or none
-                (void)App->Begin(u"Pair");
+                static_cast<void>(App->Begin(u"Pair"));
                 Add("2026-05-02 10:00", "2026-05-02 11:00");
                 Add("2026-05-02 12:00", "2026-05-02 13:00");
-                (void)App->End();
+                static_cast<void>(App->End());
             }
         });
         victim->Hear();

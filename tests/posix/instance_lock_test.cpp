@@ -30,13 +30,14 @@ class Holder {
   public:
     Holder(const std::string& runFolder, InstanceRole role) {
         int ready[2];
-        if (pipe(ready) != 0)
+        if (pipe(ready) != 0) {
             std::abort();
+        }
         Child = fork();
         if (Child == 0) {
             InstanceLock lock(runFolder);
             const char held = lock.Acquire(role, kPatience) == LockOutcome::Held ? 'y' : 'n';
-            (void)!write(ready[1], &held, 1);
+            static_cast<void>(!write(ready[1], &held, 1));
             pause();
             _exit(0);
         }
@@ -49,8 +50,9 @@ class Holder {
     ~Holder() { Kill(); }
 
     void Kill() {
-        if (Child <= 0)
+        if (Child <= 0) {
             return;
+        }
         kill(Child, SIGKILL);
         waitpid(Child, nullptr, 0);
         Child = 0;
@@ -207,7 +209,7 @@ TEST(InstanceLock, ARequestWithoutRoomForItsTokenGoesWithoutIt) {
     InstanceLock lock(folder.Path());
     const auto ask = [&] {
         const rlimit none{0, 0};
-        (void)signal(SIGXFSZ, SIG_IGN); // writing fails like on a full disk
+        static_cast<void>(signal(SIGXFSZ, SIG_IGN)); // writing fails like on a full disk
         return setrlimit(RLIMIT_FSIZE, &none) == 0 &&
                        InstanceLock::RequestActivation(folder.Path(), "token-1") == ErrorCode::Success
                    ? 0
@@ -223,8 +225,9 @@ TEST(InstanceLock, OfSeveralRequestsTheNewestCounts) {
     ASSERT_EQ(InstanceLock::RequestActivation(folder.Path(), "before"), ErrorCode::Success);
     ASSERT_EQ(lock.WatchActivation(), ErrorCode::Success);
     ExpectTaken(lock, "before", 0); // it came before the watch
-    for (int i = 0; i < 100; ++i)
+    for (int i = 0; i < 100; ++i) {
         ASSERT_EQ(InstanceLock::RequestActivation(folder.Path(), ""), ErrorCode::Success);
+    }
     ExpectTaken(lock, "", 0);
     EXPECT_FALSE(IsReadable(lock.ActivationFd(), 0));
 }

@@ -40,10 +40,11 @@ TEST(ReplaceFile, AFullDiskKeepsTheOldBytesAndLeavesNothing) {
     const TemporaryFolder folder;
     folder.Put("x", "old");
     EXPECT_EQ(RunApart([&] {
-                  (void)std::signal(SIGXFSZ, SIG_IGN);
+                  static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
                   const rlimit limit{4096, 4096};
-                  if (setrlimit(RLIMIT_FSIZE, &limit) != 0)
+                  if (setrlimit(RLIMIT_FSIZE, &limit) != 0) {
                       return 2;
+                  }
                   const std::vector<std::uint8_t> large(100'000);
                   return ReplaceFile(folder / "x", large) == ErrorCode::DiskFull ? 0 : 1;
               }),
@@ -65,10 +66,10 @@ TEST(ReplaceFile, AKillBetweenWritingAndRenamingKeepsTheOldBytes) {
     const TemporaryFolder folder;
     folder.Put("x", "old");
     EXPECT_EQ(RunApart([&] {
-                  (void)ReplaceFile(folder / "x", BytesOf("new"), [] {
-                      (void)raise(SIGKILL);
+                  static_cast<void>(ReplaceFile(folder / "x", BytesOf("new"), [] {
+                      static_cast<void>(raise(SIGKILL));
                       return ErrorCode::Success;
-                  });
+                  }));
                   return 0;
               }),
               128 + SIGKILL);
@@ -85,9 +86,11 @@ TEST(ReplaceFile, AKillAtAnyMomentLeavesOneOfTheTwoWhole) {
     folder.Put("x", first);
     for (int round = 0; round < 25; ++round) {
         const pid_t child = fork();
-        if (child == 0)
-            for (bool isFirst = false;; isFirst = !isFirst)
-                (void)ReplaceFile(folder / "x", BytesOf(isFirst ? first : second)); // until it is killed
+        if (child == 0) {
+            for (bool isFirst = false;; isFirst = !isFirst) {
+                static_cast<void>(ReplaceFile(folder / "x", BytesOf(isFirst ? first : second))); // until it is killed
+            }
+        }
         std::this_thread::sleep_for(std::chrono::microseconds(500 + 371 * round));
         kill(child, SIGKILL);
         ASSERT_EQ(waitpid(child, nullptr, 0), child);
@@ -103,8 +106,9 @@ TEST(ReplaceFile, AFileThatWeMayNotWriteStays) {
                               [&] {
                                   for (const mode_t mode : {0400U, 0200U, 0U}) {
                                       chmod((folder / "x").c_str(), mode);
-                                      if (ReplaceFile(folder / "x", BytesOf("new")) != ErrorCode::AccessDenied)
+                                      if (ReplaceFile(folder / "x", BytesOf("new")) != ErrorCode::AccessDenied) {
                                           return 1;
+                                      }
                                   }
                                   return 0;
                               }),
@@ -118,8 +122,9 @@ TEST(ReplaceFile, FoldersPipesAndLinksAreNotReplaced) {
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
     folder.Put("target", "old");
     std::filesystem::create_symlink(folder / "target", folder / "link");
-    for (const char* name : {"folder", "pipe", "link"})
+    for (const char* name : {"folder", "pipe", "link"}) {
         EXPECT_EQ(ReplaceFile(folder / name, BytesOf("new")), ErrorCode::AccessDenied) << name;
+    }
     EXPECT_EQ(folder.Get("target"), "old");
     EXPECT_EQ(ReplaceFile(folder / "none/x", BytesOf("new")), ErrorCode::FileNotFound);
 }

@@ -36,8 +36,9 @@ class ProgramStart : public testing::Test {
         std::FILE* output = popen(command.c_str(), "r");
         Ending ending;
         std::array<char, 256> part{};
-        while (std::fgets(part.data(), part.size(), output) != nullptr)
+        while (std::fgets(part.data(), part.size(), output) != nullptr) {
             ending.Words += part.data();
+        }
         const int status = pclose(output);
         ending.Status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
         return ending;

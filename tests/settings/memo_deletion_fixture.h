@@ -70,7 +70,7 @@ class MemoDeletion : public testing::Test {
     void GivenManyMemos() {
         for (int number = 0; number < kMany; ++number) {
             char name[32];
-            (void)std::snprintf(name, sizeof name, "20041103_%06d.pwi", number);
+            static_cast<void>(std::snprintf(name, sizeof name, "20041103_%06d.pwi", number));
             Desk.WriteFile(name, "ink");
         }
     }
