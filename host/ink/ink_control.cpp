@@ -1,6 +1,7 @@
 // The messages of the ink control.
 #include "host/ink/ink_control.h"
 
+#include "host/ink/ink_gestures.h"
 #include "platform/messages.h"
 
 #include <algorithm>
@@ -14,6 +15,10 @@ constexpr std::u16string_view kDamagedNotice = u"This memo is damaged and cannot
 constexpr std::int32_t kPasteStep = 8 * kTicksPerPixel;
 
 } // namespace
+
+InkControl::InkControl(InkShared& shared) : Shared(shared) {}
+
+InkControl::~InkControl() = default;
 
 int InkControl::SendMessageW(MessageNumber number, int first, int second) {
     switch (number) {
@@ -145,7 +150,7 @@ bool InkControl::SetData(std::span<const std::uint8_t> data) {
     if (UnreadKind != Reading::Whole) {
         Unread.assign(data.begin(), data.end());
     }
-    Doing = Gesture::None;
+    Doing.reset();
     Paper.Reset(std::move(strokes));
     ++Reshaped;
     History.Clear();

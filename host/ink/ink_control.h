@@ -8,6 +8,7 @@
 #include "platform/ink.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -38,7 +39,11 @@ struct Damage {
 
 class InkControl {
   public:
-    explicit InkControl(InkShared& shared) : Shared(shared) {}
+    explicit InkControl(InkShared& shared);
+    ~InkControl();
+
+    InkControl(const InkControl&) = delete;
+    InkControl& operator=(const InkControl&) = delete;
 
     // The control's answer, 0 for unknown messages.
     int SendMessageW(MessageNumber number, int first, int second);
@@ -57,7 +62,7 @@ class InkControl {
     // The gesture is taken back.
     void PenCancel();
 
-    bool IsPenDown() const { return Doing != Gesture::None; }
+    bool IsPenDown() const { return Doing != nullptr; }
 
     // Only looked at: pen and keys select and copy.
     bool IsReadOnly() const { return ReadOnly; }
@@ -73,13 +78,13 @@ class InkControl {
 
     int PageStyle() const { return Style; }
 
-    const Stroke* LiveStroke() const { return Doing == Gesture::Draw ? &Live : nullptr; }
+    const Stroke* LiveStroke() const; // null while none is being drawn
 
     // The frame around the selection, where it would go if the pen left now; empty without one.
     Box SelectionFrame() const;
 
     // The area that the pen is spanning; empty when it is not.
-    Box Lasso() const { return Doing == Gesture::Lasso ? Span : Box(); }
+    Box Lasso() const;
 
     // What stands on the paper because its bytes could not be read; empty otherwise.
     std::u16string_view Notice() const;
@@ -100,7 +105,12 @@ class InkControl {
     void SetWatch(std::function<void()> watch) { Watch = std::move(watch); }
 
   private:
-    enum class Gesture { None, Draw, Erase, Lasso, Move };
+    // host/ink/ink_gestures.h
+    class Gesture;
+    class Drawing;
+    class Erasing;
+    class Selecting;
+    class Moving;
 
     int Set(MessageNumber number, int first, int second);
     int EditBy(MessageNumber number, int first, int second);
@@ -119,12 +129,8 @@ class InkControl {
     void Tell();
 
     bool PressBars(ViewPoint place);
-    void BeginStroke(const PenSample& sample);
-    void ExtendStroke(const PenSample& sample);
-    void FinishStroke();
-    void EraseTo(ViewPoint place);
-    void SelectLasso();
-    void MoveSelection();
+    // Nothing where the paper is full.
+    void BeginStroke(const PenSample& sample, ViewPoint place);
     void FinishGesture();
     ViewPoint Clamped(ViewPoint place) const;
 
@@ -142,13 +148,7 @@ class InkControl {
     bool RecorderShown = false;
     bool WasSeen = false;
 
-    Gesture Doing = Gesture::None;
-    Stroke Live;
-    std::uint32_t LiveBegan = 0;
-    ViewPoint Anchor; // where the gesture began, and where it is; ticks
-    ViewPoint Last;
-    Box Span;
-    bool ErasedAny = false;
+    std::unique_ptr<Gesture> Doing; // null while the pen is away
 
     std::uint64_t Changes = 0;
     std::uint64_t Reshaped = 0;

@@ -1,6 +1,7 @@
 // What the pen does on the paper.
 #include "host/ink/ink_control.h"
 
+#include "host/ink/ink_gestures.h"
 #include "host/ink/recorder_bar.h"
 #include "platform/messages.h"
 
@@ -11,19 +12,11 @@
 namespace tavo::ink {
 namespace {
 
-constexpr double kEraserReach = 5; // pixels of the control
-constexpr double kTapReach = 4;
 constexpr int kWheelPixels = 48;
 constexpr int kLinePixels = 16;
 
 bool IsFinite(ViewPoint place) {
     return std::isfinite(place.X) && std::isfinite(place.Y);
-}
-
-Box Between(ViewPoint one, ViewPoint other) {
-    return {static_cast<std::int32_t>(std::min(one.X, other.X)), static_cast<std::int32_t>(std::min(one.Y, other.Y)),
-            static_cast<std::int32_t>(std::max(one.X, other.X)) + 1,
-            static_cast<std::int32_t>(std::max(one.Y, other.Y)) + 1};
 }
 
 } // namespace
@@ -40,86 +33,75 @@ void InkControl::PenDown(PenEnd end, const PenSample& sample) {
         return;
     }
     WasSeen = true;
-    Anchor = Last = Clamped(sample.Place);
+    const ViewPoint place = Clamped(sample.Place);
     if (ReadOnly) {
         SelectAll(false);
-        Doing = Gesture::Lasso;
-        Span = {};
+        Doing = std::make_unique<Selecting>(place);
     } else if (end == PenEnd::Eraser) {
-        Doing = Gesture::Erase;
-        ErasedAny = false;
         SelectAll(false);
-        EraseTo(Last);
+        Doing = std::make_unique<Erasing>(*this, place);
     } else if (PenMode == kInkPenDraws) {
-        BeginStroke(sample);
-    } else if (Paper.SelectedBounds().Contains(Anchor.X, Anchor.Y)) {
-        Doing = Gesture::Move;
+        BeginStroke(sample, place);
+    } else if (Paper.SelectedBounds().Contains(place.X, place.Y)) {
+        Doing = std::make_unique<Moving>(place);
     } else {
         SelectAll(false);
-        Doing = Gesture::Lasso;
-        Span = {};
+        Doing = std::make_unique<Selecting>(place);
     }
     Tell();
 }
 
-void InkControl::PenMove(const PenSample& sample) {
-    if (Doing == Gesture::None || !IsFinite(sample.Place)) {
+void InkControl::BeginStroke(const PenSample& sample, ViewPoint place) {
+    if (Paper.PointCount() >= kMaxPoints || Paper.Strokes().size() >= kMaxStrokes) {
         return;
     }
-    const ViewPoint place = Clamped(sample.Place);
-    switch (Doing) {
-    case Gesture::Draw:
-        ExtendStroke(sample);
-        break;
-    case Gesture::Erase:
-        EraseTo(place);
-        break;
-    case Gesture::Lasso:
-        Span = Between(Anchor, place);
-        Damaged.Overlay = true;
-        break;
-    default:
-        Damaged.Overlay = true;
-        break;
+    Damaged.Overlay = Damaged.Overlay || !Unread.empty();
+    SelectAll(false);
+    Doing = std::make_unique<Drawing>(*this, sample, place);
+}
+
+void InkControl::PenMove(const PenSample& sample) {
+    if (Doing && IsFinite(sample.Place)) {
+        Doing->MoveTo(*this, sample, Clamped(sample.Place));
+        Tell();
     }
-    Last = place;
-    Tell();
 }
 
 void InkControl::PenUp(const PenSample& sample) {
     PenMove(sample);
-    if (Doing != Gesture::None) {
+    if (Doing) {
         FinishGesture();
         Tell();
     }
 }
 
 void InkControl::PenCancel() {
-    if (Doing == Gesture::Draw) {
-        Damaged.Ink = Damaged.Ink.United(InkBox(Live));
-        ++Changes;
-    }
-    if (std::exchange(Doing, Gesture::None) != Gesture::None) {
+    if (Doing) {
+        Doing->Cancel(*this);
+        Doing.reset();
         Damaged.Overlay = true;
         Tell();
     }
 }
 
 void InkControl::FinishGesture() {
-    switch (Doing) {
-    case Gesture::Draw:
-        FinishStroke();
-        break;
-    case Gesture::Lasso:
-        SelectLasso();
-        break;
-    case Gesture::Move:
-        MoveSelection();
-        break;
-    default:
-        break;
+    if (Doing) {
+        Doing->Finish(*this);
+        Doing.reset();
     }
-    Doing = Gesture::None;
+}
+
+const Stroke* InkControl::LiveStroke() const {
+    return Doing ? Doing->LiveStroke() : nullptr;
+}
+
+Box InkControl::Lasso() const {
+    return Doing ? Doing->Lasso() : Box();
+}
+
+Box InkControl::SelectionFrame() const {
+    const Box frame = Paper.SelectedBounds();
+    return Doing && !frame.IsEmpty() ? Doing->MovedFrame(frame) : frame;
 }
 
 bool InkControl::PressBars(ViewPoint place) {
@@ -143,108 +125,6 @@ bool InkControl::PressBars(ViewPoint place) {
         ScrollTo({offset.X, offset.Y + step});
     }
     return true;
-}
-
-void InkControl::BeginStroke(const PenSample& sample) {
-    if (Paper.PointCount() >= kMaxPoints || Paper.Strokes().size() >= kMaxStrokes) {
-        return;
-    }
-    Doing = Gesture::Draw;
-    Damaged.Overlay = Damaged.Overlay || !Unread.empty();
-    SelectAll(false);
-    Live = {};
-    Live.Tool = Shared.Tool;
-    Live.Tool.HasPressure = sample.Pressure != kNoPressure;
-    Live.Started = Shared.Now ? Shared.Now() : 0;
-    LiveBegan = sample.Time;
-    ExtendStroke(sample);
-}
-
-void InkControl::ExtendStroke(const PenSample& sample) {
-    const ViewPoint place = Clamped(sample.Place);
-    InkPoint point;
-    point.X = static_cast<std::int32_t>(std::lround(place.X));
-    point.Y = static_cast<std::int32_t>(std::lround(place.Y));
-    if (Live.Tool.HasPressure) {
-        point.Pressure = static_cast<std::uint16_t>(std::clamp(sample.Pressure, 0, kMaxPressure));
-    }
-    if (!Live.Points.empty()) {
-        const InkPoint& before = Live.Points.back();
-        point.Pressure = sample.Pressure == kNoPressure ? before.Pressure : point.Pressure;
-        const bool isSame = before.X == point.X && before.Y == point.Y && before.Pressure == point.Pressure;
-        if (isSame || Paper.PointCount() + Live.Points.size() >= kMaxPoints) {
-            return;
-        }
-        point.Time = std::clamp(sample.Time - LiveBegan, before.Time, kMaxStrokeTime);
-    }
-    Live.Points.push_back(point);
-    Damaged.LiveChanged = true;
-    ++Changes;
-}
-
-void InkControl::FinishStroke() {
-    Edit edit;
-    edit.Added.push_back({Paper.Strokes().size(), Place(std::exchange(Live, {}))});
-    const Box before = Damaged.Ink;
-    Do(std::move(edit));
-    Damaged.Ink = before; // it is on the screen already
-    Damaged.LiveFinished = true;
-}
-
-void InkControl::EraseTo(ViewPoint place) {
-    const double reach = kEraserReach * kTicksPerPixel * 100 / Shown.Zoom();
-    Edit edit;
-    const auto strokes = Paper.Strokes();
-    for (std::size_t i = 0; i < strokes.size(); ++i) {
-        if (PassesNear(strokes[i], Last.X, Last.Y, place.X, place.Y, reach)) {
-            edit.Removed.push_back({i, strokes[i]});
-        }
-    }
-    if (!edit.IsEmpty()) {
-        Do(std::move(edit), ErasedAny);
-        ErasedAny = true; // one way of the eraser is one step of the history
-    }
-}
-
-void InkControl::SelectLasso() {
-    std::vector<std::size_t> found = Paper.FindMostlyIn(Span);
-    const double reach = kTapReach * kTicksPerPixel * 100 / Shown.Zoom();
-    if (Span.Width() <= reach && Span.Height() <= reach) { // a tap takes the stroke it meets
-        const std::size_t met = Paper.FindAt(Anchor.X, Anchor.Y, reach);
-        found = met == Page::kNone ? std::vector<std::size_t>() : std::vector<std::size_t>{met};
-    }
-    for (const std::size_t index : found) {
-        Paper.Select(index, true);
-        Damaged.Ink = Damaged.Ink.United(Paper.Strokes()[index].Bounds);
-    }
-    Span = {};
-    Damaged.Overlay = true;
-}
-
-Box InkControl::SelectionFrame() const {
-    const Box frame = Paper.SelectedBounds();
-    if (Doing != Gesture::Move || frame.IsEmpty()) {
-        return frame;
-    }
-    // What is moved stays on the paper.
-    const auto right = static_cast<std::int32_t>(std::lround(Last.X - Anchor.X));
-    const auto down = static_cast<std::int32_t>(std::lround(Last.Y - Anchor.Y));
-    return frame.Shifted(std::clamp(right, std::min(-frame.Left, 0), std::max(kMaxX - frame.Right, 0)),
-                         std::clamp(down, std::min(-frame.Top, 0), std::max(kMaxY - frame.Bottom, 0)));
-}
-
-void InkControl::MoveSelection() {
-    const Box from = Paper.SelectedBounds();
-    const Box to = SelectionFrame();
-    Damaged.Overlay = true;
-    if (from == to) {
-        return;
-    }
-    Edit edit;
-    edit.Moved = Paper.SelectedIndices();
-    edit.Right = to.Left - from.Left;
-    edit.Down = to.Top - from.Top;
-    Do(std::move(edit));
 }
 
 void InkControl::Wheel(int steps) {
