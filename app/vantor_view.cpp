@@ -6,9 +6,9 @@
 #include "app/ink_recovery.h"
 #include "app/unsaved_tags_offer.h"
 #include "memo/moving_memos.h"
+#include "platform/device_paths.h"
 #include "res/menus.h"
 #include "res/resource_ids.h"
-#include "store/device_programs.h"
 #include "store/midnight.h"
 #include "store/refusal.h"
 

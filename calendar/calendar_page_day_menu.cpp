@@ -13,7 +13,6 @@ namespace {
 constexpr int kRightHalf = 120; // from here the menu opens to the left of the tap
 constexpr int kMenuBeside = 5;
 constexpr int kMenuBelow = 29; // on the screen, where the page begins 26 lines down
-constexpr int kFromMenu = 1;   // where a command came from
 
 } // namespace
 
@@ -27,7 +26,7 @@ void CCalendarPage::ShowDayMenu() {
     const Point at{TapPoint.X + (opensLeft ? -kMenuBeside : kMenuBeside), TapPoint.Y + kMenuBelow};
     const MenuAlign align = opensLeft ? MenuAlign::Right : MenuAlign::Left;
     if (const int command = Pump().TrackPopupMenu(Handle(), Day.Build(), at, align); command != 0) {
-        Post(WM_COMMAND, command, BN_CLICKED, kFromMenu);
+        Post(WM_COMMAND, command, BN_CLICKED, kFromMenuOrKey);
     }
 }
 

@@ -3,8 +3,8 @@
 
 #include "calendar/calendar_page_look.h"
 #include "framework/scrolling.h"
+#include "platform/device_paths.h"
 #include "res/resource_ids.h"
-#include "store/device_programs.h"
 
 #include <algorithm>
 

@@ -2,10 +2,10 @@
 #include "calendar/clock_page.h"
 
 #include "calendar/clock_hands.h"
+#include "platform/device_paths.h"
 #include "res/dialog_templates.h"
 #include "res/resource_ids.h"
 #include "store/date_pictures.h"
-#include "store/device_programs.h"
 
 namespace tavo {
 

@@ -4,6 +4,7 @@
 #include "host/files/device_processes.h"
 #include "host/locale/utf.h"
 #include "host/posix/instance_lock.h"
+#include "platform/device_paths.h"
 #include "platform/outlook.h"
 
 #include <cstdlib>
@@ -129,7 +130,7 @@ std::vector<std::string> ReminderDesk::FindSounds(const reminders::Card& card) {
             continue;
         }
         if (path.find(u'\\') == std::u16string::npos) {
-            path.insert(0, u"\\Windows\\");
+            path.insert(0, kSoundFolder);
         }
         if (std::optional<std::string> file = Files.RealPathOfFile(path)) {
             sounds.push_back(std::move(*file));

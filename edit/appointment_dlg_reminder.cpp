@@ -4,6 +4,7 @@
 #include "edit/leading_number.h"
 #include "framework/format.h"
 #include "framework/message_pump.h"
+#include "platform/device_paths.h"
 #include "res/resource_ids.h"
 #include "store/refusal.h"
 

@@ -1,6 +1,8 @@
 // Playing and stopping.
 #include "edit/sound_preview.h"
 
+#include "platform/device_paths.h"
+
 #include <string>
 
 namespace tavo {

@@ -30,8 +30,4 @@ class SoundPreview {
     bool Previewed = false;
 };
 
-// Where the sounds are, and which files are taken for one.
-constexpr std::u16string_view kSoundFolder = u"\\Windows\\";
-constexpr std::u16string_view kSoundPattern = u"\\Windows\\*.wav";
-
 } // namespace tavo

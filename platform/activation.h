@@ -1,4 +1,4 @@
-// What a request from outside brings when it is for more than coming forward.
+// What comes to the program from other processes, besides coming forward and changes of the store.
 #pragma once
 
 #include "platform/messages.h"
@@ -10,5 +10,8 @@ constexpr MessageNumber WM_OPENITEM = WM_APP + 3;
 
 // To the frame: calendar files were opened with the program, and wait to be imported. Input likewise.
 constexpr MessageNumber WM_IMPORTFILES = WM_APP + 4;
+
+// To the main view, as WM_TIMER: the reminder service went on. The program sets a timer of this number too.
+constexpr int kTimerReminderSound = 1006;
 
 } // namespace tavo

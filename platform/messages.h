@@ -52,6 +52,9 @@ constexpr int EN_SETFOCUS = 0x0100;
 constexpr int EN_KILLFOCUS = 0x0200;
 constexpr int EN_CHANGE = 0x0300;
 
+// Where a WM_COMMAND comes from, in Message::Value; 0 from a control.
+constexpr int kFromMenuOrKey = 1;
+
 // Notification codes of WM_NOTIFY.
 constexpr int DTN_CLOSEUP = -753;
 constexpr int DTN_DROPDOWN = -754;
@@ -100,7 +103,7 @@ struct Message {
     MessageNumber Number = WM_NULL;
     int Id = 0;     // command, control, timer, key or answer; of WM_CHAR the character
     int Code = 0;   // notification code, scroll request, modifier bits; wheel steps (up is positive)
-    int Value = 0;  // scroll position; WM_COMMAND: 1 from a menu or key, 0 from a control
+    int Value = 0;  // scroll position; WM_COMMAND: where it comes from
     Point Position; // stylus: in the window's own pixels
 
     friend constexpr bool operator==(const Message&, const Message&) = default;

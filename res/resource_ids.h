@@ -1,7 +1,7 @@
 // Every number by which dialogs, controls, commands, timers, menus and pictures are known.
 #pragma once
 
-#include "platform/messages.h"
+#include "platform/activation.h"
 #include "res/bitmap_ids.h"
 #include "res/control_ids.h"
 
@@ -10,14 +10,13 @@ namespace tavo {
 // Messages of the program's own.
 constexpr MessageNumber kChangeNotice = WM_USER + 1000; // appointments or category lists changed; to the main view
 
-// Timers.
-constexpr int kTimerClockPrompt = 1002;   // Clock page: first redraw
-constexpr int kTimerClockRegular = 1003;  // Clock page: every redraw after it
-constexpr int kTimerChangeNotice = 1004;  // main view: several notices cause one refresh
-constexpr int kTimerReminderSound = 1006; // main view
-constexpr int kTimerWork = 1007;          // main view: the next slice of long work
-constexpr int kTimerNewDay = 1008;        // Calendar page: another day may have begun
-constexpr int kTimerDraft = 1009;         // edit dialog: what was typed is laid aside
+// Timers, besides the one in platform/activation.h.
+constexpr int kTimerClockPrompt = 1002;  // Clock page: first redraw
+constexpr int kTimerClockRegular = 1003; // Clock page: every redraw after it
+constexpr int kTimerChangeNotice = 1004; // main view: several notices cause one refresh
+constexpr int kTimerWork = 1007;         // main view: the next slice of long work
+constexpr int kTimerNewDay = 1008;       // Calendar page: another day may have begun
+constexpr int kTimerDraft = 1009;        // edit dialog: what was typed is laid aside
 
 // Dialog templates.
 constexpr int kDialogAbout = 100;

@@ -107,7 +107,7 @@ void CSchedulePage::TakeListCommand(int command) {
     message.Number = WM_COMMAND;
     message.Id = command;
     message.Code = BN_CLICKED;
-    message.Value = 1;
+    message.Value = kFromMenuOrKey;
     HandleMessage(message);
 }
 

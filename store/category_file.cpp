@@ -17,8 +17,6 @@ namespace {
 
 constexpr std::u16string_view kCorrupt = u"TavoCalendar.dat corrputed"; // sic
 constexpr std::u16string_view kCannotOpen = u"Cannot open TavoCalendar.dat";
-// Kept on purpose: the path in this folder gets a second separator.
-constexpr std::u16string_view kFallbackFolder = u"\\My Documents\\";
 
 std::u16string CategoryFilePath(const CProgramState& state) {
     return FormatText(u"%s\\%s", state.DataFolder, state.DataFileName);
@@ -50,7 +48,8 @@ void KeepCorruptFile(CProgramState& state, const std::vector<std::uint8_t>& byte
 void MakeDataFolder(CProgramState& state) {
     const ErrorCode made = state.Host().Files().CreateDirectoryW(state.DataFolder);
     if (made != ErrorCode::Success && made != ErrorCode::AlreadyExists) {
-        state.DataFolder = kFallbackFolder;
+        // Kept on purpose: the path in this folder gets a second separator.
+        state.DataFolder = FormatText(u"%s\\", kDocumentsFolder);
     }
 }
 

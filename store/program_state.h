@@ -2,6 +2,7 @@
 #pragma once
 
 #include "framework/message_pump.h"
+#include "platform/device_paths.h"
 #include "store/category_lists.h"
 #include "store/memo_buffer.h"
 #include "store/outlook_session.h"
@@ -41,8 +42,8 @@ struct CProgramState {
 
     std::array<int, 12> DaysInMonth{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 
-    std::u16string DataFolder = u"\\My Documents\\TavoCalendar";
-    std::u16string DataFileName = u"TavoCalendar.dat";
+    std::u16string DataFolder{kDataFolder};
+    std::u16string DataFileName{kCategoryFileName};
     // The data file is there but could not be read: its tags are not known, so nothing may take its place.
     bool IsDataFileUnread = false;
 };

@@ -29,7 +29,7 @@ std::u16string PathOfSession(const CProgramState& state) {
 // start. The last is what a killed session left.
 std::array<std::u16string, 4> PathsOf(const CProgramState& state) {
     const std::u16string name = FormatText(u"%s.unsaved", state.DataFileName);
-    return {FormatText(u"%s\\%s", kRecoveryFolder, name), FormatText(u"\\My Documents\\%s", name),
+    return {FormatText(u"%s\\%s", kRecoveryFolder, name), FormatText(u"%s\\%s", kDocumentsFolder, name),
             FormatText(u"\\%s", name), PathOfSession(state)};
 }
 

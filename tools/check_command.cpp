@@ -2,6 +2,7 @@
 #include "host/files/device_files.h"
 #include "host/locale/harmless_text.h"
 #include "host/outlook/diagnosis.h"
+#include "platform/device_paths.h"
 #include "store/category_codec.h"
 #include "tools/commands.h"
 #include "tools/device.h"
@@ -14,8 +15,6 @@ namespace tavo::tools {
 namespace {
 
 using locale::MakeHarmless;
-
-constexpr std::u16string_view kTagFile = u"\\My Documents\\TavoCalendar\\TavoCalendar.dat";
 
 // One sentence; `sound` becomes false when something is wrong.
 std::string CheckStore(const files::DeviceRoot& root, bool& sound) {
@@ -33,11 +32,12 @@ std::string CheckStore(const files::DeviceRoot& root, bool& sound) {
 std::string CheckTags(const files::DeviceRoot& root, bool& sound) {
     files::DeviceFiles files({root.Path()});
     std::vector<std::uint8_t> bytes;
-    const ErrorCode read = files.ReadWholeFile(kTagFile, bytes);
+    const std::u16string devicePath = std::u16string(kDataFolder).append(u"\\").append(kCategoryFileName);
+    const ErrorCode read = files.ReadWholeFile(devicePath, bytes);
     if (read == ErrorCode::FileNotFound || read == ErrorCode::PathNotFound) {
         return "Tags: there is no TavoCalendar.dat yet. It is made when Tavo Calendar starts.\n";
     }
-    const std::string path = MakeHarmless(files.RealPathOfFile(kTagFile).value_or("TavoCalendar.dat"));
+    const std::string path = MakeHarmless(files.RealPathOfFile(devicePath).value_or("TavoCalendar.dat"));
     CategoryFileLists lists;
     if (read != ErrorCode::Success) {
         sound = false;

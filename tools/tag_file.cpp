@@ -3,6 +3,7 @@
 
 #include "host/files/device_files.h"
 #include "host/posix/instance_lock.h"
+#include "platform/device_paths.h"
 #include "store/category_codec.h"
 #include "tools/device.h"
 
@@ -15,16 +16,14 @@
 namespace tavo::tools {
 namespace {
 
-constexpr std::u16string_view kDataFolder = u"\\My Documents\\TavoCalendar";
-constexpr std::u16string_view kOtherFolder = u"\\My Documents"; // where the program goes when it cannot make its own
-constexpr std::u16string_view kFileName = u"\\TavoCalendar.dat";
 constexpr std::chrono::milliseconds kPatience{5000};
 constexpr std::string_view kKept = " The tags are remembered and set when Tavo Calendar starts the next time.";
 
 std::u16string FindFile(files::DeviceFiles& files) {
     const ErrorCode made = files.CreateDirectoryW(kDataFolder);
     const bool usable = made == ErrorCode::Success || made == ErrorCode::AlreadyExists;
-    return std::u16string(usable ? kDataFolder : kOtherFolder) + std::u16string(kFileName);
+    // Where it is not, the program goes to the folder above.
+    return (std::u16string(usable ? kDataFolder : kDocumentsFolder) + u"\\").append(kCategoryFileName);
 }
 
 // An absent file is one with empty lists.

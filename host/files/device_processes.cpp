@@ -4,6 +4,7 @@
 #include "host/files/device_path.h"
 #include "host/locale/case_folding.h"
 #include "host/locale/utf.h"
+#include "platform/device_paths.h"
 
 #include <array>
 #include <cerrno>
@@ -22,8 +23,6 @@ namespace tavo::files {
 
 namespace {
 
-constexpr std::u16string_view kCompanionPath = u"\\program files\\zorbex\\tavocalendar\\rsound.exe";
-constexpr std::u16string_view kClockPath = u"\\windows\\clock.exe";
 constexpr std::array<const char*, 6> kClockPrograms{"gnome-clocks",       "kclock", "lomiri-clock-app",
                                                     "alarm-clock-applet", "xclock", "oclock"};
 
@@ -201,10 +200,10 @@ std::optional<std::vector<std::string>> DeviceProcesses::Resolve(std::u16string_
                                                                  std::u16string_view commandLine) const {
     const std::u16string folded = FoldPath(path);
     std::optional<std::vector<std::string>> command;
-    if (folded == kClockPath) {
+    if (folded == FoldPath(kClockProgram)) {
         command = FindClock();
     } else if (const std::string companion = ProgramFolder + "/RSound";
-               folded == kCompanionPath && IsExecutable(companion)) {
+               folded == FoldPath(kCompanionProgram) && IsExecutable(companion)) {
         command = {companion};
     }
     if (command) {

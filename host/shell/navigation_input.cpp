@@ -9,8 +9,6 @@ namespace tavo::shell {
 
 namespace {
 
-constexpr int kFromMenuOrKey = 1;
-
 bool HasButton(const MessageBoxDescription& box, int answer) {
     if (box.Buttons == MessageBoxButtons::YesNo) {
         return answer == IDYES || answer == IDNO;

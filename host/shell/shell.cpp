@@ -2,12 +2,11 @@
 #include "host/shell/shell.h"
 
 #include "host/shell/picker_input.h"
+#include "platform/activation.h"
 
 namespace tavo::shell {
 
 namespace {
-
-constexpr int kReminderTimer = 1006; // of the main view
 
 bool TellsFocus(const ControlState* control) {
     return control != nullptr && (control->Kind == ControlKind::Edit || control->Kind == ControlKind::NumberEdit);
@@ -201,7 +200,7 @@ void Shell::AnnounceReminders() {
             Message message;
             message.Window = child;
             message.Number = WM_TIMER;
-            message.Id = kReminderTimer;
+            message.Id = kTimerReminderSound;
             Post(message);
         }
     }

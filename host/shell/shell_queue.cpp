@@ -91,7 +91,7 @@ void ShellQueue::OpenWhatWasAnnounced() {
         State.Menus.BarMenu = OpenBarMenu{bar->Handle, opening.Id};
         State.Report(Change::BarMenuOpened, bar->Handle);
     } else if (CanChoose(bar->Menus, opening.Id)) {
-        State.Post({bar->Parent, WM_COMMAND, opening.Id, BN_CLICKED, 1, {}}, MessageOrigin::Person);
+        State.Post({bar->Parent, WM_COMMAND, opening.Id, BN_CLICKED, kFromMenuOrKey, {}}, MessageOrigin::Person);
     }
 }
 
