@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -73,7 +74,9 @@ bool OpenAndSave(qt::QtHost& host, CMessagePump& pump, CProgramState& state, Oid
     Clock::time_point ok;
     bool isShown = false;
     const long long begin = bench::ReadProcessorTime();
-    CAppointmentDlg editor(pump, state, {ItemKind::Appointment, item});
+    EditRequest request;
+    request.Item = item;
+    CAppointmentDlg editor(pump, state, std::move(request));
     host.Views().SetFrameWatch([&] {
         if (!isShown) {
             isShown = true;
