@@ -125,10 +125,9 @@ def measure_size(report, device):
     report.figure("bytes for an item", size / device.items, BYTES_PER_ITEM, f"{size / 1e6:.1f} MB in all")
 
 
-def month_window(store, month, selected):
-    """Of the prepared statement, the interfaces and a selected day's loads: nanoseconds, and how many of them there are."""
-    day = f"{selected.month}/{selected.day}/{selected.year}"
-    command = [str(BIN / "tavo-month-window"), str(store), str(month.year), str(month.month), day]
+def month_window(store, month):
+    """Of the prepared statement and of the interfaces: nanoseconds, and how many rows or occurrences there are."""
+    command = [str(BIN / "tavo-month-window"), str(store), str(month.year), str(month.month)]
     return tuple(map(int, run(command).split()))
 
 
@@ -153,9 +152,9 @@ def measure_month(report, device, folder):
     lean = make_lean_store(device, folder)
     full_runs, lean_runs = [], []
     for _ in range(5):
-        full_runs.append(month_window(device.store, DAY, DAY))
-        lean_runs.append(month_window(lean, DAY, DAY))
-    statement, rows, interfaces, occurrences, _, _ = (statistics.median(values) for values in zip(*full_runs))
+        full_runs.append(month_window(device.store, DAY))
+        lean_runs.append(month_window(lean, DAY))
+    statement, rows, interfaces, occurrences = (statistics.median(values) for values in zip(*full_runs))
     lean_interfaces = statistics.median(values[2] for values in lean_runs)
     lean_occurrences = lean_runs[0][3]
     allowed = 2 * statement + OCCURRENCE_NANOSECONDS * occurrences
@@ -169,16 +168,14 @@ def measure_month(report, device, folder):
 
 
 def measure_changed_month(report, device):
-    """Milliseconds of the month window and of the day's loads, where the month changes of the window lead: from this
-    month on, with today selected."""
+    """Milliseconds of the month window where the month changes of the window lead, from this month on."""
     today = datetime.date.today()
     months = today.year * 12 + today.month - 1 + MONTH_CHANGES // 2
     middle = datetime.date(months // 12, months % 12 + 1, 1)
-    runs = [month_window(device.store, middle, today) for _ in range(5)]
-    _, _, interfaces, occurrences, day, loads = (statistics.median(values) for values in zip(*runs))
-    report.note(f"{middle:%B %Y}: {interfaces / 1e6:.2f} ms for {occurrences:.0f} occurrences; "
-                f"{today}: {day / 1e6:.2f} ms for the loads of {loads:.0f} appointments")
-    return interfaces / 1e6, day / 1e6
+    runs = [month_window(device.store, middle) for _ in range(5)]
+    _, _, interfaces, occurrences = (statistics.median(values) for values in zip(*runs))
+    report.note(f"{middle:%B %Y}: {interfaces / 1e6:.2f} ms for {occurrences:.0f} occurrences")
+    return interfaces / 1e6
 
 
 def select_rows(first, last, series):
@@ -229,7 +226,7 @@ def measure_windows(report, device, folder, rows):
         measure_text(report, BIN)
     if "window" in rows:
         measure_start(report, device, BIN)
-        measure_window(report, device, BIN, *measure_changed_month(report, device))
+        measure_window(report, device, BIN, measure_changed_month(report, device))
     if "day-menu" in rows:
         measure_day_menu(report, device, folder, BIN)
     if "ink-window" in rows:

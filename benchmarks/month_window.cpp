@@ -1,7 +1,6 @@
-// tavo-month-window STORE YEAR MONTH SELECTED: what it takes to read a month through the store's interfaces, beside a
-// prepared SQLite statement that reads the same columns of the items and series touching it. And what the day list does
-// with the selected day (as M/D/YYYY): restricting, and loading every appointment by its OID. Prints: statement ns, its
-// rows, interfaces ns, their occurrences, day ns, its loads. Times are the median of many runs, in turn.
+// tavo-month-window STORE YEAR MONTH: what it takes to read a month through the store's interfaces, beside a prepared
+// SQLite statement that reads the same columns of the items and series touching it. Prints: statement ns, its rows,
+// interfaces ns, their occurrences. Times are the median of many runs, in turn.
 #include "benchmarks/costs.h"
 #include "host/outlook/store.h"
 #include "host/rules/wall_time.h"
@@ -33,7 +32,6 @@ struct Month {
     rules::Seconds From = 0;
     rules::Seconds To = 0; // the last second
     std::u16string Restriction;
-    std::u16string SelectedDay; // the restriction to it
 };
 
 std::u16string Restrict(const std::string& first, const std::string& last) {
@@ -41,13 +39,13 @@ std::u16string Restrict(const std::string& first, const std::string& last) {
     return {restriction.begin(), restriction.end()};
 }
 
-Month MakeMonth(int year, int month, const std::string& selected) {
+Month MakeMonth(int year, int month) {
     const int days = rules::DaysInMonth(year, month);
     const auto write = [&](int day) {
         return std::to_string(month) + "/" + std::to_string(day) + "/" + std::to_string(year);
     };
     return {rules::MakeTime(year, month, 1), rules::MakeTime(year, month, days, 23, 59, 59),
-            Restrict(write(1), write(days)), Restrict(selected, selected)};
+            Restrict(write(1), write(days))};
 }
 
 long long sink = 0; // what was read, so that no reading is left out
@@ -87,45 +85,6 @@ int RunInterfaces(IPOutlookItemCollection& items, const Month& month) {
     return occurrences;
 }
 
-template <class Value> Value Read(IAppointment& item, Status (IAppointment::*get)(Value&)) {
-    Value value{};
-    return Succeeded((item.*get)(value)) ? value : Value{};
-}
-
-// Reads of an appointment what a row of the day list shows.
-void ReadRow(IAppointment& item) {
-    sink += static_cast<long long>(Read(item, &IAppointment::get_Subject).size());
-    sink += static_cast<long long>(Read(item, &IAppointment::get_Location).size());
-    sink += static_cast<long long>(Read(item, &IAppointment::get_Categories).size());
-    sink += static_cast<long long>(Read(item, &IAppointment::get_Start) + Read(item, &IAppointment::get_End));
-    if (Read(item, &IAppointment::get_ReminderSet)) {
-        sink += static_cast<long long>(Read(item, &IAppointment::get_ReminderSoundFile).size());
-    }
-    ComPtr<IRecurrencePattern> pattern;
-    if (Read(item, &IAppointment::get_IsRecurring) && Succeeded(item.GetRecurrencePattern(pattern)) && pattern) {
-        std::int32_t type = 0;
-        sink += Succeeded(pattern->get_RecurrenceType(type)) ? type : 0;
-    }
-}
-
-int RunDay(IPOutlookApp& app, IPOutlookItemCollection& items, const Month& month) {
-    ComPtr<IPOutlookItemCollection> found;
-    if (Failed(items.Restrict(month.SelectedDay, found)) || !found || Failed(found->put_IncludeRecurrences(true))) {
-        return 0;
-    }
-    int loads = 0;
-    ComPtr<IAppointment> occurrence;
-    while (Succeeded(found->Item(loads + 1, occurrence))) {
-        ComPtr<IAppointment> item;
-        if (Failed(app.GetItemFromOid(Read(*occurrence, &IAppointment::get_Oid), item))) {
-            return 0;
-        }
-        ReadRow(*item);
-        ++loads;
-    }
-    return loads;
-}
-
 template <class Work> long long Measure(const Work& work) {
     const auto begin = Clock::now();
     work();
@@ -142,11 +101,11 @@ bool OpenItems(const char* path, ComPtr<IPOutlookApp>& app, ComPtr<IPOutlookItem
 } // namespace
 
 int main(int count, char** arguments) {
-    if (count != 5) {
-        std::fprintf(stderr, "usage: tavo-month-window STORE YEAR MONTH SELECTED\n");
+    if (count != 4) {
+        std::fprintf(stderr, "usage: tavo-month-window STORE YEAR MONTH\n");
         return 2;
     }
-    const Month month = MakeMonth(std::atoi(arguments[2]), std::atoi(arguments[3]), arguments[4]);
+    const Month month = MakeMonth(std::atoi(arguments[2]), std::atoi(arguments[3]));
     sqlite3* database = nullptr;
     sqlite3_stmt* statement = nullptr;
     ComPtr<IPOutlookApp> app;
@@ -160,17 +119,13 @@ int main(int count, char** arguments) {
     }
     int rows = RunStatement(statement, month);
     int occurrences = RunInterfaces(*items, month);
-    int loads = RunDay(*app, *items, month);
     std::vector<long long> statementTimes;
     std::vector<long long> interfaceTimes;
-    std::vector<long long> dayTimes;
     for (int run = 0; run < kRuns; ++run) {
         statementTimes.push_back(Measure([&] { rows = RunStatement(statement, month); }));
         interfaceTimes.push_back(Measure([&] { occurrences = RunInterfaces(*items, month); }));
-        dayTimes.push_back(Measure([&] { loads = RunDay(*app, *items, month); }));
     }
-    std::printf("%lld %d %lld %d %lld %d\n", bench::Median(statementTimes), rows, bench::Median(interfaceTimes),
-                occurrences, bench::Median(dayTimes), loads);
+    std::printf("%lld %d %lld %d\n", bench::Median(statementTimes), rows, bench::Median(interfaceTimes), occurrences);
     std::fprintf(stderr, "%s", sink == 0 ? "nothing was read\n" : "");
     sqlite3_finalize(statement);
     sqlite3_close(database);
