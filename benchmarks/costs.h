@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdlib>
 #include <vector>
 
 namespace tavo::bench {
@@ -12,5 +13,10 @@ long long ReadProcessorTime();
 // The cost that so many of a hundred stay below. There must be costs.
 long long Percentile(std::vector<long long> costs, std::size_t share);
 long long Median(std::vector<long long> costs);
+
+// Of an argument; 0 where it is none.
+inline int ReadNumber(const char* text) {
+    return static_cast<int>(std::strtol(text, nullptr, 10));
+}
 
 } // namespace tavo::bench

@@ -81,7 +81,7 @@ int main(int count, char** arguments) {
         return 1;
     }
     CMessagePump& pump = app.MessagePump();
-    const int years = std::atoi(arguments[1]);
+    const int years = bench::ReadNumber(arguments[1]);
     const SYSTEMTIME now = host.Clock().GetLocalTime();
     constexpr int tabMiddle = 30 + 60 * static_cast<int>(PageNumber::Calendar);
     constexpr int tabRow = 250;
@@ -94,8 +94,9 @@ int main(int count, char** arguments) {
         host.Queue().PostMessageW({page, WM_KEYDOWN, VK_DOWN, 0, 0, {}});
     }
     Rest(host, pump, settled);
-    const Point place = PlaceOf(now.Year + years, now.Month, std::atoi(arguments[2]));
+    const Point place = PlaceOf(now.Year + years, now.Month, bench::ReadNumber(arguments[2]));
     std::vector<long long> costs;
+    costs.reserve(kRuns);
     std::string caption;
     for (int run = 0; run < kRuns; ++run) {
         costs.push_back(TapDay(host, pump, page, place, caption));

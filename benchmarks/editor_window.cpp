@@ -112,7 +112,7 @@ int main(int count, char** arguments) {
     std::vector<long long> written;
     for (int run = 0; run < kRuns; ++run) {
         Cost cost;
-        if (!OpenAndSave(host, pump, state, std::atoi(arguments[1]), run, cost)) {
+        if (!OpenAndSave(host, pump, state, bench::ReadNumber(arguments[1]), run, cost)) {
             std::fprintf(stderr, "the item was not saved\n");
             return 1;
         }

@@ -1,5 +1,6 @@
 // tavo-generate FOLDER [ITEMS]: writes the benchmark's calendar.ics, one file for each kind of tag, and the memo files.
 #include "benchmarks/calendar_generator.h"
+#include "benchmarks/costs.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -56,7 +57,7 @@ int main(int count, char** arguments) {
         std::cout << kUsage;
         return 0;
     }
-    const int items = count == 3 ? std::atoi(arguments[2]) : kDefaultItems;
+    const int items = count == 3 ? tavo::bench::ReadNumber(arguments[2]) : kDefaultItems;
     if (count < 2 || count > 3 || first.empty() || first.front() == '-' || items <= 0) {
         std::cerr << kUsage;
         return 2;

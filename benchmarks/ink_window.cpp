@@ -131,7 +131,7 @@ int main(int count, char** arguments) {
     CMessagePump pump(host);
     CProgramState state(pump);
     bench::OpenEmptyFrame(pump);
-    const auto strokes = static_cast<std::size_t>(std::atoi(arguments[1]));
+    const auto strokes = static_cast<std::size_t>(bench::ReadNumber(arguments[1]));
     state.Memo.Fill(ink::Encode(ink::WriteByHand(static_cast<int>(strokes), kPointsEach)));
     CInkMemoView editor(pump, state);
     Writer writer(host);

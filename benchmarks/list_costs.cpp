@@ -194,8 +194,8 @@ void RunBare(const std::string& path) {
 int main(int count, char** words) {
     const std::string what = count > 2 ? words[1] : "";
     if (what == "fill" && count == 7) {
-        RunFill(words[2], static_cast<ItemKind>(std::atoi(words[3])),
-                MidnightOf(std::atoi(words[4]), std::atoi(words[5]), std::atoi(words[6])));
+        RunFill(words[2], static_cast<ItemKind>(bench::ReadNumber(words[3])),
+                MidnightOf(bench::ReadNumber(words[4]), bench::ReadNumber(words[5]), bench::ReadNumber(words[6])));
     } else if (what == "delete" && count == 3) {
         RunDeletion(words[2]);
     } else if (what == "bare" && count == 3) {

@@ -48,7 +48,11 @@ Month MakeMonth(int year, int month) {
             Restrict(write(1), write(days))};
 }
 
-long long sink = 0; // what was read, so that no reading is left out
+// What was read, so that no reading is left out.
+long long& Sink() {
+    static long long sink = 0;
+    return sink;
+}
 
 int RunStatement(sqlite3_stmt* statement, const Month& month) {
     sqlite3_reset(statement);
@@ -58,8 +62,8 @@ int RunStatement(sqlite3_stmt* statement, const Month& month) {
     sqlite3_bind_int64(statement, 4, month.From - kLongestItem);
     int rows = 0;
     while (sqlite3_step(statement) == SQLITE_ROW) {
-        sink += sqlite3_column_int64(statement, 0) + sqlite3_column_int64(statement, 1) +
-                sqlite3_column_int64(statement, 2);
+        Sink() += sqlite3_column_int64(statement, 0) + sqlite3_column_int64(statement, 1) +
+                  sqlite3_column_int64(statement, 2);
         ++rows;
     }
     return rows;
@@ -79,7 +83,7 @@ int RunInterfaces(IPOutlookItemCollection& items, const Month& month) {
         if (Failed(item->get_Start(start)) || Failed(item->get_End(end)) || Failed(item->get_Oid(oid))) {
             return 0;
         }
-        sink += static_cast<long long>(start + end) + oid;
+        Sink() += static_cast<long long>(start + end) + oid;
         ++occurrences;
     }
     return occurrences;
@@ -105,7 +109,7 @@ int main(int count, char** arguments) {
         std::fprintf(stderr, "usage: tavo-month-window STORE YEAR MONTH\n");
         return 2;
     }
-    const Month month = MakeMonth(std::atoi(arguments[2]), std::atoi(arguments[3]));
+    const Month month = MakeMonth(bench::ReadNumber(arguments[2]), bench::ReadNumber(arguments[3]));
     sqlite3* database = nullptr;
     sqlite3_stmt* statement = nullptr;
     ComPtr<IPOutlookApp> app;
@@ -126,7 +130,7 @@ int main(int count, char** arguments) {
         interfaceTimes.push_back(Measure([&] { occurrences = RunInterfaces(*items, month); }));
     }
     std::printf("%lld %d %lld %d\n", bench::Median(statementTimes), rows, bench::Median(interfaceTimes), occurrences);
-    std::fprintf(stderr, "%s", sink == 0 ? "nothing was read\n" : "");
+    std::fprintf(stderr, "%s", Sink() == 0 ? "nothing was read\n" : "");
     sqlite3_finalize(statement);
     sqlite3_close(database);
     return 0;

@@ -78,6 +78,7 @@ int main(int argc, char** argv) {
     for (const Sample& sample : kSamples) {
         const std::u16string text = MakeText(sample);
         std::vector<long long> runs;
+        runs.reserve(kRuns);
         for (int run = 0; run < kRuns; ++run) {
             runs.push_back(MeasureOnce(text, run));
         }

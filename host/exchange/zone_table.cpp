@@ -8,7 +8,6 @@
 namespace tavo::exchange {
 namespace {
 
-using rules::CivilDate;
 using rules::Seconds;
 using rules::ZoneRules;
 
