@@ -4,6 +4,7 @@
 #include "host/outlook/row_sum.h"
 
 #include <cerrno>
+#include <cstring>
 
 namespace tavo::outlook {
 
@@ -88,6 +89,10 @@ bool Database::InTransaction() const {
 
 Query::Query(Database& database, const char* sql) : Owner(database) {
     std::unique_ptr<Database::Statement>& kept = Owner.Statements[sql];
+    // A text that was no constant has left its place to another.
+    if (kept != nullptr && !kept->Busy && std::strcmp(sqlite3_sql(kept->Compiled), sql) != 0) {
+        kept.reset();
+    }
     if (kept == nullptr) {
         kept = std::make_unique<Database::Statement>();
         Note(sqlite3_prepare_v3(Owner.Handle, sql, -1, SQLITE_PREPARE_PERSISTENT, &kept->Compiled, nullptr));

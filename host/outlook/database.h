@@ -43,7 +43,7 @@ class Database {
         ~Statement() { sqlite3_finalize(Compiled); }
     };
 
-    // Keyed by the address of the text, which is always a constant.
+    // Keyed by the address of the text.
     std::unordered_map<const char*, std::unique_ptr<Statement>> Statements;
     sqlite3* Handle = nullptr;
 };
@@ -51,7 +51,7 @@ class Database {
 // One run of a statement: bind its parameters in order, then walk the rows or run it to its end.
 class Query {
   public:
-    // `sql` must be a constant: the statement is prepared once for each connection.
+    // Of a text that stays where it is the statement is prepared once for each connection; any other is prepared anew.
     Query(Database& database, const char* sql);
     ~Query();
     Query(const Query&) = delete;

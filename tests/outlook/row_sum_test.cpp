@@ -118,6 +118,22 @@ TEST_F(RowSum, AChangedRowOfEveryTableIsFound) {
     }
 }
 
+// The zone's own times are written again for every item of another zone; a changed one must not get a good sum thereby.
+TEST_F(RowSum, AnotherZoneOfTheDeviceLeavesWhatChangedByItselfAsItIs) {
+    for (const char* flip : {"UPDATE item SET body = 'x' WHERE oid = 2", "UPDATE series SET interval = 3 WHERE oid = 2",
+                             "UPDATE exception SET start = start + 64 WHERE oid = 2"}) {
+        Fill();
+        ASSERT_EQ(Series, 2);
+        Run(flip);
+        ASSERT_EQ(Store->SetDeviceZone("Asia/Tokyo"), Status::Ok);
+        const Diagnosis found = Check();
+        EXPECT_EQ(found.State, Verdict::Altered) << flip;
+        EXPECT_THAT(found.Findings, Contains(HasSubstr("Item 2 is not as it was saved"))) << flip;
+        std::filesystem::remove(File);
+        Reopen();
+    }
+}
+
 TEST_F(RowSum, SavingTheItemAgainMakesItGood) {
     Fill();
     Run("UPDATE item SET subject = 'The dentisu' WHERE oid = 1");
