@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
 #include <unordered_map>
 
 namespace tavo::outlook {
@@ -21,28 +22,41 @@ constexpr Moment kFarthestReach = 400000 * kDay;
 constexpr std::size_t kMostAhead = 64;   // of one series at once: a year of weeks
 constexpr std::int64_t kDaysAhead = 200; // within which that many are found of what recurs daily
 
-// In all statements here: flag 2 reminds, flag 4 recurs (kFlagReminder, kFlagRecurring); as numbers, because an index
-// is used only where its own words stand.
+// What is asked of the index of reminders. An index is used only where its own words stand: so the flags are written
+// into the texts, as numbers.
+struct IndexStatements {
+    std::string PlainSpan;  // what is plain, of each lead within a span that moves with the lead
+    std::string FirstPlain; // when the first of all is due, on the device's clock, that is due from a time on
+    std::string Series;
+};
 
-// Each lead once, by a search for the next greater one, and what of it lies in a span that moves with the lead: however
-// many leads there are, it is one question to the store. A lead below zero counts as none.
-constexpr const char* kPlainSpan =
-    "WITH RECURSIVE lead(minutes) AS (SELECT (SELECT reminder_minutes FROM item WHERE flags & 2 AND (flags & 4) = 0"
-    " ORDER BY reminder_minutes LIMIT 1) UNION ALL SELECT (SELECT reminder_minutes FROM item WHERE flags & 2"
-    " AND (flags & 4) = 0 AND reminder_minutes > minutes ORDER BY reminder_minutes LIMIT 1)"
-    " FROM lead WHERE minutes IS NOT NULL)"
-    " SELECT oid, start, zone, zone_start, minutes FROM lead CROSS JOIN item WHERE flags & 2 AND (flags & 4) = 0"
-    " AND reminder_minutes = minutes AND start BETWEEN ?1 + ?2 * max(minutes, 0) * 60 AND ?3 + max(minutes, 0) * 60"
-    " AND minutes >= ?4";
+IndexStatements MakeIndexStatements() {
+    const std::string reminds = "flags & " + std::to_string(kFlagReminder);
+    const std::string recurs = "(flags & " + std::to_string(kFlagRecurring) + ")";
+    const std::string isPlain = reminds + " AND " + recurs + " = 0";
+    // Each lead once, by a search for the next greater one: however many leads there are, it is one question to the
+    // store. A lead below zero counts as none.
+    const std::string leads = "WITH RECURSIVE lead(minutes) AS (SELECT (SELECT reminder_minutes FROM item WHERE " +
+                              isPlain +
+                              " ORDER BY reminder_minutes LIMIT 1) UNION ALL SELECT (SELECT reminder_minutes FROM item"
+                              " WHERE " +
+                              isPlain +
+                              " AND reminder_minutes > minutes ORDER BY reminder_minutes LIMIT 1)"
+                              " FROM lead WHERE minutes IS NOT NULL) ";
+    return {leads + "SELECT oid, start, zone, zone_start, minutes FROM lead CROSS JOIN item WHERE " + isPlain +
+                " AND reminder_minutes = minutes AND start BETWEEN ?1 + ?2 * max(minutes, 0) * 60"
+                " AND ?3 + max(minutes, 0) * 60 AND minutes >= ?4",
+            leads + "SELECT min((SELECT start FROM item WHERE " + isPlain +
+                " AND reminder_minutes = minutes AND start >= ?1 + max(minutes, 0) * 60 ORDER BY start LIMIT 1)"
+                " - max(minutes, 0) * 60) FROM lead",
+            "SELECT oid, reminder_minutes FROM item WHERE " + reminds + " AND " + recurs + " <> 0"};
+}
 
-// When the first of all is due, on the device's clock, that is due from a time on.
-constexpr const char* kFirstPlain =
-    "WITH RECURSIVE lead(minutes) AS (SELECT (SELECT reminder_minutes FROM item WHERE flags & 2 AND (flags & 4) = 0"
-    " ORDER BY reminder_minutes LIMIT 1) UNION ALL SELECT (SELECT reminder_minutes FROM item WHERE flags & 2"
-    " AND (flags & 4) = 0 AND reminder_minutes > minutes ORDER BY reminder_minutes LIMIT 1)"
-    " FROM lead WHERE minutes IS NOT NULL)"
-    " SELECT min((SELECT start FROM item WHERE flags & 2 AND (flags & 4) = 0 AND reminder_minutes = minutes"
-    " AND start >= ?1 + max(minutes, 0) * 60 ORDER BY start LIMIT 1) - max(minutes, 0) * 60) FROM lead";
+// Made once: a statement is known by the place of its text.
+const IndexStatements& GetIndexStatements() {
+    static const IndexStatements statements = MakeIndexStatements();
+    return statements;
+}
 
 constexpr Moment LeadOf(std::int64_t minutes) {
     return std::max<std::int64_t>(minutes, 0) * kMinute;
@@ -95,7 +109,7 @@ Status ReminderFinder::ReadSeries(std::int64_t from) {
     Series.clear();
     SeriesState = -1;
     std::unordered_map<Oid, Moment> leads;
-    Query query(Core.Db, "SELECT oid, reminder_minutes FROM item WHERE flags & 2 AND (flags & 4) = 4");
+    Query query(Core.Db, GetIndexStatements().Series.c_str());
     while (query.Next()) {
         leads.emplace(query.Small(0), LeadOf(query.Integer(1)));
     }
@@ -119,7 +133,7 @@ Status ReminderFinder::ReadSeries(std::int64_t from) {
 }
 
 Status ReminderFinder::WalkPlain(const PlainSpan& span, const Visit& visit) {
-    Query query(Core.Db, kPlainSpan);
+    Query query(Core.Db, GetIndexStatements().PlainSpan.c_str());
     query.Bind(span.From).Bind(span.FromMoves ? 1 : 0).Bind(span.To);
     query.Bind(span.LeadsOnly ? 1 : std::numeric_limits<std::int32_t>::min());
     while (query.Next()) {
@@ -228,7 +242,7 @@ Status ReminderFinder::FindNextPlain(Moment after, Moment& best) {
     const std::int64_t wall = Core.Zones.UtcToWall(after);
     std::int64_t to = wall + kSlack;
     {
-        Query query(Core.Db, kFirstPlain);
+        Query query(Core.Db, GetIndexStatements().FirstPlain.c_str());
         if (query.Bind(to).Next() && !query.IsNull(0)) {
             to = query.Integer(0) + 2 * kSlack;
         }
@@ -296,8 +310,8 @@ Status ReminderFinder::FindNext(Moment after, std::optional<Moment>& next) {
 
 Status ReminderFinder::FindTime(const ReminderKey& key, std::optional<Moment>& due) {
     due.reset();
-    Query query(Core.Db, "SELECT zone, reminder_minutes FROM item WHERE oid = ? AND flags & 2");
-    if (query.Bind(key.Item).Next()) {
+    Query query(Core.Db, "SELECT zone, reminder_minutes FROM item WHERE oid = ? AND flags & ?");
+    if (query.Bind(key.Item).Bind(kFlagReminder).Next()) {
         const ZoneId zone = query.IsNull(0) ? kFloating : query.Integer(0);
         const Moment lead = LeadOf(query.Integer(1));
         due = DueOf(zone, key.Due + lead, lead);

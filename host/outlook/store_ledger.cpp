@@ -4,6 +4,7 @@
 #include "host/outlook/store_core.h"
 
 #include <algorithm>
+#include <string>
 
 namespace tavo::outlook {
 
@@ -12,6 +13,11 @@ using namespace reminders;
 namespace {
 
 constexpr Moment kKept = 90 * kDay; // how long an answered reminder and the log are remembered
+
+// As a column holds it.
+template <class Enumeration> constexpr std::int64_t NumberOf(Enumeration value) {
+    return static_cast<std::int64_t>(value);
+}
 
 } // namespace
 
@@ -30,8 +36,11 @@ std::int64_t StoreLedger::ToWall(Moment moment) {
 }
 
 bool StoreLedger::ReadOpen(std::vector<LedgerRow>& rows) {
-    Query query(Db, "SELECT oid, original, due, at, start, state, until, shows, card, service, title FROM ledger"
-                    " WHERE state < 5");
+    // The number is written into the text, as the index of open rows has it.
+    static const std::string sql = "SELECT oid, original, due, at, start, state, until, shows, card, service, title"
+                                   " FROM ledger WHERE state < " +
+                                   std::to_string(NumberOf(LedgerState::Dismissed));
+    Query query(Db, sql.c_str());
     while (query.Next()) {
         LedgerRow& row = rows.emplace_back();
         row.Key = {query.Small(0), query.Integer(1), query.Integer(2)};
@@ -111,14 +120,13 @@ Status StoreLedger::WriteRow(const LedgerRow& row) {
                     " shows = excluded.shows, card = excluded.card, service = excluded.service,"
                     " title = excluded.title");
     query.Bind(row.Key.Item).Bind(row.Key.Original).Bind(row.Key.Due).Bind(row.At).Bind(row.Start);
-    query.Bind(static_cast<std::int64_t>(row.State)).Bind(row.Until);
-    query.Bind(static_cast<std::int64_t>(row.ByItself)).Bind(row.Card);
+    query.Bind(NumberOf(row.State)).Bind(row.Until).Bind(NumberOf(row.ByItself)).Bind(row.Card);
     return query.Bind(row.Service).Bind(row.Title).Finish();
 }
 
 Status StoreLedger::WriteEvent(const LedgerRow& row) {
     Query query(Db, "INSERT INTO ledger_log(time, oid, at, state, until, title) VALUES (?, ?, ?, ?, ?, ?)");
-    query.Bind(Now()).Bind(row.Key.Item).Bind(row.At).Bind(static_cast<std::int64_t>(row.State)).Bind(row.Until);
+    query.Bind(Now()).Bind(row.Key.Item).Bind(row.At).Bind(NumberOf(row.State)).Bind(row.Until);
     return query.Bind(row.Title).Finish();
 }
 
@@ -144,24 +152,29 @@ bool StoreLedger::GoBack(const Retreat& retreat) {
         std::vector<ReminderKey> ahead;
         Status status = FindSettledAhead(retreat.Now, ahead);
         for (const ReminderKey& key : ahead) {
-            // Perhaps shown by itself: it returns. Never: it stood in a list at most.
-            for (const char* change :
-                 {"UPDATE ledger SET state = 7 WHERE oid = ? AND original = ? AND due = ? AND shows = 1",
-                  "DELETE FROM ledger WHERE oid = ? AND original = ? AND due = ? AND shows = 0"}) {
-                Query query(Db, change);
-                query.Bind(key.Item).Bind(key.Original).Bind(key.Due);
-                status = Succeeded(status) ? query.Finish() : status;
-            }
+            status = Succeeded(status) ? TakeBack(key) : status;
         }
         return Succeeded(status) ? WriteProgress(retreat.Passed) : status;
     }));
 }
 
+// Perhaps shown by itself: it returns. Never: it stood in a list at most.
+Status StoreLedger::TakeBack(const ReminderKey& key) {
+    Query perhaps(Db, "UPDATE ledger SET state = ? WHERE oid = ? AND original = ? AND due = ? AND shows = ?");
+    perhaps.Bind(NumberOf(LedgerState::ToReturn)).Bind(key.Item).Bind(key.Original).Bind(key.Due);
+    const Status status = perhaps.Bind(NumberOf(Showing::Perhaps)).Finish();
+    Query never(Db, "DELETE FROM ledger WHERE oid = ? AND original = ? AND due = ? AND shows = ?");
+    never.Bind(key.Item).Bind(key.Original).Bind(key.Due).Bind(NumberOf(Showing::Never));
+    return Succeeded(status) ? never.Finish() : status;
+}
+
 // Rows whose time is ahead in the zone of today, as they may have been entered in another. What waits to be seen waits
 // on. In which zone an item counts that is gone, and may come back, is not known.
 Status StoreLedger::FindSettledAhead(Moment now, std::vector<ReminderKey>& found) {
-    Query query(Db, "SELECT oid, original, due, at FROM ledger WHERE (at > ? OR due > ?) AND shows < 2 AND state > 1");
+    Query query(Db, "SELECT oid, original, due, at FROM ledger WHERE (at > ? OR due > ?) AND shows < ?"
+                    " AND state NOT IN (?, ?)");
     query.Bind(now).Bind(ToWall(now) - 2 * kDay); // an item may have a zone of its own
+    query.Bind(NumberOf(Showing::Surely)).Bind(NumberOf(LedgerState::Due)).Bind(NumberOf(LedgerState::Offering));
     std::vector<LedgerRow> rows;
     while (query.Next()) {
         LedgerRow& row = rows.emplace_back();
@@ -187,8 +200,9 @@ bool StoreLedger::Purge(Moment now) {
     // What a clock that jumped far ahead has not passed yet is found once more.
     const Moment passed = std::min(now, progress ? progress->Passed : now);
     return Succeeded(RunTransaction([&] {
-        Query rows(Db, "DELETE FROM ledger WHERE state NOT IN (0, 1, 3) AND max(at, start, until) < ?");
-        Status status = rows.Bind(passed - kKept).Finish();
+        Query rows(Db, "DELETE FROM ledger WHERE state NOT IN (?, ?, ?) AND max(at, start, until) < ?");
+        rows.Bind(NumberOf(LedgerState::Due)).Bind(NumberOf(LedgerState::Offering));
+        Status status = rows.Bind(NumberOf(LedgerState::Snoozed)).Bind(passed - kKept).Finish();
         Query log(Db, "DELETE FROM ledger_log WHERE time < ?");
         return Succeeded(status) ? log.Bind(now - kKept).Finish() : status;
     }));

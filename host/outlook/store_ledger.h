@@ -50,6 +50,7 @@ class StoreLedger final : public reminders::IReminderStore {
     Status WriteRow(const reminders::LedgerRow& row);
     Status WriteEvent(const reminders::LedgerRow& row);
     Status WriteProgress(reminders::Moment passed);
+    Status TakeBack(const reminders::ReminderKey& key);
 
     StorePtr Source;
     Database& Db;
