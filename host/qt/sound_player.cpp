@@ -10,11 +10,16 @@ namespace {
 
 constexpr qint64 kLoadingPatience = 2000; // milliseconds
 
-QPointer<QSoundEffect> playing;
+// Null until something was played, and from the application's end on.
+QPointer<QSoundEffect>& GetEffect() {
+    static QPointer<QSoundEffect> effect;
+    return effect;
+}
 
 // Waits for a file that is still being loaded: the toolkit's thread for that must not find the effect gone, as it then
 // crashes or never ends.
 void LetGo() {
+    const QPointer<QSoundEffect>& playing = GetEffect();
     QElapsedTimer waiting;
     waiting.start();
     while (!playing.isNull() && playing->status() == QSoundEffect::Loading && !waiting.hasExpired(kLoadingPatience)) {
@@ -28,6 +33,7 @@ void LetGo() {
 
 // Plays the file, stopping what was playing; an empty path only stops.
 extern "C" Q_DECL_EXPORT void TavoPlayFile(const char* path) {
+    QPointer<QSoundEffect>& playing = GetEffect();
     if (playing.isNull()) {
         playing = new QSoundEffect(QCoreApplication::instance());
         qAddPostRoutine(LetGo); // before the application goes, and with it this module
