@@ -31,7 +31,8 @@ bool DecodeImage(std::span<const std::uint8_t> bytes, ItemImage& image);
 std::vector<std::uint8_t> EncodeTag(TagPlace place);
 bool DecodeTag(std::span<const std::uint8_t> bytes, TagPlace& place);
 
-// Of everything that an import brings. Never one of the two small numbers.
+// Of everything that an import brings; stores keep it, so it must not change with the program's version. Never one of
+// the two small numbers.
 std::int64_t FingerprintOf(const StoredItem& item);
 std::int64_t FingerprintOf(const StoredException& exception);
 

@@ -196,7 +196,7 @@ CREATE INDEX item_reminder ON item((flags & 4), reminder_minutes, start) WHERE f
 // Checksums of rows.
 std::string ToVersion4() {
     std::string steps;
-    for (const SummedTable& table : kSummedTables) {
+    for (const SummedTable& table : kSummedTablesOfVersion4) {
         steps += std::string("ALTER TABLE ") + table.Name + " ADD COLUMN sum INTEGER NOT NULL DEFAULT 0;";
         steps += SqlToSum(table);
     }
