@@ -1,5 +1,4 @@
-// Tests of both clocks.
-#include "host/files/scripted_clock.h"
+// The machine's clock.
 #include "host/posix/system_clock.h"
 
 #include "tests/files/temporary_folder.h"
@@ -9,7 +8,7 @@
 #include <gtest/gtest.h>
 #include <thread>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 namespace {
 
@@ -35,9 +34,9 @@ int HoursFrom(const SYSTEMTIME& earlier, const SYSTEMTIME& later) {
 } // namespace
 
 TEST(SystemClock, TellsTheLocalTimeOfTheProcess) {
-    EXPECT_EQ(RunApart([] {
+    EXPECT_EQ(files::RunApart([] {
                   setenv("TZ", "TST-5:30", 1);
-                  posix::SystemClock clock;
+                  SystemClock clock;
                   const std::time_t before = std::time(nullptr) + std::time_t{5} * 3600 + 1800;
                   const SYSTEMTIME now = clock.GetLocalTime();
                   std::tm expected{};
@@ -53,14 +52,14 @@ TEST(SystemClock, TellsTheLocalTimeOfTheProcess) {
 }
 
 TEST(SystemClock, FollowsAChangedZoneFile) {
-    const TemporaryFolder folder;
+    const files::TemporaryFolder folder;
     folder.Put("two", MakeZone(2));
     folder.Put("nine", MakeZone(9));
     std::filesystem::create_symlink(folder / "two", folder / "localtime");
-    EXPECT_EQ(RunApart([&] {
+    EXPECT_EQ(files::RunApart([&] {
                   const std::string zone = folder / "localtime";
                   setenv("TZ", zone.c_str(), 1);
-                  posix::SystemClock clock;
+                  SystemClock clock;
                   const SYSTEMTIME before = clock.GetLocalTime();
                   std::filesystem::remove(folder / "localtime");
                   std::filesystem::create_symlink(folder / "nine", folder / "localtime");
@@ -72,7 +71,7 @@ TEST(SystemClock, FollowsAChangedZoneFile) {
 }
 
 TEST(SystemClock, TicksCountMilliseconds) {
-    posix::SystemClock clock;
+    SystemClock clock;
     const std::uint32_t before = clock.GetTickCount();
     std::this_thread::sleep_for(std::chrono::milliseconds(30));
     const std::uint32_t passed = clock.GetTickCount() - before;
@@ -81,7 +80,7 @@ TEST(SystemClock, TicksCountMilliseconds) {
 }
 
 TEST(SystemClock, LookingCostsLittle) {
-    posix::SystemClock clock;
+    SystemClock clock;
     const auto begin = std::chrono::steady_clock::now();
     for (int i = 0; i < 100'000; ++i) {
         static_cast<void>(clock.GetLocalTime()); // only the cost counts
@@ -91,31 +90,4 @@ TEST(SystemClock, LookingCostsLittle) {
     EXPECT_LT(taken.count() / 100'000, 50);
 }
 
-TEST(ScriptedClock, StandsUntilItIsMoved) {
-    ScriptedClock clock({2004, 12, 0, 31, 23, 59, 59, 900});
-    EXPECT_EQ(clock.GetLocalTime(), (SYSTEMTIME{2004, 12, 5, 31, 23, 59, 59, 900}));
-    EXPECT_EQ(clock.GetLocalTime(), (SYSTEMTIME{2004, 12, 5, 31, 23, 59, 59, 900}));
-    EXPECT_EQ(clock.GetTickCount(), 0U);
-    clock.Advance(std::chrono::milliseconds(150));
-    EXPECT_EQ(clock.GetLocalTime(), (SYSTEMTIME{2005, 1, 6, 1, 0, 0, 0, 50}));
-    EXPECT_EQ(clock.GetTickCount(), 150U);
-    clock.Advance(std::chrono::hours(24 * 59));
-    EXPECT_EQ(clock.GetLocalTime(), (SYSTEMTIME{2005, 3, 2, 1, 0, 0, 0, 50}));
-}
-
-TEST(ScriptedClock, SettingItMovesNoTicks) {
-    ScriptedClock clock({2004, 9, 0, 15, 10, 0, 0, 0});
-    clock.Advance(std::chrono::seconds(1));
-    EXPECT_TRUE(clock.SetLocalTime({1899, 12, 0, 29, 18, 30, 15, 7}));
-    EXPECT_EQ(clock.GetLocalTime(), (SYSTEMTIME{1899, 12, 5, 29, 18, 30, 15, 7}));
-    EXPECT_EQ(clock.GetTickCount(), 1000U);
-}
-
-TEST(ScriptedClock, ImpossibleTimesAreRefused) {
-    ScriptedClock clock({2004, 9, 0, 15, 10, 0, 0, 0});
-    EXPECT_FALSE(clock.SetLocalTime({2004, 2, 0, 30, 0, 0, 0, 0}));
-    EXPECT_FALSE(clock.SetLocalTime({2004, 2, 0, 1, 24, 0, 0, 0}));
-    EXPECT_EQ(clock.GetLocalTime(), (SYSTEMTIME{2004, 9, 3, 15, 10, 0, 0, 0}));
-}
-
-} // namespace tavo::files
+} // namespace tavo::posix
