@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <string>
+#include <utility>
+
 namespace tavo::rules::test {
 
 namespace {
@@ -48,6 +52,30 @@ TEST_F(ZonesOfTheMachine, GoOnThroughTheCenturies) {
     EXPECT_EQ(TextOf(berlin->ToLocal(At("2750-07-15 12:00"))), "2750-07-15 14:00");
     EXPECT_EQ(TextOf(berlin->ToLocal(At("2750-01-15 12:00"))), "2750-01-15 13:00");
     EXPECT_EQ(TextOf(berlin->ToUtc(At("2999-12-31 23:00"))), "2999-12-31 22:00");
+}
+
+TEST(DeviceZone, ThatIsNoZoneOfTheDatabaseIsUniversalTime) {
+    class SetTo final : public IZoneSource {
+      public:
+        explicit SetTo(std::string name) : Name(std::move(name)) {}
+
+        std::optional<std::string> ReadZone(const std::string& name) override { return Database.ReadZone(name); }
+
+        std::string GetDeviceZone() override { return Name; }
+
+        std::string GetRelease() override { return Database.GetRelease(); }
+
+      private:
+        std::string Name;
+        posix::ZoneDatabase Database;
+    };
+
+    for (const char* name : {"", "Atlantis/Centre", "../../../etc/passwd", "Europe", "CET-1CEST", "UTC"}) {
+        SetTo source(name);
+        EXPECT_EQ(FindDeviceZone(source), "UTC") << name;
+    }
+    SetTo berlin("Europe/Berlin");
+    EXPECT_EQ(FindDeviceZone(berlin), "Europe/Berlin");
 }
 
 TEST(ZoneRules, AreReadFromAComponent) {
