@@ -33,8 +33,11 @@ void MemoUndo::BringBack(std::span<const std::uint8_t> note) {
 
 void MemoUndo::BringMemoBack(const MemoPutAway& memo) {
     MemoPutAway back = memo;
-    if (MemoFiles(State).BringBack(memo.Kept, back.Path)) {
+    MemoFiles files(State);
+    if (files.BringBack(memo.Kept, back.Path)) {
         Memos.push_back(std::move(back));
+    } else if (!files.IsMemo(memo.Kept) && files.IsMemo(memo.Path)) {
+        Memos.push_back(memo); // brought by an undo that a kill cut short
     } else {
         ++MissingCount; // it was longer in the Deleted folder than it is kept there, or somebody took it away
     }

@@ -116,6 +116,27 @@ TEST_F(KilledMemoDeletion, WhenTheStepIsFinalTheyStayDeletedAndUndoBringsThem) {
     EXPECT_THAT(Desk.Boxes(), IsEmpty());
 }
 
+TEST_F(KilledMemoDeletion, InTheMiddleOfItsUndoTheNextUndoBringsTheRestAndMissesNone) {
+    LetTheStepBecomeFinal();
+    LetAnotherProcess([this] {
+        Start();
+        Desk.Device.Key('Z', kModifierControl);
+        Desk.Device.AdvanceClock(1);
+        Desk.Device.Do(Die);
+        static_cast<void>(Desk.Settle());
+    });
+    ASSERT_GT(Memos().size(), 1000U);
+    ASSERT_GT(Deleted().size(), 0U);
+    Start();
+    EXPECT_EQ(UndoText(), u"Undo delete of 2600 memos");
+    Desk.Device.Key('Z', kModifierControl);
+    Desk.Device.AdvanceClock(10);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Memos().size(), static_cast<std::size_t>(kMany));
+    EXPECT_THAT(Deleted(), IsEmpty());
+    EXPECT_THAT(Desk.Boxes(), IsEmpty());
+}
+
 // What would be planned if somebody else wrote the file.
 class PlannedByOthers : public MemoDeletion {
   protected:
@@ -150,6 +171,24 @@ TEST_F(PlannedByOthers, AMemoComesBack) {
     Start();
     EXPECT_EQ(Desk.ReadFile("x.pwi"), "planted");
     EXPECT_FALSE(IsPlantedStill());
+}
+
+TEST_F(PlannedByOthers, AMemoThatCannotComeBackIsToldAtTheStartAndTriedAgainAtTheNext) {
+    GivenPlan("x.pwi");
+    {
+        test::HostProbe host(Desk.Device.Host());
+        host.OwnFiles.MoveResult = ErrorCode::AccessDenied;
+        Desk.Device.AnswerBox(IDOK);
+        CTavoApp app(host);
+        ASSERT_EQ(app.InitInstance(), CTavoApp::Start::Running);
+        ASSERT_TRUE(Desk.Device.Finish(app.MessagePump()));
+        app.ExitInstance();
+    }
+    EXPECT_THAT(Desk.Boxes(), ElementsAre(u"Tavo Calendar|Not all memos could be brought back."));
+    EXPECT_TRUE(IsPlantedStill());
+    Start();
+    EXPECT_EQ(Desk.ReadFile("x.pwi"), "planted");
+    EXPECT_EQ(Desk.Boxes().size(), 1U);
 }
 
 TEST_F(PlannedByOthers, NothingElseIsMoved) {

@@ -138,6 +138,23 @@ TEST_F(LongMemoDeletion, CancelledWhileMemosGoItLeavesEverything) {
     EXPECT_FALSE(Desk.State().Busy);
 }
 
+TEST_F(MemoDeletion, CancelledItBringsNoMemoBackThatIsDeletedLater) {
+    Start();
+    GivenManyMemos();
+    BeginDeletion({kSettingsMemos});
+    Desk.Device.AdvanceClock(1);
+    Desk.Device.TapControl(IDCANCEL);
+    Desk.Device.AdvanceClock(10);
+    ASSERT_TRUE(Desk.Settle());
+    ASSERT_THAT(Deleted(), IsEmpty());
+    ASSERT_EQ(Desk.Device.Host().Files().DeleteFileW(u"\\My Documents\\TavoCalendar\\20041103_000000.pwi"),
+              ErrorCode::Success);
+    Desk.Stop();
+    Start();
+    EXPECT_FALSE(Desk.ReadFile("20041103_000000.pwi"));
+    EXPECT_EQ(Deleted().size(), 1U);
+}
+
 TEST_F(LongMemoDeletion, CancelledItTellsOfAMemoThatCannotComeBackAndKeepsOneWhosePlaceIsTaken) {
     BeginDeletion({kSettingsMemos});
     Desk.Device.AdvanceClock(1);

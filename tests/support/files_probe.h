@@ -55,7 +55,9 @@ class FilesProbe final : public IFiles {
         return PutAwayResult == ErrorCode::Success ? Files.PutAwayMemo(path, kept) : PutAwayResult;
     }
 
-    ErrorCode MoveFileW(std::u16string_view from, std::u16string_view to) override { return Files.MoveFileW(from, to); }
+    ErrorCode MoveFileW(std::u16string_view from, std::u16string_view to) override {
+        return MoveResult == ErrorCode::Success ? Files.MoveFileW(from, to) : MoveResult;
+    }
 
     std::unique_ptr<IFileSearch> FindFirstFileW(std::u16string_view pattern) override {
         LastPattern = pattern;
@@ -67,6 +69,7 @@ class FilesProbe final : public IFiles {
     ErrorCode ReadResult = ErrorCode::Success;
     ErrorCode WriteResult = ErrorCode::Success;
     ErrorCode PutAwayResult = ErrorCode::Success;
+    ErrorCode MoveResult = ErrorCode::Success;
     std::function<void(std::u16string_view)> BeforeDelete;
     std::vector<std::u16string> Found; // given instead of what is there
     std::u16string LastRead;
