@@ -44,7 +44,7 @@ HeadlessHost::HeadlessHost(const DeviceOptions& options)
 HeadlessHost::~HeadlessHost() = default;
 
 shell::Chrome& HeadlessHost::Chrome() {
-    (void)OwnChrome->Follow();
+    static_cast<void>(OwnChrome->Follow());
     return *OwnChrome;
 }
 

@@ -61,7 +61,7 @@ void Canvas::Fill(const QRect& pixels, QRgb color) {
 void Canvas::Prepare(const DrawStep& step) {
     if (const auto* text = std::get_if<TextStep>(&step.What)) {
         for (const shell::PlacedLine& line : PlaceText(*text->Face, text->Text, text->Area, text->Format)) {
-            (void)text->Face->Shape(line.Text);
+            static_cast<void>(text->Face->Shape(line.Text));
         }
     }
 }

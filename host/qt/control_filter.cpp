@@ -27,7 +27,7 @@ void ControlFilter::Watch(WindowHandle control, QWidget& widget) {
 
 bool ControlFilter::TakePress(WindowHandle control, QWidget& widget, QPointF position) {
     const Point screen = Shared.Geometry.ToLogical(widget.mapTo(widget.window(), position));
-    (void)Shared.Stylus.Down(screen);
+    static_cast<void>(Shared.Stylus.Down(screen));
     if (!Shared.State.TakesInput(control) || Shared.State.Menus.IsMenuOpen()) {
         return true;
     }

@@ -76,7 +76,7 @@ void Font::Load() {
     if (!Faces.empty()) {
         return;
     }
-    (void)PrepareFonts(); // whoever started the program says that there are none
+    static_cast<void>(PrepareFonts()); // whoever started the program says that there are none
     Found = MakeFont(Wish);
     Widths.emplace(Found);
     QFont alone = Found;

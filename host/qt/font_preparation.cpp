@@ -109,7 +109,7 @@ bool PrepareFonts() {
 }
 
 void FinishPreparingFonts() {
-    (void)PrepareFonts();
+    static_cast<void>(PrepareFonts());
     if (const std::future<void>& letter = OwnPreparation().FirstLetter; letter.valid()) {
         letter.wait();
     }

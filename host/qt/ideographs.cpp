@@ -59,7 +59,7 @@ std::optional<QGlyphRun> LayOutSample(const QFont& font, const QString& ideograp
     option.setUseDesignMetrics(true);
     layout.setTextOption(option);
     layout.beginLayout();
-    (void)layout.createLine();
+    static_cast<void>(layout.createLine());
     layout.endLayout();
     const QList<QGlyphRun> runs = layout.glyphRuns();
     return runs.size() == 1 ? std::optional(runs.front()) : std::nullopt;

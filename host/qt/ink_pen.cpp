@@ -82,7 +82,7 @@ ink::PenSample InkPen::SampleAt(QPointF position, int pressure) const {
 
 void InkPen::Press(Holder holder, ink::PenEnd end, QPointF position, int pressure) {
     if (holder != Holder::Mouse) { // what the control filter does for the mouse
-        (void)Shared.Stylus.Down(Shared.Geometry.ToLogical(Paper.mapTo(Paper.window(), position)));
+        static_cast<void>(Shared.Stylus.Down(Shared.Geometry.ToLogical(Paper.mapTo(Paper.window(), position))));
         if (!Shared.State.TakesInput(Control) || Shared.State.Menus.IsMenuOpen()) {
             return;
         }

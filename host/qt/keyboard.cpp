@@ -147,7 +147,7 @@ void Keyboard::Release(QKeyEvent& event) {
     }
     if (event.key() == Qt::Key_Alt && AltAlone) {
         AltAlone = false;
-        (void)Shared.Navigation.OpenBarMenu(0);
+        static_cast<void>(Shared.Navigation.OpenBarMenu(0));
         return;
     }
     if (const int key = ToDeviceKey(event.key()); key != 0) {

@@ -45,7 +45,7 @@ int RefuseOnScreen(std::string_view problem) {
     box.setTextFormat(Qt::PlainText); // names of folders may look like markup
     QObject::connect(&box, &QMessageBox::finished, qApp, &QApplication::quit);
     box.show();
-    (void)QApplication::exec(); // how it was closed does not matter
+    static_cast<void>(QApplication::exec()); // how it was closed does not matter
     return status;
 }
 
@@ -159,7 +159,7 @@ int main(int argc, char** argv) {
     case qt::CommandLine::Wish::Version:
         return Print(qt::kVersionText);
     case qt::CommandLine::Wish::Refusal:
-        (void)Refuse(line.Problem);
+        static_cast<void>(Refuse(line.Problem));
         std::fputs("Try `tavocalendar --help`.\n", stderr);
         return kWrongUse;
     case qt::CommandLine::Wish::Run:

@@ -134,7 +134,7 @@ void MenuView::Finish() {
     Menu.clear();
     Desktop.Menus().update();
     if (Shared.State.Menus.Tracked.has_value()) {
-        (void)Shared.Navigation.ChooseTracked(Chosen);
+        static_cast<void>(Shared.Navigation.ChooseTracked(Chosen));
     } else if (Chosen == 0 || !Shared.Navigation.ChooseCommand(Chosen)) {
         Shared.Navigation.CloseBarMenu();
     }
@@ -156,7 +156,7 @@ void MenuView::OpenNeighbour(int step) {
     const auto& open = Shared.State.Menus.BarMenu;
     if (bar != nullptr && open.has_value() && bar->Menus.size() > 1) {
         const int count = static_cast<int>(bar->Menus.size());
-        (void)Shared.Navigation.OpenBarMenu((open->Index + step + count) % count);
+        static_cast<void>(Shared.Navigation.OpenBarMenu((open->Index + step + count) % count));
     }
 }
 

@@ -126,7 +126,7 @@ void PaintedWidget::Draw(QPainter& painter, const QRect& area) {
 }
 
 void PaintedWidget::StylusDown(Point screen) {
-    (void)Shared.Stylus.Down(screen);
+    static_cast<void>(Shared.Stylus.Down(screen));
 }
 
 void PaintedWidget::StylusMove(Point screen) {

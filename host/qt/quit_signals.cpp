@@ -25,7 +25,7 @@ static_assert(std::atomic<bool>::is_always_lock_free);
 void WriteToPipe(int) {
     signalHasCome = true;
     const char byte = 0;
-    (void)!write(signalPipe, &byte, 1); // a full pipe has said enough already
+    static_cast<void>(!write(signalPipe, &byte, 1)); // a full pipe has said enough already
 }
 
 } // namespace

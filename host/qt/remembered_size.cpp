@@ -34,7 +34,7 @@ void RememberSize(const std::string& root, QSize size) {
     }
     const std::string text = std::to_string(size.width()) + " " + std::to_string(size.height()) + "\n";
     const std::vector<std::uint8_t> bytes(text.begin(), text.end());
-    (void)posix::ReplaceFile(PathIn(root), bytes); // the next start chooses a size by itself
+    static_cast<void>(posix::ReplaceFile(PathIn(root), bytes)); // the next start chooses a size by itself
 }
 
 } // namespace tavo::qt

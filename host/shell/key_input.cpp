@@ -80,7 +80,7 @@ WindowHandle KeyInput::Down(int key, int modifiers) {
         return WindowHandle::None;
     }
     if (key == VK_ESCAPE) {
-        (void)Navigation.PressEscape(); // with nothing to close it does nothing
+        static_cast<void>(Navigation.PressEscape()); // with nothing to close it does nothing
         return WindowHandle::None;
     }
     if (TakeShortcut(key, modifiers, State.KeyTarget())) {
@@ -115,7 +115,7 @@ WindowHandle KeyInput::Character(char16_t character) {
 
 void KeyInput::Unused(WindowHandle control, int key, int modifiers) {
     if (key == VK_ESCAPE) {
-        (void)Navigation.PressEscape(); // as above
+        static_cast<void>(Navigation.PressEscape()); // as above
         return;
     }
     if (const WindowRecord* record = State.Tree.Find(control); record != nullptr) {
@@ -129,7 +129,7 @@ bool KeyInput::TakeForBoxOrMenu(int key) {
             const bool asks = State.Menus.Boxes.back().Description.Buttons == MessageBoxButtons::YesNo;
             Navigation.AnswerBox(asks ? IDYES : IDOK);
         } else if (key == VK_ESCAPE) {
-            (void)Navigation.PressEscape(); // a question stays
+            static_cast<void>(Navigation.PressEscape()); // a question stays
         }
         return true;
     }

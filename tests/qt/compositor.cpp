@@ -62,14 +62,15 @@ Compositor::Compositor() {
     Folder.Put("config", kConfiguration);
     std::filesystem::permissions(Folder.Path(), std::filesystem::perms::owner_all);
     if (geteuid() == 0) {
-        (void)!chown(Folder.Path().c_str(), kNobody, kNobody); // without it nothing starts, and that is told
+        static_cast<void>(
+            !chown(Folder.Path().c_str(), kNobody, kNobody)); // without it nothing starts, and that is told
         std::filesystem::permissions(Folder / "config", std::filesystem::perms::others_read,
                                      std::filesystem::perm_options::add);
     }
     Process = fork();
     if (Process == 0) {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
-        (void)!freopen((Folder / "log").c_str(), "w", stderr);
+        static_cast<void>(!freopen((Folder / "log").c_str(), "w", stderr));
         if (!BecomeSomebody()) {
             _exit(126);
         }

@@ -51,9 +51,9 @@ double MeasureTime(const std::u16string& text, int firstSize) {
     double least = std::numeric_limits<double>::max();
     for (int size = firstSize; size < firstSize + 3; ++size) {
         Font font({u"Arial", -size, 0, 400});
-        (void)font.Ends(text.substr(0, 1)); // finds the files
+        static_cast<void>(font.Ends(text.substr(0, 1))); // finds the files
         const std::clock_t begin = std::clock();
-        (void)font.Ends(text);
+        static_cast<void>(font.Ends(text));
         least = std::min(least, static_cast<double>(std::clock() - begin));
     }
     return least;
@@ -138,7 +138,7 @@ TEST_F(Ideographs, ThatNoFontHasTakeLessTimeThanLayingThemOut) {
     QTextLayout layout(QString::fromStdU16String(text), ToolkitFont(61));
     const std::clock_t begin = std::clock();
     layout.beginLayout();
-    (void)layout.createLine();
+    static_cast<void>(layout.createLine());
     layout.endLayout();
     EXPECT_LT(measured, static_cast<double>(std::clock() - begin));
 }

@@ -66,12 +66,12 @@ class StartedProgram {
             setenv("TAVO_TRACE_FRAMES", Frames.c_str(), 1);
             setenv("QT_QPA_PLATFORM", "offscreen", 1);
             setenv("TAVO_SCALE", "1", 1);
-            (void)!freopen(Words.c_str(), "w", stderr);
+            static_cast<void>(!freopen(Words.c_str(), "w", stderr));
             const std::string program = folder / "tavocalendar";
             if (!around.HasWatches && !TakeAllWatches()) {
                 _exit(kCannotArrange);
             }
-            (void)!chdir(std::string(folder / "").c_str());
+            static_cast<void>(!chdir(std::string(folder / "").c_str()));
             execl(program.c_str(), program.c_str(), around.File.empty() ? nullptr : around.File.c_str(), nullptr);
             _exit(127);
         }

@@ -211,8 +211,8 @@ TEST_F(SurfaceTest, APictureLikeTheOneBeforeChangesNothing) {
         surface.DrawLine({5, 5}, {30, 17}, {kBlack, 3});
     };
     drawFace();
-    (void)surface.Image();
-    (void)surface.TakeChanged();
+    static_cast<void>(surface.Image());
+    static_cast<void>(surface.TakeChanged());
     drawFace();
     EXPECT_TRUE(surface.TakeChanged().isEmpty());
 }
@@ -220,7 +220,7 @@ TEST_F(SurfaceTest, APictureLikeTheOneBeforeChangesNothing) {
 TEST_F(SurfaceTest, ANewPictureChangesOnlyWhereItDiffers) {
     Surface surface = Make(40, 40, 2.0);
     for (const int x : {4, 20}) {
-        (void)surface.TakeChanged();
+        static_cast<void>(surface.TakeChanged());
         surface.FillRect({0, 0, 40, 40}, Color::FromRgb(255, 255, 255));
         surface.FillRect({x, 10, x + 4, 14}, kBlack);
         surface.FillRect({0, 30, 40, 34}, kBlack);
@@ -233,9 +233,9 @@ TEST_F(SurfaceTest, ANewPictureChangesOnlyWhereItDiffers) {
 TEST_F(SurfaceTest, DrawingOnAShownPictureIsGoneWithTheNext) {
     Surface surface = Make(40, 40, 1.0);
     surface.FillRect({0, 0, 40, 40}, Color::FromRgb(255, 255, 255));
-    (void)surface.Image();
+    static_cast<void>(surface.Image());
     surface.FillRect({3, 3, 9, 9}, kBlack);
-    (void)surface.Image();
+    static_cast<void>(surface.Image());
     surface.FillRect({0, 0, 40, 40}, Color::FromRgb(255, 255, 255));
     EXPECT_EQ(CountPixels(surface.Image(), surface.Image().rect(), kWhitePixel), 1600);
 }

@@ -43,8 +43,8 @@ class Weston {
         Process = fork();
         if (Process == 0) {
             prctl(PR_SET_PDEATHSIG, SIGKILL);
-            (void)!freopen((Folder / "log").c_str(), "w", stderr);
-            (void)!freopen((Folder / "log").c_str(), "a", stdout);
+            static_cast<void>(!freopen((Folder / "log").c_str(), "w", stderr));
+            static_cast<void>(!freopen((Folder / "log").c_str(), "a", stdout));
             execlp("weston", "weston", "--backend=headless-backend.so", "--socket=wayland-1", "--width=2560",
                    "--height=2048", "--scale=2", "--no-config", "--idle-time=0", nullptr);
             _exit(127);

@@ -182,10 +182,10 @@ const MenuStrip::Segment* MenuStrip::SegmentAt(Point screen) const {
 void MenuStrip::Choose(const Segment& segment) {
     switch (segment.Kind) {
     case SegmentKind::Menu:
-        (void)Navigation.OpenBarMenu(segment.Number);
+        static_cast<void>(Navigation.OpenBarMenu(segment.Number));
         break;
     case SegmentKind::Button:
-        (void)Navigation.ChooseCommand(segment.Number);
+        static_cast<void>(Navigation.ChooseCommand(segment.Number));
         break;
     case SegmentKind::Panel:
         if (PanelTapped) {

@@ -148,7 +148,7 @@ void MessageBox::Select(int choice) {
 
 void MessageBox::Answer(int choice) {
     const int answer = Choices[static_cast<std::size_t>(choice)].Answer; // the choices may become those of another box
-    (void)Navigation.AnswerBox(answer);
+    static_cast<void>(Navigation.AnswerBox(answer));
 }
 
 void MessageBox::Down(Point screen) {
@@ -188,13 +188,13 @@ void MessageBox::TakeKey(int key, int modifiers) {
         Answer(Selected);
         break;
     case VK_ESCAPE:
-        (void)Navigation.PressClose();
+        static_cast<void>(Navigation.PressClose());
         break;
     case 'Y':
-        (void)Navigation.AnswerBox(IDYES);
+        static_cast<void>(Navigation.AnswerBox(IDYES));
         break;
     case 'N':
-        (void)Navigation.AnswerBox(IDNO);
+        static_cast<void>(Navigation.AnswerBox(IDNO));
         break;
     case VK_LEFT:
     case VK_UP:

@@ -78,7 +78,7 @@ void NavigationBar::SetPressed(bool pressed) {
 void NavigationBar::Down(Point screen) {
     Held = TakesInput() ? NavigationButtonAt(Buttons, screen) : NavigationButton::None;
     SetPressed(Held != NavigationButton::None);
-    (void)Stylus.Down(screen);
+    static_cast<void>(Stylus.Down(screen));
 }
 
 void NavigationBar::Move(Point screen) {
