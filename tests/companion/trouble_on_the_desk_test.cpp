@@ -166,6 +166,7 @@ TEST_F(TroubleOnTheDesk, ARingerThatHangsHoldsNobodyUp) {
     ASSERT_TRUE(service.WaitFor(2, kSoon));
     EXPECT_LT(service.Came.back().Time - made, 2);
     ASSERT_TRUE(WaitForStates("2 2", kSoon)); // and rings: the one before is ended for it
+    ASSERT_TRUE(WaitForLog("tavo_reminder_sound", "hangs\nhangs\n", kSoon)); // else this one ends before it hangs
     AddReminder(u"Bus", 600, 30, kRinging);
     ASSERT_TRUE(service.WaitFor(3, kSoon));
     EXPECT_TRUE(WaitForLog("tavo_reminder_sound", "hangs\nhangs\nhangs\n", kSoon));
