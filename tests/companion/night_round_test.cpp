@@ -177,10 +177,11 @@ TEST_F(NightRoundTest, KeepsNoReminderWaiting) {
         Add("2026-05-05 10:00", "2026-05-05 11:00", u"A subject of ordinary length");
     }
     ASSERT_EQ(App->End(), Status::Ok);
-    NoteCheck(0);
-    AddReminder(u"Train", 1);
-    const double due = std::floor(TimeNow()) + 1;
     StartCompanion(Bus.Address());
+    ASSERT_TRUE(ServeUntil([&] { return Store->LastFullCheck().has_value(); })); // its first look is over
+    NoteCheck(0);
+    AddReminder(u"Train", 2); // wakes it, and with it the round
+    const double due = std::floor(TimeNow()) + 2;
     ASSERT_TRUE(Service.WaitFor(1, kSoon));
     EXPECT_EQ(Service.Came.back().Summary, "Train");
     EXPECT_LE(Service.Came.back().Time, due + 1.5);
