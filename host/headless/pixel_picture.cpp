@@ -1,6 +1,8 @@
 // Fills and straight lines, pixel by pixel.
 #include "host/headless/pixel_picture.h"
 
+#include "host/shell/straight_line.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -40,23 +42,9 @@ void PixelPicture::Fill(const Rect& area, Color color) {
 }
 
 void PixelPicture::Line(Point from, Point to, const Pen& pen) {
-    if (from == to || (from.X != to.X && from.Y != to.Y)) {
-        return;
+    if (from != to && (from.X == to.X || from.Y == to.Y)) {
+        Fill(shell::CoverStraightLine(from, to, std::max(pen.Width, 1)), pen.Ink);
     }
-    const int width = std::max(pen.Width, 1);
-    Rect covered{std::min(from.X, to.X), std::min(from.Y, to.Y), std::max(from.X, to.X), std::max(from.Y, to.Y)};
-    if (width > 1) {
-        const int before = (width - 1) / 2;
-        const int after = width - before;
-        covered = {covered.Left - before, covered.Top - before, covered.Right + after, covered.Bottom + after};
-    } else if (from.Y == to.Y) {
-        const int shift = to.X < from.X ? 1 : 0; // towards the left the end lies on the left
-        covered = {covered.Left + shift, from.Y, covered.Right + shift, from.Y + 1};
-    } else {
-        const int shift = to.Y < from.Y ? 1 : 0;
-        covered = {from.X, covered.Top + shift, from.X + 1, covered.Bottom + shift};
-    }
-    Fill(covered, pen.Ink);
 }
 
 void PixelPicture::Place(Placed placed) {

@@ -1,6 +1,8 @@
 // Turning what the program draws into steps, and finding those that change something.
 #include "host/qt/surface.h"
 
+#include "host/shell/straight_line.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <utility>
@@ -15,26 +17,6 @@ QRgb ToPixel(Color color) {
 std::uint64_t TakeNextNumber() {
     static std::uint64_t last = 0;
     return ++last;
-}
-
-// What a straight line covers, in logical pixels: without its end when it is thin, with square ends otherwise.
-Rect CoverStraightLine(Point from, Point to, int width) {
-    const int before = (width - 1) / 2;
-    const int after = width - before;
-    if (from == to) {
-        return {};
-    }
-    int left = std::min(from.X, to.X);
-    int top = std::min(from.Y, to.Y);
-    int right = std::max(from.X, to.X);
-    int bottom = std::max(from.Y, to.Y);
-    if (width == 1) {
-        const int shiftX = to.X < from.X ? 1 : 0;
-        const int shiftY = to.Y < from.Y ? 1 : 0;
-        return from.Y == to.Y ? Rect{left + shiftX, top, right + shiftX, top + 1}
-                              : Rect{left, top + shiftY, left + 1, bottom + shiftY};
-    }
-    return {left - before, top - before, right + after, bottom + after};
 }
 
 QRect Cover(const std::vector<DrawStep>& steps, std::size_t from, std::size_t to) {
@@ -124,7 +106,7 @@ void Surface::DrawLine(Point from, Point to, const Pen& pen) {
         return;
     }
     if (from.X == to.X || from.Y == to.Y) {
-        QRect covered = PixelScale.Edges(CoverStraightLine(from, to, width));
+        QRect covered = PixelScale.Edges(shell::CoverStraightLine(from, to, width));
         if (width == 1) { // all lines of a grid are equally thick, wherever their edges would be rounded to
             const int thickness = std::max(1, PixelScale.Edge(1));
             from.Y == to.Y ? covered.setHeight(thickness) : covered.setWidth(thickness);
