@@ -2,11 +2,11 @@
 #pragma once
 
 #include "host/ink/ink_desk.h"
-#include "host/qt/chrome_fonts.h"
 #include "host/qt/fonts.h"
 #include "host/qt/pictures.h"
 #include "host/qt/screen_geometry.h"
 #include "host/shell/chrome/chrome.h"
+#include "host/shell/chrome/chrome_faces.h"
 #include "host/shell/control_input.h"
 #include "host/shell/item_request.h"
 #include "host/shell/key_input.h"
@@ -26,7 +26,7 @@ struct Device {
     shell::ControlInput Controls{State};
     shell::ItemRequest Items{State};
     qt::Fonts Fonts;
-    qt::ChromeFonts ChromeFonts;
+    shell::ChromeFaces<Font> ChromeFonts;
     shell::Chrome Chrome{State, Navigation, Stylus, ChromeFonts};
     qt::Pictures Pictures;
     ink::InkDesk Ink{State};

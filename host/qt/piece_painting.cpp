@@ -33,7 +33,7 @@ class PiecePainter {
 
     QPainter& Target;
     const ScreenGeometry& Geometry;
-    qt::ChromeFonts& Fonts;
+    shell::ChromeFaces<Font>& Fonts;
     qt::Pictures& Pictures;
 };
 
