@@ -16,7 +16,7 @@ sys.path.insert(0, str(Path(__file__).resolve().parent))
 from cpp_text import blank_comments, blank_literals, sources_of
 
 # What exists to try the system out: neither asked for callers nor counted as one.
-TRIALS = ("tests/", "benchmarks/", "fuzz/", "host/headless/")
+TRIALS = ("tests/", "benchmarks/", "fuzz/", "host/bare/", "host/headless/")
 
 # What tests look through: (header, name) -> at what. Whatever the system itself could do without goes instead.
 SIGHTS = {

@@ -30,14 +30,14 @@ MAY_NOT_REACH_IN = {"host", "companion"}
 
 # Folders that build on a machine without Qt.
 FREE_OF_QT = ["host/rules", "host/posix", "host/outlook", "host/exchange", "host/files", "host/locale", "host/ink",
-              "host/reminders", "host/shell", "host/headless", "tools"]
+              "host/reminders", "host/shell", "host/bare", "host/headless", "tools"]
 # The one folder that speaks SQL. What lies within it is for itself, and for those that look at stores from inside.
 SQL_FOLDER = "host/outlook"
 SQL_HEADER = "sqlite3.h"
 SQL_INSIDES = {"host/outlook/database.h", "host/outlook/store_core.h"}
 LOOK_INSIDE = {"tests", "fuzz", "benchmarks"}
 # Folders that ask the operating system nothing: what they need of it is handed to them.
-FREE_OF_POSIX = ["host/rules", "host/reminders", "host/locale", "host/shell", "host/exchange"]
+FREE_OF_POSIX = ["host/rules", "host/reminders", "host/locale", "host/shell", "host/exchange", "host/bare"]
 POSIX_HEADER = re.compile(r"(?:sys|netinet|arpa|net|linux|asm)/|(?:unistd|fcntl|poll|dirent|spawn|signal|pwd|grp|glob|"
                           r"pthread|sched|semaphore|termios|dlfcn|syslog|ftw|utime|ucontext|mqueue|netdb)\.h$")
 # What these folders of the host may include besides the standard library, the platform and themselves.

@@ -1,7 +1,7 @@
 // Each thing a person does, as a step of the script.
 #include "host/headless/device.h"
 
-#include "host/headless/control_touch.h"
+#include "host/bare/control_touch.h"
 #include "host/locale/utf.h"
 #include "host/shell/chrome/chrome.h"
 
@@ -22,7 +22,7 @@ constexpr Point Middle(const Rect& area) {
 
 // Taps something in the menu strip. False when that does nothing: there is no such thing (then its place is the whole
 // strip), it takes no input, or something lies over it.
-bool TapStrip(HeadlessHost& host, ScreenTouch& touch, const Rect& place) {
+bool TapStrip(HeadlessHost& host, bare::ScreenTouch& touch, const Rect& place) {
     shell::Chrome& chrome = host.Chrome();
     const Point middle = Middle(place);
     if (place == kMenuBar || chrome.PartAt(middle) != &chrome.Menus || !chrome.Menus.CanPress(middle) ||
@@ -84,11 +84,7 @@ void Device::TapItem(PaintedRole role, std::u16string name) {
 }
 
 void Device::KeyDown(int key, int modifiers) {
-    Do([this, key, modifiers] {
-        if (const WindowHandle control = OwnHost.Keys.Down(key, modifiers); control != WindowHandle::None) {
-            PressKeyInControl(OwnHost, control, key, modifiers);
-        }
-    });
+    Do([this, key, modifiers] { bare::PressKey(OwnHost, key, modifiers); });
 }
 
 void Device::KeyUp(int key, int modifiers) {
@@ -102,11 +98,7 @@ void Device::Key(int key, int modifiers) {
 
 void Device::Type(std::u16string_view text) {
     for (const char16_t character : text) {
-        Do([this, character] {
-            if (const WindowHandle control = OwnHost.Keys.Character(character); control != WindowHandle::None) {
-                TypeInControl(OwnHost, control, character);
-            }
-        });
+        Do([this, character] { bare::TypeCharacter(OwnHost, character); });
     }
 }
 

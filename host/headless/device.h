@@ -1,8 +1,8 @@
 // The scripted device as a test handles it: a script of what a person does, and eyes to look with.
 #pragma once
 
+#include "host/bare/screen_touch.h"
 #include "host/headless/device_sight.h"
-#include "host/headless/screen_touch.h"
 
 #include <cstdint>
 
@@ -86,7 +86,7 @@ class Device {
     int FindMenu(std::u16string_view menu) const;
 
     HeadlessHost OwnHost;
-    ScreenTouch Touch{OwnHost};
+    bare::ScreenTouch Touch{OwnHost};
 };
 
 } // namespace tavo::headless

@@ -1,9 +1,7 @@
 // Putting the scripted device together.
 #include "host/headless/headless_host.h"
 
-#include "host/headless/chrome_faces.h"
 #include "host/outlook/store.h"
-#include "host/shell/chrome/chrome.h"
 
 namespace tavo::headless {
 
@@ -19,33 +17,16 @@ Status MakeRealStore(const std::filesystem::path& store, ComPtr<IPOutlookApp>& o
 } // namespace
 
 HeadlessHost::HeadlessHost(const DeviceOptions& options)
-    : Root(options.Root), Time(options.Now, [this] { OwnQueue.PostQuitMessage(kScriptEnded); }),
-      OwnFiles({Root.Path().string(), options.InstalledSounds.string()}),
-      Outlook(options.Outlook ? options.Outlook : MakeRealStore), Faces(std::make_unique<ChromeFaces>()),
-      OwnChrome(std::make_unique<shell::Chrome>(State, Navigation, Stylus, *Faces)) {
+    : ScriptedPlace(options, [this] { Queue().PostQuitMessage(kScriptEnded); }),
+      BareHost({Root.Path().string(), options.InstalledSounds.string()}, Time, Time.Clock),
+      Outlook(options.Outlook ? options.Outlook : MakeRealStore) {
     Seen.Watch(State);
-    Seen.SetChanged([this](shell::Change change, WindowHandle window) {
-        if (change == shell::Change::Destroyed) {
-            Papers.Drop(window);
-        }
-        OwnChrome->Note(change, window);
-    });
-    Papers.SetClock(Time.Clock);
-    Papers.SetRecovery((Root.Path() / "Recovery").string());
-    Time.SetWaited([this] {
-        Papers.NoteShown();
-        Papers.SaveRecovery();
-        Items.Follow();
-        Opened.Follow();
-        return !State.Posted.IsEmpty();
-    });
+    Time.SetWaited([this] { return PrepareWait(); });
 }
 
-HeadlessHost::~HeadlessHost() = default;
-
-shell::Chrome& HeadlessHost::Chrome() {
-    static_cast<void>(OwnChrome->Follow());
-    return *OwnChrome;
+void HeadlessHost::OnChange(shell::Change change, WindowHandle window) {
+    Seen.OnChange(change, window);
+    BareHost::OnChange(change, window);
 }
 
 Status HeadlessHost::CoInitializeEx() {

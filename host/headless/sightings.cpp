@@ -27,9 +27,6 @@ void Sightings::OnChange(shell::Change change, WindowHandle window) {
     } else if (change == Change::Destroyed) {
         Drawing.Forget(window);
     }
-    if (Changed) {
-        Changed(change, window);
-    }
 }
 
 } // namespace tavo::headless

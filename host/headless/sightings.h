@@ -4,9 +4,6 @@
 #include "host/headless/recorded_drawing.h"
 #include "host/shell/shell.h"
 
-#include <functional>
-#include <utility>
-
 namespace tavo::headless {
 
 struct OpenedList {
@@ -27,9 +24,6 @@ class Sightings : public shell::IShellObserver {
 
     void Watch(shell::Shell& shell) { State = &shell; }
 
-    // Called with everything that the shell reports.
-    void SetChanged(std::function<void(shell::Change, WindowHandle)> changed) { Changed = std::move(changed); }
-
     void OnChange(shell::Change change, WindowHandle window) override;
 
     std::vector<MessageBoxDescription> Boxes;
@@ -43,7 +37,6 @@ class Sightings : public shell::IShellObserver {
   private:
     RecordedDrawing& Drawing;
     shell::Shell* State = nullptr;
-    std::function<void(shell::Change, WindowHandle)> Changed;
 };
 
 } // namespace tavo::headless

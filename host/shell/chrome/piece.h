@@ -12,9 +12,9 @@ namespace tavo::shell {
 using Argb = std::uint32_t;
 
 // The fonts of the chrome, all of the face kChromeFace.
-enum class ChromeFont { Caption, Button, Plain };
+enum class ChromeFont { Caption, Button, Plain, Small };
 
-constexpr int kChromeFontCount = 3;
+constexpr int kChromeFontCount = 4;
 constexpr std::u16string_view kChromeFace = u"Arial";
 
 struct ChromeFontSize {
@@ -23,7 +23,7 @@ struct ChromeFontSize {
 };
 
 // By the number of the font.
-constexpr ChromeFontSize kChromeFontSizes[kChromeFontCount] = {{-14, 700}, {-13, 700}, {-13, 400}};
+constexpr ChromeFontSize kChromeFontSizes[kChromeFontCount] = {{-14, 700}, {-13, 700}, {-13, 400}, {-11, 400}};
 
 // The fonts as the host has them.
 class IChromeFonts {

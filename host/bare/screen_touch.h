@@ -1,17 +1,17 @@
 // The stylus anywhere on the screen: on the device's own chrome, on a window, on a control.
 #pragma once
 
-#include "host/headless/headless_host.h"
+#include "host/bare/bare_host.h"
 
 namespace tavo::shell {
 class ChromePart;
 }
 
-namespace tavo::headless {
+namespace tavo::bare {
 
 class ScreenTouch {
   public:
-    explicit ScreenTouch(HeadlessHost& host) : Host(host) {}
+    explicit ScreenTouch(BareHost& host) : Host(host) {}
 
     void Down(Point screen);
     void Move(Point screen);
@@ -24,9 +24,9 @@ class ScreenTouch {
     }
 
   private:
-    HeadlessHost& Host;
+    BareHost& Host;
     shell::ChromePart* Part = nullptr; // the stylus went down on it
     WindowHandle Control = WindowHandle::None;
 };
 
-} // namespace tavo::headless
+} // namespace tavo::bare

@@ -1,18 +1,18 @@
 // Who gets the stylus.
-#include "host/headless/screen_touch.h"
+#include "host/bare/screen_touch.h"
 
-#include "host/headless/control_touch.h"
+#include "host/bare/control_touch.h"
 #include "host/shell/chrome/chrome.h"
 
 #include <utility>
 
-namespace tavo::headless {
+namespace tavo::bare {
 
 namespace {
 
 // An open list or menu goes away with a tap beside it, which does nothing else; but from one menu of the bar the stylus
 // goes to the next.
-bool ClosesSomething(HeadlessHost& host, Point screen) {
+bool ClosesSomething(BareHost& host, Point screen) {
     shell::Chrome& chrome = host.Chrome();
     if (host.State.Menus.BarMenu.has_value()) {
         return chrome.PartAt(screen) != &chrome.Menus || !chrome.Menus.CanPress(screen);
@@ -55,4 +55,4 @@ void ScreenTouch::Up(Point screen) {
     }
 }
 
-} // namespace tavo::headless
+} // namespace tavo::bare

@@ -1,10 +1,10 @@
-// The script of a scripted device: what happens next, once the program waits and nothing is left to hand out.
+// The script of people who are not there: what happens next, once the program waits and nothing is left to hand out.
 #pragma once
 
 #include <deque>
 #include <functional>
 
-namespace tavo::headless {
+namespace tavo::bare {
 
 class Script {
   public:
@@ -21,4 +21,4 @@ class Script {
     std::deque<Step> Steps;
 };
 
-} // namespace tavo::headless
+} // namespace tavo::bare

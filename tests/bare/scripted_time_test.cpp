@@ -1,9 +1,9 @@
 // The clock and the script.
-#include "host/headless/scripted_time.h"
+#include "host/bare/scripted_time.h"
 
 #include <gtest/gtest.h>
 
-namespace tavo::headless {
+namespace tavo::bare {
 
 namespace {
 
@@ -63,4 +63,4 @@ TEST_F(ScriptedTimeTest, StepsAddedByAStepComeNext) {
 
 } // namespace
 
-} // namespace tavo::headless
+} // namespace tavo::bare

@@ -1,9 +1,9 @@
 // Doing one step.
-#include "host/headless/script.h"
+#include "host/bare/script.h"
 
 #include <utility>
 
-namespace tavo::headless {
+namespace tavo::bare {
 
 void Script::DoNext() {
     if (Steps.empty()) {
@@ -18,4 +18,4 @@ void Script::DoNext() {
     }
 }
 
-} // namespace tavo::headless
+} // namespace tavo::bare

@@ -1,9 +1,9 @@
 // One move of the clock, or one step, at a time.
-#include "host/headless/scripted_time.h"
+#include "host/bare/scripted_time.h"
 
 #include <chrono>
 
-namespace tavo::headless {
+namespace tavo::bare {
 
 void ScriptedTime::WaitForEvents(std::optional<shell::Milliseconds> deadline) {
     if (deadline && *deadline <= Elapsed) {
@@ -33,4 +33,4 @@ void ScriptedTime::MoveTo(shell::Milliseconds moment) {
     Elapsed = moment;
 }
 
-} // namespace tavo::headless
+} // namespace tavo::bare

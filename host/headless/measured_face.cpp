@@ -1,5 +1,5 @@
 // Heights and widths of the chrome's fonts.
-#include "host/headless/chrome_faces.h"
+#include "host/headless/measured_face.h"
 
 #include "host/headless/text_metrics.h"
 
@@ -20,16 +20,16 @@ int Share(int height, int thousandths) {
 } // namespace
 
 int MeasuredFace::Ascent() {
-    return Share(Font.Height, kAscent);
+    return Share(Height, kAscent);
 }
 
 int MeasuredFace::LineHeight() {
-    return Ascent() + Share(Font.Height, kDescent);
+    return Ascent() + Share(Height, kDescent);
 }
 
 const std::vector<double>& MeasuredFace::Ends(std::u16string_view text) {
     std::vector<int> widths;
-    MeasureText(Font.Height, 0, Font.Weight, text, widths);
+    MeasureText(Height, 0, Weight, text, widths);
     Found.assign(widths.begin(), widths.end());
     return Found;
 }

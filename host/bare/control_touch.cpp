@@ -1,18 +1,15 @@
 // Taps and keys on controls.
-#include "host/headless/control_touch.h"
+#include "host/bare/control_touch.h"
 
-#include "host/headless/text_metrics.h"
 #include "host/shell/picker_input.h"
 
 #include <algorithm>
 
-namespace tavo::headless {
+namespace tavo::bare {
 
 namespace {
 
-constexpr int kScrollArrowHeight = 15;
-
-void TapScrollBar(HeadlessHost& host, WindowHandle control, Point screen) {
+void TapScrollBar(BareHost& host, WindowHandle control, Point screen) {
     const Rect bounds = host.State.Tree.ScreenBounds(control);
     const ScrollInfo scroll = host.State.Tree.FindControl(control)->Scroll;
     const int track = bounds.Height() - 2 * kScrollArrowHeight;
@@ -29,19 +26,17 @@ void TapScrollBar(HeadlessHost& host, WindowHandle control, Point screen) {
 }
 
 // The part of the date or time that lies there.
-void TapPicker(HeadlessHost& host, WindowHandle control, Point screen) {
-    constexpr int margin = 4;
+void TapPicker(BareHost& host, WindowHandle control, Point screen) {
     const shell::ControlState& state = *host.State.Tree.FindControl(control);
-    const int height = state.FontPoints * 96 / 72;
-    std::vector<int> widths;
-    MeasureText(height, 0, 400, shell::FaceOf(*host.State.Tree.Find(control)).Text, widths);
-    const int x = screen.X - host.State.Tree.ScreenBounds(control).Left - margin;
-    const auto right = std::find_if(widths.begin(), widths.end(), [x](int width) { return width > x; });
-    host.ControlActions.Touch(control, static_cast<int>(right - widths.begin()));
+    shell::ITextFace& face = host.Find(FontOf(state.FontPoints));
+    const std::vector<double>& ends = face.Ends(shell::FaceOf(*host.State.Tree.Find(control)).Text);
+    const int x = screen.X - host.State.Tree.ScreenBounds(control).Left - kEntryMargin;
+    const auto right = std::find_if(ends.begin(), ends.end(), [x](double end) { return end > x; });
+    host.ControlActions.Touch(control, static_cast<int>(right - ends.begin()));
 }
 
 // Replaces what is selected, or what the two ends enclose.
-void Replace(HeadlessHost& host, WindowHandle control, int first, int last, std::u16string_view with) {
+void Replace(BareHost& host, WindowHandle control, int first, int last, std::u16string_view with) {
     std::u16string text = host.State.Tree.Find(control)->Text;
     text.replace(static_cast<std::size_t>(first), static_cast<std::size_t>(last - first), with);
     host.ControlActions.Edit(control, text);
@@ -50,7 +45,7 @@ void Replace(HeadlessHost& host, WindowHandle control, int first, int last, std:
     host.ControlActions.SelectText(control, caret, caret);
 }
 
-bool EditWithKey(HeadlessHost& host, WindowHandle control, int key) {
+bool EditWithKey(BareHost& host, WindowHandle control, int key) {
     const shell::ControlState state = *host.State.Tree.FindControl(control);
     const int length = static_cast<int>(host.State.Tree.Find(control)->Text.size());
     const bool selected = state.SelectionFirst != state.SelectionLast;
@@ -84,21 +79,21 @@ bool EditWithKey(HeadlessHost& host, WindowHandle control, int key) {
     }
 }
 
-bool IsPaper(HeadlessHost& host, WindowHandle control) {
+bool IsPaper(BareHost& host, WindowHandle control) {
     const shell::ControlState* state = host.State.Tree.FindControl(control);
     return state != nullptr && state->Kind == ControlKind::Ink && host.State.TakesInput(control);
 }
 
 // In the middle of the pixel; the stylus of this device tells no pressure.
-ink::PenSample SampleAt(HeadlessHost& host, WindowHandle control, Point screen) {
+ink::PenSample SampleAt(BareHost& host, WindowHandle control, Point screen) {
     const Rect bounds = host.State.Tree.ScreenBounds(control);
     ink::PenSample sample;
     sample.Place = {screen.X - bounds.Left + 0.5, screen.Y - bounds.Top + 0.5};
-    sample.Time = static_cast<std::uint32_t>(host.Time.GetMilliseconds());
+    sample.Time = static_cast<std::uint32_t>(host.State.Source.GetMilliseconds());
     return sample;
 }
 
-bool UseKey(HeadlessHost& host, WindowHandle control, int key) {
+bool UseKey(BareHost& host, WindowHandle control, int key) {
     const shell::ControlState& state = *host.State.Tree.FindControl(control);
     const bool isButton = state.Kind == ControlKind::CheckBox || state.Kind == ControlKind::RadioButton ||
                           state.Kind == ControlKind::PushButton;
@@ -122,26 +117,26 @@ bool UseKey(HeadlessHost& host, WindowHandle control, int key) {
 
 } // namespace
 
-void PressControl(HeadlessHost& host, WindowHandle control, Point screen) {
+void PressControl(BareHost& host, WindowHandle control, Point screen) {
     if (IsPaper(host, control)) {
         host.ControlActions.Focus(control);
         host.Papers.Find(control).PenDown(ink::PenEnd::Tip, SampleAt(host, control, screen));
     }
 }
 
-void MoveOnControl(HeadlessHost& host, WindowHandle control, Point screen) {
+void MoveOnControl(BareHost& host, WindowHandle control, Point screen) {
     if (IsPaper(host, control)) {
         host.Papers.Find(control).PenMove(SampleAt(host, control, screen));
     }
 }
 
-void ReleaseControl(HeadlessHost& host, WindowHandle control, Point screen) {
+void ReleaseControl(BareHost& host, WindowHandle control, Point screen) {
     if (IsPaper(host, control)) {
         host.Papers.Find(control).PenUp(SampleAt(host, control, screen));
     }
 }
 
-void TapControl(HeadlessHost& host, WindowHandle control, Point screen) {
+void TapControl(BareHost& host, WindowHandle control, Point screen) {
     const ControlKind kind = host.State.Tree.FindControl(control)->Kind;
     host.ControlActions.Focus(control);
     if (kind == ControlKind::ScrollBar) {
@@ -156,7 +151,11 @@ void TapControl(HeadlessHost& host, WindowHandle control, Point screen) {
     }
 }
 
-void PressKeyInControl(HeadlessHost& host, WindowHandle control, int key, int modifiers) {
+void PressKey(BareHost& host, int key, int modifiers) {
+    const WindowHandle control = host.Keys.Down(key, modifiers);
+    if (control == WindowHandle::None) {
+        return;
+    }
     const ControlKind kind = host.State.Tree.FindControl(control)->Kind;
     if (IsPaper(host, control) && host.Papers.Find(control).Key(key, modifiers)) {
         return;
@@ -169,11 +168,12 @@ void PressKeyInControl(HeadlessHost& host, WindowHandle control, int key, int mo
     }
 }
 
-void TypeInControl(HeadlessHost& host, WindowHandle control, char16_t character) {
-    const shell::ControlState& state = *host.State.Tree.FindControl(control);
-    if (shell::IsTextControl(state.Kind)) {
-        Replace(host, control, state.SelectionFirst, state.SelectionLast, std::u16string_view(&character, 1));
+void TypeCharacter(BareHost& host, char16_t character) {
+    const WindowHandle control = host.Keys.Character(character);
+    const shell::ControlState* state = host.State.Tree.FindControl(control);
+    if (state != nullptr && shell::IsTextControl(state->Kind)) {
+        Replace(host, control, state->SelectionFirst, state->SelectionLast, std::u16string_view(&character, 1));
     }
 }
 
-} // namespace tavo::headless
+} // namespace tavo::bare

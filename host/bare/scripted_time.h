@@ -1,14 +1,14 @@
-// The outside world of the scripted device: the script, and a clock that only the script moves.
+// The outside world of a host that people do not reach: a script, and a clock that only the script moves.
 #pragma once
 
+#include "host/bare/script.h"
 #include "host/files/scripted_clock.h"
-#include "host/headless/script.h"
 #include "host/shell/event_source.h"
 
 #include <functional>
 #include <optional>
 
-namespace tavo::headless {
+namespace tavo::bare {
 
 class ScriptedTime : public shell::IEventSource {
   public:
@@ -16,7 +16,7 @@ class ScriptedTime : public shell::IEventSource {
     ScriptedTime(const SYSTEMTIME& start, std::function<void()> onEnd) : Clock(start), OnEnd(std::move(onEnd)) {}
 
     files::ScriptedClock Clock;
-    headless::Script Script;
+    bare::Script Script;
 
     shell::Milliseconds GetMilliseconds() override { return Elapsed; }
 
@@ -39,4 +39,4 @@ class ScriptedTime : public shell::IEventSource {
     std::optional<shell::Milliseconds> PassUntil;
 };
 
-} // namespace tavo::headless
+} // namespace tavo::bare
