@@ -25,6 +25,10 @@ void TapScrollBar(BareHost& host, WindowHandle control, Point screen) {
     host.ControlActions.Scroll(control, SB_ENDSCROLL, 0);
 }
 
+bool LiesOnArrow(BareHost& host, WindowHandle control, Point screen) {
+    return screen.X >= host.State.Tree.ScreenBounds(control).Right - kListArrowWidth;
+}
+
 // The part of the date or time that lies there.
 void TapPicker(BareHost& host, WindowHandle control, Point screen) {
     const shell::ControlState& state = *host.State.Tree.FindControl(control);
@@ -141,7 +145,7 @@ void TapControl(BareHost& host, WindowHandle control, Point screen) {
     host.ControlActions.Focus(control);
     if (kind == ControlKind::ScrollBar) {
         TapScrollBar(host, control, screen);
-    } else if (shell::IsList(kind)) {
+    } else if (shell::IsList(kind) || (kind == ControlKind::DatePicker && LiesOnArrow(host, control, screen))) {
         host.ControlActions.OpenList(control);
     } else if (shell::IsPicker(kind)) {
         TapPicker(host, control, screen);

@@ -6,6 +6,7 @@
 namespace tavo::bare {
 
 constexpr int kScrollArrowHeight = 15; // of a scroll bar's arrows
+constexpr int kListArrowWidth = 16;    // of what opens a list or a month
 constexpr int kEntryMargin = 4;        // from a field's left edge to its text
 
 // What a control with letters of this size is shown in.

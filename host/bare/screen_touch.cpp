@@ -2,6 +2,7 @@
 #include "host/bare/screen_touch.h"
 
 #include "host/bare/control_touch.h"
+#include "host/bare/popup.h"
 #include "host/shell/chrome/chrome.h"
 
 #include <utility>
@@ -23,6 +24,10 @@ bool ClosesSomething(BareHost& host, Point screen) {
 } // namespace
 
 void ScreenTouch::Down(Point screen) {
+    PressesPopup = Open != nullptr && Open->Bounds().Contains(screen);
+    if (PressesPopup) {
+        return;
+    }
     Part = ClosesSomething(Host, screen) ? nullptr : Host.Chrome().PartAt(screen);
     if (Part != nullptr) {
         Part->Down(screen);
@@ -33,6 +38,9 @@ void ScreenTouch::Down(Point screen) {
 }
 
 void ScreenTouch::Move(Point screen) {
+    if (PressesPopup) {
+        return;
+    }
     if (Part != nullptr) {
         Part->Move(screen);
         return;
@@ -42,6 +50,10 @@ void ScreenTouch::Move(Point screen) {
 }
 
 void ScreenTouch::Up(Point screen) {
+    if (std::exchange(PressesPopup, false)) {
+        Open->Tap(screen);
+        return;
+    }
     if (Part != nullptr) {
         std::exchange(Part, nullptr)->Up(screen);
         return;

@@ -9,9 +9,12 @@ class ChromePart;
 
 namespace tavo::bare {
 
+class Popup;
+
 class ScreenTouch {
   public:
-    explicit ScreenTouch(BareHost& host) : Host(host) {}
+    // With a popup a tap on one of its rows chooses; without one it closes what is open, as a tap beside it does.
+    explicit ScreenTouch(BareHost& host, Popup* popup = nullptr) : Host(host), Open(popup) {}
 
     void Down(Point screen);
     void Move(Point screen);
@@ -25,6 +28,8 @@ class ScreenTouch {
 
   private:
     BareHost& Host;
+    Popup* Open;
+    bool PressesPopup = false;         // the stylus went down on it
     shell::ChromePart* Part = nullptr; // the stylus went down on it
     WindowHandle Control = WindowHandle::None;
 };
