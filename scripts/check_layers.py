@@ -30,14 +30,15 @@ MAY_NOT_REACH_IN = {"host", "companion"}
 
 # Folders that build on a machine without Qt.
 FREE_OF_QT = ["host/rules", "host/posix", "host/outlook", "host/exchange", "host/files", "host/locale", "host/ink",
-              "host/reminders", "host/shell", "host/bare", "host/headless", "tools"]
+              "host/reminders", "host/shell", "host/bare", "host/headless", "tools", "tests/memory_host"]
 # The one folder that speaks SQL. What lies within it is for itself, and for those that look at stores from inside.
 SQL_FOLDER = "host/outlook"
 SQL_HEADER = "sqlite3.h"
 SQL_INSIDES = {"host/outlook/database.h", "host/outlook/store_core.h"}
 LOOK_INSIDE = {"tests", "fuzz", "benchmarks"}
 # Folders that ask the operating system nothing: what they need of it is handed to them.
-FREE_OF_POSIX = ["host/rules", "host/reminders", "host/locale", "host/shell", "host/exchange", "host/bare"]
+FREE_OF_POSIX = ["host/rules", "host/reminders", "host/locale", "host/shell", "host/exchange", "host/bare",
+                 "tests/memory_host"]
 POSIX_HEADER = re.compile(r"(?:sys|netinet|arpa|net|linux|asm)/|(?:unistd|fcntl|poll|dirent|spawn|signal|pwd|grp|glob|"
                           r"pthread|sched|semaphore|termios|dlfcn|syslog|ftw|utime|ucontext|mqueue|netdb)\.h$")
 # What these folders of the host may include besides the standard library, the platform and themselves.
@@ -47,7 +48,9 @@ PURE_HOST_FOLDERS = {
     "host/exchange": {"host/rules", "host/locale", "<libical/ical.h>"},
 }
 # What no other host folder includes: each windowing host stands alone.
-WINDOWING_HOSTS = ["host/qt", "host/headless"]
+WINDOWING_HOSTS = ["host/qt", "host/headless", "tests/memory_host"]
+# How many lines of .h and .cpp a folder may have in all: what shows that a windowing host is small has to stay so.
+MOST_LINES = {"tests/memory_host": 400}
 # No #if or #ifdef here: what differs between machines is a host's business.
 FREE_OF_CONDITIONS = {"program", "framework", "platform", "tools", "companion"}
 
@@ -145,6 +148,13 @@ class Checker:
         if layer == "platform" and not path.endswith(".h"):
             self.complain(path, 1, "the platform declares and does nothing: it has headers only")
 
+    def check_sizes(self, files):
+        for folder, most in MOST_LINES.items():
+            within = [path for path in files if is_in(path, [folder])]
+            lines = sum((self.root / path).read_text(encoding="utf-8").count("\n") for path in within)
+            if lines > most:
+                self.complain(folder, lines, f"{lines} lines: this folder has at most {most}")
+
     def check_throws_nothing(self, path, bare):
         for match in re.finditer(r"\bthrow\b", bare):
             self.complain(path, line_of(bare, match.start()), "'throw': what lies behind the seam reports its failures")
@@ -214,7 +224,7 @@ class Checker:
                 self.complain(path, line, f'"{header}": {target_folder}/ stands above {source_folder}/')
         elif layer in MAY_NOT_REACH_IN and target == "program" and header != START_HEADER:
             self.complain(path, line, f'"{header}": of the program a host knows only {START_HEADER}')
-        if layer == "host":
+        if layer == "host" or is_in(path, WINDOWING_HOSTS):
             for host in WINDOWING_HOSTS:
                 if header.startswith(host + "/") and not path.startswith(host + "/"):
                     self.complain(path, line, f'"{header}": {host}/ stands alone')
@@ -238,6 +248,7 @@ def main(arguments):
     checker = Checker(root)
     for path in files:
         checker.check_file(path)
+    checker.check_sizes(files)
     for problem in checker.problems:
         print(problem)
     print(f"layers: {len(files)} files, {len(checker.problems)} problems")

@@ -154,6 +154,26 @@ class LayersCheck(MadeUpTree):
         self.write("host/qt/a.cpp", '#include "host/headless/device.h"\n')
         self.refuse('host/qt/a.cpp:1: "host/headless/device.h": host/headless/ stands alone')
 
+    def test_TheHostInMemoryStandsAloneToo(self):
+        self.write("host/headless/device.h", "#pragma once\n")
+        self.write("host/qt/window.h", "#pragma once\n")
+        self.write("tests/memory_host/a.h", '#pragma once\n#include "host/headless/device.h"\n')
+        self.write("tests/memory_host/b.cpp", '#include "tests/memory_host/a.h"\n#include "host/qt/window.h"\n'
+                                              "#include <QWidget>\n#include <poll.h>\n")
+        self.write("tests/screens/c.cpp", '#include "tests/memory_host/a.h"\n#include "host/headless/device.h"\n')
+        self.refuse('tests/memory_host/a.h:2: "host/headless/device.h": host/headless/ stands alone',
+                    'tests/memory_host/b.cpp:2: "host/qt/window.h": host/qt/ stands alone',
+                    'tests/memory_host/b.cpp:2: "host/qt/window.h": this folder builds without Qt',
+                    "tests/memory_host/b.cpp:3: <QWidget>", "tests/memory_host/b.cpp:4: <poll.h>")
+
+    def test_TheHostInMemoryStaysSmall(self):
+        self.write("tests/memory_host/a.h", "#pragma once\n" + "\n" * 199)
+        self.write("tests/memory_host/a.cpp", '#include "tests/memory_host/a.h"\n' + "\n" * 199)
+        self.write("tests/screens/b.cpp", "\n" * 500)
+        self.accept()
+        self.write("tests/memory_host/c.h", "#pragma once\n")
+        self.refuse("tests/memory_host:401: 401 lines: this folder has at most 400")
+
     def test_IncludesAreWrittenFromTheRoot(self):
         self.write("store/a.h", "#pragma once\n")
         self.write("store/b.cpp", '#include "a.h"\n#include "../store/a.h"\n')
