@@ -18,10 +18,11 @@ inline Status SumAnew(StoreCore& core) {
     return status;
 }
 
-// Gives a series other content lines, endless. False when that fails.
+// Gives a series other content lines, without beginning and end: what the rule before said of its first occurrence
+// counts no more. False when that fails.
 inline bool PlantRule(StoreCore& core, Oid series, const std::string& lines) {
     return Succeeded(core.RunChange(u"", [&] {
-        Query row(core.Db, "UPDATE series SET type = 7, last_day = 0, until = ? WHERE oid = ?");
+        Query row(core.Db, "UPDATE series SET type = 7, last_day = 0, first = 0, until = ? WHERE oid = ?");
         Status status = row.Bind(kForever).Bind(series).Finish();
         Query rule(core.Db, "INSERT INTO foreign_rule(oid, rule) VALUES (?, ?)"
                             " ON CONFLICT (oid) DO UPDATE SET rule = excluded.rule");
