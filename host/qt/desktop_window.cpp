@@ -54,7 +54,7 @@ DesktopWindow::DesktopWindow(Device& device)
     OwnMenus->setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(Qt::ClickFocus); // Tab goes from control to control, and stops at nothing that is none
     setMinimumSize(kScreenSize.Width, kScreenSize.Height);
     Rest.setSingleShot(true);
     Rest.setInterval(kRestMilliseconds);

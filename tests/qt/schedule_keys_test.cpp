@@ -1,9 +1,11 @@
-// The Schedule page on the desktop, worked by keys with the focus wherever a tap left it.
+// The Schedule page and Settings on the desktop, worked by keys with the focus wherever a tap left it.
 #include "res/resource_ids.h"
 #include "tests/qt/desktop_program.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>
+
+#include <set>
 
 namespace tavo::qt {
 namespace {
@@ -31,6 +33,21 @@ class ScheduleKeysOnTheDesktop : public testing::Test {
 
     DesktopProgram Program;
 };
+
+// What has no mark must not have the keys.
+TEST(TabOnSettings, GoesFromControlToControlAndToNothingElse) {
+    DesktopProgram program;
+    program.Tap(210, 250);
+    std::set<QWidget*> reached;
+    for (int step = 0; step < 20; ++step) {
+        program.Key(VK_TAB);
+        program.Do([&reached] { reached.insert(QApplication::focusWidget()); });
+    }
+    ASSERT_TRUE(program.Settle());
+    EXPECT_EQ(reached.count(nullptr), 0U);
+    EXPECT_EQ(reached.count(&program.Host.Desktop()), 0U);
+    EXPECT_EQ(reached.size(), 6U); // five boxes and the button
+}
 
 TEST_F(ScheduleKeysOnTheDesktop, ArrowsAreThePagesWithTheFocusInAPicker) {
     Program.TapControl(kSchedulePeriodStart);
