@@ -102,8 +102,14 @@ bool CAppointmentDlg::TakeKey(const Message& key) {
     return false;
 }
 
-// Whoever types before choosing a row means the subject.
+// Whoever types before choosing a row means the subject; a blank after the box of "All day", which hides itself at
+// every change, means the box once more.
 void CAppointmentDlg::TakeCharacter(const Message& character) {
+    if (ShownField == 0 && LastField == kEditAllDay && character.Id == u' ') {
+        Host().Controls().SetCheck(Control(kEditAllDay), !IsAllDayChecked());
+        TakeAllDayClick();
+        return;
+    }
     std::u16string subject = ItemText(kEditSubject);
     // Of characters that come together only the first finds no row chosen: the others follow it.
     const bool meansSubject = ShownField == 0 || ShownField == kEditSubject;

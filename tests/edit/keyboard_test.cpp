@@ -139,6 +139,28 @@ TEST_F(EditorKeys, AltAndDownOpenTheListOfTheRow) {
     EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDCANCEL);
 }
 
+// The box hides itself at every change, and nothing has the focus then.
+TEST_F(EditorKeys, ABlankAfterAllDayTurnsItOnceMoreAndIsNoSubject) {
+    Desk.Device.Key(VK_TAB);
+    Desk.Device.Type(u"Dinner");
+    for (int step = 0; step < 5; ++step) {
+        Desk.Device.Key(VK_TAB);
+    }
+    Desk.Device.Key(VK_SPACE);
+    for (const bool isOn : {true, false, true}) {
+        Desk.Check([this, isOn] {
+            EXPECT_EQ(Desk.Device.See.IsChecked(kEditAllDay), isOn);
+            EXPECT_EQ(Desk.Device.See.TextOf(kEditSubject), u"Dinner");
+        });
+        Desk.Device.Type(u" ");
+    }
+    Desk.Device.Key(VK_TAB); // goes on from there
+    Desk.Check([&] { EXPECT_EQ(Focused(), kEditRecurrence); });
+    Desk.Device.Type(u"x"); // a letter means no box
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunNew(kModeNewAppointment), IDCANCEL);
+}
+
 TEST_F(EditorKeys, AWholeAppointmentByKeysAlone) {
     Desk.Device.Key(VK_TAB);
     Desk.Device.Type(u"Dinner");
