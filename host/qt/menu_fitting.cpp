@@ -18,18 +18,20 @@ void UseMenuFont(QMenu& menu, const ScreenGeometry& geometry) {
     menu.setFont(font);
 }
 
+QFont LogicalMenuFont(const QMenu& menu) {
+    QFont font = menu.font();
+    font.setPixelSize(static_cast<int>(kMenuPixels));
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
 void FitToScreen(QMenu& menu, const QRect& screen) {
     QRect place(menu.pos(), menu.sizeHint());
-    const bool isTooLong = place.height() > screen.height();
     place.setHeight(std::min(place.height(), screen.height()));
     place.setWidth(std::min(place.width(), screen.width()));
     place.moveLeft(std::clamp(place.left(), screen.left(), screen.right() + 1 - place.width()));
     place.moveTop(std::clamp(place.top(), screen.top(), screen.bottom() + 1 - place.height()));
     menu.setGeometry(place);
-    if (isTooLong) {
-        // The toolkit finds out how far a menu scrolls when it goes to an entry.
-        menu.setActiveAction(menu.actions().front());
-    }
 }
 
 } // namespace tavo::qt

@@ -3,14 +3,17 @@
 
 #include "host/qt/screen_geometry.h"
 
+class QFont;
 class QMenu;
 
 namespace tavo::qt {
 
 void UseMenuFont(QMenu& menu, const ScreenGeometry& geometry);
 
-// A menu that comes on show stays within the device's screen (`screen`: on the desktop), and scrolls where it is too
-// long for it.
+// The same font at scale 1, unhinted: what texts are shortened by.
+QFont LogicalMenuFont(const QMenu& menu);
+
+// A menu that comes on show stays within the device's screen (`screen`: on the desktop).
 void FitToScreen(QMenu& menu, const QRect& screen);
 
 } // namespace tavo::qt

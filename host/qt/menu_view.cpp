@@ -8,19 +8,23 @@
 
 #include <QAction>
 #include <QCoreApplication>
-#include <QFontMetrics>
+#include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QMenu>
 
 #include <algorithm>
+#include <cstddef>
 
 namespace tavo::qt {
 namespace {
 
-constexpr int kWidestText = 190; // logical pixels that an entry's texts may take, so that its menu fits the screen
+constexpr double kWidestText = 190; // logical pixels that an entry's texts may take, so that its menu fits the screen
+constexpr std::size_t kMostEntries = 14; // that fit it one below the other
+constexpr char16_t kMoreText[] = u"More...";
 
-// An item's text is the person's own: no character of it means a shortcut, and it stays on one line.
-QString EntryText(const std::u16string& text, const QFontMetrics& metrics, int widest) {
+// An item's text is the person's own: no character of it means a shortcut, and it stays on one line. It is shortened by
+// logical pixels, so at the same character at every scale.
+QString EntryText(const std::u16string& text, const QFontMetricsF& metrics, double widest) {
     // Of a very long text its beginning, of which an entry shows a few words; half a character is left out.
     constexpr qsizetype longest = 512;
     QStringView beginning = QStringView(text).trimmed().left(longest);
@@ -33,8 +37,8 @@ QString EntryText(const std::u16string& text, const QFontMetrics& metrics, int w
 }
 
 // The column that a menu keeps for shortcuts, beside all of its texts.
-int WidestShortcut(const std::vector<MenuItem>& items, const QFontMetrics& metrics) {
-    int widest = 0;
+double WidestShortcut(std::span<const MenuItem> items, const QFontMetricsF& metrics) {
+    double widest = 0;
     for (const MenuItem& item : items) {
         widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdU16String(item.Shortcut)));
     }
@@ -47,20 +51,20 @@ MenuView::~MenuView() {
     Close();
 }
 
-QMenu* MenuView::Build(const std::vector<MenuItem>& items, QWidget* parent) {
+QMenu* MenuView::Build(std::span<const MenuItem> items, QWidget* parent) {
     auto* menu = new QMenu(parent);
     UseMenuFont(*menu, Shared.Geometry);
     menu->installEventFilter(this);
-    const QFontMetrics metrics(menu->font());
+    const QFontMetricsF metrics(LogicalMenuFont(*menu));
     // Shortcuts are shown whole; a long text gives way to them.
-    const int widest = Shared.Geometry.Length(kWidestText) - WidestShortcut(items, metrics);
-    const int gap = Shared.Geometry.Length(kMenuShortcutGap);
-    for (const MenuItem& item : items) {
+    const double widest = kWidestText - WidestShortcut(items, metrics);
+    const std::size_t shown = items.size() > kMostEntries ? kMostEntries - 1 : items.size();
+    for (const MenuItem& item : items.first(shown)) {
         if (item.IsSeparator) {
             menu->addSeparator();
             continue;
         }
-        const QString text = EntryText(item.Text, metrics, item.Shortcut.empty() ? widest : widest - gap);
+        const QString text = EntryText(item.Text, metrics, item.Shortcut.empty() ? widest : widest - kMenuShortcutGap);
         QAction* action = nullptr;
         if (item.IsPopup || !item.Children.empty()) {
             QMenu* submenu = Build(item.Children, menu);
@@ -75,6 +79,11 @@ QMenu* MenuView::Build(const std::vector<MenuItem>& items, QWidget* parent) {
             action->setChecked(item.Checked);
         }
         action->setEnabled(item.Enabled);
+    }
+    if (shown < items.size()) {
+        QMenu* rest = Build(items.subspan(shown), menu);
+        rest->setTitle(QString::fromUtf16(kMoreText));
+        menu->addMenu(rest);
     }
     return menu;
 }

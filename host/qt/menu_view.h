@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QPointer>
 
+#include <span>
+
 class QMenu;
 
 namespace tavo::qt {
@@ -28,7 +30,8 @@ class MenuView final : public QObject {
     bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
-    QMenu* Build(const std::vector<MenuItem>& items, QWidget* parent);
+    // What does not fit the screen goes to a menu of its own behind a last entry.
+    QMenu* Build(std::span<const MenuItem> items, QWidget* parent);
     void Open(QMenu* menu, QPoint corner);
     void Finish();
     void OpenNeighbour(int step);

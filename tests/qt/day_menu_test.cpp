@@ -11,6 +11,7 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
+#include <set>
 
 namespace tavo::qt {
 namespace {
@@ -114,22 +115,54 @@ TEST_F(DayMenuOnTheDesktop, ALongSubmenuStaysOnTheScreenAndItsLastEntryIsReached
     MenuKey(Qt::Key_Right);
     Program.Do([this] {
         ASSERT_NE(Submenu(), nullptr);
-        EXPECT_EQ(Submenu()->actions().size(), 100);
-        EXPECT_TRUE(IsOnTheScreen(*Submenu()));
+        EXPECT_EQ(Submenu()->actions().size(), 14);
         EXPECT_TRUE(Submenu()->actions().front()->text().startsWith("Dentist && surgeon"));
     });
+    int entries = 0;
+    const auto look = [this, &entries](bool isLast) {
+        const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_NE(menu, nullptr);
+        QAction* last = menu->actions().back();
+        EXPECT_EQ(menu->activeAction(), last);
+        EXPECT_TRUE(IsOnTheScreen(*menu));
+        EXPECT_TRUE(menu->rect().contains(menu->actionGeometry(last)));
+        EXPECT_EQ(last->menu() == nullptr, isLast);
+        EXPECT_EQ(last->text() == "More...", !isLast);
+        entries += static_cast<int>(menu->actions().size()) - (isLast ? 0 : 1);
+    };
+    for (int more = 0; more < 7; ++more) {
+        MenuKey(Qt::Key_End);
+        Program.Do([look] { look(false); });
+        MenuKey(Qt::Key_Right);
+    }
     MenuKey(Qt::Key_End);
-    Program.Do([this] {
-        ASSERT_NE(Submenu(), nullptr);
-        QAction* last = Submenu()->actions().back();
-        EXPECT_EQ(Submenu()->activeAction(), last);
-        const QRect place = Submenu()->actionGeometry(last); // it was scrolled to
-        EXPECT_TRUE(Submenu()->rect().contains(place));
-    });
+    Program.Do([look] { look(true); });
+    Program.Do([&entries] { EXPECT_EQ(entries, 100); });
     MenuKey(Qt::Key_Return);
     Program.Do([this] { EXPECT_EQ(Program.Caption(), u"Memo"); });
     Program.Key(VK_ESCAPE);
     EXPECT_TRUE(Program.Settle());
+}
+
+TEST_F(DayMenuOnTheDesktop, ATextIsShortenedAtTheSameCharacterAtEveryScale) {
+    GivenItems(
+        1, u"Dinner for 30 \u20AC with grandmother, \u0415\u043A\u0430\u0442\u0435\u0440\u0438\u043D\u0430 and all");
+    std::set<QString> texts;
+    for (const QSize& size : {QSize(240, 320), QSize(360, 480), QSize(480, 640), QSize(720, 960)}) {
+        Program.Do([this, size] { Program.Host.Desktop().resize(size); });
+        Program.Pass(std::chrono::milliseconds(300)); // the scale is taken after a rest
+        Program.Key(VK_RETURN);
+        MenuKey(Qt::Key_Right);
+        Program.Do([this, &texts] {
+            ASSERT_NE(Submenu(), nullptr);
+            texts.insert(Submenu()->actions().front()->text());
+        });
+        MenuKey(Qt::Key_Escape);
+        MenuKey(Qt::Key_Escape);
+    }
+    EXPECT_TRUE(Program.Settle());
+    ASSERT_EQ(texts.size(), 1U);
+    EXPECT_TRUE(texts.begin()->endsWith(QChar(0x2026)));
 }
 
 TEST_F(DayMenuOnTheDesktop, OfAVeryLongSubjectOnlyTheBeginningIsMeasured) {
