@@ -29,33 +29,6 @@ char32_t FirstOf(std::u16string_view character) {
     return character[0];
 }
 
-// Whether a character may look, and be as wide, as its neighbours make it: those of most scripts never do.
-bool DependsOnNeighbours(std::u16string_view character) {
-    const char32_t first = FirstOf(character);
-    switch (QChar::script(first)) {
-    case QChar::Script_Common:
-        return first == kTatweel;
-    case QChar::Script_Unknown:
-    case QChar::Script_Latin:
-    case QChar::Script_Greek:
-    case QChar::Script_Cyrillic:
-    case QChar::Script_Armenian:
-    case QChar::Script_Georgian:
-    case QChar::Script_Hebrew:
-    case QChar::Script_Thai:
-    case QChar::Script_Han:
-    case QChar::Script_Hiragana:
-    case QChar::Script_Katakana:
-    case QChar::Script_Bopomofo:
-    case QChar::Script_Hangul:
-    case QChar::Script_Ethiopic:
-    case QChar::Script_Cherokee:
-        return false;
-    default:
-        return true;
-    }
-}
-
 // The text in parts that are as wide in any surroundings: characters, and words of scripts that join their letters.
 std::vector<std::u16string_view> SplitParts(const QString& text) {
     const std::u16string_view view = ViewOf(text);
@@ -67,7 +40,7 @@ std::vector<std::u16string_view> SplitParts(const QString& text) {
         const qsizetype boundary = finder.toNextBoundary();
         const std::size_t end = boundary < 0 ? view.size() : static_cast<std::size_t>(boundary);
         const std::u16string_view character = view.substr(start, end - start);
-        const bool joins = DependsOnNeighbours(character);
+        const bool joins = !StandsAlone(FirstOf(character));
         if (joins && isWordOpen && parts.back().size() + character.size() <= kLongestWord) {
             parts.back() = view.substr(start - parts.back().size(), parts.back().size() + character.size());
         } else {
@@ -111,6 +84,31 @@ void ReplaceAlike(const QFont& font, IdeographKind kind, std::vector<std::u16str
 }
 
 } // namespace
+
+bool StandsAlone(char32_t character) {
+    switch (QChar::script(character)) {
+    case QChar::Script_Common:
+        return character != kTatweel;
+    case QChar::Script_Unknown:
+    case QChar::Script_Latin:
+    case QChar::Script_Greek:
+    case QChar::Script_Cyrillic:
+    case QChar::Script_Armenian:
+    case QChar::Script_Georgian:
+    case QChar::Script_Hebrew:
+    case QChar::Script_Thai:
+    case QChar::Script_Han:
+    case QChar::Script_Hiragana:
+    case QChar::Script_Katakana:
+    case QChar::Script_Bopomofo:
+    case QChar::Script_Hangul:
+    case QChar::Script_Ethiopic:
+    case QChar::Script_Cherokee:
+        return true;
+    default:
+        return false;
+    }
+}
 
 std::vector<double> CharacterWidths::FindEnds(const QString& text) {
     std::vector<std::u16string_view> parts = SplitParts(text);

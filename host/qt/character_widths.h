@@ -11,6 +11,9 @@
 
 namespace tavo::qt {
 
+// Whether a character looks the same, and is as wide, whatever its neighbours: those of most scripts do.
+bool StandsAlone(char32_t character);
+
 class CharacterWidths {
   public:
     explicit CharacterWidths(const QFont& font) : Found(font) {}

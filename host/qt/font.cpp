@@ -79,6 +79,7 @@ void Font::Load() {
     static_cast<void>(PrepareFonts()); // whoever started the program says that there are none
     Found = MakeFont(Wish);
     Widths.emplace(Found);
+    Missing.emplace(Found);
     QFont alone = Found;
     alone.setStyleStrategy(QFont::StyleStrategy(Found.styleStrategy() | QFont::NoFontMerging)); // found sooner
     Faces.push_back({QRawFont::fromFont(alone), {}});
@@ -111,7 +112,9 @@ int Font::LineHeight() {
 const ShapedText& Font::Shape(std::u16string_view text) {
     ShapedText& shaped = Find(text);
     if (shaped.Runs.empty()) {
-        ShapeFully(MakeDrawable(text), shaped);
+        QString drawable = MakeDrawable(text);
+        Missing->Replace(drawable);
+        ShapeFully(drawable, shaped);
     }
     return shaped;
 }
@@ -131,8 +134,9 @@ ShapedText& Font::Find(std::u16string_view text) {
     }
     ShapedUnits += text.size();
     ShapedText shaped;
-    const QString drawable = MakeDrawable(text);
+    QString drawable = MakeDrawable(text);
     if (!ShapeSimply(drawable, shaped)) {
+        Missing->Replace(drawable);
         shaped.Ends = Widths->FindEnds(drawable);
         for (double& end : shaped.Ends) {
             end *= Stretch;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/qt/character_widths.h"
+#include "host/qt/missing_characters.h"
 #include "host/qt/scale.h"
 #include "host/shell/chrome/text_face.h"
 #include "platform/drawing.h"
@@ -81,7 +82,8 @@ class Font final : public shell::ITextFace {
     double Stretch = 1.0;
     int AscentPixels = 0;
     int LinePixels = 0;
-    std::optional<CharacterWidths> Widths; // of texts of several fonts
+    std::optional<CharacterWidths> Widths;    // of texts of several fonts
+    std::optional<MissingCharacters> Missing; // likewise
     std::unordered_map<std::u16string, ShapedText, Hash, std::equal_to<>> Shaped;
     std::size_t ShapedUnits = 0;
 };

@@ -196,6 +196,22 @@ TEST_F(TextTest, WhatIsDrawnIsAsWideAsMeasuredInEveryScript) {
     }
 }
 
+// Whether this machine has a font for it or not.
+TEST_F(TextTest, NoScriptTakesTheRestOfItsTextAway) {
+    const FontHandle font = OwnFonts.Make(Arial(-13));
+    for (const std::u16string_view script : {u"\u091C\u0928\u094D\u092E\u0926\u093F\u0928", u"\u0B95\u0BBE\u0BB2\u0BC8",
+                                             u"\u1780\u17B6\u179A", u"\u0995\u09BE\u09B2", u"\U00011013\U0001102D"}) {
+        const std::u16string text = std::u16string(u"(15:30) ").append(script).append(u" |");
+        const double measured = OwnFonts.Find(font)->Shape(text).Width();
+        EXPECT_EQ(OwnFonts.Find(font)->Shape(text).Ends.size(), text.size());
+        for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
+            const QRect ink = Draw(text, font, {0, 0, 240, 30}, DT_SINGLELINE, scale);
+            EXPECT_NEAR((ink.right() + 1) / scale, measured, 2.5) << scale;
+            EXPECT_LT(ink.left() / scale, 3);
+        }
+    }
+}
+
 TEST_F(TextTest, ArabicWordsAreMeasuredWithTheirLettersJoined) {
     Font font(Arial(-13));
     const std::u16string_view word = u"\u0639\u0639\u0639";
