@@ -3,6 +3,8 @@
 
 #include "host/qt/control_painting.h"
 
+#include <QCheckBox>
+#include <QRadioButton>
 #include <QStyleOption>
 
 namespace tavo::qt {
@@ -40,7 +42,12 @@ void ControlStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
         return;
     }
     case PE_FrameLineEdit:
+        return;
     case PE_FrameFocusRect:
+        // All others show it by their edges, which a mark within them would hide.
+        if (qobject_cast<const QCheckBox*>(widget) != nullptr || qobject_cast<const QRadioButton*>(widget) != nullptr) {
+            ControlPainter(*painter, Scale).Field(option->rect, 0, kFocusedEdgeColor, 2);
+        }
         return;
     case PE_IndicatorCheckBox:
         DrawIndicator(*option, *painter, false);
@@ -87,8 +94,11 @@ void ControlStyle::DrawMenuItem(const QStyleOptionMenuItem& item, QPainter& pain
     const qsizetype tab = item.text.indexOf(QLatin1Char('\t'));
     painter.setFont(item.font);
     painter.setPen(QColor::fromRgb(color));
-    painter.drawText(textArea, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextHideMnemonic,
-                     item.text.left(tab));
+    const QString text = item.text.left(tab);
+    // Dots behind a shortened text stand where its own script ends.
+    const int direction = text.isRightToLeft() ? Qt::TextForceRightToLeft | Qt::AlignAbsolute : 0;
+    painter.drawText(textArea, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextHideMnemonic | direction,
+                     text);
     if (tab >= 0) {
         painter.drawText(textArea, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, item.text.mid(tab + 1));
     }
@@ -105,6 +115,14 @@ void ControlStyle::drawControl(ControlElement element, const QStyleOption* optio
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
     if (element == CE_MenuItem && item != nullptr) {
         DrawMenuItem(*item, *painter);
+        return;
+    }
+    if (const auto* list = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+        element == CE_ComboBoxLabel && list != nullptr) {
+        QStyleOptionComboBox shown = *list;
+        const int width = proxy()->subControlRect(CC_ComboBox, list, SC_ComboBoxEditField, widget).width();
+        shown.currentText = list->fontMetrics.elidedText(list->currentText, Qt::ElideRight, width - Pixels(2));
+        QProxyStyle::drawControl(element, &shown, painter, widget);
         return;
     }
     if (element == CE_PushButtonBevel) {
