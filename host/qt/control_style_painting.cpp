@@ -95,10 +95,11 @@ void ControlStyle::DrawMenuItem(const QStyleOptionMenuItem& item, QPainter& pain
     painter.setFont(item.font);
     painter.setPen(QColor::fromRgb(color));
     const QString text = item.text.left(tab);
-    // Dots behind a shortened text stand where its own script ends.
-    const int direction = text.isRightToLeft() ? Qt::TextForceRightToLeft | Qt::AlignAbsolute : 0;
-    painter.drawText(textArea, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextHideMnemonic | direction,
-                     text);
+    int flags = static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine | Qt::TextHideMnemonic;
+    if (text.isRightToLeft()) { // dots behind a shortened text stand where its own script ends
+        flags |= static_cast<int>(Qt::AlignAbsolute) | Qt::TextForceRightToLeft;
+    }
+    painter.drawText(textArea, flags, text);
     if (tab >= 0) {
         painter.drawText(textArea, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, item.text.mid(tab + 1));
     }
