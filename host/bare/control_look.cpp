@@ -1,9 +1,9 @@
 // Fields, arrows, ticks and thumbs.
 #include "host/bare/control_look.h"
 
+#include "host/bare/colors.h"
 #include "host/bare/control_touch.h"
 #include "host/bare/paper_look.h"
-#include "host/shell/chrome/colors.h"
 #include "host/shell/picker_input.h"
 
 #include <algorithm>
@@ -16,13 +16,7 @@ using shell::Argb;
 using shell::ControlState;
 using shell::Pieces;
 
-constexpr Argb kFieldColor = 0xFFFFFFFF;
-constexpr Argb kFaceColor = 0xFFEDF1F5; // of what can be pressed
-constexpr Argb kEdgeColor = 0xFF8C97A3;
 constexpr Argb kFocusColor = shell::kBarColor;
-constexpr Argb kTextColor = 0xFF1E252C;
-constexpr Argb kGreyedColor = 0xFF9AA5B1;
-constexpr Argb kSelectionColor = 0xFFBFD7F5;
 constexpr double kGreyedOpacity = 0.4;
 constexpr int kBoxSize = 13;
 constexpr int kThumbHeight = 12;

@@ -1,6 +1,7 @@
 // The paper's own chrome.
 #include "host/bare/paper_look.h"
 
+#include "host/bare/colors.h"
 #include "host/ink/picture.h"
 #include "host/ink/recorder_bar.h"
 
@@ -13,10 +14,7 @@ namespace {
 
 using shell::Argb;
 
-constexpr Argb kBarColor = 0xFFEEF1F5;
-constexpr Argb kThumbColor = 0xFF8C97A3;
 constexpr Argb kFrameColor = 0xFF2F6FC0;
-constexpr Argb kChosenColor = 0xFFBFD7F5;
 constexpr Argb kNoticeColor = 0xFF606870;
 constexpr int kSwatchRadius = 7; // of a pen's colour
 
@@ -46,14 +44,14 @@ class PaperLook {
 
     // How much of the paper is seen, and where.
     void DrawThumb(const Rect& bar, int offset, int seen, int all, bool isUpright) {
-        Made.emplace_back(shell::FillPiece{bar, kBarColor});
+        Made.emplace_back(shell::FillPiece{bar, kFaceColor});
         const int length = isUpright ? bar.Height() : bar.Width();
         const int from = length * offset / std::max(all, 1);
         const int to = length * std::min(offset + seen, all) / std::max(all, 1);
         Made.emplace_back(shell::FillPiece{isUpright
                                                ? Rect{bar.Left + 4, bar.Top + from, bar.Right - 4, bar.Top + to}
                                                : Rect{bar.Left + from, bar.Top + 4, bar.Left + to, bar.Bottom - 4},
-                                           kThumbColor});
+                                           kEdgeColor});
     }
 
     void DrawBars() {
@@ -82,12 +80,12 @@ class PaperLook {
         const ink::Pen& pen = Ink.ChosenPen();
         const auto inkOf = [](std::size_t color) { return ink::ToPixel(ink::kPenColors[color]); };
         const Argb chosen = inkOf(static_cast<std::size_t>(pen.Color));
-        Made.emplace_back(shell::FillPiece{OnScreen(bar), kBarColor});
+        Made.emplace_back(shell::FillPiece{OnScreen(bar), kFaceColor});
         for (int cell = 0; cell < ink::kPenCells; ++cell) {
             const Rect place = OnScreen(ink::PenCell(bar, cell));
             const Point middle{(place.Left + place.Right) / 2, (place.Top + place.Bottom) / 2};
             if (ink::IsChosen(pen, cell)) {
-                Made.emplace_back(shell::RoundedFillPiece{place, 3, kChosenColor});
+                Made.emplace_back(shell::RoundedFillPiece{place, 3, kSelectionColor});
             }
             if (ink::IsColorCell(cell)) {
                 Made.emplace_back(

@@ -1,9 +1,9 @@
 // Rows of menus, lists and days.
 #include "host/bare/popup.h"
 
+#include "host/bare/colors.h"
 #include "host/locale/calendar_math.h"
 #include "host/shell/chrome/chrome.h"
-#include "host/shell/chrome/colors.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -12,12 +12,6 @@ namespace tavo::bare {
 
 namespace {
 
-using shell::Argb;
-
-constexpr Argb kPopupColor = 0xFFFFFFFF;
-constexpr Argb kPopupEdgeColor = 0xFF8C97A3;
-constexpr Argb kPopupTextColor = 0xFF1E252C;
-constexpr Argb kPopupGreyedColor = 0xFF9AA5B1;
 constexpr int kRowHeight = 18;
 constexpr int kTextLeft = 6;
 constexpr int kDaysAround = 60; // that a picker offers, before its own day and after it
@@ -142,12 +136,12 @@ shell::Pieces Popup::Draw() {
     if (Rows.empty()) {
         return {};
     }
-    shell::Pieces pieces{shell::FillPiece{Area, kPopupColor}};
+    shell::Pieces pieces{shell::FillPiece{Area, kFieldColor}};
     for (std::size_t row = First; row < Rows.size() && !PlaceOfRow(row).IsEmpty(); ++row) {
         const Rect place = PlaceOfRow(row);
         if (Rows[row].IsSeparator) {
             const int middle = (place.Top + place.Bottom) / 2;
-            pieces.emplace_back(shell::FillPiece{{place.Left, middle, place.Right, middle + 1}, kPopupEdgeColor});
+            pieces.emplace_back(shell::FillPiece{{place.Left, middle, place.Right, middle + 1}, kEdgeColor});
             continue;
         }
         if (Rows[row].Chosen) {
@@ -155,10 +149,9 @@ shell::Pieces Popup::Draw() {
         }
         pieces.emplace_back(shell::MakeLine(Host, shell::ChromeFont::Plain, Rows[row].Text,
                                             {place.Left + kTextLeft, place.Top, place.Right, place.Bottom},
-                                            Rows[row].Enabled ? kPopupTextColor : kPopupGreyedColor,
-                                            shell::TextAlign::Left));
+                                            Rows[row].Enabled ? kTextColor : kGreyedColor, shell::TextAlign::Left));
     }
-    pieces.emplace_back(shell::FramePiece{Area, 0, kPopupEdgeColor});
+    pieces.emplace_back(shell::FramePiece{Area, 0, kEdgeColor});
     return pieces;
 }
 
