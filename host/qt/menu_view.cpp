@@ -5,6 +5,7 @@
 #include "host/qt/chrome_widget.h"
 #include "host/qt/control_style.h"
 #include "host/qt/menu_fitting.h"
+#include "host/qt/missing_characters.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -24,7 +25,7 @@ constexpr char16_t kMoreText[] = u"More...";
 
 // An item's text is the person's own: no character of it means a shortcut, and it stays on one line. It is shortened by
 // logical pixels, so at the same character at every scale.
-QString EntryText(const std::u16string& text, const QFontMetricsF& metrics, double widest) {
+QString EntryText(const std::u16string& text, const QFontMetricsF& metrics, MissingCharacters& missing, double widest) {
     // Of a very long text its beginning, of which an entry shows a few words; half a character is left out.
     constexpr qsizetype longest = 512;
     QStringView beginning = QStringView(text).trimmed().left(longest);
@@ -32,6 +33,7 @@ QString EntryText(const std::u16string& text, const QFontMetricsF& metrics, doub
         beginning.chop(1);
     }
     QString shown = beginning.toString().simplified();
+    missing.Replace(shown); // else the toolkit measures it narrower than it draws
     shown = metrics.elidedText(shown, Qt::ElideRight, widest);
     return shown.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
@@ -55,7 +57,9 @@ QMenu* MenuView::Build(std::span<const MenuItem> items, QWidget* parent) {
     auto* menu = new QMenu(parent);
     UseMenuFont(*menu, Shared.Geometry);
     menu->installEventFilter(this);
-    const QFontMetricsF metrics(LogicalMenuFont(*menu));
+    const QFont font = LogicalMenuFont(*menu);
+    const QFontMetricsF metrics(font);
+    MissingCharacters missing(font);
     // Shortcuts are shown whole; a long text gives way to them.
     const double widest = kWidestText - WidestShortcut(items, metrics);
     const std::size_t shown = items.size() > kMostEntries ? kMostEntries - 1 : items.size();
@@ -64,7 +68,8 @@ QMenu* MenuView::Build(std::span<const MenuItem> items, QWidget* parent) {
             menu->addSeparator();
             continue;
         }
-        const QString text = EntryText(item.Text, metrics, item.Shortcut.empty() ? widest : widest - kMenuShortcutGap);
+        const QString text =
+            EntryText(item.Text, metrics, missing, item.Shortcut.empty() ? widest : widest - kMenuShortcutGap);
         QAction* action = nullptr;
         if (item.IsPopup || !item.Children.empty()) {
             QMenu* submenu = Build(item.Children, menu);
