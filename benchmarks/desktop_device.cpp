@@ -2,6 +2,7 @@
 #include "benchmarks/desktop_device.h"
 
 #include "host/outlook/store.h"
+#include "host/posix/root_folder.h"
 #include "host/qt/font_preparation.h"
 
 #include <cstdio>
@@ -16,7 +17,7 @@ namespace tavo::bench {
 
 DesktopDevice::DesktopDevice(int& count, char** arguments) : Application(count, arguments) {
     InitPictures();
-    const files::RootResult root = files::OpenDeviceRoot(files::RootEnvironment::OfProcess());
+    const posix::RootResult root = posix::OpenDeviceRoot(posix::RootEnvironment::OfProcess());
     if (!root.Root || !qt::PrepareFonts()) {
         std::fprintf(stderr, "%s\n", root.Root ? "there are no fonts" : root.Problem.c_str());
         return;

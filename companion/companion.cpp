@@ -1,7 +1,7 @@
 // The loop of the waiting process, and what wakes it.
 #include "companion/companion.h"
 
-#include "host/files/device_processes.h"
+#include "host/posix/device_processes.h"
 #include "host/posix/zone_database.h"
 #include "host/rules/zones.h"
 
@@ -74,7 +74,7 @@ Companion::Companion(const files::DeviceRoot& root)
                   [this](std::uint32_t question, const auto& placed) { TakePlacement(question, placed); },
                   [this](std::uint32_t card, const auto& placed) { TakeMove(card, placed); },
                   [this] { return Device == nullptr ? 0 : Device->Ledger.ToWall(Now()); }}),
-      Round(files::RunningProgramFolder() + "/RSound") {}
+      Round(posix::RunningProgramFolder() + "/RSound") {}
 
 Companion::~Companion() = default;
 

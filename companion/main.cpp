@@ -2,10 +2,11 @@
 #include "companion/companion.h"
 #include "companion/companion_lock.h"
 #include "companion/night_round.h"
-#include "host/files/device_processes.h"
 #include "host/locale/harmless_text.h"
 #include "host/outlook/store.h"
+#include "host/posix/device_processes.h"
 #include "host/posix/login_entry.h"
+#include "host/posix/root_folder.h"
 
 #include <cstdio>
 #include <exception>
@@ -22,11 +23,11 @@ int Refuse(std::string_view problem) {
 
 // Whoever has used the calendar is reminded after the next login too, unless they switched that off. A device in a
 // place of its own is somebody's trial.
-void EnterAtLogin(const files::RootEnvironment& environment) {
+void EnterAtLogin(const posix::RootEnvironment& environment) {
     posix::LoginEntry entry;
     if (environment.TavoHome.empty() && !entry.IsDecided()) {
         // Where it cannot be written, reminders come once the calendar is started.
-        static_cast<void>(entry.SwitchOn(files::RunningProgramFolder() + "/RSound", ""));
+        static_cast<void>(entry.SwitchOn(posix::RunningProgramFolder() + "/RSound", ""));
     }
 }
 
@@ -35,8 +36,8 @@ void EnterAtLogin(const files::RootEnvironment& environment) {
 int main(int count, char** words) {
     outlook::PrepareStores(outlook::StoreUse::Service);
     try {
-        const files::RootEnvironment environment = files::RootEnvironment::OfProcess();
-        const files::RootResult root = files::OpenDeviceRoot(environment);
+        const posix::RootEnvironment environment = posix::RootEnvironment::OfProcess();
+        const posix::RootResult root = posix::OpenDeviceRoot(environment);
         if (!root.Root.has_value()) {
             return Refuse(root.Problem);
         }

@@ -4,7 +4,7 @@
 #include "companion/notifications.h"
 #include "host/files/device_files.h"
 #include "host/outlook/diagnosis.h"
-#include "host/posix/replace_file.h"
+#include "host/posix/posix_disk.h"
 #include "host/rules/wall_time.h"
 
 #include <algorithm>
@@ -59,8 +59,9 @@ void Tell(const CardText& words) {
 } // namespace
 
 RoundResult GoRound(const files::DeviceRoot& root) {
-    files::DeviceFiles({root.Path()}).Purge();
-    posix::RemoveUnfinished(root.RunFolder());
+    posix::PosixDisk disk;
+    files::DeviceFiles(disk, {root.Path()}).Purge();
+    disk.RemoveUnfinished(root.RunFolder());
     const outlook::Diagnosis diagnosis = outlook::DiagnoseStore(root.StorePath(), outlook::CheckDepth::Full);
     if (diagnosis.State == outlook::Verdict::Ok) {
         return RoundResult::Sound;

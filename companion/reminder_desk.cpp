@@ -1,8 +1,8 @@
 // Choosing between the desktop and our own window, and finding sounds.
 #include "companion/reminder_desk.h"
 
-#include "host/files/device_processes.h"
 #include "host/locale/utf.h"
+#include "host/posix/device_processes.h"
 #include "host/posix/instance_lock.h"
 #include "platform/device_paths.h"
 #include "platform/outlook.h"
@@ -18,13 +18,13 @@ namespace {
 constexpr std::u16string_view kHouseSound = u"\\Windows\\Chime.wav";
 
 std::string InstalledSounds() {
-    return files::RunningProgramFolder() + "/../share/tavocalendar/sounds";
+    return posix::RunningProgramFolder() + "/../share/tavocalendar/sounds";
 }
 
 } // namespace
 
 ReminderDesk::ReminderDesk(const files::DeviceRoot& root, Events events)
-    : RunFolder(root.RunFolder()), Files({root.Path(), InstalledSounds()}), Told(std::move(events)),
+    : RunFolder(root.RunFolder()), Files(Disk, {root.Path(), InstalledSounds()}), Told(std::move(events)),
       OwnBus({[this](std::uint32_t card, reminders::Answer answer, int snooze, const std::string& token) {
                   TakeAnswer(card, answer, snooze, token);
               },
@@ -166,7 +166,7 @@ void ReminderDesk::OpenItem(std::int32_t item) {
     // Also beside one that runs: it may be about to end, and a start knows to take its place then. One thread, and
     // nobody else reads the variable: it is for the one that is started.
     static_cast<void>(setenv("XDG_ACTIVATION_TOKEN", Token.c_str(), 1));
-    static_cast<void>(files::StartDetached({files::RunningProgramFolder() + "/tavocalendar"}));
+    static_cast<void>(posix::StartDetached({posix::RunningProgramFolder() + "/tavocalendar"}));
     static_cast<void>(unsetenv("XDG_ACTIVATION_TOKEN"));
 }
 

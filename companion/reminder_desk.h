@@ -6,6 +6,7 @@
 #include "companion/own_window.h"
 #include "host/files/device_files.h"
 #include "host/files/device_root.h"
+#include "host/posix/posix_disk.h"
 
 #include <functional>
 #include <map>
@@ -60,6 +61,7 @@ class ReminderDesk final : public reminders::IDesk {
     std::vector<std::string> FindSounds(const reminders::Card& card);
 
     std::string RunFolder;
+    posix::PosixDisk Disk;
     files::DeviceFiles Files;
     Events Told;
     Notifications OwnBus;

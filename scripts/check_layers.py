@@ -29,22 +29,24 @@ START_HEADER = "app/start.h"
 MAY_NOT_REACH_IN = {"host", "companion"}
 
 # Folders that build on a machine without Qt.
-FREE_OF_QT = ["host/rules", "host/posix", "host/outlook", "host/exchange", "host/files", "host/locale", "host/ink",
-              "host/reminders", "host/shell", "host/bare", "host/headless", "tools", "tests/memory_host"]
+FREE_OF_QT = ["host/rules", "host/disk", "host/posix", "host/outlook", "host/exchange", "host/files", "host/locale",
+              "host/ink", "host/reminders", "host/shell", "host/bare", "host/headless", "tools", "tests/memory_host"]
 # The one folder that speaks SQL. What lies within it is for itself, and for those that look at stores from inside.
 SQL_FOLDER = "host/outlook"
 SQL_HEADER = "sqlite3.h"
 SQL_INSIDES = {"host/outlook/database.h", "host/outlook/store_core.h"}
 LOOK_INSIDE = {"tests", "fuzz", "benchmarks"}
 # Folders that ask the operating system nothing: what they need of it is handed to them.
-FREE_OF_POSIX = ["host/rules", "host/reminders", "host/locale", "host/shell", "host/exchange", "host/bare",
-                 "tests/memory_host"]
+FREE_OF_POSIX = ["host/rules", "host/reminders", "host/locale", "host/shell", "host/exchange", "host/disk", "host/files",
+                 "host/ink", "host/bare", "tests/memory_host"]
+POSIX_FOLDER = "host/posix"
 POSIX_HEADER = re.compile(r"(?:sys|netinet|arpa|net|linux|asm)/|(?:unistd|fcntl|poll|dirent|spawn|signal|pwd|grp|glob|"
                           r"pthread|sched|semaphore|termios|dlfcn|syslog|ftw|utime|ucontext|mqueue|netdb)\.h$")
 # What these folders of the host may include besides the standard library, the platform and themselves.
 PURE_HOST_FOLDERS = {
     "host/rules": {"host/locale", "<libical/ical.h>"},
     "host/reminders": set(),
+    "host/disk": set(),
     "host/exchange": {"host/rules", "host/locale", "<libical/ical.h>"},
 }
 # What no other host folder includes: each windowing host stands alone.
@@ -230,6 +232,8 @@ class Checker:
                     self.complain(path, line, f'"{header}": {host}/ stands alone')
         if header in SQL_INSIDES and layer not in LOOK_INSIDE and not is_in(path, [SQL_FOLDER]):
             self.complain(path, line, f'"{header}": what lies within {SQL_FOLDER}/ is for itself')
+        if header.startswith(POSIX_FOLDER + "/") and is_in(path, FREE_OF_POSIX):
+            self.complain(path, line, f'"{header}": what this folder needs of the operating system is handed to it')
         folder = header.rsplit("/", 1)[0]
         self.check_pure_host_include(path, line, folder, target == "platform" or path.startswith(folder + "/"))
         if header.startswith("host/qt/") and is_in(path, FREE_OF_QT):

@@ -2,6 +2,7 @@
 #include "host/files/device_files.h"
 #include "host/locale/harmless_text.h"
 #include "host/outlook/diagnosis.h"
+#include "host/posix/posix_disk.h"
 #include "platform/device_paths.h"
 #include "store/category_codec.h"
 #include "tools/commands.h"
@@ -30,7 +31,8 @@ std::string CheckStore(const files::DeviceRoot& root, bool& sound) {
 }
 
 std::string CheckTags(const files::DeviceRoot& root, bool& sound) {
-    files::DeviceFiles files({root.Path()});
+    posix::PosixDisk disk;
+    files::DeviceFiles files(disk, {root.Path()});
     std::vector<std::uint8_t> bytes;
     const std::u16string devicePath = std::u16string(kDataFolder).append(u"\\").append(kCategoryFileName);
     const ErrorCode read = files.ReadWholeFile(devicePath, bytes);

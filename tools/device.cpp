@@ -3,13 +3,14 @@
 
 #include "host/locale/harmless_text.h"
 #include "host/outlook/diagnosis.h"
+#include "host/posix/root_folder.h"
 
 #include <cstdio>
 
 namespace tavo::tools {
 
 std::optional<files::DeviceRoot> FindRoot() {
-    files::RootResult result = files::OpenDeviceRoot(files::RootEnvironment::OfProcess());
+    posix::RootResult result = posix::OpenDeviceRoot(posix::RootEnvironment::OfProcess());
     if (!result.Root) {
         Complain(result.Problem);
     }

@@ -1,7 +1,7 @@
 // The desktop's entry, and the companion's lock to find it by.
 #include "tools/login_start.h"
 
-#include "host/files/device_processes.h"
+#include "host/posix/device_processes.h"
 #include "host/posix/file_descriptor.h"
 #include "host/posix/login_entry.h"
 
@@ -54,7 +54,7 @@ std::string WhyNotWritten(const posix::LoginEntry& entry) {
 } // namespace
 
 std::string StartAtLogin(const files::DeviceRoot& root) {
-    const std::string program = files::RunningProgramFolder() + "/RSound";
+    const std::string program = posix::RunningProgramFolder() + "/RSound";
     const std::string device = FindNamedRoot(root);
     for (const std::string& path : {program, device}) {
         if (!posix::LoginEntry::CanName(path)) {
@@ -70,7 +70,7 @@ std::string StartAtLogin(const files::DeviceRoot& root) {
     if (FindReminderService(root)) {
         return "";
     }
-    if (!files::StartDetached({program})) {
+    if (!posix::StartDetached({program})) {
         return "The program " + program + " is not there.";
     }
     return WaitUntil([&] { return FindReminderService(root).has_value(); }) ? ""

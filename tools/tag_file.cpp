@@ -3,6 +3,7 @@
 
 #include "host/files/device_files.h"
 #include "host/posix/instance_lock.h"
+#include "host/posix/posix_disk.h"
 #include "platform/device_paths.h"
 #include "store/category_codec.h"
 #include "tools/device.h"
@@ -86,7 +87,8 @@ bool WriteLocked(const files::DeviceRoot& root, const outlook::StorePtr& store) 
     if (requests.empty()) {
         return true;
     }
-    files::DeviceFiles files({root.Path()});
+    posix::PosixDisk disk;
+    files::DeviceFiles files(disk, {root.Path()});
     const std::u16string path = FindFile(files);
     CategoryFileLists lists;
     if (!ReadLists(files, path, lists)) {

@@ -5,11 +5,12 @@
 
 namespace tavo::bare {
 
-BareHost::BareHost(const files::DeviceFilesPlaces& places, shell::IEventSource& outside, IClock& clock)
-    : State(outside, this), OwnFiles(places), OwnClock(clock),
+BareHost::BareHost(disk::IDisk& disk, const files::DeviceFilesPlaces& places, shell::IEventSource& outside,
+                   IClock& clock)
+    : State(outside, this), OwnFiles(disk, places), OwnClock(clock),
       OwnChrome(std::make_unique<shell::Chrome>(State, Navigation, Stylus, *this)) {
     Papers.SetClock(OwnClock);
-    Papers.SetRecovery(places.Root + "/Recovery");
+    Papers.SetRecovery(disk, places.Root + "/Recovery");
 }
 
 BareHost::~BareHost() = default;

@@ -28,9 +28,9 @@ namespace tavo::bare {
 // The host that derives from it gives the fonts of the chrome, in which controls are shown too.
 class BareHost : public IHost, public shell::IChromeFonts, protected shell::IShellObserver {
   public:
-    // The device's files lie in the folders at these places. `outside` lets in what people do; both must outlive the
-    // host.
-    BareHost(const files::DeviceFilesPlaces& places, shell::IEventSource& outside, IClock& clock);
+    // The device's files lie in the folders at these places of the disk. `outside` lets in what people do. All three
+    // must outlive the host.
+    BareHost(disk::IDisk& disk, const files::DeviceFilesPlaces& places, shell::IEventSource& outside, IClock& clock);
     ~BareHost() override;
 
     IMessageQueue& Queue() override { return OwnQueue; }
@@ -66,7 +66,7 @@ class BareHost : public IHost, public shell::IChromeFonts, protected shell::IShe
 
     // To be called when the program has nothing left to do and is about to wait for the outside. True when there is
     // something for it to do first.
-    virtual bool PrepareWait();
+    bool PrepareWait();
 
     bool HasQuit() const { return OwnQueue.HasQuit(); }
 

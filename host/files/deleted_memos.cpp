@@ -4,17 +4,9 @@
 #include "host/locale/calendar_math.h"
 #include "host/locale/case_folding.h"
 #include "host/locale/utf.h"
-#include "host/posix/replace_file.h"
 
-#include <cerrno>
 #include <charconv>
 #include <cstdio>
-#include <memory>
-#include <vector>
-
-#include <dirent.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace tavo::files {
 
@@ -24,23 +16,20 @@ constexpr std::string_view kExtension = ".pwi"; // four bytes in any case
 constexpr std::string_view kMark = " (deleted ";
 constexpr std::size_t kMomentLength = 16; // 20041117T214530Z
 constexpr std::size_t kLongestStem = 180; // bytes; with folders, mark, moment and number still a path of the device
-constexpr std::size_t kLargestMemo = 64u << 20; // for the copy on disks that know no second names
 
 std::string DeletedFolderOf(const std::string& folder) {
     return folder + '/' + std::string(kDeletedFolderName);
 }
 
-ErrorCode MakeDeletedFolder(const std::string& deleted) {
-    struct stat state {};
-
-    if (mkdir(deleted.c_str(), 0700) == 0) {
-        return ErrorCode::Success;
-    }
-    if (errno != EEXIST) {
-        return posix::ErrorCodeOf(errno);
+ErrorCode MakeDeletedFolder(disk::IDisk& disk, const std::string& deleted) {
+    if (const ErrorCode error = disk.MakeFolder(deleted); error != ErrorCode::AlreadyExists) {
+        return error;
     }
     // A link would lead the memos out of the device.
-    return lstat(deleted.c_str(), &state) == 0 && S_ISDIR(state.st_mode) ? ErrorCode::Success : ErrorCode::AccessDenied;
+    disk::Entry there;
+    const bool isFolder =
+        disk.Look(deleted, disk::LastLink::Keep, there) == ErrorCode::Success && there.Kind == disk::EntryKind::Folder;
+    return isFolder ? ErrorCode::Success : ErrorCode::AccessDenied;
 }
 
 // Cuts at a character's beginning.
@@ -62,30 +51,10 @@ bool TakeNumber(std::string_view text, std::size_t at, std::size_t digits, int& 
     return error == std::errc() && stop == end && number >= 0;
 }
 
-bool LinksAreUnknown(int error) {
-    return error == EPERM || error == EOPNOTSUPP || error == ENOSYS || error == EMLINK;
-}
-
-ErrorCode CopyNew(const std::string& from, const std::string& target) {
-    if (access(target.c_str(), F_OK) == 0) {
-        return ErrorCode::AlreadyExists;
-    }
-    std::vector<std::uint8_t> bytes;
-    const ErrorCode error = posix::ReadFile(from, kLargestMemo, bytes);
-    return error == ErrorCode::Success ? posix::ReplaceFile(target, bytes) : error;
-}
-
-// A second name, or a copy where the disk knows none. AlreadyExists when the name is taken.
-ErrorCode AddName(const std::string& from, const std::string& target) {
-    if (link(from.c_str(), target.c_str()) == 0) {
-        return ErrorCode::Success;
-    }
-    return LinksAreUnknown(errno) ? CopyNew(from, target) : posix::ErrorCodeOf(errno);
-}
-
-ErrorCode NameInDeletedFolder(const std::string& folder, const std::string& name, std::time_t now, std::string& kept) {
+ErrorCode NameInDeletedFolder(disk::IDisk& disk, const std::string& folder, const std::string& name, std::time_t now,
+                              std::string& kept) {
     const std::string deleted = DeletedFolderOf(folder);
-    if (const ErrorCode error = MakeDeletedFolder(deleted); error != ErrorCode::Success) {
+    if (const ErrorCode error = MakeDeletedFolder(disk, deleted); error != ErrorCode::Success) {
         return error;
     }
     const std::string memo = folder + '/' + name;
@@ -93,7 +62,7 @@ ErrorCode NameInDeletedFolder(const std::string& folder, const std::string& name
         kept = NameOfDeleted(name, now, number);
         std::string target = deleted;
         target.append(1, '/').append(kept);
-        const ErrorCode error = AddName(memo, target);
+        const ErrorCode error = disk.AddName(memo, target);
         if (error != ErrorCode::AlreadyExists) {
             return error;
         }
@@ -108,39 +77,32 @@ bool IsKeptMemo(const std::string& folder, const std::string& name) {
     return folded.ends_with(u".pwi") && !locale::EqualWithoutCase(locale::ToUtf16(inFolder), u"Deleted");
 }
 
-ErrorCode KeepMemo(const std::string& folder, const std::string& name, std::time_t now) {
+ErrorCode KeepMemo(disk::IDisk& disk, const std::string& folder, const std::string& name, std::time_t now) {
     std::string kept;
-    const ErrorCode error = NameInDeletedFolder(folder, name, now, kept);
-    return error == ErrorCode::Success ? posix::SyncFolder(DeletedFolderOf(folder)) : error;
+    const ErrorCode error = NameInDeletedFolder(disk, folder, name, now, kept);
+    return error == ErrorCode::Success ? disk.SyncFolder(DeletedFolderOf(folder)) : error;
 }
 
-ErrorCode MoveMemo(const std::string& folder, const std::string& name, std::time_t now, std::string& kept) {
+ErrorCode MoveMemo(disk::IDisk& disk, const std::string& folder, const std::string& name, std::time_t now,
+                   std::string& kept) {
     // Not synchronised: a deletion that a crash undoes loses nothing, and all memos may be deleted at once.
-    if (const ErrorCode error = NameInDeletedFolder(folder, name, now, kept); error != ErrorCode::Success) {
+    if (const ErrorCode error = NameInDeletedFolder(disk, folder, name, now, kept); error != ErrorCode::Success) {
         return error;
     }
-    return unlink((folder + '/' + name).c_str()) == 0 ? ErrorCode::Success : posix::ErrorCodeOf(errno);
+    return disk.Remove(folder + '/' + name);
 }
 
-ErrorCode MoveToFreePath(const std::string& from, const std::string& to) {
-    if (const ErrorCode error = AddName(from, to); error != ErrorCode::Success) {
-        return error;
-    }
-    return unlink(from.c_str()) == 0 ? ErrorCode::Success : posix::ErrorCodeOf(errno);
+ErrorCode MoveToFreePath(disk::IDisk& disk, const std::string& from, const std::string& to) {
+    const ErrorCode error = disk.AddName(from, to);
+    return error == ErrorCode::Success ? disk.Remove(from) : error;
 }
 
-void PurgeDeletedMemos(const std::string& folder, std::time_t now) {
+void PurgeDeletedMemos(disk::IDisk& disk, const std::string& folder, std::time_t now) {
     constexpr std::time_t kKept = std::time_t{kDaysDeletedMemosAreKept} * locale::kSecondsPerDay;
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(DeletedFolderOf(folder).c_str()), closedir);
-    if (!entries) {
-        return;
-    }
-    while (const dirent* entry = readdir(entries.get())) {
-        const std::optional<std::time_t> time = TimeOfDeleted(entry->d_name);
-        if (time && *time < now - kKept) {
-            static_cast<void>(unlinkat(dirfd(entries.get()), entry->d_name, 0)); // what cannot go stays
-        }
-    }
+    disk.RemoveAll(DeletedFolderOf(folder), [&](std::string_view name) {
+        const std::optional<std::time_t> time = TimeOfDeleted(name);
+        return time && *time < now - kKept;
+    });
 }
 
 std::string NameOfDeleted(const std::string& name, std::time_t now, int number) {

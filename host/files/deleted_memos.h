@@ -1,7 +1,7 @@
 // Memos that were deleted or replaced, kept for a while in a folder beside them.
 #pragma once
 
-#include "platform/status.h"
+#include "host/disk/disk.h"
 
 #include <ctime>
 #include <optional>
@@ -17,16 +17,17 @@ constexpr int kDaysDeletedMemosAreKept = 30;
 bool IsKeptMemo(const std::string& folder, const std::string& name);
 
 // Gives the memo a second name in the Deleted folder; it stays where it is.
-ErrorCode KeepMemo(const std::string& folder, const std::string& name, std::time_t now);
+ErrorCode KeepMemo(disk::IDisk& disk, const std::string& folder, const std::string& name, std::time_t now);
 
 // Moves the memo to the Deleted folder; `kept` gets its name there.
-ErrorCode MoveMemo(const std::string& folder, const std::string& name, std::time_t now, std::string& kept);
+ErrorCode MoveMemo(disk::IDisk& disk, const std::string& folder, const std::string& name, std::time_t now,
+                   std::string& kept);
 
 // Gives the file another path, on the same disk or not. AlreadyExists when something has that path.
-ErrorCode MoveToFreePath(const std::string& from, const std::string& to);
+ErrorCode MoveToFreePath(disk::IDisk& disk, const std::string& from, const std::string& to);
 
 // Removes what was deleted more than 30 days ago. Files that were not named by us stay.
-void PurgeDeletedMemos(const std::string& folder, std::time_t now);
+void PurgeDeletedMemos(disk::IDisk& disk, const std::string& folder, std::time_t now);
 
 // "x.pwi" deleted at that moment: "x (deleted 20041117T214530Z).pwi", the next in the same second "... Z 2).pwi".
 std::string NameOfDeleted(const std::string& name, std::time_t now, int number);

@@ -6,31 +6,18 @@
 #include "host/files/file_search.h"
 #include "host/locale/case_folding.h"
 #include "host/locale/utf.h"
-#include "host/posix/replace_file.h"
 
-#include <cerrno>
-#include <cstdlib>
 #include <exception>
 #include <utility>
-
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace tavo::files {
 
 namespace {
 
+using disk::EntryKind;
+using disk::LastLink;
+
 constexpr std::size_t kLargestFile = 256u << 20;
-constexpr mode_t kPrivateFolder = 0700;
-
-std::string RealPathOf(const std::string& path) {
-    const std::unique_ptr<char, void (*)(void*)> real(realpath(path.c_str(), nullptr), std::free);
-    return real ? std::string(real.get()) : std::string();
-}
-
-bool IsBelow(const std::string& path, const std::string& root) {
-    return path.size() > root.size() && path.starts_with(root) && (path[root.size()] == '/' || root == "/");
-}
 
 // The program is built without exceptions, so nothing may leave by one.
 template <class Action> ErrorCode Guard(Action action) {
@@ -42,12 +29,10 @@ template <class Action> ErrorCode Guard(Action action) {
 }
 
 // The name as the folder spells it: exactly so if there is one, else the first that differs in case only.
-std::optional<std::string> FindName(FolderCache& cache, const std::string& folder, const std::u16string& name) {
+std::optional<std::string> FindName(disk::IDisk& disk, FolderCache& cache, const std::string& folder,
+                                    const std::u16string& name) {
     std::string exact = locale::ToUtf8(name);
-
-    struct stat state {};
-
-    if (lstat((folder + '/' + exact).c_str(), &state) == 0) {
+    if (disk::Entry entry; disk.Look(folder + '/' + exact, LastLink::Keep, entry) == ErrorCode::Success) {
         return exact;
     }
     const std::shared_ptr<const FolderListing> listing = cache.List(folder);
@@ -62,16 +47,29 @@ std::optional<std::string> FindName(FolderCache& cache, const std::string& folde
     return locale::ToUtf8(found->Name);
 }
 
+bool IsMovable(EntryKind kind) {
+    return kind == EntryKind::File || kind == EntryKind::Link;
+}
+
+// A file that is protected against writing stays; of a link only the link goes.
+ErrorCode CheckRemovable(disk::IDisk& disk, const std::string& path, EntryKind kind) {
+    if (!IsMovable(kind)) {
+        return ErrorCode::AccessDenied;
+    }
+    return kind == EntryKind::File ? disk.CheckWritable(path) : ErrorCode::Success;
+}
+
 bool IsWindowsFolder(std::span<const std::u16string> parts) {
     return !parts.empty() && locale::EqualWithoutCase(parts.front(), u"Windows");
 }
 
 } // namespace
 
-DeviceFiles::DeviceFiles(const DeviceFilesPlaces& places, WallClock now)
-    : Root(RealPathOf(places.Root)),
-      Installed(places.InstalledSounds.empty() ? std::string() : RealPathOf(places.InstalledSounds)),
-      Now(std::move(now)), UserFolders(Root, LinkRule::InsideOnly), InstalledFolders(Installed, LinkRule::Anywhere) {}
+DeviceFiles::DeviceFiles(disk::IDisk& disk, const DeviceFilesPlaces& places, WallClock now)
+    : Disk(disk), Root(disk.Resolve(places.Root)),
+      Installed(places.InstalledSounds.empty() ? std::string() : disk.Resolve(places.InstalledSounds)),
+      Now(std::move(now)), UserFolders(disk, Root, LinkRule::InsideOnly),
+      InstalledFolders(disk, Installed, LinkRule::Anywhere) {}
 
 ErrorCode DeviceFiles::CreateDirectoryW(std::u16string_view path) {
     return Guard([&] { return MakeFolder(path); });
@@ -82,7 +80,7 @@ ErrorCode DeviceFiles::ReadWholeFile(std::u16string_view path, std::vector<std::
     return Guard([&] {
         std::string realPath;
         const ErrorCode error = FindReadable(path, realPath);
-        return error == ErrorCode::Success ? posix::ReadFile(realPath, kLargestFile, bytes) : error;
+        return error == ErrorCode::Success ? Disk.Read(realPath, kLargestFile, bytes) : error;
     });
 }
 
@@ -130,11 +128,10 @@ std::unique_ptr<IFileSearch> DeviceFiles::FindFirstFileW(std::u16string_view pat
 
 std::optional<std::string> DeviceFiles::RealPathOfFile(std::u16string_view path) {
     std::string realPath;
-
-    struct stat state {};
-
+    disk::Entry entry;
     const ErrorCode error = Guard([&] { return FindReadable(path, realPath); });
-    if (error != ErrorCode::Success || stat(realPath.c_str(), &state) != 0 || !S_ISREG(state.st_mode)) {
+    if (error != ErrorCode::Success || Disk.Look(realPath, LastLink::Follow, entry) != ErrorCode::Success ||
+        entry.Kind != EntryKind::File) {
         return std::nullopt;
     }
     return realPath;
@@ -142,14 +139,14 @@ std::optional<std::string> DeviceFiles::RealPathOfFile(std::u16string_view path)
 
 void DeviceFiles::Purge() {
     const ErrorCode error = Guard([&] {
-        posix::RemoveUnfinished(Root);
+        Disk.RemoveUnfinished(Root);
         const std::u16string data[] = {u"My Documents", u"TavoCalendar"};
         std::string folder;
         if (const ErrorCode missing = FindFolder(data, folder); missing != ErrorCode::Success) {
             return missing;
         }
-        posix::RemoveUnfinished(folder);
-        PurgeDeletedMemos(folder, Now());
+        Disk.RemoveUnfinished(folder);
+        PurgeDeletedMemos(Disk, folder, Now());
         UserFolders.Forget(folder);
         return ErrorCode::Success;
     });
@@ -159,24 +156,22 @@ void DeviceFiles::Purge() {
 ErrorCode DeviceFiles::FindFolder(Parts parts, std::string& folder) {
     folder = Root;
     for (const std::u16string& part : parts) {
-        const std::optional<std::string> name = FindName(UserFolders, folder, part);
+        const std::optional<std::string> name = FindName(Disk, UserFolders, folder, part);
         if (!name) {
             return ErrorCode::PathNotFound;
         }
         folder += '/' + *name;
-
-        struct stat state {};
-
-        if (lstat(folder.c_str(), &state) != 0) {
+        EntryKind kind{};
+        if (FindKind(folder, kind) != ErrorCode::Success) {
             return ErrorCode::PathNotFound;
         }
-        if (S_ISLNK(state.st_mode)) {
-            folder = RealPathOf(folder);
-            if (!IsBelow(folder, Root) || lstat(folder.c_str(), &state) != 0) {
+        if (kind == EntryKind::Link) {
+            folder = Disk.Resolve(folder);
+            if (!IsBelow(folder, Root) || FindKind(folder, kind) != ErrorCode::Success) {
                 return ErrorCode::AccessDenied;
             }
         }
-        if (!S_ISDIR(state.st_mode)) {
+        if (kind != EntryKind::Folder) {
             return ErrorCode::PathNotFound;
         }
     }
@@ -195,18 +190,17 @@ ErrorCode DeviceFiles::FindPlace(std::u16string_view path, LastLink link, Place&
         error != ErrorCode::Success) {
         return error;
     }
-    place.Name = FindName(UserFolders, place.Folder, parts->back()).value_or(locale::ToUtf8(parts->back()));
+    place.Name = FindName(Disk, UserFolders, place.Folder, parts->back()).value_or(locale::ToUtf8(parts->back()));
     return link == LastLink::Follow ? FollowLink(place) : ErrorCode::Success;
 }
 
 // A link as the last part leads to its target, if that lies inside.
 ErrorCode DeviceFiles::FollowLink(Place& place) const {
-    struct stat state {};
-
-    if (lstat(place.Path().c_str(), &state) != 0 || !S_ISLNK(state.st_mode)) {
+    EntryKind kind{};
+    if (FindKind(place.Path(), kind) != ErrorCode::Success || kind != EntryKind::Link) {
         return ErrorCode::Success;
     }
-    const std::string target = RealPathOf(place.Path());
+    const std::string target = Disk.Resolve(place.Path());
     if (!IsBelow(target, Root)) {
         return ErrorCode::AccessDenied;
     }
@@ -215,18 +209,23 @@ ErrorCode DeviceFiles::FollowLink(Place& place) const {
     return ErrorCode::Success;
 }
 
+ErrorCode DeviceFiles::FindKind(const std::string& path, EntryKind& kind) const {
+    disk::Entry entry;
+    const ErrorCode error = Disk.Look(path, LastLink::Keep, entry);
+    kind = entry.Kind;
+    return error;
+}
+
 ErrorCode DeviceFiles::FindReadable(std::u16string_view path, std::string& realPath) {
     Place place;
-
-    struct stat state {};
-
     ErrorCode error = FindPlace(path, LastLink::Follow, place);
     if (error == ErrorCode::Success) {
         realPath = place.Path();
-        if (lstat(realPath.c_str(), &state) == 0) {
-            return ErrorCode::Success;
+        EntryKind kind{};
+        error = FindKind(realPath, kind);
+        if (error == ErrorCode::Success) {
+            return error;
         }
-        error = posix::ErrorCodeOf(errno);
     }
     const auto parts = ParseDevicePath(path);
     const std::optional<std::string> installed = parts ? FindInstalled(*parts) : std::nullopt;
@@ -244,7 +243,7 @@ std::optional<std::string> DeviceFiles::FindInstalled(Parts parts) {
     }
     std::string found = Installed;
     for (const std::u16string& part : parts.subspan(1)) {
-        const std::optional<std::string> name = FindName(InstalledFolders, found, part);
+        const std::optional<std::string> name = FindName(Disk, InstalledFolders, found, part);
         if (!name) {
             return std::nullopt;
         }
@@ -261,11 +260,11 @@ ErrorCode DeviceFiles::MakeFolder(std::u16string_view path) {
     if (const ErrorCode error = FindPlace(path, LastLink::Follow, place); error != ErrorCode::Success) {
         return error;
     }
-    if (mkdir(place.Path().c_str(), kPrivateFolder) != 0) {
-        return errno == ENOENT ? ErrorCode::PathNotFound : posix::ErrorCodeOf(errno);
+    if (const ErrorCode error = Disk.MakeFolder(place.Path()); error != ErrorCode::Success) {
+        return error == ErrorCode::FileNotFound ? ErrorCode::PathNotFound : error;
     }
     UserFolders.Forget(place.Folder);
-    return posix::SyncFolder(place.Folder);
+    return Disk.SyncFolder(place.Folder);
 }
 
 ErrorCode DeviceFiles::Write(std::u16string_view path, std::span<const std::uint8_t> bytes) {
@@ -274,11 +273,13 @@ ErrorCode DeviceFiles::Write(std::u16string_view path, std::span<const std::uint
         return error;
     }
     const std::string realPath = place.Path();
-    const ErrorCode error = posix::ReplaceFile(realPath, bytes, [&] {
-        if (!IsKeptMemo(place.Folder, place.Name) || access(realPath.c_str(), F_OK) != 0) {
+    const ErrorCode error = Disk.Replace(realPath, bytes, [&] {
+        disk::Entry before;
+        if (!IsKeptMemo(place.Folder, place.Name) ||
+            Disk.Look(realPath, LastLink::Follow, before) != ErrorCode::Success) {
             return ErrorCode::Success;
         }
-        return KeepMemo(place.Folder, place.Name, Now());
+        return KeepMemo(Disk, place.Folder, place.Name, Now());
     });
     UserFolders.Forget(place.Folder);
     return error;
@@ -290,27 +291,21 @@ ErrorCode DeviceFiles::Delete(std::u16string_view path) {
         return error;
     }
     const std::string realPath = place.Path();
-
-    struct stat state {};
-
-    if (lstat(realPath.c_str(), &state) != 0) {
-        const ErrorCode missing = posix::ErrorCodeOf(errno);
+    EntryKind kind{};
+    if (const ErrorCode missing = FindKind(realPath, kind); missing != ErrorCode::Success) {
         const auto parts = ParseDevicePath(path);
         return parts && FindInstalled(*parts) ? ErrorCode::AccessDenied : missing; // what is installed stays
     }
-    if (!S_ISREG(state.st_mode) && !S_ISLNK(state.st_mode)) {
-        return ErrorCode::AccessDenied;
-    }
-    if (S_ISREG(state.st_mode) && access(realPath.c_str(), W_OK) != 0) {
-        return posix::ErrorCodeOf(errno);
+    if (const ErrorCode error = CheckRemovable(Disk, realPath, kind); error != ErrorCode::Success) {
+        return error;
     }
     UserFolders.Forget(place.Folder);
-    if (S_ISREG(state.st_mode) && IsKeptMemo(place.Folder, place.Name)) {
+    if (kind == EntryKind::File && IsKeptMemo(place.Folder, place.Name)) {
         std::string kept;
-        return MoveMemo(place.Folder, place.Name, Now(), kept);
+        return MoveMemo(Disk, place.Folder, place.Name, Now(), kept);
     }
     // Of a link only the link goes; what it leads to stays.
-    return unlink(realPath.c_str()) == 0 ? ErrorCode::Success : posix::ErrorCodeOf(errno);
+    return Disk.Remove(realPath);
 }
 
 // A link goes there as a link.
@@ -319,21 +314,19 @@ ErrorCode DeviceFiles::PutAway(std::u16string_view path, std::u16string& kept) {
     if (const ErrorCode error = FindPlace(path, LastLink::Keep, place); error != ErrorCode::Success) {
         return error;
     }
-
-    struct stat state {};
-
-    if (lstat(place.Path().c_str(), &state) != 0) {
-        return posix::ErrorCodeOf(errno);
+    EntryKind kind{};
+    if (const ErrorCode error = FindKind(place.Path(), kind); error != ErrorCode::Success) {
+        return error;
     }
-    if (!IsKeptMemo(place.Folder, place.Name) || (!S_ISREG(state.st_mode) && !S_ISLNK(state.st_mode))) {
+    if (!IsKeptMemo(place.Folder, place.Name)) {
         return ErrorCode::AccessDenied;
     }
-    if (S_ISREG(state.st_mode) && access(place.Path().c_str(), W_OK) != 0) {
-        return posix::ErrorCodeOf(errno);
+    if (const ErrorCode error = CheckRemovable(Disk, place.Path(), kind); error != ErrorCode::Success) {
+        return error;
     }
     UserFolders.Forget(place.Folder);
     std::string name;
-    const ErrorCode error = MoveMemo(place.Folder, place.Name, Now(), name);
+    const ErrorCode error = MoveMemo(Disk, place.Folder, place.Name, Now(), name);
     kept = path.substr(0, path.rfind(u'\\'));
     kept.append(1, u'\\').append(locale::ToUtf16(kDeletedFolderName)).append(1, u'\\').append(locale::ToUtf16(name));
     return error;
@@ -355,18 +348,16 @@ ErrorCode DeviceFiles::Move(std::u16string_view from, std::u16string_view to) {
         return error;
     }
     target.Name = locale::ToUtf8(parts->back());
-
-    struct stat state {};
-
-    if (lstat(source.Path().c_str(), &state) != 0) {
-        return posix::ErrorCodeOf(errno);
+    EntryKind kind{};
+    if (const ErrorCode error = FindKind(source.Path(), kind); error != ErrorCode::Success) {
+        return error;
     }
-    if (!S_ISREG(state.st_mode) && !S_ISLNK(state.st_mode)) {
+    if (!IsMovable(kind)) {
         return ErrorCode::AccessDenied;
     }
     UserFolders.Forget(source.Folder);
     UserFolders.Forget(target.Folder);
-    return MoveToFreePath(source.Path(), target.Path());
+    return MoveToFreePath(Disk, source.Path(), target.Path());
 }
 
 } // namespace tavo::files

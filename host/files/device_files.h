@@ -1,6 +1,7 @@
-// The device's files as files of this machine, below the device's root.
+// The device's files as files of a disk, below the device's root.
 #pragma once
 
+#include "host/disk/disk.h"
 #include "host/files/folder_cache.h"
 #include "platform/files.h"
 
@@ -20,8 +21,8 @@ class DeviceFiles final : public IFiles {
   public:
     using WallClock = std::function<std::time_t()>;
 
-    explicit DeviceFiles(
-        const DeviceFilesPlaces& places, WallClock now = [] { return std::time(nullptr); });
+    DeviceFiles(
+        disk::IDisk& disk, const DeviceFilesPlaces& places, WallClock now = [] { return std::time(nullptr); });
 
     ErrorCode CreateDirectoryW(std::u16string_view path) override;
     ErrorCode ReadWholeFile(std::u16string_view path, std::vector<std::uint8_t>& bytes) override;
@@ -44,8 +45,6 @@ class DeviceFiles final : public IFiles {
   private:
     using Parts = std::span<const std::u16string>;
 
-    enum class LastLink { Follow, Keep };
-
     // A file's real place. Its folder exists, the file itself perhaps not.
     struct Place {
         std::string Folder;
@@ -55,7 +54,7 @@ class DeviceFiles final : public IFiles {
     };
 
     ErrorCode FindFolder(Parts parts, std::string& folder);
-    ErrorCode FindPlace(std::u16string_view path, LastLink link, Place& place);
+    ErrorCode FindPlace(std::u16string_view path, disk::LastLink link, Place& place);
     ErrorCode FollowLink(Place& place) const;
     ErrorCode FindReadable(std::u16string_view path, std::string& realPath);
     std::optional<std::string> FindInstalled(Parts parts);
@@ -65,6 +64,10 @@ class DeviceFiles final : public IFiles {
     ErrorCode PutAway(std::u16string_view path, std::u16string& kept);
     ErrorCode Move(std::u16string_view from, std::u16string_view to);
 
+    // Whether there is one; links are not followed.
+    ErrorCode FindKind(const std::string& path, disk::EntryKind& kind) const;
+
+    disk::IDisk& Disk;
     std::string Root;      // both without symbolic links
     std::string Installed; // empty: none
     WallClock Now;

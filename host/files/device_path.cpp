@@ -1,8 +1,8 @@
 // What may stand in a path of the device.
 #include "host/files/device_path.h"
 
+#include "host/disk/disk.h"
 #include "host/locale/utf.h"
-#include "host/posix/private_file.h"
 
 #include <algorithm>
 
@@ -26,7 +26,7 @@ bool IsName(std::u16string_view name, bool wildcardsAllowed) {
         return false;
     }
     const std::optional<std::string> bytes = locale::ToUtf8Exactly(name);
-    return bytes && !bytes->starts_with(posix::kUnfinishedPrefix);
+    return bytes && !bytes->starts_with(disk::kUnfinishedPrefix);
 }
 
 } // namespace

@@ -6,12 +6,8 @@
 #include "host/locale/utf.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <ctime>
 #include <optional>
-
-#include <dirent.h>
-#include <fcntl.h>
 
 namespace tavo::files {
 
@@ -21,57 +17,13 @@ namespace {
 // file systems that keep no fractions every second or two.
 constexpr std::chrono::milliseconds kFineTick{20};
 constexpr std::chrono::milliseconds kCoarseTick{2500};
-constexpr std::time_t kClearlyOlder = 3; // seconds
+constexpr std::int64_t kClearlyOlder = 3; // seconds
 
-enum class EntryKind { File, Folder, Other };
+} // namespace
 
 bool IsBelow(const std::string& path, const std::string& root) {
     return path.size() > root.size() && path.starts_with(root) && (path[root.size()] == '/' || root == "/");
 }
-
-EntryKind KindOf(const struct stat& state) {
-    if (S_ISREG(state.st_mode)) {
-        return EntryKind::File;
-    }
-    return S_ISDIR(state.st_mode) ? EntryKind::Folder : EntryKind::Other;
-}
-
-EntryKind KindOfLink(const std::string& path, const std::string& root, LinkRule links) {
-    const std::unique_ptr<char, void (*)(void*)> target(realpath(path.c_str(), nullptr), std::free);
-
-    struct stat state {};
-
-    if (!target || (links == LinkRule::InsideOnly && !IsBelow(target.get(), root)) || stat(target.get(), &state) != 0) {
-        return EntryKind::Other;
-    }
-    return KindOf(state);
-}
-
-EntryKind KindOfEntry(const dirent& entry, const std::string& folder, const std::string& root, LinkRule links) {
-    if (entry.d_type == DT_REG) {
-        return EntryKind::File;
-    }
-    if (entry.d_type == DT_DIR) {
-        return EntryKind::Folder;
-    }
-    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) {
-        return EntryKind::Other;
-    }
-    const std::string path = folder + '/' + entry.d_name;
-
-    struct stat state {};
-
-    if (lstat(path.c_str(), &state) != 0) {
-        return EntryKind::Other;
-    }
-    return S_ISLNK(state.st_mode) ? KindOfLink(path, root, links) : KindOf(state);
-}
-
-bool SameTime(const timespec& left, const timespec& right) {
-    return left.tv_sec == right.tv_sec && left.tv_nsec == right.tv_nsec;
-}
-
-} // namespace
 
 FolderListing::const_iterator FindFromName(const FolderListing& listing, std::u16string_view folded) {
     return std::ranges::lower_bound(listing, folded, {},
@@ -79,16 +31,15 @@ FolderListing::const_iterator FindFromName(const FolderListing& listing, std::u1
 }
 
 std::shared_ptr<const FolderListing> FolderCache::List(const std::string& folder) {
-    struct stat state {};
-
-    if (lstat(folder.c_str(), &state) != 0 || !S_ISDIR(state.st_mode)) {
+    disk::Entry there;
+    if (Disk.Look(folder, disk::LastLink::Keep, there) != ErrorCode::Success || there.Kind != disk::EntryKind::Folder) {
         Folders.erase(folder);
         return nullptr;
     }
     const Moment now = std::chrono::steady_clock::now();
-    const Stamp stamp{state.st_dev, state.st_ino, state.st_mtim, state.st_ctim};
+    const disk::Stamp& stamp = there.Seen;
     Folder& kept = Folders[folder];
-    if (!kept.Listing || !SameStamp(kept.Seen, stamp)) {
+    if (!kept.Listing || kept.Seen != stamp) {
         kept = {stamp, now, false, nullptr};
     }
     if (!kept.Trusted) {
@@ -100,40 +51,46 @@ std::shared_ptr<const FolderListing> FolderCache::List(const std::string& folder
     return kept.Listing;
 }
 
-bool FolderCache::SameStamp(const Stamp& left, const Stamp& right) {
-    return left.Device == right.Device && left.Inode == right.Inode && SameTime(left.Modified, right.Modified) &&
-           SameTime(left.Changed, right.Changed);
+bool FolderCache::IsOldEnough(const disk::Stamp& stamp) {
+    return std::max(stamp.Modified.Seconds, stamp.Changed.Seconds) < std::time(nullptr) - kClearlyOlder;
 }
 
-bool FolderCache::IsOldEnough(const Stamp& stamp) {
-    return std::max(stamp.Modified.tv_sec, stamp.Changed.tv_sec) < std::time(nullptr) - kClearlyOlder;
-}
-
-std::chrono::milliseconds FolderCache::TickOf(const Stamp& stamp) {
-    return stamp.Modified.tv_nsec == 0 ? kCoarseTick : kFineTick;
+std::chrono::milliseconds FolderCache::TickOf(const disk::Stamp& stamp) {
+    return stamp.Modified.Nanoseconds == 0 ? kCoarseTick : kFineTick;
 }
 
 std::shared_ptr<const FolderListing> FolderCache::Read(const std::string& folder) {
     ++Reads;
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
-    if (!entries) {
-        return nullptr;
-    }
     auto listing = std::make_shared<FolderListing>();
-    while (const dirent* entry = readdir(entries.get())) {
-        std::optional<std::u16string> name = locale::ToUtf16Exactly(entry->d_name);
-        if (!name || !IsDeviceName(*name)) {
-            continue;
+    const ErrorCode error = Disk.List(folder, [&](std::string_view name, disk::EntryKind kind) {
+        std::optional<std::u16string> said = locale::ToUtf16Exactly(name);
+        if (!said || !IsDeviceName(*said)) {
+            return;
         }
-        const EntryKind kind = KindOfEntry(*entry, folder, Root, Links);
-        if (kind != EntryKind::Other) {
-            listing->push_back({locale::FoldCase(*name), std::move(*name), kind == EntryKind::Folder});
+        if (kind == disk::EntryKind::Link) {
+            kind = KindBehind((folder + '/').append(name));
         }
+        if (kind == disk::EntryKind::File || kind == disk::EntryKind::Folder) {
+            listing->push_back({locale::FoldCase(*said), std::move(*said), kind == disk::EntryKind::Folder});
+        }
+    });
+    if (error != ErrorCode::Success) {
+        return nullptr;
     }
     std::ranges::sort(*listing, [](const FolderEntry& left, const FolderEntry& right) {
         return left.Folded != right.Folded ? left.Folded < right.Folded : left.Name < right.Name;
     });
     return listing;
+}
+
+disk::EntryKind FolderCache::KindBehind(const std::string& link) {
+    const std::string target = Disk.Resolve(link);
+    disk::Entry there;
+    if (target.empty() || (Links == LinkRule::InsideOnly && !IsBelow(target, Root)) ||
+        Disk.Look(target, disk::LastLink::Follow, there) != ErrorCode::Success) {
+        return disk::EntryKind::Other;
+    }
+    return there.Kind;
 }
 
 } // namespace tavo::files

@@ -1,6 +1,8 @@
 // The names in a folder, kept sorted between searches, so that a search costs one look at the folder's stamps.
 #pragma once
 
+#include "host/disk/disk.h"
+
 #include <chrono>
 #include <cstddef>
 #include <map>
@@ -8,8 +10,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <sys/stat.h>
 
 namespace tavo::files {
 
@@ -25,6 +25,9 @@ using FolderListing = std::vector<FolderEntry>;
 // The first entry whose folded name is not below `folded`.
 FolderListing::const_iterator FindFromName(const FolderListing& listing, std::u16string_view folded);
 
+// Both real paths without symbolic links.
+bool IsBelow(const std::string& path, const std::string& root);
+
 enum class LinkRule {
     InsideOnly, // symbolic links count only when they lead to something below the root
     Anywhere,
@@ -32,7 +35,8 @@ enum class LinkRule {
 
 class FolderCache {
   public:
-    FolderCache(std::string root, LinkRule links) : Root(std::move(root)), Links(links) {}
+    FolderCache(disk::IDisk& disk, std::string root, LinkRule links)
+        : Disk(disk), Root(std::move(root)), Links(links) {}
 
     // Null when the folder cannot be read. `folder` is a real path without symbolic links.
     std::shared_ptr<const FolderListing> List(const std::string& folder);
@@ -44,25 +48,19 @@ class FolderCache {
   private:
     using Moment = std::chrono::steady_clock::time_point;
 
-    struct Stamp {
-        dev_t Device = 0;
-        ino_t Inode = 0;
-        timespec Modified{};
-        timespec Changed{};
-    };
-
     struct Folder {
-        Stamp Seen;
+        disk::Stamp Seen;
         Moment FirstSeen; // when this stamp was met first
         bool Trusted = false;
         std::shared_ptr<const FolderListing> Listing;
     };
 
-    static bool SameStamp(const Stamp& left, const Stamp& right);
-    static bool IsOldEnough(const Stamp& stamp);
-    static std::chrono::milliseconds TickOf(const Stamp& stamp);
+    static bool IsOldEnough(const disk::Stamp& stamp);
+    static std::chrono::milliseconds TickOf(const disk::Stamp& stamp);
     std::shared_ptr<const FolderListing> Read(const std::string& folder);
+    disk::EntryKind KindBehind(const std::string& link);
 
+    disk::IDisk& Disk;
     std::string Root;
     LinkRule Links;
     std::map<std::string, Folder, std::less<>> Folders;

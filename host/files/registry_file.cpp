@@ -1,13 +1,8 @@
 // The registry's calls on its text file.
 #include "host/files/registry_file.h"
 
-#include "host/posix/private_file.h"
-#include "host/posix/replace_file.h"
-
-#include <cerrno>
 #include <exception>
-
-#include <sys/file.h>
+#include <memory>
 
 namespace tavo::files {
 
@@ -17,14 +12,6 @@ constexpr std::size_t kLargestRegistry = 4u << 20;
 constexpr std::u16string_view kUserRoot = u"HKEY_CURRENT_USER\\";
 constexpr std::string_view kHeading =
     "# Settings of Tavo Calendar. Lines that the program does not know are kept as they are.\n";
-
-// Held while it lives; a file system without locks is used without.
-posix::FileDescriptor LockForChange(const std::string& path) {
-    posix::FileDescriptor file = posix::OpenOrMakeFile(path);
-    while (file && flock(file.Get(), LOCK_EX) != 0 && errno == EINTR) {
-    }
-    return file;
-}
 
 // "\A\\B\" and "A\B" name the same key.
 std::u16string CleanPath(std::u16string_view path) {
@@ -103,7 +90,7 @@ std::optional<RegistryValue> RegistryFile::ReadValue(std::u16string_view path, s
 
 ErrorCode RegistryFile::Rewrite(const std::function<void(RegistryText&)>& change) {
     try {
-        const posix::FileDescriptor lock = LockForChange(LockPath);
+        const std::unique_ptr<disk::IHeldFile> lock = Disk.Hold(LockPath); // a disk without locks is used without
         RegistryText text;
         if (const ErrorCode error = Load(text); error != ErrorCode::Success) {
             return error;
@@ -117,7 +104,7 @@ ErrorCode RegistryFile::Rewrite(const std::function<void(RegistryText&)>& change
         if (before.empty()) {
             after.insert(0, kHeading);
         }
-        return posix::ReplaceFile(Path, {reinterpret_cast<const std::uint8_t*>(after.data()), after.size()});
+        return Disk.Replace(Path, {reinterpret_cast<const std::uint8_t*>(after.data()), after.size()}, {});
     } catch (const std::exception&) {
         return ErrorCode::CannotComplete;
     }
@@ -126,7 +113,7 @@ ErrorCode RegistryFile::Rewrite(const std::function<void(RegistryText&)>& change
 // A missing file is an empty registry.
 ErrorCode RegistryFile::Load(RegistryText& text) const {
     std::vector<std::uint8_t> bytes;
-    const ErrorCode error = posix::ReadFile(Path, kLargestRegistry, bytes);
+    const ErrorCode error = Disk.Read(Path, kLargestRegistry, bytes);
     if (error == ErrorCode::FileNotFound) {
         return ErrorCode::Success;
     }

@@ -1,6 +1,7 @@
 // The registry and the profile, kept in one text file that a person can read and edit.
 #pragma once
 
+#include "host/disk/disk.h"
 #include "host/files/registry_text.h"
 #include "platform/registry.h"
 
@@ -16,7 +17,8 @@ namespace tavo::files {
 class RegistryFile final : public IRegistry {
   public:
     // `lockPath`: the file that is locked during a change.
-    RegistryFile(std::string path, std::string lockPath) : Path(std::move(path)), LockPath(std::move(lockPath)) {}
+    RegistryFile(disk::IDisk& disk, std::string path, std::string lockPath)
+        : Disk(disk), Path(std::move(path)), LockPath(std::move(lockPath)) {}
 
     void SetRegistryKey(std::u16string_view company) override { Company = company; }
 
@@ -35,6 +37,7 @@ class RegistryFile final : public IRegistry {
     ErrorCode Load(RegistryText& text) const;
     std::u16string ProfileSection(std::u16string_view section) const;
 
+    disk::IDisk& Disk;
     std::string Path;
     std::string LockPath;
     std::u16string Company;

@@ -18,7 +18,8 @@ Status MakeRealStore(const std::filesystem::path& store, ComPtr<IPOutlookApp>& o
 
 HeadlessHost::HeadlessHost(const DeviceOptions& options)
     : ScriptedPlace(options, [this] { Queue().PostQuitMessage(kScriptEnded); }),
-      BareHost({Root.Path().string(), options.InstalledSounds.string()}, Time, Time.Clock),
+      BareHost(options.Disk == nullptr ? OwnDisk : *options.Disk,
+               {Root.Path().string(), options.InstalledSounds.string()}, Time, Time.Clock),
       Outlook(options.Outlook ? options.Outlook : MakeRealStore) {
     Seen.Watch(State);
     Time.SetWaited([this] { return PrepareWait(); });

@@ -7,6 +7,7 @@
 #include "host/headless/measured_face.h"
 #include "host/headless/recorders.h"
 #include "host/headless/sightings.h"
+#include "host/posix/posix_disk.h"
 #include "host/shell/chrome/chrome_faces.h"
 
 namespace tavo::headless {
@@ -18,6 +19,7 @@ struct DeviceOptions {
     SYSTEMTIME Now{2004, 11, 3, 17, 10, 0, 0, 0};
     std::filesystem::path Root = {}; // empty: a temporary folder
     std::filesystem::path InstalledSounds = {};
+    disk::IDisk* Disk = nullptr; // null: this machine's
     OutlookFactory Outlook = {}; // empty: the real store, in the device's own folder
 };
 
@@ -30,6 +32,7 @@ struct ScriptedPlace {
         : Root(options.Root), Time(options.Now, std::move(onEnd)) {}
 
     DeviceRootFolder Root;
+    posix::PosixDisk OwnDisk;
     bare::ScriptedTime Time;
 };
 

@@ -92,8 +92,7 @@ std::u16string InkDesk::HoldInk(std::span<const std::uint8_t> home, std::span<co
     if (!Recovery.has_value() || Clock == nullptr) {
         return {};
     }
-    auto file = std::make_unique<RecoveryFile>(Recovery->Path(), Clock->GetLocalTime(),
-                                               std::vector<std::uint8_t>(home.begin(), home.end()));
+    auto file = Recovery->Begin(Clock->GetLocalTime(), {home.begin(), home.end()});
     if (!file->WriteWhole(data)) {
         return {};
     }
@@ -118,7 +117,7 @@ void InkDesk::Save(Entry& entry) {
         return;
     }
     if (!entry.Saved) {
-        entry.Saved = std::make_unique<RecoveryFile>(Recovery->Path(), Clock->GetLocalTime(), entry.Home);
+        entry.Saved = Recovery->Begin(Clock->GetLocalTime(), entry.Home);
     }
     // Where nothing can be written there is nothing to be done: the ink itself is still there.
     static_cast<void>(entry.Saved->Write(*entry.Control));

@@ -21,7 +21,7 @@ class InkDesk final : public IInk {
     void SetClock(IClock& clock);
 
     // Where ink is kept while it is being written; without a folder it is not.
-    void SetRecovery(std::string folder) { Recovery.emplace(std::move(folder)); }
+    void SetRecovery(disk::IDisk& disk, std::string folder) { Recovery.emplace(disk, std::move(folder)); }
 
     int SendMessageW(WindowHandle ink, MessageNumber number, int first, int second) override;
     std::vector<std::uint8_t> GetData(WindowHandle ink) override;

@@ -1,16 +1,10 @@
 // A head, then records one after another: the whole page, strokes added to it, the stroke being drawn.
 #include "host/ink/recovery_file.h"
 
-#include "host/posix/private_file.h"
-
 #include <algorithm>
 #include <array>
-#include <cerrno>
+#include <cstdio>
 #include <utility>
-
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
 
 namespace tavo::ink {
 namespace {
@@ -25,7 +19,7 @@ constexpr std::size_t kRecordHead = 5; // kind, length
 constexpr int kPage = 1;
 constexpr int kAdded = 2;
 constexpr int kLive = 3; // replaces the one before; without bytes there is none any more
-constexpr long long kRoomForNews = 8LL << 20;
+constexpr std::uint64_t kRoomForNews = 8U << 20;
 constexpr int kMaxNames = 1000;
 
 void PutNumber(std::vector<std::uint8_t>& bytes, std::uint32_t value, int size) {
@@ -55,20 +49,6 @@ std::vector<std::uint8_t> MakeHead(const SYSTEMTIME& begun, std::span<const std:
     return head;
 }
 
-bool WriteAll(int file, std::span<const std::uint8_t> bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = write(file, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) {
-            continue;
-        }
-        if (written <= 0) {
-            return false;
-        }
-        bytes = bytes.subspan(static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
 std::string NameFor(const SYSTEMTIME& begun, int number) {
     std::array<char, 64> name{};
     std::snprintf(name.data(), name.size(), "%04d%02d%02d_%02d%02d%02d_%d.ink", begun.Year, begun.Month, begun.Day,
@@ -80,34 +60,35 @@ std::string NameFor(const SYSTEMTIME& begun, int number) {
 
 RecoveryFile::~RecoveryFile() {
     if (!OwnPath.empty() && !IsLeft) {
-        unlink(OwnPath.c_str());
+        static_cast<void>(Disk.Remove(OwnPath)); // what cannot go will be found as if a crash had left it
     }
 }
 
 // A file of its own name, with the head alone. What was there before stays open and in place until then.
 bool RecoveryFile::MakeFile() {
-    if (mkdir(Folder.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
+    if (const ErrorCode error = Disk.MakeFolder(Folder);
+        error != ErrorCode::Success && error != ErrorCode::AlreadyExists) {
         return false;
     }
-    const posix::FileDescriptor folder = posix::OpenFolder(Folder);
-    for (int number = 1; folder && number < kMaxNames; ++number) {
-        const std::string name = NameFor(Begun, number);
-        const std::string path = Folder + "/" + name;
-        posix::FileDescriptor made = posix::MakeFile(folder, name);
-        if (!made && errno != EEXIST) {
+    for (int number = 1; number < kMaxNames; ++number) {
+        const std::string path = Folder + "/" + NameFor(Begun, number);
+        std::unique_ptr<disk::IHeldFile> made;
+        const ErrorCode error = Disk.MakeHeld(path, made);
+        if (error == ErrorCode::AlreadyExists || error == ErrorCode::LockViolation) {
+            continue;
+        }
+        if (error != ErrorCode::Success) {
             return false;
         }
-        if (made && flock(made.Get(), LOCK_EX | LOCK_NB) == 0) {
-            const std::vector<std::uint8_t> head = MakeHead(Begun, Home);
-            if (!WriteAll(made.Get(), head)) {
-                unlink(path.c_str()); // nobody would know to whom it belongs
-                return false;
-            }
-            File = std::move(made);
-            OwnPath = path;
-            Size = static_cast<long long>(head.size());
-            return true;
+        const std::vector<std::uint8_t> head = MakeHead(Begun, Home);
+        if (made->Append(head) != ErrorCode::Success) {
+            static_cast<void>(Disk.Remove(path)); // nobody would know to whom it belongs
+            return false;
         }
+        File = std::move(made);
+        OwnPath = path;
+        Size = head.size();
+        return true;
     }
     return false;
 }
@@ -118,35 +99,34 @@ bool RecoveryFile::Append(int kind, std::span<const std::uint8_t> bytes) {
     PutNumber(record, static_cast<std::uint32_t>(kind), 1);
     PutNumber(record, static_cast<std::uint32_t>(bytes.size()), 4);
     record.insert(record.end(), bytes.begin(), bytes.end());
-    if (!WriteAll(File.Get(), record)) {
-        // Half a record hides what comes behind it.
-        IsBroken = ftruncate(File.Get(), Size) != 0 || lseek(File.Get(), Size, SEEK_SET) != Size;
+    if (File->Append(record) != ErrorCode::Success) {
+        IsBroken = File->CutTo(Size) != ErrorCode::Success; // half a record hides what comes behind it
         WrittenReshapes.reset();
         return false;
     }
-    Size += static_cast<long long>(record.size());
+    Size += record.size();
     return true;
 }
 
 // A file that has grown too much is written anew beside the old one, which lasts until the new one is written and is
 // taken up again when that cannot be.
 bool RecoveryFile::WritePage(std::span<const std::uint8_t> page) {
-    if (File && !IsBroken && Size <= kRoomForNews + 4 * static_cast<long long>(page.size())) {
+    if (File && !IsBroken && Size <= kRoomForNews + 4 * page.size()) {
         return Append(kPage, page);
     }
-    posix::FileDescriptor oldFile = std::exchange(File, posix::FileDescriptor());
+    std::unique_ptr<disk::IHeldFile> oldFile = std::move(File);
     const std::string oldPath = OwnPath;
-    const long long oldSize = Size;
+    const std::uint64_t oldSize = Size;
     const bool wasBroken = std::exchange(IsBroken, false);
     const bool isMade = MakeFile();
     if (isMade && Append(kPage, page)) {
         if (oldFile) {
-            unlink(oldPath.c_str());
+            static_cast<void>(Disk.Remove(oldPath)); // what cannot go will be found as if a crash had left it
         }
         return true;
     }
     if (isMade) {
-        unlink(OwnPath.c_str());
+        static_cast<void>(Disk.Remove(OwnPath)); // the old file has all that can be had
     }
     File = std::move(oldFile);
     OwnPath = File ? oldPath : std::string();

@@ -1,10 +1,11 @@
 // What is written while a memo is open, so that a crash takes no more than the last moment of it.
 #pragma once
 
+#include "host/disk/disk.h"
 #include "host/ink/ink_control.h"
-#include "host/posix/file_descriptor.h"
 #include "platform/system_time.h"
 
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -16,8 +17,8 @@ namespace tavo::ink {
 class RecoveryFile {
   public:
     // `home` says what the ink belongs to, in the program's own bytes.
-    RecoveryFile(std::string folder, const SYSTEMTIME& begun, std::vector<std::uint8_t> home = {})
-        : Folder(std::move(folder)), Begun(begun), Home(std::move(home)) {}
+    RecoveryFile(disk::IDisk& disk, std::string folder, const SYSTEMTIME& begun, std::vector<std::uint8_t> home = {})
+        : Disk(disk), Folder(std::move(folder)), Begun(begun), Home(std::move(home)) {}
 
     ~RecoveryFile();
     RecoveryFile(const RecoveryFile&) = delete;
@@ -44,12 +45,13 @@ class RecoveryFile {
     bool WritePage(std::span<const std::uint8_t> page);
     bool WriteNews(const InkControl& control);
 
+    disk::IDisk& Disk;
     std::string Folder;
     SYSTEMTIME Begun;
     std::vector<std::uint8_t> Home;
     std::string OwnPath;
-    posix::FileDescriptor File;
-    long long Size = 0;
+    std::unique_ptr<disk::IHeldFile> File;
+    std::uint64_t Size = 0;
     std::uint64_t WrittenRevision = 0;
     std::optional<std::uint64_t> WrittenReshapes; // none: nothing of use is in the file
     std::size_t WrittenStrokes = 0;

@@ -1,31 +1,16 @@
 // Finding recovery files, and putting them away.
 #include "host/ink/recovery_folder.h"
 
-#include "host/ink/recovery_file.h"
 #include "host/locale/calendar_math.h"
-#include "host/posix/file_descriptor.h"
-#include "host/posix/replace_file.h"
 
 #include <algorithm>
-#include <filesystem>
-
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
+#include <utility>
 
 namespace tavo::ink {
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr std::string_view kEnding = ".ink";
 constexpr std::size_t kMaxFileSize = 256U << 20;
-
-// The owner of an open editor keeps its file locked.
-bool IsHeld(const std::string& path) {
-    const posix::FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW));
-    return file && flock(file.Get(), LOCK_EX | LOCK_NB) != 0;
-}
 
 // One that a device's clock can show.
 bool IsMoment(const SYSTEMTIME& time) {
@@ -34,33 +19,44 @@ bool IsMoment(const SYSTEMTIME& time) {
            time.Minute < 60 && time.Second < 60;
 }
 
-std::vector<std::string> NamesIn(const std::string& folder) {
+} // namespace
+
+std::vector<std::string> RecoveryFolder::Names() const {
     std::vector<std::string> names;
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-        const std::string name = entry->path().filename().string();
-        if (name.ends_with(kEnding) && entry->is_regular_file(error)) {
-            names.push_back(name);
+    const auto takeName = [&](std::string_view name, disk::EntryKind kind) {
+        if (!name.ends_with(kEnding)) {
+            return;
         }
-    }
-    std::sort(names.begin(), names.end()); // names begin with their moment
+        disk::Entry target{kind, {}};
+        if (kind == disk::EntryKind::Link &&
+            Disk.Look((OwnPath + "/").append(name), disk::LastLink::Follow, target) != ErrorCode::Success) {
+            return;
+        }
+        if (target.Kind == disk::EntryKind::File) {
+            names.emplace_back(name);
+        }
+    };
+    static_cast<void>(Disk.List(OwnPath, takeName)); // without the folder there are none
+    std::sort(names.begin(), names.end());           // names begin with their moment
     return names;
 }
 
-} // namespace
+std::unique_ptr<RecoveryFile> RecoveryFolder::Begin(const SYSTEMTIME& now, std::vector<std::uint8_t> home) const {
+    return std::make_unique<RecoveryFile>(Disk, OwnPath, now, std::move(home));
+}
 
 std::vector<RecoveredInk> RecoveryFolder::Find() const {
     std::vector<RecoveredInk> found;
-    for (const std::string& name : NamesIn(OwnPath)) {
+    for (const std::string& name : Names()) {
         const std::string path = OwnPath + "/" + name;
         std::vector<std::uint8_t> bytes;
-        if (IsHeld(path) || posix::ReadFile(path, kMaxFileSize, bytes) != ErrorCode::Success) {
+        if (Disk.IsHeld(path) || Disk.Read(path, kMaxFileSize, bytes) != ErrorCode::Success) {
             continue;
         }
         std::optional<RecoveryContents> contents = ReadRecovery(bytes);
         const bool isInk = contents.has_value() && !contents->Ink.empty();
         if (bytes.empty() || (contents.has_value() && !isInk)) {
-            unlink(path.c_str());
+            static_cast<void>(Disk.Remove(path)); // what cannot go is looked at again
         } else if (!isInk || !IsMoment(contents->Begun)) {
             Decline(name); // there is no asking about it
         } else {
@@ -74,29 +70,29 @@ std::vector<RecoveredInk> RecoveryFolder::Find() const {
 bool RecoveryFolder::Decline(const std::string& name) const {
     const std::string folder = DeclinedFolder();
     const std::string path = OwnPath + "/" + name;
-    mkdir(folder.c_str(), S_IRWXU); // what is wrong with it shows when it is written to
+    static_cast<void>(Disk.MakeFolder(folder)); // what is wrong with it shows when it is written to
     std::vector<std::uint8_t> bytes;
-    if (posix::ReadFile(path, kMaxFileSize, bytes) != ErrorCode::Success) {
+    if (Disk.Read(path, kMaxFileSize, bytes) != ErrorCode::Success) {
         return false;
     }
     const std::optional<RecoveryContents> contents = ReadRecovery(bytes);
     if (!contents.has_value()) {
-        return rename(path.c_str(), (folder + "/" + name).c_str()) == 0;
+        return Disk.Rename(path, folder + "/" + name) == ErrorCode::Success;
     }
     // A memo file: copied to the memos it is one.
     const std::string stem = name.substr(0, name.size() - kEnding.size());
-    return posix::ReplaceFile(folder + "/" + stem + ".pwi", contents->Ink) == ErrorCode::Success &&
-           unlink(path.c_str()) == 0;
+    return Disk.Replace(folder + "/" + stem + ".pwi", contents->Ink, {}) == ErrorCode::Success &&
+           Disk.Remove(path) == ErrorCode::Success;
 }
 
 void RecoveryFolder::End(std::u16string_view name, RecoveredInkEnd end) const {
-    const std::vector<std::string> names = NamesIn(OwnPath);
+    const std::vector<std::string> names = Names();
     const auto known = std::find(names.begin(), names.end(), std::string(name.begin(), name.end()));
-    if (known == names.end() || IsHeld(OwnPath + "/" + *known)) {
+    if (known == names.end() || Disk.IsHeld(OwnPath + "/" + *known)) {
         return;
     }
     if (end == RecoveredInkEnd::Kept) {
-        unlink((OwnPath + "/" + *known).c_str());
+        static_cast<void>(Disk.Remove(OwnPath + "/" + *known)); // what cannot go is asked about again
     } else {
         Decline(*known);
     }

@@ -1,8 +1,11 @@
 // The folder of what crashes left.
 #pragma once
 
+#include "host/disk/disk.h"
+#include "host/ink/recovery_file.h"
 #include "platform/ink.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,9 +14,10 @@ namespace tavo::ink {
 
 class RecoveryFolder {
   public:
-    explicit RecoveryFolder(std::string path) : OwnPath(std::move(path)) {}
+    RecoveryFolder(disk::IDisk& disk, std::string path) : Disk(disk), OwnPath(std::move(path)) {}
 
-    const std::string& Path() const { return OwnPath; }
+    // For ink that is begun now. It makes its file with what is first written to it.
+    std::unique_ptr<RecoveryFile> Begin(const SYSTEMTIME& now, std::vector<std::uint8_t> home) const;
 
     // Files that nobody holds any more and that hold ink, oldest first. Those without any are removed; those that
     // cannot be read, or say an impossible time, are put to the declined ones.
@@ -23,8 +27,10 @@ class RecoveryFolder {
   private:
     std::string DeclinedFolder() const { return OwnPath + "/Declined"; }
 
+    std::vector<std::string> Names() const; // of the recovery files, oldest first
     bool Decline(const std::string& name) const;
 
+    disk::IDisk& Disk;
     std::string OwnPath;
 };
 

@@ -64,7 +64,7 @@ FileDescriptor MakeFile(const FileDescriptor& folder, const std::string& name) {
 FileDescriptor MakeUnfinished(const FileDescriptor& folder, std::string& name, const std::string& ending) {
     static std::atomic<unsigned> counter{0};
     for (int attempt = 0; attempt < kMostTries; ++attempt) {
-        name = kUnfinishedPrefix + std::to_string(getpid()) + '-' + std::to_string(counter.fetch_add(1)) + ending;
+        name = disk::kUnfinishedPrefix + std::to_string(getpid()) + '-' + std::to_string(counter.fetch_add(1)) + ending;
         FileDescriptor file = MakeFile(folder, name);
         if (file || errno != EEXIST) {
             return file;

@@ -1,14 +1,12 @@
 // Making files so that nobody else decides where they come to lie.
 #pragma once
 
+#include "host/disk/disk.h"
 #include "host/posix/file_descriptor.h"
 
 #include <string>
 
 namespace tavo::posix {
-
-// An unfinished file is written under a name with this beginning.
-inline constexpr const char* kUnfinishedPrefix = ".~tavo-";
 
 // Whether others could put files into a folder, or change what lies in it.
 enum class FolderKeeping {
@@ -30,7 +28,7 @@ FileDescriptor OpenFolder(const std::string& path);
 // A new file in the folder, 0600, open for reading and writing. Never through a link, never one that is there: EEXIST.
 FileDescriptor MakeFile(const FileDescriptor& folder, const std::string& name);
 
-// A new file under a name of its own that begins with the prefix and has this ending; RemoveUnfinished knows it.
+// A new file under an unfinished file's name with this ending; RemoveUnfinished knows it.
 FileDescriptor MakeUnfinished(const FileDescriptor& folder, std::string& name, const std::string& ending = {});
 
 // A file that lasts and only carries a lock: opened, or made as above. Not through a link (ELOOP), and nothing but a

@@ -40,15 +40,8 @@ ErrorCode Sync(const FileDescriptor& folder) {
 }
 
 ErrorCode WriteAndSync(FileDescriptor& file, std::span<const std::uint8_t> bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = write(file.Get(), bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) {
-            continue;
-        }
-        if (written < 0) {
-            return ErrorCodeOf(errno);
-        }
-        bytes = bytes.subspan(static_cast<std::size_t>(written));
+    if (const ErrorCode error = WriteAll(file, bytes); error != ErrorCode::Success) {
+        return error;
     }
     if (fsync(file.Get()) != 0 || !file.Close()) {
         return ErrorCodeOf(errno);
@@ -87,6 +80,20 @@ ErrorCode ErrorCodeOf(int errnoValue) {
     default:
         return ErrorCode::CannotComplete;
     }
+}
+
+ErrorCode WriteAll(const FileDescriptor& file, std::span<const std::uint8_t> bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(file.Get(), bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) {
+            continue;
+        }
+        if (written <= 0) {
+            return written < 0 ? ErrorCodeOf(errno) : ErrorCode::CannotComplete;
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(written));
+    }
+    return ErrorCode::Success;
 }
 
 ErrorCode ReplaceFile(const std::string& path, std::span<const std::uint8_t> bytes,
@@ -167,7 +174,7 @@ void RemoveUnfinished(const std::string& folder) {
     while (const dirent* entry = readdir(entries.get())) {
         struct stat state {};
 
-        if (std::string_view(entry->d_name).starts_with(kUnfinishedPrefix) &&
+        if (std::string_view(entry->d_name).starts_with(disk::kUnfinishedPrefix) &&
             fstatat(dirfd(entries.get()), entry->d_name, &state, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(state.st_mode) &&
             state.st_mtime < oldest) {
             static_cast<void>(unlinkat(dirfd(entries.get()), entry->d_name, 0)); // what cannot go stays

@@ -1,6 +1,7 @@
 // Replacing a file of this machine whole or not at all.
 #pragma once
 
+#include "host/posix/file_descriptor.h"
 #include "platform/status.h"
 
 #include <cstddef>
@@ -14,6 +15,9 @@ namespace tavo::posix {
 
 // The device's code for an `errno`.
 ErrorCode ErrorCodeOf(int errnoValue);
+
+// All bytes, from where the file stands. After a failure some of them may be there.
+ErrorCode WriteAll(const FileDescriptor& file, std::span<const std::uint8_t> bytes);
 
 // Writes beside, synchronises, renames, synchronises the folder: whatever happens, the path names the old bytes or the
 // new ones. 0600. Only a regular file that we may read and write is replaced. `beforeRename` runs when the new bytes

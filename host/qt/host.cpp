@@ -43,8 +43,9 @@ bool HasTouchScreen() {
 } // namespace
 
 QtHost::QtHost(HostOptions options)
-    : Options(std::move(options)), Style(InstallStyle()), OwnFiles({Options.Root.Path(), Options.InstalledSounds}),
-      OwnRegistry(Options.Root.RegistryPath(), Options.Root.RunFolder() + "/Registry.lock"),
+    : Options(std::move(options)), Style(InstallStyle()),
+      OwnFiles(OwnDisk, {Options.Root.Path(), Options.InstalledSounds}),
+      OwnRegistry(OwnDisk, Options.Root.RegistryPath(), Options.Root.RunFolder() + "/Registry.lock"),
       OwnBox(new MessageBox(Shared, &OwnDesktop)), OwnWindows(Shared.State, Options.Root.RunFolder()),
       OwnQuitSignals([this] { Shared.Navigation.RequestQuit(kSessionEnds); }) {
     DescribePaintedWidgets();
@@ -58,7 +59,7 @@ QtHost::QtHost(HostOptions options)
     });
     Shared.Ink.SetClock(OwnClock);
     Shared.Ink.Shared().Copied = CopyPicture;
-    Shared.Ink.SetRecovery(Options.Root.Path() + "/Recovery");
+    Shared.Ink.SetRecovery(OwnDisk, Options.Root.Path() + "/Recovery");
     RecoveryTimer.setSingleShot(true);
     RecoveryTimer.setInterval(kRecoveryDelay);
     QObject::connect(&RecoveryTimer, &QTimer::timeout, &RecoveryTimer, [this] { Shared.Ink.SaveRecovery(); });

@@ -2,10 +2,11 @@
 #pragma once
 
 #include "host/files/device_files.h"
-#include "host/files/device_processes.h"
 #include "host/files/device_root.h"
 #include "host/files/registry_file.h"
 #include "host/locale/us_english_locale.h"
+#include "host/posix/device_processes.h"
+#include "host/posix/posix_disk.h"
 #include "host/posix/system_clock.h"
 #include "host/qt/activation.h"
 #include "host/qt/control_style.h"
@@ -43,7 +44,7 @@ struct HostOptions {
     // Called with the calendar files that were opened with the program, and whether some of them wait to be imported.
     std::function<void(const std::vector<std::string>& paths)> TakeFiles = {};
     std::function<bool()> HaveFiles = {};
-    std::string ProgramFolder = files::RunningProgramFolder(); // where the companion lies
+    std::string ProgramFolder = posix::RunningProgramFolder(); // where the companion lies
 };
 
 class QtHost final : public IHost, private shell::IShellObserver {
@@ -111,12 +112,13 @@ class QtHost final : public IHost, private shell::IShellObserver {
     void TakeRequest(const posix::ActivationRequest& request, Activation::Moment moment);
 
     HostOptions Options;
+    posix::PosixDisk OwnDisk;
     EventSource Events;
     Device Shared{Events, *this};
     ControlStyle* Style; // the application's
     posix::SystemClock OwnClock;
     files::DeviceFiles OwnFiles;
-    files::DeviceProcesses OwnProcesses{Options.ProgramFolder};
+    posix::DeviceProcesses OwnProcesses{Options.ProgramFolder};
     files::RegistryFile OwnRegistry;
     locale::UsEnglishLocale OwnLocale;
     qt::Sound OwnSound{OwnFiles};

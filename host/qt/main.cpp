@@ -5,6 +5,7 @@
 #include "host/outlook/import_writer.h"
 #include "host/posix/file_source.h"
 #include "host/posix/instance_lock.h"
+#include "host/posix/root_folder.h"
 #include "host/qt/command_line.h"
 #include "host/qt/font_preparation.h"
 #include "host/qt/host.h"
@@ -175,7 +176,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("tavocalendar"));
     QGuiApplication::setDesktopFileName(QStringLiteral("tavocalendar"));
     Q_INIT_RESOURCE(tavo_pictures);
-    const files::RootResult root = files::OpenDeviceRoot(files::RootEnvironment::OfProcess());
+    const posix::RootResult root = posix::OpenDeviceRoot(posix::RootEnvironment::OfProcess());
     if (!root.Root.has_value()) {
         return RefuseOnScreen(root.Problem);
     }

@@ -1,7 +1,7 @@
 // The real companion on a real session bus, with a service of notifications that writes down what it is asked.
-#include "host/files/device_root.h"
 #include "host/outlook/store_core.h"
 #include "host/posix/instance_lock.h"
+#include "host/posix/root_folder.h"
 #include "tests/companion/notification_service.h"
 #include "tests/companion/patience.h"
 #include "tests/companion/running_companion.h"
@@ -34,9 +34,9 @@ class OnABus : public CompanionTest {
     const Notification& Last() const { return Service.Came.back(); }
 
     std::string RunFolder() const {
-        files::RootEnvironment environment;
+        posix::RootEnvironment environment;
         environment.TavoHome = Folder.Path.string();
-        return files::OpenDeviceRoot(environment).Root.value().RunFolder();
+        return posix::OpenDeviceRoot(environment).Root.value().RunFolder();
     }
 
     fs::path Found() const { return Folder.Path / "found"; }

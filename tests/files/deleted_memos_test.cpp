@@ -2,6 +2,7 @@
 #include "host/files/deleted_memos.h"
 
 #include "host/files/device_files.h"
+#include "host/posix/posix_disk.h"
 #include "tests/files/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -20,11 +21,12 @@ constexpr const char* kDeleted = "My Documents/TavoCalendar/Deleted";
 struct DeletedMemosTest : testing::Test {
     TemporaryFolder Root;
     std::time_t Now = kNow;
+    posix::PosixDisk Disk;
     DeviceFiles Files = MakeFiles();
 
     DeviceFiles MakeFiles() {
         std::filesystem::create_directories(Root / kFolder);
-        return DeviceFiles({Root.Path()}, [this] { return Now; });
+        return DeviceFiles(Disk, {Root.Path()}, [this] { return Now; });
     }
 
     std::string GetDeleted(const std::string& name) const { return Root.Get(std::string(kDeleted) + '/' + name); }
@@ -116,7 +118,7 @@ TEST_F(DeletedMemosTest, AfterThirtyDaysTheyAreGone) {
 
 TEST_F(DeletedMemosTest, PurgingAnEmptyDeviceDoesNothing) {
     const TemporaryFolder empty;
-    DeviceFiles({empty.Path()}).Purge();
+    DeviceFiles(Disk, {empty.Path()}).Purge();
     EXPECT_EQ(empty.NamesIn(""), Names{});
 }
 

@@ -1,6 +1,7 @@
 // Tests of the device's files on real folders.
 #include "host/files/device_files.h"
 
+#include "host/posix/posix_disk.h"
 #include "tests/files/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -15,13 +16,14 @@ constexpr std::u16string_view kData = u"\\My Documents\\TavoCalendar";
 struct DeviceFilesTest : testing::Test {
     TemporaryFolder Home;
     std::string Root = Home / "root";
+    posix::PosixDisk Disk;
     DeviceFiles Files = MakeFiles();
 
     DeviceFiles MakeFiles() {
         std::filesystem::create_directories(Home / "root/My Documents/TavoCalendar");
         std::filesystem::create_directories(Home / "root/Windows");
         std::filesystem::create_directories(Home / "installed");
-        return DeviceFiles({Root, Home / "installed"});
+        return DeviceFiles(Disk, {Root, Home / "installed"});
     }
 
     std::string Read(std::u16string_view path) {

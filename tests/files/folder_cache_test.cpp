@@ -2,6 +2,7 @@
 #include "host/files/folder_cache.h"
 
 #include "host/files/device_files.h"
+#include "host/posix/posix_disk.h"
 #include "tests/files/temporary_folder.h"
 
 #include <chrono>
@@ -31,7 +32,8 @@ std::u16string PatternOfDay(int day) {
 TEST(FolderCache, AFolderAtRestIsReadOnce) {
     const TemporaryFolder folder;
     folder.Put("a", "");
-    FolderCache cache(folder.Path(), LinkRule::InsideOnly);
+    posix::PosixDisk disk;
+    FolderCache cache(disk, folder.Path(), LinkRule::InsideOnly);
     ASSERT_TRUE(cache.List(folder.Path()));
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
     ASSERT_TRUE(cache.List(folder.Path())); // the stamp has been the same for long enough now
@@ -44,7 +46,8 @@ TEST(FolderCache, AFolderAtRestIsReadOnce) {
 
 TEST(FolderCache, AYoungFolderIsReadEachTime) {
     const TemporaryFolder folder;
-    FolderCache cache(folder.Path(), LinkRule::InsideOnly);
+    posix::PosixDisk disk;
+    FolderCache cache(disk, folder.Path(), LinkRule::InsideOnly);
     SetModified(folder.Path(), std::time(nullptr) + 1000, 0); // whole seconds only, and never older than the clock
     for (int i = 0; i < 5; ++i) {
         ASSERT_TRUE(cache.List(folder.Path()));
@@ -54,7 +57,8 @@ TEST(FolderCache, AYoungFolderIsReadEachTime) {
 
 TEST(FolderCache, EveryChangeOfTheFolderIsSeen) {
     const TemporaryFolder folder;
-    FolderCache cache(folder.Path(), LinkRule::InsideOnly);
+    posix::PosixDisk disk;
+    FolderCache cache(disk, folder.Path(), LinkRule::InsideOnly);
     for (std::size_t i = 0; i < 20; ++i) {
         ASSERT_EQ(cache.List(folder.Path())->size(), i);
         std::this_thread::sleep_for(std::chrono::milliseconds(25)); // the reading may be believed meanwhile
@@ -67,7 +71,8 @@ TEST(FolderCache, AnotherFolderUnderTheSameNameIsSeen) {
     const TemporaryFolder folder;
     folder.Put("a/x", "");
     folder.Put("b/y", "");
-    FolderCache cache(folder.Path(), LinkRule::InsideOnly);
+    posix::PosixDisk disk;
+    FolderCache cache(disk, folder.Path(), LinkRule::InsideOnly);
     EXPECT_EQ(cache.List(folder / "a")->front().Name, u"x");
     std::filesystem::rename(folder / "a", folder / "c");
     EXPECT_FALSE(cache.List(folder / "a"));
@@ -81,7 +86,8 @@ TEST(FolderCache, NamesThatNoDevicePathCanSayAreLeftOut) {
         folder.Put(name, "");
     }
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
-    FolderCache cache(folder.Path(), LinkRule::InsideOnly);
+    posix::PosixDisk disk;
+    FolderCache cache(disk, folder.Path(), LinkRule::InsideOnly);
     const auto listing = cache.List(folder.Path());
     ASSERT_EQ(listing->size(), 1U);
     EXPECT_EQ(listing->front().Name, u"fine.wav");
@@ -98,7 +104,8 @@ TEST(FolderCache, InAFolderOfTenThousandMemosASearchCostsMicroseconds) {
     }
     SetModified(root / "My Documents/TavoCalendar", std::time(nullptr) - 1000, 1);
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    DeviceFiles files({root.Path()});
+    posix::PosixDisk disk;
+    DeviceFiles files(disk, {root.Path()});
     EXPECT_TRUE(files.FindFirstFileW(PatternOfDay(9)));
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
     EXPECT_TRUE(files.FindFirstFileW(PatternOfDay(9)));

@@ -1,6 +1,7 @@
 // Tests of the registry on its file.
 #include "host/files/registry_file.h"
 
+#include "host/posix/posix_disk.h"
 #include "tests/files/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +15,8 @@ constexpr std::u16string_view kReminders = u"\\ControlPanel\\Notifications\\Remi
 
 struct RegistryFileTest : testing::Test {
     TemporaryFolder Folder;
-    RegistryFile Registry{Folder / "Registry.txt", Folder / "Registry.lock"};
+    posix::PosixDisk Disk;
+    RegistryFile Registry{Disk, Folder / "Registry.txt", Folder / "Registry.lock"};
 };
 
 std::vector<std::uint8_t> BytesOfText(std::u16string_view text) {
@@ -34,7 +36,7 @@ TEST_F(RegistryFileTest, TheProfileGivesTheStandardUntilItIsWritten) {
     EXPECT_FALSE(Folder.Has("Registry.txt")); // asking writes nothing
     EXPECT_TRUE(Registry.WriteProfileInt(u"clock", u"isAnalog", 0));
     EXPECT_EQ(Registry.GetProfileIntW(u"clock", u"isAnalog", 1), 0);
-    RegistryFile again(Folder / "Registry.txt", Folder / "Registry.lock");
+    RegistryFile again(Disk, Folder / "Registry.txt", Folder / "Registry.lock");
     again.SetRegistryKey(u"ZORBEX");
     EXPECT_EQ(again.GetProfileIntW(u"Clock", u"ISANALOG", 1), 0);
     again.SetRegistryKey(u"Other");

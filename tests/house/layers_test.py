@@ -128,13 +128,20 @@ class LayersCheck(MadeUpTree):
                     "tools/a.cpp:1: <sqlite3.h>: only host/outlook/ speaks SQL")
 
     def test_SomeFoldersAskTheOperatingSystemNothing(self):
-        self.write("host/files/a.cpp", "#include <fcntl.h>\n#include <sys/stat.h>\n")
-        for folder in ("locale", "reminders", "rules", "shell"):
+        self.write("host/posix/a.cpp", "#include <fcntl.h>\n#include <sys/stat.h>\n")
+        folders = ("disk", "exchange", "files", "ink", "locale", "reminders", "rules", "shell")
+        for folder in folders:
             self.write(f"host/{folder}/a.cpp", "#include <cstdio>\n#include <unistd.h>\n")
         self.write("host/shell/b.cpp", "#include <sys/stat.h>\n")
-        self.refuse("host/locale/a.cpp:2: <unistd.h>", "host/reminders/a.cpp:2: <unistd.h>",
-                    "host/rules/a.cpp:2: <unistd.h>", "host/shell/a.cpp:2: <unistd.h>",
-                    "host/shell/b.cpp:1: <sys/stat.h>")
+        self.refuse(*(f"host/{folder}/a.cpp:2: <unistd.h>" for folder in folders), "host/shell/b.cpp:1: <sys/stat.h>")
+
+    def test_WhatTheyNeedOfTheOperatingSystemIsHandedToThem(self):
+        self.write("host/posix/files.h", "#pragma once\n#include <fcntl.h>\n")
+        self.write("host/qt/a.cpp", '#include "host/posix/files.h"\n')
+        for folder in ("files", "ink", "shell"):
+            self.write(f"host/{folder}/a.cpp", '#include "host/posix/files.h"\n')
+        self.refuse(*(f'host/{folder}/a.cpp:1: "host/posix/files.h": what this folder needs of the operating system'
+                      for folder in ("files", "ink", "shell")))
 
     def test_RulesAndTheScheduleOfRemindersNeedNothingElse(self):
         self.write("platform/status.h", "#pragma once\n")

@@ -1,6 +1,7 @@
 // What is left of a memo when the program dies over it.
 #include "host/ink/recovery_file.h"
 #include "host/ink/recovery_folder.h"
+#include "host/posix/posix_disk.h"
 #include "host/posix/replace_file.h"
 #include "tests/ink/control_desk.h"
 
@@ -80,7 +81,7 @@ class InkRecovery : public ControlDesk {
 
     std::vector<std::uint8_t> FileOfOneStroke() {
         Drag(10, 10, 60, 10);
-        RecoveryFile file(FolderPath(), kNow);
+        RecoveryFile file(Disk, FolderPath(), kNow);
         EXPECT_TRUE(file.Write(Control));
         return Left(file);
     }
@@ -95,10 +96,11 @@ class InkRecovery : public ControlDesk {
     }
 
     fs::path Root;
+    posix::PosixDisk Disk;
 };
 
 TEST_F(InkRecovery, HoldsTheInkWhileItIsBeingWritten) {
-    RecoveryFile file(FolderPath(), kNow);
+    RecoveryFile file(Disk, FolderPath(), kNow);
     for (int i = 0; i < 5; ++i) {
         Drag(10, 10 + 20 * i, 100, 10 + 20 * i);
         ASSERT_TRUE(file.Write(Control));
@@ -109,7 +111,7 @@ TEST_F(InkRecovery, HoldsTheInkWhileItIsBeingWritten) {
 
 TEST_F(InkRecovery, HoldsTheStrokeThatIsBeingDrawn) {
     Drag(10, 10, 60, 10);
-    RecoveryFile file(FolderPath(), kNow);
+    RecoveryFile file(Disk, FolderPath(), kNow);
     Control.PenDown(PenEnd::Tip, {{10, 50}, kNoPressure, 0});
     Control.PenMove({{30, 50}, kNoPressure, 10});
     ASSERT_TRUE(file.Write(Control));
@@ -124,7 +126,7 @@ TEST_F(InkRecovery, HoldsTheStrokeThatIsBeingDrawn) {
 
 TEST_F(InkRecovery, AStrokeTakenBackIsNotHeld) {
     Drag(10, 10, 60, 10);
-    RecoveryFile file(FolderPath(), kNow);
+    RecoveryFile file(Disk, FolderPath(), kNow);
     Control.PenDown(PenEnd::Tip, {{10, 50}, kNoPressure, 0});
     ASSERT_TRUE(file.Write(Control));
     Control.PenCancel();
@@ -135,7 +137,7 @@ TEST_F(InkRecovery, AStrokeTakenBackIsNotHeld) {
 TEST_F(InkRecovery, FollowsWhateverIsDone) {
     std::mt19937 random(11);
     const auto number = [&](int below) { return std::uniform_int_distribution<int>(0, below - 1)(random); };
-    RecoveryFile file(FolderPath(), kNow);
+    RecoveryFile file(Disk, FolderPath(), kNow);
     for (int i = 0; i < 300; ++i) {
         switch (number(7)) {
         case 0:
@@ -172,7 +174,7 @@ TEST_F(InkRecovery, FollowsWhateverIsDone) {
 
 TEST_F(InkRecovery, LongEditingDoesNotLetTheFileGrowForEver) {
     Control.SetData(Encode(WriteByHand(2000, 60)));
-    RecoveryFile file(FolderPath(), kNow);
+    RecoveryFile file(Disk, FolderPath(), kNow);
     std::uintmax_t largest = 0;
     for (int i = 0; i < 120; ++i) {
         Send(EM_SETSEL, 0, -1);
@@ -187,7 +189,7 @@ TEST_F(InkRecovery, LongEditingDoesNotLetTheFileGrowForEver) {
 }
 
 TEST_F(InkRecovery, ACutFileGivesWhatIsWhole) {
-    RecoveryFile file(FolderPath(), kNow);
+    RecoveryFile file(Disk, FolderPath(), kNow);
     std::vector<std::vector<std::uint8_t>> states{{}};
     for (int i = 0; i < 4; ++i) {
         Drag(10, 10 + 20 * i, 100, 10 + 20 * i);
@@ -209,7 +211,7 @@ TEST_F(InkRecovery, ACutFileGivesWhatIsWhole) {
 TEST_F(InkRecovery, TheFileIsForTheUserAloneAndGoesAtTheEnd) {
     Drag(10, 10, 60, 10);
     {
-        RecoveryFile file(FolderPath(), kNow);
+        RecoveryFile file(Disk, FolderPath(), kNow);
         ASSERT_TRUE(file.Write(Control));
 
         struct stat status {};
@@ -218,14 +220,14 @@ TEST_F(InkRecovery, TheFileIsForTheUserAloneAndGoesAtTheEnd) {
         EXPECT_EQ(status.st_mode & 0777U, 0600U);
         ASSERT_EQ(stat(FolderPath().c_str(), &status), 0);
         EXPECT_EQ(status.st_mode & 0777U, 0700U);
-        EXPECT_THAT(RecoveryFolder(FolderPath()).Find(), IsEmpty()); // its owner lives
+        EXPECT_THAT(RecoveryFolder(Disk, FolderPath()).Find(), IsEmpty()); // its owner lives
     }
     EXPECT_THAT(NamesIn(FolderPath()), IsEmpty());
 }
 
 TEST_F(InkRecovery, ACrashLeavesInkToBeFound) {
     LeaveFile("20041103_171005_1.ink", FileOfOneStroke());
-    const RecoveryFolder folder(FolderPath());
+    const RecoveryFolder folder(Disk, FolderPath());
     const std::vector<RecoveredInk> found = folder.Find();
     ASSERT_THAT(found, SizeIs(1));
     EXPECT_EQ(found[0].Data, Control.GetData());
@@ -238,7 +240,7 @@ TEST_F(InkRecovery, ACrashLeavesInkToBeFound) {
 
 TEST_F(InkRecovery, DeclinedInkStaysAsAMemoFile) {
     LeaveFile("20041103_171005_1.ink", FileOfOneStroke());
-    const RecoveryFolder folder(FolderPath());
+    const RecoveryFolder folder(Disk, FolderPath());
     folder.End(u"20041103_171005_1.ink", RecoveredInkEnd::Declined);
     EXPECT_THAT(folder.Find(), IsEmpty());
     std::vector<std::uint8_t> kept;
@@ -249,11 +251,11 @@ TEST_F(InkRecovery, DeclinedInkStaysAsAMemoFile) {
 TEST_F(InkRecovery, KnowsWhatTheInkBelongsTo) {
     Drag(10, 10, 60, 10);
     const std::vector<std::uint8_t> home{7, 0, 255};
-    RecoveryFile file(FolderPath(), kNow, home);
+    RecoveryFile file(Disk, FolderPath(), kNow, home);
     ASSERT_TRUE(file.Write(Control));
     EXPECT_EQ(ReadRecovery(Left(file))->Home, home);
     LeaveFile("left.ink", Left(file));
-    const std::vector<RecoveredInk> found = RecoveryFolder(FolderPath()).Find();
+    const std::vector<RecoveredInk> found = RecoveryFolder(Disk, FolderPath()).Find();
     ASSERT_THAT(found, SizeIs(1));
     EXPECT_EQ(found[0].Home, home);
     EXPECT_EQ(found[0].Data, Control.GetData());
@@ -277,7 +279,7 @@ TEST_F(InkRecovery, AnImpossibleTimeIsPutAwayWithItsInk) {
     std::vector<std::uint8_t> bytes = FileOfOneStroke();
     bytes[7] = 13; // the month
     LeaveFile("1.ink", bytes);
-    EXPECT_THAT(RecoveryFolder(FolderPath()).Find(), IsEmpty());
+    EXPECT_THAT(RecoveryFolder(Disk, FolderPath()).Find(), IsEmpty());
     std::vector<std::uint8_t> kept;
     ASSERT_EQ(posix::ReadFile(FolderPath() + "/Declined/1.pwi", 1 << 20, kept), ErrorCode::Success);
     EXPECT_EQ(kept, Control.GetData());
@@ -287,7 +289,7 @@ TEST_F(InkRecovery, AnImpossibleTimeIsPutAwayWithItsInk) {
 TEST_F(InkRecovery, AFullDiskLeavesNoSecondFileBehind) {
     Control.SetData(Encode(WriteByHand(2000, 60)));
     {
-        RecoveryFile file(FolderPath(), kNow);
+        RecoveryFile file(Disk, FolderPath(), kNow);
         const auto edit = [&] {
             Send(EM_SETSEL, 0, -1);
             Send(WM_CUT);
@@ -319,7 +321,7 @@ TEST_F(InkRecovery, AFullDiskLeavesNoSecondFileBehind) {
 TEST_F(InkRecovery, OnlyNamesThatWereFoundAreEnded) {
     LeaveFile("20041103_171005_1.ink", FileOfOneStroke());
     ASSERT_EQ(posix::ReplaceFile((Root / "other.ink").string(), std::vector<std::uint8_t>{1}), ErrorCode::Success);
-    RecoveryFolder(FolderPath()).End(u"../other.ink", RecoveredInkEnd::Kept);
+    RecoveryFolder(Disk, FolderPath()).End(u"../other.ink", RecoveredInkEnd::Kept);
     EXPECT_TRUE(fs::exists(Root / "other.ink"));
 }
 
@@ -327,7 +329,7 @@ TEST_F(InkRecovery, WhatCannotBeReadIsPutAwayAndWhatIsEmptyGoes) {
     LeaveFile("1.ink", {'n', 'o'});
     LeaveFile("2.ink", {});
     LeaveFile("3.txt", {'x'});
-    EXPECT_THAT(RecoveryFolder(FolderPath()).Find(), IsEmpty());
+    EXPECT_THAT(RecoveryFolder(Disk, FolderPath()).Find(), IsEmpty());
     EXPECT_THAT(NamesIn(FolderPath()), ElementsAre("3.txt", "Declined"));
     EXPECT_THAT(NamesIn(FolderPath() + "/Declined"), ElementsAre("1.ink"));
 }
@@ -335,7 +337,7 @@ TEST_F(InkRecovery, WhatCannotBeReadIsPutAwayAndWhatIsEmptyGoes) {
 TEST_F(InkRecovery, WhereNothingCanBeWrittenItTriesAgain) {
     ASSERT_EQ(posix::ReplaceFile(FolderPath(), std::vector<std::uint8_t>{1}), ErrorCode::Success); // a file in its way
     Drag(10, 10, 60, 10);
-    RecoveryFile file(FolderPath(), kNow);
+    RecoveryFile file(Disk, FolderPath(), kNow);
     EXPECT_FALSE(file.Write(Control));
     fs::remove(FolderPath());
     EXPECT_TRUE(file.Write(Control));

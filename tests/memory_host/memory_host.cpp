@@ -8,13 +8,8 @@
 namespace tavo::memory {
 
 MemoryHost::MemoryHost(HostOptions options, shell::IEventSource& outside, IClock& clock)
-    : BareHost({options.Root.Path()}, outside, clock), Options(std::move(options)),
-      OwnRegistry(Options.Root.RegistryPath(), Options.Root.RunFolder() + "/Registry.lock") {}
-
-bool MemoryHost::PrepareWait() {
-    OwnProcesses.StartWaiting();
-    return BareHost::PrepareWait();
-}
+    : BareHost(options.Disk, {options.Root.Path()}, outside, clock), Options(std::move(options)),
+      OwnRegistry(Options.Disk, Options.Root.RegistryPath(), Options.Root.RunFolder() + "/Registry.lock") {}
 
 void MemoryHost::SetScale(int scale) {
     Scale = scale;

@@ -4,7 +4,6 @@
 #include "host/bare/painted_drawing.h"
 #include "host/bare/popup.h"
 #include "host/bare/screen_touch.h"
-#include "host/files/device_processes.h"
 #include "host/files/device_root.h"
 #include "host/files/registry_file.h"
 #include "tests/memory_host/canvas.h"
@@ -12,10 +11,11 @@
 namespace tavo::memory {
 
 struct HostOptions {
+    disk::IDisk& Disk; // this and the next but one must outlive the host
     files::DeviceRoot Root;
+    IProcesses& Processes;
     std::function<Status(ComPtr<IPOutlookApp>& outlook)> CreateOutlook; // makes the store's application object
     std::function<ErrorCode()> LastStoreError;
-    std::string ProgramFolder = files::RunningProgramFolder(); // where the companion lies
 };
 
 class MemoryHost final : public bare::BareHost, private bare::IPaintKit, private ISound {
@@ -27,7 +27,7 @@ class MemoryHost final : public bare::BareHost, private bare::IPaintKit, private
 
     IRegistry& Registry() override { return OwnRegistry; }
 
-    IProcesses& Processes() override { return OwnProcesses; }
+    IProcesses& Processes() override { return Options.Processes; }
 
     ISound& Sound() override { return *this; }
 
@@ -41,7 +41,6 @@ class MemoryHost final : public bare::BareHost, private bare::IPaintKit, private
 
     shell::ITextFace& Find(shell::ChromeFont font) override { return Drawn.Find(font); }
 
-    bool PrepareWait() override;
     // A logical pixel is that many real ones wide from now on.
     void SetScale(int scale);
     // The screen as it is now.
@@ -64,7 +63,6 @@ class MemoryHost final : public bare::BareHost, private bare::IPaintKit, private
 
     HostOptions Options;
     files::RegistryFile OwnRegistry;
-    files::DeviceProcesses OwnProcesses{Options.ProgramFolder};
     bare::PaintedDrawing Drawn{*this};
     std::vector<std::uint8_t> Playing;
     int Scale = 1;

@@ -1,6 +1,7 @@
 // A program killed in the middle of a stroke.
 #include "host/ink/codec.h"
 #include "host/ink/recovery_folder.h"
+#include "host/posix/posix_disk.h"
 
 #include <gtest/gtest.h>
 
@@ -109,7 +110,8 @@ TEST(InkCrash, AtMostASecondOfTheStrokeIsGone) {
         writer.ListenUntil(writer.All.front().At + milliseconds(time));
         const auto killed = Clock::now();
         writer.Kill();
-        const std::vector<RecoveredInk> found = RecoveryFolder(root + "/Recovery").Find();
+        posix::PosixDisk disk;
+        const std::vector<RecoveredInk> found = RecoveryFolder(disk, root + "/Recovery").Find();
         ASSERT_EQ(found.size(), 1U) << "killed after " << time << " ms";
         std::vector<PlacedStroke> strokes;
         ASSERT_EQ(Decode(found[0].Data, strokes), Reading::Whole);

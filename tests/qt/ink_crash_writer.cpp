@@ -1,5 +1,6 @@
 // Writes one stroke that never ends on an ink control of the desktop, a sample every few milliseconds, until it is
 // killed. Tells the number of each sample on standard output before it is sent.
+#include "host/posix/root_folder.h"
 #include "host/qt/font_preparation.h"
 #include "host/qt/host.h"
 
@@ -46,7 +47,7 @@ void SendSample(QWidget& paper, QEvent::Type type, int number) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const files::RootResult root = files::OpenDeviceRoot(files::RootEnvironment::OfProcess());
+    const posix::RootResult root = posix::OpenDeviceRoot(posix::RootEnvironment::OfProcess());
     QApplication application(argc, argv);
     if (!root.Root.has_value() || !qt::PrepareFonts()) {
         return 1;

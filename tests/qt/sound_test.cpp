@@ -1,5 +1,7 @@
 // Sounds: found in the device's folders, played where there is something to play them.
 #include "host/qt/sound.h"
+
+#include "host/posix/posix_disk.h"
 #include "tests/qt/temporary_root.h"
 
 #include <fstream>
@@ -20,7 +22,8 @@ void WriteSilence(const std::filesystem::path& path) {
 class SoundTest : public testing::Test {
   protected:
     TemporaryRoot Root;
-    files::DeviceFiles Files{{Root.Open().Path(), ""}};
+    posix::PosixDisk Disk;
+    files::DeviceFiles Files{Disk, {Root.Open().Path(), ""}};
     Sound Player{Files};
 };
 

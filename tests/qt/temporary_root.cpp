@@ -1,6 +1,8 @@
 // Making and removing the folder.
 #include "tests/qt/temporary_root.h"
 
+#include "host/posix/root_folder.h"
+
 #include <cstdlib>
 #include <stdexcept>
 
@@ -20,9 +22,9 @@ TemporaryRoot::~TemporaryRoot() {
 }
 
 files::DeviceRoot TemporaryRoot::Open() const {
-    files::RootEnvironment environment;
+    posix::RootEnvironment environment;
     environment.TavoHome = Folder.string();
-    return files::OpenDeviceRoot(environment).Root.value();
+    return posix::OpenDeviceRoot(environment).Root.value();
 }
 
 } // namespace tavo::qt

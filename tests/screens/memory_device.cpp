@@ -2,18 +2,19 @@
 #include "tests/screens/memory_device.h"
 
 #include "host/outlook/store.h"
+#include "host/posix/root_folder.h"
 
 namespace tavo::memory {
 
 namespace {
 
 files::DeviceRoot OpenRoot(const std::string& folder) {
-    files::RootEnvironment environment;
+    posix::RootEnvironment environment;
     environment.TavoHome = folder;
-    return files::OpenDeviceRoot(environment).Root.value();
+    return posix::OpenDeviceRoot(environment).Root.value();
 }
 
-HostOptions OptionsFor(const std::string& folder) {
+HostOptions OptionsFor(const std::string& folder, disk::IDisk& disk, IProcesses& processes) {
     const files::DeviceRoot root = OpenRoot(folder);
     const auto create = [path = root.StorePath()](ComPtr<IPOutlookApp>& outlook) {
         outlook::StoreOptions options;
@@ -21,7 +22,7 @@ HostOptions OptionsFor(const std::string& folder) {
         outlook = outlook::CreateOutlookApp(path, options);
         return outlook ? Status::Ok : Status::OutOfMemory;
     };
-    return {root, create, [] { return ErrorCode::CannotComplete; }, folder};
+    return {disk, root, processes, create, [] { return ErrorCode::CannotComplete; }};
 }
 
 } // namespace
@@ -50,8 +51,11 @@ int Screenshot::CountDifferences(const Screenshot& other) const {
 
 MemoryDevice::MemoryDevice()
     : Time({2004, 11, 3, 17, 10, 0, 0, 0}, [this] { Host.Queue().PostQuitMessage(kScriptEnded); }),
-      Host(OptionsFor(Folder.Path()), Time, Time.Clock) {
-    Time.SetWaited([this] { return Host.PrepareWait(); });
+      Host(OptionsFor(Folder.Path(), Disk, Programs), Time, Time.Clock) {
+    Time.SetWaited([this] {
+        Programs.StartWaiting();
+        return Host.PrepareWait();
+    });
 }
 
 void MemoryDevice::Tap(const Rect& place) {

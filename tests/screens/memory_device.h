@@ -2,6 +2,8 @@
 #pragma once
 
 #include "host/bare/scripted_time.h"
+#include "host/posix/device_processes.h"
+#include "host/posix/posix_disk.h"
 #include "tests/files/temporary_folder.h"
 #include "tests/memory_host/memory_host.h"
 
@@ -40,6 +42,8 @@ class MemoryDevice {
 
   private:
     files::TemporaryFolder Folder;
+    posix::PosixDisk Disk;
+    posix::DeviceProcesses Programs{Folder.Path()};
 
   public:
     bare::ScriptedTime Time;

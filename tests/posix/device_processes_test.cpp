@@ -1,5 +1,5 @@
 // Tests of starting other programs.
-#include "host/files/device_processes.h"
+#include "host/posix/device_processes.h"
 
 #include "tests/files/temporary_folder.h"
 
@@ -10,9 +10,11 @@
 #include <sys/stat.h>
 #include <thread>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 namespace {
+
+using files::TemporaryFolder;
 
 constexpr std::u16string_view kCompanion = u"\\Program Files\\Zorbex\\TavoCalendar\\RSound.exe";
 constexpr std::u16string_view kClock = u"\\Windows\\Clock.exe";
@@ -156,7 +158,7 @@ TEST_F(DeviceProcessesTest, AProgramStartsWhenThereIsTimeForItAndOnce) {
 }
 
 TEST(RunningProgramFolder, IsWhereThisTestLies) {
-    EXPECT_TRUE(std::filesystem::exists(RunningProgramFolder() + "/files_test"));
+    EXPECT_TRUE(std::filesystem::exists(RunningProgramFolder() + "/posix_test"));
 }
 
-} // namespace tavo::files
+} // namespace tavo::posix

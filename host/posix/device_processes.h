@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 // The folder of the running executable; empty when the system does not tell.
 std::string RunningProgramFolder();
@@ -43,4 +43,4 @@ class DeviceProcesses final : public IProcesses {
     std::vector<std::vector<std::string>> Waiting; // in the order in which they are to start
 };
 
-} // namespace tavo::files
+} // namespace tavo::posix

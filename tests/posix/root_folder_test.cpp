@@ -1,5 +1,5 @@
 // Tests of finding and making the device's root.
-#include "host/files/device_root.h"
+#include "host/posix/root_folder.h"
 
 #include "tests/files/temporary_folder.h"
 
@@ -7,10 +7,13 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 namespace {
 
+using files::RunApart;
+using files::RunUnprivileged;
+using files::TemporaryFolder;
 using testing::EndsWith;
 using testing::HasSubstr;
 
@@ -141,4 +144,4 @@ TEST(DeviceRoot, AFileInTheWayIsNamedAndLeftAlone) {
     EXPECT_EQ(folder.Get("root/Windows"), "a file");
 }
 
-} // namespace tavo::files
+} // namespace tavo::posix

@@ -1,5 +1,5 @@
 // Finds and makes the device's root folder.
-#include "host/files/device_root.h"
+#include "host/posix/root_folder.h"
 
 #include "host/posix/private_file.h"
 
@@ -13,7 +13,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 namespace {
 
@@ -98,10 +98,10 @@ std::string QuoteForShell(const std::string& text) {
 // What is wrong with a folder into which others could put files; "" when they cannot.
 std::string DescribeExposure(const std::string& folder) {
     constexpr const char* kElse = ", or set TAVO_HOME to a folder of your own.";
-    switch (posix::LookAtFolder(folder)) {
-    case posix::FolderKeeping::OfSomebodyElse:
+    switch (LookAtFolder(folder)) {
+    case FolderKeeping::OfSomebodyElse:
         return "The folder " + folder + " belongs to someone else; have it given to you (chown)" + kElse;
-    case posix::FolderKeeping::OpenToOthers:
+    case FolderKeeping::OpenToOthers:
         return "Others may write to the folder " + folder + "; close it to them with: chmod go-w " +
                QuoteForShell(folder) + kElse;
     default:
@@ -133,7 +133,7 @@ RootResult OpenDeviceRoot(const RootEnvironment& environment) {
     if (!real) {
         return Refuse(DescribeFailure(path, errno));
     }
-    DeviceRoot root(real.get());
+    files::DeviceRoot root(real.get());
     // A folder that can be read only is no reason to refuse: the store tells what it cannot do.
     if (access(real.get(), R_OK | X_OK) != 0) {
         return Refuse(DescribeFailure(path, errno));
@@ -153,4 +153,4 @@ RootResult OpenDeviceRoot(const RootEnvironment& environment) {
     return {std::move(root), {}};
 }
 
-} // namespace tavo::files
+} // namespace tavo::posix

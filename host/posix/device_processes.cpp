@@ -1,5 +1,5 @@
 // Finds the two programs of the device and starts them apart from us.
-#include "host/files/device_processes.h"
+#include "host/posix/device_processes.h"
 
 #include "host/files/device_path.h"
 #include "host/locale/case_folding.h"
@@ -19,7 +19,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace tavo::files {
+namespace tavo::posix {
 
 namespace {
 
@@ -97,7 +97,7 @@ std::optional<std::vector<std::string>> FindClock() {
 
 std::u16string FoldPath(std::u16string_view path) {
     std::u16string folded;
-    for (const std::u16string& part : ParseDevicePath(path).value_or(std::vector<std::u16string>())) {
+    for (const std::u16string& part : files::ParseDevicePath(path).value_or(std::vector<std::u16string>())) {
         folded += u'\\' + locale::FoldCase(part);
     }
     return folded;
@@ -214,4 +214,4 @@ std::optional<std::vector<std::string>> DeviceProcesses::Resolve(std::u16string_
     return command;
 }
 
-} // namespace tavo::files
+} // namespace tavo::posix
