@@ -28,23 +28,35 @@ template <class Action> ErrorCode Guard(Action action) {
     }
 }
 
+// What cannot be looked at may well be there, and is never taken for missing: it would be made anew. A name that is too
+// long for the disk is nobody's.
+bool IsMissing(ErrorCode error) {
+    return error == ErrorCode::FileNotFound || error == ErrorCode::PathNotFound || error == ErrorCode::InvalidName;
+}
+
+ErrorCode CodeOfFolder(ErrorCode error) {
+    return IsMissing(error) ? ErrorCode::PathNotFound : error;
+}
+
 // The name as the folder spells it: exactly so if there is one, else the first that differs in case only.
-std::optional<std::string> FindName(disk::IDisk& disk, FolderCache& cache, const std::string& folder,
-                                    const std::u16string& name) {
-    std::string exact = locale::ToUtf8(name);
-    if (disk::Entry entry; disk.Look(folder + '/' + exact, LastLink::Keep, entry) == ErrorCode::Success) {
-        return exact;
+// FileNotFound when there is none; then, as after any failure, `found` is the name as it was asked for.
+ErrorCode FindName(disk::IDisk& disk, FolderCache& cache, const std::string& folder, const std::u16string& name,
+                   std::string& found) {
+    found = locale::ToUtf8(name);
+    disk::Entry entry;
+    const ErrorCode error = disk.Look(folder + '/' + found, LastLink::Keep, entry);
+    if (error == ErrorCode::Success) {
+        return error;
     }
-    const std::shared_ptr<const FolderListing> listing = cache.List(folder);
-    if (!listing) {
-        return std::nullopt;
+    if (const std::shared_ptr<const FolderListing> listing = cache.List(folder)) {
+        const std::u16string folded = locale::FoldCase(name);
+        const auto place = FindFromName(*listing, folded);
+        if (place != listing->end() && place->Folded == folded) {
+            found = locale::ToUtf8(place->Name);
+            return ErrorCode::Success;
+        }
     }
-    const std::u16string folded = locale::FoldCase(name);
-    const auto found = FindFromName(*listing, folded);
-    if (found == listing->end() || found->Folded != folded) {
-        return std::nullopt;
-    }
-    return locale::ToUtf8(found->Name);
+    return IsMissing(error) ? ErrorCode::FileNotFound : error;
 }
 
 bool IsMovable(EntryKind kind) {
@@ -156,14 +168,14 @@ void DeviceFiles::Purge() {
 ErrorCode DeviceFiles::FindFolder(Parts parts, std::string& folder) {
     folder = Root;
     for (const std::u16string& part : parts) {
-        const std::optional<std::string> name = FindName(Disk, UserFolders, folder, part);
-        if (!name) {
-            return ErrorCode::PathNotFound;
+        std::string name;
+        if (const ErrorCode error = FindName(Disk, UserFolders, folder, part, name); error != ErrorCode::Success) {
+            return CodeOfFolder(error);
         }
-        folder += '/' + *name;
+        folder += '/' + name;
         EntryKind kind{};
-        if (FindKind(folder, kind) != ErrorCode::Success) {
-            return ErrorCode::PathNotFound;
+        if (const ErrorCode error = FindKind(folder, kind); error != ErrorCode::Success) {
+            return CodeOfFolder(error);
         }
         if (kind == EntryKind::Link) {
             folder = Disk.Resolve(folder);
@@ -190,7 +202,8 @@ ErrorCode DeviceFiles::FindPlace(std::u16string_view path, LastLink link, Place&
         error != ErrorCode::Success) {
         return error;
     }
-    place.Name = FindName(Disk, UserFolders, place.Folder, parts->back()).value_or(locale::ToUtf8(parts->back()));
+    // One that is not found keeps its name: what is done with it tells why.
+    static_cast<void>(FindName(Disk, UserFolders, place.Folder, parts->back(), place.Name));
     return link == LastLink::Follow ? FollowLink(place) : ErrorCode::Success;
 }
 
@@ -243,11 +256,11 @@ std::optional<std::string> DeviceFiles::FindInstalled(Parts parts) {
     }
     std::string found = Installed;
     for (const std::u16string& part : parts.subspan(1)) {
-        const std::optional<std::string> name = FindName(Disk, InstalledFolders, found, part);
-        if (!name) {
+        std::string name;
+        if (FindName(Disk, InstalledFolders, found, part, name) != ErrorCode::Success) {
             return std::nullopt;
         }
-        found += '/' + *name;
+        found += '/' + name;
     }
     return found;
 }
@@ -275,9 +288,10 @@ ErrorCode DeviceFiles::Write(std::u16string_view path, std::span<const std::uint
     const std::string realPath = place.Path();
     const ErrorCode error = Disk.Replace(realPath, bytes, [&] {
         disk::Entry before;
-        if (!IsKeptMemo(place.Folder, place.Name) ||
-            Disk.Look(realPath, LastLink::Follow, before) != ErrorCode::Success) {
-            return ErrorCode::Success;
+        const ErrorCode missing = IsKeptMemo(place.Folder, place.Name) ? Disk.Look(realPath, LastLink::Follow, before)
+                                                                       : ErrorCode::FileNotFound;
+        if (missing != ErrorCode::Success) {
+            return missing == ErrorCode::FileNotFound ? ErrorCode::Success : missing;
         }
         return KeepMemo(Disk, place.Folder, place.Name, Now());
     });
