@@ -3,6 +3,7 @@
 
 #include "host/outlook/store.h"
 #include "host/posix/root_folder.h"
+#include "host/posix/store_machine.h"
 #include "host/qt/font_preparation.h"
 
 #include <cstdio>
@@ -26,7 +27,7 @@ DesktopDevice::DesktopDevice(int& count, char** arguments) : Application(count, 
     qt::HostOptions options{*root.Root, ""};
     options.ProgramFolder = root.Root->Path(); // no companion lies there that would stay behind
     options.CreateOutlook = [store = Store](ComPtr<IPOutlookApp>& outlook) {
-        outlook = outlook::CreateOutlookApp(store, {});
+        outlook = outlook::CreateOutlookApp(posix::SystemMachine(), store, {});
         return Status::Ok;
     };
     OwnHost.emplace(std::move(options));

@@ -3,6 +3,7 @@
 // interfaces ns, their occurrences. Times are the median of many runs, in turn.
 #include "benchmarks/costs.h"
 #include "host/outlook/store.h"
+#include "host/posix/store_machine.h"
 #include "host/rules/wall_time.h"
 
 #include <sqlite3.h>
@@ -97,7 +98,7 @@ template <class Work> long long Measure(const Work& work) {
 
 bool OpenItems(const char* path, ComPtr<IPOutlookApp>& app, ComPtr<IPOutlookItemCollection>& items) {
     ComPtr<IFolder> folder;
-    app = outlook::CreateOutlookApp(path, {});
+    app = outlook::CreateOutlookApp(posix::SystemMachine(), path, {});
     return Succeeded(app->Logon(WindowHandle::None)) && Succeeded(app->GetDefaultFolder(kFolderCalendar, folder)) &&
            Succeeded(folder->get_Items(items));
 }

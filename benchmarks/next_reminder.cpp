@@ -3,6 +3,7 @@
 #include "host/outlook/reminder_finder.h"
 #include "host/outlook/store.h"
 #include "host/outlook/store_core.h"
+#include "host/posix/store_machine.h"
 
 #include <cstdio>
 #include <sqlite3.h>
@@ -28,7 +29,7 @@ int main(int count, char** arguments) {
     outlook::StorePtr store;
     outlook::StoreOptions options;
     options.HasSmallCache = true; // as the companion has it
-    if (count != 2 || Failed(outlook::OpenStore(arguments[1], options, store))) {
+    if (count != 2 || Failed(outlook::OpenStore(posix::SystemMachine(), arguments[1], options, store))) {
         std::fprintf(stderr, "usage: tavo-next-reminder STORE\n");
         return 1;
     }

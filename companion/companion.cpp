@@ -2,6 +2,8 @@
 #include "companion/companion.h"
 
 #include "host/posix/device_processes.h"
+#include "host/posix/folder_notice.h"
+#include "host/posix/store_machine.h"
 #include "host/posix/zone_database.h"
 #include "host/rules/zones.h"
 
@@ -57,9 +59,10 @@ posix::FileDescriptor WatchFolder(const char* folder) {
 
 struct Companion::Opened {
     Opened(const outlook::StorePtr& store, ReminderDesk& desk)
-        : Store(store), Watcher(store), Ledger(store, Now), Planner(Ledger, desk) {}
+        : Store(store), Watcher(store, Notice), Ledger(store, Now), Planner(Ledger, desk) {}
 
     outlook::StorePtr Store;
+    posix::FolderNotice Notice;
     outlook::ChangeWatcher Watcher;
     outlook::StoreLedger Ledger;
     reminders::Scheduler Planner;
@@ -98,7 +101,7 @@ Status Companion::OpenStore() {
     outlook::StoreOptions options;
     options.LockPatience = kStorePatience;
     options.HasSmallCache = true;
-    const Status status = outlook::OpenStore(Root.StorePath(), options, store);
+    const Status status = outlook::OpenStore(posix::SystemMachine(), Root.StorePath(), options, store);
     if (Failed(status)) {
         Folder = WatchFolder(Root.Path().c_str());
         return status;
@@ -269,7 +272,7 @@ void Companion::Wait(std::optional<Instant> end) {
     places[AlarmPlace] = {Alarm.Get(), POLLIN, 0};
     places[SignalPlace] = {Signals.Get(), POLLIN, 0};
     places[ZonePlace] = {Zone.Get(), POLLIN, 0};
-    places[StorePlace] = {Device == nullptr ? Folder.Get() : Device->Watcher.Descriptor(), POLLIN, 0};
+    places[StorePlace] = {Device == nullptr ? Folder.Get() : Device->Notice.Descriptor(), POLLIN, 0};
     places[BusPlace] = {Desk.Bus().Descriptor(), static_cast<short>(Desk.Bus().PollEvents()), 0};
     places[WindowPlace] = {Desk.Window().Output(), POLLIN, 0};
     places[RoomPlace] = {Desk.Window().Input(), POLLOUT, 0};

@@ -5,6 +5,7 @@
 #include "host/files/device_files.h"
 #include "host/outlook/diagnosis.h"
 #include "host/posix/posix_disk.h"
+#include "host/posix/store_machine.h"
 #include "host/rules/wall_time.h"
 
 #include <algorithm>
@@ -62,7 +63,8 @@ RoundResult GoRound(const files::DeviceRoot& root) {
     posix::PosixDisk disk;
     files::DeviceFiles(disk, {root.Path()}).Purge();
     disk.RemoveUnfinished(root.RunFolder());
-    const outlook::Diagnosis diagnosis = outlook::DiagnoseStore(root.StorePath(), outlook::CheckDepth::Full);
+    const outlook::Diagnosis diagnosis =
+        outlook::DiagnoseStore(posix::SystemMachine(), root.StorePath(), outlook::CheckDepth::Full);
     if (diagnosis.State == outlook::Verdict::Ok) {
         return RoundResult::Sound;
     }

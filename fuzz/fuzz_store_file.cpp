@@ -2,6 +2,7 @@
 #include "host/outlook/diagnosis.h"
 #include "host/outlook/occurrence_reader.h"
 #include "host/outlook/store.h"
+#include "host/posix/store_machine.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -77,15 +78,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string bytes(reinterpret_cast<const char*>(data), size);
     std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
     StorePtr store;
-    if (Succeeded(OpenStore(path, MakeOptions(Access::ReadOnly), store))) {
+    if (Succeeded(OpenStore(posix::SystemMachine(), path, MakeOptions(Access::ReadOnly), store))) {
         Look(store);
     }
     store.reset();
-    const Diagnosis diagnosis = DiagnoseStore(path, CheckDepth::Full, 0);
+    const Diagnosis diagnosis = DiagnoseStore(posix::SystemMachine(), path, CheckDepth::Full, 0);
     Require(!diagnosis.What.empty() && (diagnosis.State == Verdict::Ok || !diagnosis.Advice.empty()));
     // Looking and examining write nothing into the file, nor does an opening that is refused.
     Require(ReadWhole(path) == bytes);
-    if (Failed(OpenStore(path, MakeOptions(Access::ReadWrite), store))) {
+    if (Failed(OpenStore(posix::SystemMachine(), path, MakeOptions(Access::ReadWrite), store))) {
         Require(ReadWhole(path) == bytes);
     }
     store.reset();

@@ -9,6 +9,7 @@
 #include "host/outlook/occurrence_reader.h"
 #include "host/outlook/reminder_finder.h"
 #include "host/outlook/store_core.h"
+#include "host/posix/store_machine.h"
 #include "host/rules/restriction.h"
 #include "tests/outlook/planted_rule.h"
 #include "tests/support/processor_time.h"
@@ -74,7 +75,7 @@ StorePtr Open(const std::filesystem::path& file, const std::string& zone) {
     StoreOptions options;
     options.DeviceZone = zone;
     StorePtr store;
-    Require(Succeeded(OpenStore(file, options, store)));
+    Require(Succeeded(OpenStore(posix::SystemMachine(), file, options, store)));
     Require(Succeeded(CoreOf(*store).Db.Run("PRAGMA synchronous = OFF")));
     return store;
 }
@@ -205,7 +206,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Remind(store);
     }
     const Deadline soon("the check");
-    const Diagnosis diagnosis = DiagnoseStore(file, CheckDepth::Full);
+    const Diagnosis diagnosis = DiagnoseStore(posix::SystemMachine(), file, CheckDepth::Full);
     const bool isOrdered = diagnosis.State == Verdict::Ok && diagnosis.Findings.empty();
     Require(isOrdered || (planted && diagnosis.State == Verdict::LeavesOut));
     return 0;

@@ -3,6 +3,7 @@
 #include "host/locale/harmless_text.h"
 #include "host/outlook/diagnosis.h"
 #include "host/posix/posix_disk.h"
+#include "host/posix/store_machine.h"
 #include "platform/device_paths.h"
 #include "store/category_codec.h"
 #include "tools/commands.h"
@@ -19,7 +20,8 @@ using locale::MakeHarmless;
 
 // One sentence; `sound` becomes false when something is wrong.
 std::string CheckStore(const files::DeviceRoot& root, bool& sound) {
-    const outlook::Diagnosis diagnosis = outlook::DiagnoseStore(root.StorePath(), outlook::CheckDepth::Full);
+    const outlook::Diagnosis diagnosis =
+        outlook::DiagnoseStore(posix::SystemMachine(), root.StorePath(), outlook::CheckDepth::Full);
     const bool good = diagnosis.State == outlook::Verdict::Ok || diagnosis.State == outlook::Verdict::Missing;
     sound = sound && good && diagnosis.Findings.empty();
     std::string text = "Store: " + MakeHarmless(diagnosis.What);

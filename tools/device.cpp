@@ -4,6 +4,7 @@
 #include "host/locale/harmless_text.h"
 #include "host/outlook/diagnosis.h"
 #include "host/posix/root_folder.h"
+#include "host/posix/store_machine.h"
 
 #include <cstdio>
 
@@ -20,14 +21,15 @@ std::optional<files::DeviceRoot> FindRoot() {
 Opening OpenStore(const files::DeviceRoot& root, outlook::Access access, outlook::StorePtr& store) {
     outlook::StoreOptions options;
     options.Rights = access;
-    const Status status = outlook::OpenStore(root.StorePath(), options, store);
+    const Status status = outlook::OpenStore(posix::SystemMachine(), root.StorePath(), options, store);
     if (Succeeded(status)) {
         return Opening::Good;
     }
     if (status == Status::NotFound && access == outlook::Access::ReadOnly) {
         return Opening::NoStore;
     }
-    const outlook::Diagnosis diagnosis = outlook::DiagnoseStore(root.StorePath(), outlook::CheckDepth::Quick);
+    const outlook::Diagnosis diagnosis =
+        outlook::DiagnoseStore(posix::SystemMachine(), root.StorePath(), outlook::CheckDepth::Quick);
     if (diagnosis.State == outlook::Verdict::Ok || diagnosis.State == outlook::Verdict::Missing) {
         Complain("The store " + root.StorePath() + " cannot be opened: " + DescribeFailure(status) + ".");
     } else {

@@ -2,6 +2,7 @@
 #include "host/headless/headless_host.h"
 
 #include "host/outlook/store.h"
+#include "host/posix/store_machine.h"
 
 namespace tavo::headless {
 
@@ -10,7 +11,7 @@ namespace {
 Status MakeRealStore(const std::filesystem::path& store, ComPtr<IPOutlookApp>& outlook) {
     outlook::StoreOptions options;
     options.DeviceZone = "UTC"; // whatever the zone of the machine that runs the test
-    outlook = outlook::CreateOutlookApp(store, options);
+    outlook = outlook::CreateOutlookApp(posix::SystemMachine(), store, options);
     return outlook ? Status::Ok : Status::Fail;
 }
 

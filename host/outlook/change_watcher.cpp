@@ -1,69 +1,45 @@
-// The kernel tells when a file of the store was written to; the store's own counts tell whether that matters.
+// The machine tells when a file of the store was written to; the store's own counts tell whether that matters.
 #include "host/outlook/change_watcher.h"
 
 #include "host/outlook/store_core.h"
 
-#include <array>
-#include <cstddef>
-#include <string_view>
-#include <sys/inotify.h>
-#include <unistd.h>
+#include <utility>
 
 namespace tavo::outlook {
 
 struct ChangeWatcher::Work {
-    explicit Work(StorePtr store) : Source(std::move(store)) {}
-
     StorePtr Source;
-    int Notifier = -1;
+    IChangeNotice& Notice;
+    bool IsStarted = false;
     std::int64_t KnownLedger = 0;
-
-    // Empties the notifier; what exactly was written does not matter.
-    void Drain() const {
-        std::array<std::byte, 4096> events;
-        while (Notifier >= 0 && read(Notifier, events.data(), events.size()) > 0) {
-        }
-    }
 };
 
-ChangeWatcher::ChangeWatcher(StorePtr store) : State(std::make_unique<Work>(std::move(store))) {}
+ChangeWatcher::ChangeWatcher(StorePtr store, IChangeNotice& notice)
+    : State(std::make_unique<Work>(Work{std::move(store), notice})) {}
 
-ChangeWatcher::~ChangeWatcher() {
-    if (State->Notifier >= 0) {
-        close(State->Notifier);
-    }
-}
+ChangeWatcher::~ChangeWatcher() = default;
 
 Status ChangeWatcher::Start() {
-    if (State->Notifier >= 0) {
+    if (State->IsStarted) {
         return Status::False;
     }
-    State->Notifier = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
-    if (State->Notifier < 0) {
-        return Status::Fail;
-    }
     // The log comes and goes and a restored backup is another file: the folder stays.
-    const std::filesystem::path folder = AbsolutePath(CoreOf(*State->Source).Path).parent_path();
-    if (inotify_add_watch(State->Notifier, folder.c_str(), IN_MODIFY | IN_MOVED_TO | IN_CREATE) < 0) {
-        close(State->Notifier);
-        State->Notifier = -1;
-        return Status::Fail;
+    if (const Status status = State->Notice.Watch(AbsolutePath(CoreOf(*State->Source).Path).parent_path());
+        Failed(status)) {
+        return status;
     }
+    State->IsStarted = true;
     std::int64_t items = 0;
     return CoreOf(*State->Source).ReadChangeCounts(items, State->KnownLedger);
 }
 
-int ChangeWatcher::Descriptor() const {
-    return State->Notifier;
-}
-
 bool ChangeWatcher::TakeItemChange() {
-    State->Drain();
+    State->Notice.Take();
     return CoreOf(*State->Source).TakeForeignItemChange();
 }
 
 bool ChangeWatcher::TakeLedgerChange() {
-    State->Drain();
+    State->Notice.Take();
     std::int64_t items = 0;
     std::int64_t ledger = State->KnownLedger;
     if (Failed(CoreOf(*State->Source).ReadChangeCounts(items, ledger))) {

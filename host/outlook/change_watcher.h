@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/outlook/store.h"
+#include "host/outlook/store_machine.h"
 
 #include <array>
 #include <memory>
@@ -10,20 +11,19 @@ namespace tavo::outlook {
 
 class ChangeWatcher {
   public:
-    // The last sign of a change comes while it is still being made safe on the disk: whoever found the descriptor
-    // readable looks again after each of these pauses, in milliseconds.
+    // The last sign of a change comes while it is still being made safe on the disk: whoever had a notice looks
+    // again after each of these pauses, in milliseconds.
     static constexpr std::array<int, 3> kSecondLooks{40, 200, 1500};
 
-    explicit ChangeWatcher(StorePtr store);
+    // `notice` outlives it.
+    ChangeWatcher(StorePtr store, IChangeNotice& notice);
     ~ChangeWatcher();
     ChangeWatcher(const ChangeWatcher&) = delete;
     ChangeWatcher& operator=(const ChangeWatcher&) = delete;
 
-    // Ok when notification works; the descriptor is -1 otherwise.
+    // Ok when there will be a notice whenever the store's files are written to, by whomever.
     Status Start();
-    // Becomes readable when the store's files were written to, by whomever.
-    int Descriptor() const;
-    // Call when the descriptor is readable. True when another process changed items, or asked for a tag, since the last
+    // Call when there is a notice. True when another process changed items, or asked for a tag, since the last
     // call: a change of this process, or of the reminder ledger alone, gives false.
     bool TakeItemChange();
     // True when the reminder ledger was changed since the last call, by whomever.

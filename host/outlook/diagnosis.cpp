@@ -6,36 +6,26 @@
 #include "host/outlook/store_core.h"
 #include "host/outlook/verdict_words.h"
 
-#include <sys/statvfs.h>
-#include <unistd.h>
-
 namespace tavo::outlook {
 
 namespace {
 
 // Below this a save may fail: a page of the log for each page that a save changes, and some air.
-constexpr unsigned long long kLeastFreeBytes = 256ULL * 1024;
-
-bool IsNearlyFull(const std::filesystem::path& path) {
-    struct statvfs facts {};
-
-    return statvfs(path.c_str(), &facts) == 0 &&
-           static_cast<unsigned long long>(facts.f_bavail) * facts.f_frsize < kLeastFreeBytes;
-}
+constexpr std::uint64_t kLeastFreeBytes = 256ULL * 1024;
 
 // What a start of the program would meet, looked for without starting it.
-Verdict FindObstacle(const std::filesystem::path& path, int lockPatience) {
+Verdict FindObstacle(IStoreMachine& machine, const std::filesystem::path& path, int lockPatience) {
     const std::filesystem::path folder = AbsolutePath(path).parent_path();
-    if (access(path.c_str(), W_OK) != 0 || access(folder.c_str(), W_OK) != 0) {
+    if (!machine.CanWrite(path) || !machine.CanWrite(folder)) {
         return Verdict::ReadOnly;
     }
     // Opening for writing takes the writers' lock for a moment and writes nothing; on a full disk it would leave
     // nothing behind but could not make the files beside the store.
-    if (IsNearlyFull(path)) {
+    if (machine.FreeBytes(path).value_or(kLeastFreeBytes) < kLeastFreeBytes) {
         return Verdict::DiskFull;
     }
     FileFacts facts;
-    Status status = InspectStoreFile(path, lockPatience, facts);
+    Status status = InspectStoreFile(machine, path, lockPatience, facts);
     if (Succeeded(status)) {
         Database database;
         status = database.Open(StoreUri(path, "mode=rw"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI, lockPatience);
@@ -49,16 +39,16 @@ Verdict FindObstacle(const std::filesystem::path& path, int lockPatience) {
 
 } // namespace
 
-Diagnosis DiagnoseStore(const std::filesystem::path& path, CheckDepth depth, int lockPatience) {
+Diagnosis DiagnoseStore(IStoreMachine& machine, const std::filesystem::path& path, CheckDepth depth, int lockPatience) {
     const std::filesystem::path place = RealPath(path); // where the store lies that is opened
-    if (IsFolderExposed(place)) {
+    if (IsFolderExposed(machine, place)) {
         return DescribeVerdict(Verdict::Exposed);
     }
     StoreOptions options;
     options.Rights = Access::ReadOnly;
     options.LockPatience = lockPatience;
     StorePtr store;
-    const Status status = OpenStore(place, options, store);
+    const Status status = OpenStore(machine, place, options, store);
     if (Failed(status)) {
         return DescribeVerdict(VerdictOf(status));
     }
@@ -71,7 +61,7 @@ Diagnosis DiagnoseStore(const std::filesystem::path& path, CheckDepth depth, int
         }
     }
     store.reset();
-    if (const Verdict obstacle = FindObstacle(place, lockPatience); obstacle != Verdict::Ok) {
+    if (const Verdict obstacle = FindObstacle(machine, place, lockPatience); obstacle != Verdict::Ok) {
         Diagnosis found = DescribeVerdict(obstacle);
         found.Findings = std::move(diagnosis.Findings);
         return found;

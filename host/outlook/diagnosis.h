@@ -1,6 +1,8 @@
 // Says in words what state a store file is in and what to do about it, without changing a byte of it.
 #pragma once
 
+#include "host/outlook/store_machine.h"
+
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -35,6 +37,7 @@ enum class CheckDepth {
     Full,  // every page, index and reference of the file, and the store's own rules
 };
 
-Diagnosis DiagnoseStore(const std::filesystem::path& path, CheckDepth depth, int lockPatience = 5000);
+Diagnosis DiagnoseStore(IStoreMachine& machine, const std::filesystem::path& path, CheckDepth depth,
+                        int lockPatience = 5000);
 
 } // namespace tavo::outlook

@@ -25,8 +25,8 @@ class CalendarFolder final : public RefCounted<IFolder> {
 
 } // namespace
 
-OutlookApp::OutlookApp(std::filesystem::path path, StoreOptions options, IStoreLife* life)
-    : Path(std::move(path)), Options(std::move(options)), Life(life) {}
+OutlookApp::OutlookApp(IStoreMachine& machine, std::filesystem::path path, StoreOptions options, IStoreLife* life)
+    : Machine(&machine), Path(std::move(path)), Options(std::move(options)), Life(life) {}
 
 OutlookApp::OutlookApp(const StorePtr& store) : Path(CoreOf(*store).Path), Open(Make<Session>(store)) {}
 
@@ -35,7 +35,7 @@ Status OutlookApp::Logon(WindowHandle) {
         return Status::False;
     }
     StorePtr store;
-    const Status status = OpenStore(Path, Options, store);
+    const Status status = Machine == nullptr ? Status::Unexpected : OpenStore(*Machine, Path, Options, store);
     if (Succeeded(status)) {
         Open = Make<Session>(store);
     }
@@ -146,13 +146,14 @@ ComPtr<IPOutlookApp> MakeOutlookApp(const StorePtr& store) {
     return As<IPOutlookApp>(Make<OutlookApp>(store));
 }
 
-ComPtr<IPOutlookApp> CreateOutlookApp(const std::filesystem::path& path, const StoreOptions& options) {
-    return As<IPOutlookApp>(Make<OutlookApp>(path, options, nullptr));
+ComPtr<IPOutlookApp> CreateOutlookApp(IStoreMachine& machine, const std::filesystem::path& path,
+                                      const StoreOptions& options) {
+    return As<IPOutlookApp>(Make<OutlookApp>(machine, path, options, nullptr));
 }
 
-ComPtr<IPOutlookApp> CreateOutlookApp(const std::filesystem::path& path, const StoreOptions& options,
-                                      IStoreLife& life) {
-    return As<IPOutlookApp>(Make<OutlookApp>(path, options, &life));
+ComPtr<IPOutlookApp> CreateOutlookApp(IStoreMachine& machine, const std::filesystem::path& path,
+                                      const StoreOptions& options, IStoreLife& life) {
+    return As<IPOutlookApp>(Make<OutlookApp>(machine, path, options, &life));
 }
 
 } // namespace tavo::outlook

@@ -10,7 +10,7 @@ namespace tavo::outlook {
 class OutlookApp final : public RefCounted<IPOutlookApp> {
   public:
     // `life` may be null.
-    OutlookApp(std::filesystem::path path, StoreOptions options, IStoreLife* life);
+    OutlookApp(IStoreMachine& machine, std::filesystem::path path, StoreOptions options, IStoreLife* life);
     explicit OutlookApp(const StorePtr& store);
 
     Status Logon(WindowHandle window) override;
@@ -50,6 +50,7 @@ class OutlookApp final : public RefCounted<IPOutlookApp> {
 
     ~OutlookApp() override = default;
 
+    IStoreMachine* Machine = nullptr; // null: it is open and stays so
     std::filesystem::path Path;
     StoreOptions Options;
     IStoreLife* Life = nullptr;

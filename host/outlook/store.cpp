@@ -4,9 +4,6 @@
 #include "host/outlook/schema.h"
 #include "host/outlook/store_core.h"
 #include "host/outlook/store_file.h"
-#include "host/posix/zone_database.h"
-
-#include <sys/statvfs.h>
 
 namespace tavo::outlook {
 
@@ -20,15 +17,10 @@ constexpr const char* kSmallCache = "PRAGMA cache_size=-512";
 constexpr const char* kReaderSettings =
     "PRAGMA query_only=ON; PRAGMA mmap_size=268435456; PRAGMA cache_size=-16384; PRAGMA schema_version";
 
-bool IsDiskFull(const std::filesystem::path& path) {
-    struct statvfs facts {};
-
-    return statvfs(path.parent_path().c_str(), &facts) == 0 && facts.f_bavail == 0;
-}
-
 // SQLite reports some failures of a full disk without the system's reason.
-Status ExplainFailure(Status status, const std::filesystem::path& path) {
-    return status == Status::Fail && IsDiskFull(AbsolutePath(path)) ? Status::DiskFull : status;
+Status ExplainFailure(IStoreMachine& machine, Status status, const std::filesystem::path& path) {
+    const bool isFull = status == Status::Fail && machine.FreeBytes(AbsolutePath(path).parent_path()) == 0U;
+    return isFull ? Status::DiskFull : status;
 }
 
 Status OpenForWriting(StoreCore& core, const StoreOptions& options) {
@@ -79,22 +71,23 @@ Status Migrate(StoreCore& core, const FileFacts& facts) {
 }
 
 // A reader leaves the file alone whatever it does, so one connection both looks and reads.
-Status InspectAndOpen(StoreCore& core, const StoreOptions& options, FileFacts& facts) {
+Status InspectAndOpen(IStoreMachine& machine, StoreCore& core, const StoreOptions& options, FileFacts& facts) {
     const bool reads = options.Rights == Access::ReadOnly;
-    if (IsFolderExposed(core.Path)) {
+    if (IsFolderExposed(machine, core.Path)) {
         return Status::AccessDenied;
     }
-    Status status = reads ? InspectHeader(core.Path, facts) : InspectStoreFile(core.Path, options.LockPatience, facts);
+    Status status = reads ? InspectHeader(machine, core.Path, facts)
+                          : InspectStoreFile(machine, core.Path, options.LockPatience, facts);
     if (status == Status::NotFound && !reads) {
-        status = CreateStoreFile(core.Path);
+        status = CreateStoreFile(machine, core.Path);
         if (Succeeded(status)) {
-            status = InspectStoreFile(core.Path, options.LockPatience, facts);
+            status = InspectStoreFile(machine, core.Path, options.LockPatience, facts);
         }
     }
     if (Failed(status)) {
         return status;
     }
-    core.OpenMark.emplace(core.Path);
+    core.OpenMark.emplace(machine, core.Path);
     if (!reads) {
         return OpenForWriting(core, options);
     }
@@ -146,11 +139,12 @@ void PrepareStores(StoreUse use) {
     }
 }
 
-Status OpenStore(const std::filesystem::path& path, const StoreOptions& options, StorePtr& store) {
-    auto core = std::make_unique<StoreCore>(posix::SystemZones());
+Status OpenStore(IStoreMachine& machine, const std::filesystem::path& path, const StoreOptions& options,
+                 StorePtr& store) {
+    auto core = std::make_unique<StoreCore>(machine.Zones());
     core->Path = RealPath(path);
     FileFacts facts;
-    Status status = InspectAndOpen(*core, options, facts);
+    Status status = InspectAndOpen(machine, *core, options, facts);
     if (Succeeded(status)) {
         status = Migrate(*core, facts);
     }
@@ -163,7 +157,7 @@ Status OpenStore(const std::filesystem::path& path, const StoreOptions& options,
         status = core->Changes.BeginRun();
     }
     if (Failed(status)) {
-        return ExplainFailure(status, path);
+        return ExplainFailure(machine, status, path);
     }
     const bool wantsCheck = facts.LeftUnclosed && core->CanWrite;
     static_cast<void>(core->TakeForeignItemChange()); // from here on changes count

@@ -1,6 +1,7 @@
 // Opening the appointment store, a single file, for the program and for tools.
 #pragma once
 
+#include "host/outlook/store_machine.h"
 #include "host/outlook/terms.h"
 #include "host/rules/wall_time.h"
 #include "platform/outlook.h"
@@ -68,7 +69,8 @@ using StorePtr = std::shared_ptr<Store>;
 
 // Reads identity, version and schema before anything may be written; a failure (NotOurs, NewerVersion, Corrupt, Locked,
 // AccessDenied, DiskFull, NotFound) leaves the file byte for byte as it was.
-Status OpenStore(const std::filesystem::path& path, const StoreOptions& options, StorePtr& store);
+Status OpenStore(IStoreMachine& machine, const std::filesystem::path& path, const StoreOptions& options,
+                 StorePtr& store);
 
 // A connection that is already logged on to an open store.
 ComPtr<IPOutlookApp> MakeOutlookApp(const StorePtr& store);
@@ -82,8 +84,10 @@ class IStoreLife {
     virtual void OnClosing() = 0;             // whoever kept it lets go of it now
 };
 
-// The device's store object, not yet open: Logon opens the file, and Logoff closes it. `life` outlives it.
-ComPtr<IPOutlookApp> CreateOutlookApp(const std::filesystem::path& path, const StoreOptions& options);
-ComPtr<IPOutlookApp> CreateOutlookApp(const std::filesystem::path& path, const StoreOptions& options, IStoreLife& life);
+// The device's store object, not yet open: Logon opens the file, and Logoff closes it. `machine` and `life` outlive it.
+ComPtr<IPOutlookApp> CreateOutlookApp(IStoreMachine& machine, const std::filesystem::path& path,
+                                      const StoreOptions& options);
+ComPtr<IPOutlookApp> CreateOutlookApp(IStoreMachine& machine, const std::filesystem::path& path,
+                                      const StoreOptions& options, IStoreLife& life);
 
 } // namespace tavo::outlook

@@ -2,16 +2,12 @@
 #include "host/outlook/store_file.h"
 
 #include "host/outlook/schema.h"
-#include "host/posix/private_file.h"
 
+#include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstring>
-#include <fcntl.h>
 #include <mutex>
 #include <set>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace tavo::outlook {
 
@@ -29,47 +25,20 @@ std::uint32_t ReadNumber(const Header& header, std::size_t at) {
            static_cast<std::uint32_t>(header[at + 2]) << 8 | header[at + 3];
 }
 
-Status StatusFromErrno(int error) {
-    switch (error) {
-    case ENOENT:
-    case ENOTDIR:
-        return Status::NotFound;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-        return Status::AccessDenied;
-    case ENOSPC:
-    case EDQUOT:
-        return Status::DiskFull;
-    default:
-        return Status::Fail;
-    }
-}
-
-Status CheckHeader(const std::filesystem::path& path) {
-    const posix::FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)); // a pipe must not stop us
-
-    struct stat facts {};
-
-    if (!file || fstat(file.Get(), &facts) != 0) {
-        return StatusFromErrno(errno);
-    }
-    if (!S_ISREG(facts.st_mode)) {
-        return Status::NotOurs;
-    }
+Status CheckHeader(IStoreMachine& machine, const std::filesystem::path& path) {
     Header header{};
-    const ssize_t got = pread(file.Get(), header.data(), header.size(), 0);
-    if (got < 0) {
-        return StatusFromErrno(errno);
+    std::size_t got = 0;
+    if (const Status status = machine.ReadBeginning(path, header, got); Failed(status)) {
+        return status;
     }
     if (got == 0) {
         return Status::Corrupt; // a store is never empty: it appears complete
     }
-    const auto magic = std::min(static_cast<std::size_t>(got), sizeof kMagic);
+    const std::size_t magic = std::min(got, sizeof kMagic);
     if (std::memcmp(header.data(), kMagic, magic) != 0) {
         return Status::NotOurs;
     }
-    if (static_cast<std::size_t>(got) < header.size()) {
+    if (got < header.size()) {
         return Status::Corrupt;
     }
     if (ReadNumber(header, kApplicationAt) != static_cast<std::uint32_t>(kApplicationId)) {
@@ -79,20 +48,6 @@ Status CheckHeader(const std::filesystem::path& path) {
         return Status::NewerVersion;
     }
     return Status::Ok;
-}
-
-bool HasBytes(const std::filesystem::path& path) {
-    struct stat facts {};
-
-    return stat(path.c_str(), &facts) == 0 && facts.st_size > 0;
-}
-
-using FileIdentity = std::pair<std::uint64_t, std::uint64_t>;
-
-FileIdentity IdentityOf(const std::filesystem::path& path) {
-    struct stat facts {};
-
-    return stat(path.c_str(), &facts) == 0 ? FileIdentity(facts.st_dev, facts.st_ino) : FileIdentity(0, 0);
 }
 
 // Locks on files belong to the process, so what it has open is known to the process.
@@ -107,39 +62,12 @@ struct OpenFiles {
 };
 
 // Everybody who has a store with a log open holds a lock on this byte of the file beside it.
-constexpr off_t kLogUserByte = 128;
-
-bool IsLogInUse(const std::filesystem::path& shared) {
-    const posix::FileDescriptor file(open(shared.c_str(), O_RDWR | O_CLOEXEC));
-
-    struct flock lock {};
-
-    lock.l_type = F_WRLCK;
-    lock.l_whence = SEEK_SET;
-    lock.l_start = kLogUserByte;
-    lock.l_len = 1;
-    return file && fcntl(file.Get(), F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
-}
+constexpr std::int64_t kLogUserByte = 128;
 
 std::filesystem::path Beside(const std::filesystem::path& path, const char* suffix) {
     std::filesystem::path beside = path;
     beside += suffix;
     return beside;
-}
-
-// Every missing folder on the way, each for its owner only.
-Status MakeFolders(const std::filesystem::path& folder) {
-    if (folder.empty() || mkdir(folder.c_str(), 0700) == 0 || errno == EEXIST) {
-        return Status::Ok;
-    }
-    if (errno != ENOENT) {
-        return StatusFromErrno(errno);
-    }
-    const Status status = MakeFolders(folder.parent_path());
-    if (Failed(status)) {
-        return status;
-    }
-    return mkdir(folder.c_str(), 0700) == 0 || errno == EEXIST ? Status::Ok : StatusFromErrno(errno);
 }
 
 Status BuildStore(const std::filesystem::path& path) {
@@ -169,9 +97,8 @@ std::filesystem::path RealPath(const std::filesystem::path& path) {
     return error ? path : real;
 }
 
-bool IsFolderExposed(const std::filesystem::path& path) {
-    const posix::FolderKeeping keeping = posix::LookAtFolder(AbsolutePath(path).parent_path().string());
-    return keeping == posix::FolderKeeping::OfSomebodyElse || keeping == posix::FolderKeeping::OpenToOthers;
+bool IsFolderExposed(IStoreMachine& machine, const std::filesystem::path& path) {
+    return machine.IsExposed(AbsolutePath(path).parent_path());
 }
 
 std::string StoreUri(const std::filesystem::path& path, const char* parameters) {
@@ -188,7 +115,8 @@ std::string StoreUri(const std::filesystem::path& path, const char* parameters) 
     return uri + "?" + parameters;
 }
 
-OpenFileMark::OpenFileMark(const std::filesystem::path& path) : Identity(IdentityOf(path)) {
+OpenFileMark::OpenFileMark(IStoreMachine& machine, const std::filesystem::path& path)
+    : Identity(machine.Identify(path)) {
     OpenFiles& files = OpenFiles::OfProcess();
     const std::lock_guard lock(files.Guard);
     files.Identities.insert(Identity);
@@ -200,25 +128,26 @@ OpenFileMark::~OpenFileMark() {
     files.Identities.erase(files.Identities.find(Identity));
 }
 
-bool OpenFileMark::IsOpenHere(const std::filesystem::path& path) {
+bool OpenFileMark::IsOpenHere(IStoreMachine& machine, const std::filesystem::path& path) {
     OpenFiles& files = OpenFiles::OfProcess();
     const std::lock_guard lock(files.Guard);
-    return files.Identities.contains(IdentityOf(path));
+    return files.Identities.contains(machine.Identify(path));
 }
 
-Status InspectHeader(const std::filesystem::path& path, FileFacts& facts) {
-    if (OpenFileMark::IsOpenHere(path)) {
+Status InspectHeader(IStoreMachine& machine, const std::filesystem::path& path, FileFacts& facts) {
+    if (OpenFileMark::IsOpenHere(machine, path)) {
         facts.HasLog = true;
         facts.Version = kSchemaVersion;
         return Status::Ok;
     }
-    facts.HasLog = HasBytes(Beside(path, "-wal"));
-    facts.LeftUnclosed = facts.HasLog && !IsLogInUse(Beside(path, "-shm"));
-    return CheckHeader(path);
+    facts.HasLog = machine.HasBytes(Beside(path, "-wal"));
+    facts.LeftUnclosed = facts.HasLog && !machine.IsLocked(Beside(path, "-shm"), kLogUserByte);
+    return CheckHeader(machine, path);
 }
 
-Status InspectStoreFile(const std::filesystem::path& path, int lockPatience, FileFacts& facts) {
-    if (const Status status = InspectHeader(path, facts); Failed(status) || OpenFileMark::IsOpenHere(path)) {
+Status InspectStoreFile(IStoreMachine& machine, const std::filesystem::path& path, int lockPatience, FileFacts& facts) {
+    if (const Status status = InspectHeader(machine, path, facts);
+        Failed(status) || OpenFileMark::IsOpenHere(machine, path)) {
         return status;
     }
     // Without a log the file says everything and is read as if it could not change: no locks, no files beside it.
@@ -229,44 +158,15 @@ Status InspectStoreFile(const std::filesystem::path& path, int lockPatience, Fil
     if (Succeeded(status)) {
         status = ReadSchema(database, facts.Version);
     }
-    if (Failed(status) && !facts.HasLog && HasBytes(Beside(path, "-wal"))) {
+    if (Failed(status) && !facts.HasLog && machine.HasBytes(Beside(path, "-wal"))) {
         // Somebody began to write while it was read as unchanging.
-        return InspectStoreFile(path, lockPatience, facts);
+        return InspectStoreFile(machine, path, lockPatience, facts);
     }
     return status;
 }
 
-Status CreateStoreFile(const std::filesystem::path& path) {
-    const std::filesystem::path place = AbsolutePath(path);
-    if (const Status status = MakeFolders(place.parent_path()); Failed(status)) {
-        return status;
-    }
-    const posix::FileDescriptor folder = posix::OpenFolder(place.parent_path().string());
-    if (!folder) {
-        return StatusFromErrno(errno);
-    }
-    if (posix::LookAtFolder(folder) != posix::FolderKeeping::Ours) {
-        return Status::AccessDenied;
-    }
-    std::string draft;
-    if (!posix::MakeUnfinished(folder, draft, ".db")) {
-        return StatusFromErrno(errno);
-    }
-    const std::string name = place.filename().string();
-    Status status = BuildStore(place.parent_path() / draft);
-    if (Succeeded(status) && linkat(folder.Get(), draft.c_str(), folder.Get(), name.c_str(), 0) != 0 &&
-        errno != EEXIST) {
-        // A file system without links: take the name if it is still free.
-        const bool isTaken = faccessat(folder.Get(), name.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0;
-        status = isTaken || renameat(folder.Get(), draft.c_str(), folder.Get(), name.c_str()) == 0
-                     ? Status::Ok
-                     : StatusFromErrno(errno);
-    }
-    for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
-        static_cast<void>(unlinkat(folder.Get(), (draft + suffix).c_str(), 0)); // most were never made
-    }
-    const bool isSafe = fsync(folder.Get()) == 0 || errno == EINVAL; // not every file system can do it for folders
-    return Failed(status) || isSafe ? status : StatusFromErrno(errno);
+Status CreateStoreFile(IStoreMachine& machine, const std::filesystem::path& path) {
+    return machine.Create(AbsolutePath(path), BuildStore);
 }
 
 } // namespace tavo::outlook

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "host/outlook/database.h"
+#include "host/outlook/store_machine.h"
 
 #include <cstdint>
 #include <filesystem>
 #include <string>
-#include <utility>
 
 namespace tavo::outlook {
 
@@ -20,23 +20,23 @@ struct FileFacts {
 // away from the whole process, so it must not be looked at from outside; it was, when it was opened.
 class OpenFileMark {
   public:
-    explicit OpenFileMark(const std::filesystem::path& path);
+    OpenFileMark(IStoreMachine& machine, const std::filesystem::path& path);
     ~OpenFileMark();
     OpenFileMark(const OpenFileMark&) = delete;
     OpenFileMark& operator=(const OpenFileMark&) = delete;
 
-    static bool IsOpenHere(const std::filesystem::path& path);
+    static bool IsOpenHere(IStoreMachine& machine, const std::filesystem::path& path);
 
   private:
-    std::pair<std::uint64_t, std::uint64_t> Identity;
+    FileIdentity Identity;
 };
 
 // Reads identity and version from the file's first bytes. What InspectStoreFile does first.
-Status InspectHeader(const std::filesystem::path& path, FileFacts& facts);
+Status InspectHeader(IStoreMachine& machine, const std::filesystem::path& path, FileFacts& facts);
 
 // Reads identity, version and tables without changing a byte of the file: NotFound, NotOurs, NewerVersion, Corrupt,
 // AccessDenied, Locked, or Ok. A file that this process has open is Ok.
-Status InspectStoreFile(const std::filesystem::path& path, int lockPatience, FileFacts& facts);
+Status InspectStoreFile(IStoreMachine& machine, const std::filesystem::path& path, int lockPatience, FileFacts& facts);
 
 // In a working folder that is gone, the path as it is.
 std::filesystem::path AbsolutePath(const std::filesystem::path& path);
@@ -47,11 +47,11 @@ std::filesystem::path RealPath(const std::filesystem::path& path);
 
 // Whether the store's folder belongs to someone else or others may write to it: they could exchange the store, or plant
 // a log that is played into it. Not of a folder that is missing.
-bool IsFolderExposed(const std::filesystem::path& path);
+bool IsFolderExposed(IStoreMachine& machine, const std::filesystem::path& path);
 
-// Makes the folder (0700) and a new, empty store (0600) that appears under its name only when it is complete.
-// Ok also when another process was faster. AccessDenied in a folder into which others can put files.
-Status CreateStoreFile(const std::filesystem::path& path);
+// Makes the folder and a new, empty store that appears under its name only when it is complete, both for the user
+// alone. Ok also when another process was faster. AccessDenied in a folder into which others can put files.
+Status CreateStoreFile(IStoreMachine& machine, const std::filesystem::path& path);
 
 // The form of a path that SQLite opens, with parameters.
 std::string StoreUri(const std::filesystem::path& path, const char* parameters);

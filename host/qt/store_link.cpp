@@ -2,6 +2,8 @@
 #include "host/qt/store_link.h"
 
 #include "host/outlook/change_watcher.h"
+#include "host/posix/folder_notice.h"
+#include "host/posix/store_machine.h"
 
 #include <QSocketNotifier>
 #include <QTimer>
@@ -35,7 +37,7 @@ ErrorCode ToErrorCode(Status status) {
 } // namespace
 
 struct StoreLink::Watch {
-    explicit Watch(outlook::StorePtr store) : Watcher(std::move(store)) { SecondLook.setSingleShot(true); }
+    explicit Watch(outlook::StorePtr store) : Watcher(std::move(store), Notice) { SecondLook.setSingleShot(true); }
 
     void LookAgain() {
         if (Looks < outlook::ChangeWatcher::kSecondLooks.size()) {
@@ -43,6 +45,7 @@ struct StoreLink::Watch {
         }
     }
 
+    posix::FolderNotice Notice;
     outlook::ChangeWatcher Watcher;
     std::unique_ptr<QSocketNotifier> Notifier;
     QTimer SecondLook;
@@ -54,7 +57,7 @@ StoreLink::StoreLink(std::string path) : Path(std::move(path)) {}
 StoreLink::~StoreLink() = default;
 
 Status StoreLink::Create(ComPtr<IPOutlookApp>& outlook) {
-    outlook = outlook::CreateOutlookApp(Path, {}, *this);
+    outlook = outlook::CreateOutlookApp(posix::SystemMachine(), Path, {}, *this);
     return outlook ? Status::Ok : Status::OutOfMemory;
 }
 
@@ -68,7 +71,7 @@ void StoreLink::OnOpened(const outlook::StorePtr& store) {
     if (Failed(watch->Watcher.Start())) {
         return; // the calendar works without news of other processes
     }
-    watch->Notifier = std::make_unique<QSocketNotifier>(watch->Watcher.Descriptor(), QSocketNotifier::Read);
+    watch->Notifier = std::make_unique<QSocketNotifier>(watch->Notice.Descriptor(), QSocketNotifier::Read);
     OwnWatch = std::move(watch);
     QObject::connect(OwnWatch->Notifier.get(), &QSocketNotifier::activated, OwnWatch->Notifier.get(), [this] {
         OwnWatch->Looks = 0;

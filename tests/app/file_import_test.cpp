@@ -3,6 +3,7 @@
 #include "host/outlook/import_writer.h"
 #include "host/outlook/store.h"
 #include "host/posix/file_source.h"
+#include "host/posix/store_machine.h"
 #include "res/resource_ids.h"
 #include "tests/support/running_program.h"
 #include "tests/support/store_of.h"
@@ -72,7 +73,7 @@ class FileImport : public testing::Test {
         outlook::StoreOptions options;
         options.Rights = outlook::Access::ReadOnly;
         outlook::StorePtr store;
-        EXPECT_EQ(outlook::OpenStore(Path("Outlook.db"), options, store), Status::Ok);
+        EXPECT_EQ(outlook::OpenStore(posix::SystemMachine(), Path("Outlook.db"), options, store), Status::Ok);
         const ComPtr<IPOutlookApp> other = outlook::MakeOutlookApp(store);
         ComPtr<IFolder> folder;
         ComPtr<IPOutlookItemCollection> items;

@@ -1,5 +1,6 @@
 // The window over stores that hold rules which an earlier version took and could not keep its footing on.
 #include "host/outlook/store.h"
+#include "host/posix/store_machine.h"
 #include "tests/outlook/planted_rule.h"
 #include "tests/support/running_program.h"
 
@@ -16,7 +17,8 @@ class ForeignRules : public testing::Test {
     void GivenSeriesBy(const std::string& lines) {
         const Oid oid = Program.GivenSeries(u"Foreign", At(2004, 11, 1, 9), At(2004, 11, 1, 10), kRecursDaily);
         outlook::StorePtr store;
-        ASSERT_EQ(outlook::OpenStore(Program.DataFolder().parent_path().parent_path() / "Outlook.db", {}, store),
+        ASSERT_EQ(outlook::OpenStore(posix::SystemMachine(),
+                                     Program.DataFolder().parent_path().parent_path() / "Outlook.db", {}, store),
                   Status::Ok);
         ASSERT_TRUE(outlook::test::PlantRule(CoreOf(*store), oid, lines));
     }

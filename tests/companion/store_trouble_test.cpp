@@ -1,5 +1,6 @@
 // The real companion while others lock its store, put another in its place or throw it away.
 #include "host/outlook/store_core.h"
+#include "host/posix/store_machine.h"
 #include "tests/companion/notification_service.h"
 #include "tests/companion/running_companion.h"
 
@@ -46,7 +47,7 @@ class StoreTrouble : public CompanionTest {
         const ComPtr<IPOutlookApp> ownApp = App;
         outlook::StoreOptions options;
         options.DeviceZone = "UTC";
-        ASSERT_EQ(outlook::OpenStore(Folder.File("Other.db"), options, Store), Status::Ok);
+        ASSERT_EQ(outlook::OpenStore(posix::SystemMachine(), Folder.File("Other.db"), options, Store), Status::Ok);
         App = MakeOutlookApp(Store);
         AddReminder(subject, secondsAhead, leadMinutes);
         App = ownApp;

@@ -1,5 +1,6 @@
 // Saving that is refused: the messages, their order, and a form that keeps every input.
 #include "host/outlook/store.h"
+#include "host/posix/store_machine.h"
 #include "tests/edit/edit_desk.h"
 
 #include <gtest/gtest.h>
@@ -29,7 +30,7 @@ headless::DeviceOptions WithImpatientStore() {
     options.Outlook = [](const std::filesystem::path& store, ComPtr<IPOutlookApp>& outlook) {
         outlook::StoreOptions hurried;
         hurried.LockPatience = 0;
-        outlook = outlook::CreateOutlookApp(store, hurried);
+        outlook = outlook::CreateOutlookApp(posix::SystemMachine(), store, hurried);
         return Status::Ok;
     };
     return options;

@@ -129,7 +129,7 @@ class LayersCheck(MadeUpTree):
 
     def test_SomeFoldersAskTheOperatingSystemNothing(self):
         self.write("host/posix/a.cpp", "#include <fcntl.h>\n#include <sys/stat.h>\n")
-        folders = ("disk", "exchange", "files", "ink", "locale", "reminders", "rules", "shell")
+        folders = ("disk", "exchange", "files", "ink", "locale", "outlook", "reminders", "rules", "shell")
         for folder in folders:
             self.write(f"host/{folder}/a.cpp", "#include <cstdio>\n#include <unistd.h>\n")
         self.write("host/shell/b.cpp", "#include <sys/stat.h>\n")

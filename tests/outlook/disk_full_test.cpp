@@ -1,5 +1,6 @@
 // The nth write, truncation or synchronisation fails, once or for good; the store must survive each.
 #include "host/outlook/diagnosis.h"
+#include "host/posix/store_machine.h"
 #include "tests/outlook/failing_disk.h"
 #include "tests/outlook/store_fixture.h"
 
@@ -45,7 +46,7 @@ class DiskFull : public StoreTest {
         EXPECT_EQ(Exists(Deleted), !after);
         EXPECT_EQ(Read(Changed).Ink.size(), after ? 200000U : 0U);
         EXPECT_THAT(WalkOids(*Items()), SizeIs(2));
-        EXPECT_EQ(DiagnoseStore(File, CheckDepth::Full).State, Verdict::Ok);
+        EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full).State, Verdict::Ok);
         EXPECT_EQ(NewAppointment("2026-06-03 10:00", "2026-06-03 11:00")->Save(), Status::Ok);
     }
 
@@ -142,7 +143,7 @@ TEST_F(DiskFull, ANewStoreIsNotLeftHalfMade) {
         SCOPED_TRACE("failure at call " + std::to_string(nth));
         {
             const FailingDisk disk(nth, FailingDisk::Lasting::ForGood, FailingDisk::Failure::Full);
-            const Status status = OpenStore(file, {}, store);
+            const Status status = OpenStore(posix::SystemMachine(), file, {}, store);
             failed = disk.HasFailed();
             EXPECT_EQ(failed, Failed(status));
             store.reset();
@@ -151,7 +152,7 @@ TEST_F(DiskFull, ANewStoreIsNotLeftHalfMade) {
         notMade += std::filesystem::exists(file) ? 0 : 1;
         EXPECT_TRUE(std::filesystem::exists(file) || std::filesystem::is_empty(file.parent_path()));
         if (std::filesystem::exists(file)) {
-            EXPECT_EQ(DiagnoseStore(file, CheckDepth::Full).State, Verdict::Ok);
+            EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), file, CheckDepth::Full).State, Verdict::Ok);
             std::filesystem::remove_all(file.parent_path());
         }
     }

@@ -2,6 +2,7 @@
 #include "host/outlook/diagnosis.h"
 #include "host/outlook/schema.h"
 #include "host/outlook/store_core.h"
+#include "host/posix/store_machine.h"
 #include "tests/outlook/store_fixture.h"
 #include "tests/outlook/version_1_store.h"
 
@@ -49,7 +50,7 @@ TEST_F(Migration, EndsWithAStoreInGoodOrderOfTheNewVersion) {
     Reopen();
     App.Reset();
     Store.reset();
-    EXPECT_EQ(DiagnoseStore(File, CheckDepth::Full).State, Verdict::Ok);
+    EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full).State, Verdict::Ok);
     const std::string bytes = BytesOf(File);
     EXPECT_EQ(static_cast<unsigned char>(bytes[63]), kSchemaVersion);
 }
@@ -58,7 +59,7 @@ TEST_F(Migration, AReaderDoesNotMigrate) {
     const std::string before = BytesOf(File);
     StoreOptions options;
     options.Rights = Access::ReadOnly;
-    EXPECT_EQ(OpenStore(File, options, Store), Status::AccessDenied);
+    EXPECT_EQ(OpenStore(posix::SystemMachine(), File, options, Store), Status::AccessDenied);
     EXPECT_EQ(BytesOf(File), before);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/outlook/diagnosis.h"
+#include "host/posix/store_machine.h"
 #include "tests/outlook/store_fixture.h"
 
 #include <gmock/gmock.h>
@@ -45,7 +46,7 @@ class Opening : public StoreTest {
         options.DeviceZone = "UTC";
         options.LockPatience = patience;
         options.Rights = rights;
-        return OpenStore(File, options, Store);
+        return OpenStore(posix::SystemMachine(), File, options, Store);
     }
 
     // The whole contract of a refusal.
@@ -54,12 +55,12 @@ class Opening : public StoreTest {
         EXPECT_EQ(Open(), expected);
         StoreOptions impatient;
         impatient.LockPatience = 100;
-        const ComPtr<IPOutlookApp> app = CreateOutlookApp(File, impatient);
+        const ComPtr<IPOutlookApp> app = CreateOutlookApp(posix::SystemMachine(), File, impatient);
         EXPECT_EQ(app->Logon(WindowHandle::None), expected);
         ComPtr<IFolder> folder;
         EXPECT_EQ(app->GetDefaultFolder(kFolderCalendar, folder), Status::Unexpected);
         EXPECT_EQ(Open(100, Access::ReadOnly), expected);
-        const Diagnosis diagnosis = DiagnoseStore(File, CheckDepth::Full, 100);
+        const Diagnosis diagnosis = DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full, 100);
         EXPECT_EQ(diagnosis.State, verdict);
         EXPECT_THAT(diagnosis.What, testing::Not(testing::IsEmpty()));
         EXPECT_THAT(diagnosis.Advice, testing::Not(testing::IsEmpty()));

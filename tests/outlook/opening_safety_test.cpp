@@ -1,6 +1,7 @@
 // What a store's folder, its name and its schema may not do: links that are planted, folders of others, triggers.
 #include "host/outlook/diagnosis.h"
 #include "host/outlook/store_core.h"
+#include "host/posix/store_machine.h"
 #include "tests/outlook/child_process.h"
 #include "tests/outlook/opening_fixture.h"
 
@@ -8,7 +9,7 @@ namespace tavo::outlook::test {
 
 TEST_F(Opening, ANewStoreIsForItsOwnerOnly) {
     const std::filesystem::path file = Folder.File("deep/er/Outlook.db");
-    ASSERT_EQ(OpenStore(file, {}, Store), Status::Ok);
+    ASSERT_EQ(OpenStore(posix::SystemMachine(), file, {}, Store), Status::Ok);
     EXPECT_EQ(ModeOf(file), 0600U);
     EXPECT_EQ(ModeOf(Folder.File("deep")), 0700U);
     EXPECT_EQ(ModeOf(Folder.File("deep/er")), 0700U);
@@ -29,10 +30,10 @@ TEST_F(Opening, MakingAStoreOverwritesNothingThatALinkPointsTo) {
     for (const std::string& name : names) {
         std::filesystem::create_symlink(Folder.File("victim"), folder / name);
     }
-    ASSERT_EQ(OpenStore(folder / "Outlook.db", {}, Store), Status::Ok);
+    ASSERT_EQ(OpenStore(posix::SystemMachine(), folder / "Outlook.db", {}, Store), Status::Ok);
     EXPECT_EQ(BytesOf(Folder.File("victim")), "kept");
     Close();
-    EXPECT_EQ(DiagnoseStore(folder / "Outlook.db", CheckDepth::Full).State, Verdict::Ok);
+    EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), folder / "Outlook.db", CheckDepth::Full).State, Verdict::Ok);
     EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::symlink_status(folder / "Outlook.db")));
     for (const std::string& name : names) {
         EXPECT_TRUE(std::filesystem::is_symlink(folder / name)) << name; // not ours to take away
@@ -44,7 +45,7 @@ TEST_F(Opening, AFolderThatOthersMayWriteIsRefused) {
     for (const mode_t mode : {0770U, 0777U, 01777U}) {
         ASSERT_EQ(chmod(Folder.Path.c_str(), mode), 0);
         ExpectRefused(Status::AccessDenied, Verdict::Exposed);
-        EXPECT_EQ(OpenStore(missing, {}, Store), Status::AccessDenied);
+        EXPECT_EQ(OpenStore(posix::SystemMachine(), missing, {}, Store), Status::AccessDenied);
         EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Folder.Path), {}), 1);
     }
     ASSERT_EQ(chmod(Folder.Path.c_str(), 0755), 0); // others may look
@@ -60,17 +61,17 @@ TEST_F(Opening, OfALinkTheFolderOfItsTargetCounts) {
     Close();
     ASSERT_EQ(chmod(elsewhere.Path.c_str(), 0777), 0);
     EXPECT_EQ(Open(), Status::AccessDenied);
-    EXPECT_EQ(DiagnoseStore(File, CheckDepth::Quick).State, Verdict::Exposed);
+    EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Quick).State, Verdict::Exposed);
     ASSERT_EQ(chmod(elsewhere.Path.c_str(), 0700), 0);
     ASSERT_EQ(chmod(Folder.Path.c_str(), 0777), 0); // the link's own
     EXPECT_EQ(Open(), Status::Ok);
     Close();
-    EXPECT_EQ(DiagnoseStore(File, CheckDepth::Quick).State, Verdict::Ok);
+    EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Quick).State, Verdict::Ok);
 }
 
 TEST_F(Opening, AFolderOfSomebodyElseIsRefused) {
     if (geteuid() != 0) {
-        EXPECT_EQ(DiagnoseStore("/Outlook.db", CheckDepth::Quick).State, Verdict::Exposed);
+        EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), "/Outlook.db", CheckDepth::Quick).State, Verdict::Exposed);
         return;
     }
     ASSERT_EQ(chown(Folder.Path.c_str(), 65534, 65534), 0);
@@ -84,11 +85,11 @@ TEST_F(Opening, InAWorkingFolderThatIsGoneNothingIsThrown) {
             _exit(2);
         }
         StorePtr store;
-        const Status made = OpenStore("Outlook.db", {}, store);
+        const Status made = OpenStore(posix::SystemMachine(), "Outlook.db", {}, store);
         StoreOptions reader;
         reader.Rights = Access::ReadOnly;
-        const Status read = OpenStore("Outlook.db", reader, store);
-        const Verdict verdict = DiagnoseStore("Outlook.db", CheckDepth::Full).State;
+        const Status read = OpenStore(posix::SystemMachine(), "Outlook.db", reader, store);
+        const Verdict verdict = DiagnoseStore(posix::SystemMachine(), "Outlook.db", CheckDepth::Full).State;
         _exit(Failed(made) && Failed(read) && verdict != Verdict::Ok ? 0 : 1);
     });
     EXPECT_EQ(child.Wait(), 0);
@@ -100,7 +101,7 @@ TEST_F(Opening, TheSchemaCannotBeChangedBehindTheStoresBack) {
     static_cast<void>(database.Run("PRAGMA writable_schema=ON")); // not refused, without effect
     EXPECT_NE(database.Run("UPDATE sqlite_schema SET sql = 'CREATE TABLE item(x)' WHERE name = 'item'"), Status::Ok);
     EXPECT_NE(database.Run("DELETE FROM sqlite_schema"), Status::Ok);
-    EXPECT_EQ(DiagnoseStore(File, CheckDepth::Full).State, Verdict::Ok);
+    EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full).State, Verdict::Ok);
 }
 
 // A file that came from elsewhere may carry more than tables.

@@ -2,6 +2,7 @@
 #include "host/outlook/diagnosis.h"
 #include "host/outlook/schema.h"
 #include "host/outlook/store_core.h"
+#include "host/posix/store_machine.h"
 #include "tests/outlook/child_process.h"
 #include "tests/outlook/opening_fixture.h"
 
@@ -34,7 +35,7 @@ TEST_F(Opening, AReaderDoesNotMakeAStore) {
     std::filesystem::remove(File);
     EXPECT_EQ(Open(100, Access::ReadOnly), Status::NotFound);
     EXPECT_FALSE(std::filesystem::exists(File));
-    EXPECT_EQ(DiagnoseStore(File, CheckDepth::Full).State, Verdict::Missing);
+    EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full).State, Verdict::Missing);
 }
 
 TEST_F(Opening, AReaderReadsAndDoesNotWrite) {
@@ -47,7 +48,7 @@ TEST_F(Opening, AReaderReadsAndDoesNotWrite) {
 }
 
 TEST_F(Opening, LogonComesFirstAndLogoffLast) {
-    const ComPtr<IPOutlookApp> app = CreateOutlookApp(File, {});
+    const ComPtr<IPOutlookApp> app = CreateOutlookApp(posix::SystemMachine(), File, {});
     ComPtr<IFolder> folder;
     ComPtr<IAppointment> item;
     EXPECT_EQ(app->GetDefaultFolder(kFolderCalendar, folder), Status::Unexpected);
@@ -83,7 +84,7 @@ class ToldLife final : public IStoreLife {
 
 TEST_F(Opening, WhoWantsToIsToldOfEachOpeningAndClosing) {
     ToldLife life;
-    const ComPtr<IPOutlookApp> app = CreateOutlookApp(File, {}, life);
+    const ComPtr<IPOutlookApp> app = CreateOutlookApp(posix::SystemMachine(), File, {}, life);
     EXPECT_EQ(app->Logoff(), Status::False);
     EXPECT_EQ(life.Told, "");
     EXPECT_EQ(app->Logon(WindowHandle::None), Status::Ok);
@@ -108,7 +109,7 @@ TEST_F(Opening, WhoLivesLongMayTakeLessMemory) {
     Store.reset();
     StoreOptions options;
     options.HasSmallCache = true;
-    ASSERT_EQ(OpenStore(File, options, Store), Status::Ok);
+    ASSERT_EQ(OpenStore(posix::SystemMachine(), File, options, Store), Status::Ok);
     EXPECT_EQ(readPages(), -512);
     Store->ReleaseMemory();
     EXPECT_EQ(readPages(), -512);
@@ -172,7 +173,7 @@ TEST_F(Opening, AStoreThatIsHeldByAnotherIsLocked) {
     holder.Hear();
     const std::string before = BytesOf(File);
     EXPECT_EQ(Open(), Status::Locked);
-    EXPECT_EQ(DiagnoseStore(File, CheckDepth::Quick, 100).State, Verdict::Locked);
+    EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Quick, 100).State, Verdict::Locked);
     EXPECT_EQ(BytesOf(File), before);
     holder.Tell('e');
     EXPECT_EQ(holder.Wait(), 0);
@@ -205,7 +206,7 @@ TEST_F(Opening, AReadOnlyStoreIsRefusedForWritingAndReadForReading) {
         if (Open() != Status::AccessDenied) {
             _exit(2);
         }
-        if (DiagnoseStore(File, CheckDepth::Full, 100).State != Verdict::ReadOnly) {
+        if (DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full, 100).State != Verdict::ReadOnly) {
             _exit(3);
         }
         if (Open(100, Access::ReadOnly) != Status::Ok) {
@@ -230,8 +231,10 @@ TEST_F(Opening, AnUnreadableStoreSaysSo) {
         if (geteuid() == 0 && setuid(65534) != 0) {
             _exit(1);
         }
-        _exit(Open() == Status::AccessDenied && DiagnoseStore(File, CheckDepth::Full).State == Verdict::Unreadable ? 0
-                                                                                                                   : 2);
+        _exit(Open() == Status::AccessDenied &&
+                      DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full).State == Verdict::Unreadable
+                  ? 0
+                  : 2);
     });
     EXPECT_EQ(nobody.Wait(), 0);
 }
@@ -273,7 +276,7 @@ TEST_F(Opening, ANewerVersionThatStillLiesInTheLogIsLeftAlone) {
     ASSERT_FALSE(log.empty());
     EXPECT_EQ(Open(), Status::NewerVersion);
     EXPECT_EQ(Open(100, Access::ReadOnly), Status::NewerVersion);
-    EXPECT_EQ(DiagnoseStore(File, CheckDepth::Full, 100).State, Verdict::Newer);
+    EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full, 100).State, Verdict::Newer);
     EXPECT_EQ(BytesOf(File), before);
     EXPECT_EQ(BytesOf(File.string() + "-wal"), log);
 }
@@ -284,7 +287,7 @@ TEST_F(Opening, AHealthyStoreChecksOutInFull) {
     AddSeries("2026-05-01 09:00", "2026-05-01 09:30", Weekly(62));
     Close();
     const std::string before = BytesOf(File);
-    const Diagnosis diagnosis = DiagnoseStore(File, CheckDepth::Full);
+    const Diagnosis diagnosis = DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full);
     EXPECT_EQ(diagnosis.State, Verdict::Ok) << diagnosis.What;
     EXPECT_THAT(diagnosis.Findings, IsEmpty());
     EXPECT_EQ(BytesOf(File), before);
@@ -294,7 +297,7 @@ TEST_F(Opening, TheFullCheckFindsWhatOpeningDoesNot) {
     RunSql("UPDATE plain SET length = length + 60");
     ASSERT_EQ(Open(), Status::Ok);
     Close();
-    const Diagnosis diagnosis = DiagnoseStore(File, CheckDepth::Full);
+    const Diagnosis diagnosis = DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full);
     EXPECT_EQ(diagnosis.State, Verdict::Damaged);
     ASSERT_FALSE(diagnosis.Findings.empty());
     EXPECT_THAT(diagnosis.Findings[0], HasSubstr("Item 1"));

@@ -2,6 +2,8 @@
 #include "host/outlook/change_watcher.h"
 #include "host/outlook/diagnosis.h"
 #include "host/outlook/store_core.h"
+#include "host/posix/folder_notice.h"
+#include "host/posix/store_machine.h"
 #include "tests/outlook/child_process.h"
 #include "tests/outlook/store_fixture.h"
 
@@ -76,7 +78,7 @@ TEST_F(Processes, WriteAtOnceWithoutLosingAnything) {
     const std::vector<Oid> oids = WalkOids(*Items());
     EXPECT_EQ(oids.size(), 4U * kEach);
     EXPECT_EQ(std::set<Oid>(oids.begin(), oids.end()).size(), oids.size());
-    EXPECT_EQ(DiagnoseStore(File, CheckDepth::Full).State, Verdict::Ok);
+    EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full).State, Verdict::Ok);
 }
 
 TEST_F(Processes, AWriterThatHoldsOnTooLongIsLockedOut) {
@@ -95,7 +97,7 @@ TEST_F(Processes, AWriterThatHoldsOnTooLongIsLockedOut) {
     });
     StoreOptions options;
     options.LockPatience = 200;
-    ASSERT_EQ(OpenStore(File, options, Store), Status::Ok); // before the other one holds it
+    ASSERT_EQ(OpenStore(posix::SystemMachine(), File, options, Store), Status::Ok); // before the other one holds it
     App = MakeOutlookApp(Store);
     holder->Tell('g');
     holder->Hear();
@@ -116,14 +118,15 @@ TEST_F(Processes, AChangeByAnotherProcessIsNoticedWithinASecondWithoutPolling) {
         link.Hear();
     });
     Reopen();
-    ChangeWatcher watcher(Store);
+    posix::FolderNotice notice;
+    ChangeWatcher watcher(Store, notice);
     ASSERT_EQ(watcher.Start(), Status::Ok);
-    ASSERT_GE(watcher.Descriptor(), 0);
-    EXPECT_FALSE(IsReadable(watcher.Descriptor(), 50));
+    ASSERT_GE(notice.Descriptor(), 0);
+    EXPECT_FALSE(IsReadable(notice.Descriptor(), 50));
     EXPECT_FALSE(watcher.TakeItemChange());
     other->Tell('g');
     other->Hear();
-    EXPECT_TRUE(IsReadable(watcher.Descriptor(), 1000));
+    EXPECT_TRUE(IsReadable(notice.Descriptor(), 1000));
     EXPECT_TRUE(watcher.TakeItemChange());
     EXPECT_FALSE(watcher.TakeItemChange());
     other->Tell('e');
@@ -141,16 +144,17 @@ TEST_F(Processes, OwnChangesAndTheLedgersAreNoItemChangesOfOthers) {
         link.Hear();
     });
     Reopen();
-    ChangeWatcher watcher(Store);
+    posix::FolderNotice notice;
+    ChangeWatcher watcher(Store, notice);
     ASSERT_EQ(watcher.Start(), Status::Ok);
     Add("2026-05-01 10:00", "2026-05-01 11:00");
-    EXPECT_TRUE(IsReadable(watcher.Descriptor(), 1000));
+    EXPECT_TRUE(IsReadable(notice.Descriptor(), 1000));
     EXPECT_FALSE(watcher.TakeItemChange());
-    EXPECT_FALSE(IsReadable(watcher.Descriptor(), 0));
+    EXPECT_FALSE(IsReadable(notice.Descriptor(), 0));
     EXPECT_FALSE(watcher.TakeLedgerChange());
     other->Tell('g');
     other->Hear();
-    EXPECT_TRUE(IsReadable(watcher.Descriptor(), 1000));
+    EXPECT_TRUE(IsReadable(notice.Descriptor(), 1000));
     EXPECT_FALSE(watcher.TakeItemChange());
     EXPECT_TRUE(watcher.TakeLedgerChange());
     EXPECT_FALSE(watcher.TakeLedgerChange());
@@ -167,7 +171,8 @@ TEST_F(Processes, AChangeByAnotherBetweenTwoOfOursIsNotLost) {
         link.Hear();
     });
     Reopen();
-    ChangeWatcher watcher(Store);
+    posix::FolderNotice notice;
+    ChangeWatcher watcher(Store, notice);
     ASSERT_EQ(watcher.Start(), Status::Ok);
     Add("2026-05-02 10:00", "2026-05-02 11:00");
     other->Tell('g');
@@ -190,7 +195,8 @@ TEST_F(Processes, AWishForATagIsNoticedAsAChange) {
         link.Hear();
     });
     Reopen();
-    ChangeWatcher watcher(Store);
+    posix::FolderNotice notice;
+    ChangeWatcher watcher(Store, notice);
     ASSERT_EQ(watcher.Start(), Status::Ok);
     other->Tell('g');
     other->Hear();
@@ -255,7 +261,7 @@ TEST_F(Processes, KilledInTheMiddleOfATransactionLeavesWhatWasThereBefore) {
     EXPECT_EQ(Store->LastFullCheck(), 0);
     EXPECT_THAT(WalkOids(*Items()), ElementsAre(1));
     EXPECT_EQ(Read(1).Subject, u"Before");
-    EXPECT_EQ(DiagnoseStore(File, CheckDepth::Full).State, Verdict::Ok);
+    EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full).State, Verdict::Ok);
     EXPECT_EQ(Add("2026-05-03 10:00", "2026-05-03 11:00"), 2);
 }
 
@@ -279,7 +285,7 @@ TEST_F(Processes, KilledAtAnyMomentLeavesWholeGroups) {
         EXPECT_EQ(victim->Wait(), 128 + 9);
         Reopen();
         EXPECT_EQ(WalkOids(*Items()).size() % 2, 0U);
-        EXPECT_EQ(DiagnoseStore(File, CheckDepth::Full).State, Verdict::Ok);
+        EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full).State, Verdict::Ok);
     }
     EXPECT_GT(WalkOids(*Items()).size(), 0U);
 }

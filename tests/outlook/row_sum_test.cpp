@@ -2,6 +2,7 @@
 #include "host/outlook/diagnosis.h"
 #include "host/outlook/row_sum.h"
 #include "host/outlook/store_core.h"
+#include "host/posix/store_machine.h"
 #include "tests/outlook/store_fixture.h"
 
 #include <gmock/gmock.h>
@@ -48,7 +49,7 @@ class RowSum : public StoreTest {
     Diagnosis Check() {
         App.Reset();
         Store.reset();
-        return DiagnoseStore(File, CheckDepth::Full);
+        return DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full);
     }
 
     void Run(const std::string& sql) { EXPECT_EQ(CoreOf(*Store).Db.Run(sql.c_str()), Status::Ok) << sql; }
@@ -202,7 +203,7 @@ TEST_F(RowSum, OneWhoReadsAStoreThatHasNoneYetReadsIt) {
     EXPECT_EQ(Check().State, Verdict::Ok);
     StoreOptions options;
     options.Rights = Access::ReadOnly;
-    ASSERT_EQ(OpenStore(File, options, Store), Status::Ok);
+    ASSERT_EQ(OpenStore(posix::SystemMachine(), File, options, Store), Status::Ok);
     EXPECT_EQ(Read(Plain).Subject, u"The dentist in the Main Street");
     Reopen(); // for writing: it gets them now
     Run("UPDATE item SET subject = 'x' WHERE oid = 1");

@@ -1,6 +1,8 @@
 // The words of the store's tests.
 #include "tests/outlook/store_fixture.h"
 
+#include "host/posix/store_machine.h"
+
 #include <fstream>
 #include <iterator>
 #include <stdlib.h>
@@ -37,7 +39,7 @@ void StoreTest::Reopen(const std::string& zone) {
     Store.reset();
     StoreOptions options;
     options.DeviceZone = zone;
-    ASSERT_EQ(OpenStore(File, options, Store), Status::Ok);
+    ASSERT_EQ(OpenStore(posix::SystemMachine(), File, options, Store), Status::Ok);
     App = MakeOutlookApp(Store);
 }
 

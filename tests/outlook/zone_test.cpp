@@ -1,6 +1,8 @@
 // Time zones: offsets, items that keep their zone, and a device that travels.
 #include "host/outlook/change_watcher.h"
 #include "host/outlook/store_core.h"
+#include "host/posix/folder_notice.h"
+#include "host/posix/store_machine.h"
 #include "host/rules/zone_rules.h"
 #include "tests/outlook/planted_rule.h"
 #include "tests/outlook/store_fixture.h"
@@ -75,12 +77,13 @@ TEST_F(ZonedItem, WhenAnotherConnectionTakesTheDeviceElsewhereListingsFollow) {
     for (int look = 0; look < 3; ++look) { // from the second on series come from memory
         EXPECT_THAT(Starts(june), ElementsAre("2026-06-01 09:00", "2026-06-01 10:00", "2026-06-02 09:00"));
     }
-    ChangeWatcher watcher(Store);
+    posix::FolderNotice notice;
+    ChangeWatcher watcher(Store, notice);
     ASSERT_EQ(watcher.Start(), Status::Ok);
     StorePtr other;
     StoreOptions options;
     options.DeviceZone = "Europe/Berlin";
-    ASSERT_EQ(OpenStore(File, options, other), Status::Ok);
+    ASSERT_EQ(OpenStore(posix::SystemMachine(), File, options, other), Status::Ok);
     ASSERT_EQ(other->SetDeviceZone("Asia/Tokyo"), Status::Ok);
     EXPECT_TRUE(watcher.TakeItemChange());
     for (int look = 0; look < 3; ++look) {
@@ -94,7 +97,7 @@ TEST_F(ZonedItem, WhatIsSavedBeforeTheNewsOfAnotherZoneArrivesIsMeantInTheNewOne
     StorePtr other;
     StoreOptions options;
     options.DeviceZone = "Asia/Tokyo";
-    ASSERT_EQ(OpenStore(File, options, other), Status::Ok);
+    ASSERT_EQ(OpenStore(posix::SystemMachine(), File, options, other), Status::Ok);
     const Oid oid = Import(Zoned("u", "UTC", "2026-06-01 08:00", "2026-06-01 09:00"));
     EXPECT_EQ(TextOf(Read(oid).Start), "2026-06-01 17:00");
 }
@@ -106,7 +109,7 @@ TEST_F(ZonedItem, WhatIsTakenBackBeforeTheNewsOfAnotherZoneArrivesIsMeantInTheNe
     StorePtr other;
     StoreOptions options;
     options.DeviceZone = "Asia/Tokyo";
-    ASSERT_EQ(OpenStore(File, options, other), Status::Ok);
+    ASSERT_EQ(OpenStore(posix::SystemMachine(), File, options, other), Status::Ok);
     std::vector<Oid> restored;
     ASSERT_EQ(App->Undo(restored), Status::Ok);
     EXPECT_THAT(restored, ElementsAre(oid));

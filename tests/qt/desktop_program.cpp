@@ -4,6 +4,7 @@
 #include "host/outlook/import_writer.h"
 #include "host/outlook/store.h"
 #include "host/posix/file_source.h"
+#include "host/posix/store_machine.h"
 #include "host/qt/chrome_widget.h"
 #include "tests/qt/hands.h"
 #include "tests/support/store_of.h"
@@ -30,7 +31,7 @@ HostOptions WithStore(const TemporaryRoot& root, exchange::CalendarImport& files
     options.ProgramFolder = options.Root.Path();
     const std::string store = options.Root.StorePath();
     options.CreateOutlook = [store](ComPtr<IPOutlookApp>& outlook) {
-        outlook = outlook::CreateOutlookApp(store, {});
+        outlook = outlook::CreateOutlookApp(posix::SystemMachine(), store, {});
         return Status::Ok;
     };
     options.TakeFiles = [&files](const std::vector<std::string>& paths) { files.Add(paths); };

@@ -1,6 +1,7 @@
 // The file in which another process asks for an item, and the program on the desktop that shows it.
 #include "host/outlook/store.h"
 #include "host/posix/instance_lock.h"
+#include "host/posix/store_machine.h"
 #include "res/resource_ids.h"
 #include "tests/qt/desktop_program.h"
 
@@ -14,7 +15,8 @@ constexpr std::chrono::milliseconds kNoticeTime(200); // a file is noticed, and 
 class ItemRequestOnTheDesktop : public testing::Test {
   protected:
     ItemRequestOnTheDesktop() : RunFolder(Root->Open().RunFolder()) {
-        const ComPtr<IPOutlookApp> store = outlook::CreateOutlookApp(Root->Open().StorePath(), {});
+        const ComPtr<IPOutlookApp> store =
+            outlook::CreateOutlookApp(posix::SystemMachine(), Root->Open().StorePath(), {});
         EXPECT_EQ(store->Logon(WindowHandle::None), Status::Ok);
         ComPtr<IAppointment> item;
         EXPECT_EQ(store->CreateItem(kItemAppointment, item), Status::Ok);

@@ -3,6 +3,7 @@
 #include "calendar/month_grid.h"
 #include "host/outlook/import_writer.h"
 #include "host/outlook/store.h"
+#include "host/posix/store_machine.h"
 #include "tests/qt/desktop_program.h"
 #include "tests/rules/naive_expansion.h"
 
@@ -61,7 +62,7 @@ class MonthWalk : public testing::Test {
 
     void FillStore() {
         outlook::StorePtr store;
-        ASSERT_EQ(outlook::OpenStore(Root->Open().StorePath(), {}, store), Status::Ok);
+        ASSERT_EQ(outlook::OpenStore(posix::SystemMachine(), Root->Open().StorePath(), {}, store), Status::Ok);
         outlook::ImportWriter writer(store);
         ASSERT_EQ(writer.Begin(u"given"), Status::Ok);
         for (int number = 0; number < kItems; ++number) {

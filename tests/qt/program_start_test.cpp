@@ -1,5 +1,6 @@
 // The built program on machines that lack what it needs.
 #include "host/outlook/import_writer.h"
+#include "host/posix/store_machine.h"
 #include "tests/files/temporary_folder.h"
 #include "tests/outlook/planted_rule.h"
 
@@ -130,7 +131,7 @@ TEST_F(ProgramStart, AStoreWithARuleThatNamesItsCalendarIsOpenedAndShown) {
     std::filesystem::create_directories(Folder / "home");
     {
         outlook::StorePtr store;
-        ASSERT_EQ(outlook::OpenStore(Folder / "home/Outlook.db", {}, store), Status::Ok);
+        ASSERT_EQ(outlook::OpenStore(posix::SystemMachine(), Folder / "home/Outlook.db", {}, store), Status::Ok);
         outlook::ImportWriter writer(store);
         ASSERT_EQ(writer.Begin(u"Import"), Status::Ok);
         rules::StoredItem item;

@@ -3,6 +3,7 @@
 
 #include "host/outlook/store.h"
 #include "host/posix/root_folder.h"
+#include "host/posix/store_machine.h"
 
 namespace tavo::memory {
 
@@ -19,7 +20,7 @@ HostOptions OptionsFor(const std::string& folder, disk::IDisk& disk, IProcesses&
     const auto create = [path = root.StorePath()](ComPtr<IPOutlookApp>& outlook) {
         outlook::StoreOptions options;
         options.DeviceZone = "UTC"; // whatever the zone of the machine that runs the test
-        outlook = outlook::CreateOutlookApp(path, options);
+        outlook = outlook::CreateOutlookApp(posix::SystemMachine(), path, options);
         return outlook ? Status::Ok : Status::OutOfMemory;
     };
     return {disk, root, processes, create, [] { return ErrorCode::CannotComplete; }};

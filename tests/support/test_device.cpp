@@ -3,6 +3,7 @@
 
 #include "framework/format.h"
 #include "host/outlook/store.h"
+#include "host/posix/store_machine.h"
 
 #include <gtest/gtest.h>
 
@@ -28,7 +29,7 @@ SYSTEMTIME At(int year, int month, int day, int hour, int minute) {
 
 headless::DeviceOptions WithStore(headless::DeviceOptions options) {
     options.Outlook = [](const std::filesystem::path& store, ComPtr<IPOutlookApp>& outlook) {
-        outlook = outlook::CreateOutlookApp(store, {});
+        outlook = outlook::CreateOutlookApp(posix::SystemMachine(), store, {});
         return Status::Ok;
     };
     return options;

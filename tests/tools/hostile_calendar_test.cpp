@@ -1,5 +1,6 @@
 // Calendars that someone sends to do harm: told in words, soon, and nothing else suffers.
 #include "host/outlook/store.h"
+#include "host/posix/store_machine.h"
 #include "tests/outlook/planted_rule.h"
 #include "tests/support/processor_time.h"
 #include "tests/tools/command_run.h"
@@ -228,7 +229,7 @@ TEST_F(HostileCalendar, AStoreThatHoldsOneAlreadyIsListedWithoutItAndCheckNamesI
         outlook::StoreOptions options;
         options.DeviceZone = "Europe/Berlin";
         outlook::StorePtr store;
-        ASSERT_EQ(outlook::OpenStore(Device.StorePath(), options, store), Status::Ok);
+        ASSERT_EQ(outlook::OpenStore(posix::SystemMachine(), Device.StorePath(), options, store), Status::Ok);
         std::string lines = "RRULE:FREQ=HOURLY";
         for (int number = 1; number < 4900; ++number) {
             lines += "\nRRULE:FREQ=HOURLY";

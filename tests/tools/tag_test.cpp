@@ -1,6 +1,7 @@
 // How `tavo import --as` tags what it brings, with and without the program at work.
 #include "host/outlook/store.h"
 #include "host/posix/instance_lock.h"
+#include "host/posix/store_machine.h"
 #include "tests/tools/command_run.h"
 
 #include <gmock/gmock.h>
@@ -39,7 +40,7 @@ class Tags : public testing::Test {
     std::vector<TagRequest> ReadRequests() {
         std::vector<TagRequest> requests;
         outlook::StorePtr store;
-        EXPECT_EQ(outlook::OpenStore(Device.StorePath(), {}, store), Status::Ok);
+        EXPECT_EQ(outlook::OpenStore(posix::SystemMachine(), Device.StorePath(), {}, store), Status::Ok);
         EXPECT_TRUE(Succeeded(outlook::MakeOutlookApp(store)->Tags().GetRequests(requests)));
         return requests;
     }
