@@ -28,7 +28,8 @@ Verdict FindObstacle(IStoreMachine& machine, const std::filesystem::path& path, 
     Status status = InspectStoreFile(machine, path, lockPatience, facts);
     if (Succeeded(status)) {
         Database database;
-        status = database.Open(StoreUri(path, "mode=rw"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI, lockPatience);
+        status =
+            database.Open(StoreUri(machine, path, "mode=rw"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI, lockPatience);
         if (Succeeded(status)) {
             sqlite3_db_config(database.Raw(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, facts.HasLog ? 1 : 0, nullptr);
             status = database.Run("BEGIN IMMEDIATE; ROLLBACK");

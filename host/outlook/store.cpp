@@ -23,9 +23,9 @@ Status ExplainFailure(IStoreMachine& machine, Status status, const std::filesyst
     return isFull ? Status::DiskFull : status;
 }
 
-Status OpenForWriting(StoreCore& core, const StoreOptions& options) {
-    Status status =
-        core.Db.Open(StoreUri(core.Path, "mode=rw"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI, options.LockPatience);
+Status OpenForWriting(IStoreMachine& machine, StoreCore& core, const StoreOptions& options) {
+    Status status = core.Db.Open(StoreUri(machine, core.Path, "mode=rw"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI,
+                                 options.LockPatience);
     if (Succeeded(status)) {
         status = core.Db.Run(kSettings);
     }
@@ -42,11 +42,11 @@ Status OpenForWriting(StoreCore& core, const StoreOptions& options) {
     return Succeeded(status) ? core.Db.Run("ROLLBACK") : status;
 }
 
-Status OpenForReading(StoreCore& core, const StoreOptions& options, bool hasLog) {
+Status OpenForReading(IStoreMachine& machine, StoreCore& core, const StoreOptions& options, bool hasLog) {
     core.CanWrite = false;
     // A reader that may write takes its files beside the store away again. It leaves an existing log as it is.
-    Status status =
-        core.Db.Open(StoreUri(core.Path, "mode=rw"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI, options.LockPatience);
+    Status status = core.Db.Open(StoreUri(machine, core.Path, "mode=rw"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI,
+                                 options.LockPatience);
     const bool writable = Succeeded(status) && sqlite3_db_readonly(core.Db.Raw(), "main") == 0;
     if (writable) {
         sqlite3_db_config(core.Db.Raw(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, hasLog ? 1 : 0, nullptr);
@@ -54,7 +54,7 @@ Status OpenForReading(StoreCore& core, const StoreOptions& options, bool hasLog)
     }
     if (!writable || (Failed(status) && status != Status::Locked)) {
         // On a read-only disk no file can appear beside the store; without a log none is needed.
-        status = core.Db.Open(StoreUri(core.Path, hasLog ? "mode=ro" : "mode=ro&immutable=1"),
+        status = core.Db.Open(StoreUri(machine, core.Path, hasLog ? "mode=ro" : "mode=ro&immutable=1"),
                               SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, options.LockPatience);
         if (Succeeded(status)) {
             status = core.Db.Run(kReaderSettings);
@@ -89,9 +89,9 @@ Status InspectAndOpen(IStoreMachine& machine, StoreCore& core, const StoreOption
     }
     core.OpenMark.emplace(machine, core.Path);
     if (!reads) {
-        return OpenForWriting(core, options);
+        return OpenForWriting(machine, core, options);
     }
-    status = OpenForReading(core, options, facts.HasLog);
+    status = OpenForReading(machine, core, options, facts.HasLog);
     return Succeeded(status) ? ReadSchema(core.Db, facts.Version) : status;
 }
 

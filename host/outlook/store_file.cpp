@@ -70,9 +70,9 @@ std::filesystem::path Beside(const std::filesystem::path& path, const char* suff
     return beside;
 }
 
-Status BuildStore(const std::filesystem::path& path) {
+Status BuildStore(IStoreMachine& machine, const std::filesystem::path& path) {
     Database database;
-    Status status = database.Open(StoreUri(path, "mode=rw"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI, 0);
+    Status status = database.Open(StoreUri(machine, path, "mode=rw"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI, 0);
     if (Succeeded(status)) {
         // The tables go into the file itself; only then does it get its log.
         status = database.Run("PRAGMA synchronous=FULL");
@@ -101,7 +101,7 @@ bool IsFolderExposed(IStoreMachine& machine, const std::filesystem::path& path) 
     return machine.IsExposed(AbsolutePath(path).parent_path());
 }
 
-std::string StoreUri(const std::filesystem::path& path, const char* parameters) {
+std::string StoreUri(IStoreMachine& machine, const std::filesystem::path& path, const char* parameters) {
     std::string uri = "file:";
     for (const char c : AbsolutePath(path).string()) {
         constexpr char kHex[] = "0123456789ABCDEF";
@@ -112,7 +112,8 @@ std::string StoreUri(const std::filesystem::path& path, const char* parameters) 
             uri += c;
         }
     }
-    return uri + "?" + parameters;
+    uri = uri + "?" + parameters;
+    return machine.FileSystem() == nullptr ? uri : uri + "&vfs=" + machine.FileSystem();
 }
 
 OpenFileMark::OpenFileMark(IStoreMachine& machine, const std::filesystem::path& path)
@@ -153,7 +154,7 @@ Status InspectStoreFile(IStoreMachine& machine, const std::filesystem::path& pat
     // Without a log the file says everything and is read as if it could not change: no locks, no files beside it.
     // With one, the newest tables may be in the log; who cannot write does not empty it into the file.
     Database database;
-    Status status = database.Open(StoreUri(path, facts.HasLog ? "mode=ro" : "mode=ro&immutable=1"),
+    Status status = database.Open(StoreUri(machine, path, facts.HasLog ? "mode=ro" : "mode=ro&immutable=1"),
                                   SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, lockPatience);
     if (Succeeded(status)) {
         status = ReadSchema(database, facts.Version);
@@ -166,7 +167,8 @@ Status InspectStoreFile(IStoreMachine& machine, const std::filesystem::path& pat
 }
 
 Status CreateStoreFile(IStoreMachine& machine, const std::filesystem::path& path) {
-    return machine.Create(AbsolutePath(path), BuildStore);
+    return machine.Create(AbsolutePath(path),
+                          [&machine](const std::filesystem::path& draft) { return BuildStore(machine, draft); });
 }
 
 } // namespace tavo::outlook

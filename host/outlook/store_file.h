@@ -54,6 +54,6 @@ bool IsFolderExposed(IStoreMachine& machine, const std::filesystem::path& path);
 Status CreateStoreFile(IStoreMachine& machine, const std::filesystem::path& path);
 
 // The form of a path that SQLite opens, with parameters.
-std::string StoreUri(const std::filesystem::path& path, const char* parameters);
+std::string StoreUri(IStoreMachine& machine, const std::filesystem::path& path, const char* parameters);
 
 } // namespace tavo::outlook

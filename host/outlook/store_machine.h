@@ -51,6 +51,9 @@ class IStoreMachine {
     virtual Status Create(const std::filesystem::path& path,
                           const std::function<Status(const std::filesystem::path& draft)>& build) = 0;
 
+    // The database's name for the file system on which stores lie; null for the one of the operating system.
+    virtual const char* FileSystem() = 0;
+
     virtual rules::IZoneSource& Zones() = 0;
 };
 

@@ -68,6 +68,8 @@ class StoreMachine final : public outlook::IStoreMachine {
     Status Create(const std::filesystem::path& path,
                   const std::function<Status(const std::filesystem::path& draft)>& build) override;
 
+    const char* FileSystem() override { return nullptr; }
+
     rules::IZoneSource& Zones() override { return SystemZones(); }
 };
 

@@ -10,7 +10,7 @@
 
 namespace tavo::companion::test {
 
-class CompanionTest : public outlook::test::StoreTest {
+class CompanionTest : public outlook::test::StoreFileTest {
   protected:
     CompanionTest();
     ~CompanionTest() override;

@@ -13,7 +13,7 @@ namespace tavo::outlook::test {
 using ::testing::AnyOf;
 using ::testing::SizeIs;
 
-class DiskFull : public StoreTest {
+class DiskFull : public StoreFileTest {
   protected:
     DiskFull() {
         Changed = Add("2026-05-01 10:00", "2026-05-01 11:00", u"Before");

@@ -2,7 +2,6 @@
 #include "host/outlook/diagnosis.h"
 #include "host/outlook/occurrence_reader.h"
 #include "host/outlook/reminder_finder.h"
-#include "host/posix/store_machine.h"
 #include "host/rules/zone_rules.h"
 #include "tests/outlook/planted_rule.h"
 #include "tests/outlook/store_fixture.h"
@@ -131,7 +130,7 @@ TEST_F(HeavyItem, AStoreThatHoldsOneAlreadyListsRemindsAndIsCheckedWithoutIt) {
                     ElementsAre("2026-03-14 09:00 > 2026-03-14 10:00"))
             << attack.Name;
         EXPECT_EQ(NextReminder("2026-01-01"), "2026-03-14 08:45") << attack.Name;
-        const Diagnosis diagnosis = DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full);
+        const Diagnosis diagnosis = DiagnoseStore(Machine, File, CheckDepth::Full);
         EXPECT_EQ(diagnosis.State, Verdict::LeavesOut) << attack.Name;
         EXPECT_THAT(diagnosis.Findings,
                     ElementsAre("Item " + std::to_string(oid) + " (Heavy): " + attack.Reason + "."));
@@ -147,7 +146,7 @@ TEST_F(HeavyItem, AStoreThatHoldsOneAlreadyListsRemindsAndIsCheckedWithoutIt) {
         EXPECT_EQ(Read(oid).ForeignRule, attack.Rule);
         ASSERT_EQ(Get(oid)->Delete(), Status::Ok) << attack.Name;
     }
-    EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full).State, Verdict::Ok);
+    EXPECT_EQ(DiagnoseStore(Machine, File, CheckDepth::Full).State, Verdict::Ok);
 }
 
 TEST_F(HeavyItem, ARuleThatNeverMatchesKeepsNoMovedOccurrenceAwayFromOtherItems) {
@@ -158,7 +157,7 @@ TEST_F(HeavyItem, ARuleThatNeverMatchesKeepsNoMovedOccurrenceAwayFromOtherItems)
     EXPECT_THAT(ListMonth(), ElementsAre("2026-03-10 09:00 Heavy"));
     EXPECT_EQ(NextReminder("2026-01-01"), "2026-03-10 08:45");
     EXPECT_LT(TimeUsed() - before, kSoon);
-    EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full).State, Verdict::Ok);
+    EXPECT_EQ(DiagnoseStore(Machine, File, CheckDepth::Full).State, Verdict::Ok);
 }
 
 TEST_F(HeavyItem, ARuleThatNamesItsCalendarIsKeptAndListed) {
@@ -168,7 +167,7 @@ TEST_F(HeavyItem, ARuleThatNamesItsCalendarIsKeptAndListed) {
     EXPECT_THAT(ListMonth(), ElementsAre("2026-03-02 09:00 Heavy", "2026-03-06 09:00 Heavy", "2026-03-09 09:00 Heavy",
                                          "2026-03-23 09:00 Heavy", "2026-03-26 09:00 Heavy", "2026-03-30 09:00 Heavy"));
     EXPECT_EQ(NextReminder("2026-01-01"), "2026-01-05 08:45");
-    EXPECT_EQ(DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full).State, Verdict::Ok);
+    EXPECT_EQ(DiagnoseStore(Machine, File, CheckDepth::Full).State, Verdict::Ok);
 }
 
 TEST_F(HeavyItem, AHundredThousandCancelledDaysCostLittle) {
@@ -319,7 +318,7 @@ TEST_F(HeavyItem, AZoneADayAwayFromUniversalTimeIsRefusedAndNamedWhereItIs) {
                       .c_str()),
               Status::Ok);
     ASSERT_EQ(SumAnew(CoreOf(*Store)), Status::Ok);
-    const Diagnosis diagnosis = DiagnoseStore(posix::SystemMachine(), File, CheckDepth::Full);
+    const Diagnosis diagnosis = DiagnoseStore(Machine, File, CheckDepth::Full);
     EXPECT_EQ(diagnosis.State, Verdict::LeavesOut);
     EXPECT_THAT(diagnosis.Findings,
                 ElementsAre(AllOf(HasSubstr("is 24 hours or more away"), ::testing::Not(HasSubstr("\x1b")))));

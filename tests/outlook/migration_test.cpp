@@ -13,7 +13,7 @@ namespace tavo::outlook::test {
 
 using ::testing::ElementsAre;
 
-class Migration : public StoreTest {
+class Migration : public StoreFileTest {
   protected:
     Migration() {
         App.Reset();

@@ -16,7 +16,7 @@
 
 namespace tavo::outlook::test {
 
-class Opening : public StoreTest {
+class Opening : public StoreFileTest {
   protected:
     Opening() {
         Add("2026-05-03 10:00", "2026-05-03 11:00", u"Kept");

@@ -20,7 +20,7 @@ namespace tavo::outlook::test {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class Processes : public StoreTest {
+class Processes : public StoreFileTest {
   protected:
     // Forks with no store open; locks belong to a process, so a child must open its own.
     std::unique_ptr<ChildProcess> Fork(const std::function<void(ChildProcess::Link&)>& work) {

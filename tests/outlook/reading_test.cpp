@@ -11,7 +11,7 @@
 namespace tavo::outlook::test {
 namespace {
 
-class Reading : public StoreTest {
+class Reading : public StoreFileTest {
   protected:
     // What another process puts into the store in the middle of a reading, and what is seen of it before and after.
     void AddElsewhere() {

@@ -19,7 +19,7 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-class RowSum : public StoreTest {
+class RowSum : public StoreFileTest {
   protected:
     // One item of every sort, a zone that came along, a note, and steps of undo.
     void Fill() {

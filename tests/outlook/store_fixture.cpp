@@ -30,16 +30,19 @@ ScratchFolder::~ScratchFolder() {
     std::filesystem::remove_all(Path, ignored);
 }
 
-StoreTest::StoreTest() : File(Folder.File("Outlook.db")) {
+StoreTest::StoreTest(IStoreMachine* machine, const std::filesystem::path& file)
+    : Machine(machine == nullptr ? Memory : *machine), File(machine == nullptr ? Memory.File("Outlook.db") : file) {
     Reopen();
 }
+
+StoreFileTest::StoreFileTest() : StoreTest(&posix::SystemMachine(), Folder.File("Outlook.db")) {}
 
 void StoreTest::Reopen(const std::string& zone) {
     App.Reset();
     Store.reset();
     StoreOptions options;
     options.DeviceZone = zone;
-    ASSERT_EQ(OpenStore(posix::SystemMachine(), File, options, Store), Status::Ok);
+    ASSERT_EQ(OpenStore(Machine, File, options, Store), Status::Ok);
     App = MakeOutlookApp(Store);
 }
 

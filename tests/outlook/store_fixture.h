@@ -1,8 +1,10 @@
-// A store in a folder of its own, and few words to fill it and ask it.
+// A store of a test's own, in memory or in a file, and few words to fill it and ask it.
 #pragma once
 
 #include "host/outlook/import_writer.h"
 #include "host/outlook/store.h"
+#include "host/posix/zone_database.h"
+#include "tests/outlook/memory_machine.h"
 #include "tests/rules/item_words.h"
 
 #include <gtest/gtest.h>
@@ -29,9 +31,13 @@ class ScratchFolder {
 
 using namespace rules::test;
 
+// For what a store does wherever it lies.
 class StoreTest : public ::testing::Test {
   protected:
-    StoreTest();
+    StoreTest() : StoreTest(nullptr, "") {}
+
+    // On this machine; null: in memory, whatever the file.
+    StoreTest(IStoreMachine* machine, const std::filesystem::path& file);
 
     void Reopen(const std::string& zone = "UTC");
 
@@ -59,10 +65,21 @@ class StoreTest : public ::testing::Test {
     std::vector<std::string> Starts(const std::u16string& restriction);
     std::vector<Oid> Oids(const std::u16string& restriction);
 
-    ScratchFolder Folder;
-    std::filesystem::path File;
+    MemoryMachine Memory{posix::SystemZones()};
+    IStoreMachine& Machine;
+    const std::filesystem::path File;
     StorePtr Store;
     ComPtr<IPOutlookApp> App;
+};
+
+struct FolderOfStore {
+    ScratchFolder Folder;
+};
+
+// For what a store does with its files, and with other processes. The folder is there before the store.
+class StoreFileTest : protected FolderOfStore, public StoreTest {
+  protected:
+    StoreFileTest();
 };
 
 // All bytes of a file.

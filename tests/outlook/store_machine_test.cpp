@@ -32,6 +32,8 @@ class PretendedMachine final : public IStoreMachine {
         return Failed(Making) ? Making : Own.Create(path, build);
     }
 
+    const char* FileSystem() override { return Own.FileSystem(); }
+
     rules::IZoneSource& Zones() override { return Own.Zones(); }
 
     Status Beginning = Status::Ok;
@@ -126,6 +128,36 @@ TEST_F(StoreMachine, AWatcherWatchesTheStoresFolderOnceAndTakesEachNotice) {
     EXPECT_EQ(watcher.Start(), Status::False);
     EXPECT_FALSE(watcher.TakeItemChange());
     EXPECT_EQ(notice.Taken, 1);
+}
+
+using StoreInMemory = StoreTest;
+
+TEST_F(StoreInMemory, KeepsWhatItHoldsWhenItIsClosedAndTouchesNoDisk) {
+    const Oid oid = Add("2026-05-03 10:00", "2026-05-03 11:00", u"Kept");
+    Reopen();
+    EXPECT_EQ(Read(oid).Subject, u"Kept");
+    EXPECT_EQ(DiagnoseStore(Machine, File, CheckDepth::Full).State, Verdict::Ok);
+    EXPECT_FALSE(std::filesystem::exists(File.parent_path()));
+}
+
+TEST_F(StoreInMemory, IsSharedByAllWhoOpenItOnItsMachine) {
+    StoreOptions options;
+    options.DeviceZone = "UTC";
+    StorePtr other;
+    ASSERT_EQ(OpenStore(Machine, File, options, other), Status::Ok);
+    const Oid oid = Add("2026-05-03 10:00", "2026-05-03 11:00", u"Seen by both");
+    StoredItem item;
+    ASSERT_EQ(other->ReadItem(oid, item), Status::Ok);
+    EXPECT_EQ(item.Subject, u"Seen by both");
+}
+
+TEST_F(StoreInMemory, IsOnNoOtherMachine) {
+    MemoryMachine another{posix::SystemZones()};
+    StoreOptions reader;
+    reader.Rights = Access::ReadOnly;
+    StorePtr store;
+    EXPECT_EQ(OpenStore(another, File, reader, store), Status::NotFound);
+    EXPECT_NE(another.File("Outlook.db"), File);
 }
 
 } // namespace tavo::outlook::test

@@ -2,7 +2,6 @@
 #include "host/outlook/change_watcher.h"
 #include "host/outlook/store_core.h"
 #include "host/posix/folder_notice.h"
-#include "host/posix/store_machine.h"
 #include "host/rules/zone_rules.h"
 #include "tests/outlook/planted_rule.h"
 #include "tests/outlook/store_fixture.h"
@@ -13,7 +12,7 @@ namespace tavo::outlook::test {
 
 using ::testing::ElementsAre;
 
-class ZonedItem : public StoreTest {
+class ZonedItem : public StoreFileTest {
   protected:
     static StoredItem Zoned(const std::string& uid, const std::string& zone, const std::string& start,
                             const std::string& end) {
@@ -83,7 +82,7 @@ TEST_F(ZonedItem, WhenAnotherConnectionTakesTheDeviceElsewhereListingsFollow) {
     StorePtr other;
     StoreOptions options;
     options.DeviceZone = "Europe/Berlin";
-    ASSERT_EQ(OpenStore(posix::SystemMachine(), File, options, other), Status::Ok);
+    ASSERT_EQ(OpenStore(Machine, File, options, other), Status::Ok);
     ASSERT_EQ(other->SetDeviceZone("Asia/Tokyo"), Status::Ok);
     EXPECT_TRUE(watcher.TakeItemChange());
     for (int look = 0; look < 3; ++look) {
@@ -97,7 +96,7 @@ TEST_F(ZonedItem, WhatIsSavedBeforeTheNewsOfAnotherZoneArrivesIsMeantInTheNewOne
     StorePtr other;
     StoreOptions options;
     options.DeviceZone = "Asia/Tokyo";
-    ASSERT_EQ(OpenStore(posix::SystemMachine(), File, options, other), Status::Ok);
+    ASSERT_EQ(OpenStore(Machine, File, options, other), Status::Ok);
     const Oid oid = Import(Zoned("u", "UTC", "2026-06-01 08:00", "2026-06-01 09:00"));
     EXPECT_EQ(TextOf(Read(oid).Start), "2026-06-01 17:00");
 }
@@ -109,7 +108,7 @@ TEST_F(ZonedItem, WhatIsTakenBackBeforeTheNewsOfAnotherZoneArrivesIsMeantInTheNe
     StorePtr other;
     StoreOptions options;
     options.DeviceZone = "Asia/Tokyo";
-    ASSERT_EQ(OpenStore(posix::SystemMachine(), File, options, other), Status::Ok);
+    ASSERT_EQ(OpenStore(Machine, File, options, other), Status::Ok);
     std::vector<Oid> restored;
     ASSERT_EQ(App->Undo(restored), Status::Ok);
     EXPECT_THAT(restored, ElementsAre(oid));

@@ -44,7 +44,7 @@ bool WorkOnASlowDisk() {
     return any;
 }
 
-class StoreLinkTest : public outlook::test::StoreTest {
+class StoreLinkTest : public outlook::test::StoreFileTest {
   protected:
     ~StoreLinkTest() override {
         if (Program) {
