@@ -3,7 +3,8 @@
 #
 # usage: scripts/fuzz.sh FOLDER SECONDS [SECONDS_OF_WHOLE_WAY]
 #
-# The one that goes the whole way of a calendar, from its file to its reminders, is slow and may be given longer.
+# The one that goes the whole way of a calendar, from its file to its reminders, is slow and may be given longer. An input
+# that takes a minute is one that hangs: under the sanitizers and beside other work, some rightly take fifteen seconds.
 #
 # What a fuzzer finds is kept in FOLDER/found.
 set -euo pipefail
@@ -25,7 +26,7 @@ fuzz() {
     seeds="fuzz/corpus/${name#fuzz_}"
     grown="$folder/corpus/$name"
     mkdir -p "$grown"
-    "$1" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=1024 -print_final_stats=1 -verbosity=0 \
+    "$1" -max_total_time="$seconds" -timeout=60 -rss_limit_mb=1024 -print_final_stats=1 -verbosity=0 \
         -artifact_prefix="$folder/found/$name-" "$grown" "$seeds" >"$folder/$name.log" 2>&1 || status=1
     say "$name for $seconds s"
     cat "$folder/$name.log"
