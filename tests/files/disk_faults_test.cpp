@@ -14,11 +14,13 @@ namespace {
 using test::Fault;
 using test::MemoryDisk;
 using test::PlayWithEveryFault;
+using testing::AllOf;
 using testing::AnyOf;
 using testing::Contains;
 using testing::Each;
 using testing::ElementsAre;
 using testing::Optional;
+using testing::SizeIs;
 
 constexpr std::time_t kNow = 1'100'000'000;
 const std::string kFolder = "/device/My Documents/TavoCalendar";
@@ -30,11 +32,7 @@ constexpr std::u16string_view kDataPath = u"\\My Documents\\TavoCalendar\\TavoCa
 
 // What lies in the Deleted folder.
 std::vector<std::string> Kept(const MemoryDisk& disk) {
-    std::vector<std::string> kept;
-    for (const std::string& name : disk.NamesIn(kFolder + "/Deleted")) {
-        kept.push_back(disk.Get(kFolder + "/Deleted/" + name).value_or("no file"));
-    }
-    return kept;
+    return disk.FilesIn(kFolder + "/Deleted");
 }
 
 struct Device {
@@ -125,9 +123,7 @@ TEST(DiskFaults, AMemoThatIsMovedIsAtOneOfItsPathsAtLeast) {
         device.Disk.Mend();
         const std::vector<std::string> names = device.Disk.NamesIn(kFolder);
         EXPECT_FALSE(names.empty());
-        for (const std::string& name : names) {
-            EXPECT_EQ(device.Disk.Get(kFolder + '/' + name), "ink") << name;
-        }
+        EXPECT_THAT(device.Disk.FilesIn(kFolder), AllOf(SizeIs(names.size()), Each(std::string("ink"))));
         EXPECT_EQ(error == ErrorCode::Success, names == std::vector<std::string>{"20041104_171005.pwi"});
         return device.Disk.HasFailed();
     });

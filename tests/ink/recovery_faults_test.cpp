@@ -29,8 +29,8 @@ InkBytes BytesOf(const std::optional<std::string>& text) {
 // The ink of every recovery file that holds some.
 std::vector<InkBytes> InkLeft(const MemoryDisk& disk) {
     std::vector<InkBytes> left;
-    for (const std::string& name : disk.NamesIn(kFolder)) {
-        const auto contents = ReadRecovery(BytesOf(disk.Get(kFolder + '/' + name)));
+    for (const std::string& bytes : disk.FilesIn(kFolder)) {
+        const auto contents = ReadRecovery(BytesOf(bytes));
         if (contents.has_value() && !contents->Ink.empty()) {
             left.push_back(contents->Ink);
         }

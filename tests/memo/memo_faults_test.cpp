@@ -39,11 +39,7 @@ struct Start {
 };
 
 std::vector<std::string> Kept(const MemoryDisk& disk) {
-    std::vector<std::string> kept;
-    for (const std::string& name : disk.NamesIn(kFolder + "/Deleted")) {
-        kept.push_back(disk.Get(kFolder + "/Deleted/" + name).value_or("no file"));
-    }
-    return kept;
+    return disk.FilesIn(kFolder + "/Deleted");
 }
 
 } // namespace

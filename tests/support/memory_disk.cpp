@@ -16,6 +16,10 @@ std::string FolderOf(const std::string& path) {
     return path.substr(0, path.rfind('/'));
 }
 
+std::string PathOf(const std::string& folder, const std::string& name) {
+    return folder + '/' + name;
+}
+
 } // namespace
 
 class MemoryDisk::HeldFile final : public disk::IHeldFile {
@@ -89,6 +93,16 @@ std::vector<std::string> MemoryDisk::NamesIn(const std::string& folder) const {
     return names;
 }
 
+std::vector<std::string> MemoryDisk::FilesIn(const std::string& folder) const {
+    std::vector<std::string> files;
+    for (const std::string& name : NamesIn(folder)) {
+        if (const std::optional<std::string> bytes = Get(PathOf(folder, name))) {
+            files.push_back(*bytes);
+        }
+    }
+    return files;
+}
+
 ErrorCode MemoryDisk::Count() {
     ++Calls;
     const bool fails = FailingCall != 0 && (Span == FaultSpan::Once ? Calls == FailingCall : Calls >= FailingCall);
@@ -159,7 +173,7 @@ ErrorCode MemoryDisk::List(const std::string& folder, const disk::EntryVisitor& 
         return node == nullptr ? ErrorCode::FileNotFound : ErrorCode::PathNotFound;
     }
     for (const std::string& name : NamesIn(folder)) {
-        visit(name, Find(folder + '/' + name)->Kind);
+        visit(name, Find(PathOf(folder, name))->Kind);
     }
     return ErrorCode::Success;
 }
@@ -265,7 +279,7 @@ ErrorCode MemoryDisk::Remove(const std::string& path) {
 void MemoryDisk::RemoveAll(const std::string& folder, const disk::NameTest& isUnwanted) {
     for (const std::string& name : NamesIn(folder)) {
         if (isUnwanted(name)) {
-            static_cast<void>(Remove(folder + '/' + name)); // what cannot go stays
+            static_cast<void>(Remove(PathOf(folder, name))); // what cannot go stays
         }
     }
 }

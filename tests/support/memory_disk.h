@@ -35,6 +35,7 @@ class MemoryDisk final : public disk::IDisk {
     void Put(const std::string& path, std::string_view bytes);
     std::optional<std::string> Get(const std::string& path) const;
     std::vector<std::string> NamesIn(const std::string& folder) const;
+    std::vector<std::string> FilesIn(const std::string& folder) const; // their bytes, in the order of their names
 
     ErrorCode Look(const std::string& path, disk::LastLink link, disk::Entry& entry) override;
     std::string Resolve(const std::string& path) override;
