@@ -105,6 +105,13 @@ TEST_F(ReminderSound, TheTerminatingZeroIsNotWritten) {
     EXPECT_EQ(Wave(), path);
 }
 
+TEST_F(ReminderSound, APathInAnyScriptIsWrittenWhole) {
+    constexpr std::u16string_view path = u"\\Sounds\\Gl\u00F6ckchen \u6642\u8A08.wav";
+    GivenReminder(At(2004, 11, 4, 9, 0), path);
+    UpdateReminderSound(State);
+    EXPECT_EQ(Wave(), path);
+}
+
 TEST_F(ReminderSound, AsksForTodayAndTomorrow) {
     const test::AskedRestrictions asked(State.Store.CalendarFolder);
     UpdateReminderSound(State);

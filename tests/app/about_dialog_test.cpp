@@ -25,22 +25,33 @@ TEST(AboutDialog, NamesTheProgramAndItsVersion) {
     EXPECT_FALSE(program.Device.See.IsDialogOpen());
 }
 
-TEST(AboutDialog, TheTitleBandIsBlueBoldArialCentredVertically) {
+TEST(AboutDialog, DrawsABlueTitleOverALineAndTheProgramsIcon) {
     RunningProgram program;
     ASSERT_TRUE(program.Start());
     program.Device.ChooseMenu(u"Tools", kCommandAbout);
     program.Device.Do([&] {
-        bool found = false;
-        for (const headless::DrawCall& call : program.Device.See.LastFrame()->Calls) {
-            if (call.Text == u"About Tavo Calendar") {
-                found = true;
-                EXPECT_EQ(call.Area, (Rect{5, 0, 240, 25}));
-                EXPECT_EQ(call.Ink, (Color{0xFF0000}));
-                EXPECT_EQ(call.Font, "Arial -13 700");
-                EXPECT_EQ(call.Format, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
-            }
-        }
-        EXPECT_TRUE(found);
+        EXPECT_EQ(ToText(program.Device.See.LastFrame()->Calls),
+                  "fill 0,0,240,268 #FFFFFF\n"
+                  "text 5,0,240,25 #0000FF format 2084 [Arial -13 700] \"About Tavo Calendar\"\n"
+                  "line 0,25 to 240,25 pen 1 #000000\n"
+                  "bitmap 128 9,35,41,67 from 0,0,32,32\n");
+    });
+    program.Device.PressClose();
+    ASSERT_TRUE(program.Settle());
+}
+
+TEST(AboutDialog, TellsItsTitleOnceHoweverOftenItIsDrawn) {
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    program.Device.ChooseMenu(u"Tools", kCommandAbout);
+    program.Device.ChangeScale();
+    program.Device.Do([&] {
+        EXPECT_EQ(program.Device.See.LastFrame()->Count, 2);
+        const std::vector<PaintedItem> items = program.Device.See.Items();
+        ASSERT_EQ(items.size(), 1U);
+        EXPECT_EQ(items[0].Role, PaintedRole::Header);
+        EXPECT_EQ(items[0].Name, u"About Tavo Calendar");
+        EXPECT_EQ(items[0].Bounds, (Rect{5, 0, 240, 25}));
     });
     program.Device.PressClose();
     ASSERT_TRUE(program.Settle());

@@ -1,6 +1,8 @@
 // What the start does about ink that a crash left.
 #include "memo/memo_files.h"
 #include "tests/app/recovery_fixture.h"
+#include "tests/support/folder_probe.h"
+#include "tests/support/host_probe.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -39,6 +41,16 @@ class InkRecoveryAtStart : public RecoveryAtStart {
 
     std::vector<std::u16string> Memos() { return MemoFiles(Program.State()).FindMemos(2004, 9, 15); }
 
+    // Whether the pages of the running program are asked to show what changed.
+    bool LooksAgain(CTavoApp& app) {
+        const AskedRestrictions asked(app.ProgramState().Store.CalendarFolder);
+        Program.Device.AdvanceClock(600);
+        EXPECT_TRUE(Program.Device.Finish(app.MessagePump()));
+        return !asked.Texts.empty();
+    }
+
+    bool LooksAgain() { return LooksAgain(*Program.App); }
+
     // The program is killed while this memo of today is drawn on.
     void GivenKilledOverMemo() {
         Program.WriteFile(kMemo, "of another program");
@@ -59,7 +71,29 @@ TEST_F(InkRecoveryAtStart, WhatIsKeptBecomesAMemoOfTheDayOnWhichItWasWritten) {
     ASSERT_TRUE(Program.Start());
     EXPECT_THAT(Boxes(), ElementsAre(u"Tavo Calendar|A memo of 2004.09.15(Wed) was not saved. Keep it?"));
     EXPECT_THAT(Memos(), ElementsAre(u"20040915_101500.pwi"));
+    EXPECT_TRUE(Program.State().Memo.IsEmpty());
+    EXPECT_TRUE(LooksAgain());
     ExpectNothingAskedAgain();
+}
+
+TEST_F(InkRecoveryAtStart, WhereNothingCanBeWrittenItIsToldAndAskedAboutAgain) {
+    GivenUnsavedMemo();
+    HostProbe full(Program.Device.Host());
+    Program.Device.Do([&] { full.OwnFiles.WriteResult = ErrorCode::DiskFull; }); // while it is asked
+    Program.Device.AnswerBox(IDYES);
+    Program.Device.AnswerBox(IDOK);
+    {
+        CTavoApp app(full);
+        ASSERT_EQ(app.InitInstance(), CTavoApp::Start::Running);
+        ASSERT_TRUE(Program.Device.Finish(app.MessagePump()));
+        EXPECT_FALSE(LooksAgain(app));
+        app.ExitInstance();
+    }
+    EXPECT_THAT(Boxes(), ElementsAre(u"Tavo Calendar|A memo of 2004.09.15(Wed) was not saved. Keep it?",
+                                     u"Tavo Calendar|The memo could not be saved. You will be asked again."));
+    Program.Device.AnswerBox(IDYES);
+    ASSERT_TRUE(Program.Start());
+    EXPECT_THAT(Memos(), ElementsAre(u"20040915_101500.pwi"));
 }
 
 TEST_F(InkRecoveryAtStart, WhatIsDeclinedIsNoMemoAndNotAskedAboutAgain) {
@@ -67,6 +101,7 @@ TEST_F(InkRecoveryAtStart, WhatIsDeclinedIsNoMemoAndNotAskedAboutAgain) {
     Program.Device.AnswerBox(IDNO);
     ASSERT_TRUE(Program.Start());
     EXPECT_THAT(Memos(), IsEmpty());
+    EXPECT_FALSE(LooksAgain());
     EXPECT_FALSE(fs::is_empty(RecoveryOf(Program) / "Declined"));
     ExpectNothingAskedAgain();
 }
@@ -129,6 +164,7 @@ TEST_F(InkRecoveryAtStart, InkThatIsWhereItBelongsIsNotAskedAbout) {
     Program.WriteFile(kMemo, std::string(left[0].Data.begin(), left[0].Data.end()));
     ASSERT_TRUE(Program.Start());
     EXPECT_THAT(Boxes(), IsEmpty());
+    EXPECT_THAT(Program.Device.Host().Ink().FindRecovered(), IsEmpty());
     ExpectNothingAskedAgain();
 }
 

@@ -59,6 +59,30 @@ TEST_F(VantorView, TheFirstUpdateEndsWithNothingBusyOrSuppressed) {
     EXPECT_FALSE(State.RefreshSuppressed);
 }
 
+TEST_F(VantorView, IsBuiltForTheClockPageWithNothingSuppressed) {
+    test::TestDevice device;
+    CProgramState state{device.Pump};
+    state.CurrentPage = PageNumber::Settings;
+    state.RefreshSuppressed = true;
+    const CMainFrame frame(device.Pump, state, Commands);
+    EXPECT_EQ(state.CurrentPage, PageNumber::Clock);
+    EXPECT_FALSE(state.RefreshSuppressed);
+}
+
+TEST_F(VantorView, IsWhiteBeneathThePages) {
+    const shell::WindowTree& tree = Device.Host.State.Tree;
+    EXPECT_EQ(tree.Find(Frame.Handle())->Bounds, (Rect{0, 0, 240, 320}));
+    EXPECT_EQ(tree.Find(Frame.View().Handle())->Bounds, (Rect{0, 26, 240, 294}));
+    bool done = false;
+    Frame.View().ShowPage(static_cast<PageNumber>(5)); // none
+    Device.Host.Queue().PostMessageW({Frame.View().Handle(), WM_PAINT, 0, 0, 0, {}});
+    Device.Host.Queue().PostMessageW({Frame.View().Handle(), WM_CLOSE, 0, 0, 0, {}});
+    static_cast<void>(Device.Pump.RunUntil(done));
+    const headless::Frame* drawn = Device.Host.Drawn.LastFrame(Frame.View().Handle());
+    ASSERT_NE(drawn, nullptr);
+    EXPECT_EQ(ToText(drawn->Calls), "fill 0,0,240,268 #FFFFFF\n");
+}
+
 TEST_F(VantorView, FourIsTheSchedulePageAsWell) {
     Frame.View().ShowPage(PageNumber::ScheduleAgain);
     EXPECT_EQ(ShownPages(), u"Schedule ");

@@ -28,6 +28,30 @@ TEST_F(CalendarPage, UpOn1901Shows1900AndStaysThere) {
     EXPECT_EQ(Program->Header(), u"Thu, May, 10, 1900");
 }
 
+TEST_F(CalendarPage, TheYear1901IsReachedFromTheOneAfterIt) {
+    Open(At(1902, 1, 10));
+    Press(VK_LEFT);
+    EXPECT_EQ(Program->Header(), u"Tue, Dec, 10, 1901");
+    Open(At(1902, 5, 10));
+    Press(VK_UP);
+    EXPECT_EQ(Program->Header(), u"Fri, May, 10, 1901");
+}
+
+TEST_F(CalendarPage, LeftAndRightGoByMonthWithinTheFirstYearAndTheLast) {
+    Open(At(1901, 5, 10));
+    Press(VK_UP);
+    Press(VK_LEFT);
+    EXPECT_EQ(Program->Header(), u"Tue, Apr, 10, 1900");
+    Press(VK_RIGHT, 2);
+    EXPECT_EQ(Program->Header(), u"Sun, Jun, 10, 1900");
+    Open(At(2998, 5, 10));
+    Press(VK_DOWN);
+    Press(VK_LEFT);
+    EXPECT_EQ(Program->Header(), u"Wed, Apr, 10, 2999");
+    Press(VK_RIGHT, 2);
+    EXPECT_EQ(Program->Header(), u"Mon, Jun, 10, 2999");
+}
+
 TEST_F(CalendarPage, RightOnDecember2998ShowsDecember2999) {
     Open(At(2998, 12, 10));
     Press(VK_RIGHT);
@@ -75,16 +99,21 @@ TEST_F(CalendarPage, DecemberOf2999HasItsDaysAndNoneOf3000) {
     EXPECT_EQ(Program->NumberIn(5, 6).Text, u"");
 }
 
-TEST_F(CalendarPage, ADayOfTheLastYearHasItsMenu) {
+TEST_F(CalendarPage, DaysOfTheFirstYearAndTheLastHaveTheirMenu) {
+    const auto opensMenu = [&](int row, int column) {
+        const Rect cell = RectOfCell(row, column);
+        Program->Device.Tap(cell.Left + 5, cell.Top + 5);
+        bool wasOpen = false;
+        Program->Device.Do([&] { wasOpen = Program->Device.Host().State.Menus.Tracked.has_value(); });
+        Program->Device.ChooseTracked(0);
+        return Program->Settle() && wasOpen;
+    };
+    Open(At(1901, 1, 10));
+    Press(VK_LEFT);
+    EXPECT_TRUE(opensMenu(0, 1)); // 1 January 1900
     Open(At(2998, 12, 10));
     Press(VK_RIGHT);
-    const Rect cell = RectOfCell(2, 5); // 20 December
-    Program->Device.Tap(cell.Left + 5, cell.Top + 5);
-    bool wasOpen = false;
-    Program->Device.Do([&] { wasOpen = Program->Device.Host().State.Menus.Tracked.has_value(); });
-    Program->Device.ChooseTracked(0);
-    ASSERT_TRUE(Program->Settle());
-    EXPECT_TRUE(wasOpen);
+    EXPECT_TRUE(opensMenu(2, 5)); // 20 December 2999
 }
 
 TEST_F(CalendarPage, ACellWithoutADateStaysBlankThoughAnItemLiesThere) {

@@ -1,9 +1,11 @@
 // The hidden day list of the month page and its scroll bar: always the selected day's.
 #include "res/resource_ids.h"
+#include "tests/support/folder_probe.h"
 #include "tests/support/running_program.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 
 namespace tavo::test {
@@ -27,8 +29,8 @@ class CalendarPageList : public testing::Test {
         }
     }
 
-    void Press(int key) {
-        Program.Device.Key(key);
+    void Press(int key, int modifiers = 0) {
+        Program.Device.Key(key, modifiers);
         ASSERT_TRUE(Program.Settle());
     }
 
@@ -113,6 +115,24 @@ TEST_F(CalendarPageList, AnArrowKeyLoadsTheDayOfTheOtherMonth) {
     EXPECT_EQ(Bar(), (BarState{0, 3, 0}));
 }
 
+TEST_F(CalendarPageList, ControlAndAnArrowLoadTheDayBeside) {
+    GivenItems(7, 11, 4);
+    Open();
+    Press(VK_RIGHT, kModifierControl);
+    EXPECT_EQ(Bar(), (BarState{0, 3, 0}));
+}
+
+TEST_F(CalendarPageList, ADayThatWasReadIsNotReadAgain) {
+    GivenItems(9, 11, 8);
+    Open();
+    const AskedRestrictions asked(Program.State().Store.CalendarFolder);
+    Tap(50, 90);
+    Scroll(SB_LINEDOWN);
+    EXPECT_EQ(Bar(), (BarState{0, 5, 1}));
+    const std::u16string day = u"[Start] <= 11/8/2004 and [End] >= 11/8/2004";
+    EXPECT_EQ(std::count(asked.Texts.begin(), asked.Texts.end(), day), 1);
+}
+
 TEST_F(CalendarPageList, AnyOtherKeyLoadsTheDayAgainAndRepaints) {
     Open();
     GivenItems(6, 11, 3);
@@ -174,6 +194,7 @@ TEST_F(CalendarPageList, AScrolledListRepaintsFromItsNewFirstRow) {
     Open();
     Program.Device.Host().Windows().ShowWindow(List(), ShowCommand::Show);
     ASSERT_TRUE(Program.Settle());
+    Scroll(SB_THUMBPOSITION, 2); // which reads the day, too
     Scroll(SB_THUMBPOSITION, 3);
     const headless::Frame* frame = Program.Device.Host().Drawn.LastFrame(List());
     ASSERT_NE(frame, nullptr);

@@ -91,6 +91,20 @@ TEST_F(CalendarPageLook, WithoutAFullPaintOnlyTheHeaderIsDrawn) {
                                "bitmap 156 205,5,231,31 from 26,0,52,26\n");
 }
 
+TEST_F(CalendarPageLook, WhenThePageComesBackItsGridIsNotDrawnAgain) {
+    Open();
+    Program->ShowPage(PageNumber::Calendar);
+    Program->ShowPage(PageNumber::Clock);
+    Program->ShowPage(PageNumber::Calendar);
+    EXPECT_EQ(ToText(Calls()), "bitmap 139 0,241,240,267 from 0,0,240,26\n"
+                               "bitmap 141 120,241,180,267 from 0,0,60,26\n"
+                               "bitmap 147 0,42,240,58 from 0,0,240,16\n"
+                               "bitmap 148 0,215,240,241 from 0,0,240,26\n"
+                               "fill 0,0,205,42 #FFFFFF\n"
+                               "text 20,5,220,30 #000000 format 37 [Comic Sans MS -17 700] \"Wed, Nov, 03, 2004\"\n"
+                               "bitmap 156 205,5,231,31 from 0,0,26,26\n");
+}
+
 TEST_F(CalendarPageLook, WhatNoStripCoversIsWhiteFromTheFirstPaint) {
     Open();
     Program->ShowPage(PageNumber::Calendar);

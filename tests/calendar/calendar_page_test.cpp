@@ -186,6 +186,23 @@ TEST_F(CalendarPage, AClockThatWasSetIsNoticedWithinTenMinutes) {
     EXPECT_EQ(Pixel(176, 64), kGrey);
 }
 
+TEST_F(CalendarPage, SleepsUntilMidnightAndNeverLongerThanTenMinutes) {
+    const auto timeToWake = [&] {
+        auto& host = Program->Device.Host();
+        const auto isPage = [&](WindowHandle window) { return window == Program->Device.See.Top(); };
+        return host.State.Timers.NextDue(isPage).value_or(0) - host.Time.GetMilliseconds();
+    };
+    SYSTEMTIME evening = At(2004, 11, 3, 23, 57);
+    evening.Second = 30;
+    Open(evening);
+    EXPECT_EQ(timeToWake(), 150'000);
+    Program->Device.AdvanceClock(shell::Milliseconds(150'000));
+    ASSERT_TRUE(Program->Settle());
+    EXPECT_EQ(timeToWake(), 600'000);
+    Open(At(2004, 11, 3, 9));
+    EXPECT_EQ(timeToWake(), 600'000);
+}
+
 TEST_F(CalendarPage, NumbersAreColouredByDayAndMonth) {
     Open(At(2004, 11, 3));
     EXPECT_EQ(Program->NumberIn(1, 0).Ink, kRed);        // Sunday

@@ -2,6 +2,7 @@
 #include "res/resource_ids.h"
 #include "tests/support/running_program.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace tavo::test {
@@ -135,6 +136,25 @@ TEST_F(ClockPage, DialAndDigitalBackgroundLieInTheirPlaces) {
                           "bitmap 144 0,241,60,267 from 0,0,60,26\n"
                           "bitmap 154 200,5,230,35 from 30,0,60,30\n"
                           "bitmap 153 10,45,230,265 from 0,0,220,220\n");
+}
+
+TEST_F(ClockPage, TellsItsDateItsFaceWithTheTimeItsButtonAndTheTabs) {
+    Start();
+    const PaintedItem date{{20, 10, 190, 30}, PaintedRole::Header, u"Wed, Nov, 03, 2004"};
+    PaintedItem clock{{0, 241, 60, 267}, PaintedRole::Tab, u"Clock", 0};
+    clock.Selected = true;
+    const PaintedItem schedule{{60, 241, 120, 267}, PaintedRole::Tab, u"Schedule", 1};
+    const PaintedItem calendar{{120, 241, 180, 267}, PaintedRole::Tab, u"Calendar", 2};
+    const PaintedItem settings{{180, 241, 240, 267}, PaintedRole::Tab, u"Settings", 3};
+    EXPECT_THAT(Program.Device.See.Items(),
+                testing::ElementsAre(date, PaintedItem{{20, 35, 220, 235}, PaintedRole::Picture, u"PM 5:10"},
+                                     PaintedItem{{200, 5, 230, 35}, PaintedRole::Button, u"Digital clock"}, clock,
+                                     schedule, calendar, settings));
+    Tap(215, 20);
+    EXPECT_THAT(Program.Device.See.Items(),
+                testing::ElementsAre(date, PaintedItem{{10, 45, 230, 265}, PaintedRole::Picture, u"PM 5:10"},
+                                     PaintedItem{{200, 5, 230, 35}, PaintedRole::Button, u"Analog clock"}, clock,
+                                     schedule, calendar, settings));
 }
 
 TEST_F(ClockPage, TheWholePageIsWhiteBeneath) {

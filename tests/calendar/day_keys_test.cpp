@@ -1,5 +1,6 @@
 // Enter and the arrow keys with Ctrl: the selected day and its menu.
 #include "tests/calendar/day_menu_desk.h"
+#include "tests/support/folder_probe.h"
 
 namespace tavo::test {
 namespace {
@@ -12,6 +13,32 @@ TEST_F(DayMenuTest, EnterOpensTheSelectedDaysMenuAtItsCell) {
         EXPECT_EQ(Menus().Tracked->At, (Point{124, 152})); // 5 beside and 29 under the cell's middle
         EXPECT_EQ(Captions()[kEntryAddMemo], u"Add memo...");
     });
+    Choose(0);
+    Settle();
+}
+
+TEST_F(DayMenuTest, EnterOpensTheMenuOfASundayAtItsCell) {
+    Program.Device.Host().Time.Clock.SetLocalTime(At(2004, 8, 1, 10, 0)); // the first cell
+    Open();
+    const auto placeOfMenu = [this] {
+        Point place;
+        Program.Device.Key(VK_RETURN);
+        Check([&] { place = Menus().Tracked.value_or(shell::TrackedMenu{}).At; });
+        Choose(0);
+        Settle();
+        return place;
+    };
+    EXPECT_EQ(placeOfMenu(), (Point{25, 100}));
+    Program.Device.Key(VK_DOWN, kModifierControl);
+    EXPECT_EQ(placeOfMenu(), (Point{25, 126}));
+    Program.Device.Key(VK_DOWN, kModifierControl);
+    EXPECT_EQ(placeOfMenu(), (Point{25, 152}));
+}
+
+TEST_F(DayMenuTest, EnterOpensTheMenuWithControlToo) {
+    Open();
+    Program.Device.Key(VK_RETURN, kModifierControl);
+    Check([this] { EXPECT_TRUE(Menus().Tracked.has_value()); });
     Choose(0);
     Settle();
 }
@@ -110,6 +137,42 @@ TEST_F(DayMenuTest, ControlAndArrowsMoveTheSelectedDay) {
     EXPECT_EQ(Program.CellName(0, 0), u"2004-08-01"); // the grid followed
 }
 
+TEST_F(DayMenuTest, ControlAndArrowsMoveTheBlueCell) {
+    const Color blue = Color::FromRgb(70, 163, 250);
+    Open();
+    EXPECT_EQ(Program.Device.See.PixelAt(kDayX, kDayY), blue);
+    Program.Device.Key(VK_RIGHT, kModifierControl);
+    Settle();
+    EXPECT_NE(Program.Device.See.PixelAt(kDayX, kDayY), blue);
+    EXPECT_EQ(Program.Device.See.PixelAt(kDayX + 33, kDayY), blue);
+}
+
+TEST_F(DayMenuTest, ControlAndArrowsAskTheStoreOnlyForAnotherMonth) {
+    Open();
+    Program.GivenAppointment(u"Fair", At(2004, 8, 19, 9), At(2004, 8, 19, 10));
+    const test::AskedRestrictions asked(Program.State().Store.CalendarFolder);
+    Program.Device.Key(VK_LEFT, kModifierControl);
+    Program.Device.Key(VK_UP, kModifierControl);
+    Settle();
+    EXPECT_THAT(asked.Texts, testing::IsEmpty());
+    Program.Device.Key(VK_UP, kModifierControl);
+    Settle();
+    EXPECT_EQ(Program.Header(), u"Tue, Aug, 31, 2004");
+    EXPECT_EQ(Program.CellName(2, 4), u"2004-08-19: appointment");
+    EXPECT_EQ(asked.Texts.size(), 1U);
+}
+
+TEST_F(DayMenuTest, ControlAndArrowsFindTheLeapDayOfTheYearTheyCameTo) {
+    Program.Device.Host().Time.Clock.SetLocalTime(At(2003, 12, 31, 10, 0));
+    Open();
+    for (int week = 0; week < 8; ++week) {
+        Program.Device.Key(VK_DOWN, kModifierControl);
+    }
+    Settle();
+    EXPECT_EQ(Program.Header(), u"Wed, Feb, 25, 2004");
+    EXPECT_EQ(Program.CellName(4, 0), u"2004-02-29");
+}
+
 TEST_F(DayMenuTest, ControlAndArrowsStartFromADayThatExists) {
     Program.Device.Host().Time.Clock.SetLocalTime(At(2004, 1, 31, 10, 0));
     Open();
@@ -128,6 +191,16 @@ TEST_F(DayMenuTest, ControlAndArrowsStopAtTheEndsOfTime) {
     }
     Settle();
     EXPECT_EQ(Program.Header(), u"Mon, Jan, 01, 1900");
+}
+
+TEST_F(DayMenuTest, AtTheEndOfTimeATappedDayStaysSelected) {
+    Program.Device.Host().Time.Clock.SetLocalTime(At(1901, 1, 10, 10, 0));
+    Open();
+    Program.Device.Key(VK_LEFT); // January 1900
+    Program.TapAside(185, 70);   // its 5th
+    Program.Device.Key(VK_UP, kModifierControl);
+    Settle();
+    EXPECT_EQ(Program.Header(), u"Fri, Jan, 05, 1900");
 }
 
 TEST_F(DayMenuTest, ControlAndArrowsComeBackFromABlankCell) {

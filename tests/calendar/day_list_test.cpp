@@ -61,9 +61,13 @@ class DayListTest : public testing::Test {
     }
 
     void LetPaint() {
-        const bool done = false;
+        bool done = false;
         Device.Host.State.Minimized = false;
-        Device.Pump.RunUntil(done); // until the script, which is empty, has ended
+        Device.Host.Time.Script.Add([&] {
+            done = true;
+            Device.Host.Queue().PostMessageW({}); // wakes the pump, which sees that it is done
+        });
+        EXPECT_TRUE(Device.Pump.RunUntil(done));
     }
 
     std::vector<std::u16string> TextsShown() const {
@@ -76,6 +80,11 @@ class DayListTest : public testing::Test {
             }
         }
         return texts;
+    }
+
+    int FirstRowShown() const {
+        const headless::Frame* frame = Device.Host.Drawn.LastFrame(List.Handle());
+        return frame == nullptr || frame->Items.empty() ? -1 : frame->Items.front().Id;
     }
 
     std::string Drawn() const {
@@ -193,6 +202,18 @@ TEST_F(DayListTest, AnItemThatCannotBeLoadedIsListedWithWhatWasRead) {
     State.Store.OutlookApp.Reset();
 }
 
+TEST_F(DayListTest, EndsWhereTheStoreGivesNoItem) {
+    GivenOnMonday(u"Dentist", 9);
+    GivenOnMonday(u"Lunch", 12);
+    GivenOnMonday(u"Tea", 16);
+    test::FolderFaults faults;
+    State.Store.CalendarFolder = test::FolderProbe::Make(State.Store.CalendarFolder, faults);
+    faults.MissingFrom = 3; // though it says that all went well
+    LoadDay(2004, 5, 3);
+    EXPECT_THAT(Subjects(), ElementsAre(u"Dentist", u"Lunch"));
+    State.Store.CalendarFolder.Reset();
+}
+
 TEST_F(DayListTest, TheOwnerIsToldWhenTheRowsAreThere) {
     GivenOnMonday(u"Dentist", 9);
     CountingOwner owner(List);
@@ -222,6 +243,22 @@ TEST_F(DayListTest, ScrollsUntilTheLastRowIsSeen) {
     EXPECT_FALSE(List.TakeKey(VK_LEFT));
 }
 
+TEST_F(DayListTest, AKeyScrollsByOneRowAndShowsIt) {
+    for (int hour = 8; hour < 15; ++hour) {
+        GivenOnMonday(u"Item", hour);
+    }
+    List.Show(ShowCommand::Show);
+    LoadDay(2004, 5, 3);
+    List.SetTop(3);
+    EXPECT_TRUE(List.TakeKey(VK_UP));
+    EXPECT_EQ(List.Top(), 2);
+    LetPaint();
+    EXPECT_EQ(FirstRowShown(), 2);
+    EXPECT_TRUE(List.TakeKey(VK_DOWN));
+    LetPaint();
+    EXPECT_EQ(FirstRowShown(), 3);
+}
+
 TEST_F(DayListTest, AShortListDoesNotScroll) {
     for (int hour = 8; hour < 12; ++hour) {
         GivenOnMonday(u"Item", hour);
@@ -244,6 +281,18 @@ TEST_F(DayListTest, PaintsNothingWhileHidden) {
     GivenOnMonday(u"Dentist", 9);
     LoadDay(2004, 5, 3);
     EXPECT_EQ(Device.Host.Drawn.LastFrame(List.Handle()), nullptr);
+}
+
+TEST_F(DayListTest, WhatWasLoadedWhileHiddenShowsWhenTheWindowDoes) {
+    List.Show(ShowCommand::Show);
+    LoadDay(2004, 5, 3);
+    LetPaint();
+    Device.Host.Windows().ShowWindow(Frame, ShowCommand::Hide);
+    GivenOnMonday(u"Dentist", 9);
+    LoadDay(2004, 5, 3);
+    Device.Host.Windows().ShowWindow(Frame, ShowCommand::Show);
+    LetPaint();
+    EXPECT_THAT(TextsShown(), ElementsAre(u"Dentist", u"AM 9:00 - AM 9:30"));
 }
 
 TEST_F(DayListTest, OnShowItRepaintsAtOnceWhenLoaded) {

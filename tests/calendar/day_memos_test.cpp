@@ -1,5 +1,6 @@
 // Memos made, opened and kept from the menu of a day.
 #include "tests/calendar/day_menu_desk.h"
+#include "tests/support/folder_probe.h"
 
 namespace tavo::test {
 namespace {
@@ -32,6 +33,32 @@ TEST_F(DayMenuTest, AMemoWithoutInkIsNotWritten) {
     Check([this] { EXPECT_EQ(Captions()[kEntryMemo], u"(Memo: 0)"); });
     Choose(0);
     Settle();
+}
+
+TEST_F(DayMenuTest, AnotherMemoBeginsOnEmptyPaper) {
+    Open();
+    TapDay();
+    Choose(kCommandAddMemo);
+    Draw();
+    Program.Device.PressOk();
+    TapDay();
+    Choose(kCommandAddMemo);
+    Check([this] {
+        const WindowHandle paper = Program.Device.See.Control(kInkPaper);
+        EXPECT_EQ(Program.Device.Host().Papers.Find(paper).Ink().Strokes().size(), 0U);
+    });
+    Program.Device.PressClose();
+    Settle();
+}
+
+TEST_F(DayMenuTest, AMemoWithoutInkLeavesTheMonthAsItIs) {
+    Open();
+    TapDay();
+    Choose(kCommandAddMemo);
+    const AskedRestrictions asked(Program.State().Store.CalendarFolder);
+    Program.Device.PressOk(); // without ink
+    Settle();
+    EXPECT_THAT(asked.Texts, ElementsAre(u"[Start] <= 9/15/2004 and [End] >= 9/15/2004")); // for the day's menu
 }
 
 TEST_F(DayMenuTest, TheSecondMemoOfASecondReplacesTheFirstWhichGoesToTheDeletedOnes) {
@@ -97,6 +124,7 @@ TEST_F(DayMenuTest, AMemoFileThatIsGoneIsSaidInOneSentenceAndNothingIsWritten) {
     Settle();
     EXPECT_THAT(Boxes(), ElementsAre(u"Tavo Calendar|This memo could not be read."));
     EXPECT_FALSE(Program.ReadFile("20040915_080000.pwi").has_value());
+    EXPECT_EQ(Program.CellName(2, 3), u"2004-09-15"); // its mark goes with it
 }
 
 TEST_F(DayMenuTest, AMemoThatIsNoFileAnyMoreCannotBeRead) {

@@ -28,6 +28,41 @@ DayRowText Describe(const AppointmentData& record) {
     return DescribeDayRow(record, locale);
 }
 
+// Writes every date and time with the same number of letters.
+class WordyLocale final : public ILocale {
+  public:
+    explicit WordyLocale(std::size_t length) : Text(length, u'x') {}
+
+    std::optional<std::u16string> GetDateFormatW(LocaleId, const SYSTEMTIME&, std::u16string_view,
+                                                 int bufferSize) override {
+        return Written(bufferSize);
+    }
+
+    std::optional<std::u16string> GetTimeFormatW(LocaleId, const SYSTEMTIME&, std::u16string_view,
+                                                 int bufferSize) override {
+        return Written(bufferSize);
+    }
+
+    bool VariantTimeToSystemTime(DATE, SYSTEMTIME&) override { return false; }
+
+    bool SystemTimeToVariantTime(const SYSTEMTIME&, DATE&) override { return false; }
+
+    const std::u16string Text;
+
+  private:
+    std::optional<std::u16string> Written(int bufferSize) const {
+        return Text.size() < static_cast<std::size_t>(bufferSize) ? std::optional(Text) : std::nullopt;
+    }
+};
+
+TEST(DayRowText, ATimeTakesSixtyThreeCharactersAtMost) {
+    const AppointmentData record = Timed({2004, 5, 1, 3, 9, 0, 0, 0}, {2004, 5, 1, 3, 10, 0, 0, 0});
+    WordyLocale longest(63);
+    EXPECT_EQ(DescribeDayRow(record, longest).Times, longest.Text + u" - " + longest.Text);
+    WordyLocale tooLong(64);
+    EXPECT_EQ(DescribeDayRow(record, tooLong).Times, u" - ");
+}
+
 TEST(DayRowText, AnItemOfOneDayShowsItsTimes) {
     EXPECT_EQ(Describe(Timed({2004, 5, 1, 3, 9, 0, 0, 0}, {2004, 5, 1, 3, 10, 30, 0, 0})),
               (DayRowText{u"Dentist", u"AM 9:00 - AM 10:30", u""}));

@@ -1,4 +1,6 @@
 // The marks of the month: which days each item marks, where and in which colour.
+#include "tests/support/appointment_probe.h"
+#include "tests/support/folder_probe.h"
 #include "tests/support/running_program.h"
 
 #include <gtest/gtest.h>
@@ -194,6 +196,33 @@ TEST_F(MonthMarks, AMonthWithoutItemsHasNoMarks) {
             EXPECT_EQ(Program.CellName(row, column).find(u':'), std::u16string::npos);
         }
     }
+}
+
+TEST_F(MonthMarks, AnItemThatTellsNotWhoItIsOrWhenIsLeftOut) {
+    const Oid dentist = Program.GivenAppointment(u"Dentist", At(2004, 5, 3, 9), At(2004, 5, 3, 10));
+    Program.GivenAppointment(u"Lunch", At(2004, 5, 5, 12), At(2004, 5, 5, 13));
+    Open();
+    ComPtr<IAppointment> item;
+    ASSERT_EQ(Program.Connect()->GetItemFromOid(dentist, item), Status::Ok);
+    AppointmentProbe probe(*item.Get());
+    FolderFaults faults;
+    faults.First = &probe;
+    ComPtr<IFolder>& folder = Program.State().Store.CalendarFolder;
+    folder = FolderProbe::Make(folder, faults);
+    const auto marks = [&] {
+        Program.Device.Tap(218, 18); // the Today button, which asks the store again
+        EXPECT_TRUE(Program.Settle());
+        EXPECT_EQ(Program.CellName(0, 0), u"2004-04-25");
+        EXPECT_EQ(Program.CellName(1, 3), u"2004-05-05: appointment");
+        return Program.CellName(1, 1);
+    };
+    EXPECT_EQ(marks(), u"2004-05-03: appointment");
+    for (Status* result : {&probe.OidResult, &probe.StartResult, &probe.EndResult}) {
+        *result = Status::Fail;
+        EXPECT_EQ(marks(), u"2004-05-03");
+        *result = Status::Ok;
+    }
+    Program.Stop(); // before the probe goes
 }
 
 TEST_F(MonthMarks, AFailingStoreLeavesTheGridWithoutAppointmentMarks) {

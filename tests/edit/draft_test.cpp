@@ -1,97 +1,8 @@
 // What an open editor holds is laid aside, and taken up again.
-#include "edit/draft_file.h"
-#include "tests/edit/edit_desk.h"
-
-#include <gtest/gtest.h>
-
-#include <functional>
+#include "tests/edit/laid_aside.h"
 
 namespace tavo::test {
 namespace {
-
-AppointmentDraft MakeDraft() {
-    AppointmentDraft draft;
-    draft.Mode = kModeAppointment;
-    draft.Item = 33;
-    draft.Opened.Subject = u"Old";
-    draft.Opened.Start = {2026, 11, 0, 21, 9, 30, 0, 0};
-    draft.Opened.End = {2026, 11, 0, 21, 10, 0, 0, 0};
-    draft.Now = {u"New = \\ two\nlines \U0001F600",
-                 {2026, 12, 0, 1, 8, 15, 30, 0},
-                 {2027, 1, 0, 2, 23, 59, 59, 0},
-                 true,
-                 kChoiceCustom,
-                 DraftRule{{kRecursMonthNth, 3, 62, 31, 5, 12}, RuleEnd::OnDate, 46400, 7},
-                 true,
-                 u"0090",
-                 2,
-                 u"bell.wav"};
-    draft.Ink = u"20261121_093000.ink";
-    return draft;
-}
-
-TEST(AppointmentDrafts, AreReadAsTheyWereWritten) {
-    const AppointmentDraft draft = MakeDraft();
-    EXPECT_EQ(DecodeDraft(EncodeDraft(draft)), draft);
-    AppointmentDraft bare;
-    EXPECT_EQ(DecodeDraft(EncodeDraft(bare)), bare);
-    EXPECT_TRUE(draft.IsChanged());
-    EXPECT_FALSE(bare.IsChanged());
-}
-
-TEST(AppointmentDrafts, OfAnEarlierProgramAreReadToo) {
-    AppointmentDraft draft = MakeDraft();
-    draft.Ink.clear();
-    std::vector<std::uint8_t> bytes = EncodeDraft(draft);
-    constexpr std::u16string_view newer = u"ink=\nend\n";
-    constexpr std::u16string_view before = u"end\n";
-    bytes.resize(bytes.size() - 2 * newer.size());
-    for (const char16_t unit : before) {
-        bytes.push_back(static_cast<std::uint8_t>(unit));
-        bytes.push_back(0);
-    }
-    EXPECT_EQ(DecodeDraft(bytes), draft);
-}
-
-TEST(AppointmentDrafts, AnythingElseIsNone) {
-    const std::vector<std::uint8_t> whole = EncodeDraft(MakeDraft());
-    for (std::size_t size = 0; size < whole.size(); ++size) {
-        EXPECT_EQ(DecodeDraft(std::span(whole).first(size)), std::nullopt) << size;
-    }
-    AppointmentDraft draft = MakeDraft();
-    for (const std::int32_t mode : {-1, 8, 1000000}) {
-        draft.Mode = mode;
-        EXPECT_EQ(DecodeDraft(EncodeDraft(draft)), std::nullopt);
-    }
-    const std::vector<std::uint8_t> noise(1000, 0x3D);
-    EXPECT_EQ(DecodeDraft(noise), std::nullopt);
-}
-
-class LaidAside : public testing::Test {
-  protected:
-    // The wizard is through with it.
-    void GivenFourTimesEveryOtherWeek() {
-        Desk.Subject(u"Yoga");
-        Desk.ChooseRecurrence(kChoiceCustom);
-        Desk.TypeIntoShown(kPatternWeekInterval, u"2");
-        Desk.TapShown(kWizardNext);
-        Desk.TapShown(kRangeEndsAfter);
-        Desk.TypeIntoShown(kRangeCount, u"4");
-        Desk.TapShown(kWizardNext); // Done
-    }
-
-    std::vector<FoundDraft> Drafts() { return FindDrafts(Desk.Device.Host()); }
-
-    // The program ends with the script so far, with the editor open; what is left of it.
-    AppointmentDraft QuitDuring(const std::function<int()>& run) {
-        EXPECT_EQ(run(), kLeftOpen);
-        const std::vector<FoundDraft> found = Drafts();
-        EXPECT_EQ(found.size(), 1U);
-        return found.empty() ? AppointmentDraft() : found.front().Draft;
-    }
-
-    EditDesk Desk{At(2026, 11, 21, 9, 47)};
-};
 
 TEST_F(LaidAside, WithinASecondOfTyping) {
     Desk.Subject(u"Half a thou");
@@ -183,6 +94,7 @@ TEST_F(LaidAside, IsTakenUpAndSavedAsItWasTyped) {
     Desk.Subject(u"Trip");
     Desk.PickStartDate(2026, 12, 1);
     Desk.PickEndDate(2026, 12, 3);
+    Desk.TapAllDay();
     Desk.ChooseRecurrence(kChoiceYearly);
     Desk.ChooseReminder(true);
     Desk.TypeLead(u"7");
@@ -193,13 +105,19 @@ TEST_F(LaidAside, IsTakenUpAndSavedAsItWasTyped) {
     const std::vector<FoundDraft> found = Drafts();
     ASSERT_EQ(found.size(), 1U);
     later.Continued = &found.front();
-    later.Check([&later] { EXPECT_EQ(later.TextOf(kEditRecurrence), u"Dec. 1 of every year"); });
+    later.Check([&later] {
+        EXPECT_EQ(later.TextOf(kEditRecurrence), u"Dec. 1 of every year");
+        for (const int control : {kEditReminderValue, kEditReminderUnit, kEditSound, kEditPreview}) {
+            EXPECT_TRUE(later.Device.Host().Windows().IsWindowEnabled(later.Device.See.Control(control))) << control;
+        }
+    });
     later.Ok();
     ASSERT_EQ(later.RunNew(kModeNewAppointment), IDOK);
     const SavedItem saved = later.Read(later.LastSaved());
     EXPECT_EQ(saved.Subject, u"Trip");
     EXPECT_EQ(saved.Start, later.ToDate(At(2026, 12, 1, 9, 30)));
     EXPECT_EQ(saved.End, later.ToDate(At(2026, 12, 3, 9, 30)));
+    EXPECT_TRUE(saved.AllDay);
     EXPECT_EQ(saved.ReminderMinutes, 7 * 1440);
     EXPECT_EQ(saved.ReminderSound, u"chime.wav");
     EXPECT_EQ(later.ReadPattern(later.LastSaved()).Type, kRecursYearly);
@@ -219,6 +137,51 @@ TEST_F(LaidAside, OfAnExistingItemOnlyWhatWasChangedIsTakenUp) {
     ASSERT_EQ(later.RunExisting(kModeAppointment, same), IDOK);
     EXPECT_EQ(later.Read(same).Subject, u"Renamed meanwhile");
     EXPECT_EQ(later.Read(same).Duration, 150);
+}
+
+// Also what nobody had touched: the later editor would begin with other values.
+TEST_F(LaidAside, OfANewItemEveryValueIsTakenUp) {
+    Desk.Subject(u"Tea");
+    const AppointmentDraft draft = QuitDuring([this] { return Desk.RunNew(kModeNewAppointment); });
+    EditDesk later{At(2027, 3, 1, 12, 0)};
+    const FoundDraft found{u"\\Recovery\\x.draft", draft};
+    later.Continued = &found;
+    later.Ok();
+    ASSERT_EQ(later.RunNew(kModeNewAppointment), IDOK);
+    EXPECT_EQ(later.Read(later.LastSaved()).Start, later.ToDate(At(2026, 11, 21, 9, 30)));
+    EXPECT_EQ(later.Read(later.LastSaved()).End, later.ToDate(At(2026, 11, 21, 9, 30)));
+}
+
+TEST_F(LaidAside, OfAnExistingItemEveryChangeIsTakenUp) {
+    const auto givenCall = [](EditDesk& desk) {
+        return desk.GivenAppointment(u"Call", At(2026, 11, 23, 9), At(2026, 11, 23, 10), [](IAppointment& item) {
+            EXPECT_EQ(item.put_ReminderSet(true), Status::Ok);
+            EXPECT_EQ(item.put_ReminderMinutesBeforeStart(5), Status::Ok);
+        });
+    };
+    const Oid oid = givenCall(Desk);
+    const std::pair<std::function<void()>, std::int32_t> leads[] = {{[this] { Desk.TypeLead(u"7"); }, 7},
+                                                                    {[this] { Desk.ChooseLeadUnit(1); }, 300}};
+    for (const auto& [change, minutes] : leads) {
+        Desk.Subject(u"Talk");
+        Desk.PickStartTime(8, 0);
+        Desk.TapAllDay();
+        Desk.ChooseRecurrence(kChoiceMonthly);
+        change();
+        const AppointmentDraft draft = DraftDuring([&] { return Desk.RunExisting(kModeAppointment, oid); });
+        const FoundDraft found{u"\\Recovery\\x.draft", draft};
+        EditDesk later{At(2026, 11, 22, 12, 0)};
+        ASSERT_EQ(givenCall(later), oid);
+        later.Continued = &found;
+        later.Ok();
+        ASSERT_EQ(later.RunExisting(kModeAppointment, oid), IDOK);
+        const SavedItem saved = later.Read(oid);
+        EXPECT_EQ(saved.Subject, u"Talk");
+        EXPECT_EQ(saved.Duration, 120);
+        EXPECT_TRUE(saved.AllDay);
+        EXPECT_EQ(saved.ReminderMinutes, minutes);
+        EXPECT_EQ(later.ReadPattern(oid).Type, kRecursMonthly);
+    }
 }
 
 TEST_F(LaidAside, ASoundThatIsGoneByThenLeavesTheOneOfTheItem) {
@@ -243,51 +206,27 @@ TEST_F(LaidAside, ASoundThatIsGoneByThenLeavesTheOneOfTheItem) {
     EXPECT_EQ(later.Read(same).ReminderSound, u"bell.wav");
 }
 
-TEST_F(LaidAside, ARuleOfTheWizardIsTakenUpWithItsEnd) {
-    GivenFourTimesEveryOtherWeek();
-    const AppointmentDraft draft = QuitDuring([this] { return Desk.RunNew(kModeNewAppointment); });
-    ASSERT_TRUE(draft.Now.Rule.has_value());
-    EXPECT_EQ(draft.Now.Rule->End, RuleEnd::AfterCount);
-    EditDesk later{At(2026, 11, 22, 12, 0)};
+TEST_F(LaidAside, IsWrittenOnWhereItWasFoundAndGoesWithOk) {
+    AppointmentDraft draft;
+    draft.Mode = kModeNewAppointment;
+    draft.Now.Subject = u"Tea";
+    draft.Now.Start = {2026, 11, 0, 23, 9, 0, 0, 0};
+    draft.Now.End = draft.Now.Start;
     const FoundDraft found{u"\\Recovery\\x.draft", draft};
-    later.Continued = &found;
-    later.Ok();
-    ASSERT_EQ(later.RunNew(kModeNewAppointment), IDOK);
-    const SavedPattern saved = later.ReadPattern(later.LastSaved());
-    EXPECT_EQ(saved.Type, kRecursWeekly);
-    EXPECT_FALSE(saved.NoEnd);
-    EXPECT_EQ(saved.Occurrences, 4);
-    EXPECT_EQ(saved.Interval, 2);
-}
-
-TEST_F(LaidAside, ARuleStaysWhileItsWizardIsOpenAgain) {
-    GivenFourTimesEveryOtherWeek();
-    Desk.ChooseRecurrence(kChoiceCustom);
-    Desk.TypeIntoShown(kPatternWeekInterval, u"7");
+    IFiles& files = Desk.Device.Host().Files();
+    static_cast<void>(files.CreateDirectoryW(u"\\Recovery"));
+    ASSERT_EQ(files.WriteWholeFile(found.Path, EncodeDraft(draft)), ErrorCode::Success);
+    Desk.Continued = &found;
+    Desk.Subject(u"Tea and cake");
     Desk.Device.AdvanceClock(1000);
-    Desk.Check([this] {
+    Desk.Check([this, &found] {
         ASSERT_EQ(Drafts().size(), 1U);
-        EXPECT_TRUE(Drafts().front().Draft.Now.Rule.has_value());
+        EXPECT_EQ(Drafts().front().Path, found.Path);
+        EXPECT_EQ(Drafts().front().Draft.Now.Subject, u"Tea and cake");
     });
-    const AppointmentDraft draft = QuitDuring([this] { return Desk.RunNew(kModeNewAppointment); });
-    EXPECT_EQ(draft.Now.Recurrence, kChoiceCustom);
-    ASSERT_TRUE(draft.Now.Rule.has_value());
-    EXPECT_EQ(draft.Now.Rule->Rule.Interval, 2);
-    EXPECT_EQ(draft.Now.Rule->End, RuleEnd::AfterCount);
-    EXPECT_EQ(draft.Now.Rule->Occurrences, 4);
-}
-
-TEST_F(LaidAside, AnOpenWizardHasChosenNothingYet) {
-    Desk.Subject(u"Yoga");
-    Desk.ChooseRecurrence(kChoiceCustom);
-    Desk.Device.AdvanceClock(1000);
-    Desk.Check([this] {
-        ASSERT_EQ(Drafts().size(), 1U);
-        EXPECT_EQ(Drafts().front().Draft.Now.Recurrence, kChoiceOnce);
-    });
-    Desk.TapShown(IDCANCEL);
-    Desk.Cancel();
-    EXPECT_EQ(Desk.RunNew(kModeNewAppointment), IDCANCEL);
+    Desk.Ok();
+    EXPECT_EQ(Desk.RunNew(kModeNewAppointment), IDOK);
+    EXPECT_TRUE(Drafts().empty());
 }
 
 TEST_F(LaidAside, WhatIsNoDraftIsPutAway) {

@@ -136,6 +136,24 @@ TEST_F(HiddenProperties, ARuleOfAnotherCalendarOutlivesEveryMode) {
     }
 }
 
+TEST_F(HiddenProperties, ARuleOfAnotherCalendarIsNoneThatADraftCouldSay) {
+    StoredItem item = MakeRichItem(ItemKind::Appointment);
+    item.Pattern = {};
+    item.Pattern.Type = kRecursForeign;
+    item.ForeignRule = "RRULE:FREQ=MONTHLY;BYDAY=MO,TU;BYSETPOS=2";
+    const Oid oid = Import(item);
+    Desk.Subject(u"Renamed");
+    Desk.Device.AdvanceClock(1000);
+    Desk.Check([this] {
+        const std::vector<FoundDraft> drafts = FindDrafts(Desk.Device.Host());
+        ASSERT_EQ(drafts.size(), 1U);
+        EXPECT_EQ(drafts[0].Draft.Opened.Recurrence, kChoiceCustom);
+        EXPECT_EQ(drafts[0].Draft.Opened.Rule, std::nullopt);
+    });
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunExisting(kModeAppointment, oid), IDCANCEL);
+}
+
 TEST_F(HiddenProperties, OneStepTakesTheEditBackWhole) {
     const Oid oid = Import(MakeRichItem(ItemKind::Appointment));
     const StoredItem before = Whole(oid);
@@ -205,6 +223,36 @@ TEST_F(HiddenProperties, ARuleThatItsChoiceDoesNotSayWholeStays) {
     Desk.PickStartDate(2026, 11, 6);
     Rename(kModeAppointment, oid);
     EXPECT_EQ(Whole(oid).Pattern.DayOfMonth, 6); // moved to another day, it follows it
+}
+
+TEST_F(HiddenProperties, ARuleThatAnotherProcessChangedWhileTheWizardWasOpenIsTheStoredOne) {
+    const auto recurOn = [](std::int32_t day) {
+        return [day](IRecurrencePattern& pattern) { ASSERT_EQ(pattern.put_DayOfMonth(day), Status::Ok); };
+    };
+    const Oid oid = Desk.GivenSeries(u"Rent", At(2026, 11, 5, 9), At(2026, 11, 5, 10), kRecursMonthly, recurOn(28));
+    Desk.ChooseRecurrence(kChoiceCustom);
+    Desk.Check([&] {
+        ComPtr<IAppointment> item;
+        ComPtr<IRecurrencePattern> pattern;
+        ASSERT_EQ(Desk.Connect()->GetItemFromOid(oid, item), Status::Ok);
+        ASSERT_EQ(item->GetRecurrencePattern(pattern), Status::Ok);
+        recurOn(27)(*pattern);
+        ASSERT_EQ(item->Save(), Status::Ok);
+    });
+    Desk.TapShown(IDCANCEL);
+    Rename(kModeAppointment, oid);
+    EXPECT_EQ(Whole(oid).Pattern.DayOfMonth, 27);
+}
+
+TEST_F(HiddenProperties, AReminderThatTheItemHadNotIsALightADialogAndRepeats) {
+    const Oid oid = Desk.GivenAppointment(u"Call", At(2026, 11, 23, 9), At(2026, 11, 23, 10), [](IAppointment& item) {
+        EXPECT_EQ(item.put_ReminderOptions(kReminderVibrate), Status::Ok);
+        EXPECT_EQ(item.put_ReminderSoundFile(u"elsewhere.wav"), Status::Ok);
+    });
+    Desk.ChooseReminder(true);
+    Rename(kModeAppointment, oid);
+    EXPECT_EQ(Whole(oid).ReminderOptions, 21);
+    EXPECT_EQ(Whole(oid).ReminderSound, u"");
 }
 
 TEST_F(HiddenProperties, WhatIsChosenIsWrittenOverTheStoredRule) {

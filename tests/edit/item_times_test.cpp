@@ -80,6 +80,16 @@ TEST(ItemTimes, ThousandsOfYearsDoNotOverflowTheMinutes) {
     EXPECT_EQ(Times(Moment(1601, 1, 1), Moment(9999, 12, 31)).DurationMinutes(), 2147483647);
 }
 
+TEST(ItemTimes, AMidnightHasNothingOfTheTimeAndAJoinedTimeNothingOfTheDay) {
+    SYSTEMTIME day = Moment(2026, 11, 21, 23, 59, 58);
+    day.Milliseconds = 999;
+    EXPECT_EQ(MidnightOf(day), Moment(2026, 11, 21));
+    EXPECT_EQ(JoinDateAndTime(day, Moment(2027, 1, 2, 8, 15, 30)), Moment(2026, 11, 21, 8, 15, 30));
+    SYSTEMTIME rounded = day;
+    rounded.Milliseconds = 5;
+    EXPECT_EQ(RoundDownToHalfHour(rounded), Moment(2026, 11, 21, 23, 30));
+}
+
 TEST(ItemTimes, TheClockIsRoundedDownToTheHalfHour) {
     EXPECT_EQ(RoundDownToHalfHour(Moment(2026, 11, 21, 9, 29, 59)), Moment(2026, 11, 21, 9, 0));
     EXPECT_EQ(RoundDownToHalfHour(Moment(2026, 11, 21, 9, 30)), Moment(2026, 11, 21, 9, 30));

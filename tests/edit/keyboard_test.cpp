@@ -114,6 +114,60 @@ TEST_F(EditorKeys, WhatIsTypedBeforeARowIsChosenIsTheSubject) {
     EXPECT_EQ(Desk.RunNew(kModeNewAppointment), IDCANCEL);
 }
 
+TEST_F(EditorKeys, WhatIsTypedLaterGoesBehindTheSubject) {
+    const Oid oid = Desk.GivenAppointment(u"Call", At(2026, 11, 23, 9), At(2026, 11, 23, 10));
+    Desk.Device.Type(u"s");
+    Desk.Check([&] { EXPECT_EQ(Desk.TextOf(kEditSubject), u"Calls"); });
+    Desk.Device.Type(u"!");
+    Desk.Check([&] { EXPECT_EQ(Desk.TextOf(kEditSubject), u"Calls!"); });
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunExisting(kModeAppointment, oid), IDCANCEL);
+}
+
+TEST_F(EditorKeys, ABlankMayBeginTheSubjectAndASignWithoutAPictureMayNot) {
+    const auto expect = [this](const std::u16string& subject) {
+        Desk.Check([this, subject] {
+            EXPECT_EQ(Desk.TextOf(kEditSubject), subject);
+            EXPECT_FALSE(Desk.Device.See.IsChecked(kEditAllDay));
+            EXPECT_EQ(Desk.ShownEditingControls(), subject.empty() ? std::vector<int>{} : std::vector{kEditSubject});
+        });
+    };
+    Desk.Device.Type(u"\u0008\u001F");
+    expect(u"");
+    Desk.Device.Type(u" ");
+    expect(u" ");
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunNew(kModeNewAppointment), IDCANCEL);
+}
+
+TEST_F(EditorKeys, NothingMoreIsTypedIntoAFullSubject) {
+    const auto typeBehind = [this](std::size_t size, const std::vector<int>& shown) {
+        Desk.Subject(std::u16string(size, u'x'));
+        Desk.Device.Tap(2, 2);
+        Desk.Device.Type(u"y");
+        Desk.Check([this, shown] {
+            EXPECT_EQ(Desk.TextOf(kEditSubject).size(), 259U);
+            EXPECT_EQ(Desk.TextOf(kEditSubject).back(), shown.empty() ? u'x' : u'y');
+            EXPECT_EQ(Desk.ShownEditingControls(), shown);
+        });
+    };
+    typeBehind(258, {kEditSubject});
+    typeBehind(259, {});
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunNew(kModeNewAppointment), IDCANCEL);
+}
+
+TEST_F(EditorKeys, WhatIsTypedWhileAnotherRowIsShownIsNoSubject) {
+    for (const int row : {1, 3, 4}) {
+        Desk.ShowRow(row);
+        Desk.Device.Type(u"x");
+        Desk.Device.Type(u"\u0008");
+        Desk.Check([this] { EXPECT_EQ(Desk.TextOf(kEditSubject), u""); });
+    }
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunNew(kModeNewAppointment), IDCANCEL);
+}
+
 TEST_F(EditorKeys, EscapeCancelsFromAnywhere) {
     Desk.Device.Key(VK_ESCAPE);
     EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDCANCEL);
@@ -150,6 +204,7 @@ TEST_F(EditorKeys, ABlankAfterAllDayTurnsItOnceMoreAndIsNoSubject) {
     for (const bool isOn : {true, false, true}) {
         Desk.Check([this, isOn] {
             EXPECT_EQ(Desk.Device.See.IsChecked(kEditAllDay), isOn);
+            EXPECT_EQ(Desk.Device.See.FindItem(PaintedRole::Cell, u"All day")->Pressed, isOn);
             EXPECT_EQ(Desk.Device.See.TextOf(kEditSubject), u"Dinner");
         });
         Desk.Device.Type(u" ");

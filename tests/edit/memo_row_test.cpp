@@ -3,54 +3,12 @@
 #include "host/posix/replace_file.h"
 #include "memo/memo_files.h"
 #include "memo/memo_undo.h"
-#include "tests/edit/edit_desk.h"
+#include "tests/edit/memo_row.h"
 #include "tests/support/appointment_probe.h"
 #include "tests/support/outlook_probe.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
 namespace tavo::test {
 namespace {
-
-using Bytes = std::vector<std::uint8_t>;
-
-class MemoRow : public testing::Test {
-  protected:
-    void TapMemo() { Desk.ShowRow(5); }
-
-    Oid GivenNote(const Bytes& ink) {
-        return Desk.GivenAppointment(u"Wake", At(2026, 11, 23, 7, 0), At(2026, 11, 23, 7, 0),
-                                     [&](IAppointment& item) { EXPECT_EQ(item.put_BodyInk(ink), Status::Ok); });
-    }
-
-    Bytes NoteOf(Oid oid) {
-        ComPtr<IAppointment> item;
-        Bytes ink;
-        EXPECT_EQ(Desk.Connect()->GetItemFromOid(oid, item), Status::Ok);
-        EXPECT_EQ(item->get_BodyInk(ink), Status::Ok);
-        return ink;
-    }
-
-    Bytes BufferNow() {
-        const auto bytes = Desk.State.Memo.Bytes();
-        return {bytes.begin(), bytes.end()};
-    }
-
-    // What a kill would leave now.
-    std::vector<std::filesystem::path> RecoveryFiles() {
-        std::vector<std::filesystem::path> files;
-        std::error_code error;
-        const std::filesystem::path folder = std::filesystem::path(Desk.Device.Host().Root.Path()) / "Recovery";
-        for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
-            files.push_back(entry.path());
-        }
-        return files;
-    }
-
-    EditDesk Desk;
-};
 
 TEST_F(MemoRow, WaitsWhileThereIsNoInkEditor) {
     TapMemo();
@@ -206,10 +164,7 @@ TEST_F(MemoRow, ACancelledInkEditorChangesNothing) {
 
 TEST_F(MemoRow, InkThatIsTooLargeIsToldAndTheDialogStays) {
     const Oid oid = GivenNote({1, 2, 3});
-    Desk.EditInk = [&] {
-        Desk.State.Memo.Fill(Bytes(std::size_t{5} * 1024 * 1024, 7));
-        return IDOK;
-    };
+    DrawTooMuch();
     TapMemo();
     Desk.Device.AnswerBox(IDOK);
     Desk.Device.AnswerBox(IDNO);
@@ -228,10 +183,7 @@ TEST_F(MemoRow, InkThatIsTooLargeIsToldAndTheDialogStays) {
 
 TEST_F(MemoRow, InkThatIsTooLargeSurvivesAKillUntilItIsAnswered) {
     const Oid oid = GivenNote({1, 2, 3});
-    Desk.EditInk = [&] {
-        Desk.State.Memo.Fill(Bytes(std::size_t{5} * 1024 * 1024, 7));
-        return IDOK;
-    };
+    DrawTooMuch();
     TapMemo();
     Desk.Check([&] { EXPECT_EQ(RecoveryFiles().size(), 1U); });
     Desk.Device.AnswerBox(IDOK);
@@ -244,14 +196,8 @@ TEST_F(MemoRow, InkThatIsTooLargeSurvivesAKillUntilItIsAnswered) {
 
 TEST_F(MemoRow, InkThatIsTooLargeAndCannotBeAMemoEitherIsLeftForTheNextStart) {
     const Oid oid = GivenNote({1, 2, 3});
-    // Where the memos' folder should be there is a file.
-    const std::filesystem::path root(Desk.Device.Host().Root.Path());
-    std::filesystem::remove_all(root / "My Documents" / "TavoCalendar");
-    ASSERT_EQ(Desk.Device.Host().Files().WriteWholeFile(u"\\My Documents\\TavoCalendar", Bytes{1}), ErrorCode::Success);
-    Desk.EditInk = [&] {
-        Desk.State.Memo.Fill(Bytes(std::size_t{5} * 1024 * 1024, 7));
-        return IDOK;
-    };
+    BlockMemoFolder();
+    DrawTooMuch();
     TapMemo();
     Desk.Device.AnswerBox(IDOK);
     EXPECT_EQ(Desk.RunExisting(kModeAlarm, oid), kLeftOpen); // at the question
@@ -359,15 +305,18 @@ TEST_F(MemoRow, NewInkOutlivesACancelledWizard) {
     EXPECT_EQ(NoteOf(oid), (Bytes{4, 5}));
 }
 
-TEST_F(MemoRow, OpensByTheSpaceBar) {
+TEST_F(MemoRow, OpensByTheSpaceBarAlone) {
     int opened = 0;
     Desk.EditInk = [&] {
         ++opened;
         return IDCANCEL;
     };
-    Desk.Device.Key(VK_TAB, kModifierShift);
-    Desk.Device.Key(VK_TAB, kModifierShift);
-    Desk.Device.Key(VK_TAB, kModifierShift);
+    Desk.Device.Key(VK_SPACE); // no row is chosen yet
+    for (int step = 0; step < 3; ++step) {
+        Desk.Device.Key(VK_TAB, kModifierShift);
+    }
+    Desk.Device.Key(VK_LEFT);
+    Desk.Check([&] { EXPECT_EQ(opened, 0); });
     Desk.Device.Key(VK_SPACE);
     Desk.Cancel();
     EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDCANCEL);

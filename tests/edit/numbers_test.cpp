@@ -15,6 +15,7 @@ TEST(LeadingNumber, ReadsDigitsUpToTheFirstOtherCharacter) {
     EXPECT_EQ(LeadingNumber(u"  8"), 8);
     EXPECT_EQ(LeadingNumber(u"-4"), -4);
     EXPECT_EQ(LeadingNumber(u"+4"), 4);
+    EXPECT_EQ(LeadingNumber(std::u16string_view(u"1234").substr(0, 2)), 12); // not beyond the text
 }
 
 TEST(LeadingNumber, TextThatIsNoNumberIsZero) {
@@ -29,6 +30,7 @@ TEST(LeadingNumber, WhatDoesNotFitBecomesTheNearestThatDoes) {
     EXPECT_EQ(LeadingNumber(u"2147483647"), 2147483647);
     EXPECT_EQ(LeadingNumber(u"2147483648"), 2147483647);
     EXPECT_EQ(LeadingNumber(u"99999999999999999999999999"), 2147483647);
+    EXPECT_EQ(LeadingNumber(u"-2147483647"), -2147483647);
     EXPECT_EQ(LeadingNumber(u"-99999999999999999999999999"), -2147483647 - 1);
 }
 

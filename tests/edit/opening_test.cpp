@@ -32,6 +32,37 @@ TEST(OpeningTheEditor, ANewItemStartsAtTheHalfHourBeforeNowInAllPickers) {
     }
 }
 
+TEST(OpeningTheEditor, OkAndCancelLieSideBySideBelowTheForm) {
+    EditDesk desk;
+    desk.Check([&] {
+        EXPECT_EQ(desk.PlaceOf(IDOK), Rect::FromSize(45, 232, 70, 24));
+        EXPECT_EQ(desk.PlaceOf(IDCANCEL), Rect::FromSize(125, 232, 70, 24));
+    });
+    desk.Cancel();
+    EXPECT_EQ(desk.RunNew(kModeNewAppointment), IDCANCEL);
+}
+
+TEST(OpeningTheEditor, TheWholeSubjectIsSelectedToBeTypedOver) {
+    EditDesk desk;
+    const Oid oid = desk.GivenAppointment(u"Call", At(2026, 11, 23, 9), At(2026, 11, 23, 10));
+    desk.Device.Key(VK_TAB);
+    desk.Device.Type(u"x");
+    desk.Check([&] { EXPECT_EQ(desk.TextOf(kEditSubject), u"x"); });
+    desk.Cancel();
+    EXPECT_EQ(desk.RunExisting(kModeAppointment, oid), IDCANCEL);
+}
+
+TEST(OpeningTheEditor, ASeriesSaysItsRuleInTheWordsOfItsOwnDay) {
+    EditDesk desk(At(2026, 11, 21, 9, 47)); // a Saturday
+    const Oid oid = desk.GivenSeries(u"Class", At(2026, 11, 23, 9), At(2026, 11, 23, 10), kRecursWeekly);
+    desk.Check([&] {
+        EXPECT_EQ(desk.TextOf(kEditRecurrence), u"Every Monday");
+        EXPECT_EQ(desk.ValueOf(kEditRecurrence), u"Every Monday");
+    });
+    desk.Cancel();
+    EXPECT_EQ(desk.RunExisting(kModeAppointment, oid), IDCANCEL);
+}
+
 TEST(OpeningTheEditor, BeforeHalfPastItIsTheFullHour) {
     EditDesk desk(At(2026, 11, 21, 9, 29));
     desk.Check([&] { EXPECT_EQ(desk.PickerOf(kEditStartTime), WithWeekday(At(2026, 11, 21, 9, 0), 6)); });

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace tavo::test {
 namespace {
 
@@ -48,6 +50,8 @@ TEST_F(EditorTexts, LabelsOfAnAppointment) {
     Desk.Check([&] {
         EXPECT_EQ(RowNames(), (Texts{u"Subject :", u"Start :", u"End :", u"", u"Recur :", u"Alarm :", u"", u"Memo :"}));
     });
+    Desk.ShowRow(0); // painted once more
+    Desk.Check([&] { EXPECT_EQ(RowNames().size(), 8U); });
     RunNew(kModeNewAppointment);
 }
 
@@ -150,6 +154,36 @@ TEST_F(EditorTexts, ALongSubjectEndsInDotsWithinItsRow) {
     RunNew(kModeNewAlarm);
 }
 
+TEST_F(EditorTexts, ALongSubjectKeepsAllThatLeavesRoomForTheDots) {
+    const std::u16string beginning = std::u16string(36, u'i') + u"m";
+    Desk.Subject(beginning + std::u16string(60, u'i'));
+    Desk.Device.Tap(2, 2);
+    Desk.Check([this, beginning] {
+        EXPECT_EQ(Desk.WidthOf(beginning), 142); // one more letter, and the dots
+        EXPECT_TRUE(Desk.Device.See.ShowsText(beginning + u"i..."));
+    });
+    RunNew(kModeNewAlarm);
+}
+
+TEST_F(EditorTexts, ALongSoundEndsInDotsBeforeTheIcons) {
+    const std::u16string name = std::u16string(40, u'm') + u".wav";
+    const std::vector<std::uint8_t> bytes{1};
+    ASSERT_EQ(Desk.Device.Host().Files().WriteWholeFile(u"\\Windows\\" + name, bytes), ErrorCode::Success);
+    Desk.ChooseSound(name);
+    Desk.Device.Tap(2, 2);
+    Desk.Check([this, name] {
+        EXPECT_EQ(Desk.ValueOf(kEditSound), name);
+        EXPECT_FALSE(Desk.Device.See.ShowsText(name));
+        for (const headless::Placed& placed : Desk.Device.See.Visible()) {
+            if (placed.Text.starts_with(u"mmm")) {
+                EXPECT_TRUE(placed.Text.ends_with(u"m..."));
+                EXPECT_LE(Desk.WidthOf(placed.Text), 187 - 68);
+            }
+        }
+    });
+    RunNew(kModeNewAlarm);
+}
+
 TEST_F(EditorTexts, NoRecurrenceTextIsShortened) {
     // The longest of them all, in the widest of months and weekdays.
     Desk.PickStartDate(2026, 11, 25);
@@ -215,12 +249,32 @@ TEST_F(EditorTexts, GreyRulesLieBetweenTheRowsOnWhite) {
     RunNew(kModeNewAlarm);
 }
 
+TEST_F(EditorTexts, TheValueOfTheShownControlIsSelected) {
+    const std::tuple<int, int, int> shown[] = {
+        {0, 70, kEditSubject},    {1, 160, kEditStartTime}, {2, 70, kEditEndDate},       {3, 70, kEditAllDay},
+        {4, 70, kEditRecurrence}, {5, 70, kEditReminder},   {5, 160, kEditReminderUnit}, {6, 70, kEditSound}};
+    Desk.ChooseReminder(true);
+    for (const auto& [row, x, control] : shown) {
+        Desk.Device.Tap(2, 2);
+        Desk.ShowRow(row, x);
+        Desk.Check([this, control = control] {
+            for (const PaintedItem& item : Desk.Device.See.Items()) {
+                if (item.Role == PaintedRole::Cell) {
+                    EXPECT_EQ(item.Selected, item.Id == control) << control << ", " << item.Id;
+                }
+            }
+        });
+    }
+    RunNew(kModeNewAppointment);
+}
+
 TEST_F(EditorTexts, TheRowOfTheShownControlIsSelected) {
     Desk.ShowRow(3);
     Desk.Check([&] {
         const std::optional<PaintedItem> row = Desk.Device.See.FindItem(PaintedRole::Row, u"Recur :");
         ASSERT_TRUE(row.has_value());
         EXPECT_TRUE(row->Selected);
+        EXPECT_EQ(row->Bounds, Rect::FromSize(0, 93, 240, 26));
         EXPECT_FALSE(Desk.Device.See.FindItem(PaintedRole::Row, u"Date :")->Selected);
     });
     RunNew(kModeNewAlarm);

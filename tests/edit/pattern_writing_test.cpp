@@ -99,6 +99,21 @@ TEST_F(PatternWriting, YearlyNthWritesMonthInstanceAndDay) {
     EXPECT_EQ(held.Interval, 6);
 }
 
+TEST_F(PatternWriting, EveryWeekdayOfARowIsItsOwnBit) {
+    for (int weekday = 0; weekday < 7; ++weekday) {
+        Desk.TapTab(2);
+        Desk.ChooseOnPattern(kPatternTheWeekday, weekday);
+        EXPECT_EQ(Finish().Mask, 1 << weekday);
+    }
+}
+
+TEST_F(PatternWriting, NoWeekdayAtAllIsNoDayAndRefused) {
+    Desk.Rule(kRecursMonthNth, 1, 64, 3);
+    Desk.Device.Do([this] { Desk.Device.Host().Controls().SetCurSel(Desk.OnPattern(kPatternTheWeekday), -1); });
+    EXPECT_EQ(Finish().Mask, 0);
+    EXPECT_FALSE(Desk.Saves());
+}
+
 TEST_F(PatternWriting, TheLastWeekStaysTheLastWeek) {
     Desk.Rule(kRecursMonthNth, 1, 64, 5);
     EXPECT_EQ(Finish().Instance, 5);

@@ -72,6 +72,34 @@ TEST_F(RangePage, AnEndAfterACountShowsTheCountAndTheDate) {
     ExpectCancelled();
 }
 
+TEST_F(RangePage, AnEndAfterASingleOccurrenceShowsOne) {
+    EndsAfter(1);
+    LookFor(kRangeEndsAfter, u"1");
+    ExpectCancelled();
+}
+
+TEST_F(RangePage, AnEndWithoutADateShowsThePreparedDate) {
+    EXPECT_EQ(Desk.Pattern().put_NoEndDate(false), Status::Ok);
+    EXPECT_EQ(Desk.Pattern().put_Occurrences(0), Status::Ok);
+    EXPECT_EQ(Desk.Pattern().put_PatternEndDate(kNoDate), Status::Ok);
+    LookFor(kRangeEndsOn, u"10");
+    LookForDate(2027, 1, 21);
+    ExpectCancelled();
+}
+
+TEST_F(RangePage, DeclaresItsHeadingOnce) {
+    Desk.TapButton(kWizardBack);
+    Desk.TapButton(kWizardNext);
+    Desk.Check([this] {
+        const headless::Frame* frame = Desk.Device.Host().Drawn.LastFrame(Desk.RangeWindow());
+        ASSERT_NE(frame, nullptr);
+        EXPECT_GT(frame->Count, 1);
+        EXPECT_EQ(frame->Items,
+                  std::vector<PaintedItem>{(PaintedItem{{9, 26, 229, 50}, PaintedRole::Header, u"The pattern"})});
+    });
+    ExpectCancelled();
+}
+
 TEST_F(RangePage, AnEndOnADateShowsTheDateAndThePreparedCount) {
     EndsOn(At(2027, 2, 13));
     LookFor(kRangeEndsOn, u"10");

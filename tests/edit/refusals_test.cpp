@@ -164,6 +164,7 @@ TEST_F(Refusals, TheRefusedLeadIsShownToBeMended) {
     Desk.Subject(u"Thing");
     Desk.ChooseReminder(true);
     Desk.TypeLead(u"10000");
+    Desk.Device.Tap(2, 2); // hides it
     RefuseOk(kRange);
     Desk.Check([&] { EXPECT_EQ(Desk.ShownEditingControls(), std::vector{kEditReminderValue}); });
     Desk.Cancel();
@@ -293,6 +294,7 @@ TEST_F(Refusals, TheSubjectTakesTwoHundredFiftyNineUnits) {
     EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDOK);
     EXPECT_EQ(Desk.Read(Desk.LastSaved()).Subject, longest);
     Desk.Subject(longest + u"y");
+    Desk.Check([&] { EXPECT_EQ(Desk.TextOf(kEditSubject), longest); });
     Desk.Ok();
     EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDOK);
     EXPECT_EQ(Desk.Read(Desk.LastSaved()).Subject, longest);
@@ -314,6 +316,29 @@ TEST_F(Refusals, ACharacterOfTwoUnitsIsNotCutInHalf) {
         EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDOK);
         EXPECT_EQ(Desk.Read(Desk.LastSaved()).Subject, std::u16string(258, u'x'));
     }
+}
+
+TEST_F(Refusals, ACharacterOfTwoUnitsThatEndsAtTheLimitStaysWhole) {
+    for (const std::u16string_view character : {u"\U0001F382", u"\U00010000", u"\U0010FFFF"}) {
+        const std::u16string longest = std::u16string(257, u'x') + std::u16string(character);
+        Desk.Subject(longest);
+        Desk.Ok();
+        EXPECT_EQ(Desk.RunNew(kModeNewAlarm), IDOK);
+        EXPECT_EQ(Desk.Read(Desk.LastSaved()).Subject, longest);
+    }
+}
+
+TEST_F(Refusals, ASeriesThatWasRefusedAsOnceCanBeOneAgain) {
+    const Oid oid = Desk.GivenSeries(u"Class", At(2026, 11, 23, 9, 0), At(2026, 11, 23, 10, 0), kRecursWeekly);
+    const ComPtr<IPOutlookApp> other = Desk.Connect();
+    Desk.ChooseRecurrence(kChoiceOnce);
+    Desk.Check([&] { EXPECT_EQ(other->Begin(u"Import"), Status::Ok); });
+    RefuseOk(kRefused);
+    Desk.Check([&] { EXPECT_EQ(other->Abandon(), Status::Ok); });
+    Desk.ChooseRecurrence(kChoiceMonthly);
+    Desk.Ok();
+    EXPECT_EQ(Desk.RunExisting(kModeAppointment, oid), IDOK);
+    EXPECT_EQ(Desk.ReadPattern(oid).Type, kRecursMonthly);
 }
 
 TEST_F(Refusals, EmojiAndRightToLeftTextAreSavedAsTyped) {

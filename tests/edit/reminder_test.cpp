@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace tavo::test {
 namespace {
 
@@ -90,6 +93,22 @@ TEST_F(ReminderControls, YesEnablesAllButThePreviewOfSilence) {
     ExpectEnabled(true, false);
     Desk.ChooseReminder(false);
     ExpectEnabled(false, false);
+    Desk.Cancel();
+    EXPECT_EQ(Desk.RunNew(kModeNewHoliday), IDCANCEL);
+}
+
+TEST_F(ReminderControls, TheFormShowsAtOnceWhatYesEnables) {
+    for (const bool yes : {true, false}) {
+        Desk.ChooseReminder(yes);
+        Desk.Check([this, yes] {
+            for (const PaintedItem& item : Desk.Device.See.Items()) {
+                if (item.Role == PaintedRole::Cell) {
+                    const bool isDependent = std::count(std::begin(kDependents), std::end(kDependents), item.Id) > 0;
+                    EXPECT_EQ(item.Enabled, yes || !isDependent) << item.Id;
+                }
+            }
+        });
+    }
     Desk.Cancel();
     EXPECT_EQ(Desk.RunNew(kModeNewHoliday), IDCANCEL);
 }

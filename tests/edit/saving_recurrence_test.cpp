@@ -115,6 +115,16 @@ TEST_F(SavingRecurrence, AnItemThatWasOnceCanRecur) {
     EXPECT_EQ(Desk.ReadPattern(oid).Type, kRecursMonthly);
 }
 
+TEST_F(SavingRecurrence, ARuleThatIsChosenAfterACancelledWizardIsSaved) {
+    const Oid oid = Desk.GivenAppointment(u"Talk", At(2026, 11, 18, 9, 0), At(2026, 11, 18, 10, 0));
+    Desk.ChooseRecurrence(kChoiceCustom);
+    Desk.TapShown(IDCANCEL);
+    Desk.ChooseRecurrence(kChoiceMonthly);
+    Desk.Ok();
+    EXPECT_EQ(Desk.RunExisting(kModeAppointment, oid), IDOK);
+    EXPECT_EQ(Desk.ReadPattern(oid).Type, kRecursMonthly);
+}
+
 TEST_F(SavingRecurrence, OpeningAndSavingAnItemThatIsOnceLeavesItSo) {
     const Oid oid = Desk.GivenAppointment(u"Talk", At(2026, 11, 18, 9, 0), At(2026, 11, 18, 10, 0));
     Desk.Ok();

@@ -32,7 +32,10 @@ class SoundList : public testing::Test {
     void ShowButton() {
         Desk.ShowRow(4);
         Desk.Device.Key(VK_TAB);
-        Desk.Check([&] { EXPECT_TRUE(Desk.Device.See.IsShown(kEditPreview)); });
+        Desk.Check([&] {
+            EXPECT_TRUE(Desk.Device.See.IsShown(kEditPreview));
+            EXPECT_EQ(Desk.PlaceOf(kEditPreview), Rect::FromSize(200, 119, 30, 20));
+        });
     }
 
     EditDesk Desk;
@@ -116,6 +119,36 @@ TEST_F(SoundList, ThereIsNothingToPlayWhileTheSoundIsOff) {
     CancelNewAlarm();
 }
 
+TEST_F(SoundList, WhatStillPlaysStopsAtATapOnPlayWhenTheSoundIsOff) {
+    Desk.ChooseSound(u"bell.wav");
+    Desk.Device.Tap(kPlayIcon.X, kPlayIcon.Y);
+    Desk.ChooseSound(u"Sound off");
+    Desk.Device.Tap(kPlayIcon.X, kPlayIcon.Y);
+    Desk.Check([&] { EXPECT_EQ(Calls(), (Texts{u"\\Windows\\bell.wav", u""})); });
+    CancelNewAlarm();
+}
+
+TEST_F(SoundList, ThePlayIconIsPressedAsLongAsItPlaysAndEnabledWhereThereIsASound) {
+    const auto expect = [this](bool enabled, bool pressed) {
+        Desk.Check([this, enabled, pressed] {
+            const std::optional<PaintedItem> icon = Desk.Device.See.FindItem(PaintedRole::Button, u"Play");
+            ASSERT_TRUE(icon.has_value());
+            EXPECT_EQ(icon->Enabled, enabled);
+            EXPECT_EQ(icon->Pressed, pressed);
+        });
+    };
+    expect(false, false);
+    Desk.ChooseSound(u"bell.wav");
+    expect(true, false);
+    Desk.Device.Tap(kPlayIcon.X, kPlayIcon.Y);
+    expect(true, true);
+    Desk.Device.Tap(kStopIcon.X, kStopIcon.Y);
+    expect(true, false);
+    Desk.ChooseSound(u"Sound off");
+    expect(false, false);
+    CancelNewAlarm();
+}
+
 TEST_F(SoundList, TheButtonPlaysAndStopsByTurns) {
     Desk.ChooseSound(u"chime.wav");
     ShowButton();
@@ -129,6 +162,11 @@ TEST_F(SoundList, TheButtonPlaysAndStopsByTurns) {
     Desk.Check([&] {
         EXPECT_EQ(Calls(), (Texts{u"\\Windows\\chime.wav", u""}));
         EXPECT_EQ(Desk.TextOf(kEditPreview), u">");
+    });
+    Desk.Device.Key(VK_SPACE);
+    Desk.Check([&] {
+        EXPECT_EQ(Calls(), (Texts{u"\\Windows\\chime.wav", u"", u"\\Windows\\chime.wav"}));
+        EXPECT_EQ(Desk.TextOf(kEditPreview), u"[]");
     });
     CancelNewAlarm();
 }

@@ -123,7 +123,10 @@ TEST_F(StartAndEnd, TheTimesOfAnAppointmentAreTypedAsTheyAreShown) {
     Desk.Subject(u"Class");
     Desk.ShowRow(1, 160);
     Desk.Device.Type(u"0845a"); // no part for seconds between the minute and the half of the day
-    Desk.Check([this] { EXPECT_EQ(Desk.PickerOf(kEditStartTime).Second, 0); });
+    Desk.Check([this] {
+        EXPECT_EQ(Desk.PickerOf(kEditStartTime).Second, 0);
+        EXPECT_EQ(Desk.ShownInPicker(kEditEndTime), u"9:30 AM");
+    });
     Desk.ShowRow(0);
     Desk.Check([this] { EXPECT_EQ(Desk.ValueOf(kEditStartTime), u"08:45 AM"); });
     Close(kModeNewAppointment);

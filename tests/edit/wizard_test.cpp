@@ -1,5 +1,6 @@
 // The recurrence wizard's frame: paging, its buttons, its keys and its ends.
 #include "tests/edit/wizard_desk.h"
+#include "tests/support/host_probe.h"
 
 #include <gtest/gtest.h>
 
@@ -230,6 +231,14 @@ TEST_F(Wizard, TheInputPanelIsUpWhileItIsOpen) {
     EXPECT_FALSE(Desk.PanelIsUp());
 }
 
+TEST_F(Wizard, ThePageOnShowIsDestroyedAtOnceAndTheOtherWithTheFrame) {
+    ExpectCancelled();
+    EXPECT_EQ(Desk.PatternWindow(), WindowHandle::None);
+    EXPECT_NE(Desk.RangeWindow(), WindowHandle::None);
+    ExpectCancelled(1);
+    EXPECT_EQ(Desk.PatternWindow(), WindowHandle::None);
+}
+
 TEST_F(Wizard, NothingOfItIsLeftWhicheverPageItEndsOn) {
     const std::size_t before = Desk.Device.Host().State.Tree.AllParentsFirst().size();
     ExpectCancelled();
@@ -237,6 +246,31 @@ TEST_F(Wizard, NothingOfItIsLeftWhicheverPageItEndsOn) {
     Desk.Done();
     EXPECT_EQ(Desk.RunWizard(), IDOK);
     EXPECT_EQ(Desk.Device.Host().State.Tree.AllParentsFirst().size(), before);
+}
+
+// A panel that somebody left little room beside.
+class NotedPanel final : public IInputPanel {
+  public:
+    SipInfo SipGetInfo() override { return Info; }
+
+    void SipSetInfo(const SipInfo& info) override { Info = info; }
+
+    void SHSipPreference(WindowHandle, bool) override {}
+
+    SipInfo Info{false, {0, 26, 240, 200}, {0, 214, 240, 294}};
+};
+
+TEST(WizardAndPanel, ThePanelHasTheRoomUpToTheFramesEnd) {
+    headless::Device device;
+    HostProbe host(device.Host());
+    NotedPanel panel;
+    host.Panel = &panel;
+    CMessagePump pump(host);
+    CRecurrenceWizard wizard(pump);
+    device.TapControl(IDCANCEL);
+    EXPECT_EQ(wizard.DoModal(), IDCANCEL);
+    EXPECT_EQ(panel.Info.VisibleDesktop, (Rect{0, 26, 240, 294}));
+    EXPECT_EQ(panel.Info.Panel, (Rect{0, 214, 240, 294}));
 }
 
 class WizardFocus : public Wizard {

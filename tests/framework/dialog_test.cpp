@@ -28,14 +28,25 @@ class PlainDialog : public CDialog {
     explicit PlainDialog(CMessagePump& pump) : CDialog(pump, kForm) {}
 
     using CDialog::EndDialog;
+    using CFormWindow::AddControl;
     using CFormWindow::Item;
 
     std::function<void()> OnOpen;
+    std::u16string WordAtQuit;     // in the edit field
+    std::vector<int> KeysLeftOver; // by the dialog's own tables
 
   protected:
     void OnInitDialog() override {
         if (OnOpen) {
             OnOpen();
+        }
+    }
+
+    void OnQuit() override { WordAtQuit = ItemText(kWord); }
+
+    void HandleByDefault(const Message& message) override {
+        if (message.Number == WM_KEYDOWN) {
+            KeysLeftOver.push_back(message.Id);
         }
     }
 };
@@ -166,6 +177,63 @@ TEST_F(DialogTest, QuitMeanwhileIsCancel) {
     Device.Do([&] { Device.Host().Queue().PostQuitMessage(0); });
     EXPECT_EQ(Dialog.DoModal(), IDCANCEL);
     EXPECT_TRUE(Pump.HasQuit());
+}
+
+TEST_F(DialogTest, WhenTheProgramQuitsItsControlsStillHoldWhatTheyHold) {
+    Device.TypeInto(kWord, u"draft");
+    Device.Quit();
+    Dialog.DoModal();
+    EXPECT_EQ(Dialog.WordAtQuit, u"draft");
+}
+
+TEST_F(DialogTest, ItsEndIsNoQuit) {
+    Device.TypeInto(kWord, u"draft");
+    Device.PressOk();
+    Dialog.DoModal();
+    EXPECT_EQ(Dialog.WordAtQuit, u"");
+}
+
+TEST_F(DialogTest, CoversTheWholeClientArea) {
+    Dialog.OnOpen = [this] {
+        const shell::WindowTree& tree = Device.Host().State.Tree;
+        EXPECT_EQ(tree.ScreenBounds(Dialog.Handle()), kClientArea);
+    };
+    Device.PressOk();
+    EXPECT_EQ(Dialog.DoModal(), IDOK);
+}
+
+TEST_F(DialogTest, KeysThatMeanSomethingToItAreUsedUp) {
+    for (const int key : {VK_TAB, VK_F1, VK_RETURN}) {
+        Device.Key(key);
+    }
+    EXPECT_EQ(Dialog.DoModal(), IDOK);
+    EXPECT_EQ(Dialog.KeysLeftOver, std::vector<int>{VK_F1});
+}
+
+TEST_F(DialogTest, TheFocusComesBackToWhatHadIt) {
+    test::PlainWindow field(Pump);
+    ASSERT_TRUE(field.Make(Frame.Handle()));
+    IWindows& windows = Device.Host().Windows();
+    windows.SetFocus(field.Handle());
+    Dialog.OnOpen = [&] { windows.SetFocus(Dialog.Item(kWord)); };
+    Device.PressOk();
+    Dialog.DoModal();
+    EXPECT_EQ(windows.GetFocus(), field.Handle());
+}
+
+TEST_F(DialogTest, OpenedAgainItHasNothingThatWasAddedBefore) {
+    constexpr int kAdded = 777;
+    Dialog.OnOpen = [this] {
+        ControlDescription bar;
+        bar.Kind = ControlKind::ScrollBar;
+        bar.Id = kAdded;
+        EXPECT_NE(Dialog.AddControl(bar), WindowHandle::None);
+    };
+    Device.PressOk();
+    Dialog.DoModal();
+    Dialog.OnOpen = [this] { EXPECT_EQ(Dialog.Item(kAdded), WindowHandle::None); };
+    Device.PressOk();
+    Dialog.DoModal();
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 // A drawn button under the stylus.
 #include "framework/drawn_button.h"
 
+#include "host/headless/recorded_drawing.h"
+
 #include <gtest/gtest.h>
 
 namespace tavo {
@@ -50,6 +52,17 @@ TEST_F(DrawnButtons, LetGoItIsNotChosen) {
     EXPECT_FALSE(Pressed);
     EXPECT_FALSE(Button.TakeMove(kInside));
     EXPECT_FALSE(Button.TakeUp(kInside));
+}
+
+TEST_F(DrawnButtons, IsDrawnFromTheLeftCellAndPressedFromTheRightOne) {
+    headless::RecordedDrawing drawing;
+    const std::unique_ptr<ISurface> surface = drawing.CreateCompatibleSurface({60, 60});
+    Button.Draw(*surface);
+    EXPECT_TRUE(Button.TakeDown(kInside));
+    Button.Draw(*surface);
+    drawing.Present(WindowHandle{1}, *surface, {});
+    EXPECT_EQ(ToText(drawing.LastFrame(WindowHandle{1})->Calls), "bitmap 7 10,10,30,30 from 0,0,20,20\n"
+                                                                 "bitmap 7 10,10,30,30 from 20,0,40,20\n");
 }
 
 TEST_F(DrawnButtons, SaysWhatItIs) {

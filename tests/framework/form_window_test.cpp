@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+
 namespace tavo {
 
 namespace {
@@ -16,6 +18,7 @@ constexpr DialogItem kItems[] = {
     {ControlKind::Label, 1029, u"Subject :", {3, 2, 40, 14}},
     {ControlKind::Edit, 1028, u"text", {44, 2, 150, 14}},
     {ControlKind::FixedList, 1037, u"", {44, 20, 100, 32}, false, false, 0, 0, kUnits},
+    {ControlKind::Label, 0, u"never spoken of again", {3, 60, 40, 14}},
     {ControlKind::PictureButton, 1021, u"", {10, 40, 20, 56}, true, false, 236, 270},
 };
 const DialogTemplate kForm{144, u"Tavo Calendar", {139, 148}, 8, kItems};
@@ -25,6 +28,7 @@ class Form : public CPage {
     explicit Form(CMessagePump& pump) : CPage(pump, kForm) {}
 
     using CFormWindow::AddControl;
+    using CFormWindow::CreateForm;
     using CFormWindow::EnableItem;
     using CFormWindow::ItemText;
     using CFormWindow::MoveItem;
@@ -93,6 +97,20 @@ TEST_F(FormWindowTest, ControlsCanBeAdded) {
     const WindowHandle handle = Page.AddControl(bar);
     EXPECT_NE(handle, WindowHandle::None);
     EXPECT_EQ(Page.Item(1022), handle);
+}
+
+TEST_F(FormWindowTest, WhatHasNoIdIsMadeAndNotFound) {
+    EXPECT_EQ(Page.Item(0), WindowHandle::None);
+    EXPECT_EQ(Device.Host().State.Tree.ChildrenOf(Page.Handle()).size(), std::size(kItems));
+}
+
+TEST_F(FormWindowTest, WithoutItsWindowItMakesNoControls) {
+    Form other(Pump);
+    WindowDescription child;
+    child.Kind = WindowKind::Child;
+    child.Parent = WindowHandle{99}; // there is none
+    EXPECT_FALSE(other.CreateForm(child));
+    EXPECT_EQ(other.Item(1028), WindowHandle::None);
 }
 
 TEST_F(FormWindowTest, PagesHaveACaptionAndOneButtonAndPaintWhite) {

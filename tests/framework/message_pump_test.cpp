@@ -17,6 +17,14 @@ class MessagePumpTest : public ::testing::Test {
         Pump.SetMainWindow(Frame.Handle());
     }
 
+    // With the commands 301 and 302; waits for the choice.
+    int OpenMenu() {
+        std::vector<MenuItem> items(2);
+        items[0].Id = 301;
+        items[1].Id = 302;
+        return Pump.TrackPopupMenu(Frame.Handle(), items, {20, 30}, MenuAlign::Left);
+    }
+
     headless::Device Device;
     CMessagePump Pump{Device.Host()};
     test::PlainWindow Frame{Pump};
@@ -125,6 +133,72 @@ TEST_F(MessagePumpTest, AnswersReachTheInnermostBoxFirst) {
     Device.AnswerBox(IDYES);
     ASSERT_TRUE(Device.Finish(Pump));
     EXPECT_EQ(answers, (std::vector<int>{IDOK, IDYES}));
+}
+
+TEST_F(MessagePumpTest, AnAnswerThatIsAwaitedIsNoMessageOfTheWindow) {
+    Frame.Hook = [&](const Message& message) {
+        if (message.Number == WM_USER) {
+            EXPECT_EQ(Pump.ShowMessageBox(Frame.Handle(), {u"Continue?", u"", MessageBoxButtons::YesNo, {}}), IDYES);
+        }
+    };
+    Frame.Post(WM_USER);
+    Device.AnswerBox(IDYES);
+    ASSERT_TRUE(Device.Finish(Pump));
+    for (const Message& message : Frame.Taken) {
+        EXPECT_NE(message.Number, WM_MESSAGEBOXCLOSED);
+    }
+}
+
+TEST_F(MessagePumpTest, AMenuGivesTheChosenCommandOrNone) {
+    std::vector<int> commands;
+    Frame.Hook = [&](const Message& message) {
+        if (message.Number == WM_USER) {
+            commands.push_back(OpenMenu());
+        }
+    };
+    for (const int command : {302, 0}) {
+        Device.Do([&] { Frame.Post(WM_USER); });
+        Device.ChooseTracked(command);
+    }
+    ASSERT_TRUE(Device.Finish(Pump));
+    EXPECT_EQ(commands, (std::vector<int>{302, 0}));
+}
+
+TEST_F(MessagePumpTest, AMenuThatTheDeviceDoesNotOpenGivesNoCommand) {
+    std::vector<int> commands;
+    Frame.Hook = [&](const Message& message) {
+        if (message.Number == WM_USER) { // the second comes while the first one's menu is open
+            commands.push_back(OpenMenu());
+        }
+    };
+    Frame.Post(WM_USER);
+    Frame.Post(WM_USER);
+    Device.ChooseTracked(301);
+    ASSERT_TRUE(Device.Finish(Pump));
+    EXPECT_EQ(commands, (std::vector<int>{0, 301}));
+}
+
+TEST_F(MessagePumpTest, AWindowThatIsGoneTakesNoMessageThatStillNamesIt) {
+    test::PlainWindow child(Pump);
+    ASSERT_TRUE(child.Make(Frame.Handle()));
+    const WindowHandle handle = child.Handle();
+    child.Destroy();
+    Device.Host().Queue().PostMessageW({handle, WM_USER, 0, 0, 0, {}});
+    ASSERT_TRUE(Device.Finish(Pump));
+    EXPECT_TRUE(child.Taken.empty());
+}
+
+TEST_F(MessagePumpTest, ADialogThatEndsGivesTheFocusBack) {
+    IWindows& windows = Device.Host().Windows();
+    WindowDescription description;
+    description.Kind = WindowKind::Dialog;
+    description.Visible = true;
+    const WindowHandle dialog = windows.CreateWindowExW(description);
+    windows.SetFocus(Frame.Handle());
+    Pump.PushDialog(dialog);
+    windows.SetFocus(dialog);
+    Pump.PopDialog(dialog);
+    EXPECT_EQ(windows.GetFocus(), Frame.Handle());
 }
 
 TEST_F(MessagePumpTest, ModalDialogsDisableWhatLiesBeneathInTurn) {

@@ -23,12 +23,14 @@ class RedWindow : public CPaintedWindow {
 
     int Repaints = 0;
     int Paints = 0;
+    std::vector<bool> WereFirst; // of the paints: whether nothing was on the surface
 
   protected:
     void RepaintAll() override { ++Repaints; }
 
     void Paint() override {
         ++Paints;
+        WereFirst.push_back(FirstPaint);
         Surface().FillRect({10, 10, 20, 20}, kRed);
         DropPainted();
         PaintedItem item;
@@ -58,10 +60,12 @@ TEST(PaintedWindow, MakesItsSurfaceAnewWhenTheScaleChanges) {
     headless::Device device;
     CMessagePump pump(device.Host());
     RedWindow window(pump);
+    device.Do([&] { window.Invalidate(); });
     device.ChangeScale();
     ASSERT_TRUE(device.Finish(pump));
+    EXPECT_EQ(window.WereFirst, (std::vector<bool>{true, false, true}));
     EXPECT_EQ(window.Repaints, 1);
-    EXPECT_EQ(window.Paints, 2);
+    EXPECT_EQ(window.Paints, 3);
     EXPECT_EQ(device.Host().Drawn.SurfacesMade(), 2);
 }
 

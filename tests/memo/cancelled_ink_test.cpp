@@ -3,6 +3,7 @@
 
 #include "memo/memo_file_keeper.h"
 #include "memo/memo_undo.h"
+#include "tests/support/outlook_probe.h"
 
 #include <filesystem>
 #include <iterator>
@@ -26,6 +27,7 @@ class CancelledInk : public InkMemoView {
         while (undo.DoNext()) {
         }
         EXPECT_TRUE(undo.IsDone());
+        EXPECT_TRUE(Desk.State.Memo.IsEmpty());
         return memos.Missing();
     }
 
@@ -39,6 +41,13 @@ class CancelledInk : public InkMemoView {
         Desk.Check([this] { Drawn = Desk.Paper().GetData(); });
         Desk.Device.PressClose();
         EXPECT_EQ(Run(), IDCANCEL);
+    }
+
+    // The pieces of ink that are safe from a crash.
+    std::ptrdiff_t CountHeld() {
+        const std::filesystem::path folder = std::filesystem::path(Desk.Device.Host().Root.Path()) / "Recovery";
+        std::error_code none;
+        return std::distance(std::filesystem::directory_iterator(folder, none), std::filesystem::directory_iterator());
     }
 
     std::vector<std::uint8_t> NoteOf(Oid oid) {
@@ -66,21 +75,16 @@ TEST_F(CancelledInk, OfANewMemoComesBackAsAMemoOfItsDay) {
 TEST_F(CancelledInk, IsSafeFromAKillWhileItComesBack) {
     Editor.Home.Day = At(2004, 9, 20);
     DrawAndClose();
-    const auto left = [this] {
-        const std::filesystem::path folder = std::filesystem::path(Desk.Device.Host().Root.Path()) / "Recovery";
-        std::error_code none;
-        return std::distance(std::filesystem::directory_iterator(folder, none), std::filesystem::directory_iterator());
-    };
-    ASSERT_EQ(left(), 0);
+    ASSERT_EQ(CountHeld(), 0);
     {
         MemoUndo memos(Desk.State);
         LongUndo undo(Desk.State, &memos);
         ASSERT_TRUE(undo.DoNext());
-        EXPECT_EQ(left(), 1);
+        EXPECT_EQ(CountHeld(), 1);
     }
-    EXPECT_EQ(left(), 0); // abandoned: the step has it
+    EXPECT_EQ(CountHeld(), 0); // abandoned: the step has it
     EXPECT_EQ(Undo(), 0);
-    EXPECT_EQ(left(), 0);
+    EXPECT_EQ(CountHeld(), 0);
     EXPECT_EQ(Read(Desk.Files.MemoPath(u"20040920_101500.pwi")), Drawn);
 }
 
@@ -146,6 +150,18 @@ TEST_F(CancelledInk, WithNothingDrawnThereIsNothingToHaveBack) {
     Desk.Device.PressClose();
     EXPECT_EQ(Run(), IDCANCEL);
     EXPECT_EQ(Step(), u"");
+    EXPECT_TRUE(Desk.Host.Ink().FindRecovered().empty());
+}
+
+TEST_F(CancelledInk, OfPaperFromWhichAllWasClearedThereIsNothingToHaveBack) {
+    Desk.State.Memo.Fill(GivenInk());
+    Desk.Device.PressBarButton(kCommandInputMode);
+    Choose(u"Edit", kCommandSelectAll);
+    Choose(u"Edit", kCommandClear);
+    Desk.Device.PressClose();
+    EXPECT_EQ(Run(), IDCANCEL);
+    EXPECT_EQ(Step(), u"");
+    EXPECT_TRUE(Desk.Host.Ink().FindRecovered().empty());
 }
 
 TEST_F(CancelledInk, WhereTheStoreTakesNoStepTheNextStartAsks) {
@@ -155,6 +171,24 @@ TEST_F(CancelledInk, WhereTheStoreTakesNoStepTheNextStartAsks) {
     const std::vector<RecoveredInk> left = Desk.Host.Ink().FindRecovered();
     ASSERT_EQ(left.size(), 1U);
     EXPECT_EQ(left[0].Data, Drawn);
+}
+
+TEST_F(CancelledInk, WhereTheStoreCannotEndTheStepTheNextStartAsks) {
+    const ComPtr<IPOutlookApp> real = Desk.State.Store.OutlookApp;
+    OutlookProbe full(real);
+    full.EndResult = Status::DiskFull;
+    Desk.State.Store.OutlookApp = full.Share();
+    DrawAndClose();
+    Desk.State.Store.OutlookApp = real;
+    ASSERT_EQ(Desk.Host.Ink().FindRecovered().size(), 1U);
+    EXPECT_EQ(Step(), u"");
+}
+
+TEST_F(CancelledInk, ThatCanGoNowhereIsCountedAndTheNextStartAsks) {
+    DrawAndClose();
+    Desk.Host.OwnFiles.WriteResult = ErrorCode::DiskFull;
+    EXPECT_EQ(Undo(), 1);
+    EXPECT_EQ(CountHeld(), 1);
 }
 
 } // namespace

@@ -45,6 +45,7 @@ TEST_F(CopyMemo, TheProposedNameIsSelectedWholeSoThatTypingReplacesIt) {
     Desk.Device.TapControl(kCopyMemoOk);
     EXPECT_EQ(Run(), IDOK);
     EXPECT_EQ(Dialog.Name, u"new.pwi");
+    EXPECT_EQ(Desk.Host.OwnControls.Selections, (std::vector<std::pair<int, int>>{{0, -1}}));
 }
 
 TEST_F(CopyMemo, AnEmptyNameIsTaken) {

@@ -208,6 +208,14 @@ TEST_F(InkMemoView, WithoutAPlaceOfItsOwnItBecomesAMemoOfTodayBesideTheOthers) {
     EXPECT_EQ(Run(), kLeftOpen);
     EXPECT_THAT(Desk.Files.FindMemos(2004, 9, 15),
                 testing::UnorderedElementsAre(u"20040915_101500.pwi", u"20040915_101501.pwi"));
+    EXPECT_THAT(Desk.Host.Ink().FindRecovered(), IsEmpty());
+}
+
+TEST_F(InkMemoView, WhereThatCannotBeWrittenTheNextStartAsks) {
+    Desk.Host.OwnFiles.WriteResult = ErrorCode::DiskFull;
+    Desk.Draw();
+    EXPECT_EQ(Run(), kLeftOpen);
+    EXPECT_THAT(Desk.Host.Ink().FindRecovered(), testing::SizeIs(1));
 }
 
 TEST_F(InkMemoView, InkOfAnItemBecomesAMemoOfTheItemsDayWhenTheProgramQuits) {
@@ -223,6 +231,8 @@ TEST_F(InkMemoView, WhatCannotBeKeptWhenTheProgramQuitsIsFoundAtTheNextStart) {
     MemoFileKeeper keeper(Desk.State);
     keeper.Path = kMemoName;
     Editor.Keeper = &keeper;
+    Editor.Home.Memo = kMemoName;
+    Editor.Home.Day = At(2004, 9, 20);
     Desk.Host.OwnFiles.WriteResult = ErrorCode::DiskFull;
     Desk.Draw();
     std::vector<std::uint8_t> ink;
@@ -231,6 +241,7 @@ TEST_F(InkMemoView, WhatCannotBeKeptWhenTheProgramQuitsIsFoundAtTheNextStart) {
     const std::vector<RecoveredInk> left = Desk.Host.Ink().FindRecovered();
     ASSERT_EQ(left.size(), 1U);
     EXPECT_EQ(left[0].Data, ink);
+    EXPECT_EQ(DecodeInkHome(left[0].Home), Editor.Home);
     EXPECT_THAT(Desk.Messages(), IsEmpty());
 }
 
@@ -258,6 +269,28 @@ TEST_F(InkMemoView, InkThatWasOnlyLookedAtIsNotKeptWhenTheProgramQuits) {
     Desk.State.Memo.Fill(GivenInk());
     EXPECT_EQ(Run(), kLeftOpen);
     EXPECT_FALSE(Desk.Files.HasMemo(2004, 9, 15));
+    EXPECT_THAT(Desk.Host.Ink().FindRecovered(), IsEmpty());
+}
+
+TEST_F(InkMemoView, PaperFromWhichAllWasClearedIsNotKeptWhenTheProgramQuits) {
+    Desk.State.Memo.Fill(GivenInk());
+    Desk.Device.PressBarButton(kCommandInputMode);
+    Choose(u"Edit", kCommandSelectAll);
+    Choose(u"Edit", kCommandClear);
+    EXPECT_EQ(Run(), kLeftOpen);
+    EXPECT_FALSE(Desk.Files.HasMemo(2004, 9, 15));
+    EXPECT_THAT(Desk.Host.Ink().FindRecovered(), IsEmpty());
+}
+
+TEST_F(InkMemoView, DeleteNoteBeforeANameIsChosenDeletesNoFile) {
+    Desk.State.Memo.Fill(GivenInk());
+    ASSERT_TRUE(Desk.Files.WriteMemo(kMemoName));
+    Editor.SaveAsMode = true;
+    Editor.FilePath = kMemoName;
+    Choose(u"Tool", kCommandDeleteNote);
+    Desk.Device.AnswerBox(IDYES);
+    EXPECT_EQ(Run(), IDOK);
+    EXPECT_TRUE(Desk.Files.HasMemo(2004, 9, 15));
 }
 
 } // namespace

@@ -130,7 +130,8 @@ TEST_F(MemoFilesTest, TheDaysWithMemosAreThoseThatHaveOne) {
     for (const std::u16string_view name :
          {u"20040901_080000.pwi", u"20040915 shopping.pwi", u"20040930.pwi", u"20040931_000000.pwi", u"200409.pwi",
           u"2004091.pwi", u"2004091x_080000.pwi", u"20040900_080000.pwi", u"20040942_080000.pwi",
-          u"20041002_080000.pwi", u"20040917_080000.txt", u"x20040918_080000.pwi", u"8120905_080000.pwi"}) {
+          u"20041002_080000.pwi", u"20040909_080000.pwi", u"20040929_080000.pwi", u"2004090;.pwi",
+          u"20040917_080000.txt", u"x20040918_080000.pwi", u"8120905_080000.pwi"}) {
         GivenFile(name);
     }
     MemoDays days(State);
@@ -214,6 +215,50 @@ TEST_F(MemoFilesTest, TheWayToTheDataFolderIsMadeAnewWhereSomebodyTookItAway) {
     State.Memo.Fill({7});
     EXPECT_TRUE(Memos.WriteMemo(Memos.MemoPath(u"20040915_101530.pwi")));
     EXPECT_THAT(Device.FileBytes(u"\\Taken\\Away\\TavoCalendar\\20040915_101530.pwi"), Optional(Bytes{7}));
+}
+
+// Any other failure is not one that a folder mends.
+TEST_F(MemoFilesTest, TheDataFolderIsMadeAnewOnlyWhereItIsMissing) {
+    State.Memo.Fill({7});
+    const auto isMade = [this](ErrorCode failure, const std::u16string& folder) {
+        State.DataFolder = folder;
+        Host.OwnFiles.WriteResult = failure;
+        EXPECT_FALSE(Memos.WriteMemo(Memos.MemoPath(u"20040915_101530.pwi")));
+        return Device.Host.Files().CreateDirectoryW(folder) == ErrorCode::AlreadyExists;
+    };
+    EXPECT_TRUE(isMade(ErrorCode::PathNotFound, u"\\A"));
+    EXPECT_TRUE(isMade(ErrorCode::FileNotFound, u"\\B"));
+    EXPECT_FALSE(isMade(ErrorCode::DiskFull, u"\\C"));
+    EXPECT_FALSE(isMade(ErrorCode::AccessDenied, u"\\D"));
+}
+
+TEST_F(MemoFilesTest, AMemoThatFindsItsSecondTakenIsNamedByTheNextFreeOne) {
+    const auto free = [this](int hour, int minute, int second) {
+        SYSTEMTIME written = test::At(2004, 9, 15, hour, minute);
+        written.Second = static_cast<std::uint16_t>(second);
+        return Memos.FreeMemoPath(written);
+    };
+    EXPECT_EQ(free(10, 15, 30), u"\\My Documents\\TavoCalendar\\20040915_101530.pwi");
+    GivenFile(u"20040915_101530.pwi");
+    GivenFile(u"20040915_101531.pwi");
+    EXPECT_EQ(free(10, 15, 30), u"\\My Documents\\TavoCalendar\\20040915_101532.pwi");
+    GivenFile(u"20040915_105959.pwi");
+    EXPECT_EQ(free(10, 59, 59), u"\\My Documents\\TavoCalendar\\20040915_110000.pwi");
+    GivenFile(u"20040915_235959.pwi");
+    EXPECT_EQ(free(23, 59, 59), u"\\My Documents\\TavoCalendar\\20040915_000000.pwi"); // of the same day
+}
+
+TEST_F(MemoFilesTest, WhereEverySecondIsTakenTheLastOneTriedIsGiven) {
+    Host.OwnFiles.Found = {u"taken"};
+    EXPECT_EQ(Memos.FreeMemoPath(test::At(2004, 9, 15, 10, 15)), u"\\My Documents\\TavoCalendar\\20040915_101459.pwi");
+}
+
+TEST_F(MemoFilesTest, BesideAMemoTheFirstFreeNumberIsTaken) {
+    const std::u16string path = Memos.MemoPath(u"20040915_101530.pwi");
+    EXPECT_EQ(Memos.FreePathBeside(path), u"\\My Documents\\TavoCalendar\\20040915_101530 2.pwi");
+    GivenFile(u"20040915_101530 2.pwi");
+    GivenFile(u"20040915_101530 3.pwi");
+    EXPECT_EQ(Memos.FreePathBeside(path), u"\\My Documents\\TavoCalendar\\20040915_101530 4.pwi");
 }
 
 TEST_F(MemoFilesTest, TheBufferHoldsOneBlockAtATime) {

@@ -72,6 +72,42 @@ TEST_F(NotesOfMovedMemos, AreTakenAwayAgainOneByOneTheLastFirst) {
     EXPECT_FALSE(undo.TakeAwayNext());
 }
 
+TEST_F(NotesOfMovedMemos, OfAMemoThatIsBackAlreadyAreDoneAndCanBeTakenBack) {
+    Put(kMemo); // brought by an undo that a kill cut short
+    MemoUndo undo(Desk.State);
+    undo.BringBack(EncodeNote(MemoPutAway{std::u16string(kMemo), std::u16string(kKept)}));
+    EXPECT_EQ(undo.Missing(), 0);
+    EXPECT_TRUE(undo.TakeAwayNext());
+    EXPECT_FALSE(IsThere(kMemo));
+    EXPECT_TRUE(IsThere(kKept));
+}
+
+TEST_F(NotesOfMovedMemos, OfAMemoThatIsNowhereCountItAsMissing) {
+    MemoUndo undo(Desk.State);
+    undo.BringBack(EncodeNote(MemoPutAway{std::u16string(kMemo), std::u16string(kKept)}));
+    EXPECT_EQ(undo.Missing(), 1);
+    EXPECT_FALSE(undo.TakeAwayNext());
+}
+
+TEST_F(NotesOfMovedMemos, OfAMemoThatNoMoveBringsCountItAsMissingWhateverTookItsPlace) {
+    Put(kMemo);
+    Put(kKept);
+    Desk.Host.OwnFiles.MoveResult = ErrorCode::AccessDenied;
+    MemoUndo undo(Desk.State);
+    undo.BringBack(EncodeNote(MemoPutAway{std::u16string(kMemo), std::u16string(kKept)}));
+    EXPECT_EQ(undo.Missing(), 1);
+    EXPECT_FALSE(undo.TakeAwayNext());
+}
+
+TEST_F(NotesOfMovedMemos, AreFinalAtTheEnd) {
+    Put(kKept);
+    MemoUndo undo(Desk.State);
+    undo.BringBack(EncodeNote(MemoPutAway{std::u16string(kMemo), std::u16string(kKept)}));
+    undo.Settle();
+    EXPECT_FALSE(undo.TakeAwayNext());
+    EXPECT_TRUE(IsThere(kMemo));
+}
+
 TEST_F(NotesOfMovedMemos, MoveNoOtherFile) {
     ExpectRefused(kMemo, u"\\Planted.db");
     ExpectRefused(kMemo, u"\\My Documents\\TavoCalendar\\TavoCalendar.dat");

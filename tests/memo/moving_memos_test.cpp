@@ -1,6 +1,7 @@
 // Memos that a killed program left on their way to the Deleted folder.
 #include "memo/moving_memos.h"
 
+#include "memo/note_bytes.h"
 #include "memo/undo_notes.h"
 #include "tests/memo/memo_desk.h"
 
@@ -52,6 +53,18 @@ class MemosOnTheirWay : public testing::Test {
         std::u16string kept;
         EXPECT_EQ(Files().PutAwayMemo(PathOf(name), kept), ErrorCode::Success);
         return kept;
+    }
+
+    // Of one memo, none of whose name was deleted before.
+    void WritePlan(std::u16string_view memo) {
+        NoteWriter writer;
+        writer.PutNumber(1, 1); // the version
+        writer.PutText(Desk.State.DataFolder);
+        writer.PutNumber(1, 4);
+        writer.PutText(memo);
+        writer.PutNumber(0, 4);
+        EXPECT_NE(Files().CreateDirectoryW(u"\\Recovery"), ErrorCode::AccessDenied);
+        ASSERT_EQ(Files().WriteWholeFile(kPlan, writer.Take()), ErrorCode::Success);
     }
 
     // One memo that a kill left in the Deleted folder, with its plan; its path there.
@@ -186,6 +199,52 @@ TEST_F(MemosOnTheirWay, OfAStepThatTheStoreHasStayDeleted) {
     EXPECT_EQ(BringBackMovedMemos(Desk.State), 0);
     EXPECT_EQ(ByteOf(kept), 1);
     EXPECT_EQ(ByteOf(kPlan), 0);
+}
+
+TEST_F(MemosOnTheirWay, ThatCannotBeMovedAreCountedAndWait) {
+    const std::u16string kept = GivenOneOnItsWay();
+    Desk.Host.OwnFiles.MoveResult = ErrorCode::AccessDenied;
+    EXPECT_EQ(BringBackMovedMemos(Desk.State), 1);
+    EXPECT_EQ(ByteOf(kept), 1);
+    EXPECT_NE(ByteOf(kPlan), 0);
+    Desk.Host.OwnFiles.MoveResult = ErrorCode::Success;
+    EXPECT_EQ(BringBackMovedMemos(Desk.State), 0);
+    EXPECT_EQ(ByteOf(PathOf(kName)), 1);
+    EXPECT_EQ(ByteOf(kPlan), 0);
+}
+
+TEST_F(MemosOnTheirWay, ThatAreNamedTwiceComeBackOnce) {
+    Put(PathOf(kName));
+    GivenPlan({std::u16string(kName), std::u16string(kName)});
+    PutAway(kName);
+    EXPECT_EQ(BringBackMovedMemos(Desk.State), 0);
+    EXPECT_EQ(ByteOf(PathOf(kName)), 1);
+}
+
+TEST_F(MemosOnTheirWay, OfAnEarlierProgramsPlanGoBackAsWell) {
+    const std::u16string kept = DeletedPathOf(u"20040915_101500 (deleted 20040915_101500).pwi");
+    Put(kept, 7);
+    WritePlan(kName);
+    EXPECT_EQ(BringBackMovedMemos(Desk.State), 0);
+    EXPECT_EQ(ByteOf(PathOf(kName)), 7);
+}
+
+TEST_F(MemosOnTheirWay, TakeNoOtherFilesPlaceWhateverAPlanSays) {
+    const std::u16string kept = DeletedPathOf(u"TavoCalendar (deleted 20040915_101500).pwi");
+    Put(kept, 7);
+    WritePlan(u"TavoCalendar.dat");
+    EXPECT_EQ(BringBackMovedMemos(Desk.State), 0);
+    EXPECT_EQ(ByteOf(kept), 7);
+    EXPECT_EQ(ByteOf(PathOf(u"TavoCalendar.dat")), 0);
+}
+
+TEST_F(MemosOnTheirWay, APlanIsEndedByThatWhichBeganIt) {
+    MovingMemos first(Desk.State);
+    ASSERT_TRUE(first.Begin(Names{std::u16string(kName)}));
+    first.End();
+    GivenPlan({std::u16string(kName)});
+    first.End(); // again
+    EXPECT_NE(ByteOf(kPlan), 0);
 }
 
 TEST_F(MemosOnTheirWay, WaitWhereTheStoreCannotSayWhetherItHasTheStep) {

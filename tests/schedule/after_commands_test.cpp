@@ -163,6 +163,10 @@ TEST_F(Afterwards, ASavedItemThatTheStoreCannotGiveKeepsItsTagAndIsToldOf) {
     }
     Desk.LetNoticesArrive();
     EXPECT_EQ(Desk.Rows().size(), 1U);
+    Desk.Device.Tap(220, 20);
+    Desk.Device.TapControl(IDCANCEL);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Desk.Boxes().size(), 1U); // told once
 }
 
 TEST_F(Afterwards, ACopyThatTheStoreCannotGiveIsTaggedAndToldOf) {
@@ -189,6 +193,7 @@ TEST_F(Afterwards, AnAppointmentThatTheStoreCannotListIsToldOf) {
     Desk.Device.AnswerBox(IDOK);
     ASSERT_TRUE(Desk.Settle());
     EXPECT_THAT(Desk.Boxes(), ElementsAre(kRowMissing));
+    EXPECT_THAT(Desk.Rows(), IsEmpty());
 }
 
 TEST_F(Afterwards, AListThatBreaksOffIsToldOf) {

@@ -111,6 +111,28 @@ TEST_F(ChangedBetween, AnItemOfASeriesKeepsItsDayInTheViewThoughItWasRenamed) {
     ASSERT_TRUE(Desk.Settle());
 }
 
+// A row of the appointments stands for its day, one of the other lists for the whole series.
+TEST_F(ChangedBetween, ViewShowsTheTimesOfTheRowOrOfTheSeriesAsItIsNow) {
+    const Oid series = Desk.GivenSeries(u"Series", At(2004, 11, 1, 9), At(2004, 11, 1, 10), kRecursDaily);
+    Desk.Tag(ItemKind::Alarm, series);
+    Desk.Show(ItemKind::Appointment);
+    Desk.Device.Do([&] { MoveToNoonOf(series, 1); });
+    const auto expectView = [this](const char* times) {
+        Desk.Device.Do([this, times] {
+            const std::string drawn = ToText(Desk.Device.See.LastFrame()->Calls);
+            EXPECT_NE(drawn.find(times), std::string::npos) << drawn;
+        });
+        Desk.Device.PressClose();
+    };
+    Desk.Device.Tap(20, 80 + 34); // 4 November
+    Desk.Device.ChooseTracked(kCommandView);
+    expectView("AM 9:00");
+    Desk.Device.Key(VK_RIGHT); // to the alarms
+    Desk.ChooseInRow(0, kCommandView);
+    expectView("PM 12:00");
+    ASSERT_TRUE(Desk.Settle());
+}
+
 TEST_F(ChangedBetween, ModifyFromTheViewBeginsWithTheItemAsItIsThen) {
     const Oid oid = GivenToday(u"Party");
     Desk.Show(ItemKind::Appointment);

@@ -79,6 +79,8 @@ TEST_F(ItemRowTexts, HolidaysAndAnniversariesSayRuleAndRangeInTwoLines) {
 TEST_F(ItemRowTexts, WhatDoesNotRepeatShowsItsOwnDays) {
     EXPECT_EQ(Tagged(ItemKind::Holiday, AllDay(At(2004, 12, 24), At(2004, 12, 27))).Lines,
               (Lines{u"Once", u"from 2004.12.24(Fri) until 2004.12.26(Sun)"}));
+    EXPECT_EQ(Tagged(ItemKind::Holiday, AllDay(At(2004, 12, 24), At(2004, 12, 26))).Lines,
+              (Lines{u"Once", u"from 2004.12.24(Fri) until 2004.12.25(Sat)"}));
     EXPECT_EQ(Tagged(ItemKind::Holiday, AllDay(At(2004, 12, 24), At(2004, 12, 25))).Lines,
               (Lines{u"Once", u"from 2004.12.24(Fri)"}));
 }
@@ -113,6 +115,16 @@ TEST_F(ItemRowTexts, OfSeveralDaysItShowsBothEndsWhicheverOfThemItsRowStandsFor)
               Lines{u"2004.11.03(Wed),PM 10:00 - 2004.11.04(Thu),AM 6:00"});
 }
 
+// Where both ends do not fit with their weekdays.
+TEST_F(ItemRowTexts, OnlyAnAppointmentWithTimesOnSeveralDaysHasAShorterLine) {
+    EXPECT_EQ(Appointment(Record(At(2004, 11, 3, 22), At(2004, 11, 4, 6)), At(2004, 11, 3)).ShortLine,
+              u"2004.11.03,PM 10:00 - 2004.11.04,AM 6:00");
+    EXPECT_EQ(Appointment(Record(At(2004, 11, 3, 9), At(2004, 11, 3, 17)), At(2004, 11, 3)).ShortLine, u"");
+    EXPECT_EQ(Appointment(AllDay(At(2004, 11, 3), At(2004, 11, 6)), At(2004, 11, 3)).ShortLine, u"");
+    const AppointmentData nightly = Recurring(Record(At(2004, 11, 3, 22), At(2004, 11, 4, 6)));
+    EXPECT_EQ(Appointment(nightly, At(2004, 11, 3)).ShortLine, u"");
+}
+
 TEST_F(ItemRowTexts, ARepeatingAppointmentNamesItsOwnMonthAndDay) {
     const auto shown = [this](const AppointmentData& record) {
         return Appointment(Recurring(record), record.Start).Lines.back();
@@ -131,6 +143,8 @@ TEST_F(ItemRowTexts, ARepeatingOneOverMidnightSaysHowLongItIs) {
     EXPECT_EQ(shown(Record(At(2004, 11, 3, 22), At(2004, 11, 4, 6))), u"(11/3, Wed) at PM 10:00 for 8 hour(s)");
     EXPECT_EQ(shown(Record(At(2004, 11, 3, 23, 30), At(2004, 11, 4, 0, 15))), u"(11/3, Wed) PM 11:30 - AM 12:15");
     EXPECT_EQ(shown(Record(At(2004, 11, 3, 9), At(2004, 11, 6, 9))), u"(11/3, Wed) at AM 9:00 for 3 days");
+    EXPECT_EQ(shown(Record(At(2004, 11, 3, 9), At(2004, 11, 4, 9))), u"(11/3, Wed) at AM 9:00 for 1 days");
+    EXPECT_EQ(shown(Record(At(2004, 11, 3, 9), At(2004, 11, 4, 8))), u"(11/3, Wed) at AM 9:00 for 23 hour(s)");
 }
 
 TEST_F(ItemRowTexts, ARepeatingOneWhoseEndItsDayDoesNotTellShowsBothEnds) {
@@ -139,6 +153,10 @@ TEST_F(ItemRowTexts, ARepeatingOneWhoseEndItsDayDoesNotTellShowsBothEnds) {
     };
     EXPECT_EQ(shown(AllDay(At(2004, 11, 3), At(2004, 11, 6)), At(2004, 11, 3)),
               u"2004.11.03(Wed) - 2004.11.05(Fri) (All day)");
+    EXPECT_EQ(shown(AllDay(At(2004, 11, 3), At(2004, 11, 5)), At(2004, 11, 3)),
+              u"2004.11.03(Wed) - 2004.11.04(Thu) (All day)");
+    EXPECT_EQ(shown(Record(At(2004, 11, 3, 9), At(2004, 11, 4, 10)), At(2004, 11, 3)),
+              u"2004.11.03(Wed),AM 9:00 - 2004.11.04(Thu),AM 10:00");
     EXPECT_EQ(shown(Record(At(2004, 11, 3, 9), At(2004, 11, 5, 17)), At(2004, 11, 3)),
               u"2004.11.03(Wed),AM 9:00 - 2004.11.05(Fri),PM 5:00");
     // Its row stands for a later day than the one on which it began.

@@ -47,9 +47,9 @@ class SchedulePage : public testing::Test {
         return start;
     }
 
-    Rect BarPlace() {
+    Rect PlaceOf(int control) {
         const shell::WindowTree& tree = Desk.Device.Host().State.Tree;
-        Rect bounds = tree.ScreenBounds(Desk.Device.See.Control(kScheduleScrollBar));
+        const Rect bounds = tree.ScreenBounds(Desk.Device.See.Control(control));
         return {bounds.Left, bounds.Top - kClientArea.Top, bounds.Right, bounds.Bottom - kClientArea.Top};
     }
 

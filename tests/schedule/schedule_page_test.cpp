@@ -27,10 +27,31 @@ TEST_F(SchedulePage, EachKindHasItsTitleItsEmptyTextAndItsPlaces) {
         EXPECT_EQ(Desk.Header(), titles[kind]);
         EXPECT_THAT(Desk.ListTexts(), ElementsAre(texts[kind]));
         EXPECT_EQ(PickersShown(), kind == 3);
-        EXPECT_EQ(BarPlace(), kind == 3 ? Rect::FromSize(225, 71, 15, 170) : Rect::FromSize(225, 37, 15, 204));
+        EXPECT_EQ(PlaceOf(kScheduleScrollBar),
+                  kind == 3 ? Rect::FromSize(225, 71, 15, 170) : Rect::FromSize(225, 37, 15, 204));
         Tap(196, 20);
     }
     EXPECT_EQ(Desk.Header(), u"Alarm"); // after the last kind comes the first
+}
+
+TEST_F(SchedulePage, ThePickersOfThePeriodStandSideBySideAboveTheList) {
+    Desk.Show(ItemKind::Appointment);
+    EXPECT_EQ(PlaceOf(kSchedulePeriodStart), Rect::FromSize(4, 41, 114, 26));
+    EXPECT_EQ(PlaceOf(kSchedulePeriodEnd), Rect::FromSize(122, 41, 114, 26));
+    EXPECT_TRUE(Desk.Device.See.IsShown(kScheduleScrollBar));
+}
+
+TEST_F(SchedulePage, TheHeaderSaysWhatCanBeTapped) {
+    Desk.Show(ItemKind::Holiday);
+    const auto placeOf = [this](PaintedRole role, const char16_t* name) {
+        const auto item = Desk.Device.See.FindItem(role, name);
+        return item ? item->Bounds : Rect{};
+    };
+    EXPECT_EQ(placeOf(PaintedRole::Header, u"Holiday"), (Rect{40, 0, 220, 37}));
+    EXPECT_EQ(placeOf(PaintedRole::Button, u"Previous kind"), Rect::FromSize(170, 12, 16, 16));
+    EXPECT_EQ(placeOf(PaintedRole::Button, u"Next kind"), Rect::FromSize(188, 12, 16, 16));
+    EXPECT_EQ(placeOf(PaintedRole::Button, u"New"), Rect::FromSize(210, 8, 26, 26));
+    EXPECT_TRUE(Desk.Device.See.FindItem(PaintedRole::Tab, u"Clock").has_value());
 }
 
 // Everything that is drawn, with its place, font, colour and alignment.
@@ -114,6 +135,25 @@ TEST_F(SchedulePage, RowsOfAppointmentsAreDrawnInTheirPlacesFontsAndColours) {
                                 "text 5,34,224,51 #000000 format 2086 [Arial -9 400] \"2004.11.04(Thu)\"\n"
                                 "text 5,51,224,68 #000000 format 2084 [Arial -9 400] "
                                 "\"2004.11.04(Thu),PM 10:00 - 2004.11.05(Fri),AM 6:00\"\n");
+}
+
+// A heading where it reaches 130 pixels, which its 16th letter does exactly; a line that has no shorter words, in the
+// small font where it reaches 203.
+TEST_F(SchedulePage, WhatIsTooLongIsCutWithDots) {
+    Desk.Tag(ItemKind::Holiday, Desk.GivenAllDay(u"aaaaaaaaaaaaaaaWbbbb", At(2004, 11, 4)));
+    Desk.Tag(ItemKind::Alarm, Desk.GivenSeries(u"Yoga", At(2004, 11, 4, 18), At(2004, 11, 4, 18), kRecursWeekly,
+                                               [](IRecurrencePattern& pattern) {
+                                                   EXPECT_EQ(pattern.put_Interval(2), Status::Ok);
+                                                   EXPECT_EQ(pattern.put_DayOfWeekMask(1 + 2 + 16), Status::Ok);
+                                               }));
+    Desk.Show(ItemKind::Alarm);
+    const std::string drawn = DrawnByTheList();
+    EXPECT_NE(drawn.find("text 5,34,224,51 #000000 format 2084 [Arial -9 400] "
+                         "\"Every 2 week(s) onSun.,Mon.,Thu., from 2004.11....\"\n"),
+              std::string::npos)
+        << drawn;
+    Key(VK_RIGHT);
+    EXPECT_EQ(Desk.ListTexts().front(), u"aaaaaaaaaaaaaaaW...");
 }
 
 TEST_F(SchedulePage, TheEmptyTextIsGreyInTheMiddle) {
@@ -282,6 +322,17 @@ TEST_F(SchedulePage, WhatWouldDoNothingIsGreyInTheMenuOfAnAppointment) {
     Desk.Device.Do([&] {
         EXPECT_THAT(Desk.OpenMenu(), ElementsAre(u"View...", u"Modify...", u"Delete...", u"-", u"Copy to Alarm",
                                                  u"(Copy to Holiday)", u"Copy to Anniversary"));
+    });
+    Desk.Device.ChooseTracked(0);
+    Desk.Device.Do([&] {
+        Desk.State().Categories.HolidayList.RemoveAll();
+        Desk.Tag(ItemKind::Alarm, oid);
+        Desk.Tag(ItemKind::Anniversary, oid);
+    });
+    Desk.Device.Tap(20, 80);
+    Desk.Device.Do([&] {
+        EXPECT_THAT(Desk.OpenMenu(), ElementsAre(u"View...", u"Modify...", u"Delete...", u"-", u"(Copy to Alarm)",
+                                                 u"Copy to Holiday", u"(Copy to Anniversary)"));
     });
     Desk.Device.ChooseTracked(0);
     Desk.Device.Do([&] { Desk.Delete(oid); }); // by another program, and not yet heard of

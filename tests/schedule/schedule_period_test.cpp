@@ -1,5 +1,6 @@
 // The reference period of the appointments: its limits, and what lies in it.
 #include "tests/schedule/schedule_desk.h"
+#include "tests/support/folder_probe.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -38,6 +39,13 @@ class SchedulePeriod : public testing::Test {
             return std::to_string(date.Year) + "-" + std::to_string(date.Month) + "-" + std::to_string(date.Day);
         };
         return text(Desk.Picked(kSchedulePeriodStart)) + " to " + text(Desk.Picked(kSchedulePeriodEnd));
+    }
+
+    // The time of day that a picker keeps and does not show.
+    std::string TimeOf(int picker) {
+        const SYSTEMTIME time = Desk.Picked(picker);
+        return std::to_string(time.Hour) + ":" + std::to_string(time.Minute) + ":" + std::to_string(time.Second) + "." +
+               std::to_string(time.Milliseconds);
     }
 
     Oid Given(std::u16string_view subject, const SYSTEMTIME& start, const SYSTEMTIME& end) {
@@ -86,6 +94,7 @@ TEST_F(SchedulePeriod, TheEndFollowsAStartThatPassesIt) {
     PickStart(2004, 3, 5);
     ASSERT_TRUE(Desk.Settle());
     EXPECT_EQ(Dates(), "2004-3-5 to 2004-3-5");
+    EXPECT_EQ(TimeOf(kSchedulePeriodEnd), "23:59:59.0");
 }
 
 TEST_F(SchedulePeriod, TheStartFollowsAnEndThatPassesIt) {
@@ -93,6 +102,48 @@ TEST_F(SchedulePeriod, TheStartFollowsAnEndThatPassesIt) {
     PickEnd(2003, 5, 5);
     ASSERT_TRUE(Desk.Settle());
     EXPECT_EQ(Dates(), "2003-5-5 to 2003-5-5");
+    EXPECT_EQ(TimeOf(kSchedulePeriodStart), "0:0:0.0");
+}
+
+TEST_F(SchedulePeriod, ABoundThatWasPulledBackHasTheTimeOfItsOtherOne) {
+    ShowJanuary();
+    PickEnd(2004, 2, 2);
+    Desk.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(TimeOf(kSchedulePeriodEnd), "0:0:0.0");
+    PickStart(2003, 12, 30);
+    Desk.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(TimeOf(kSchedulePeriodStart), "23:59:59.0");
+}
+
+TEST_F(SchedulePeriod, ADayThatBeginsAndEndsItLeavesTheOtherBoundAlone) {
+    Desk.Show(ItemKind::Appointment);
+    const std::string startTime = TimeOf(kSchedulePeriodStart);
+    PickEnd(2004, 11, 3);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(Dates(), "2004-11-3 to 2004-11-3");
+    EXPECT_EQ(TimeOf(kSchedulePeriodStart), startTime);
+    const std::string endTime = TimeOf(kSchedulePeriodEnd);
+    PickStart(2004, 11, 3);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_EQ(TimeOf(kSchedulePeriodEnd), endTime);
+}
+
+TEST_F(SchedulePeriod, TheBarFollowsTheNumberOfItsRows) {
+    for (int day = 5; day < 12; ++day) {
+        Given(u"Item", At(2004, 1, day, 9), At(2004, 1, day, 10));
+    }
+    ShowJanuary();
+    EXPECT_EQ(Desk.Bar(), (ScrollInfo{0, 2, 0}));
+}
+
+TEST_F(SchedulePeriod, WhatBeganThirtyOneDaysBeforeMayReachIntoIt) {
+    ShowJanuary();
+    const test::AskedRestrictions asked(Desk.State().Store.CalendarFolder);
+    PickStart(2004, 1, 5);
+    ASSERT_TRUE(Desk.Settle());
+    EXPECT_THAT(asked.Texts, ElementsAre(u"[Start] >= 12/5/2003 and [Start] <= 1/31/2004 and [End] >= 1/5/2004"));
 }
 
 TEST_F(SchedulePeriod, ADateIsTakenWhenItsMonthCalendarCloses) {

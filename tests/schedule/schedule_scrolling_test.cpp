@@ -92,6 +92,24 @@ TEST_F(SchedulePage, TheSelectionKeepsItsDistanceToTheTop) {
     EXPECT_EQ(Desk.SelectedRow(), 6);
 }
 
+TEST_F(SchedulePage, TheSelectionReachesTheLastRow) {
+    Desk.GivenAlarms(12);
+    Desk.Show(ItemKind::Alarm);
+    Select(3);
+    Scroll(SB_THUMBPOSITION, 8);
+    EXPECT_EQ(Desk.SelectedRow(), 11);
+}
+
+TEST_F(SchedulePage, UpStopsAtTheFirstRow) {
+    Desk.GivenAlarms(3);
+    Desk.Show(ItemKind::Alarm);
+    Select(1);
+    Key(VK_UP);
+    EXPECT_EQ(Desk.SelectedRow(), 0);
+    Key(VK_UP);
+    EXPECT_EQ(Desk.SelectedRow(), 0);
+}
+
 TEST_F(SchedulePage, ASelectionAtTheTopStaysThere) {
     Desk.GivenAlarms(12);
     Desk.Show(ItemKind::Alarm);

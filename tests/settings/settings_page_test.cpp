@@ -230,14 +230,6 @@ TEST_F(SettingsPage, ADeletionThatTheStoreRefusesIsToldAndChangesNothing) {
     EXPECT_THAT(Desk.ListOf(ItemKind::Alarm), ElementsAre(Alarm));
 }
 
-TEST_F(SettingsPage, IsDrawnWhiteWithThePageBar) {
-    Open();
-    ASSERT_TRUE(Desk.Settle());
-    EXPECT_EQ(ToText(Desk.Device.See.LastFrame()->Calls), "fill 0,0,240,267 #FFFFFF\n"
-                                                          "bitmap 139 0,241,240,267 from 0,0,240,26\n"
-                                                          "bitmap 142 180,241,240,267 from 0,0,60,26\n");
-}
-
 // Enough of them that the deletion is shown while it goes on.
 class LongDeletion : public SettingsPage {
   protected:

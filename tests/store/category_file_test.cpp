@@ -53,9 +53,13 @@ TEST_F(CategoryFileTest, AMissingFileIsMadeEmptyAndSilently) {
 }
 
 TEST_F(CategoryFileTest, AMissingFileEmptiesTheLists) {
+    Lists().AlarmList.Append(4);
     Lists().HolidayList.Append(5);
+    Lists().AnniversaryList.Append(6);
     EXPECT_TRUE(LoadCategoryFile(State));
+    EXPECT_THAT(Lists().AlarmList.All(), IsEmpty());
     EXPECT_THAT(Lists().HolidayList.All(), IsEmpty());
+    EXPECT_THAT(Lists().AnniversaryList.All(), IsEmpty());
     EXPECT_THAT(Device.FileBytes(kDataFile), Optional(kEmptyFile));
 }
 
@@ -114,6 +118,19 @@ TEST_F(CategoryFileTest, ASecondCorruptFileDoesNotReplaceTheCopyOfTheFirst) {
     }
     EXPECT_THAT(Device.FileBytes(kFirstCopy), Optional(first));
     EXPECT_THAT(Device.FileBytes(kSecondCopy), Optional(second));
+}
+
+TEST_F(CategoryFileTest, NineCorruptFilesAreKeptAndNoMore) {
+    const auto copyOf = [](char16_t number) {
+        return u"\\My Documents\\TavoCalendar\\TavoCalendar.dat.damaged" + std::u16string(1, number);
+    };
+    for (std::uint8_t number = 1; number <= 10; ++number) {
+        Device.GivenFile(kDataFile, {2, 0, 0, 0, number});
+        Device.WillAnswer(IDOK);
+        EXPECT_FALSE(LoadCategoryFile(State));
+    }
+    EXPECT_THAT(Device.FileBytes(copyOf(u'9')), Optional(Bytes{2, 0, 0, 0, 9}));
+    EXPECT_EQ(Device.FileBytes(copyOf(u'1') + u"0"), std::nullopt);
 }
 
 TEST_F(CategoryFileTest, NoCopyIsMadeOfAWholeFile) {

@@ -124,6 +124,16 @@ TEST_F(CategoryListTest, NoChangeAtAllIsNotReportedAsAWhole) {
     EXPECT_THAT(Outlook.Mirror.Reports, IsEmpty());
 }
 
+TEST_F(CategoryListTest, WhatWasReportedAsAWholeIsNotReportedAgain) {
+    {
+        const CategoryList::ReportOnce once(List);
+        List.Append(1);
+    }
+    Outlook.Mirror.Reports.clear();
+    { const CategoryList::ReportOnce again(List); }
+    EXPECT_THAT(Outlook.Mirror.Reports, IsEmpty());
+}
+
 TEST_F(CategoryListTest, WithoutAStoreNothingIsReported) {
     Session.OutlookApp.Reset();
     List.Append(1);

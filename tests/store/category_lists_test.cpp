@@ -100,9 +100,10 @@ TEST_F(CategoryListsTest, AnUndoneTagComesBackToItsPlace) {
     for (const Oid oid : {1, 2, 3}) {
         Lists.AlarmList.Append(oid);
     }
-    Outlook.Mirror.Requests = {{1, TagList::Alarm, 9, true, 1}, {2, TagList::Alarm, 8, true, 70}};
+    Outlook.Mirror.Requests = {
+        {1, TagList::Alarm, 9, true, 1}, {2, TagList::Alarm, 8, true, 70}, {3, TagList::Alarm, 7, true, 0}};
     EXPECT_TRUE(Lists.ApplyTagRequests());
-    EXPECT_THAT(Lists.AlarmList.All(), ElementsAre(1, 9, 2, 3, 8));
+    EXPECT_THAT(Lists.AlarmList.All(), ElementsAre(7, 1, 9, 2, 3, 8));
 }
 
 TEST_F(CategoryListsTest, RequestsAreCarriedOutInTheirOrder) {

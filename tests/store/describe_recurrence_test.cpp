@@ -60,6 +60,10 @@ TEST(DescribeRecurrence, WeeklyNamesItsDays) {
     EXPECT_EQ(DescribeRecurrence(Weekly(1, kWeekdaysMask)), u"Every Mon.,Tue.,Wed.,Thu.,Fri.");
 }
 
+TEST(DescribeRecurrence, AWeekHasSevenDaysWhateverTheMaskHolds) {
+    EXPECT_EQ(DescribeRecurrence(Weekly(1, 128 | kMonday)), u"Every Mon.");
+}
+
 TEST(DescribeRecurrence, EveryFewWeeksHasNoBlankAfterOn) {
     EXPECT_EQ(DescribeRecurrence(Weekly(2, kMonday | kThursday)), u"Every 2 week(s) onMon.,Thu.");
 }

@@ -64,12 +64,30 @@ TEST(FitText, NoWidthAtAllStillShowsTheFirstCharacter) {
     EXPECT_EQ(Fit(u"Dentist", -5), u"D...");
 }
 
+TEST(FitText, OfLettersOfOnePixelOneIsEnoughForNoWidth) {
+    test::RuledDrawing drawing(1);
+    EXPECT_EQ(FitText(drawing, FontHandle::None, u"Dentist", 0), u"D...");
+    EXPECT_EQ(FitText(drawing, FontHandle::None, u"Dentist", 1), u"D...");
+    EXPECT_EQ(FitText(drawing, FontHandle::None, u"Dentist", 2), u"De...");
+}
+
 TEST(FitText, OfALongTextOnlyWhatCanBeSeenIsMeasured) {
     test::RuledDrawing drawing(10);
     const std::u16string text(1024UL * 1024, u'a');
     EXPECT_EQ(FitText(drawing, FontHandle::None, text, 130), u"aaaaaaaaaaaaa...");
     EXPECT_TRUE(IsWiderThan(drawing, FontHandle::None, text, 130));
     EXPECT_LE(drawing.Measured, 1000u);
+}
+
+// The widths of the last 64 units of a piece may change with what follows.
+TEST(FitText, ALongTextIsMeasuredInPiecesThatGrowFourfold) {
+    const std::pair<int, std::size_t> measured[] = {
+        {1919, 256}, {1920, 256 + 1024}, {9599, 256 + 1024}, {9600, 256 + 1024 + 4096}};
+    for (const auto& [width, units] : measured) {
+        test::RuledDrawing drawing(10);
+        EXPECT_TRUE(IsWiderThan(drawing, FontHandle::None, std::u16string(100'000, u'a'), width));
+        EXPECT_EQ(drawing.Measured, units) << width;
+    }
 }
 
 TEST(FitText, AWidthFarIntoALongTextIsFoundAllTheSame) {

@@ -2,6 +2,7 @@
 #include "store/item_deletion.h"
 
 #include "store/undo.h"
+#include "tests/support/outlook_probe.h"
 #include "tests/support/test_device.h"
 
 #include <gmock/gmock.h>
@@ -64,6 +65,26 @@ TEST_F(ItemDeletion, WhereTheStoreTakesNoChangesItemAndTagStay) {
     EXPECT_THAT(Alarms(), ElementsAre(one.Oid, two.Oid));
 }
 
+// The store begins a change, and then it fails.
+TEST_F(ItemDeletion, WhereTheStoreCannotDeleteItemAndTagStayInTheirPlaces) {
+    const AppointmentData one = GivenAlarm(u"One");
+    const AppointmentData two = GivenAlarm(u"Two");
+    const AppointmentData three = GivenAlarm(u"Three");
+    const ComPtr<IPOutlookApp> real = State.Store.OutlookApp;
+    for (const bool isFound : {false, true}) {
+        for (const ItemKind kind : {ItemKind::Alarm, ItemKind::Appointment}) {
+            test::OutlookProbe outlook(real);
+            (isFound ? outlook.EndResult : outlook.ItemResult) = Status::Locked;
+            State.Store.OutlookApp = outlook.Share();
+            EXPECT_FALSE(DeleteItem(State, kind, two));
+            State.Store.OutlookApp = real;
+            AppointmentData record;
+            EXPECT_EQ(State.Store.LoadAppointment(two.Oid, record), two.Oid);
+            EXPECT_THAT(Alarms(), ElementsAre(one.Oid, two.Oid, three.Oid));
+        }
+    }
+}
+
 TEST_F(ItemDeletion, AnAppointmentTouchesNoList) {
     const AppointmentData one = GivenAlarm(u"One");
     EXPECT_TRUE(DeleteItem(State, ItemKind::Appointment, one));
@@ -86,6 +107,28 @@ TEST_F(ItemDeletion, ANameIsNotCutWithinACharacter) {
     AppointmentData record;
     record.Subject = std::u16string(29, u'x') + u"\U0001F382 cake";
     EXPECT_EQ(NameDeletion(ItemKind::Alarm, record), u"delete of alarm " + std::u16string(29, u'x') + u"...");
+    const std::u16string lowestPair = u"\U00010000";
+    record.Subject = std::u16string(29, u'x') + lowestPair + u"cake";
+    EXPECT_EQ(NameDeletion(ItemKind::Alarm, record), u"delete of alarm " + std::u16string(29, u'x') + u"...");
+    record.Subject = std::u16string(28, u'x') + lowestPair + u"cake";
+    EXPECT_EQ(NameDeletion(ItemKind::Alarm, record),
+              u"delete of alarm " + std::u16string(28, u'x') + lowestPair + u"...");
+}
+
+TEST_F(ItemDeletion, ANameShowsThirtyCharactersOfTheSubject) {
+    AppointmentData record;
+    record.Subject = u"Thirty characters, neither more";
+    record.Subject.pop_back();
+    EXPECT_EQ(NameDeletion(ItemKind::Alarm, record), u"delete of alarm Thirty characters, neither mor");
+    record.Subject = u"Thirty characters, neither more";
+    EXPECT_EQ(NameDeletion(ItemKind::Alarm, record), u"delete of alarm Thirty characters, neither mor...");
+    EXPECT_EQ(NameCopy(ItemKind::Alarm, record), u"copy of Thirty characters, neither mor... to alarms");
+}
+
+TEST_F(ItemDeletion, ANameIsOneLine) {
+    AppointmentData record;
+    record.Subject = u"One\r\ntwo\tthree\x1F four!";
+    EXPECT_EQ(NameDeletion(ItemKind::Alarm, record), u"delete of alarm One  two three  four!");
 }
 
 TEST_F(ItemDeletion, TheStoresOwnNamesFitIntoTheMenu) {

@@ -161,6 +161,9 @@ TEST_F(LoadAppointment, ASeriesWhosePatternCannotBeHadStaysASeries) {
     AppointmentData record;
     FillRecord(probe, Device.Host.Locale(), record);
     EXPECT_EQ(record.RecurType, kRecursDaily); // it is not the probe that hides it
+    probe.HidesPattern = true;
+    FillRecord(probe, Device.Host.Locale(), record);
+    EXPECT_EQ(record.RecurType, 7);
     probe.PatternResult = Status::Fail;
     record.Interval = 9;
     FillRecord(probe, Device.Host.Locale(), record);

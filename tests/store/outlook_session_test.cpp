@@ -107,6 +107,23 @@ TEST_F(OutlookSessionTest, AMissingCalendarFolderIsReported) {
     EXPECT_THAT(Device.MessagesShown(), ElementsAre(u"Tavo Calendar|Error occurred [001:1003]|OK"));
 }
 
+TEST_F(OutlookSessionTest, ReadingBeginsAndEnds) {
+    ASSERT_TRUE(Session.OpenStore());
+    Host.Calls.clear();
+    { const StoreReading reading(Session); }
+    EXPECT_THAT(Host.Calls, ElementsAre("BeginReading", "EndReading"));
+}
+
+TEST_F(OutlookSessionTest, ReadingThatDidNotBeginDoesNotEnd) {
+    { const StoreReading withoutAStore(Session); }
+    EXPECT_THAT(Host.Calls, IsEmpty());
+    ASSERT_TRUE(Session.OpenStore());
+    Host.Calls.clear();
+    Outlook.ReadingResult = Status::Locked;
+    { const StoreReading refused(Session); }
+    EXPECT_THAT(Host.Calls, ElementsAre("BeginReading"));
+}
+
 TEST_F(OutlookSessionTest, CountsASeriesOnce) {
     ASSERT_TRUE(Session.OpenStore());
     EXPECT_EQ(Session.CountAppointments(), 0);

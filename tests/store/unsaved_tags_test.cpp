@@ -4,10 +4,13 @@
 #include "store/category_file.h"
 #include "store/program_state.h"
 #include "tests/support/host_probe.h"
+#include "tests/support/outlook_probe.h"
 #include "tests/support/test_device.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <utility>
 
 namespace tavo {
 
@@ -104,6 +107,15 @@ TEST_F(UnsavedTags, AreThoseThatAreNewToTheListsAndWhoseItemsAreThere) {
     GivenKept(kKept, {tagged, missing, gone}, {tagged});
     EXPECT_THAT(Found(TagList::Alarm), ElementsAre(missing));
     EXPECT_THAT(Found(TagList::Holiday), ElementsAre(tagged)); // each list for itself
+}
+
+TEST_F(UnsavedTags, AreFoundWhileTheStoreCannotAnswer) {
+    test::OutlookProbe outlook;
+    outlook.ItemResult = Status::Locked;
+    const ComPtr<IPOutlookApp> real = std::exchange(State.Store.OutlookApp, outlook.Share());
+    GivenKept(kKept, {7});
+    EXPECT_THAT(Found(TagList::Alarm), ElementsAre(7));
+    State.Store.OutlookApp = real;
 }
 
 TEST_F(UnsavedTags, AreFoundInAllPlacesEachOnce) {

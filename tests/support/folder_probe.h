@@ -14,7 +14,9 @@ struct FolderFaults {
     Status ItemsResult = Status::Ok;
     Status CountResult = Status::Ok;
     Status RestrictResult = Status::Ok;
-    std::int32_t LockedFrom = 0; // the place from which on items of a restricted collection are Locked; 0: none
+    std::int32_t LockedFrom = 0;   // the place from which on items of a restricted collection are Locked; 0: none
+    std::int32_t MissingFrom = 0;  // likewise, from where on there is no item although nothing failed
+    IAppointment* First = nullptr; // the first item of a restricted collection, if it is to be another; lives longer
     std::vector<std::string>* Calls = nullptr; // where to note that the folder was released for good, if anywhere
     std::vector<std::u16string>* Restrictions = nullptr; // where to note what was asked for, if anywhere
 };
@@ -60,8 +62,19 @@ class ItemsProbe final : public CountedProbe<IPOutlookItemCollection> {
     }
 
     Status Item(std::int32_t index, ComPtr<IAppointment>& item) override {
-        const bool isLocked = Faults.LockedFrom != 0 && index >= Faults.LockedFrom;
-        return isLocked ? Status::Locked : Real->Item(index, item);
+        if (Faults.LockedFrom != 0 && index >= Faults.LockedFrom) {
+            return Status::Locked;
+        }
+        if (Faults.MissingFrom != 0 && index >= Faults.MissingFrom) {
+            item.Reset();
+            return Status::Ok;
+        }
+        if (Faults.First != nullptr && index == 1) {
+            Faults.First->AddRef();
+            item = ComPtr<IAppointment>::Adopt(Faults.First);
+            return Status::Ok;
+        }
+        return Real->Item(index, item);
     }
 
     Status Restrict(std::u16string_view restriction, ComPtr<IPOutlookItemCollection>& items) override {
@@ -72,7 +85,7 @@ class ItemsProbe final : public CountedProbe<IPOutlookItemCollection> {
             return Faults.RestrictResult;
         }
         const Status restricted = Real->Restrict(restriction, items);
-        if (items && Faults.LockedFrom != 0) {
+        if (items && (Faults.LockedFrom != 0 || Faults.MissingFrom != 0 || Faults.First != nullptr)) {
             items = ComPtr<IPOutlookItemCollection>::Adopt(new ItemsProbe(items, Faults));
         }
         return restricted;

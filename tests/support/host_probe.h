@@ -1,7 +1,9 @@
-// A device that passes everything on to another one, but whose files, ink and store can be watched and broken.
+// A device that passes everything on to another one, but whose controls, files, ink and store can be watched and
+// broken.
 #pragma once
 
 #include "platform/host.h"
+#include "tests/support/controls_probe.h"
 #include "tests/support/files_probe.h"
 #include "tests/support/ink_probe.h"
 
@@ -13,7 +15,8 @@ namespace tavo::test {
 
 class HostProbe final : public IHost {
   public:
-    explicit HostProbe(IHost& device) : OwnFiles(device.Files()), OwnInk(device.Ink()), Device(device) {}
+    explicit HostProbe(IHost& device)
+        : OwnControls(device.Controls()), OwnFiles(device.Files()), OwnInk(device.Ink()), Device(device) {}
 
     IMessageQueue& Queue() override { return Device.Queue(); }
 
@@ -21,13 +24,13 @@ class HostProbe final : public IHost {
 
     IDrawing& Drawing() override { return Device.Drawing(); }
 
-    IControls& Controls() override { return Device.Controls(); }
+    IControls& Controls() override { return OwnControls; }
 
     IMenus& Menus() override { return Device.Menus(); }
 
     IInk& Ink() override { return OwnInk; }
 
-    IInputPanel& InputPanel() override { return Device.InputPanel(); }
+    IInputPanel& InputPanel() override { return Panel != nullptr ? *Panel : Device.InputPanel(); }
 
     IFiles& Files() override { return OwnFiles; }
 
@@ -55,6 +58,8 @@ class HostProbe final : public IHost {
 
     ErrorCode GetLastError() override { return LastError; }
 
+    ControlsProbe OwnControls;
+    IInputPanel* Panel = nullptr; // stands in for the device's own
     FilesProbe OwnFiles;
     InkProbe OwnInk;
     // Stands in for the device's own CoCreateInstance.

@@ -101,6 +101,11 @@ class OutlookProbe final : public IPOutlookApp {
     }
 
     Status CreateItem(int kind, ComPtr<IAppointment>& item) override {
+        if (NewItem != nullptr) {
+            NewItem->AddRef();
+            item = ComPtr<IAppointment>::Adopt(NewItem);
+            return Status::Ok;
+        }
         return Real ? Real->CreateItem(kind, item) : Status::Fail;
     }
 
@@ -122,17 +127,36 @@ class OutlookProbe final : public IPOutlookApp {
 
     Status BeginUndo(std::int32_t& steps) override { return Real ? Real->BeginUndo(steps) : Status::NotFound; }
 
-    Status StepUndo() override { return Real ? Real->StepUndo() : Status::Unexpected; }
+    Status StepUndo() override {
+        if (Failed(StepResult)) {
+            return StepResult;
+        }
+        return Real ? Real->StepUndo() : Status::Unexpected;
+    }
 
-    Status AddNote(std::span<const std::uint8_t> note) override { return Real ? Real->AddNote(note) : Status::Fail; }
+    Status AddNote(std::span<const std::uint8_t> note) override {
+        if (Failed(NoteResult)) {
+            return NoteResult;
+        }
+        return Real ? Real->AddNote(note) : Status::Fail;
+    }
 
     Status GetUndoNotes(std::vector<std::vector<std::uint8_t>>& notes) override {
+        if (Failed(NotesResult)) {
+            return NotesResult;
+        }
         return Real ? Real->GetUndoNotes(notes) : Status::NotFound;
     }
 
-    Status BeginReading() override { return Real ? Real->BeginReading() : Status::Ok; }
+    Status BeginReading() override {
+        Note("BeginReading");
+        return Failed(ReadingResult) || !Real ? ReadingResult : Real->BeginReading();
+    }
 
-    Status EndReading() override { return Real ? Real->EndReading() : Status::Ok; }
+    Status EndReading() override {
+        Note("EndReading");
+        return Real ? Real->EndReading() : Status::Ok;
+    }
 
     ITagMirror& Tags() override { return Mirror; }
 
@@ -143,10 +167,16 @@ class OutlookProbe final : public IPOutlookApp {
     }
 
     TagMirrorProbe Mirror;
-    Status LogonResult = Status::Ok; // a failure is given back without asking further, and so for the next two
+    // A failure is given back without asking further.
+    Status LogonResult = Status::Ok;
     Status FolderResult = Status::Ok;
     Status ItemResult = Status::Ok;
+    Status ReadingResult = Status::Ok;
+    Status NoteResult = Status::Ok;  // of adding one
+    Status NotesResult = Status::Ok; // of reading them
+    Status StepResult = Status::Ok;
     IAppointment* Item = nullptr;              // given for every OID, if there is one
+    IAppointment* NewItem = nullptr;           // and for every new item
     Status EndResult = Status::Ok;             // a failure takes the group back
     std::vector<std::string>* Calls = nullptr; // where to note calls, if anywhere
     int References = 0;
