@@ -1,8 +1,6 @@
 // What the start does about an edit that the program's end or a crash cut short.
 #include "edit/draft_file.h"
 #include "tests/app/recovery_fixture.h"
-#include "tests/support/host_probe.h"
-#include "tests/support/outlook_probe.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,8 +8,6 @@
 #include <filesystem>
 #include <functional>
 #include <iterator>
-#include <optional>
-#include <utility>
 
 namespace tavo::test {
 namespace {
@@ -194,24 +190,9 @@ class DraftOfAnItem : public DraftRecoveryAtStart {
 
 TEST_F(DraftOfAnItem, AStoreThatCannotReadItNowIsToldAndTheDraftStays) {
     GivenKilledWhileChanging([this] { return GivenCall(); });
-    HostProbe host(Program.Device.Host());
-    std::optional<OutlookProbe> busy;
-    host.MakeOutlook = [&](ComPtr<IPOutlookApp>& outlook) {
-        ComPtr<IPOutlookApp> real;
-        const Status status = Program.Device.Host().CoCreateInstance(real);
-        busy.emplace(std::move(real)).ItemResult = Status::Locked;
-        outlook = busy->Share();
-        return status;
-    };
     Program.Device.AnswerBox(IDYES);
     Program.Device.AnswerBox(IDOK);
-    {
-        CTavoApp app(host);
-        ASSERT_EQ(app.InitInstance(), CTavoApp::Start::Running);
-        ASSERT_TRUE(Program.Device.Finish(app.MessagePump()));
-        app.ExitInstance();
-    }
-    busy.reset();
+    Program.RunWithItemsLocked();
     EXPECT_EQ(Boxes().back(), u"Tavo Calendar|The item cannot be read now. You will be asked again.");
     Program.Device.AnswerBox(IDYES);
     Program.Device.TapControl(IDOK);

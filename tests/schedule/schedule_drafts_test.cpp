@@ -1,15 +1,9 @@
 // Items that are made, shown or gone on with from outside the Schedule page.
-#include "app/tavo_app.h"
 #include "edit/draft_file.h"
 #include "tests/schedule/schedule_desk.h"
-#include "tests/support/host_probe.h"
-#include "tests/support/outlook_probe.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <optional>
-#include <utility>
 
 namespace tavo {
 
@@ -161,24 +155,9 @@ TEST_F(ContinuedEdit, OfAnItemThatIsThereNoRuleIsLost) {
 TEST_F(ContinuedEdit, AnItemThatCannotBeReadNowIsAskedAboutAgain) {
     GivenAlarmBeingChanged();
     End();
-    test::HostProbe host(Desk.Device.Host());
-    std::optional<test::OutlookProbe> busy;
-    host.MakeOutlook = [&](ComPtr<IPOutlookApp>& outlook) {
-        ComPtr<IPOutlookApp> real;
-        const Status status = Desk.Device.Host().CoCreateInstance(real);
-        busy.emplace(std::move(real)).ItemResult = Status::Locked;
-        outlook = busy->Share();
-        return status;
-    };
     Desk.Device.AnswerBox(IDYES);
     Desk.Device.AnswerBox(IDOK);
-    {
-        CTavoApp app(host);
-        ASSERT_EQ(app.InitInstance(), CTavoApp::Start::Running);
-        ASSERT_TRUE(Desk.Device.Finish(app.MessagePump()));
-        app.ExitInstance();
-    }
-    busy.reset();
+    Desk.RunWithItemsLocked();
     EXPECT_THAT(Desk.Boxes(),
                 ElementsAre(kQuestion, u"Tavo Calendar|The item cannot be read now. You will be asked again."));
     EXPECT_EQ(FindDrafts(Desk.Device.Host()).size(), 1U);

@@ -131,6 +131,13 @@ ErrorCode MemoryDisk::CheckPlace(const std::string& path) const {
     return folder->Kind == EntryKind::Folder ? ErrorCode::Success : ErrorCode::PathNotFound;
 }
 
+ErrorCode MemoryDisk::CheckFree(const std::string& path) const {
+    if (const ErrorCode error = CheckPlace(path); error != ErrorCode::Success) {
+        return error;
+    }
+    return Find(path) == nullptr ? ErrorCode::Success : ErrorCode::AlreadyExists;
+}
+
 void MemoryDisk::Note(const std::string& path) {
     if (Node* folder = Find(FolderOf(path)); folder != nullptr) {
         folder->Seen.Modified = {kLongAgo, static_cast<std::int64_t>(++Changes)};
@@ -293,11 +300,8 @@ ErrorCode MemoryDisk::MakeFolder(const std::string& path) {
     if (const ErrorCode error = Count(); error != ErrorCode::Success) {
         return error;
     }
-    if (const ErrorCode error = CheckPlace(path); error != ErrorCode::Success) {
+    if (const ErrorCode error = CheckFree(path); error != ErrorCode::Success) {
         return error;
-    }
-    if (Find(path) != nullptr) {
-        return ErrorCode::AlreadyExists;
     }
     Make(path, EntryKind::Folder);
     return ErrorCode::Success;
@@ -327,11 +331,8 @@ ErrorCode MemoryDisk::MakeHeld(const std::string& path, std::unique_ptr<disk::IH
     if (const ErrorCode error = Count(); error != ErrorCode::Success) {
         return error;
     }
-    if (const ErrorCode error = CheckPlace(path); error != ErrorCode::Success) {
+    if (const ErrorCode error = CheckFree(path); error != ErrorCode::Success) {
         return error;
-    }
-    if (Find(path) != nullptr) {
-        return ErrorCode::AlreadyExists;
     }
     Make(path, EntryKind::File);
     file = std::make_unique<HeldFile>(*this, Nodes[path]);

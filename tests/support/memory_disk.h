@@ -68,6 +68,7 @@ class MemoryDisk final : public disk::IDisk {
     ErrorCode Count(); // one more call; what becomes of it
     Node* Find(const std::string& path) const;
     ErrorCode FindFile(const std::string& path, Node*& file) const;
+    ErrorCode CheckFree(const std::string& path) const;  // for something new
     ErrorCode CheckPlace(const std::string& path) const; // where a new name is to be
     void Note(const std::string& path);                  // the names of its folder have changed
     Node& Make(const std::string& path, disk::EntryKind kind);

@@ -1,6 +1,9 @@
 // Starting the program, and small steps that many tests share.
 #include "tests/support/running_program.h"
 
+#include "tests/support/host_probe.h"
+#include "tests/support/outlook_probe.h"
+
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -54,6 +57,22 @@ void RunningProgram::Stop() {
         App->ExitInstance();
         App.reset();
     }
+}
+
+void RunningProgram::RunWithItemsLocked() {
+    HostProbe host(Device.Host());
+    std::optional<OutlookProbe> store; // outlives the program
+    host.MakeOutlook = [&](ComPtr<IPOutlookApp>& outlook) {
+        ComPtr<IPOutlookApp> real;
+        const Status status = Device.Host().CoCreateInstance(real);
+        store.emplace(std::move(real)).ItemResult = Status::Locked;
+        outlook = store->Share();
+        return status;
+    };
+    CTavoApp app(host);
+    ASSERT_EQ(app.InitInstance(), CTavoApp::Start::Running);
+    ASSERT_TRUE(Device.Finish(app.MessagePump()));
+    app.ExitInstance();
 }
 
 void RunningProgram::ShowPage(int tab) {

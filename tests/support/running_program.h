@@ -36,6 +36,9 @@ class RunningProgram : public OwnDevice, public StoreWords {
     // Ends the program as the process's end would.
     void Stop();
 
+    // Starts the program on a store none of whose items can be read now, lets it come to rest, and stops it.
+    void RunWithItemsLocked();
+
     // A tap on the page bar, and coming to rest.
     void ShowPage(int tab);
 
