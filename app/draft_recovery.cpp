@@ -8,7 +8,6 @@
 #include "store/date_pictures.h"
 #include "store/refusal.h"
 
-#include <array>
 #include <string_view>
 
 namespace tavo {
@@ -17,13 +16,12 @@ namespace {
 
 constexpr std::u16string_view kQuestion = u"%s of %s was not saved. Go on with it?";
 constexpr std::u16string_view kNotReadable = u"The item cannot be read now. You will be asked again.";
-constexpr std::array<std::u16string_view, 4> kKinds{u"An alarm", u"A holiday", u"An anniversary", u"An appointment"};
-constexpr int kDateBuffer = 40; // UTF-16 units, with the end
+constexpr std::u16string_view kKinds[] = {u"An alarm", u"A holiday", u"An anniversary", u"An appointment"};
 
 int Ask(CProgramState& state, const AppointmentDraft& draft) {
     const std::u16string date = state.Host()
                                     .Locale()
-                                    .GetDateFormatW(LocaleId::User, draft.Now.Start, kPictureListDate, kDateBuffer)
+                                    .GetDateFormatW(LocaleId::User, draft.Now.Start, kPictureListDate, kDateTimeBuffer)
                                     .value_or(u"");
     MessageBoxDescription box;
     box.Text = FormatText(kQuestion, kKinds[IndexOf(KindOfMode(draft.Mode))], date);

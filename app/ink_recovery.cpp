@@ -18,11 +18,10 @@ namespace {
 
 constexpr std::u16string_view kQuestion = u"A memo of %s was not saved. Keep it?";
 constexpr std::u16string_view kNotKept = u"The memo could not be saved. You will be asked again.";
-constexpr int kDateBuffer = 40; // UTF-16 units, with the end
 
 bool Ask(CProgramState& state, const SYSTEMTIME& day, int& answer) {
     const std::u16string date =
-        state.Host().Locale().GetDateFormatW(LocaleId::User, day, kPictureListDate, kDateBuffer).value_or(u"");
+        state.Host().Locale().GetDateFormatW(LocaleId::User, day, kPictureListDate, kDateTimeBuffer).value_or(u"");
     MessageBoxDescription box;
     box.Text = FormatText(kQuestion, date);
     box.Caption = kProgramTitle;

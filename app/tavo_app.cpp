@@ -19,9 +19,19 @@
 namespace tavo {
 
 namespace {
+
 constexpr int kStartFailed = 1; // exit status
 constexpr std::u16string_view kUndoCaption = u"Undo";
 constexpr std::u16string_view kNotUndone = u"The last step could not be undone.";
+
+// True when the store refused it.
+bool TakeLastStepBack(CProgramState& state, MemoUndo& memos) {
+    const BusyTime busy(state);
+    LongUndo undo(state, &memos);
+    RunLongWork(state.Pump, state, undo, kUndoCaption);
+    return undo.IsRefused();
+}
+
 } // namespace
 
 CTavoApp::CTavoApp(IHost& host, ICalendarImport* files) : Device(host), Files(files), Pump(host), State(Pump) {}
@@ -91,17 +101,11 @@ void CTavoApp::Undo() {
     if (State.Busy || !CanUndo(State)) {
         return;
     }
-    bool refused = false;
     MemoUndo memos(State);
-    {
-        const BusyTime busy(State);
-        LongUndo undo(State, &memos);
-        RunLongWork(Pump, State, undo, kUndoCaption);
-        refused = undo.IsRefused();
-    }
+    const bool isRefused = TakeLastStepBack(State, memos);
     static_cast<void>(State.Categories.ApplyTagRequests()); // those from outside waited; the pages are told anyway
     Frame->View().PostChangeNotice();
-    if (refused) {
+    if (isRefused) {
         ShowRefusal(Pump, WindowHandle::None, kNotUndone);
     } else if (memos.Missing() > 0) {
         ShowRefusal(Pump, WindowHandle::None, kMemosMissing);

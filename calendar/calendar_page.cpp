@@ -2,6 +2,7 @@
 #include "calendar/calendar_page.h"
 
 #include "calendar/calendar_page_look.h"
+#include "calendar/clock_page.h"
 #include "framework/format.h"
 #include "res/dialog_templates.h"
 #include "res/resource_ids.h"
@@ -48,7 +49,7 @@ const MessageMap& CCalendarPage::Messages() {
 }
 
 void CCalendarPage::OnInitDialog() {
-    IsAnalog = Host().Registry().GetProfileIntW(u"clock", u"isAnalog", 1) != 0;
+    IsAnalog = ReadIsAnalog(Host().Registry());
     SetToday();
     // Without its window the list still holds the day.
     static_cast<void>(DayList.CreateOn(Handle(), kDayListPlace));

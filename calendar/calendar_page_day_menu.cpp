@@ -25,7 +25,7 @@ void CCalendarPage::ShowDayMenu() {
     const bool opensLeft = TapPoint.X >= kRightHalf;
     const Point at{TapPoint.X + (opensLeft ? -kMenuBeside : kMenuBeside), TapPoint.Y + kMenuBelow};
     const MenuAlign align = opensLeft ? MenuAlign::Right : MenuAlign::Left;
-    if (const int command = Pump().TrackPopupMenu(Handle(), Day.Build(), at, align); command != 0) {
+    if (const int command = Pump().TrackPopupMenu(Handle(), Day.Build(), at, align)) {
         Post(WM_COMMAND, command, BN_CLICKED, kFromMenuOrKey);
     }
 }

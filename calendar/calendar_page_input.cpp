@@ -7,6 +7,7 @@
 #include "res/resource_ids.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace tavo {
 
@@ -14,6 +15,22 @@ namespace {
 
 constexpr int kFirstYearBelow = 1901; // kept: going below this year lands on the lowest one
 constexpr Rect kHeaderHit{31, 6, 195, 31};
+
+// How far an arrow moves the selected day; nothing for other keys.
+std::optional<int> DaysOfKey(int key) {
+    switch (key) {
+    case VK_LEFT:
+        return -1;
+    case VK_RIGHT:
+        return 1;
+    case VK_UP:
+        return -kGridColumns;
+    case VK_DOWN:
+        return kGridColumns;
+    default:
+        return std::nullopt;
+    }
+}
 
 } // namespace
 
@@ -90,25 +107,11 @@ void CCalendarPage::TakeKeyDown(const Message& key) {
 
 // By a day or a week; the grid follows into another month.
 bool CCalendarPage::MoveSelectedDate(int key) {
-    constexpr int daysOfWeek = 7;
-    int days = 0;
-    switch (key) {
-    case VK_LEFT:
-        days = -1;
-        break;
-    case VK_RIGHT:
-        days = 1;
-        break;
-    case VK_UP:
-        days = -daysOfWeek;
-        break;
-    case VK_DOWN:
-        days = daysOfWeek;
-        break;
-    default:
+    const std::optional<int> days = DaysOfKey(key);
+    if (!days) {
         return false;
     }
-    CalendarDate moved = DayBeside(SelectedDate(), days);
+    CalendarDate moved = DayBeside(SelectedDate(), *days);
     if (SelectedYear < kLowestYear) { // a blank cell of the first month was tapped, or of the last
         moved = {kLowestYear, kJanuary, 1};
     } else if (SelectedYear > kHighestYear) {

@@ -37,6 +37,10 @@ constexpr std::uint32_t kDigitFormat = DT_CENTER | DT_BOTTOM | DT_SINGLELINE;
 
 } // namespace
 
+bool ReadIsAnalog(IRegistry& registry) {
+    return registry.GetProfileIntW(u"clock", u"isAnalog", 1) != 0;
+}
+
 CClockPage::CClockPage(CMessagePump& pump, CProgramState& state, IMainView& view)
     : CMainPage(pump, state, view, kClockPageTemplate, kMenuPage) {}
 
@@ -52,7 +56,7 @@ const MessageMap& CClockPage::Messages() {
 }
 
 void CClockPage::OnInitDialog() {
-    IsAnalog = Host().Registry().GetProfileIntW(u"clock", u"isAnalog", 1) != 0;
+    IsAnalog = ReadIsAnalog(Host().Registry());
     Host().Windows().SetTimer(Handle(), kTimerClockPrompt, kPromptPeriod);
     Host().Windows().SetTimer(Handle(), kTimerClockRegular, kRegularPeriod);
 }

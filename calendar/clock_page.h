@@ -7,7 +7,11 @@
 
 namespace tavo {
 
+class IRegistry;
 struct HandPoints;
+
+// Which face the profile says: the dial, unless it says digits.
+bool ReadIsAnalog(IRegistry& registry);
 
 class CClockPage : public CMainPage {
   public:

@@ -2,7 +2,6 @@
 #include "calendar/month_grid.h"
 
 #include <cmath>
-#include <cstddef>
 
 namespace tavo {
 
@@ -28,14 +27,15 @@ CalendarDate MonthAfter(CalendarDate date) {
 
 std::array<int, kGridCells> ComputeDayGrid(int firstWeekday, int previousMonthLength, int monthLength) {
     std::array<int, kGridCells> grid{};
-    for (int cell = 0; cell < kGridCells; ++cell) {
-        int number = cell - firstWeekday + 1;
-        if (number < 1) {
+    int day = 1 - firstWeekday; // of the month shown; what lies beyond its ends is a neighbour's
+    for (int& number : grid) {
+        number = day;
+        if (day < 1) {
             number += previousMonthLength;
-        } else if (number > monthLength) {
+        } else if (day > monthLength) {
             number -= monthLength;
         }
-        grid[static_cast<std::size_t>(cell)] = number;
+        ++day;
     }
     return grid;
 }

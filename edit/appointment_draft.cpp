@@ -5,8 +5,11 @@
 #include "edit/leading_number.h"
 #include "framework/format.h"
 
+#include <algorithm>
+#include <limits>
 #include <map>
 #include <string_view>
+#include <utility>
 
 namespace tavo {
 
@@ -129,18 +132,14 @@ class DraftReader {
     }
 
     void operator()(std::u16string_view prefix, std::u16string_view name, RuleEnd& end) {
-        const std::optional<std::int32_t> number = WholeNumber(Find(prefix, name), 0, 2);
-        IsWhole = IsWhole && number.has_value();
-        end = static_cast<RuleEnd>(number.value_or(0));
+        end = static_cast<RuleEnd>(ReadNumber(Find(prefix, name), static_cast<std::int32_t>(RuleEnd::AfterCount)));
     }
 
     void operator()(std::u16string_view prefix, std::u16string_view name, SYSTEMTIME& time) {
         const std::u16string_view text = Find(prefix, name);
         const auto part = [&](std::size_t at, std::size_t size) {
-            const std::optional<std::int32_t> number =
-                at < text.size() ? WholeNumber(text.substr(at, size), 0, 9999) : std::nullopt;
-            IsWhole = IsWhole && number.has_value();
-            return static_cast<std::uint16_t>(number.value_or(0));
+            const std::u16string_view digits = text.substr(std::min(at, text.size()), size);
+            return static_cast<std::uint16_t>(ReadNumber(digits, std::numeric_limits<std::uint16_t>::max()));
         };
         time = {part(0, 4), part(5, 2), 0, part(8, 2), part(11, 2), part(14, 2), part(17, 2), 0};
     }
@@ -162,6 +161,13 @@ class DraftReader {
     bool IsWhole = true;
 
   private:
+    // From none to the highest. A draft with a text that says anything else is no whole one.
+    std::int32_t ReadNumber(std::u16string_view text, std::int32_t highest) {
+        const std::optional<std::int32_t> number = WholeNumber(text, 0, highest);
+        IsWhole = IsWhole && number.has_value();
+        return number ? *number : std::int32_t();
+    }
+
     std::u16string_view Find(std::u16string_view prefix, std::u16string_view name) {
         const auto found = Values.find(FormatText(u"%s%s", prefix, name));
         IsWhole = IsWhole && found != Values.end();
@@ -178,7 +184,6 @@ std::vector<std::uint8_t> EncodeDraft(const AppointmentDraft& draft) {
     VisitDraft(writer, draft);
     const std::u16string text = FormatText(u"%s\n%s%s\n", kFirstLine, writer.Lines, kLastLine);
     std::vector<std::uint8_t> bytes;
-    bytes.reserve(2 * text.size());
     for (const char16_t unit : text) {
         bytes.push_back(static_cast<std::uint8_t>(unit & 0xFF));
         bytes.push_back(static_cast<std::uint8_t>(unit >> 8));
@@ -192,13 +197,12 @@ std::optional<AppointmentDraft> DecodeDraft(std::span<const std::uint8_t> bytes)
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
         const auto unit = static_cast<char16_t>(bytes[i] | bytes[i + 1] << 8);
         if (unit == u'\n') {
-            lines.push_back(std::move(line));
-            line.clear();
+            lines.push_back(std::exchange(line, {}));
         } else {
             line += unit;
         }
     }
-    if (lines.size() < 2 || lines.front() != kFirstLine || lines.back() != kLastLine) {
+    if (lines.empty() || lines.front() != kFirstLine || lines.back() != kLastLine) {
         return std::nullopt;
     }
     std::map<std::u16string, std::u16string> values;

@@ -9,7 +9,9 @@ namespace tavo {
 
 namespace {
 
-constexpr std::int64_t kEnough = std::int64_t{1} << 32; // further digits change nothing
+constexpr std::int64_t kLowest = std::numeric_limits<std::int32_t>::min();
+constexpr std::int64_t kHighest = std::numeric_limits<std::int32_t>::max();
+constexpr std::int64_t kEnough = -kLowest; // further digits change nothing
 
 bool IsDigit(char16_t character) {
     return character >= u'0' && character <= u'9';
@@ -27,9 +29,7 @@ std::int32_t LeadingNumber(std::u16string_view text) {
     for (std::size_t index = 0; index < text.size() && IsDigit(text[index]); ++index) {
         number = std::min(number * 10 + (text[index] - u'0'), kEnough);
     }
-    constexpr std::int64_t lowest = std::numeric_limits<std::int32_t>::min();
-    constexpr std::int64_t highest = std::numeric_limits<std::int32_t>::max();
-    return static_cast<std::int32_t>(std::clamp(negative ? -number : number, lowest, highest));
+    return static_cast<std::int32_t>(std::clamp(negative ? -number : number, kLowest, kHighest));
 }
 
 std::optional<std::int32_t> WholeNumber(std::u16string_view text, std::int32_t minimum, std::int32_t maximum) {

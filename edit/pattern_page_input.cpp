@@ -177,12 +177,11 @@ std::vector<WindowHandle> CPatternPage::FocusStops() const {
 }
 
 void CPatternPage::Paint() {
-    const Size size = Surface().GetSize();
     const WindowHandle focus = Host().Windows().GetFocus();
     DropPainted();
-    Surface().FillRect(Rect::FromSize(0, 0, size.Width, size.Height), kBackground);
+    Surface().FillRect(Rect::Whole(Surface().GetSize()), kBackground);
     Surface().DrawBitmap(kPatternTabList[static_cast<std::size_t>(PageMode)].Picture, {kTabStrip.Left, kTabStrip.Top},
-                         Rect::FromSize(0, 0, kTabStrip.Width(), kTabStrip.Height()));
+                         Rect::Whole({kTabStrip.Width(), kTabStrip.Height()}));
     for (const PatternTab& tab : kPatternTabList) {
         PaintedItem item;
         item.Bounds = TabBounds(tab.Mode);

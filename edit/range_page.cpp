@@ -7,8 +7,6 @@
 #include "res/dialog_templates.h"
 #include "res/resource_ids.h"
 
-#include <iterator>
-
 namespace tavo {
 
 namespace {
@@ -20,7 +18,7 @@ constexpr int kEndButtons[] = {kRangeNoEnd, kRangeEndsOn, kRangeEndsAfter}; // b
 
 constexpr double kDefaultDays = 61; // from the pattern's start to the end date at first
 constexpr std::u16string_view kDefaultCount = u"10";
-constexpr SYSTEMTIME kEndOfDay{0, 0, 0, 0, 23, 59, 59, 0};
+constexpr SYSTEMTIME kEndOfDay{.Hour = 23, .Minute = 59, .Second = 59};
 
 constexpr Color kBackground = Color::FromRgb(255, 255, 255);
 constexpr Color kHeadingColor = Color::FromRgb(0, 0, 0);
@@ -76,18 +74,19 @@ void CRangePage::SetEndDate(DATE date) {
 }
 
 void CRangePage::PushFields() {
-    for (std::size_t mode = 0; mode < std::size(kEndButtons); ++mode) {
-        Host().Controls().SetCheck(Item(kEndButtons[mode]), EndMode == static_cast<std::int32_t>(mode));
+    for (std::int32_t mode = 0; const int button : kEndButtons) {
+        Host().Controls().SetCheck(Item(button), EndMode == mode);
+        ++mode;
     }
     SetItemText(kRangeCount, CountText);
 }
 
 bool CRangePage::UpdateData() {
-    EndMode = -1;
-    for (std::size_t mode = 0; mode < std::size(kEndButtons); ++mode) {
-        if (Host().Controls().GetCheck(Item(kEndButtons[mode]))) {
-            EndMode = static_cast<std::int32_t>(mode);
+    for (std::int32_t mode = 0; const int button : kEndButtons) { // one of them is always on
+        if (Host().Controls().GetCheck(Item(button))) {
+            EndMode = mode;
         }
+        ++mode;
     }
     CountText = ItemText(kRangeCount);
     return true;
@@ -124,10 +123,9 @@ bool CRangePage::WriteToPattern(Validation) {
 }
 
 void CRangePage::Paint() {
-    const Size size = Surface().GetSize();
     const std::u16string heading = ItemText(kRangeLabel);
     DropPainted();
-    Surface().FillRect(Rect::FromSize(0, 0, size.Width, size.Height), kBackground);
+    Surface().FillRect(Rect::Whole(Surface().GetSize()), kBackground);
     Surface().DrawTextW(heading, kHeadingPlace,
                         {State.Fonts.FontComic13Bold, kHeadingColor, DT_VCENTER | DT_SINGLELINE});
     Declare({kHeadingPlace, PaintedRole::Header, heading});

@@ -1,6 +1,7 @@
 // The formatting itself: one conversion at a time.
 #include "framework/format.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace tavo {
@@ -13,39 +14,40 @@ struct Conversion {
     char16_t Type = 0; // 0 when the pattern ends within the conversion
 };
 
-// Reads from just behind the percent sign and moves `position` behind the conversion.
-Conversion ReadConversion(std::u16string_view pattern, std::size_t& position) {
+// Takes what follows a percent sign from the front of the pattern.
+Conversion TakeConversion(std::u16string_view& pattern) {
     Conversion conversion;
-    if (position < pattern.size() && pattern[position] == u'0') {
+    if (pattern.starts_with(u'0')) {
         conversion.PadWithZeros = true;
-        ++position;
     }
-    while (position < pattern.size() && pattern[position] >= u'0' && pattern[position] <= u'9') {
-        conversion.Width = conversion.Width * 10 + static_cast<std::size_t>(pattern[position] - u'0');
-        ++position;
+    while (!pattern.empty() && pattern.front() >= u'0' && pattern.front() <= u'9') {
+        conversion.Width = conversion.Width * 10 + static_cast<std::size_t>(pattern.front() - u'0');
+        pattern.remove_prefix(1);
     }
-    while (position < pattern.size() && pattern[position] == u'l') {
-        ++position;
+    while (pattern.starts_with(u'l')) {
+        pattern.remove_prefix(1);
     }
-    if (position < pattern.size()) {
-        conversion.Type = pattern[position];
-        ++position;
+    if (!pattern.empty()) {
+        conversion.Type = pattern.front();
+        pattern.remove_prefix(1);
     }
     return conversion;
 }
 
 std::u16string NumberText(std::int64_t number, const Conversion& conversion) {
-    // Negated as unsigned, so that the lowest number has a magnitude too.
-    std::uint64_t magnitude = number < 0 ? 0 - static_cast<std::uint64_t>(number) : static_cast<std::uint64_t>(number);
+    const bool isNegative = number < 0;
+    std::uint64_t magnitude = static_cast<std::uint64_t>(number);
+    if (isNegative) {
+        magnitude = 0 - magnitude; // as unsigned, so that the lowest number has a magnitude too
+    }
     std::u16string digits;
     do {
         digits.insert(digits.begin(), static_cast<char16_t>(u'0' + magnitude % 10));
         magnitude /= 10;
     } while (magnitude != 0);
-    const std::size_t signLength = number < 0 ? 1 : 0;
-    const std::size_t length = digits.size() + signLength;
-    const std::size_t padding = conversion.Width > length ? conversion.Width - length : 0;
-    const std::u16string sign(signLength, u'-');
+    const std::u16string sign = isNegative ? u"-" : u"";
+    const std::size_t length = sign.size() + digits.size();
+    const std::size_t padding = std::max(conversion.Width, length) - length;
     if (conversion.PadWithZeros) {
         return sign + std::u16string(padding, u'0') + digits;
     }
@@ -57,15 +59,14 @@ std::u16string NumberText(std::int64_t number, const Conversion& conversion) {
 std::u16string FormatArguments(std::u16string_view pattern, std::initializer_list<FormatArgument> arguments) {
     std::u16string result;
     auto argument = arguments.begin();
-    std::size_t position = 0;
-    while (position < pattern.size()) {
-        const char16_t character = pattern[position];
-        ++position;
+    while (!pattern.empty()) {
+        const char16_t character = pattern.front();
+        pattern.remove_prefix(1);
         if (character != u'%') {
             result += character;
             continue;
         }
-        const Conversion conversion = ReadConversion(pattern, position);
+        const Conversion conversion = TakeConversion(pattern);
         if (conversion.Type == u'%') {
             result += u'%';
         } else if (argument != arguments.end()) {

@@ -17,7 +17,7 @@ const MessageMap& CPaintedWindow::Messages() {
 }
 
 ISurface& CPaintedWindow::Surface() {
-    if (FirstPaint && !OffScreen) {
+    if (!OffScreen) {
         OffScreen = Host().Drawing().CreateCompatibleSurface(SurfaceSize);
     }
     return *OffScreen;

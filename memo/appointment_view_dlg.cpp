@@ -14,7 +14,6 @@ namespace tavo {
 
 namespace {
 
-constexpr int kDateBuffer = 64; // UTF-16 units, with the end
 constexpr int kNoteZoom = 100;
 constexpr int kKeyModify = VK_F1 + 1;
 
@@ -49,16 +48,11 @@ void CAppointmentViewDlg::OnInitDialog() {
     if (!State.Store.OutlookApp || Failed(State.Store.OutlookApp->GetItemFromOid(Oid, item)) || !item) {
         return;
     }
-    PlaceButton(kViewModify, kModifyButton);
-    PlaceButton(kViewDelete, kDeleteButton);
+    MoveItem(kViewModify, kModifyButton); // its template hides both
+    MoveItem(kViewDelete, kDeleteButton);
     TakeDates(*item);
     TakeNote(*item);
     ShowNote();
-}
-
-void CAppointmentViewDlg::PlaceButton(int id, const Rect& place) {
-    MoveItem(id, place);
-    ShowItem(id, false);
 }
 
 // The words are made from the day of a start. The record may be that of an occurrence on another day than the first.
@@ -94,7 +88,7 @@ void CAppointmentViewDlg::TakeDates(IAppointment& item) {
 }
 
 std::u16string CAppointmentViewDlg::DateText(const SYSTEMTIME& date, std::u16string_view picture) const {
-    return Host().Locale().GetDateFormatW(LocaleId::User, date, picture, kDateBuffer).value_or(u"");
+    return Host().Locale().GetDateFormatW(LocaleId::User, date, picture, kDateTimeBuffer).value_or(u"");
 }
 
 void CAppointmentViewDlg::TakeNote(IAppointment& item) {
@@ -130,15 +124,14 @@ void CAppointmentViewDlg::OnOK() {
     OnCancel();
 }
 
-bool CAppointmentViewDlg::TakeStylusDown(Point point) {
+void CAppointmentViewDlg::TakeStylusDown(Point point) {
     for (DrawnButton* button : {&Modify, &Delete}) {
         if (button->TakeDown(point)) {
             Invalidate(button->Place());
-            return true;
+            return;
         }
     }
     ReleaseButtons();
-    return false;
 }
 
 void CAppointmentViewDlg::TakeStylusMove(Point point) {
@@ -155,22 +148,22 @@ void CAppointmentViewDlg::TakeStylusUp(Point point) {
     } else if (Delete.TakeUp(point)) {
         EndWithDelete();
     }
-    ReleaseButtons();
-    Invalidate(Modify.Place());
-    Invalidate(Delete.Place());
+    Invalidate(); // whichever was pressed is up
 }
 
 // The drawn buttons cannot take the focus, so each has a key.
 bool CAppointmentViewDlg::TakeKey(int key) {
-    if (key == kKeyModify) {
+    switch (key) {
+    case kKeyModify:
         EndWithModify();
-        return true;
-    }
-    if (key == VK_DELETE) {
+        break;
+    case VK_DELETE:
         EndWithDelete();
-        return true;
+        break;
+    default:
+        return false;
     }
-    return false;
+    return true;
 }
 
 void CAppointmentViewDlg::ReleaseButtons() {

@@ -29,13 +29,12 @@ class CAppointmentViewDlg : public CDialog {
 
   private:
     // appointment_view_dlg.cpp
-    void PlaceButton(int id, const Rect& place);
     void TakeDates(IAppointment& item);
     void TakeRule();
     std::u16string DateText(const SYSTEMTIME& date, std::u16string_view picture) const;
     void TakeNote(IAppointment& item);
     void ShowNote();
-    bool TakeStylusDown(Point point);
+    void TakeStylusDown(Point point);
     void TakeStylusMove(Point point);
     void TakeStylusUp(Point point);
     bool TakeKey(int key);

@@ -16,7 +16,6 @@ constexpr int kSubjectWidth = 190;
 constexpr Rect kFirstLinePlace{5, 25, 215, 39};
 constexpr int kLineHeight = 14;
 constexpr std::uint32_t kLineFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
-constexpr int kTimeBuffer = 64; // UTF-16 units, with the end
 
 constexpr Color kBackground = Color::FromRgb(255, 255, 255);
 constexpr Color kTextColor = Color::FromRgb(0, 0, 0);
@@ -98,7 +97,7 @@ void CAppointmentViewDlg::PaintLine(const std::u16string& text) {
 }
 
 std::u16string CAppointmentViewDlg::TimeText(const SYSTEMTIME& time) const {
-    return Host().Locale().GetTimeFormatW(LocaleId::User, time, kPictureListTime, kTimeBuffer).value_or(u"");
+    return Host().Locale().GetTimeFormatW(LocaleId::User, time, kPictureListTime, kDateTimeBuffer).value_or(u"");
 }
 
 int CAppointmentViewDlg::WholeHours() const {

@@ -4,8 +4,6 @@
 #include "memo/memo_files.h"
 #include "res/resource_ids.h"
 
-#include <array>
-
 namespace tavo {
 
 namespace {
@@ -15,13 +13,10 @@ struct ZoomCommand {
     int Percent;
 };
 
-constexpr std::array<ZoomCommand, 5> kZooms{{
-    {kCommandZoom75, 75},
-    {kCommandZoom100, 100},
-    {kCommandZoom150, 150},
-    {kCommandZoom200, 200},
-    {kCommandZoom300, 300},
-}};
+constexpr ZoomCommand kZooms[] = {
+    {kCommandZoom75, 75},   {kCommandZoom100, 100}, {kCommandZoom150, 150},
+    {kCommandZoom200, 200}, {kCommandZoom300, 300},
+};
 
 constexpr int kReadingZoom = 100;
 constexpr int kWritingZoom = 150;

@@ -26,33 +26,11 @@ constexpr Rect Shrink(const Rect& area) {
     return {area.Left + 1, area.Top + 1, area.Right - 1, area.Bottom - 1};
 }
 
-// What was done, taken back in the same way.
-class WayBack final : public ILongWork {
-  public:
-    explicit WayBack(ILongWork& work) : Work(work) {}
-
-    bool DoNext() override { return Work.TakeBackNext(); }
-
-    bool TakeBackNext() override { return false; }
-
-    // There is no way but this one.
-    void Abandon() override { Work.Abandon(); }
-
-    int Total() const override { return Work.Total(); }
-
-    int Done() const override { return Work.Done(); }
-
-    std::u16string DescribeProgress() const override { return Work.DescribeProgress(); }
-
-  private:
-    ILongWork& Work;
-};
-
 // False when it was not done in time.
-bool DoQuickly(ILongWork& work, IClock& clock) {
+bool DoQuickly(ILongWork& work, WorkStep step, IClock& clock) {
     const std::uint32_t begin = clock.GetTickCount();
     for (int count = 0; count < kQuickItems && clock.GetTickCount() - begin < kQuickMilliseconds; ++count) {
-        if (!work.DoNext()) {
+        if (!(work.*step)()) {
             return true;
         }
     }
@@ -60,14 +38,17 @@ bool DoQuickly(ILongWork& work, IClock& clock) {
 }
 
 // False when it was cancelled.
-bool DoShown(CMessagePump& pump, CProgramState& state, ILongWork& work, std::u16string_view caption) {
-    return DoQuickly(work, pump.Host().Clock()) || CProgressDlg(pump, state, work, caption).DoModal() == IDOK;
+bool DoShown(CMessagePump& pump, CProgramState& state, ILongWork& work, WorkStep step, std::u16string_view caption) {
+    return DoQuickly(work, step, pump.Host().Clock()) ||
+           CProgressDlg(pump, state, work, step, caption).DoModal() == IDOK;
 }
 
 } // namespace
 
-CProgressDlg::CProgressDlg(CMessagePump& pump, CProgramState& state, ILongWork& work, std::u16string_view caption)
-    : CDialog(pump, kProgressTemplate, NavigationButtons::Close), State(state), Work(work), Caption(caption) {}
+CProgressDlg::CProgressDlg(CMessagePump& pump, CProgramState& state, ILongWork& work, WorkStep step,
+                           std::u16string_view caption)
+    : CDialog(pump, kProgressTemplate, NavigationButtons::Close), State(state), Work(work), Step(step),
+      Caption(caption) {}
 
 CProgressDlg::~CProgressDlg() {
     Host().Windows().KillTimer(State.MainView, kTimerWork);
@@ -83,7 +64,7 @@ void CProgressDlg::OnInitDialog() {
 void CProgressDlg::DoSlice() {
     const std::uint32_t begin = Host().Clock().GetTickCount();
     for (int count = 0; count < kSliceItems; ++count) {
-        if (!Work.DoNext()) {
+        if (!(Work.*Step)()) {
             EndDialog(IDOK);
             return;
         }
@@ -112,12 +93,9 @@ void CProgressDlg::Paint() {
 }
 
 void RunLongWork(CMessagePump& pump, CProgramState& state, ILongWork& work, std::u16string_view caption) {
-    if (DoShown(pump, state, work, caption)) {
-        return;
-    }
-    WayBack back(work);
-    if (!DoShown(pump, state, back, caption)) {
-        back.Abandon();
+    if (!DoShown(pump, state, work, &ILongWork::DoNext, caption) &&
+        !DoShown(pump, state, work, &ILongWork::TakeBackNext, caption)) {
+        work.Abandon(); // there is no way back but this one
     }
 }
 

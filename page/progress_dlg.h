@@ -10,10 +10,13 @@
 
 namespace tavo {
 
+// What is done one by one: the work itself, or its way back.
+using WorkStep = bool (ILongWork::*)();
+
 // DoModal gives IDOK when all is done, IDCANCEL when it was cancelled: the opener then takes it back.
 class CProgressDlg : public CDialog, private ISlicedWork {
   public:
-    CProgressDlg(CMessagePump& pump, CProgramState& state, ILongWork& work, std::u16string_view caption);
+    CProgressDlg(CMessagePump& pump, CProgramState& state, ILongWork& work, WorkStep step, std::u16string_view caption);
     ~CProgressDlg() override;
 
   protected:
@@ -29,6 +32,7 @@ class CProgressDlg : public CDialog, private ISlicedWork {
 
     CProgramState& State;
     ILongWork& Work;
+    WorkStep Step;
     std::u16string Caption;
 };
 

@@ -90,8 +90,8 @@ bool CAppointmentItemList::DeleteSelected() {
 
 ItemRowText CAppointmentItemList::Describe(const AppointmentData& record) {
     ILocale& locale = Host().Locale();
-    const bool beganBefore = DaysBetween(record.Start, PeriodStart, locale) > 0;
-    return DescribeAppointmentRow(record, DayAfter(beganBefore ? PeriodStart : record.Start, 0, locale), locale);
+    const int daysBefore = std::max(DaysBetween(record.Start, PeriodStart, locale), 0);
+    return DescribeAppointmentRow(record, DayAfter(record.Start, daysBefore, locale), locale);
 }
 
 // Entries that would do nothing are greyed.

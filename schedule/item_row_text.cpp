@@ -86,7 +86,7 @@ bool FitsOneDay(const AppointmentData& record, const SYSTEMTIME& day, int days, 
         return false;
     }
     const std::int64_t minutes = LengthInMinutes(record, locale);
-    return record.AllDay ? days <= 1 : minutes < kMinutesPerDay || minutes % kMinutesPerDay == 0;
+    return record.AllDay ? days <= 1 : minutes / kMinutesPerDay < 1 || minutes % kMinutesPerDay == 0;
 }
 
 // Opened by the month and day of its day, and the weekday.
@@ -98,11 +98,12 @@ std::u16string DescribeDay(const AppointmentData& record, ILocale& locale) {
         return FormatText(u"(%d/%d, %s) All day", day.Month, day.Day, weekday);
     }
     const std::int64_t minutes = LengthInMinutes(record, locale);
+    const std::int64_t days = minutes / kMinutesPerDay;
     const std::int64_t hours = minutes / kMinutesPerHour;
-    if (minutes > 0 && minutes % kMinutesPerDay == 0) {
-        return FormatText(u"(%d/%d, %s) at %s for %d days", day.Month, day.Day, weekday, start, hours / kHoursPerDay);
+    if (days > 0 && minutes % kMinutesPerDay == 0) {
+        return FormatText(u"(%d/%d, %s) at %s for %d days", day.Month, day.Day, weekday, start, days);
     }
-    if (hours > 0 && hours < kHoursPerDay && minutes % kMinutesPerHour == 0) {
+    if (hours > 0 && minutes % kMinutesPerHour == 0) {
         return FormatText(u"(%d/%d, %s) at %s for %d hour(s)", day.Month, day.Day, weekday, start, hours);
     }
     return FormatText(u"(%d/%d, %s) %s - %s", day.Month, day.Day, weekday, start, ListTime(record.End, locale));

@@ -74,10 +74,7 @@ void CSchedulePage::DeleteSelected() {
         return;
     }
     CItemList& list = CurrentList();
-    const AppointmentData* still = list.GetSelected();
-    if (still == nullptr || still->Oid != record.Oid) {
-        list.SelectItem(record); // the list was filled anew while the question was open
-    }
+    list.SelectItem(record); // the list may have been filled anew while the question was open
     const bool refused = list.GetSelected() != nullptr && !list.DeleteSelected();
     SetScrollBar();
     if (refused) {
@@ -91,11 +88,11 @@ void CSchedulePage::PauseSelected() {}
 
 void CSchedulePage::CopyToCategory(int command) {
     const AppointmentData* selected = Appointments.GetSelected();
-    CCategoryItemList* target = CategoryListOf(TargetOf(command));
-    if (selected == nullptr || target == nullptr || IsIn(target->Kind(), selected->Oid)) {
+    CCategoryItemList& target = *CategoryListOf(TargetOf(command));
+    if (selected == nullptr || IsIn(target.Kind(), selected->Oid)) {
         return;
     }
-    CopyAppointment(*selected, *target);
+    CopyAppointment(*selected, target);
     SetScrollBar();
     View.PostChangeNotice();
     TellMissingRow();
@@ -104,7 +101,7 @@ void CSchedulePage::CopyToCategory(int command) {
 // The tag is a step of its own: taking back the step before must not go past it.
 void CSchedulePage::CopyAppointment(const AppointmentData& record, CCategoryItemList& target) {
     ChangeGroup group(State.Store, NameCopy(target.Kind(), record));
-    RowMissing = !target.AddOrReplace(record, true, 0);
+    RowMissing = !target.AddOrReplace(record, true, record.Oid);
     static_cast<void>(group.End()); // the category list is the truth, also where the store could not note the step
 }
 

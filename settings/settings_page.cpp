@@ -73,26 +73,25 @@ DeletionClasses CSettingsPage::ReadClasses() const {
             IsChecked(kSettingsAppointments), IsChecked(kSettingsMemos)};
 }
 
+CSettingsPage::DeletionOutcome CSettingsPage::Delete(const DeletionClasses& classes) {
+    const BusyTime busy(State);
+    MassDeletion deletion(State, classes);
+    RunLongWork(Pump(), State, deletion, kDeleteCaption);
+    return {deletion.IsRefused(), deletion.Missing() > 0};
+}
+
 void CSettingsPage::DeleteChecked() {
     if (!ConfirmDeletion()) {
         return;
     }
-    bool refused = false;
-    bool isIncomplete = false;
-    {
-        const BusyTime busy(State);
-        MassDeletion deletion(State, ReadClasses());
-        RunLongWork(Pump(), State, deletion, kDeleteCaption);
-        refused = deletion.IsRefused();
-        isIncomplete = deletion.Missing() > 0;
-    }
+    const auto [isRefused, isIncomplete] = Delete(ReadClasses());
     static_cast<void>(State.Categories.ApplyTagRequests()); // the pages are told anyway
     View.PostChangeNotice();
     for (const int box : kBoxes) {
         Host().Controls().SetCheck(Item(box), false);
     }
     Recount();
-    if (refused) {
+    if (isRefused) {
         Refuse(kNotDeleted);
     }
     if (isIncomplete) {

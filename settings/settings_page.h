@@ -24,8 +24,14 @@ class CSettingsPage : public CMainPage {
     void Paint() override;
 
   private:
+    struct DeletionOutcome {
+        bool IsRefused = false;    // nothing is deleted
+        bool IsIncomplete = false; // a memo could not be brought back
+    };
+
     void Recount();
     void DeleteChecked();
+    DeletionOutcome Delete(const DeletionClasses& classes);
     DeletionClasses ReadClasses() const;
 
     bool IsChecked(int box) const { return Host().Controls().GetCheck(Item(box)); }

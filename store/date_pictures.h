@@ -9,6 +9,8 @@ namespace tavo {
 constexpr std::u16string_view kPictureShortDate = u"";
 constexpr int kShortDateBuffer = 40; // UTF-16 units that a short date in a restriction may take, with its end
 
+constexpr int kDateTimeBuffer = 64; // UTF-16 units; a date or time in any picture below takes fewer, with its end
+
 // Item lists, day list and appointment view.
 constexpr std::u16string_view kPictureListDate = u"yyyy.MM.dd(ddd)";
 constexpr std::u16string_view kPictureListTime = u"tt h':'mm";

@@ -10,12 +10,9 @@ namespace tavo {
 namespace {
 
 constexpr std::u16string_view kDots = u"...";
+constexpr std::u16string_view kLineBreaks = u"\r\n";
 constexpr std::size_t kFirstPiece = 256; // UTF-16 units: wider than the screen in all but the thinnest letters
 constexpr std::size_t kUnsettled = 64;   // at the end of a piece, where what follows may change the widths
-
-bool IsLineBreak(char16_t character) {
-    return character == u'\r' || character == u'\n';
-}
 
 // The widths of the text, or of a beginning that is already wider than `width`.
 std::vector<int> MeasureBeginning(IDrawing& drawing, FontHandle font, std::u16string_view text, int width) {
@@ -48,16 +45,15 @@ std::u16string FitText(IDrawing& drawing, FontHandle font, std::u16string_view t
     if (widths.empty() || widths.back() <= maximumWidth) {
         return std::u16string(text);
     }
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        // What is no wider than nothing is the beginning of a character.
-        if (index > 0 && widths[index - 1] >= maximumWidth && widths[index - 1] > 0) {
-            return std::u16string(text.substr(0, index)) += kDots;
-        }
-        if (IsLineBreak(text[index])) {
-            return std::u16string(text.substr(0, index));
-        }
+    // What is no wider than nothing is the beginning of a character.
+    const auto reaches = [&](int reached) { return reached > 0 && reached >= maximumWidth; };
+    const auto last = std::find_if(widths.begin(), widths.end(), reaches);
+    const std::size_t shown = static_cast<std::size_t>(last - widths.begin()) + 1;
+    const std::size_t line = std::min(text.find_first_of(kLineBreaks), text.size());
+    if (shown <= line && shown < text.size()) {
+        return std::u16string(text.substr(0, shown)) += kDots;
     }
-    return std::u16string(text);
+    return std::u16string(text.substr(0, line));
 }
 
 } // namespace tavo

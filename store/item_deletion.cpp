@@ -5,7 +5,6 @@
 #include "store/change_group.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <string_view>
 #include <utility>
@@ -15,10 +14,10 @@ namespace tavo {
 
 namespace {
 
-constexpr std::size_t kLongestName = 30; // characters of the subject, as a menu can show them
-constexpr std::array<std::u16string_view, 4> kKindWords{u"alarm", u"holiday", u"anniversary", u"appointment"};
-constexpr std::array<std::u16string_view, 4> kKindWordsOfMany{u"alarms", u"holidays", u"anniversaries",
-                                                              u"appointments"};
+constexpr std::size_t kLongestName = 30;   // characters of the subject, as a menu can show them
+constexpr char16_t kLastControl = u'\x1F'; // line breaks, tabs and the like
+constexpr std::u16string_view kKindWords[]{u"alarm", u"holiday", u"anniversary", u"appointment"};
+constexpr std::u16string_view kKindWordsOfMany[]{u"alarms", u"holidays", u"anniversaries", u"appointments"};
 
 // Of the two units that make one character beyond the first 65,536.
 bool IsFirstOfPair(char16_t unit) {
@@ -26,13 +25,14 @@ bool IsFirstOfPair(char16_t unit) {
 }
 
 std::u16string ShortenSubject(std::u16string_view subject) {
+    const bool isLong = subject.size() > kLongestName;
     std::u16string text(subject.substr(0, kLongestName));
-    if (subject.size() > kLongestName && IsFirstOfPair(text.back())) {
+    if (isLong && IsFirstOfPair(text.back())) {
         text.pop_back();
     }
     std::replace_if(
-        text.begin(), text.end(), [](char16_t character) { return character < u' '; }, u' ');
-    return subject.size() > kLongestName ? text += u"..." : text;
+        text.begin(), text.end(), [](char16_t character) { return character <= kLastControl; }, u' ');
+    return isLong ? text += u"..." : text;
 }
 
 } // namespace
