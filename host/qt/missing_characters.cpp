@@ -6,6 +6,7 @@
 #include <QChar>
 
 #include <cstddef>
+#include <map>
 
 namespace tavo::qt {
 namespace {
@@ -20,6 +21,15 @@ bool HasOwnBox(char32_t character) {
 }
 
 } // namespace
+
+MissingCharacters::MissingCharacters(const QFont& font) : Metrics(font), Known(AnswersOf(font.family())) {}
+
+// To ask means to open every font file of the machine in the size that is asked for, and all of them have the same
+// answer.
+MissingCharacters::Answers& MissingCharacters::AnswersOf(const QString& family) {
+    static std::map<QString, Answers> byFamily;
+    return byFamily[family];
+}
 
 void MissingCharacters::Replace(QString& text) {
     for (qsizetype at = 0; at < text.size(); ++at) {

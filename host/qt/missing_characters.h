@@ -13,16 +13,19 @@ namespace tavo::qt {
 // measured. So a sign that every font has stands in for each such character.
 class MissingCharacters {
   public:
-    explicit MissingCharacters(const QFont& font) : Metrics(font) {}
+    explicit MissingCharacters(const QFont& font);
 
     // As many UTF-16 units as before.
     void Replace(QString& text);
 
   private:
+    using Answers = std::unordered_map<char32_t, bool>;
+
+    static Answers& AnswersOf(const QString& family);
     bool IsMissing(char32_t character);
 
     QFontMetricsF Metrics;
-    std::unordered_map<char32_t, bool> Known;
+    Answers& Known; // by all fonts of the family, in any size
 };
 
 } // namespace tavo::qt
