@@ -64,8 +64,12 @@ QSvgRenderer* Pictures::Load(int bitmap) {
     return Loaded.emplace(bitmap, LoadPicture(bitmap)).first->second.get();
 }
 
-bool Pictures::Has(int bitmap) const {
-    return QFile::exists(PathOf(bitmap));
+bool Pictures::Has(int bitmap) {
+    const auto [known, isNew] = Present.try_emplace(bitmap, false);
+    if (isNew) {
+        known->second = QFile::exists(PathOf(bitmap));
+    }
+    return known->second;
 }
 
 void Pictures::Begin(int bitmap, const Rect& source, QSize size) {

@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <tuple>
+#include <unordered_map>
 
 namespace tavo::qt {
 
@@ -26,7 +27,7 @@ class Pictures {
     // Whether Render may have to wait for that thread.
     bool HasBegun() const { return !Begun.empty(); }
 
-    bool Has(int bitmap) const;
+    bool Has(int bitmap);
 
     // Drops what was rendered; asked for when the scale changes.
     void DropRendered() { Rendered.clear(); }
@@ -37,6 +38,7 @@ class Pictures {
     static Key KeyOf(int bitmap, const Rect& source, QSize size);
     QSvgRenderer* Load(int bitmap);
 
+    std::unordered_map<int, bool> Present; // asked for with each picture that is drawn
     std::map<int, std::unique_ptr<QSvgRenderer>> Loaded;
     std::map<Key, QImage> Rendered;
     std::map<Key, std::shared_future<QImage>> Begun;
