@@ -27,6 +27,11 @@ Appointment::Appointment(Session& session, StoredItem item)
     Line.Kind = Draft->Item.IsRecurring() ? EntryKind::Series : EntryKind::Plain;
 }
 
+void Appointment::Become(const Entry& entry) {
+    Line = entry;
+    Draft.reset();
+}
+
 Status Appointment::Load(ItemDraft*& draft) {
     if (Draft == nullptr) {
         StoredItem item;

@@ -20,6 +20,9 @@ class Appointment final : public RefCounted<IAppointment> {
     // Just read.
     Appointment(Session& session, StoredItem item);
 
+    // For an object of a listing that nobody else holds: from now on the appointment of another line of it.
+    void Become(const Entry& entry);
+
     Status get_Oid(Oid& oid) override;
     Status get_Subject(std::u16string& text) override;
     Status put_Subject(std::u16string_view text) override;

@@ -92,7 +92,13 @@ Status ItemCollection::Item(std::int32_t index, ComPtr<IAppointment>& item) {
             return Status::InvalidArgument;
         }
     }
-    item = ComPtr<IAppointment>::Adopt(new Appointment(*Owner, Entries[Head + wanted]));
+    const Entry& entry = Entries[Head + wanted];
+    if (LastGiven && item.Get() == LastGiven.Get() && LastGiven->Holders() == 2) {
+        LastGiven->Become(entry); // a walk through a month gives thousands of them back
+        return Status::Ok;
+    }
+    LastGiven = Make<Appointment>(*Owner, entry);
+    item = As<IAppointment>(LastGiven);
     return Status::Ok;
 }
 

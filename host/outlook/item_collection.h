@@ -12,6 +12,8 @@
 
 namespace tavo::outlook {
 
+class Appointment;
+
 class ItemCollection final : public RefCounted<IPOutlookItemCollection>, private IDeletionListener {
   public:
     ItemCollection(Session& session, Restriction restriction);
@@ -42,6 +44,7 @@ class ItemCollection final : public RefCounted<IPOutlookItemCollection>, private
     std::optional<EntryReader> Reader;
     std::vector<Entry> Entries; // from Head on; what is before was deleted
     std::size_t Head = 0;
+    ComPtr<Appointment> LastGiven;
 };
 
 } // namespace tavo::outlook

@@ -17,6 +17,8 @@ template <class Interface> class RefCounted : public Interface {
         }
     }
 
+    std::uint32_t Holders() const { return References; }
+
   protected:
     ~RefCounted() override = default;
 

@@ -39,6 +39,39 @@ TEST_F(ItemCollection, CountsWithoutAndAfterWalking) {
     EXPECT_EQ(count, 2);
 }
 
+TEST_F(ItemCollection, AWalkThroughOnePointerShowsEachItemAsItIs) {
+    Add("2026-05-03 10:00", "2026-05-03 11:00", u"early");
+    Add("2026-05-04 10:00", "2026-05-04 11:00", u"late");
+    const auto items = Items();
+    ComPtr<IAppointment> item;
+    std::u16string subject;
+    ASSERT_EQ(items->Item(1, item), Status::Ok);
+    ASSERT_EQ(item->get_Subject(subject), Status::Ok);
+    EXPECT_EQ(subject, u"early");
+    ASSERT_EQ(item->put_Subject(u"never saved"), Status::Ok);
+    ASSERT_EQ(items->Item(2, item), Status::Ok);
+    ASSERT_EQ(item->get_Subject(subject), Status::Ok);
+    EXPECT_EQ(subject, u"late");
+    ASSERT_EQ(items->Item(1, item), Status::Ok);
+    ASSERT_EQ(item->get_Subject(subject), Status::Ok);
+    EXPECT_EQ(subject, u"early");
+}
+
+TEST_F(ItemCollection, AnItemThatSomeoneHoldsStaysTheSameWhileTheWalkGoesOn) {
+    const Oid early = Add("2026-05-03 10:00", "2026-05-03 11:00");
+    const Oid late = Add("2026-05-04 10:00", "2026-05-04 11:00");
+    const auto items = Items();
+    ComPtr<IAppointment> item;
+    ASSERT_EQ(items->Item(1, item), Status::Ok);
+    const ComPtr<IAppointment> held = item;
+    ASSERT_EQ(items->Item(2, item), Status::Ok);
+    Oid oid = 0;
+    ASSERT_EQ(held->get_Oid(oid), Status::Ok);
+    EXPECT_EQ(oid, early);
+    ASSERT_EQ(item->get_Oid(oid), Status::Ok);
+    EXPECT_EQ(oid, late);
+}
+
 TEST_F(ItemCollection, NoMatchIsSuccessAndANullCollection) {
     Add("2026-05-04 10:00", "2026-05-04 11:00");
     ComPtr<IPOutlookItemCollection> items = Items();
