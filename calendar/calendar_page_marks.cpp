@@ -78,14 +78,14 @@ void CCalendarPage::MarkDay(std::size_t cell, Oid oid) {
     }
     const Rect& rect = CellRect[cell];
     const int left = rect.Left + kCellIndent;
-    // Once: the same number again would grow bolder at its edges.
-    if (!RedNumbers.test(cell) && State.Categories.IsHoliday(oid)) {
+    const ItemKind kind = State.Categories.KindOf(oid);
+    // Once: the same number again would grow bolder at its edges. An alarm may be a holiday too.
+    if (!RedNumbers.test(cell) && kind != ItemKind::Appointment && State.Categories.IsHoliday(oid)) {
         RedNumbers.set(cell);
         const FontHandle font = date.Month == DisplayedMonth ? State.Fonts.FontArial10Bold : State.Fonts.FontArial9Bold;
         Surface().DrawTextW(FormatText(u"%d", DayGrid[cell]), {left, rect.Top, rect.Right, rect.Bottom},
                             {font, kHolidayNumber, DT_SINGLELINE});
     }
-    const ItemKind kind = State.Categories.KindOf(oid);
     if ((CellKinds[cell] & KindBit(kind)) != 0) {
         return; // the same mark again would change nothing
     }
