@@ -49,7 +49,8 @@ IndexStatements MakeIndexStatements() {
             leads + "SELECT min((SELECT start FROM item WHERE " + isPlain +
                 " AND reminder_minutes = minutes AND start >= ?1 + max(minutes, 0) * 60 ORDER BY start LIMIT 1)"
                 " - max(minutes, 0) * 60) FROM lead",
-            "SELECT oid, reminder_minutes FROM item WHERE " + reminds + " AND " + recurs + " <> 0"};
+            "SELECT oid, reminder_minutes FROM item WHERE " + reminds + " AND " + recurs + " = " +
+                std::to_string(kFlagRecurring)}; // equal: only then the index leads to them
 }
 
 // Made once: a statement is known by the place of its text.
