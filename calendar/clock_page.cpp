@@ -13,7 +13,6 @@ namespace {
 
 constexpr int kPromptPeriod = 100;  // milliseconds
 constexpr int kRegularPeriod = 471; // milliseconds: the second hand never seems to stumble
-constexpr int kTimeBuffer = 20;     // UTF-16 units
 
 constexpr Rect kHeaderText{20, 10, 190, 30};
 constexpr Rect kHeaderPress{21, 6, 190, 35};
@@ -91,10 +90,10 @@ void CClockPage::PaintDigital(const SYSTEMTIME& now) {
                          Rect::FromSize(kModeButton.Width(), 0, kModeButton.Width(), kModeButton.Height()));
     Surface().DrawBitmap(kBitmapDigitalBackground, kDigitalPlace, Rect::Whole(kDigitalSize));
     const std::u16string time =
-        locale.GetTimeFormatW(LocaleId::User, now, kPictureClockTime, kTimeBuffer).value_or(u"");
+        locale.GetTimeFormatW(LocaleId::User, now, kPictureClockTime, kDateTimeBuffer).value_or(u"");
     Surface().DrawTextW(time, kTimeText, {State.Fonts.FontComicHuge, kDigitColor, kDigitFormat});
     const std::u16string seconds =
-        locale.GetTimeFormatW(LocaleId::User, now, kPictureClockSeconds, kTimeBuffer).value_or(u"");
+        locale.GetTimeFormatW(LocaleId::User, now, kPictureClockSeconds, kDateTimeBuffer).value_or(u"");
     Surface().DrawTextW(seconds, kSecondsText, {State.Fonts.FontComic20, kDigitColor, kDigitFormat});
 }
 
@@ -116,7 +115,7 @@ void CClockPage::PaintHourOrMinuteHand(const HandPoints& hand) {
 
 void CClockPage::DeclareFace(const SYSTEMTIME& now) {
     const std::u16string time =
-        Host().Locale().GetTimeFormatW(LocaleId::User, now, kPictureListTime, kTimeBuffer).value_or(u"");
+        Host().Locale().GetTimeFormatW(LocaleId::User, now, kPictureListTime, kDateTimeBuffer).value_or(u"");
     const Rect dial = Rect::FromSize(kDialPlace.X, kDialPlace.Y, kDialSize.Width, kDialSize.Height);
     const Rect digits = Rect::FromSize(kDigitalPlace.X, kDigitalPlace.Y, kDigitalSize.Width, kDigitalSize.Height);
     Declare({IsAnalog ? dial : digits, PaintedRole::Picture, time});

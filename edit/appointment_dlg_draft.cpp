@@ -102,7 +102,6 @@ void CAppointmentDlg::ShowDraft(const AppointmentDraft& draft) {
     if (isToShow(&FormValues::Recurrence) || isToShow(&FormValues::Rule)) {
         ShowDraftRule(now);
     }
-    Invalidate();
 }
 
 void CAppointmentDlg::ShowDraftRule(const FormValues& form) {

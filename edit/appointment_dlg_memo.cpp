@@ -18,7 +18,6 @@ namespace {
 constexpr std::u16string_view kMemoTooLarge = u"Cannot save. Memo exceeded memory limitation.";
 constexpr std::u16string_view kMemoOfDayQuestion = u"Keep it as a memo of %s instead?";
 constexpr std::u16string_view kNotKept = u"The memo could not be saved.";
-constexpr int kDateBuffer = 40; // UTF-16 units, with the end
 
 } // namespace
 
@@ -64,9 +63,9 @@ InkHome CAppointmentDlg::HomeOfNote() const {
 bool CAppointmentDlg::OfferMemoOfDay() {
     const SYSTEMTIME day = PickedStart();
     MessageBoxDescription box;
-    box.Text =
-        FormatText(kMemoOfDayQuestion,
-                   Host().Locale().GetDateFormatW(LocaleId::User, day, kPictureListDate, kDateBuffer).value_or(u""));
+    box.Text = FormatText(
+        kMemoOfDayQuestion,
+        Host().Locale().GetDateFormatW(LocaleId::User, day, kPictureListDate, kDateTimeBuffer).value_or(u""));
     box.Caption = kProgramTitle;
     box.Buttons = MessageBoxButtons::YesNo;
     while (true) {

@@ -123,13 +123,11 @@ void CAppointmentDlg::PlaySelected() {
     }
     Preview.Play(ItemText(kEditSound));
     SetItemText(kEditPreview, Preview.IsPlaying() ? kStopCaption : kPlayCaption);
-    Invalidate();
 }
 
 void CAppointmentDlg::StopPreview() {
     Preview.Stop();
     SetItemText(kEditPreview, kPlayCaption);
-    Invalidate();
 }
 
 void CAppointmentDlg::ShowRefusal(std::u16string_view text) {

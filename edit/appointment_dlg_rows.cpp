@@ -30,13 +30,13 @@ void CAppointmentDlg::TakeStylusDown(Point point) {
         return;
     }
     const int row = Layout().RowAt(point.Y);
-    if (point.X < kValueLeft || row < 0) {
+    if (row < 0) {
         return;
     }
     const FormRow& fields = Layout().Rows[static_cast<std::size_t>(row)];
     const FormField* field = AppointmentForm::FieldAt(fields, point.X);
     if (field == nullptr) {
-        return;
+        return; // the label column
     }
     if (field->Control == kEditMemo) {
         LastField = kEditMemo;

@@ -6,7 +6,6 @@
 #include "store/program_state.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <span>
 #include <string>
@@ -17,7 +16,7 @@ namespace tavo {
 
 namespace {
 
-constexpr std::array<TagList, 3> kLists{TagList::Alarm, TagList::Holiday, TagList::Anniversary};
+constexpr TagList kLists[]{TagList::Alarm, TagList::Holiday, TagList::Anniversary};
 
 // Of the session that runs, exactly as its lists are.
 std::u16string PathOfSession(const CProgramState& state) {
@@ -27,7 +26,7 @@ std::u16string PathOfSession(const CProgramState& state) {
 // The first is the place for them, the others are for where nothing can be written there. None is the folder of the
 // data file: that holds every memo, and looking there for what is mostly absent means reading all their names at each
 // start. The last is what a killed session left.
-std::array<std::u16string, 4> PathsOf(const CProgramState& state) {
+std::vector<std::u16string> PathsOf(const CProgramState& state) {
     const std::u16string name = FormatText(u"%s.unsaved", state.DataFileName);
     return {FormatText(u"%s\\%s", kRecoveryFolder, name), FormatText(u"%s\\%s", kDocumentsFolder, name),
             FormatText(u"\\%s", name), PathOfSession(state)};
