@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <vector>
 
 namespace tavo::qt {
 namespace {
@@ -54,10 +55,20 @@ MenuView::~MenuView() {
 }
 
 QMenu* MenuView::Build(std::span<const MenuItem> items, QWidget* parent) {
+    QMenu* menu = MakeEmpty(parent);
+    Fill(*menu, items);
+    return menu;
+}
+
+QMenu* MenuView::MakeEmpty(QWidget* parent) {
     auto* menu = new QMenu(parent);
     UseMenuFont(*menu, Shared.Geometry);
     menu->installEventFilter(this);
-    const QFont font = LogicalMenuFont(*menu);
+    return menu;
+}
+
+void MenuView::Fill(QMenu& menu, std::span<const MenuItem> items) {
+    const QFont font = LogicalMenuFont(menu);
     const QFontMetricsF metrics(font);
     MissingCharacters missing(font);
     // Shortcuts are shown whole; a long text gives way to them.
@@ -65,20 +76,18 @@ QMenu* MenuView::Build(std::span<const MenuItem> items, QWidget* parent) {
     const std::size_t shown = items.size() > kMostEntries ? kMostEntries - 1 : items.size();
     for (const MenuItem& item : items.first(shown)) {
         if (item.IsSeparator) {
-            menu->addSeparator();
+            menu.addSeparator();
             continue;
         }
         const QString text =
             EntryText(item.Text, metrics, missing, item.Shortcut.empty() ? widest : widest - kMenuShortcutGap);
         QAction* action = nullptr;
         if (item.IsPopup || !item.Children.empty()) {
-            QMenu* submenu = Build(item.Children, menu);
-            submenu->setTitle(text);
-            action = menu->addMenu(submenu);
+            action = AddSubmenu(menu, text, item.Children);
         } else {
             // The shell acts on shortcuts; here they are only shown.
             const QString shortcut = QString::fromStdU16String(item.Shortcut);
-            action = menu->addAction(shortcut.isEmpty() ? text : text + QLatin1Char('\t') + shortcut);
+            action = menu.addAction(shortcut.isEmpty() ? text : text + QLatin1Char('\t') + shortcut);
             action->setData(item.Id);
             action->setCheckable(item.Checked);
             action->setChecked(item.Checked);
@@ -86,11 +95,22 @@ QMenu* MenuView::Build(std::span<const MenuItem> items, QWidget* parent) {
         action->setEnabled(item.Enabled);
     }
     if (shown < items.size()) {
-        QMenu* rest = Build(items.subspan(shown), menu);
-        rest->setTitle(QString::fromUtf16(kMoreText));
-        menu->addMenu(rest);
+        AddSubmenu(menu, QString::fromUtf16(kMoreText), items.subspan(shown));
     }
-    return menu;
+}
+
+// Its entries are made when it is about to open: a full day has hundreds, and most menus are closed again unseen. Its
+// action is active before that, and not its own showing: the toolkit places it by its entries.
+QAction* MenuView::AddSubmenu(QMenu& menu, const QString& title, std::span<const MenuItem> items) {
+    QMenu* submenu = MakeEmpty(&menu);
+    submenu->setTitle(title);
+    QAction* action = menu.addMenu(submenu);
+    connect(action, &QAction::hovered, submenu, [this, submenu, items = std::vector(items.begin(), items.end())] {
+        if (submenu->isEmpty()) {
+            Fill(*submenu, items);
+        }
+    });
+    return action;
 }
 
 QMenu* MenuView::Current() const {

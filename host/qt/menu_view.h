@@ -8,7 +8,9 @@
 
 #include <span>
 
+class QAction;
 class QMenu;
+class QString;
 
 namespace tavo::qt {
 
@@ -30,8 +32,11 @@ class MenuView final : public QObject {
     bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
-    // What does not fit the screen goes to a menu of its own behind a last entry.
     QMenu* Build(std::span<const MenuItem> items, QWidget* parent);
+    QMenu* MakeEmpty(QWidget* parent);
+    // What does not fit the screen goes to a menu of its own behind a last entry.
+    void Fill(QMenu& menu, std::span<const MenuItem> items);
+    QAction* AddSubmenu(QMenu& menu, const QString& title, std::span<const MenuItem> items);
     void Open(QMenu* menu, QPoint corner);
     void Finish();
     void OpenNeighbour(int step);

@@ -183,6 +183,17 @@ TEST_F(MainView, AChangeWithoutANoticeIsNotShownWhenThePageOpensAgain) {
     EXPECT_EQ(Program.CellName(0, 4), u"2004-11-04");
 }
 
+TEST_F(MainView, TheCalendarOpensWithTheTodayOfThatMoment) {
+    const Color today = Color::FromRgb(204, 204, 204);
+    Program.ShowPage(PageNumber::Calendar);
+    Program.TapAside(10, 200); // today's cell is the selected one no more
+    Program.ShowPage(PageNumber::Clock);
+    Program.Device.SetClock(At(2004, 11, 5, 9)); // sooner than any timer notices
+    Program.ShowPage(PageNumber::Calendar);
+    EXPECT_EQ(Program.Device.See.PixelAt(176, 64), today);
+    EXPECT_NE(Program.Device.See.PixelAt(110, 64), today);
+}
+
 TEST_F(MainView, ANoticeWhileAnotherPageIsOnShowReachesTheCalendarWhenItOpens) {
     Program.ShowPage(PageNumber::Calendar);
     Program.ShowPage(PageNumber::Clock);

@@ -22,9 +22,15 @@ namespace {
 
 constexpr int kScriptEnded = -32000;
 
+// With its entries, which a submenu has from the moment that its action is pointed at.
+QMenu* SubmenuOf(QAction& action) {
+    action.hover();
+    return action.menu();
+}
+
 std::vector<MenuItem> ReadMenu(const QMenu* menu) {
     std::vector<MenuItem> items;
-    for (const QAction* action : menu->actions()) {
+    for (QAction* action : menu->actions()) {
         MenuItem item;
         item.IsSeparator = action->isSeparator();
         if (!item.IsSeparator) {
@@ -34,7 +40,7 @@ std::vector<MenuItem> ReadMenu(const QMenu* menu) {
             item.Enabled = action->isEnabled();
             item.Checked = action->isChecked();
             item.IsPopup = action->menu() != nullptr;
-            item.Children = item.IsPopup ? ReadMenu(action->menu()) : std::vector<MenuItem>();
+            item.Children = item.IsPopup ? ReadMenu(SubmenuOf(*action)) : std::vector<MenuItem>();
         }
         items.push_back(std::move(item));
     }
@@ -43,7 +49,7 @@ std::vector<MenuItem> ReadMenu(const QMenu* menu) {
 
 QAction* FindAction(const QMenu* menu, int command) {
     for (QAction* action : menu->actions()) {
-        QAction* below = action->menu() == nullptr ? nullptr : FindAction(action->menu(), command);
+        QAction* below = action->menu() == nullptr ? nullptr : FindAction(SubmenuOf(*action), command);
         if (below != nullptr || action->data().toInt() == command) {
             return below != nullptr ? below : action;
         }
