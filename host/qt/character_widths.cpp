@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 
 namespace tavo::qt {
 namespace {
@@ -75,10 +76,13 @@ void ReplaceAlike(const QFont& font, IdeographKind kind, std::vector<std::u16str
     if (places.size() < kManyIdeographs) {
         return;
     }
-    const std::vector<bool> alike = FindAsWideAsFirst(font, ideographs);
+    const std::vector<bool> alike = FindAlike(font, ideographs);
+    std::optional<std::u16string_view> first;
     for (std::size_t i = 0; i < std::min(alike.size(), places.size()); ++i) {
         if (alike[i]) {
-            parts[places[i]] = parts[places.front()];
+            std::u16string_view& part = parts[places[i]];
+            first = first.value_or(part);
+            part = *first;
         }
     }
 }

@@ -47,8 +47,8 @@ class StatedWidths {
     qsizetype Count = 0;
 };
 
-// The first few characters as the toolkit draws them. Nothing when they come from several files.
-std::optional<QGlyphRun> LayOutSample(const QFont& font, const QString& ideographs) {
+// The first few characters as the toolkit draws them: one run for each file that they come from.
+QList<QGlyphRun> LayOutSample(const QFont& font, const QString& ideographs) {
     qsizetype end = std::min(kSampled, ideographs.size());
     if (ideographs[end - 1].isHighSurrogate()) {
         --end;
@@ -61,8 +61,7 @@ std::optional<QGlyphRun> LayOutSample(const QFont& font, const QString& ideograp
     layout.beginLayout();
     static_cast<void>(layout.createLine());
     layout.endLayout();
-    const QList<QGlyphRun> runs = layout.glyphRuns();
-    return runs.size() == 1 ? std::optional(runs.front()) : std::nullopt;
+    return layout.glyphRuns();
 }
 
 bool StandEvenly(const QList<QPointF>& places) {
@@ -91,6 +90,14 @@ std::vector<bool> FindMissing(const QFont& font, const QString& ideographs) {
     return missing;
 }
 
+// What this file has too is not known to come from another.
+void LeaveOut(const QRawFont& file, const QString& ideographs, std::vector<bool>& alike) {
+    const QList<quint32> glyphs = file.glyphIndexesForString(ideographs);
+    for (std::size_t i = 0; i < alike.size(); ++i) {
+        alike[i] = alike[i] && glyphs[static_cast<qsizetype>(i)] == 0;
+    }
+}
+
 } // namespace
 
 IdeographKind KindOfIdeograph(char32_t character) {
@@ -103,29 +110,38 @@ IdeographKind KindOfIdeograph(char32_t character) {
     return character >= 0x20000 && character <= 0x3FFFD ? IdeographKind::RareHan : IdeographKind::None;
 }
 
-std::vector<bool> FindAsWideAsFirst(const QFont& font, const QString& ideographs) {
-    const std::optional<QGlyphRun> sample = LayOutSample(font, ideographs);
-    if (!sample || sample->glyphIndexes().isEmpty()) {
+std::vector<bool> FindAlike(const QFont& font, const QString& ideographs) {
+    const QList<QGlyphRun> runs = LayOutSample(font, ideographs);
+    const auto most = std::max_element(runs.begin(), runs.end(), [](const QGlyphRun& one, const QGlyphRun& other) {
+        return one.glyphIndexes().size() < other.glyphIndexes().size();
+    });
+    if (most == runs.end() || most->glyphIndexes().isEmpty() || !StandEvenly(most->positions())) {
         return {};
     }
-    const QList<quint32> sampled = sample->glyphIndexes();
-    if (!StandEvenly(sample->positions())) {
-        return {};
-    }
+    const QList<quint32> sampled = most->glyphIndexes();
     if (std::all_of(sampled.begin(), sampled.end(), [](quint32 glyph) { return glyph == 0; })) {
         return FindMissing(font, ideographs);
     }
-    const QRawFont file = sample->rawFont();
+    const QRawFont file = most->rawFont();
     const StatedWidths widths(file);
     const QList<quint32> glyphs = file.glyphIndexesForString(ideographs);
-    if (!HaveOneWidth(sampled, widths) || glyphs.first(sampled.size()) != sampled) {
+    const QList<quint32> plain = glyphs.first(std::min(kSampled, glyphs.size()));
+    const bool areDrawnPlain =
+        std::all_of(sampled.begin(), sampled.end(), [&](quint32 glyph) { return plain.contains(glyph); });
+    if (!areDrawnPlain || !HaveOneWidth(sampled, widths)) {
         return {};
     }
-    const std::optional<std::uint16_t> first = widths.Find(glyphs.front());
+    const std::optional<std::uint16_t> width = widths.Find(sampled.front());
     std::vector<bool> alike;
     alike.reserve(static_cast<std::size_t>(glyphs.size()));
     for (const quint32 glyph : glyphs) {
-        alike.push_back(widths.Find(glyph) == first);
+        alike.push_back(widths.Find(glyph) == width);
+    }
+    // Another file may come before this one.
+    for (auto run = runs.begin(); run != runs.end(); ++run) {
+        if (run != most) {
+            LeaveOut(run->rawFont(), ideographs, alike);
+        }
     }
     return alike;
 }

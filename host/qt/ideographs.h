@@ -14,9 +14,9 @@ enum class IdeographKind { None, Hangul, Han, RareHan };
 
 IdeographKind KindOfIdeograph(char32_t character);
 
-// Which of these ideographs, all of one kind, are as wide as the first, in the order of the text: those that the same
-// font file has, and for which it states the same width; where no font has the first few, those that none has. The
-// others are to be laid out, as are all where the result is empty: the toolkit chose several files for the first few.
-std::vector<bool> FindAsWideAsFirst(const QFont& font, const QString& ideographs);
+// Which of these ideographs, all of one kind, are as wide as each other, in the order of the text: those that one font
+// file has, and for which it states the same width; or those that no font has. The others are to be laid out, as are
+// all where the result is empty. The first few decide which file, or none, it is: what most of them come from.
+std::vector<bool> FindAlike(const QFont& font, const QString& ideographs);
 
 } // namespace tavo::qt
