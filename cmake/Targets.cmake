@@ -43,13 +43,13 @@ function(tavo_precompile_for_tests name)
   endif()
 endfunction()
 
-# tavo_test(NAME [SOURCES ...] [LINKS ...]): a GoogleTest program; each of its tests is one ctest test.
+# tavo_test(NAME [ENVIRONMENT NAME=VALUE] [SOURCES ...] [LINKS ...]): a GoogleTest program; each of its tests is one ctest test.
 function(tavo_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "" "ENVIRONMENT" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE tavo_options ${ARG_LINKS} GTest::gtest GTest::gmock GTest::gtest_main)
   # What is tested is optimised as it is used; the tests themselves are run once for each time they are compiled.
   target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O1>)
   tavo_precompile_for_tests(${name} ${ARG_SOURCES})
-  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 600)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 600 ENVIRONMENT "${ARG_ENVIRONMENT}")
 endfunction()
