@@ -93,4 +93,37 @@ std::u16string DecodeText(std::string_view text) {
     return decoded;
 }
 
+std::string RemoveEscapes(std::string_view text) {
+    std::string plain;
+    plain.reserve(text.size());
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char next = text[at] == '\\' && at + 1 < text.size() ? text[at + 1] : '\0';
+        if (next == 'n' || next == 'N') {
+            plain += '\n';
+            ++at;
+        } else if (next == '\\' || next == ';' || next == ',' || next == '"') {
+            plain += next;
+            ++at;
+        } else {
+            plain += text[at];
+        }
+    }
+    return plain;
+}
+
+std::vector<std::string_view> SplitTexts(std::string_view list) {
+    std::vector<std::string_view> texts;
+    std::size_t begin = 0;
+    for (std::size_t at = 0; at < list.size(); ++at) {
+        if (list[at] == '\\') {
+            ++at;
+        } else if (list[at] == ',') {
+            texts.push_back(list.substr(begin, at - begin));
+            begin = at + 1;
+        }
+    }
+    texts.push_back(list.substr(begin));
+    return texts;
+}
+
 } // namespace tavo::exchange

@@ -16,36 +16,26 @@ using rules::StoredException;
 using rules::StoredItem;
 
 constexpr std::string_view kUidName = "UID";
-constexpr const char* kBusyProperty = "X-MICROSOFT-CDO-BUSYSTATUS";
 
-std::string_view Trim(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t");
-    return first == std::string_view::npos ? "" : text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
-std::u16string ReadText(const char* text) {
-    return text == nullptr ? std::u16string() : DecodeText(text);
-}
-
-void ReadCategories(icalcomponent* event, StoredItem& item) {
-    for (icalproperty* property = icalcomponent_get_first_property(event, ICAL_CATEGORIES_PROPERTY);
-         property != nullptr; property = icalcomponent_get_next_property(event, ICAL_CATEGORIES_PROPERTY)) {
-        item.Categories += item.Categories.empty() ? u"" : u", ";
-        item.Categories += ReadText(icalproperty_get_categories(property));
+void ReadText(const LineList& event, std::string_view name, std::u16string& text) {
+    if (const rules::ContentLine* line = event.FindFirst(name); line != nullptr) {
+        text = DecodeText(RemoveEscapes(line->Value));
     }
 }
 
-void ReadTexts(icalcomponent* event, StoredItem& item) {
-    if (icalproperty* property = icalcomponent_get_first_property(event, ICAL_SUMMARY_PROPERTY)) {
-        item.Subject = ReadText(icalproperty_get_summary(property));
+void ReadCategories(const LineList& event, StoredItem& item) {
+    for (const rules::ContentLine* line : event.FindAll("CATEGORIES")) {
+        for (const std::string_view category : SplitTexts(line->Value)) {
+            item.Categories += item.Categories.empty() ? u"" : u", ";
+            item.Categories += DecodeText(RemoveEscapes(category));
+        }
     }
-    if (icalproperty* property = icalcomponent_get_first_property(event, ICAL_LOCATION_PROPERTY)) {
-        item.Location = ReadText(icalproperty_get_location(property));
-    }
-    if (icalproperty* property = icalcomponent_get_first_property(event, ICAL_DESCRIPTION_PROPERTY)) {
-        item.Body = ReadText(icalproperty_get_description(property));
-    }
-    ReadCategories(event, item);
+}
+
+// The word of a line; empty when there is no such line.
+std::string_view ReadWord(const LineList& event, std::string_view name) {
+    const rules::ContentLine* line = event.FindFirst(name);
+    return line == nullptr ? "" : locale::TrimBlanks(line->Value);
 }
 
 std::int32_t ReadBusyWord(std::string_view word, std::int32_t otherwise) {
@@ -58,65 +48,58 @@ std::int32_t ReadBusyWord(std::string_view word, std::int32_t otherwise) {
     return EqualsIgnoringCase(word, "OOF") ? kBusyOutOfOffice : otherwise;
 }
 
-void ReadFlags(icalcomponent* event, EventEntry& entry) {
+void ReadFlags(const LineList& event, EventEntry& entry) {
     StoredItem& item = entry.Item;
-    if (icalproperty* property = icalcomponent_get_first_property(event, ICAL_CLASS_PROPERTY)) {
-        item.Sensitivity =
-            icalproperty_get_class(property) == ICAL_CLASS_PUBLIC ? kSensitivityNormal : kSensitivityPrivate;
+    if (const std::string_view word = ReadWord(event, "CLASS"); !word.empty()) {
+        item.Sensitivity = EqualsIgnoringCase(word, "PUBLIC") ? kSensitivityNormal : kSensitivityPrivate;
     }
-    if (icalproperty* property = icalcomponent_get_first_property(event, ICAL_STATUS_PROPERTY)) {
-        const icalproperty_status status = icalproperty_get_status(property);
-        entry.Cancelled = status == ICAL_STATUS_CANCELLED;
-        item.BusyStatus = status == ICAL_STATUS_TENTATIVE ? kBusyTentative : item.BusyStatus;
+    const std::string_view status = ReadWord(event, "STATUS");
+    entry.Cancelled = EqualsIgnoringCase(status, "CANCELLED");
+    item.BusyStatus = EqualsIgnoringCase(status, "TENTATIVE") ? kBusyTentative : item.BusyStatus;
+    const std::string_view transparency = ReadWord(event, "TRANSP");
+    if (EqualsIgnoringCase(transparency, "TRANSPARENT") || EqualsIgnoringCase(transparency, "TRANSPARENT-NOCONFLICT")) {
+        item.BusyStatus = kBusyFree;
     }
-    if (icalproperty* property = icalcomponent_get_first_property(event, ICAL_TRANSP_PROPERTY)) {
-        const icalproperty_transp transparency = icalproperty_get_transp(property);
-        if (transparency == ICAL_TRANSP_TRANSPARENT || transparency == ICAL_TRANSP_TRANSPARENTNOCONFLICT) {
-            item.BusyStatus = kBusyFree;
-        }
-    }
-    for (icalproperty* property = icalcomponent_get_first_property(event, ICAL_X_PROPERTY); property != nullptr;
-         property = icalcomponent_get_next_property(event, ICAL_X_PROPERTY)) {
-        if (EqualsIgnoringCase(icalproperty_get_x_name(property), kBusyProperty)) {
-            item.BusyStatus = ReadBusyWord(Trim(icalproperty_get_value_as_string(property)), item.BusyStatus);
-        }
-    }
+    item.BusyStatus = ReadBusyWord(ReadWord(event, "X-MICROSOFT-CDO-BUSYSTATUS"), item.BusyStatus);
 }
 
 } // namespace
 
-Reading EventReader::Read(CalendarPiece& piece, EventEntry& entry, FileFault& fault) {
+Reading EventReader::Read(const CalendarPiece& piece, EventEntry& entry, FileFault& fault) {
     entry = {};
-    const ComponentPtr event = Parser.Parse(piece, fault);
-    if (event == nullptr) {
+    EventLines lines;
+    if (!ReadEventLines(piece, lines, fault)) {
         return Reading::Broken;
     }
     entry.Item.Uid = FindUid(piece);
     EventTime end;
-    Reading reading = ReadTimes(piece, event.get(), entry, end, fault);
+    Reading reading = ReadTimes(piece, lines.Own, entry, end, fault);
     if (reading == Reading::Good) {
-        reading = ReadOccurrence(piece, event.get(), entry, fault);
+        reading = ReadOccurrence(piece, lines.Own, entry, fault);
     }
     if (reading == Reading::Good && !entry.Occurrence) {
-        reading = ReadSeries(piece, event.get(), entry.Start, Zones, entry.Item, fault);
+        reading = ReadSeries(piece, lines.Own, entry.Start, Zones, entry.Item, fault);
     }
     if (reading != Reading::Good) {
         return reading;
     }
-    ReadTexts(event.get(), entry.Item);
-    ReadFlags(event.get(), entry);
-    ReadReminder(event.get(), entry.Start, end, entry.Item);
+    ReadText(lines.Own, "SUMMARY", entry.Item.Subject);
+    ReadText(lines.Own, "LOCATION", entry.Item.Location);
+    ReadText(lines.Own, "DESCRIPTION", entry.Item.Body);
+    ReadCategories(lines.Own, entry.Item);
+    ReadFlags(lines.Own, entry);
+    ReadReminder(lines, entry.Start, end, entry.Item);
     return Reading::Good;
 }
 
-Reading EventReader::ReadTimes(const CalendarPiece& piece, icalcomponent* event, EventEntry& entry, EventTime& end,
+Reading EventReader::ReadTimes(const CalendarPiece& piece, const LineList& event, EventEntry& entry, EventTime& end,
                                FileFault& fault) {
-    icalproperty* property = icalcomponent_get_first_property(event, ICAL_DTSTART_PROPERTY);
-    if (property == nullptr) {
+    const rules::ContentLine* line = event.FindFirst("DTSTART");
+    if (line == nullptr) {
         fault = {piece.Line, "it has no start (DTSTART)"};
         return Reading::Refused;
     }
-    Reading reading = ReadTime(property, icalproperty_get_dtstart(property), Zones, entry.Start, fault.Reason);
+    Reading reading = ReadTime(*line, line->Value, Zones, entry.Start, fault.Reason);
     if (reading != Reading::Good) {
         fault.Line = FindLine(piece, "DTSTART");
         return reading;
@@ -139,21 +122,21 @@ Reading EventReader::ReadTimes(const CalendarPiece& piece, icalcomponent* event,
     return Reading::Good;
 }
 
-Reading EventReader::ReadOccurrence(const CalendarPiece& piece, icalcomponent* event, EventEntry& entry,
+Reading EventReader::ReadOccurrence(const CalendarPiece& piece, const LineList& event, EventEntry& entry,
                                     FileFault& fault) {
-    icalproperty* property = icalcomponent_get_first_property(event, ICAL_RECURRENCEID_PROPERTY);
-    if (property == nullptr) {
+    const rules::ContentLine* line = event.FindFirst("RECURRENCE-ID");
+    if (line == nullptr) {
         return Reading::Good;
     }
     fault.Line = FindLine(piece, "RECURRENCE-ID");
-    if (icalproperty_get_first_parameter(property, ICAL_RANGE_PARAMETER) != nullptr) {
+    if (line->FindParameter("RANGE") != nullptr) {
         fault.Reason = "it changes all later occurrences of a series at once (RANGE), which cannot be kept";
         return Reading::Refused;
     }
     EventTime time;
-    const Reading reading = ReadTime(property, icalproperty_get_recurrenceid(property), Zones, time, fault.Reason);
+    const Reading reading = ReadTime(*line, line->Value, Zones, time, fault.Reason);
     entry.Occurrence = time;
-    entry.OccurrenceText = icalproperty_get_value_as_string(property);
+    entry.OccurrenceText = locale::TrimBlanks(line->Value);
     return reading;
 }
 
@@ -190,8 +173,8 @@ std::string FindUid(const CalendarPiece& piece) {
         SplitLine(line, name, value);
         depth += EqualsIgnoringCase(name, "BEGIN") ? 1 : 0;
         depth -= EqualsIgnoringCase(name, "END") ? 1 : 0;
-        if (depth == 1 && EqualsIgnoringCase(name, kUidName) && !Trim(value).empty()) {
-            return std::string(Trim(value));
+        if (depth == 1 && EqualsIgnoringCase(name, kUidName) && !locale::TrimBlanks(value).empty()) {
+            return std::string(locale::TrimBlanks(value));
         }
         for (const char character : line) {
             hash = (hash ^ static_cast<unsigned char>(character)) * 1099511628211ULL;

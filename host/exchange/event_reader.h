@@ -22,15 +22,14 @@ class EventReader {
     explicit EventReader(ZoneTable& zones) : Zones(zones) {}
 
     // Not Good: `fault` names the line and says why.
-    Reading Read(CalendarPiece& piece, EventEntry& entry, FileFault& fault);
+    Reading Read(const CalendarPiece& piece, EventEntry& entry, FileFault& fault);
 
   private:
-    Reading ReadTimes(const CalendarPiece& piece, icalcomponent* event, EventEntry& entry, EventTime& end,
+    Reading ReadTimes(const CalendarPiece& piece, const LineList& event, EventEntry& entry, EventTime& end,
                       FileFault& fault);
-    Reading ReadOccurrence(const CalendarPiece& piece, icalcomponent* event, EventEntry& entry, FileFault& fault);
+    Reading ReadOccurrence(const CalendarPiece& piece, const LineList& event, EventEntry& entry, FileFault& fault);
 
     ZoneTable& Zones;
-    EntryParser Parser;
 };
 
 // The moved or cancelled occurrence that an entry describes, on the clock of its series.

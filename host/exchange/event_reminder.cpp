@@ -1,6 +1,8 @@
 // The one reminder that an appointment has, out of the alarms that an event may have.
 #include "host/exchange/event_reminder.h"
 
+#include "host/rules/calendar_value.h"
+
 #include <algorithm>
 #include <optional>
 #include <tuple>
@@ -24,37 +26,35 @@ struct Alarm {
     auto Rank() const { return std::tuple(Mail, Lead); }
 };
 
-Seconds ReadLead(icalproperty* trigger, const EventTime& start, const EventTime& end) {
-    const icaltriggertype value = icalproperty_get_trigger(trigger);
-    if (icaltime_is_null_time(value.time) == 0) {
+Seconds ReadLead(const rules::ContentLine& trigger, const EventTime& start, const EventTime& end) {
+    if (const auto moment = rules::ReadCalendarTime(trigger.Value); moment && moment->IsReal()) {
         // A moment of its own, always in universal time.
-        const Seconds moment = rules::MakeTime(value.time.year, value.time.month, value.time.day, value.time.hour,
-                                               value.time.minute, value.time.second);
-        return (start.In == nullptr ? start.Clock : start.In->Rules->ToUtc(start.Clock)) - moment;
+        return (start.In == nullptr ? start.Clock : start.In->Rules->ToUtc(start.Clock)) - moment->ToSeconds();
     }
-    Seconds lead = -static_cast<Seconds>(icaldurationtype_as_int(value.duration));
-    icalparameter* related = icalproperty_get_first_parameter(trigger, ICAL_RELATED_PARAMETER);
-    if (related != nullptr && icalparameter_get_related(related) == ICAL_RELATED_END) {
+    // A moment that there is not counts as the start; what is no duration either has ended the reading before.
+    Seconds lead = -rules::ReadDuration(trigger.Value).value_or(rules::CalendarDuration()).ToSeconds();
+    const std::string* related = trigger.FindParameter("RELATED");
+    if (related != nullptr && EqualsIgnoringCase(*related, "END")) {
         lead -= end.Clock - start.Clock;
     }
     return lead;
 }
 
-std::optional<Alarm> ReadAlarm(icalcomponent* component, const EventTime& start, const EventTime& end) {
-    icalproperty* trigger = icalcomponent_get_first_property(component, ICAL_TRIGGER_PROPERTY);
+std::optional<Alarm> ReadAlarm(const LineList& lines, const EventTime& start, const EventTime& end) {
+    const rules::ContentLine* trigger = lines.FindFirst("TRIGGER");
     if (trigger == nullptr) {
         return std::nullopt;
     }
     Alarm alarm;
-    if (icalproperty* action = icalcomponent_get_first_property(component, ICAL_ACTION_PROPERTY); action != nullptr) {
-        const char* word = icalproperty_get_value_as_string(action);
+    if (const rules::ContentLine* action = lines.FindFirst("ACTION"); action != nullptr) {
+        const std::string_view word = locale::TrimBlanks(action->Value);
         if (EqualsIgnoringCase(word, "NONE")) {
             return std::nullopt; // how some programs say that there is no reminder
         }
         alarm.Mail = EqualsIgnoringCase(word, "EMAIL");
         alarm.Sound = EqualsIgnoringCase(word, "AUDIO");
     }
-    const Seconds lead = ReadLead(trigger, start, end);
+    const Seconds lead = ReadLead(*trigger, start, end);
     if (lead > kLongestLead) {
         return std::nullopt; // of a series, decades of occurrences would be due at once
     }
@@ -64,11 +64,10 @@ std::optional<Alarm> ReadAlarm(icalcomponent* component, const EventTime& start,
 
 } // namespace
 
-void ReadReminder(icalcomponent* event, const EventTime& start, const EventTime& end, rules::StoredItem& item) {
+void ReadReminder(const EventLines& event, const EventTime& start, const EventTime& end, rules::StoredItem& item) {
     std::optional<Alarm> best;
-    for (icalcomponent* component = icalcomponent_get_first_component(event, ICAL_VALARM_COMPONENT);
-         component != nullptr; component = icalcomponent_get_next_component(event, ICAL_VALARM_COMPONENT)) {
-        const std::optional<Alarm> alarm = ReadAlarm(component, start, end);
+    for (const LineList& lines : event.Alarms) {
+        const std::optional<Alarm> alarm = ReadAlarm(lines, start, end);
         if (alarm && (!best || alarm->Rank() < best->Rank())) {
             best = alarm;
         }

@@ -7,6 +7,6 @@ namespace tavo::exchange {
 
 // Fills the item's reminder from the event's VALARMs. Of several, the one nearest to the start is taken; mails only
 // where there is nothing else. A reminder after the start comes at the start.
-void ReadReminder(icalcomponent* event, const EventTime& start, const EventTime& end, rules::StoredItem& item);
+void ReadReminder(const EventLines& event, const EventTime& start, const EventTime& end, rules::StoredItem& item);
 
 } // namespace tavo::exchange

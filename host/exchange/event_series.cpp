@@ -2,10 +2,12 @@
 #include "host/exchange/event_series.h"
 
 #include "host/exchange/series_rule.h"
-#include "host/rules/ical_time.h"
+#include "host/rules/rule_text.h"
 
 #include <algorithm>
 #include <array>
+#include <utility>
+#include <vector>
 
 namespace tavo::exchange {
 namespace {
@@ -68,21 +70,20 @@ Reading KeepRule(const CalendarPiece& piece, ZoneTable& zones, StoredItem& item,
     return Reading::Good;
 }
 
-// The last day on which an occurrence may start: an UNTIL earlier on its day than the series ends the day before.
-rules::DayNumber FindLastDay(const icaltimetype& until, const EventTime& start, ZoneTable& zones) {
+// The last day on which an occurrence may start: an end earlier on its day than the series ends the day before.
+rules::DayNumber FindLastDay(const rules::RuleText& text, const EventTime& start, ZoneTable& zones) {
     EventTime end;
-    end.Clock = rules::MakeTime(until.year, until.month, until.day);
-    if (until.is_date != 0 || start.DateOnly) {
+    end.Clock = *text.Rule.Until;
+    if (start.DateOnly) {
         return rules::DayOf(end.Clock);
     }
-    end.Clock += until.hour * 3600 + until.minute * 60 + until.second;
-    end.In = icaltime_is_utc(until) ? zones.GetUtc() : nullptr;
+    end.In = text.IsUntilUtc ? zones.GetUtc() : nullptr;
     const Seconds clock = MoveToZone(end, start.In);
     const bool tooEarly = rules::TimeOfDay(clock) < rules::TimeOfDay(start.Clock);
     return rules::DayOf(clock) - (tooEarly ? 1 : 0);
 }
 
-void SetPattern(const SeriesRule& series, const icalrecurrencetype& rule, const EventTime& start, ZoneTable& zones,
+void SetPattern(const SeriesRule& series, const rules::RuleText& text, const EventTime& start, ZoneTable& zones,
                 StoredPattern& pattern) {
     pattern.Type = series.Type;
     pattern.Interval = series.Interval;
@@ -90,21 +91,35 @@ void SetPattern(const SeriesRule& series, const icalrecurrencetype& rule, const 
     pattern.DayOfMonth = series.DayOfMonth;
     pattern.Instance = series.Instance;
     pattern.MonthOfYear = series.MonthOfYear;
-    if (rule.count > 0) {
+    if (text.Rule.Count > 0) {
         pattern.End = PatternEnd::AfterCount;
-        pattern.Occurrences = rule.count;
-    } else if (icaltime_is_null_time(rule.until) == 0) {
+        pattern.Occurrences = static_cast<std::int32_t>(text.Rule.Count);
+    } else if (text.Rule.Until) {
         pattern.End = PatternEnd::OnDate;
-        pattern.LastDay = FindLastDay(rule.until, start, zones);
+        pattern.LastDay = FindLastDay(text, start, zones);
     }
 }
 
-Reading ReadCancelled(const CalendarPiece& piece, icalcomponent* event, const EventTime& start, ZoneTable& zones,
+// The values of all lines of that name, each with its line.
+std::vector<std::pair<const rules::ContentLine*, std::string_view>> ListValues(const LineList& event,
+                                                                               std::string_view name) {
+    std::vector<std::pair<const rules::ContentLine*, std::string_view>> values;
+    for (const rules::ContentLine* line : event.FindAll(name)) {
+        std::string_view rest = line->Value;
+        for (std::size_t comma = rest.find(','); comma != std::string_view::npos; comma = rest.find(',')) {
+            values.emplace_back(line, rest.substr(0, comma));
+            rest.remove_prefix(comma + 1);
+        }
+        values.emplace_back(line, rest);
+    }
+    return values;
+}
+
+Reading ReadCancelled(const CalendarPiece& piece, const LineList& event, const EventTime& start, ZoneTable& zones,
                       StoredItem& item, FileFault& fault) {
-    for (icalproperty* property = icalcomponent_get_first_property(event, ICAL_EXDATE_PROPERTY); property != nullptr;
-         property = icalcomponent_get_next_property(event, ICAL_EXDATE_PROPERTY)) {
+    for (const auto& [line, value] : ListValues(event, "EXDATE")) {
         EventTime time;
-        const Reading reading = ReadTime(property, icalproperty_get_exdate(property), zones, time, fault.Reason);
+        const Reading reading = ReadTime(*line, value, zones, time, fault.Reason);
         if (reading != Reading::Good) {
             fault.Line = FindLine(piece, "EXDATE");
             return reading;
@@ -126,24 +141,24 @@ Reading ReadCancelled(const CalendarPiece& piece, icalcomponent* event, const Ev
 
 } // namespace
 
-Reading ReadSeries(const CalendarPiece& piece, icalcomponent* event, const EventTime& start, ZoneTable& zones,
+Reading ReadSeries(const CalendarPiece& piece, const LineList& event, const EventTime& start, ZoneTable& zones,
                    StoredItem& item, FileFault& fault) {
-    icalproperty* property = icalcomponent_get_first_property(event, ICAL_RRULE_PROPERTY);
-    const bool severalRules = property != nullptr && icalcomponent_count_properties(event, ICAL_RRULE_PROPERTY) > 1;
-    const bool extraDays = icalcomponent_get_first_property(event, ICAL_RDATE_PROPERTY) != nullptr;
-    const bool takenRules = icalcomponent_get_first_property(event, ICAL_EXRULE_PROPERTY) != nullptr;
-    if (property == nullptr && !extraDays) {
+    const std::vector<const rules::ContentLine*> ruleLines = event.FindAll("RRULE");
+    const bool hasExtraDays = event.FindFirst("RDATE") != nullptr;
+    if (ruleLines.empty() && !hasExtraDays) {
         return Reading::Good; // nothing repeats, so nothing can be cancelled
     }
-    if (property == nullptr || severalRules || extraDays || takenRules) {
+    rules::RuleText text;
+    std::string whyForeign; // why a rule cannot be walked is said where it is kept
+    if (ruleLines.size() != 1 || hasExtraDays || event.FindFirst("EXRULE") != nullptr ||
+        !rules::ReadRuleText(ruleLines.front()->Value, text, whyForeign)) {
         return KeepRule(piece, zones, item, fault);
     }
-    const icalrecurrencetype rule = icalproperty_get_rrule(property);
-    const std::optional<SeriesRule> series = RecogniseRule(rule, rules::IcalFromSeconds(start.Clock));
+    const std::optional<SeriesRule> series = RecogniseRule(text, start.Clock);
     if (!series) {
         return KeepRule(piece, zones, item, fault);
     }
-    SetPattern(*series, rule, start, zones, item.Pattern);
+    SetPattern(*series, text, start, zones, item.Pattern);
     if (item.Pattern.End == PatternEnd::OnDate && item.Pattern.LastDay < rules::DayOf(start.Clock)) {
         fault = {FindLine(piece, "RRULE"), "its repetition ends before it begins"};
         return Reading::Refused;

@@ -1,10 +1,12 @@
 // The times of an event: on whose clock they are, and whether they are dates only.
 #pragma once
 
+#include "host/exchange/event_lines.h"
 #include "host/exchange/zone_table.h"
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace tavo::exchange {
 
@@ -18,13 +20,13 @@ struct EventTime {
 // against the format breaks its file.
 enum class Reading { Good, Refused, Broken };
 
-// Reads the time in a property. Not Good: `reason` says why.
-Reading ReadTime(icalproperty* property, const icaltimetype& value, ZoneTable& zones, EventTime& time,
+// Reads a value of the line, of which it may have several. Not Good: `reason` says why.
+Reading ReadTime(const rules::ContentLine& line, std::string_view value, ZoneTable& zones, EventTime& time,
                  std::string& reason);
 
 // Reads what DTEND or DURATION say; DTEND moves to the start's zone, and of whole days the end is the midnight that the
 // store wants.
-Reading ReadEnd(icalcomponent* event, const EventTime& start, ZoneTable& zones, EventTime& end, std::string& reason);
+Reading ReadEnd(const LineList& event, const EventTime& start, ZoneTable& zones, EventTime& end, std::string& reason);
 
 // The same moment on another clock. A floating time, or a floating target, keeps the clock's reading.
 rules::Seconds MoveToZone(const EventTime& time, const Zone* zone);

@@ -42,12 +42,6 @@ std::string_view TrimEnd(std::string_view text) {
     return text.substr(0, text.find_last_not_of(" \t\r") + 1);
 }
 
-std::string MakeUpper(std::string_view text) {
-    std::string upper(text);
-    std::transform(upper.begin(), upper.end(), upper.begin(), locale::ToUpperAscii);
-    return upper;
-}
-
 PieceKind FindKind(std::string_view name) {
     if (name == kEventName) {
         return PieceKind::Event;
@@ -62,6 +56,12 @@ void AppendLine(const CalendarLine& line, bool isRead, CalendarPiece& piece) {
 }
 
 } // namespace
+
+std::string MakeUpper(std::string_view name) {
+    std::string upper(name);
+    std::transform(upper.begin(), upper.end(), upper.begin(), locale::ToUpperAscii);
+    return upper;
+}
 
 bool SplitLine(std::string_view line, std::string_view& name, std::string_view& value) {
     std::size_t position = 0;

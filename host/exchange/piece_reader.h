@@ -74,6 +74,8 @@ class PieceReader {
 // The parts of a line NAME;parameters:value; false when it has not this form.
 bool SplitLine(std::string_view line, std::string_view& name, std::string_view& value);
 
+std::string MakeUpper(std::string_view name);
+
 using locale::EqualsIgnoringCase; // of names, as a calendar file writes them
 
 } // namespace tavo::exchange

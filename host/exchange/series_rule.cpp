@@ -1,12 +1,11 @@
 // Tells which repetition rules of other calendars say exactly what one of the store's six types says.
 #include "host/exchange/series_rule.h"
 
-#include "host/rules/ical_rule.h"
 #include "platform/outlook.h"
 
 #include <array>
 #include <bit>
-#include <span>
+#include <vector>
 
 namespace tavo::exchange {
 namespace {
@@ -25,11 +24,13 @@ struct StartDay {
     int DaysInMonth = 0;
 };
 
-StartDay DescribeStart(const icaltimetype& start) {
-    return {start.day, start.month, icaltime_day_of_week(start) - 1, icaltime_days_in_month(start.month, start.year)};
+StartDay DescribeStart(rules::Seconds start) {
+    const rules::DayNumber day = rules::DayOf(start);
+    const rules::CivilDate date = rules::CivilFromDay(day);
+    return {date.Day, date.Month, rules::WeekdayOf(day), rules::DaysInMonth(date.Year, date.Month)};
 }
 
-bool IsEmptyOr(std::span<const short> values, int only) {
+bool IsEmptyOr(const std::vector<int>& values, int only) {
     return values.empty() || (values.size() == 1 && values[0] == only);
 }
 
@@ -40,13 +41,12 @@ struct DayList {
     bool Mixed = false;
 };
 
-DayList ReadDays(std::span<const short> values) {
+DayList ReadDays(const std::vector<rules::RuleDay>& days) {
     DayList list;
-    for (const short value : values) {
-        const int ordinal = icalrecurrencetype_day_position(value);
-        list.Mixed = list.Mixed || (list.Mask != 0 && ordinal != list.Ordinal);
-        list.Ordinal = ordinal;
-        list.Mask |= 1 << (icalrecurrencetype_day_day_of_week(value) - 1);
+    for (const rules::RuleDay& day : days) {
+        list.Mixed = list.Mixed || (list.Mask != 0 && day.Ordinal != list.Ordinal);
+        list.Ordinal = day.Ordinal;
+        list.Mask |= 1 << day.Weekday;
     }
     // "The second Monday and the second Tuesday" are two days of a month, "the second of Mondays and Tuesdays" is one.
     list.Mixed = list.Mixed || (list.Ordinal != 0 && std::popcount(static_cast<unsigned>(list.Mask)) > 1);
@@ -70,20 +70,19 @@ bool IsWeekStartHarmless(int mask, int startWeekday, int weekStart) {
 
 class Recogniser {
   public:
-    Recogniser(const icalrecurrencetype& rule, const icaltimetype& start)
-        : Rule(rule), Start(DescribeStart(start)), Days(ReadDays(rules::IcalListOf(rule.by_day))),
-          MonthDays(rules::IcalListOf(rule.by_month_day)), Months(rules::IcalListOf(rule.by_month)),
-          Positions(rules::IcalListOf(rule.by_set_pos)) {}
+    Recogniser(const rules::RecurrenceRule& rule, rules::Seconds start)
+        : Rule(rule), Start(DescribeStart(start)), Days(ReadDays(rule.Days)), MonthDays(rule.MonthDays),
+          Months(rule.Months), Positions(rule.Positions) {}
 
     std::optional<SeriesRule> RecogniseDaily() const {
         if (!Months.empty() || !MonthDays.empty() || !Positions.empty() || Days.Ordinal != 0) {
             return std::nullopt;
         }
-        SeriesRule series{.Type = kRecursDaily, .Interval = Rule.interval};
+        SeriesRule series{.Type = kRecursDaily, .Interval = Rule.Interval};
         if (Days.Mask == 0) {
             return series;
         }
-        if (Rule.interval != 1 || !HoldsStart(Days.Mask)) {
+        if (Rule.Interval != 1 || !HoldsStart(Days.Mask)) {
             return std::nullopt;
         }
         series.Type = Days.Mask == kWeekdaysMask ? kRecursDaily : kRecursWeekly;
@@ -96,11 +95,10 @@ class Recogniser {
             return std::nullopt;
         }
         const int mask = Days.Mask != 0 ? Days.Mask : 1 << Start.Weekday;
-        const int weekStart = Rule.week_start == ICAL_NO_WEEKDAY ? 1 : Rule.week_start - 1; // Monday by default
-        if (!HoldsStart(mask) || (Rule.interval > 1 && !IsWeekStartHarmless(mask, Start.Weekday, weekStart))) {
+        if (!HoldsStart(mask) || (Rule.Interval > 1 && !IsWeekStartHarmless(mask, Start.Weekday, Rule.WeekStart))) {
             return std::nullopt;
         }
-        return SeriesRule{.Type = kRecursWeekly, .Interval = Rule.interval, .DayOfWeekMask = mask};
+        return SeriesRule{.Type = kRecursWeekly, .Interval = Rule.Interval, .DayOfWeekMask = mask};
     }
 
     std::optional<SeriesRule> RecogniseMonthly() const {
@@ -114,11 +112,11 @@ class Recogniser {
         if (day == 0) {
             return std::nullopt;
         }
-        return SeriesRule{.Type = kRecursMonthly, .Interval = Rule.interval, .DayOfMonth = day};
+        return SeriesRule{.Type = kRecursMonthly, .Interval = Rule.Interval, .DayOfMonth = day};
     }
 
     std::optional<SeriesRule> RecogniseYearly() const {
-        if (Rule.interval != 1 || !IsEmptyOr(Months, Start.Month)) {
+        if (Rule.Interval != 1 || !IsEmptyOr(Months, Start.Month)) {
             return std::nullopt;
         }
         if (Days.Mask != 0) {
@@ -153,7 +151,7 @@ class Recogniser {
             return 0;
         }
         if (MonthDays.size() == 1 && MonthDays[0] == -1 && Start.Day == Start.DaysInMonth) {
-            return Rule.freq == ICAL_YEARLY_RECURRENCE && Start.Month != kFebruary ? Start.Day : kLastDayOfMonth;
+            return Rule.Every == rules::Frequency::Yearly && Start.Month != kFebruary ? Start.Day : kLastDayOfMonth;
         }
         return IsEmptyOr(MonthDays, Start.Day) && Start.Day <= kShortestMonth ? Start.Day : 0;
     }
@@ -178,7 +176,7 @@ class Recogniser {
         if (!HoldsStart(Days.Mask) || !IsStartTheNth(instance)) {
             return std::nullopt;
         }
-        return SeriesRule{.Type = type, .Interval = Rule.interval, .DayOfWeekMask = Days.Mask, .Instance = instance};
+        return SeriesRule{.Type = type, .Interval = Rule.Interval, .DayOfWeekMask = Days.Mask, .Instance = instance};
     }
 
     // Whether the start's day is the instance-th of the mask's days in its month.
@@ -199,34 +197,34 @@ class Recogniser {
         return count == instance;
     }
 
-    const icalrecurrencetype& Rule;
+    const rules::RecurrenceRule& Rule;
     StartDay Start;
     DayList Days;
-    std::span<const short> MonthDays;
-    std::span<const short> Months;
-    std::span<const short> Positions;
+    const std::vector<int>& MonthDays;
+    const std::vector<int>& Months;
+    const std::vector<int>& Positions;
 };
 
 } // namespace
 
-std::optional<SeriesRule> RecogniseRule(const icalrecurrencetype& rule, const icaltimetype& start) {
-    const bool timesAreTheStarts = IsEmptyOr(rules::IcalListOf(rule.by_hour), start.hour) &&
-                                   IsEmptyOr(rules::IcalListOf(rule.by_minute), start.minute) &&
-                                   IsEmptyOr(rules::IcalListOf(rule.by_second), start.second);
-    if (!timesAreTheStarts || !rules::IcalListOf(rule.by_year_day).empty() ||
-        !rules::IcalListOf(rule.by_week_no).empty() || rule.rscale != nullptr || rule.interval < 1 ||
-        rule.interval > kLargestInterval) {
+std::optional<SeriesRule> RecogniseRule(const rules::RuleText& text, rules::Seconds start) {
+    const rules::RecurrenceRule& rule = text.Rule;
+    const auto ofDay = static_cast<int>(rules::TimeOfDay(start));
+    const bool timesAreTheStarts = IsEmptyOr(rule.Hours, ofDay / 3600) && IsEmptyOr(rule.Minutes, ofDay / 60 % 60) &&
+                                   IsEmptyOr(rule.OfMinute, ofDay % 60);
+    if (!timesAreTheStarts || !rule.YearDays.empty() || !rule.Weeks.empty() || text.HasScale ||
+        rule.Interval > kLargestInterval) {
         return std::nullopt;
     }
     const Recogniser recogniser(rule, start);
-    switch (rule.freq) {
-    case ICAL_DAILY_RECURRENCE:
+    switch (rule.Every) {
+    case rules::Frequency::Daily:
         return recogniser.RecogniseDaily();
-    case ICAL_WEEKLY_RECURRENCE:
+    case rules::Frequency::Weekly:
         return recogniser.RecogniseWeekly();
-    case ICAL_MONTHLY_RECURRENCE:
+    case rules::Frequency::Monthly:
         return recogniser.RecogniseMonthly();
-    case ICAL_YEARLY_RECURRENCE:
+    case rules::Frequency::Yearly:
         return recogniser.RecogniseYearly();
     default:
         return std::nullopt;

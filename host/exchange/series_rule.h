@@ -1,9 +1,8 @@
 // Tells which repetition rules of other calendars say exactly what one of the store's six types says.
 #pragma once
 
-#include <libical/ical.h>
+#include "host/rules/rule_text.h"
 
-#include <chrono>
 #include <cstdint>
 #include <optional>
 
@@ -21,6 +20,6 @@ struct SeriesRule {
 
 // The rule without its end, for a series that starts on `start`. Empty when no type gives the same days: the rule
 // must then be kept as it is. The time parts of the rule (BYHOUR and finer) must be the start's own.
-std::optional<SeriesRule> RecogniseRule(const icalrecurrencetype& rule, const icaltimetype& start);
+std::optional<SeriesRule> RecogniseRule(const rules::RuleText& text, rules::Seconds start);
 
 } // namespace tavo::exchange

@@ -1,8 +1,8 @@
 // The time zones that a calendar file speaks of.
 #pragma once
 
-#include "host/exchange/entry_parser.h"
 #include "host/exchange/entry_sink.h"
+#include "host/exchange/piece_reader.h"
 #include "host/rules/zone_rules.h"
 
 #include <map>

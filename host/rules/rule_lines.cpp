@@ -1,86 +1,35 @@
-// Reads the lines of foreign rules: rules by libical, lists of dates here, as they may be long.
+// Reads the lines of foreign rules: rules, and lists of dates, which may be long.
 #include "host/rules/rule_lines.h"
 
 #include "host/locale/ascii.h"
+#include "host/rules/calendar_value.h"
+#include "host/rules/content_line.h"
 #include "host/rules/expansion_budget.h"
-#include "host/rules/ical_rule.h"
-#include "host/rules/ical_time.h"
+#include "host/rules/rule_text.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
-#include <memory>
 
 namespace tavo::rules {
 
 namespace {
 
 constexpr std::size_t kMaxLines = 5000;
+constexpr std::string_view kAddedDates = "RDATE";
+constexpr std::string_view kCancelledDates = "EXDATE";
 
-struct PropertyCloser {
-    void operator()(icalproperty* property) const { icalproperty_free(property); }
-};
-
-using PropertyPtr = std::unique_ptr<icalproperty, PropertyCloser>;
-
-// A date or time as it stands in a list.
-struct Stamp {
-    Seconds Digits = 0;
-    bool DateOnly = false;
-    bool Utc = false;
-};
-
-// The number that so many digits make; -1 when one is none.
-int ReadNumber(std::string_view digits) {
-    int number = 0;
-    for (const char digit : digits) {
-        if (digit < '0' || digit > '9') {
-            return -1;
-        }
-        number = number * 10 + (digit - '0');
-    }
-    return number;
-}
-
-// 20260503, 20260503T090000 or 20260503T090000Z. Lists may have tens of thousands of them.
-bool ReadStamp(std::string_view text, Stamp& stamp) {
-    constexpr std::size_t kDateSize = 8;
-    constexpr std::size_t kTimeSize = 15;
-    constexpr int kHours = 24;
-    stamp.DateOnly = text.size() == kDateSize;
-    stamp.Utc = text.size() == kTimeSize + 1 && text.back() == 'Z';
-    if (!stamp.DateOnly && text.size() != kTimeSize && !stamp.Utc) {
-        return false;
-    }
-    const int year = ReadNumber(text.substr(0, 4));
-    const int month = ReadNumber(text.substr(4, 2));
-    const int day = ReadNumber(text.substr(6, 2));
-    // A day beyond its month is one of the next, as lists of other programs have been taken so far.
-    if (year < 1 || year > 3000 || month < 1 || month > 12 || day < 1 || day > 31) {
-        return false;
-    }
-    stamp.Digits = MakeTime(year, month, day);
-    if (stamp.DateOnly) {
-        return true;
-    }
-    const int hour = ReadNumber(text.substr(9, 2));
-    const int minute = ReadNumber(text.substr(11, 2));
-    const int second = ReadNumber(text.substr(13, 2));
-    if (text[kDateSize] != 'T' || hour < 0 || hour >= kHours || minute < 0 || minute >= 60 || second < 0 ||
-        second > 60) {
-        return false;
-    }
-    stamp.Digits += hour * 3600 + minute * 60 + second;
-    return true;
+// A day beyond its month is one of the next, as lists of other programs have been taken so far.
+bool IsListed(const CalendarTime& time) {
+    return time.Year >= 1 && time.Year <= 3000 && time.Month >= 1 && time.Month <= 12 && time.Day >= 1 &&
+           time.Day <= 31 && time.Hour < 24 && time.Minute < 60 && time.Second <= 60;
 }
 
 bool IsDateList(std::string_view line) {
-    constexpr std::string_view kAdded = "RDATE";
-    constexpr std::string_view kCancelled = "EXDATE";
     const auto beginsWith = [line](std::string_view name) {
         return line.size() > name.size() && locale::EqualsIgnoringCase(line.substr(0, name.size()), name);
     };
-    return beginsWith(kAdded) || beginsWith(kCancelled);
+    return beginsWith(kAddedDates) || beginsWith(kCancelledDates);
 }
 
 // Reads the lines of one series into the parts of its rule.
@@ -88,97 +37,104 @@ class LineReader {
   public:
     LineReader(const ZoneRules* own, const ZoneLookup& lookup) : Own(own), Lookup(lookup) {}
 
-    bool Read(const std::string& line, RuleParts& parts, std::string& fault) {
-        // Of a list its first value tells all that libical is asked.
-        const std::size_t end = IsDateList(line) ? line.find(',', std::min(line.rfind(':'), line.size())) : line.size();
-        const PropertyPtr property(icalproperty_new_from_string(line.substr(0, end).c_str()));
-        const icalproperty_kind kind = property == nullptr ? ICAL_NO_PROPERTY : icalproperty_isa(property.get());
-        bool read = false;
-        if (kind == ICAL_RRULE_PROPERTY || kind == ICAL_EXRULE_PROPERTY) {
-            const bool adds = kind == ICAL_RRULE_PROPERTY;
+    bool Read(std::string_view text, RuleParts& parts, std::string& fault) {
+        const std::optional<ContentLine> line = ReadContentLine(text);
+        bool isRead = false;
+        if (line && (line->Name == "RRULE" || line->Name == "EXRULE")) {
             RecurrenceRule rule;
-            read = ReadRule(adds ? icalproperty_get_rrule(property.get()) : icalproperty_get_exrule(property.get()),
-                            rule, fault);
-            parts.StartsPerDay += read ? CountStartsPerDay(rule) : 0;
+            isRead = ReadRule(line->Value, rule, fault);
+            parts.StartsPerDay += isRead ? CountStartsPerDay(rule) : 0;
             if (parts.StartsPerDay > kMostStartsPerDay) {
                 fault = "it recurs more often than " + std::to_string(kMostStartsPerDay) + " times a day";
                 return false;
             }
-            (adds ? parts.Rules : parts.ExceptRules).push_back(std::move(rule));
-        } else if (kind == ICAL_RDATE_PROPERTY || kind == ICAL_EXDATE_PROPERTY) {
-            read = ReadDates(property.get(), line, kind == ICAL_RDATE_PROPERTY, parts);
+            (line->Name == "RRULE" ? parts.Rules : parts.ExceptRules).push_back(std::move(rule));
+        } else if (line && (line->Name == kAddedDates || line->Name == kCancelledDates)) {
+            isRead = ReadDates(*line, parts);
         }
-        if (!read && fault.empty()) {
-            fault = "the recurrence line cannot be read: " + line.substr(0, 60);
+        if (!isRead && fault.empty()) {
+            fault = "the recurrence line cannot be read: " + std::string(text.substr(0, 60));
         }
-        return read;
+        return isRead;
     }
 
   private:
-    bool ReadRule(const icalrecurrencetype& ical, RecurrenceRule& rule, std::string& fault) const {
-        if (!ReadIcalRule(ical, rule, fault)) {
+    bool ReadRule(std::string_view value, RecurrenceRule& rule, std::string& fault) const {
+        RuleText text;
+        if (!ReadRuleText(value, text, fault)) {
             return false;
         }
-        if (rule.Until && icaltime_is_utc(ical.until) != 0 && ical.until.is_date == 0 && Own != nullptr) {
+        rule = std::move(text.Rule);
+        if (rule.Until && text.IsUntilUtc && Own != nullptr) {
             rule.Until = Own->ToLocal(*rule.Until); // the walk goes by the series' own clock
         }
         return true;
     }
 
     // From the clock that the line names to the series' own.
-    Seconds ToOwn(Seconds time, bool utc, const ZoneRules* zone) const {
-        if (utc) {
-            return Own != nullptr ? Own->ToLocal(time) : time;
+    Seconds ToOwn(const CalendarTime& time, const ZoneRules* zone) const {
+        const Seconds digits = time.ToSeconds();
+        if (time.Utc) {
+            return Own != nullptr ? Own->ToLocal(digits) : digits;
         }
-        return zone != nullptr && Own != nullptr ? Own->ToLocal(zone->ToUtc(time)) : time;
+        return zone != nullptr && Own != nullptr ? Own->ToLocal(zone->ToUtc(digits)) : digits;
     }
 
-    bool ReadDates(icalproperty* property, const std::string& line, bool adds, RuleParts& parts) const {
-        const ZoneRules* zone = nullptr;
-        if (icalparameter* name = icalproperty_get_first_parameter(property, ICAL_TZID_PARAMETER); name != nullptr) {
-            zone = Lookup(icalparameter_get_tzid(name));
+    bool ReadDates(const ContentLine& line, RuleParts& parts) const {
+        const std::string* zone = line.FindParameter("TZID");
+        const ZoneRules* clock = zone == nullptr ? nullptr : Lookup(*zone);
+        std::string_view rest = line.Value;
+        bool isRead = true;
+        bool isLast = false;
+        while (isRead && !isLast) {
+            const std::size_t comma = rest.find(',');
+            isLast = comma == std::string_view::npos;
+            const std::string_view value = rest.substr(0, comma);
+            isRead = line.Name == kAddedDates ? AddDate(value, clock, parts) : CancelDate(value, clock, parts);
+            rest.remove_prefix(isLast ? rest.size() : comma + 1);
         }
-        const std::size_t colon = line.rfind(':');
-        bool read = colon != std::string::npos;
-        for (std::size_t at = colon + 1; read && at <= line.size();) {
-            const std::size_t comma = std::min(line.find(',', at), line.size());
-            read = ReadDate(line.substr(at, comma - at), zone, adds, parts);
-            at = comma + 1;
-        }
-        return read;
+        return isRead;
     }
 
-    bool ReadDate(const std::string& text, const ZoneRules* zone, bool adds, RuleParts& parts) const {
-        const std::size_t slash = text.find('/');
-        Stamp stamp;
-        if (!ReadStamp(text.substr(0, slash), stamp)) {
+    bool CancelDate(std::string_view value, const ZoneRules* clock, RuleParts& parts) const {
+        const std::optional<CalendarTime> time = ReadCalendarTime(value);
+        if (!time || !IsListed(*time)) {
             return false;
         }
-        const Seconds digits = stamp.Digits;
-        if (!adds) {
-            if (stamp.DateOnly) {
-                parts.ExceptDays.push_back(DayOf(digits));
-            } else {
-                parts.ExceptDates.push_back(ToOwn(digits, stamp.Utc, zone));
-            }
-            return true;
+        if (time->DateOnly) {
+            parts.ExceptDays.push_back(DayOf(time->ToSeconds()));
+        } else {
+            parts.ExceptDates.push_back(ToOwn(*time, clock));
+        }
+        return true;
+    }
+
+    bool AddDate(std::string_view value, const ZoneRules* clock, RuleParts& parts) const {
+        const std::size_t slash = value.find('/');
+        const std::optional<CalendarTime> time = ReadCalendarTime(value.substr(0, slash));
+        if (!time || !IsListed(*time)) {
+            return false;
         }
         RuleOccurrence occurrence;
         // A date alone recurs at the series' own time of day.
-        occurrence.Start = stamp.DateOnly ? digits + TimeOfDay(parts.Start) : ToOwn(digits, stamp.Utc, zone);
-        if (slash != std::string::npos) {
-            const icalperiodtype period = icalperiodtype_from_string(text.c_str());
-            if (!icaltime_is_null_time(period.end)) {
-                occurrence.Length = SecondsFromIcal(period.end) - digits;
-            } else {
-                occurrence.Length = icaldurationtype_as_int(period.duration);
-            }
-            if (*occurrence.Length < 0) {
+        occurrence.Start = time->DateOnly ? time->ToSeconds() + TimeOfDay(parts.Start) : ToOwn(*time, clock);
+        if (slash != std::string_view::npos) {
+            occurrence.Length = LengthOfPeriod(*time, value.substr(slash + 1));
+            if (!occurrence.Length || *occurrence.Length < 0) {
                 return false;
             }
         }
         parts.Dates.push_back(occurrence);
         return true;
+    }
+
+    // Of a period up to an end, or of a duration.
+    static std::optional<Seconds> LengthOfPeriod(const CalendarTime& start, std::string_view rest) {
+        if (const std::optional<CalendarTime> end = ReadCalendarTime(rest); end && IsListed(*end)) {
+            return end->ToSeconds() - start.ToSeconds();
+        }
+        const std::optional<CalendarDuration> duration = ReadDuration(rest);
+        return duration ? std::optional(duration->ToSeconds()) : std::nullopt;
     }
 
     const ZoneRules* Own;
@@ -193,9 +149,9 @@ bool ReadRuleLines(std::string_view lines, const ZoneRules* own, const ZoneLooku
     std::size_t count = 0;
     for (std::size_t at = 0; at < lines.size();) {
         const std::size_t end = std::min(lines.find('\n', at), lines.size());
-        std::string line(lines.substr(at, end - at));
+        std::string_view line = lines.substr(at, end - at);
         if (!line.empty() && line.back() == '\r') {
-            line.pop_back();
+            line.remove_suffix(1);
         }
         at = end + 1;
         if (line.empty()) {
@@ -235,24 +191,21 @@ std::int64_t CostOfRuleLines(std::string_view lines) {
 }
 
 std::string ShiftRuleTimes(std::string_view lines, Seconds shift) {
-    constexpr std::size_t kDateDigits = 8;
     constexpr std::size_t kTokenSize = 15; // 20260503T090000
     std::string out;
     for (std::size_t at = 0; at < lines.size();) {
         const std::string_view token = lines.substr(at, kTokenSize);
-        bool isTime = token.size() == kTokenSize && token[kDateDigits] == 'T';
-        for (std::size_t index = 0; isTime && index < kTokenSize; ++index) {
-            isTime = index == kDateDigits || (token[index] >= '0' && token[index] <= '9');
-        }
-        if (!isTime) {
+        const std::optional<CalendarTime> time = token.size() == kTokenSize ? ReadCalendarTime(token) : std::nullopt;
+        if (!time || !IsListed(*time)) {
             out.push_back(lines[at++]);
             continue;
         }
-        const icaltimetype time = icaltime_from_string(std::string(token).c_str());
-        const icaltimetype shifted = IcalFromSeconds(SecondsFromIcal(time) + shift);
+        const Seconds shifted = time->ToSeconds() + shift;
+        const CivilDate date = CivilFromDay(DayOf(shifted));
+        const auto ofDay = static_cast<int>(TimeOfDay(shifted));
         char text[32];
-        std::snprintf(text, sizeof text, "%04d%02d%02dT%02d%02d%02d", shifted.year, shifted.month, shifted.day,
-                      shifted.hour, shifted.minute, shifted.second);
+        std::snprintf(text, sizeof text, "%04d%02d%02dT%02d%02d%02d", date.Year, date.Month, date.Day, ofDay / 3600,
+                      ofDay / 60 % 60, ofDay % 60);
         out += text;
         at += kTokenSize;
     }

@@ -1,11 +1,15 @@
 // Time zones that come inside a calendar, as VTIMEZONE components.
-#include "host/rules/ical_rule.h"
-#include "host/rules/ical_time.h"
+#include "host/locale/ascii.h"
+#include "host/rules/calendar_value.h"
+#include "host/rules/content_line.h"
+#include "host/rules/rule_text.h"
 #include "host/rules/zone_rules.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <limits>
+#include <optional>
 
 namespace tavo::rules {
 
@@ -17,63 +21,100 @@ constexpr std::ptrdiff_t kMaxLines = 5000;
 constexpr std::size_t kMaxTransitions = 20000;
 constexpr const char* kTooMuch = "changes its clock in more ways than can be worked out";
 
-struct ComponentCloser {
-    void operator()(icalcomponent* component) const { icalcomponent_free(component); }
-};
-
+// From when on a zone's clock goes by one of its times; the rules and dates tell when again.
 struct Observance {
-    Seconds Start = 0;
-    std::int32_t From = 0;
-    std::int32_t To = 0;
+    std::optional<Seconds> Start;
+    std::optional<std::int32_t> From;
+    std::optional<std::int32_t> To;
+    std::vector<RuleText> Rules;
+    std::vector<Seconds> Dates;
+
+    bool IsWhole() const { return Start && From && To; }
 };
 
-bool ReadObservance(icalcomponent* part, Observance& observance) {
-    icalproperty* start = icalcomponent_get_first_property(part, ICAL_DTSTART_PROPERTY);
-    icalproperty* from = icalcomponent_get_first_property(part, ICAL_TZOFFSETFROM_PROPERTY);
-    icalproperty* to = icalcomponent_get_first_property(part, ICAL_TZOFFSETTO_PROPERTY);
-    if (start == nullptr || from == nullptr || to == nullptr) {
-        return false;
+// Takes a line that means something; any other one, and what cannot be read, is left out.
+void ReadLine(const ContentLine& line, Observance& observance) {
+    if (line.Name == "DTSTART") {
+        if (const std::optional<CalendarTime> time = ReadCalendarTime(line.Value); time && time->IsReal()) {
+            observance.Start = time->ToSeconds();
+        }
+    } else if (line.Name == "TZOFFSETFROM") {
+        observance.From = ReadUtcOffset(line.Value);
+    } else if (line.Name == "TZOFFSETTO") {
+        observance.To = ReadUtcOffset(line.Value);
+    } else if (line.Name == "RRULE") {
+        RuleText rule;
+        std::string fault;
+        // Zones change by the year; anything finer would be mischief.
+        if (ReadRuleText(line.Value, rule, fault) && rule.Rule.Every >= Frequency::Monthly) {
+            observance.Rules.push_back(std::move(rule));
+        }
+    } else if (line.Name == "RDATE") {
+        std::string_view rest = line.Value;
+        while (!rest.empty() && observance.Dates.size() <= kMaxTransitions) { // one more is noticed
+            const std::size_t end = std::min(rest.find(','), rest.size());
+            if (const std::optional<CalendarTime> time = ReadCalendarTime(rest.substr(0, end));
+                time && time->IsReal()) {
+                observance.Dates.push_back(time->ToSeconds());
+            }
+            rest.remove_prefix(std::min(end + 1, rest.size()));
+        }
     }
-    observance.Start = SecondsFromIcal(icalproperty_get_dtstart(start));
-    observance.From = icalproperty_get_tzoffsetfrom(from);
-    observance.To = icalproperty_get_tzoffsetto(to);
-    return true;
 }
 
-void AppendRule(icalproperty* property, const Observance& observance, ExpansionBudget& budget,
+void AppendRule(const RuleText& text, const Observance& observance, ExpansionBudget& budget,
                 std::vector<ZoneTransition>& transitions) {
-    const icalrecurrencetype ical = icalproperty_get_rrule(property);
-    RecurrenceRule rule;
-    std::string fault;
-    if (!ReadIcalRule(ical, rule, fault) || rule.Every < Frequency::Monthly) {
-        return; // zones change by the year; anything finer would be mischief
-    }
-    if (rule.Until && icaltime_is_utc(ical.until) != 0) {
-        rule.Until = *rule.Until + observance.From; // onsets are local times
+    RecurrenceRule rule = text.Rule;
+    if (rule.Until && text.IsUntilUtc) {
+        rule.Until = *rule.Until + *observance.From; // onsets are local times
     }
     const Seconds horizon = MakeTime(kZoneHorizonYear + 1, 1, 1) - 1;
     rule.Until = std::min(rule.Until.value_or(horizon), horizon);
-    RuleWalk walk(rule, observance.Start, observance.Start, budget);
+    RuleWalk walk(rule, *observance.Start, *observance.Start, budget);
     while (const std::optional<Seconds> onset = walk.Next()) {
-        transitions.push_back({*onset - observance.From, observance.To});
+        transitions.push_back({*onset - *observance.From, *observance.To});
     }
 }
 
-void AppendObservance(icalcomponent* part, const Observance& observance, ExpansionBudget& budget,
-                      std::vector<ZoneTransition>& transitions) {
-    transitions.push_back({observance.Start - observance.From, observance.To});
-    for (icalproperty* property = icalcomponent_get_first_property(part, ICAL_RRULE_PROPERTY); property != nullptr;
-         property = icalcomponent_get_next_property(part, ICAL_RRULE_PROPERTY)) {
-        AppendRule(property, observance, budget, transitions);
+void AppendObservance(const Observance& observance, ExpansionBudget& budget, std::vector<ZoneTransition>& transitions) {
+    transitions.push_back({*observance.Start - *observance.From, *observance.To});
+    for (const RuleText& rule : observance.Rules) {
+        AppendRule(rule, observance, budget, transitions);
     }
-    for (icalproperty* property = icalcomponent_get_first_property(part, ICAL_RDATE_PROPERTY);
-         property != nullptr && transitions.size() <= kMaxTransitions; // one more is noticed
-         property = icalcomponent_get_next_property(part, ICAL_RDATE_PROPERTY)) {
-        const icaldatetimeperiodtype date = icalproperty_get_rdate(property);
-        if (!icaltime_is_null_time(date.time)) {
-            transitions.push_back({SecondsFromIcal(date.time) - observance.From, observance.To});
+    for (const Seconds date : observance.Dates) {
+        transitions.push_back({date - *observance.From, *observance.To});
+    }
+}
+
+// The observances of a zone, those that are not whole left out. Nothing for text that is no zone.
+std::optional<std::vector<Observance>> ReadObservances(std::string_view text) {
+    std::vector<Observance> read;
+    int depth = 0; // 1 within the zone, 2 within an observance
+    bool isClosed = false;
+    while (!text.empty() && !isClosed) {
+        const std::string unfolded = TakeUnfoldedLine(text);
+        const std::optional<ContentLine> line = ReadContentLine(unfolded);
+        if (!line) {
+            continue;
+        }
+        if (line->Name == "BEGIN") {
+            if (depth == 0 && !locale::EqualsIgnoringCase(line->Value, "VTIMEZONE")) {
+                return std::nullopt;
+            }
+            if (++depth == 2) {
+                read.emplace_back();
+            }
+        } else if (line->Name == "END") {
+            isClosed = --depth <= 0;
+        } else if (depth == 2) {
+            ReadLine(*line, read.back());
         }
     }
+    if (!isClosed) {
+        return std::nullopt;
+    }
+    std::erase_if(read, [](const Observance& observance) { return !observance.IsWhole(); });
+    return read;
 }
 
 } // namespace
@@ -84,29 +125,24 @@ std::unique_ptr<ZoneRules> ParseZoneComponent(const std::string& text, std::stri
         return nullptr;
     }
     fault = "cannot be read";
-    const std::unique_ptr<icalcomponent, ComponentCloser> zone(icalparser_parse_string(text.c_str()));
-    if (zone == nullptr || icalcomponent_isa(zone.get()) != ICAL_VTIMEZONE_COMPONENT) {
+    const std::optional<std::vector<Observance>> observances = ReadObservances(text);
+    if (!observances) {
         return nullptr;
     }
     std::vector<ZoneTransition> transitions;
     Seconds earliest = std::numeric_limits<Seconds>::max();
     std::int32_t firstOffset = 0;
     ExpansionBudget budget(kStepsOfZone);
-    for (icalcomponent* part = icalcomponent_get_first_component(zone.get(), ICAL_ANY_COMPONENT); part != nullptr;
-         part = icalcomponent_get_next_component(zone.get(), ICAL_ANY_COMPONENT)) {
-        Observance observance;
-        if (!ReadObservance(part, observance)) {
-            continue;
-        }
-        if (std::abs(observance.From) >= kLargestZoneOffset || std::abs(observance.To) >= kLargestZoneOffset) {
+    for (const Observance& observance : *observances) {
+        if (std::abs(*observance.From) >= kLargestZoneOffset || std::abs(*observance.To) >= kLargestZoneOffset) {
             fault = "is 24 hours or more away from universal time";
             return nullptr;
         }
-        if (observance.Start < earliest) {
-            earliest = observance.Start;
-            firstOffset = observance.From;
+        if (*observance.Start < earliest) {
+            earliest = *observance.Start;
+            firstOffset = *observance.From;
         }
-        AppendObservance(part, observance, budget, transitions);
+        AppendObservance(observance, budget, transitions);
         if (budget.IsSpent() || transitions.size() > kMaxTransitions) {
             fault = kTooMuch;
             return nullptr;

@@ -1,5 +1,6 @@
 // Which rules become one of the six types, and which stay as they are.
 #include "host/exchange/series_rule.h"
+#include "host/rules/calendar_value.h"
 
 #include <gtest/gtest.h>
 
@@ -11,8 +12,11 @@ namespace {
 
 // The rule as one line, "foreign" when no type says it. `start` as in iCalendar.
 std::string Recognise(const char* rule, const char* start) {
-    const icalrecurrencetype parsed = icalrecurrencetype_from_string(rule);
-    const std::optional<SeriesRule> series = RecogniseRule(parsed, icaltime_from_string(start));
+    rules::RuleText text;
+    std::string fault;
+    EXPECT_TRUE(rules::ReadRuleText(rule, text, fault)) << rule;
+    const std::optional<SeriesRule> series =
+        RecogniseRule(text, rules::ReadCalendarTime(start).value_or(rules::CalendarTime()).ToSeconds());
     if (!series) {
         return "foreign";
     }

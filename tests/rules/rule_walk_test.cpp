@@ -1,5 +1,5 @@
 // Rules that are walked from day to day, and the budget of a walk.
-#include "host/rules/ical_rule.h"
+#include "host/rules/rule_text.h"
 #include "tests/rules/item_words.h"
 
 #include <gmock/gmock.h>
@@ -11,10 +11,10 @@ using ::testing::ElementsAre;
 namespace {
 
 RecurrenceRule RuleOf(const std::string& text) {
-    RecurrenceRule rule;
+    RuleText read;
     std::string fault;
-    EXPECT_TRUE(ReadIcalRule(icalrecurrencetype_from_string(text.c_str()), rule, fault)) << text << ": " << fault;
-    return rule;
+    EXPECT_TRUE(ReadRuleText(text, read, fault)) << text << ": " << fault;
+    return read.Rule;
 }
 
 // The first few from `from` on.

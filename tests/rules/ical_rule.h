@@ -1,4 +1,4 @@
-// What libical has read of a recurrence rule, as the plain rule that is walked here.
+// What libical reads in a recurrence rule: another opinion on the same text.
 #pragma once
 
 #include "host/rules/rule_walk.h"
@@ -8,7 +8,7 @@
 #include <span>
 #include <string>
 
-namespace tavo::rules {
+namespace tavo::rules::test {
 
 // The values that a list of a rule has.
 template <std::size_t Size> std::span<const short> IcalListOf(const short (&values)[Size]) {
@@ -23,4 +23,4 @@ template <std::size_t Size> std::span<const short> IcalListOf(const short (&valu
 // given in the digits that the rule has; one without a time is the end of its day.
 bool ReadIcalRule(const icalrecurrencetype& ical, RecurrenceRule& rule, std::string& fault);
 
-} // namespace tavo::rules
+} // namespace tavo::rules::test

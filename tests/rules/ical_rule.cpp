@@ -1,10 +1,9 @@
 // Copies and checks each part: the text that libical keeps of a rule ends with its property.
-#include "host/rules/ical_rule.h"
+#include "tests/rules/ical_rule.h"
 
 #include "host/locale/ascii.h"
-#include "host/rules/ical_time.h"
 
-namespace tavo::rules {
+namespace tavo::rules::test {
 
 namespace {
 
@@ -93,9 +92,11 @@ bool ReadIcalRule(const icalrecurrencetype& ical, RecurrenceRule& rule, std::str
         rule.Missing = ical.skip == ICAL_SKIP_BACKWARD ? MissingDay::Before : MissingDay::After;
     }
     if (icaltime_is_null_time(ical.until) == 0) {
-        rule.Until = SecondsFromIcal(ical.until) + (ical.until.is_date != 0 ? kSecondsPerDay - 1 : 0);
+        rule.Until = MakeTime(ical.until.year, ical.until.month, ical.until.day, ical.until.hour, ical.until.minute,
+                              ical.until.second) +
+                     (ical.until.is_date != 0 ? kSecondsPerDay - 1 : 0);
     }
     return true;
 }
 
-} // namespace tavo::rules
+} // namespace tavo::rules::test
