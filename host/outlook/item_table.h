@@ -35,9 +35,9 @@ class ItemTable {
     // NotFound when it is gone already.
     Status Remove(Oid oid);
 
-    // After the device moved into another zone, or the rules of zones changed. Items that have changed by themselves on
-    // the disk keep the times they had.
-    Status RederiveZoned();
+    // Works out anew what stands in the tables of the times of zones and foreign rules. Items that have changed by
+    // themselves on the disk keep the times they had.
+    Status Rederive();
 
     SeriesExpander& Series() { return Expander; }
 
@@ -52,7 +52,8 @@ class ItemTable {
     Status RemovePlain(Oid oid);
     // Items with a row, or a zone, whose checksum is not its own.
     Status FindAltered(std::set<Oid>& altered);
-    Status FindZoned(std::vector<Oid>& zoned);
+    // Items whose times follow from a zone or a foreign rule, without those.
+    Status FindDerived(std::vector<Oid>& derived);
     Status ReadRecurrence(StoredItem& item);
 
     Database& Source;

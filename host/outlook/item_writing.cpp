@@ -201,26 +201,26 @@ Status ItemTable::FindAltered(std::set<Oid>& altered) {
 
 // What has changed by itself on the disk stays as it is: written again it would be as good as saved, and no check would
 // name it any more.
-Status ItemTable::FindZoned(std::vector<Oid>& zoned) {
+Status ItemTable::FindDerived(std::vector<Oid>& derived) {
     std::set<Oid> altered;
     if (const Status status = FindAltered(altered); Failed(status)) {
         return status;
     }
-    Query query(Source, "SELECT oid FROM item WHERE zone IS NOT NULL");
+    Query query(Source, "SELECT oid FROM item WHERE zone IS NOT NULL OR oid IN (SELECT oid FROM foreign_rule)");
     while (query.Next()) {
         if (const Oid oid = query.Small(0); !altered.contains(oid)) {
-            zoned.push_back(oid);
+            derived.push_back(oid);
         }
     }
     return query.Result();
 }
 
-Status ItemTable::RederiveZoned() {
-    std::vector<Oid> zoned;
-    if (const Status status = FindZoned(zoned); Failed(status)) {
+Status ItemTable::Rederive() {
+    std::vector<Oid> derived;
+    if (const Status status = FindDerived(derived); Failed(status)) {
         return status;
     }
-    for (const Oid oid : zoned) {
+    for (const Oid oid : derived) {
         StoredItem item;
         std::int64_t source = 0;
         std::string fault;

@@ -10,6 +10,7 @@ namespace tavo::outlook {
 
 namespace {
 
+constexpr const char* kReckoning = "2";  // raised when the times of the same item are worked out in another way
 constexpr std::size_t kMostRoom = 32768; // lines of a listing: a megabyte
 
 // Without memory a change ends like any that fails: nothing of it stays.
@@ -359,7 +360,7 @@ Status StoreCore::SetDeviceZone(const std::string& name) {
     if (!Zones.SetDevice(name)) {
         return Status::InvalidArgument;
     }
-    const std::string mark = name + " " + Zones.GetSource().GetRelease();
+    const std::string mark = name + " " + Zones.GetSource().GetRelease() + " " + kReckoning;
     std::string stored;
     if (const Status status = ReadStoredZone(stored); Failed(status)) {
         return status;
@@ -374,7 +375,7 @@ Status StoreCore::SetDeviceZone(const std::string& name) {
         return Status::Ok;
     }
     const Status status = RunQuietly([&] {
-        Status steps = Items.RederiveZoned();
+        Status steps = Items.Rederive();
         if (Succeeded(steps)) {
             Query keep(Db, "UPDATE setting SET value = ? WHERE name = 'device_zone'");
             steps = keep.Bind(mark).Finish();

@@ -42,13 +42,20 @@ void ForeignRule::TakeCountedEnd(Seconds end) {
 bool ForeignRule::FindCountedEnds(ExpansionBudget& budget) {
     int counted = 0;
     for (std::vector<RecurrenceRule>* rules : {&Rule.Rules, &Rule.ExceptRules}) {
+        const bool adds = rules == &Rule.Rules;
         for (RecurrenceRule& rule : *rules) {
             if (rule.Count == 0) {
                 continue;
             }
-            Seconds last = Rule.Start - 1; // without any occurrence it ends before it begins
+            // The start is the first that a rule adds, also where the rule alone would not make it.
+            std::int64_t place = adds ? 1 : 0;
+            Seconds last = adds ? Rule.Start : Rule.Start - 1; // what takes nothing out ends before it begins
             RuleWalk walk(rule, Rule.Start, Rule.Start, budget);
             while (const std::optional<Seconds> time = walk.Next()) {
+                place += adds && *time == Rule.Start ? 0 : 1;
+                if (place > rule.Count) {
+                    break;
+                }
                 last = *time;
             }
             if (budget.IsSpent()) {
@@ -114,7 +121,7 @@ void ForeignRule::Expand(Seconds from, Seconds to, std::vector<RuleOccurrence>& 
 
 std::optional<RuleOccurrence> ForeignRule::FindFirst(const std::function<bool(Seconds)>& isExcepted,
                                                      ExpansionBudget& budget) const {
-    Seconds from = Rule.Dates.empty() ? Rule.Start : std::min(Rule.Start, Rule.Dates.front().Start);
+    Seconds from = Rule.Dates.front().Start;
     for (Seconds span = kFirstSpan; from < kEndOfTime && !budget.IsSpent(); span *= 8) {
         const Seconds to = std::min(from + span, kEndOfTime);
         std::vector<RuleOccurrence> found;
@@ -130,17 +137,18 @@ std::optional<RuleOccurrence> ForeignRule::FindFirst(const std::function<bool(Se
 }
 
 bool ForeignRule::TakesPlace() const {
-    if (!Rule.Dates.empty()) {
+    if (Rule.Rules.empty() || Rule.Dates.size() > 1) {
         return true;
     }
     ExpansionBudget budget(kStepsOfExpansion);
-    return std::any_of(Rule.Rules.begin(), Rule.Rules.end(), [&](const RecurrenceRule& rule) {
+    return std::any_of(Rule.Rules.begin(), Rule.Rules.end(), [&](RecurrenceRule rule) {
+        rule.Until.reset(); // one that ends before its second occurrence leaves the start in its own right
         return RuleWalk(rule, Rule.Start, Rule.Start, budget).Next().has_value();
     });
 }
 
 Seconds ForeignRule::FindLastStart() const {
-    Seconds last = Rule.Dates.empty() ? Rule.Start : std::max(Rule.Start, Rule.Dates.back().Start);
+    Seconds last = Rule.Dates.back().Start;
     for (const RecurrenceRule& rule : Rule.Rules) {
         if (rule.IsEndless()) {
             return kForever;

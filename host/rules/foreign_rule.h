@@ -15,7 +15,7 @@
 namespace tavo::rules {
 
 // The unfolded content lines RRULE, EXRULE, RDATE and EXDATE of a series, ready to be expanded. All times are on the
-// clock of the series' own zone (the device's, for a floating one).
+// clock of the series' own zone (the device's, for a floating one). The start is an occurrence, unless it is taken out.
 class ForeignRule {
   public:
     // Null when a line cannot be read or is not one of the four, and when the rules recur too often; `fault` then says
@@ -38,7 +38,7 @@ class ForeignRule {
     // The first that `isExcepted` does not take out; nothing also when the budget does not suffice.
     std::optional<RuleOccurrence> FindFirst(const std::function<bool(Seconds)>& isExcepted,
                                             ExpansionBudget& budget) const;
-    // False when its rules make no occurrence at all, whatever is taken out.
+    // False when its rules make no occurrence at all, and only the start is left of it.
     bool TakesPlace() const;
     // A time after which nothing starts; kForever when the rule is endless.
     Seconds FindLastStart() const;

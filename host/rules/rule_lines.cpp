@@ -165,9 +165,7 @@ bool ReadRuleLines(std::string_view lines, const ZoneRules* own, const ZoneLooku
             return false;
         }
     }
-    if (parts.Rules.empty()) {
-        parts.Dates.push_back({parts.Start, std::nullopt}); // a series of dates alone begins with its start
-    }
+    parts.Dates.push_back({parts.Start, std::nullopt}); // whether or not a rule makes it: lists of holidays rely on it
     const auto byStart = [](const RuleOccurrence& left, const RuleOccurrence& right) {
         return left.Start < right.Start;
     };

@@ -25,7 +25,7 @@ struct RuleParts {
     Seconds Start = 0;
     std::vector<RecurrenceRule> Rules;
     std::vector<RecurrenceRule> ExceptRules;
-    std::vector<RuleOccurrence> Dates; // sorted
+    std::vector<RuleOccurrence> Dates; // sorted; the start is one of them
     std::vector<Seconds> ExceptDates;  // sorted
     std::vector<DayNumber> ExceptDays; // sorted: whole days that an EXDATE without a time takes out
     std::int64_t StartsPerDay = 0;     // of all rules together, at most

@@ -48,6 +48,7 @@ struct Attack {
     const char* Name;
     std::string Rule;
     const char* Reason;
+    bool LeavesStart = false; // nothing asks for more work than it may, so the start is listed
 };
 
 std::vector<Attack> Attacks() {
@@ -56,9 +57,9 @@ std::vector<Attack> Attacks() {
         {"thousands of hourly lines", Repeat("RRULE:FREQ=HOURLY", 4900), "it recurs more often than 96 times a day"},
         {"thousands of hourly exceptions", "RRULE:FREQ=DAILY\n" + Repeat("EXRULE:FREQ=HOURLY", 4900),
          "it recurs more often than 96 times a day"},
-        {"never, by the hour", "RRULE:FREQ=HOURLY;BYMONTH=2;BYMONTHDAY=30", "its recurrence never takes place"},
-        {"never, by the month", "RRULE:FREQ=MONTHLY;BYMONTH=2;BYMONTHDAY=30", "its recurrence never takes place"},
-        {"never, by position", "RRULE:FREQ=MONTHLY;BYSETPOS=2", "its recurrence never takes place"},
+        {"never, by the hour", "RRULE:FREQ=HOURLY;BYMONTH=2;BYMONTHDAY=30", "its recurrence never takes place", true},
+        {"never, by the month", "RRULE:FREQ=MONTHLY;BYMONTH=2;BYMONTHDAY=30", "its recurrence never takes place", true},
+        {"never, by position", "RRULE:FREQ=MONTHLY;BYSETPOS=2", "its recurrence never takes place", true},
         {"a count without end", "RRULE:FREQ=HOURLY;COUNT=2000000000",
          "its number of occurrences takes too long to count"},
         {"a year of quarters of an hour for one start",
@@ -126,10 +127,12 @@ TEST_F(HeavyItem, AStoreThatHoldsOneAlreadyListsRemindsAndIsCheckedWithoutIt) {
         const double before = TimeUsed();
         Reopen();
         EXPECT_THAT(ListMonth(), ElementsAre("2026-03-14 09:00 Plain")) << attack.Name;
-        EXPECT_THAT(Occurrences(u"[Start] >= 1/1/2026 and [Start] <= 12/31/2027"),
-                    ElementsAre("2026-03-14 09:00 > 2026-03-14 10:00"))
-            << attack.Name;
-        EXPECT_EQ(NextReminder("2026-01-01"), "2026-03-14 08:45") << attack.Name;
+        std::vector<std::string> starts{"2026-03-14 09:00"};
+        if (attack.LeavesStart) {
+            starts.insert(starts.begin(), "2026-01-05 09:00");
+        }
+        EXPECT_EQ(Starts(u"[Start] >= 1/1/2026 and [Start] <= 12/31/2027"), starts) << attack.Name;
+        EXPECT_EQ(NextReminder("2026-01-06"), "2026-03-14 08:45") << attack.Name;
         const Diagnosis diagnosis = DiagnoseStore(Machine, File, CheckDepth::Full);
         EXPECT_EQ(diagnosis.State, Verdict::LeavesOut) << attack.Name;
         EXPECT_THAT(diagnosis.Findings,
@@ -155,7 +158,7 @@ TEST_F(HeavyItem, ARuleThatNeverMatchesKeepsNoMovedOccurrenceAwayFromOtherItems)
     const double before = TimeUsed();
     Reopen();
     EXPECT_THAT(ListMonth(), ElementsAre("2026-03-10 09:00 Heavy"));
-    EXPECT_EQ(NextReminder("2026-01-01"), "2026-03-10 08:45");
+    EXPECT_EQ(NextReminder("2026-01-06"), "2026-03-10 08:45");
     EXPECT_LT(TimeUsed() - before, kSoon);
     EXPECT_EQ(DiagnoseStore(Machine, File, CheckDepth::Full).State, Verdict::Ok);
 }

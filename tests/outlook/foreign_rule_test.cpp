@@ -1,5 +1,6 @@
 // Rules of other calendars: kept whole, expanded as they say.
 #include "host/rules/foreign_rule.h"
+#include "tests/outlook/planted_rule.h"
 #include "tests/outlook/store_fixture.h"
 
 #include <gmock/gmock.h>
@@ -49,6 +50,49 @@ TEST_F(ForeignRule, DatesAreAddedAndTakenOut) {
 TEST_F(ForeignRule, DatesAloneBeginWithTheStart) {
     Import(Foreign("2026-01-05 09:00", "2026-01-05 10:00", "RDATE:20260301T090000"));
     EXPECT_THAT(Starts(u"[Start] <= 12/31/2030"), ElementsAre("2026-01-05 09:00", "2026-03-01 09:00"));
+}
+
+TEST_F(ForeignRule, TheStartIsTheFirstAlsoWhereTheRuleDoesNotMakeIt) {
+    Import(Foreign("2026-01-05 09:00", "2026-01-05 10:00", "RRULE:FREQ=WEEKLY;BYDAY=TU;COUNT=3"));
+    EXPECT_THAT(Starts(u"[Start] <= 12/31/2030"),
+                ElementsAre("2026-01-05 09:00", "2026-01-06 09:00", "2026-01-13 09:00"));
+    EXPECT_THAT(Starts(u"[Start] = 1/5/2026"), ElementsAre("2026-01-05 09:00"));
+    EXPECT_THAT(Starts(u"[Start] > 1/13/2026 9:00 AM and [Start] <= 12/31/2030"), IsEmpty());
+}
+
+TEST_F(ForeignRule, AStartThatTheRuleDoesNotMakeIsAllThatACountOfOneLeaves) {
+    Import(Foreign("2026-01-05 09:00", "2026-01-05 10:00", "RRULE:FREQ=WEEKLY;BYDAY=TU;COUNT=1"));
+    EXPECT_THAT(Starts(u"[Start] <= 12/31/2030"), ElementsAre("2026-01-05 09:00"));
+}
+
+TEST_F(ForeignRule, AStartThatIsTakenOutCountsAllTheSame) {
+    Import(
+        Foreign("2026-01-05 09:00", "2026-01-05 10:00", "RRULE:FREQ=WEEKLY;BYDAY=TU;COUNT=3\nEXDATE:20260105T090000"));
+    EXPECT_THAT(Starts(u"[Start] <= 12/31/2030"), ElementsAre("2026-01-06 09:00", "2026-01-13 09:00"));
+}
+
+TEST_F(ForeignRule, WhatACountedRuleTakesOutIsCountedWithoutTheStart) {
+    Import(Foreign("2026-01-05 09:00", "2026-01-05 10:00",
+                   "RRULE:FREQ=DAILY;COUNT=10\nEXRULE:FREQ=WEEKLY;BYDAY=TU;COUNT=1"));
+    EXPECT_THAT(Starts(u"[Start] <= 1/7/2026"), ElementsAre("2026-01-05 09:00", "2026-01-07 09:00"));
+}
+
+// As a version left it that did not take the start for an occurrence.
+TEST_F(ForeignRule, ASeriesOfBeforeIsUnderstoodAnew) {
+    const Oid oid = Import(Foreign("2026-01-05 09:00", "2026-01-05 10:00", "RRULE:FREQ=WEEKLY;BYDAY=TU;COUNT=3"));
+    ASSERT_EQ(Query(CoreOf(*Store).Db, "UPDATE series SET first = first + ?1, last_day = last_day + 7 * ?1,"
+                                       " until = until + 7 * ?1 WHERE oid = ?2")
+                  .Bind(std::int64_t{kSecondsPerDay})
+                  .Bind(oid)
+                  .Finish(),
+              Status::Ok);
+    ASSERT_EQ(SumAnew(CoreOf(*Store)), Status::Ok);
+    Reopen();
+    EXPECT_EQ(Starts(u"[Start] <= 12/31/2030").back(), "2026-01-20 09:00"); // so far it is as it was
+    ASSERT_EQ(CoreOf(*Store).Db.Run("UPDATE setting SET value = '' WHERE name = 'device_zone'"), Status::Ok);
+    Reopen();
+    EXPECT_THAT(Starts(u"[Start] <= 12/31/2030"),
+                ElementsAre("2026-01-05 09:00", "2026-01-06 09:00", "2026-01-13 09:00"));
 }
 
 TEST_F(ForeignRule, AnExceptedDayWithoutATimeTakesTheDayOut) {
