@@ -18,17 +18,64 @@ if(TAVO_FUZZ)
   target_compile_options(tavo_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# tavo_library(NAME [SOURCES ...] [LINKS ...]): a static library of one folder.
-function(tavo_library name)
+# What nearly every source includes of the standard library is read once for all folders, as the program's are compiled and as
+# the others are. Each source still includes what it uses: builds where this is off hold them to it.
+set(tavo_common_headers
+  <algorithm> <array> <chrono> <cstdint> <filesystem> <functional> <map> <memory> <optional> <span> <string> <string_view>
+  <unordered_map> <utility> <variant> <vector>)
+# The compiler takes headers that it read so for the project's own: its false alarms about the standard library's copies of
+# strings come through. The build without Qt has them on, and reads each header anew.
+set(tavo_common_headers_options
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread>)
+
+# tavo_common_headers(NAME [OPTION ...]): a target whose common headers others use that are compiled by the same options.
+function(tavo_common_headers name)
+  set(source ${CMAKE_BINARY_DIR}/common_headers.cpp)
+  file(CONFIGURE OUTPUT ${source} CONTENT "")
+  add_library(${name} OBJECT ${source})
+  target_link_libraries(${name} PRIVATE tavo_options)
+  target_compile_options(${name} PRIVATE ${ARGN})
+  target_precompile_headers(${name} PRIVATE ${tavo_common_headers})
+endfunction()
+
+if(TAVO_COMMON_HEADERS)
+  tavo_common_headers(tavo_program_headers -fno-exceptions)
+  tavo_common_headers(tavo_host_headers)
+endif()
+
+# tavo_use_common_headers(NAME FROM | HEADER...): spares NAME the reading of the common headers: by those of the target FROM, or
+# by its own with HEADERs beside them.
+function(tavo_use_common_headers name)
+  if(NOT TAVO_COMMON_HEADERS)
+    return()
+  endif()
+  target_compile_options(${name} PRIVATE ${tavo_common_headers_options})
+  if(TARGET ${ARGV1})
+    target_precompile_headers(${name} REUSE_FROM ${ARGV1})
+  else()
+    target_precompile_headers(${name} PRIVATE ${tavo_common_headers} ${ARGN})
+  endif()
+endfunction()
+
+# tavo_plain_library(NAME [SOURCES ...] [LINKS ...]): a static library of one folder that reads its headers itself, as one must
+# whose libraries ask for compiler options of their own.
+function(tavo_plain_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC tavo_options ${ARG_LINKS})
 endfunction()
 
+# tavo_library(NAME ...): the same, with the common headers.
+function(tavo_library name)
+  tavo_plain_library(${name} ${ARGN})
+  tavo_use_common_headers(${name} tavo_host_headers)
+endfunction()
+
 # The program and the framework throw nothing, and the compiler holds them to it.
 function(tavo_program_library name)
-  tavo_library(${name} ${ARGN})
+  tavo_plain_library(${name} ${ARGN})
   target_compile_options(${name} PRIVATE -fno-exceptions)
+  tavo_use_common_headers(${name} tavo_program_headers)
 endfunction()
 
 # tavo_precompile_for_tests(NAME SOURCE...): reads what nearly every test includes once for the whole target. Each source
