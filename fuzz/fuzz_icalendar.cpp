@@ -23,6 +23,10 @@ void Require(bool holds) {
     }
 }
 
+bool IsLineEnd(char byte) {
+    return byte == '\n' || byte == '\r';
+}
+
 // Holds what every reader of a file may rely on.
 class CheckingSink final : public IEntrySink {
   public:
@@ -48,6 +52,11 @@ class CheckingSink final : public IEntrySink {
         RequireLine(line);
         Require(!reason.empty());
         return true;
+    }
+
+    void OnMended(int line, const std::string& what) override {
+        RequireLine(line);
+        Require(!what.empty());
     }
 
     bool OnPassedOver() override { return true; }
@@ -79,11 +88,13 @@ class CheckingSink final : public IEntrySink {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
     MemorySource source(text);
-    CheckingSink sink(static_cast<int>(std::count(text.begin(), text.end(), '\n')) + 1);
-    FileFault fault;
-    if (ReadCalendarFile(source, sink, fault) == FileOutcome::Broken) {
-        sink.RequireLine(fault.Line);
-        Require(!fault.Reason.empty());
+    for (const Manner manner : {Manner::Lenient, Manner::Strict}) {
+        CheckingSink sink(static_cast<int>(std::count_if(text.begin(), text.end(), IsLineEnd)) + 1);
+        FileFault fault;
+        if (ReadCalendarFile(source, sink, manner, fault) == FileOutcome::Broken) {
+            sink.RequireLine(fault.Line);
+            Require(!fault.Reason.empty());
+        }
     }
     return 0;
 }

@@ -96,7 +96,7 @@ void Import(const StorePtr& store, const std::string& text) {
     Require(Succeeded(writer.Begin(u"Import")));
     exchange::StoreSink sink(writer, std::nullopt, [](std::int64_t) { return true; });
     exchange::FileFault fault;
-    if (exchange::ReadCalendarFile(source, sink, fault) == exchange::FileOutcome::Read) {
+    if (exchange::ReadCalendarFile(source, sink, exchange::Manner::Lenient, fault) == exchange::FileOutcome::Read) {
         Require(Succeeded(writer.Commit()));
     } else {
         Require(Succeeded(sink.GetStoreStatus()) && Succeeded(writer.Abandon()));

@@ -217,6 +217,8 @@ std::optional<ImportOptions> ParseImport(std::span<const std::string_view> words
             if (!TakeTag(reader, options.Tag, error)) {
                 return std::nullopt;
             }
+        } else if (word == "--strict") {
+            options.Strict = true;
         } else if (IsHelp(word)) {
             options.Help = true;
         } else {

@@ -29,6 +29,7 @@ struct AgendaOptions {
 struct ImportOptions {
     std::vector<std::string> Paths;
     ImportTag Tag = ImportTag::None;
+    bool Strict = false; // a file with any fault is refused whole
     bool Help = false;
 };
 

@@ -30,19 +30,20 @@ line was not understood.
 const std::string_view kImportHelp =
     R"(tavo import - bring iCalendar files into the calendar
 
-Usage: tavo import PATH... [--as alarm|holiday|anniversary]
+Usage: tavo import PATH... [--as alarm|holiday|anniversary] [--strict]
 
 A PATH is an .ics file, or a folder whose .ics files are all read, its subfolders too.
 
   --as KIND   tag what the files hold as alarm, holiday or anniversary; this also
               works while the calendar's window is open
+  --strict    refuse a file that is anywhere against the format, instead of mending it
   --help      show this text
 
-A file comes in whole or not at all: when it is broken, nothing of it is imported,
-the message names the line, and the next file is read. An entry that the calendar
-cannot hold (it lasts longer than 31 days, for example) is refused by itself, with file,
-line and reason. Importing a file again changes only what is different in it: entries
-are known by their UID.
+What is against the format costs the smallest part that it spoils: that is left out or
+read another way, and file, line and what was done are named. An entry that has no
+readable start, or that the calendar cannot hold (it lasts longer than 31 days, for
+example), is refused by itself. Importing a file again changes only what is different in
+it: entries are known by their UID.
 
 Tasks, notes and cancelled events are passed over. Ctrl+C takes back the file that is
 just being read; what was imported before it stays.

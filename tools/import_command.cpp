@@ -22,7 +22,7 @@ using exchange::CountOf;
 using exchange::FileFault;
 using exchange::FileOutcome;
 using exchange::ImportCounts;
-using exchange::Refusal;
+using exchange::Remark;
 using exchange::StoreSink;
 using outlook::ImportWriter;
 
@@ -57,7 +57,8 @@ void ComplainAbout(const std::string& path, int line, const std::string& reason)
 class Import {
   public:
     Import(outlook::StorePtr store, const ImportOptions& options)
-        : Store(std::move(store)), Tag(ChooseList(options.Tag)) {}
+        : Store(std::move(store)), Tag(ChooseList(options.Tag)),
+          Manner(options.Strict ? exchange::Manner::Strict : exchange::Manner::Lenient) {}
 
     void Run(const std::vector<ImportFile>& files) {
         for (const ImportFile& file : files) {
@@ -115,7 +116,7 @@ class Import {
             return !WasInterrupted();
         });
         FileFault fault;
-        switch (exchange::ReadCalendarFile(source, sink, fault)) {
+        switch (exchange::ReadCalendarFile(source, sink, Manner, fault)) {
         case FileOutcome::Broken:
             TakeBack(writer);
             Refuse(file.Path, fault);
@@ -146,11 +147,20 @@ class Import {
     void Accept(const ImportFile& file, const StoreSink& sink) {
         ++GoodFiles;
         Counts.Add(sink.GetCounts());
-        if (!sink.GetRefusals().empty()) {
+        if (!sink.GetRemarks().empty()) {
             Bar.Clear();
         }
-        for (const Refusal& refusal : sink.GetRefusals()) {
-            ComplainAbout(file.Path, refusal.Line, "refused: " + refusal.Reason);
+        for (const Remark& remark : sink.GetRemarks()) {
+            const char* const what = remark.What == Remark::Kind::Refused ? "refused: " : "mended: ";
+            ComplainAbout(file.Path, remark.Line, what + remark.Text);
+        }
+        TellOfMore(file.Path, sink.GetCounts().Refused, "refused");
+        TellOfMore(file.Path, sink.GetCounts().Mended, "mended");
+    }
+
+    static void TellOfMore(const std::string& path, int count, const char* what) {
+        if (count > exchange::kMostRemarks) {
+            ComplainAbout(path, 0, std::to_string(count - exchange::kMostRemarks) + " more were " + what);
         }
     }
 
@@ -162,6 +172,7 @@ class Import {
 
     outlook::StorePtr Store;
     std::optional<TagList> Tag;
+    exchange::Manner Manner;
     ProgressBar Bar;
     std::int64_t TotalBytes = 0;
     std::int64_t DoneBytes = 0;

@@ -14,44 +14,63 @@ ReadStep Continue(bool goOn) {
 
 } // namespace
 
-CalendarFileReader::CalendarFileReader(IByteSource& source, IEntrySink& sink)
-    : Source(source), Sink(sink), Zones(sink), Events(Zones), Pieces(std::make_unique<PieceReader>(source)) {}
+CalendarFileReader::CalendarFileReader(IByteSource& source, IEntrySink& sink, Manner manner)
+    : Source(source), Sink(sink), Silent(nullptr, manner), Faults(&sink, manner), Zones(sink), Events(Zones),
+      Pieces(std::make_unique<PieceReader>(source, Silent)) {}
 
 ReadStep CalendarFileReader::SurveyNext() {
     if (!Sink.OnProgress(0)) {
         return ReadStep::Stopped;
     }
-    switch (Pieces->Read(Piece)) {
-    case ReadResult::End:
+    const ReadStep step = ReadPiece();
+    if (step == ReadStep::Done) {
         Survey.Close();
-        Pieces = std::make_unique<PieceReader>(Source); // from the beginning again
+        SurveyedEnd = Pieces->GetOffset();
+        Pieces = std::make_unique<PieceReader>(Source, Faults); // from the beginning again
         Offset = 0;
-        return ReadStep::Done;
-    case ReadResult::Fault:
-        Fault = Pieces->GetFault();
-        return ReadStep::Broken;
-    case ReadResult::Piece:
-        break;
+    } else if (step == ReadStep::More) {
+        Survey.Take(Piece, Zones, Faults); // a zone is looked at here only
+        return Faults.GetBreaking() ? Break(*Faults.GetBreaking()) : step;
     }
-    Offset = Pieces->GetOffset();
-    return Survey.Take(Piece, Zones, Fault) ? ReadStep::More : ReadStep::Broken;
+    return step;
 }
 
 ReadStep CalendarFileReader::ReadNext() {
-    switch (Pieces->Read(Piece)) {
-    case ReadResult::End:
-        return ReadStep::Done;
-    case ReadResult::Fault:
-        Fault = Pieces->GetFault();
-        return ReadStep::Broken;
-    case ReadResult::Piece:
-        break;
+    ReadStep step = ReadPiece();
+    if (step == ReadStep::Done && Offset != SurveyedEnd) {
+        return Break({Piece.Line, "the file was changed while it was read"});
     }
-    Offset = Pieces->GetOffset();
+    if (step != ReadStep::More) {
+        return step;
+    }
     if (!Sink.OnProgress(Offset)) {
         return ReadStep::Stopped;
     }
-    return Piece.Kind == PieceKind::Event ? ReadEvent() : PassOver();
+    step = Piece.Kind == PieceKind::Event ? ReadEvent() : PassOver();
+    return Faults.GetBreaking() ? Break(*Faults.GetBreaking()) : step;
+}
+
+// The next entry of this time through.
+ReadStep CalendarFileReader::ReadPiece() {
+    const ReadResult result = Pieces->Read(Piece);
+    if (const auto& breaking = (Silent.GetBreaking() ? Silent : Faults).GetBreaking(); breaking) {
+        return Break(*breaking);
+    }
+    Offset = Pieces->GetOffset();
+    switch (result) {
+    case ReadResult::End:
+        return ReadStep::Done;
+    case ReadResult::Fault:
+        return Break(Pieces->GetFault());
+    case ReadResult::Piece:
+        break;
+    }
+    return ReadStep::More;
+}
+
+ReadStep CalendarFileReader::Break(const FileFault& fault) {
+    Fault = fault;
+    return ReadStep::Broken;
 }
 
 ReadStep CalendarFileReader::PassOver() {
@@ -59,16 +78,18 @@ ReadStep CalendarFileReader::PassOver() {
 }
 
 ReadStep CalendarFileReader::Refuse(Reading reading, const FileFault& fault) {
-    if (reading == Reading::Broken) {
-        Fault = fault;
-        return ReadStep::Broken;
+    if (reading == Reading::Broken && Faults.IsStrict()) {
+        return Break(fault);
     }
     return Continue(Sink.OnRefused(fault.Line, fault.Reason));
 }
 
 ReadStep CalendarFileReader::ReadEvent() {
     FileFault fault;
-    const Reading reading = Events.Read(Piece, Entry, fault);
+    const Reading reading = Events.Read(Piece, Faults, Entry, fault);
+    if (Faults.GetBreaking()) {
+        return ReadStep::Broken;
+    }
     if (reading != Reading::Good) {
         return Refuse(reading, fault);
     }
@@ -82,34 +103,29 @@ ReadStep CalendarFileReader::ReadEvent() {
     if (Entry.Cancelled) {
         return Continue(Sink.OnPassedOver());
     }
-    const ReadStep step = AddOccurrences();
-    return step == ReadStep::More ? Continue(Sink.OnItem(Entry.Item, Piece.Line)) : step;
+    return Continue(AddOccurrences() && Sink.OnItem(Entry.Item, Piece.Line));
 }
 
-// Gives the series in Entry its moved and cancelled occurrences, wherever they stand in the file.
-ReadStep CalendarFileReader::AddOccurrences() {
+// Gives the series in Entry its moved and cancelled occurrences, wherever they stand in the file. One that cannot be
+// read is told when its own turn comes. False: the sink does not want to go on.
+bool CalendarFileReader::AddOccurrences() {
     const std::vector<PiecePlace>& places = Survey.FindOccurrences(Entry.Item.Uid);
     if (places.empty() || !Entry.Item.IsRecurring()) {
-        return ReadStep::More;
+        return true;
     }
-    PieceReader reader(Source);
+    FaultTeller unheard(nullptr, Manner::Lenient);
+    PieceReader reader(Source, unheard);
     CalendarPiece piece;
     EventEntry occurrence;
     std::vector<StoredException>& all = Entry.Item.Exceptions;
     for (const PiecePlace& place : places) {
         FileFault fault;
         if (!Sink.OnProgress(Offset)) {
-            return ReadStep::Stopped;
+            return false;
         }
-        if (reader.ReadAt(place.Offset, place.Line, piece) != ReadResult::Piece) {
-            Fault = reader.GetFault();
-            return ReadStep::Broken;
-        }
-        const Reading reading = Events.Read(piece, occurrence, fault);
-        if (reading == Reading::Good) {
+        if (reader.ReadAt(place.Offset, place.Line, piece) == ReadResult::Piece &&
+            Events.Read(piece, unheard, occurrence, fault) == Reading::Good && occurrence.Occurrence) {
             all.push_back(MakeException(occurrence, Entry.Start, Entry.Item));
-        } else if (reading == Reading::Broken) {
-            return Refuse(reading, fault); // one that is refused is named when its own turn comes
         }
     }
     // Of several for one occurrence the later entry counts.
@@ -118,7 +134,7 @@ ReadStep CalendarFileReader::AddOccurrences() {
                      [](const StoredException& a, const StoredException& b) { return a.Original < b.Original; });
     const auto same = [](const StoredException& a, const StoredException& b) { return a.Original == b.Original; };
     all.erase(std::unique(all.begin(), all.end(), same), all.end());
-    return ReadStep::More;
+    return true;
 }
 
 // An occurrence whose series is in the file came in with the series, or will.
@@ -134,8 +150,8 @@ ReadStep CalendarFileReader::ReadOccurrence() {
     return Continue(Sink.OnLoneOccurrence(lone, Piece.Line));
 }
 
-FileOutcome ReadCalendarFile(IByteSource& source, IEntrySink& sink, FileFault& fault) {
-    CalendarFileReader reader(source, sink);
+FileOutcome ReadCalendarFile(IByteSource& source, IEntrySink& sink, Manner manner, FileFault& fault) {
+    CalendarFileReader reader(source, sink, manner);
     ReadStep step = ReadStep::More;
     while (step == ReadStep::More) {
         step = reader.SurveyNext();

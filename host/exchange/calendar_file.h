@@ -13,13 +13,13 @@ namespace tavo::exchange {
 
 enum class FileOutcome {
     Read,    // to the end
-    Broken,  // against the format; what the sink got must not be kept
+    Broken,  // no calendar, or read strictly and against the format; what the sink got must not be kept
     Stopped, // the sink did not want to go on
 };
 
 // Reads the file twice: first its zones, doubled entries and single occurrences are found, for they may stand anywhere;
 // then each entry is read and given to the sink. Broken: `fault` names line and reason.
-FileOutcome ReadCalendarFile(IByteSource& source, IEntrySink& sink, FileFault& fault);
+FileOutcome ReadCalendarFile(IByteSource& source, IEntrySink& sink, Manner manner, FileFault& fault);
 
 enum class ReadStep {
     More,
@@ -32,7 +32,7 @@ enum class ReadStep {
 class CalendarFileReader {
   public:
     // Both must outlive it.
-    CalendarFileReader(IByteSource& source, IEntrySink& sink);
+    CalendarFileReader(IByteSource& source, IEntrySink& sink, Manner manner);
 
     // The first time through; the sink is only asked whether to go on.
     ReadStep SurveyNext();
@@ -49,14 +49,18 @@ class CalendarFileReader {
     const FileFault& GetFault() const { return Fault; }
 
   private:
+    ReadStep ReadPiece();
+    ReadStep Break(const FileFault& fault);
     ReadStep ReadEvent();
     ReadStep PassOver();
     ReadStep Refuse(Reading reading, const FileFault& fault);
-    ReadStep AddOccurrences();
+    bool AddOccurrences();
     ReadStep ReadOccurrence();
 
     IByteSource& Source;
     IEntrySink& Sink;
+    FaultTeller Silent; // the first time through nobody is told
+    FaultTeller Faults;
     FileFault Fault;
     ZoneTable Zones;
     EventReader Events;
@@ -65,6 +69,7 @@ class CalendarFileReader {
     CalendarPiece Piece;
     EventEntry Entry;
     std::int64_t Offset = 0;
+    std::int64_t SurveyedEnd = 0;
 };
 
 } // namespace tavo::exchange

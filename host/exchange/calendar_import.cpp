@@ -17,8 +17,8 @@ namespace {
 
 constexpr int kWhole = 1000;
 // More than these are too much for a small screen.
-constexpr std::size_t kNamedRefusals = 2;
-constexpr std::size_t kLongestRefusal = 64;
+constexpr std::size_t kNamedRemarks = 2;
+constexpr std::size_t kLongestRemark = 64;
 constexpr std::size_t kLongestReason = 120;
 constexpr std::size_t kLongestName = 48;
 
@@ -35,8 +35,12 @@ std::u16string ForPeople(const std::string& text, std::size_t longest) {
     return line;
 }
 
-std::string DescribeRefusal(const Refusal& refusal) {
-    return (refusal.Line > 0 ? "Line " + std::to_string(refusal.Line) + ": " : std::string()) + refusal.Reason;
+std::string DescribePlace(int line, const std::string& text) {
+    return (line > 0 ? "Line " + std::to_string(line) + ": " : std::string()) + text;
+}
+
+std::string DescribeFault(const FileFault& fault) {
+    return DescribePlace(fault.Line, fault.Reason);
 }
 
 } // namespace
@@ -45,7 +49,7 @@ std::string DescribeRefusal(const Refusal& refusal) {
 struct CalendarImport::File {
     File(std::string path, std::unique_ptr<IByteSource> source, std::unique_ptr<IItemWriter> writer)
         : Path(std::move(path)), Source(std::move(source)), Writer(std::move(writer)),
-          Sink(*Writer, std::nullopt, [](std::int64_t) { return true; }), Reader(*Source, Sink) {}
+          Sink(*Writer, std::nullopt, [](std::int64_t) { return true; }), Reader(*Source, Sink, Manner::Lenient) {}
 
     std::string Path;
     std::unique_ptr<IByteSource> Source;
@@ -90,7 +94,7 @@ bool CalendarImport::LookOn() {
     case ReadStep::More:
         return true;
     case ReadStep::Broken:
-        return Fail(DescribeRefusal({Current->Reader.GetFault().Line, Current->Reader.GetFault().Reason}));
+        return Fail(DescribeFault(Current->Reader.GetFault()));
     default:
         return false;
     }
@@ -114,7 +118,7 @@ bool CalendarImport::ImportOn() {
     case ReadStep::More:
         return true;
     case ReadStep::Broken:
-        return Fail(DescribeRefusal({Current->Reader.GetFault().Line, Current->Reader.GetFault().Reason}));
+        return Fail(DescribeFault(Current->Reader.GetFault()));
     case ReadStep::Stopped:
         return FailAs(Current->Sink.GetStoreStatus());
     case ReadStep::Done:
@@ -162,12 +166,15 @@ std::u16string CalendarImport::Outcome() const {
     if (const std::string passed = DescribePassedOver(counts); !passed.empty()) {
         text += u"\n" + locale::ToUtf16(passed);
     }
-    const std::vector<Refusal>& refusals = Current->Sink.GetRefusals();
-    const std::size_t named = std::min(refusals.size(), kNamedRefusals);
+    // What was refused is not there, so it comes first.
+    std::vector<Remark> remarks = Current->Sink.GetRemarks();
+    std::stable_partition(remarks.begin(), remarks.end(),
+                          [](const Remark& remark) { return remark.What == Remark::Kind::Refused; });
+    const std::size_t named = std::min(remarks.size(), kNamedRemarks);
     for (std::size_t index = 0; index < named; ++index) {
-        text += u"\n" + ForPeople(DescribeRefusal(refusals[index]) + ".", kLongestRefusal);
+        text += u"\n" + ForPeople(DescribePlace(remarks[index].Line, remarks[index].Text) + ".", kLongestRemark);
     }
-    if (refusals.size() > named) {
+    if (remarks.size() > named) {
         text += u"\nThe command `tavo import` names them all.";
     }
     return text;

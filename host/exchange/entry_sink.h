@@ -17,14 +17,16 @@ struct LoneOccurrence {
     rules::StoredItem Alone; // the same as an appointment by itself, if the series is nowhere
 };
 
-// Each call gives false to end the reading: nothing more is called then.
+// A call that gives false ends the reading: nothing more is called then.
 class IEntrySink {
   public:
     virtual ~IEntrySink() = default;
     virtual bool OnItem(const rules::StoredItem& item, int line) = 0;
     virtual bool OnLoneOccurrence(const LoneOccurrence& occurrence, int line) = 0;
-    // An entry that cannot be kept, though the file is in order.
+    // An entry that cannot be kept, or not be read.
     virtual bool OnRefused(int line, const std::string& reason) = 0;
+    // Something against the format, and what was done about it, as a phrase for people.
+    virtual void OnMended(int line, const std::string& what) = 0;
     // A task, a note, a cancelled event.
     virtual bool OnPassedOver() = 0;
     // Bytes done of the file. Called often.

@@ -28,9 +28,10 @@ struct EventLines {
     std::vector<LineList> Alarms;
 };
 
-// Reads a piece, which must outlive the result. What cannot be split, and what is optional and of no form, is left out.
-// False, with the fault's line and reason, when a line that matters cannot be read.
-bool ReadEventLines(const CalendarPiece& piece, EventLines& lines, FileFault& fault);
+// Reads a piece, which must outlive the result. What cannot be split, and what is optional and of no form, is left out;
+// what would mean something if it could be read is taken out of the piece too, and told. False, with the fault's line
+// and reason, when a line cannot be read without which there is no entry.
+bool ReadEventLines(CalendarPiece& piece, EventLines& lines, FaultTeller& faults, FileFault& fault);
 
 // The line number of the first line of this name in the piece; the piece's own when there is none.
 int FindLine(const CalendarPiece& piece, std::string_view name);

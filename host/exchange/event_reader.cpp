@@ -63,50 +63,21 @@ void ReadFlags(const LineList& event, EventEntry& entry) {
     item.BusyStatus = ReadBusyWord(ReadWord(event, "X-MICROSOFT-CDO-BUSYSTATUS"), item.BusyStatus);
 }
 
-} // namespace
-
-Reading EventReader::Read(const CalendarPiece& piece, EventEntry& entry, FileFault& fault) {
-    entry = {};
-    EventLines lines;
-    if (!ReadEventLines(piece, lines, fault)) {
-        return Reading::Broken;
-    }
-    entry.Item.Uid = FindUid(piece);
-    EventTime end;
-    Reading reading = ReadTimes(piece, lines.Own, entry, end, fault);
-    if (reading == Reading::Good) {
-        reading = ReadOccurrence(piece, lines.Own, entry, fault);
-    }
-    if (reading == Reading::Good && !entry.Occurrence) {
-        reading = ReadSeries(piece, lines.Own, entry.Start, Zones, entry.Item, fault);
-    }
-    if (reading != Reading::Good) {
-        return reading;
-    }
-    ReadText(lines.Own, "SUMMARY", entry.Item.Subject);
-    ReadText(lines.Own, "LOCATION", entry.Item.Location);
-    ReadText(lines.Own, "DESCRIPTION", entry.Item.Body);
-    ReadCategories(lines.Own, entry.Item);
-    ReadFlags(lines.Own, entry);
-    ReadReminder(lines, entry.Start, end, entry.Item);
-    return Reading::Good;
-}
-
-Reading EventReader::ReadTimes(const CalendarPiece& piece, const LineList& event, EventEntry& entry, EventTime& end,
-                               FileFault& fault) {
+Reading ReadTimes(const LineList& event, const EntryContext& context, EventEntry& entry, EventTime& end,
+                  FileFault& fault) {
     const rules::ContentLine* line = event.FindFirst("DTSTART");
     if (line == nullptr) {
-        fault = {piece.Line, "it has no start (DTSTART)"};
+        fault = {context.Piece.Line, "it has no start (DTSTART)"};
         return Reading::Refused;
     }
-    Reading reading = ReadTime(*line, line->Value, Zones, entry.Start, fault.Reason);
+    Reading reading = ReadTime(*line, line->Value, context, entry.Start, fault.Reason);
     if (reading != Reading::Good) {
-        fault.Line = FindLine(piece, "DTSTART");
+        fault.Line = FindLine(context.Piece, "DTSTART");
         return reading;
     }
-    reading = ReadEnd(event, entry.Start, Zones, end, fault.Reason);
+    reading = ReadEnd(event, entry.Start, context, end, fault.Reason);
     if (reading != Reading::Good) {
-        fault.Line = FindLine(piece, "DTEND");
+        fault.Line = FindLine(context.Piece, "DTEND");
         return reading;
     }
     StoredItem& item = entry.Item;
@@ -122,22 +93,55 @@ Reading EventReader::ReadTimes(const CalendarPiece& piece, const LineList& event
     return Reading::Good;
 }
 
-Reading EventReader::ReadOccurrence(const CalendarPiece& piece, const LineList& event, EventEntry& entry,
-                                    FileFault& fault) {
+Reading ReadOccurrence(const LineList& event, const EntryContext& context, EventEntry& entry, FileFault& fault) {
     const rules::ContentLine* line = event.FindFirst("RECURRENCE-ID");
     if (line == nullptr) {
         return Reading::Good;
     }
-    fault.Line = FindLine(piece, "RECURRENCE-ID");
+    fault.Line = FindLine(context.Piece, "RECURRENCE-ID");
     if (line->FindParameter("RANGE") != nullptr) {
         fault.Reason = "it changes all later occurrences of a series at once (RANGE), which cannot be kept";
         return Reading::Refused;
     }
     EventTime time;
-    const Reading reading = ReadTime(*line, line->Value, Zones, time, fault.Reason);
+    const Reading reading = ReadTime(*line, line->Value, context, time, fault.Reason);
     entry.Occurrence = time;
     entry.OccurrenceText = locale::TrimBlanks(line->Value);
     return reading;
+}
+
+} // namespace
+
+Reading EventReader::Read(CalendarPiece& piece, FaultTeller& faults, EventEntry& entry, FileFault& fault) {
+    entry = {};
+    if (piece.TooLargeLine != 0) {
+        fault = {piece.TooLargeLine, "this entry is too large"};
+        return Reading::Broken;
+    }
+    entry.Item.Uid = FindUid(piece);
+    EventLines lines;
+    if (!ReadEventLines(piece, lines, faults, fault)) {
+        return Reading::Broken;
+    }
+    const EntryContext context{piece, Zones, faults};
+    EventTime end;
+    Reading reading = ReadTimes(lines.Own, context, entry, end, fault);
+    if (reading == Reading::Good) {
+        reading = ReadOccurrence(lines.Own, context, entry, fault);
+    }
+    if (reading == Reading::Good && !entry.Occurrence) {
+        reading = ReadSeries(lines.Own, entry.Start, context, entry.Item, fault);
+    }
+    if (reading != Reading::Good) {
+        return reading;
+    }
+    ReadText(lines.Own, "SUMMARY", entry.Item.Subject);
+    ReadText(lines.Own, "LOCATION", entry.Item.Location);
+    ReadText(lines.Own, "DESCRIPTION", entry.Item.Body);
+    ReadCategories(lines.Own, entry.Item);
+    ReadFlags(lines.Own, entry);
+    ReadReminder(lines, entry.Start, end, entry.Item);
+    return Reading::Good;
 }
 
 StoredException MakeException(const EventEntry& entry, const EventTime& seriesStart, const StoredItem& series) {

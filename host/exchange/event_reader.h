@@ -21,14 +21,10 @@ class EventReader {
   public:
     explicit EventReader(ZoneTable& zones) : Zones(zones) {}
 
-    // Not Good: `fault` names the line and says why.
-    Reading Read(const CalendarPiece& piece, EventEntry& entry, FileFault& fault);
+    // Not Good: `fault` names the line and says why. What cannot be read and is not needed is taken out of the piece.
+    Reading Read(CalendarPiece& piece, FaultTeller& faults, EventEntry& entry, FileFault& fault);
 
   private:
-    Reading ReadTimes(const CalendarPiece& piece, const LineList& event, EventEntry& entry, EventTime& end,
-                      FileFault& fault);
-    Reading ReadOccurrence(const CalendarPiece& piece, const LineList& event, EventEntry& entry, FileFault& fault);
-
     ZoneTable& Zones;
 };
 

@@ -26,8 +26,9 @@ bool IsRuleLine(std::string_view name) {
                        [name](std::string_view rule) { return EqualsIgnoringCase(name, rule); });
 }
 
-// The line with the zone's name as the store knows it; false when nothing knows the zone.
-bool NameZone(std::string& line, ZoneTable& zones, std::string& reason) {
+// The line with the zone's name as the store knows it, or without the name of one that nothing knows; false when the
+// file's own zone cannot be kept.
+bool NameZone(std::string& line, int number, const EntryContext& context, std::string& reason) {
     const auto begin =
         std::search(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(line.find(':')), kZoneParameter.begin(),
                     kZoneParameter.end(), [](char a, char b) { return (a >= 'a' && a <= 'z' ? a - 32 : a) == b; });
@@ -41,25 +42,31 @@ bool NameZone(std::string& line, ZoneTable& zones, std::string& reason) {
         return true;
     }
     const std::string name = line.substr(from + quoted, to - from - quoted);
-    const Zone* zone = zones.Find(name);
-    if (zone == nullptr) {
-        reason = zones.DescribeUnknown(name);
+    const Zone* zone = context.Zones.Find(name);
+    if (zone == nullptr && context.Zones.IsDefined(name)) {
+        reason = context.Zones.DescribeUnknown(name);
         return false;
+    }
+    if (zone == nullptr) {
+        context.Zones.TellUnknown(name, number, context.Faults);
+        line.erase(from - kZoneParameter.size(), to + (quoted ? 1 : 0) - from + kZoneParameter.size());
+        return true;
     }
     line.replace(from, to - from + quoted,
                  zone->Name.find_first_of(":;,") == std::string::npos ? zone->Name : "\"" + zone->Name + "\"");
     return true;
 }
 
-Reading KeepRule(const CalendarPiece& piece, ZoneTable& zones, StoredItem& item, FileFault& fault) {
+Reading KeepRule(const EntryContext& context, StoredItem& item, FileFault& fault) {
+    const CalendarPiece& piece = context.Piece;
     for (std::size_t index = 0; index < piece.Lines.size(); ++index) {
         std::string line = piece.GetLine(index);
         std::string_view name;
         std::string_view value;
-        if (!SplitLine(line, name, value) || !IsRuleLine(name)) {
+        if (!piece.Lines[index].IsRead || !SplitLine(line, name, value) || !IsRuleLine(name)) {
             continue;
         }
-        if (!NameZone(line, zones, fault.Reason)) {
+        if (!NameZone(line, piece.Lines[index].Number, context, fault.Reason)) {
             fault.Line = piece.Lines[index].Number;
             return Reading::Refused;
         }
@@ -115,13 +122,13 @@ std::vector<std::pair<const rules::ContentLine*, std::string_view>> ListValues(c
     return values;
 }
 
-Reading ReadCancelled(const CalendarPiece& piece, const LineList& event, const EventTime& start, ZoneTable& zones,
-                      StoredItem& item, FileFault& fault) {
+Reading ReadCancelled(const LineList& event, const EventTime& start, const EntryContext& context, StoredItem& item,
+                      FileFault& fault) {
     for (const auto& [line, value] : ListValues(event, "EXDATE")) {
         EventTime time;
-        const Reading reading = ReadTime(*line, value, zones, time, fault.Reason);
+        const Reading reading = ReadTime(*line, value, context, time, fault.Reason);
         if (reading != Reading::Good) {
-            fault.Line = FindLine(piece, "EXDATE");
+            fault.Line = FindLine(context.Piece, "EXDATE");
             return reading;
         }
         StoredException exception;
@@ -141,8 +148,8 @@ Reading ReadCancelled(const CalendarPiece& piece, const LineList& event, const E
 
 } // namespace
 
-Reading ReadSeries(const CalendarPiece& piece, const LineList& event, const EventTime& start, ZoneTable& zones,
-                   StoredItem& item, FileFault& fault) {
+Reading ReadSeries(const LineList& event, const EventTime& start, const EntryContext& context, StoredItem& item,
+                   FileFault& fault) {
     const std::vector<const rules::ContentLine*> ruleLines = event.FindAll("RRULE");
     const bool hasExtraDays = event.FindFirst("RDATE") != nullptr;
     if (ruleLines.empty() && !hasExtraDays) {
@@ -152,18 +159,20 @@ Reading ReadSeries(const CalendarPiece& piece, const LineList& event, const Even
     std::string whyForeign; // why a rule cannot be walked is said where it is kept
     if (ruleLines.size() != 1 || hasExtraDays || event.FindFirst("EXRULE") != nullptr ||
         !rules::ReadRuleText(ruleLines.front()->Value, text, whyForeign)) {
-        return KeepRule(piece, zones, item, fault);
+        return KeepRule(context, item, fault);
     }
     const std::optional<SeriesRule> series = RecogniseRule(text, start.Clock);
     if (!series) {
-        return KeepRule(piece, zones, item, fault);
+        return KeepRule(context, item, fault);
     }
-    SetPattern(*series, text, start, zones, item.Pattern);
+    SetPattern(*series, text, start, context.Zones, item.Pattern);
     if (item.Pattern.End == PatternEnd::OnDate && item.Pattern.LastDay < rules::DayOf(start.Clock)) {
-        fault = {FindLine(piece, "RRULE"), "its repetition ends before it begins"};
-        return Reading::Refused;
+        context.Faults.Tell(FindLine(context.Piece, "RRULE"), "its repetition ends before it begins",
+                            "it takes place once");
+        item.Pattern = {};
+        return Reading::Good;
     }
-    return ReadCancelled(piece, event, start, zones, item, fault);
+    return ReadCancelled(event, start, context, item, fault);
 }
 
 } // namespace tavo::exchange

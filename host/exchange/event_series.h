@@ -7,7 +7,7 @@ namespace tavo::exchange {
 
 // Fills the item's pattern, foreign rule and cancelled occurrences from RRULE, EXRULE, RDATE and EXDATE.
 // Not Good: `fault` names the line and says why.
-Reading ReadSeries(const CalendarPiece& piece, const LineList& event, const EventTime& start, ZoneTable& zones,
-                   rules::StoredItem& item, FileFault& fault);
+Reading ReadSeries(const LineList& event, const EventTime& start, const EntryContext& context, rules::StoredItem& item,
+                   FileFault& fault);
 
 } // namespace tavo::exchange

@@ -9,6 +9,8 @@ namespace {
 using rules::kSecondsPerDay;
 using rules::Seconds;
 
+constexpr const char* kNoLength = "the entry has no length";
+
 // Days go by the calendar, hours and finer by the clock that runs through a change of daylight saving.
 Seconds AddDuration(const EventTime& start, const rules::CalendarDuration& duration) {
     const Seconds nominal = start.Clock + duration.Days * kSecondsPerDay;
@@ -25,7 +27,7 @@ Seconds EndOfWholeDays(Seconds start, Seconds end) {
 
 } // namespace
 
-Reading ReadTime(const rules::ContentLine& line, std::string_view value, ZoneTable& zones, EventTime& time,
+Reading ReadTime(const rules::ContentLine& line, std::string_view value, const EntryContext& context, EventTime& time,
                  std::string& reason) {
     const std::optional<rules::CalendarTime> digits = rules::ReadCalendarTime(value);
     if (!digits || !digits->IsReal()) {
@@ -39,31 +41,44 @@ Reading ReadTime(const rules::ContentLine& line, std::string_view value, ZoneTab
         return Reading::Good;
     }
     if (digits->Utc) {
-        time.In = zones.GetUtc();
+        time.In = context.Zones.GetUtc();
         return Reading::Good;
     }
     if (const std::string* name = line.FindParameter("TZID"); name != nullptr) {
-        time.In = zones.Find(*name);
-        if (time.In == nullptr) {
-            reason = zones.DescribeUnknown(*name);
+        time.In = context.Zones.Find(*name);
+        if (time.In == nullptr && context.Zones.IsDefined(*name)) {
+            reason = context.Zones.DescribeUnknown(*name);
             return Reading::Refused;
+        }
+        if (time.In == nullptr) {
+            context.Zones.TellUnknown(*name, FindLine(context.Piece, line.Name), context.Faults);
         }
     }
     return Reading::Good;
 }
 
-Reading ReadEnd(const LineList& event, const EventTime& start, ZoneTable& zones, EventTime& end, std::string& reason) {
+Reading ReadEnd(const LineList& event, const EventTime& start, const EntryContext& context, EventTime& end,
+                std::string& reason) {
     end = start;
-    if (const rules::ContentLine* line = event.FindFirst("DTEND"); line != nullptr) {
-        const Reading reading = ReadTime(*line, line->Value, zones, end, reason);
-        if (reading != Reading::Good) {
+    const rules::ContentLine* line = event.FindFirst("DTEND");
+    if (line != nullptr) {
+        const Reading reading = ReadTime(*line, line->Value, context, end, reason);
+        if (reading == Reading::Refused) {
             return reading;
+        }
+        if (reading == Reading::Broken) {
+            context.Faults.Tell(FindLine(context.Piece, line->Name), reason, kNoLength);
+            end = start;
         }
         end.Clock = MoveToZone(end, start.In);
         end.In = start.In;
     } else if (line = event.FindFirst("DURATION"); line != nullptr) {
-        // A duration that cannot be read has ended the reading before.
+        // One that cannot be read is no longer among the lines.
         end.Clock = AddDuration(start, rules::ReadDuration(line->Value).value_or(rules::CalendarDuration()));
+    }
+    if (end.Clock < start.Clock) {
+        context.Faults.Tell(FindLine(context.Piece, line->Name), "it ends before it begins", kNoLength);
+        end.Clock = start.Clock;
     }
     if (start.DateOnly) {
         end.Clock = EndOfWholeDays(start.Clock, end.Clock);

@@ -16,17 +16,25 @@ struct EventTime {
     const Zone* In = nullptr; // null: floating
 };
 
-// How the reading of an entry ended: an entry that the calendar cannot hold is refused by itself, one that is
-// against the format breaks its file.
+// How the reading of an entry ended. Refused: the calendar cannot hold it. Broken: it is against the format, and
+// without what cannot be read there is no entry.
 enum class Reading { Good, Refused, Broken };
 
+// What the reading of an entry needs besides its lines.
+struct EntryContext {
+    const CalendarPiece& Piece;
+    ZoneTable& Zones;
+    FaultTeller& Faults;
+};
+
 // Reads a value of the line, of which it may have several. Not Good: `reason` says why.
-Reading ReadTime(const rules::ContentLine& line, std::string_view value, ZoneTable& zones, EventTime& time,
+Reading ReadTime(const rules::ContentLine& line, std::string_view value, const EntryContext& context, EventTime& time,
                  std::string& reason);
 
 // Reads what DTEND or DURATION say; DTEND moves to the start's zone, and of whole days the end is the midnight that the
-// store wants.
-Reading ReadEnd(const LineList& event, const EventTime& start, ZoneTable& zones, EventTime& end, std::string& reason);
+// store wants. An end that is none, or before the start, is the start.
+Reading ReadEnd(const LineList& event, const EventTime& start, const EntryContext& context, EventTime& end,
+                std::string& reason);
 
 // The same moment on another clock. A floating time, or a floating target, keeps the clock's reading.
 rules::Seconds MoveToZone(const EventTime& time, const Zone* zone);

@@ -44,17 +44,12 @@ EventMarks FindMarks(const CalendarPiece& piece) {
 
 } // namespace
 
-bool FileSurvey::Take(const CalendarPiece& piece, ZoneTable& zones, FileFault& fault) {
-    switch (piece.Kind) {
-    case PieceKind::TimeZone:
-        return zones.Add(piece, fault);
-    case PieceKind::Event:
+void FileSurvey::Take(const CalendarPiece& piece, ZoneTable& zones, FaultTeller& faults) {
+    if (piece.Kind == PieceKind::TimeZone) {
+        zones.Add(piece, faults);
+    } else if (piece.Kind == PieceKind::Event && piece.TooLargeLine == 0) {
         AddEvent(piece);
-        return true;
-    case PieceKind::Other:
-        return true;
     }
-    return true;
 }
 
 void FileSurvey::AddEvent(const CalendarPiece& piece) {

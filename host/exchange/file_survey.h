@@ -18,8 +18,8 @@ struct PiecePlace {
 
 class FileSurvey {
   public:
-    // Takes note of an entry, or of a zone. False when it cannot be read: the file is broken then.
-    bool Take(const CalendarPiece& piece, ZoneTable& zones, FileFault& fault);
+    // Takes note of an entry, or of a zone.
+    void Take(const CalendarPiece& piece, ZoneTable& zones, FaultTeller& faults);
     // After the last of them; what follows can be asked from then on.
     void Close();
 

@@ -9,7 +9,8 @@ namespace tavo::exchange {
 
 std::string DescribeCounts(const ImportCounts& counts) {
     return std::to_string(counts.New) + " new, " + std::to_string(counts.Changed) + " changed, " +
-           std::to_string(counts.Unchanged) + " unchanged, " + std::to_string(counts.Refused) + " refused";
+           std::to_string(counts.Unchanged) + " unchanged, " + std::to_string(counts.Refused) + " refused" +
+           (counts.Mended == 0 ? std::string() : ", " + std::to_string(counts.Mended) + " mended");
 }
 
 std::string DescribePassedOver(const ImportCounts& counts) {

@@ -8,7 +8,7 @@
 
 namespace tavo::exchange {
 
-// "2 new, 0 changed, 1 unchanged, 0 refused"
+// "2 new, 0 changed, 1 unchanged, 0 refused", and ", 3 mended" where something was.
 std::string DescribeCounts(const ImportCounts& counts);
 // A sentence; empty when nothing was passed over.
 std::string DescribePassedOver(const ImportCounts& counts);

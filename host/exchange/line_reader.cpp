@@ -1,6 +1,8 @@
 // Reads the lines of a calendar file: folded lines joined, the place of each remembered.
 #include "host/exchange/line_reader.h"
 
+#include "host/locale/utf.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -9,13 +11,37 @@ namespace {
 
 constexpr std::size_t kWindowSize = std::size_t{64} * 1024;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kLittleEndianMark = "\xFF\xFE";
+constexpr std::string_view kBigEndianMark = "\xFE\xFF";
 
 } // namespace
 
 LineReader::LineReader(IByteSource& source) : Source(source), Window(kWindowSize) {
     Refill();
-    if (std::string_view(Window.data(), Filled).starts_with(kByteOrderMark)) {
+    FindEncoding();
+    bool hasReturn = false;
+    for (std::size_t at = Position; at + UnitSize() <= Filled && LineEnd != '\n'; at += UnitSize()) {
+        hasReturn = hasReturn || UnitAt(at) == '\r';
+        LineEnd = UnitAt(at) == '\n' ? '\n' : LineEnd;
+    }
+    LineEnd = hasReturn ? LineEnd : '\n';
+}
+
+void LineReader::FindEncoding() {
+    const std::string_view begin(Window.data(), Filled);
+    const auto isZero = [begin](std::size_t at) { return begin[at] == '\0'; };
+    if (begin.starts_with(kByteOrderMark)) {
         Position = kByteOrderMark.size();
+    } else if (begin.starts_with(kLittleEndianMark)) {
+        Text = Encoding::Utf16LittleEndian;
+        Position = kLittleEndianMark.size();
+    } else if (begin.starts_with(kBigEndianMark)) {
+        Text = Encoding::Utf16BigEndian;
+        Position = kBigEndianMark.size();
+    } else if (begin.size() >= 4 && isZero(1) && isZero(3) && !isZero(0) && !isZero(2)) {
+        Text = Encoding::Utf16LittleEndian;
+    } else if (begin.size() >= 4 && isZero(0) && isZero(2) && !isZero(1) && !isZero(3)) {
+        Text = Encoding::Utf16BigEndian;
     }
 }
 
@@ -27,7 +53,7 @@ bool LineReader::Read(CalendarLine& line) {
     if (!ReadPhysical(text, line.Cut)) {
         return false;
     }
-    if (Position == Filled && !AtEnd) {
+    if (Filled - Position < UnitSize() && !AtEnd) {
         Joined.assign(text); // looking further moves the window
         text = Joined;
         Refill();
@@ -40,14 +66,14 @@ bool LineReader::Read(CalendarLine& line) {
         Joined.assign(text);
     }
     while (IsFoldNext()) {
-        ++Position;
+        Position += UnitSize();
         if (!ReadPhysical(text, line.Cut)) {
             break;
         }
         const std::size_t room = kLongestLine - std::min(kLongestLine, Joined.size());
         line.Cut = line.Cut || text.size() > room;
         Joined.append(text.substr(0, room));
-        if (Position == Filled && !AtEnd) {
+        if (Filled - Position < UnitSize() && !AtEnd) {
             Refill();
         }
     }
@@ -69,14 +95,13 @@ bool LineReader::ReadPhysical(std::string_view& text, bool& cut) {
     for (;;) {
         const char* begin = Window.data() + Position;
         const std::size_t length = Filled - Position;
-        const void* end = length > searched ? std::memchr(begin + searched, '\n', length - searched) : nullptr;
-        if (end != nullptr) {
-            text = std::string_view(begin, static_cast<std::size_t>(static_cast<const char*>(end) - begin));
-            Position += text.size() + 1;
+        if (const std::optional<std::size_t> end = FindLineEnd(Position + searched)) {
+            text = std::string_view(begin, *end - Position);
+            Position = *end + UnitSize();
             break;
         }
         if (AtEnd) {
-            if (length == 0) {
+            if (length < UnitSize()) {
                 return false;
             }
             text = std::string_view(begin, length);
@@ -90,25 +115,40 @@ bool LineReader::ReadPhysical(std::string_view& text, bool& cut) {
             SkipRestOfLine();
             break;
         }
-        searched = length;
+        searched = length - length % UnitSize();
         Refill();
     }
     ++NextNumber;
-    if (text.ends_with('\r')) {
+    if (Text != Encoding::Utf8) {
+        text = Decode(text);
+    }
+    if (LineEnd == '\n' && text.ends_with('\r')) {
         text.remove_suffix(1);
     }
     return true;
 }
 
+std::optional<std::size_t> LineReader::FindLineEnd(std::size_t from) const {
+    if (Text == Encoding::Utf8) {
+        const void* end = Filled > from ? std::memchr(Window.data() + from, LineEnd, Filled - from) : nullptr;
+        return end == nullptr ? std::nullopt
+                              : std::optional(static_cast<std::size_t>(static_cast<const char*>(end) - Window.data()));
+    }
+    for (std::size_t at = from; at + UnitSize() <= Filled; at += UnitSize()) {
+        if (UnitAt(at) == static_cast<char16_t>(LineEnd)) {
+            return at;
+        }
+    }
+    return std::nullopt;
+}
+
 void LineReader::SkipRestOfLine() {
     for (;;) {
-        const char* begin = Window.data() + Position;
-        const void* end = Filled > Position ? std::memchr(begin, '\n', Filled - Position) : nullptr;
-        if (end != nullptr) {
-            Position += static_cast<std::size_t>(static_cast<const char*>(end) - begin) + 1;
+        if (const std::optional<std::size_t> end = FindLineEnd(Position)) {
+            Position = *end + UnitSize();
             return;
         }
-        Position = Filled;
+        Position = AtEnd ? Filled : Filled - (Filled - Position) % UnitSize();
         if (AtEnd) {
             return;
         }
@@ -117,7 +157,36 @@ void LineReader::SkipRestOfLine() {
 }
 
 bool LineReader::IsFoldNext() const {
-    return Position < Filled && (Window[Position] == ' ' || Window[Position] == '\t');
+    if (Filled - Position < UnitSize()) {
+        return false;
+    }
+    const char16_t next = UnitAt(Position);
+    return next == ' ' || next == '\t';
+}
+
+char16_t LineReader::UnitAt(std::size_t position) const {
+    const auto byte = [this](std::size_t at) { return static_cast<unsigned char>(Window[at]); };
+    switch (Text) {
+    case Encoding::Utf8:
+        break;
+    case Encoding::Utf16LittleEndian:
+        return static_cast<char16_t>(byte(position) | byte(position + 1) << 8);
+    case Encoding::Utf16BigEndian:
+        return static_cast<char16_t>(byte(position) << 8 | byte(position + 1));
+    }
+    return byte(position);
+}
+
+std::string_view LineReader::Decode(std::string_view units) {
+    const std::size_t high = Text == Encoding::Utf16LittleEndian ? 1 : 0;
+    std::u16string text;
+    text.reserve(units.size() / 2);
+    for (std::size_t at = 0; at + 1 < units.size(); at += 2) {
+        text += static_cast<char16_t>(static_cast<unsigned char>(units[at + high]) << 8 |
+                                      static_cast<unsigned char>(units[at + 1 - high]));
+    }
+    Decoded = locale::ToUtf8(text);
+    return Decoded;
 }
 
 // Keeps what is not read yet and adds what follows it; a line longer than the window makes the window grow.

@@ -3,6 +3,7 @@
 
 #include "host/exchange/byte_source.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,8 @@ struct CalendarLine {
 
 constexpr std::size_t kLongestLine = std::size_t{1024} * 1024;
 
+// UTF-8, or UTF-16 by its byte-order mark or because every other byte of its beginning is zero, which is read as UTF-8.
+// Lines end with LF, CR LF or, in a file without any LF at its beginning, with CR.
 class LineReader {
   public:
     explicit LineReader(IByteSource& source);
@@ -35,10 +38,21 @@ class LineReader {
     void MoveTo(std::int64_t offset, int number);
 
   private:
-    // One physical line without its end; false when there is none. `text` lies in the window or in Long.
+    enum class Encoding { Utf8, Utf16LittleEndian, Utf16BigEndian };
+
+    void FindEncoding();
+    // One physical line without its end; false when there is none. `text` lies in the window, in Long or in Decoded.
     bool ReadPhysical(std::string_view& text, bool& cut);
+    // The end of the line that begins at Position, at or behind `from`; nothing when the window does not have it.
+    std::optional<std::size_t> FindLineEnd(std::size_t from) const;
     void SkipRestOfLine();
     bool IsFoldNext() const;
+
+    std::size_t UnitSize() const { return Text == Encoding::Utf8 ? 1 : 2; }
+
+    // The byte or UTF-16 unit there.
+    char16_t UnitAt(std::size_t position) const;
+    std::string_view Decode(std::string_view units);
     void Refill();
 
     IByteSource& Source;
@@ -49,8 +63,11 @@ class LineReader {
     int NextNumber = 1;
     bool AtEnd = false;
     bool Failed = false;
+    Encoding Text = Encoding::Utf8;
+    char LineEnd = '\r'; // until the file's beginning shows another
     std::string Joined;
     std::string Long;
+    std::string Decoded;
 };
 
 } // namespace tavo::exchange

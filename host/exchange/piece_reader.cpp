@@ -14,6 +14,9 @@ constexpr std::string_view kCalendarName = "VCALENDAR";
 constexpr std::string_view kEventName = "VEVENT";
 constexpr std::string_view kTimeZoneName = "VTIMEZONE";
 constexpr std::string_view kAlarmName = "VALARM";
+constexpr std::array<std::string_view, 5> kEntryNames = {kEventName, kTimeZoneName, "VTODO", "VJOURNAL", "VFREEBUSY"};
+constexpr const char* kNoCalendar = "this is not an iCalendar file: BEGIN:VCALENDAR is missing";
+constexpr const char* kLeftOut = "it was left out";
 
 // What the import uses of an event. All else is checked for its form and then passed over, which also spares
 // the memory of attachments.
@@ -49,9 +52,9 @@ PieceKind FindKind(std::string_view name) {
     return name == kTimeZoneName ? PieceKind::TimeZone : PieceKind::Other;
 }
 
-void AppendLine(const CalendarLine& line, bool isRead, CalendarPiece& piece) {
-    piece.Lines.push_back({piece.Text.size(), line.Number, isRead});
-    piece.Text.append(line.Text);
+void AppendLine(std::string_view text, int number, bool isRead, CalendarPiece& piece) {
+    piece.Lines.push_back({piece.Text.size(), number, isRead});
+    piece.Text.append(text);
     piece.Text.push_back('\0');
 }
 
@@ -84,46 +87,42 @@ bool SplitLine(std::string_view line, std::string_view& name, std::string_view& 
     return false;
 }
 
-PieceReader::PieceReader(IByteSource& source) : Reader(source) {}
+PieceReader::PieceReader(IByteSource& source, FaultTeller& faults) : Reader(source), Faults(faults) {}
 
 ReadResult PieceReader::Read(CalendarPiece& piece) {
     if (!Fault.Reason.empty()) {
         return ReadResult::Fault;
     }
     CalendarLine line;
-    while (Reader.Read(line)) {
-        if (IsBlank(line.Text)) {
-            continue;
-        }
+    while (ReadLine(line)) {
         std::string_view name;
         std::string_view value;
-        if (Open.empty() && !CalendarSeen && !SplitLine(line.Text, name, value)) {
-            return Fail(line.Number, "this is not an iCalendar file: BEGIN:VCALENDAR is missing");
-        }
-        if (!CheckLine(line, name, value)) {
-            return ReadResult::Fault;
-        }
-        if (EqualsIgnoringCase(name, "BEGIN") && !Open.empty()) {
-            return ReadPiece(line, piece);
-        }
-        if (EqualsIgnoringCase(name, "BEGIN") && EqualsIgnoringCase(TrimEnd(value), kCalendarName)) {
-            Open.push_back({std::string(kCalendarName), line.Number});
-            CalendarSeen = true;
+        if (!SplitLine(line.Text, name, value)) {
+            TakeStrayLine(line.Number);
+        } else if (EqualsIgnoringCase(name, "BEGIN")) {
+            std::string component = MakeUpper(TrimEnd(value));
+            if (component == kCalendarName) {
+                OpenCalendar(line);
+            } else if (!Open.empty() || Contains(kEntryNames, component)) {
+                return ReadPiece(line, std::move(component), piece);
+            } else {
+                TakeStrayLine(line.Number);
+            }
         } else if (Open.empty()) {
-            return Fail(line.Number, CalendarSeen ? "this line stands outside the calendar"
-                                                  : "this is not an iCalendar file: BEGIN:VCALENDAR is missing");
-        } else if (EqualsIgnoringCase(name, "END") && !CloseComponent(line, value)) {
-            return ReadResult::Fault;
+            TakeStrayLine(line.Number);
+        } else if (EqualsIgnoringCase(name, "END")) {
+            Close(line.Number, TrimEnd(value), piece);
         } else if (EqualsIgnoringCase(name, "VERSION") && TrimEnd(value) == "1.0") {
             return Fail(line.Number, "this is the old vCalendar 1.0 format, which is not understood");
         }
     }
-    return FailAtEnd();
+    return FinishFile();
 }
 
 ReadResult PieceReader::ReadAt(std::int64_t offset, int line, CalendarPiece& piece) {
     Fault = {};
-    CalendarSeen = true;
+    PutBack.reset();
+    BeginSeen = true;
     Open.assign(1, {std::string(kCalendarName), 1});
     Reader.MoveTo(offset, line);
     return Read(piece);
@@ -134,107 +133,205 @@ ReadResult PieceReader::Fail(int line, std::string reason) {
     return ReadResult::Fault;
 }
 
-ReadResult PieceReader::ReadPiece(const CalendarLine& begin, CalendarPiece& piece) {
-    std::string_view name;
-    std::string_view value;
-    SplitLine(begin.Text, name, value);
-    piece.Name = MakeUpper(TrimEnd(value));
+bool PieceReader::ReadLine(CalendarLine& line) {
+    if (PutBack) {
+        line = *PutBack; // nothing was read since, so its text is still there
+        PutBack.reset();
+        return true;
+    }
+    while (Reader.Read(line)) {
+        if (!IsBlank(line.Text)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void PieceReader::OpenCalendar(const CalendarLine& line) {
+    if (!BeginSeen && FirstStray != 0) {
+        Faults.Tell(FirstStray, "there is text before the calendar begins", kLeftOut);
+    }
+    if (!Open.empty()) {
+        Faults.Tell(line.Number,
+                    "a calendar begins inside the one that began in line " + std::to_string(Open.front().Line),
+                    "that one ends there");
+    }
+    Open.assign(1, {std::string(kCalendarName), line.Number});
+    BeginSeen = true;
+    StrayTold = false;
+}
+
+// A line that belongs to nothing. Of several outside a calendar the first is told.
+void PieceReader::TakeStrayLine(int line) {
+    if (!Open.empty()) {
+        Faults.Tell(line, "this line is not of the form NAME:value", kLeftOut);
+    } else if (!BeginSeen) {
+        FirstStray = FirstStray == 0 ? line : FirstStray;
+    } else if (!StrayTold) {
+        Faults.Tell(line, "this line stands outside the calendar", kLeftOut);
+        StrayTold = true;
+    }
+}
+
+ReadResult PieceReader::ReadPiece(const CalendarLine& begin, std::string name, CalendarPiece& piece) {
+    if (Open.empty() && !StrayTold) {
+        Faults.Tell(begin.Number, "entries stand outside any calendar", "they were read all the same");
+        StrayTold = true;
+        BeginSeen = true;
+    }
+    piece.Name = std::move(name);
     piece.Kind = FindKind(piece.Name);
     piece.Offset = begin.Offset;
     piece.Line = begin.Number;
+    piece.TooLargeLine = 0;
     piece.Text.clear();
     piece.Lines.clear();
-    const std::size_t depth = Open.size();
+    PieceDepth = Open.size();
+    TooDeep = 0;
     Open.push_back({piece.Name, begin.Number});
     if (piece.Kind != PieceKind::Other) {
-        AppendLine(begin, true, piece);
+        AppendLine(begin.Text, begin.Number, true, piece);
     }
     CalendarLine line;
-    while (Open.size() > depth) {
-        if (!Reader.Read(line)) {
-            return FailAtEnd();
-        }
-        if (IsBlank(line.Text)) {
-            continue;
-        }
-        if (!CheckLine(line, name, value) || !KeepLine(line, name, value, piece)) {
-            return ReadResult::Fault;
-        }
-        if (EqualsIgnoringCase(name, "BEGIN")) {
-            if (Open.size() == kDeepestNesting) {
-                return Fail(line.Number, "entries are nested too deeply");
+    while (Open.size() > PieceDepth) {
+        if (!ReadLine(line)) {
+            if (FinishFile() == ReadResult::Fault) {
+                return ReadResult::Fault;
             }
-            Open.push_back({MakeUpper(TrimEnd(value)), line.Number});
-        } else if (EqualsIgnoringCase(name, "END") && !CloseComponent(line, value)) {
-            return ReadResult::Fault;
+            CloseDownTo(PieceDepth, line.Number, piece);
+            Open.clear();
+            return ReadResult::Piece;
+        }
+        std::string_view property;
+        std::string_view value;
+        if (!SplitLine(line.Text, property, value)) {
+            TakeStrayLine(line.Number);
+        } else if (EqualsIgnoringCase(property, "BEGIN")) {
+            if (!OpenInner(line, MakeUpper(TrimEnd(value)), piece)) {
+                break;
+            }
+        } else if (EqualsIgnoringCase(property, "END")) {
+            Close(line.Number, TrimEnd(value), piece);
+        } else if (TooDeep == 0) {
+            KeepLine(line, property, value, piece);
         }
     }
     return ReadResult::Piece;
 }
 
-bool PieceReader::CloseComponent(const CalendarLine& line, std::string_view value) {
-    if (!EqualsIgnoringCase(TrimEnd(value), Open.back().Name)) {
-        Fail(line.Number, "END:" + std::string(TrimEnd(value).substr(0, 40)) + " does not match BEGIN:" +
-                              Open.back().Name + " in line " + std::to_string(Open.back().Line));
+bool PieceReader::OpenInner(const CalendarLine& line, std::string name, CalendarPiece& piece) {
+    if (name == kCalendarName || Contains(kEntryNames, name)) {
+        Faults.Tell(line.Number,
+                    "a " + name + " begins inside the " + piece.Name + " that began in line " +
+                        std::to_string(piece.Line),
+                    "that one ends there");
+        CloseDownTo(PieceDepth, line.Number, piece);
+        PutBack = line;
         return false;
     }
-    Open.pop_back();
+    if (Open.size() == kDeepestNesting) {
+        if (TooDeep == 0) {
+            Faults.Tell(line.Number, "entries are nested too deeply", "what lies deeper was left out");
+        }
+        ++TooDeep;
+        return true;
+    }
+    KeepLine(line, "BEGIN", name, piece);
+    Open.push_back({std::move(name), line.Number});
     return true;
 }
 
-ReadResult PieceReader::FailAtEnd() {
+// Ends what that name began; where others within it were not ended, these too.
+void PieceReader::Close(int line, std::string_view name, CalendarPiece& piece) {
+    const auto begun = std::find_if(Open.rbegin(), Open.rend(), [name](const OpenComponent& component) {
+        return EqualsIgnoringCase(name, component.Name);
+    });
+    const auto depth = static_cast<std::size_t>(Open.rend() - begun); // 0: nothing of that name is open
+    if (TooDeep > 0 && (depth == 0 || depth > PieceDepth + 1)) {
+        --TooDeep;
+        return;
+    }
+    TooDeep = 0;
+    if (depth != Open.size()) {
+        Faults.Tell(line,
+                    "END:" + std::string(name.substr(0, 40)) + " does not match BEGIN:" + Open.back().Name +
+                        " in line " + std::to_string(Open.back().Line),
+                    depth == 0 ? kLeftOut : "both end there");
+    }
+    if (depth != 0) {
+        CloseDownTo(depth - 1, line, piece);
+    }
+}
+
+void PieceReader::CloseDownTo(std::size_t depth, int line, CalendarPiece& piece) {
+    while (Open.size() > depth) {
+        if (Open.size() > PieceDepth) {
+            CalendarLine end;
+            const std::string text = "END:" + Open.back().Name;
+            end.Text = text;
+            end.Number = line;
+            KeepLine(end, "END", Open.back().Name, piece);
+        }
+        Open.pop_back();
+    }
+}
+
+// Says what the end of the file finds open.
+ReadResult PieceReader::FinishFile() {
     if (Reader.HasFailed()) {
         return Fail(Reader.GetNextNumber(), "the file cannot be read further");
     }
     const int lastLine = std::max(1, Reader.GetNextNumber() - 1);
-    if (!CalendarSeen) {
-        return Fail(lastLine, "this is not an iCalendar file: BEGIN:VCALENDAR is missing");
+    if (!BeginSeen) {
+        return Fail(FirstStray == 0 ? lastLine : FirstStray, kNoCalendar);
     }
     if (!Open.empty()) {
-        return Fail(lastLine, "the file ends inside the " + Open.back().Name + " that began in line " +
-                                  std::to_string(Open.back().Line));
+        Faults.Tell(lastLine,
+                    "the file ends inside the " + Open.back().Name + " that began in line " +
+                        std::to_string(Open.back().Line),
+                    "what there is of it was read");
     }
     return ReadResult::End;
 }
 
-bool PieceReader::CheckLine(const CalendarLine& line, std::string_view& name, std::string_view& value) {
-    if (SplitLine(line.Text, name, value)) {
-        return true;
+bool PieceReader::IsNeeded(std::string_view name, std::string_view value, const CalendarPiece& piece) const {
+    if (piece.Kind != PieceKind::Event) {
+        return piece.Kind == PieceKind::TimeZone;
     }
-    Fail(line.Number, "this line is not of the form NAME:value");
-    return false;
+    const bool isInner = Open.size() > PieceDepth + 1;
+    if (isInner && Open[PieceDepth + 1].Name != kAlarmName) {
+        return false;
+    }
+    if (EqualsIgnoringCase(name, "BEGIN") || EqualsIgnoringCase(name, "END")) {
+        return isInner || EqualsIgnoringCase(value, kAlarmName) || EqualsIgnoringCase(value, kEventName);
+    }
+    return Contains(kNeededNames, name) || (Contains(kOptionalNames, name) && !IsBlank(value));
 }
 
-// Keeps the line if the import needs it; false only when that cannot be done.
-bool PieceReader::KeepLine(const CalendarLine& line, std::string_view name, std::string_view value,
+void PieceReader::KeepLine(const CalendarLine& line, std::string_view name, std::string_view value,
                            CalendarPiece& piece) {
-    if (piece.Kind == PieceKind::Other) {
-        return true;
-    }
-    const bool frame = EqualsIgnoringCase(name, "BEGIN") || EqualsIgnoringCase(name, "END");
-    const bool zone = piece.Kind == PieceKind::TimeZone;
-    const bool inAlarm = Open.size() > 2;
-    if (inAlarm && !zone && Open[2].Name != kAlarmName) {
-        return true;
-    }
-    if (frame && !zone && !inAlarm && !EqualsIgnoringCase(TrimEnd(value), kAlarmName) &&
-        !EqualsIgnoringCase(TrimEnd(value), kEventName)) {
-        return true;
-    }
-    if (!frame && !zone && !Contains(kNeededNames, name) && (!Contains(kOptionalNames, name) || IsBlank(value))) {
-        return true;
+    if (piece.TooLargeLine != 0 || !IsNeeded(name, value, piece)) {
+        return;
     }
     if (line.Cut || piece.Text.size() + line.Text.size() > kLargestPiece) {
-        Fail(line.Number, "this entry is too large");
-        return false;
-    }
-    if (line.Text.find('\0') != std::string_view::npos) {
-        Fail(line.Number, "this line contains a zero byte");
-        return false;
+        if (piece.Kind == PieceKind::Event && Contains(kOptionalNames, name)) {
+            Faults.Tell(line.Number, "this text is too large", kLeftOut);
+        } else {
+            piece.TooLargeLine = line.Number;
+        }
+        return;
     }
     // Most alarms have a text, which nobody shows.
-    AppendLine(line, !inAlarm || zone || !EqualsIgnoringCase(name, "DESCRIPTION"), piece);
-    return true;
+    const bool isAlarmText =
+        piece.Kind == PieceKind::Event && Open.size() > PieceDepth + 1 && EqualsIgnoringCase(name, "DESCRIPTION");
+    if (line.Text.find('\0') == std::string_view::npos) {
+        AppendLine(line.Text, line.Number, !isAlarmText, piece);
+        return;
+    }
+    Faults.Tell(line.Number, "this line contains a zero byte", kLeftOut);
+    std::string text(line.Text);
+    std::erase(text, '\0');
+    AppendLine(text, line.Number, !isAlarmText, piece);
 }
 
 } // namespace tavo::exchange

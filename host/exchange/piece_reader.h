@@ -1,21 +1,17 @@
 // Cuts a calendar file into its entries, one at a time, so that a file of any size is read in little memory.
 #pragma once
 
+#include "host/exchange/fault_teller.h"
 #include "host/exchange/line_reader.h"
 #include "host/locale/ascii.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tavo::exchange {
-
-// What is wrong with a file, and where; line 0 is the file as a whole.
-struct FileFault {
-    int Line = 0;
-    std::string Reason;
-};
 
 enum class PieceKind { Event, TimeZone, Other };
 
@@ -31,6 +27,7 @@ struct CalendarPiece {
     std::string Name; // in upper case: "VEVENT"
     std::int64_t Offset = 0;
     int Line = 0;
+    int TooLargeLine = 0; // where it became larger than can be kept: not all of its lines are here then
     std::string Text;
     std::vector<LinePlace> Lines;
 
@@ -39,11 +36,15 @@ struct CalendarPiece {
 
 enum class ReadResult { Piece, End, Fault };
 
+// What is against the format is told, and the smallest part left out that can be: an entry ends where another begins or
+// the file ends, or what it is in; entries may stand outside any calendar.
 class PieceReader {
   public:
-    explicit PieceReader(IByteSource& source);
+    // Both must outlive it.
+    PieceReader(IByteSource& source, FaultTeller& faults);
 
-    // The next entry of the file. After a fault nothing more can be read.
+    // The next entry of the file. After a fault, that of a file that is no calendar or cannot be read, nothing more can
+    // be.
     ReadResult Read(CalendarPiece& piece);
     // The entry that began at a place which an earlier read has told; reading in order goes on behind it.
     ReadResult ReadAt(std::int64_t offset, int line, CalendarPiece& piece);
@@ -59,15 +60,28 @@ class PieceReader {
     };
 
     ReadResult Fail(int line, std::string reason);
-    ReadResult ReadPiece(const CalendarLine& begin, CalendarPiece& piece);
-    bool CloseComponent(const CalendarLine& line, std::string_view value);
-    ReadResult FailAtEnd();
-    bool CheckLine(const CalendarLine& line, std::string_view& name, std::string_view& value);
-    bool KeepLine(const CalendarLine& line, std::string_view name, std::string_view value, CalendarPiece& piece);
+    // The next line that is not blank.
+    bool ReadLine(CalendarLine& line);
+    void OpenCalendar(const CalendarLine& line);
+    void TakeStrayLine(int line);
+    ReadResult ReadPiece(const CalendarLine& begin, std::string name, CalendarPiece& piece);
+    // False where the entry ends before the line.
+    bool OpenInner(const CalendarLine& line, std::string name, CalendarPiece& piece);
+    void Close(int line, std::string_view name, CalendarPiece& piece);
+    void CloseDownTo(std::size_t depth, int line, CalendarPiece& piece);
+    ReadResult FinishFile();
+    bool IsNeeded(std::string_view name, std::string_view value, const CalendarPiece& piece) const;
+    void KeepLine(const CalendarLine& line, std::string_view name, std::string_view value, CalendarPiece& piece);
 
     LineReader Reader;
+    FaultTeller& Faults;
     std::vector<OpenComponent> Open;
-    bool CalendarSeen = false;
+    std::size_t PieceDepth = 0;          // how many components are open around an entry
+    int TooDeep = 0;                     // components open beyond what is looked at
+    std::optional<CalendarLine> PutBack; // is read again first
+    int FirstStray = 0;                  // line of the first one before anything began
+    bool BeginSeen = false;
+    bool StrayTold = false; // of those that follow one another
     FileFault Fault;
 };
 

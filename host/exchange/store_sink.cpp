@@ -9,6 +9,7 @@ void ImportCounts::Add(const ImportCounts& other) {
     Unchanged += other.Unchanged;
     Refused += other.Refused;
     PassedOver += other.PassedOver;
+    Mended += other.Mended;
 }
 
 StoreSink::StoreSink(IItemWriter& writer, std::optional<TagList> tag, std::function<bool(std::int64_t)> goOn)
@@ -35,9 +36,16 @@ bool StoreSink::OnLoneOccurrence(const LoneOccurrence& occurrence, int line) {
 }
 
 bool StoreSink::OnRefused(int line, const std::string& reason) {
-    ++Counts.Refused;
-    Refusals.push_back({line, reason});
+    if (Counts.Refused++ < kMostRemarks) {
+        Remarks.push_back({Remark::Kind::Refused, line, reason});
+    }
     return true;
+}
+
+void StoreSink::OnMended(int line, const std::string& what) {
+    if (Counts.Mended++ < kMostRemarks) {
+        Remarks.push_back({Remark::Kind::Mended, line, what});
+    }
 }
 
 bool StoreSink::OnPassedOver() {

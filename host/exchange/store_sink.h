@@ -17,14 +17,22 @@ struct ImportCounts {
     int Unchanged = 0;
     int Refused = 0;
     int PassedOver = 0;
+    int Mended = 0; // faults, of which an entry may have several
 
     void Add(const ImportCounts& other);
 };
 
-struct Refusal {
+// What became of an entry, or a part of one, that was not in order.
+struct Remark {
+    enum class Kind { Refused, Mended };
+
+    Kind What = Kind::Refused;
     int Line = 0;
-    std::string Reason;
+    std::string Text;
 };
+
+// Of each kind the first so many are kept; a file may be nothing but faults.
+constexpr int kMostRemarks = 1000;
 
 class StoreSink final : public IEntrySink {
   public:
@@ -34,6 +42,7 @@ class StoreSink final : public IEntrySink {
     bool OnItem(const rules::StoredItem& item, int line) override;
     bool OnLoneOccurrence(const LoneOccurrence& occurrence, int line) override;
     bool OnRefused(int line, const std::string& reason) override;
+    void OnMended(int line, const std::string& what) override;
     bool OnPassedOver() override;
     bool OnProgress(std::int64_t offset) override;
     std::unique_ptr<rules::ZoneRules> LoadZone(const std::string& name) override;
@@ -41,7 +50,8 @@ class StoreSink final : public IEntrySink {
 
     const ImportCounts& GetCounts() const { return Counts; }
 
-    const std::vector<Refusal>& GetRefusals() const { return Refusals; }
+    // In the order in which they were found.
+    const std::vector<Remark>& GetRemarks() const { return Remarks; }
 
     // The call on the store that failed, if one did: the reading was stopped then.
     Status GetStoreStatus() const { return StoreStatus; }
@@ -53,7 +63,7 @@ class StoreSink final : public IEntrySink {
     std::optional<TagList> Tag;
     std::function<bool(std::int64_t)> GoOn;
     ImportCounts Counts;
-    std::vector<Refusal> Refusals;
+    std::vector<Remark> Remarks;
     Status StoreStatus = Status::Ok;
 };
 

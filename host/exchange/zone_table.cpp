@@ -35,17 +35,20 @@ std::string JoinLines(const CalendarPiece& piece) {
 
 } // namespace
 
-bool ZoneTable::Add(const CalendarPiece& piece, FileFault& fault) {
+void ZoneTable::Add(const CalendarPiece& piece, FaultTeller& faults) {
+    if (piece.TooLargeLine != 0) {
+        faults.Tell(piece.TooLargeLine, "this time zone is too large", "it was left out");
+        return;
+    }
     for (std::size_t index = 0; index < piece.Lines.size(); ++index) {
         std::string_view name;
         std::string_view value;
         if (SplitLine(piece.GetLine(index), name, value) && EqualsIgnoringCase(name, "TZID")) {
             Definitions[std::string(value)] = JoinLines(piece);
-            return true;
+            return;
         }
     }
-    fault = {piece.Line, "this time zone has no name (TZID)"};
-    return false;
+    faults.Tell(piece.Line, "this time zone has no name (TZID)", "it was left out");
 }
 
 const Zone* ZoneTable::Find(const std::string& tzid) {
@@ -60,6 +63,12 @@ const Zone* ZoneTable::Find(const std::string& tzid) {
 std::string ZoneTable::DescribeUnknown(const std::string& tzid) const {
     const auto found = Faults.find(tzid);
     return "the time zone \"" + tzid + "\" " + (found == Faults.end() ? "is not known" : found->second);
+}
+
+void ZoneTable::TellUnknown(const std::string& tzid, int line, FaultTeller& faults) {
+    if (faults.IsHeard() && Told.insert(tzid).second) {
+        faults.Tell(line, DescribeUnknown(tzid), "all its times were taken as local ones");
+    }
 }
 
 const Zone* ZoneTable::GetUtc() {

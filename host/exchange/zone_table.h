@@ -7,6 +7,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 
 namespace tavo::exchange {
@@ -21,10 +22,17 @@ class ZoneTable {
   public:
     explicit ZoneTable(IEntrySink& sink) : Sink(sink) {}
 
-    // A VTIMEZONE of the file. False when it cannot be read.
-    bool Add(const CalendarPiece& piece, FileFault& fault);
-    // By the name that a time gives; null when neither the file nor the time zone database knows it.
+    // A VTIMEZONE of the file.
+    void Add(const CalendarPiece& piece, FaultTeller& faults);
+    // By the name that a time gives; null when neither the file nor the time zone database knows it, or the file's own
+    // definition cannot be kept.
     const Zone* Find(const std::string& tzid);
+
+    // Whether the file defines the zone, well or not.
+    bool IsDefined(const std::string& tzid) const { return Definitions.contains(tzid); }
+
+    // Tells, once, that the times of a zone are taken as local ones because nothing knows it.
+    void TellUnknown(const std::string& tzid, int line, FaultTeller& faults);
     // Why Find gives nothing, as a phrase for people.
     std::string DescribeUnknown(const std::string& tzid) const;
     const Zone* GetUtc();
@@ -37,6 +45,7 @@ class ZoneTable {
     std::map<std::string, std::string> Definitions; // the VTIMEZONEs by name
     std::map<std::string, Zone> Found;
     std::map<std::string, std::string> Faults; // of those looked for in vain
+    std::set<std::string> Told;
 };
 
 } // namespace tavo::exchange

@@ -45,11 +45,33 @@ TEST_P(CalendarFile, IsReadAsExpected) {
     EXPECT_EQ(DescribeFile(source), expected);
 }
 
+// A file that is in order means the same; of any other data/NAME.strict says where it broke.
+TEST_P(CalendarFile, IsReadStrictly) {
+    posix::FileSource source;
+    std::string reason;
+    ASSERT_TRUE(source.Open((kData / (GetParam() + ".ics")).string(), reason)) << reason;
+    const bool isInOrder = !std::filesystem::exists(kData / (GetParam() + ".strict"));
+    const std::string lenient = ReadFile(kData / (GetParam() + ".expected"));
+    EXPECT_FALSE(isInOrder && ("\n" + lenient).find("\nmended") != std::string::npos);
+    EXPECT_EQ(DescribeFile(source, Manner::Strict), isInOrder ? lenient : ReadFile(kData / (GetParam() + ".strict")));
+}
+
 INSTANTIATE_TEST_SUITE_P(Data, CalendarFile, testing::ValuesIn(ListInputs()),
                          [](const auto& input) { return input.param; });
 
+std::vector<std::string> ListInputsOfLines() {
+    std::vector<std::string> names = ListInputs();
+    std::erase_if(names, [](const std::string& name) {
+        const std::string text = ReadFile(kData / (name + ".ics"));
+        return text.find('\n') == std::string::npos || text.find('\0') != std::string::npos;
+    });
+    return names;
+}
+
+class CalendarFileOfLines : public testing::TestWithParam<std::string> {};
+
 // The same bytes with the line ends of the other kind mean the same.
-TEST_P(CalendarFile, MeansTheSameWithOtherLineEnds) {
+TEST_P(CalendarFileOfLines, MeansTheSameWithOtherLineEnds) {
     std::string text = ReadFile(kData / (GetParam() + ".ics"));
     std::string other;
     if (text.find('\r') == std::string::npos) {
@@ -64,6 +86,9 @@ TEST_P(CalendarFile, MeansTheSameWithOtherLineEnds) {
     EXPECT_EQ(DescribeFile(source), ReadFile(kData / (GetParam() + ".expected")));
 }
 
+INSTANTIATE_TEST_SUITE_P(Data, CalendarFileOfLines, testing::ValuesIn(ListInputsOfLines()),
+                         [](const auto& input) { return input.param; });
+
 TEST(CalendarFileReading, StopsWhenTheSinkDoesNotWantToGoOn) {
     class StoppingSink final : public IEntrySink {
       public:
@@ -72,6 +97,8 @@ TEST(CalendarFileReading, StopsWhenTheSinkDoesNotWantToGoOn) {
         bool OnLoneOccurrence(const LoneOccurrence& /*occurrence*/, int /*line*/) override { return true; }
 
         bool OnRefused(int /*line*/, const std::string& /*reason*/) override { return true; }
+
+        void OnMended(int /*line*/, const std::string& /*what*/) override {}
 
         bool OnPassedOver() override { return true; }
 
@@ -94,7 +121,7 @@ TEST(CalendarFileReading, StopsWhenTheSinkDoesNotWantToGoOn) {
     MemorySource source(text);
     StoppingSink sink;
     FileFault fault;
-    EXPECT_EQ(ReadCalendarFile(source, sink, fault), FileOutcome::Stopped);
+    EXPECT_EQ(ReadCalendarFile(source, sink, Manner::Lenient, fault), FileOutcome::Stopped);
     EXPECT_EQ(sink.Items, 2);
 }
 

@@ -108,6 +108,10 @@ class DescribingSink final : public IEntrySink {
         return true;
     }
 
+    void OnMended(int line, const std::string& what) override {
+        Text += "mended in line " + std::to_string(line) + ": " + what + "\n";
+    }
+
     bool OnPassedOver() override {
         Text += "passed over\n";
         return true;
@@ -167,10 +171,10 @@ std::string DescribeItem(const StoredItem& item) {
     return text;
 }
 
-std::string DescribeFile(IByteSource& source) {
+std::string DescribeFile(IByteSource& source, Manner manner) {
     DescribingSink sink;
     FileFault fault;
-    switch (ReadCalendarFile(source, sink, fault)) {
+    switch (ReadCalendarFile(source, sink, manner, fault)) {
     case FileOutcome::Read:
         return sink.Text + "read\n";
     case FileOutcome::Stopped:

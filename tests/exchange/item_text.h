@@ -11,7 +11,7 @@ namespace tavo::exchange {
 std::string DescribeItem(const rules::StoredItem& item);
 
 // All that a sink is told while the file is read, in order, and how the reading ended.
-std::string DescribeFile(IByteSource& source);
+std::string DescribeFile(IByteSource& source, Manner manner = Manner::Lenient);
 
 // "2026-03-14 09:00", with seconds where there are any.
 std::string DescribeTime(rules::Seconds time);

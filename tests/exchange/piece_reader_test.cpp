@@ -23,20 +23,28 @@ std::vector<std::string> GetLines(const CalendarPiece& piece) {
     return lines;
 }
 
-// Reads to the end; the fault that ended the reading, with line 0 and no reason when there was none.
+// Reads to the end; the fault that ended the reading, or the first one that was told, with line 0 and no reason when
+// there was none.
 FileFault ReadToFault(std::string_view text) {
     MemorySource source(text);
-    PieceReader reader(source);
+    FaultTeller faults(nullptr, Manner::Strict);
+    PieceReader reader(source, faults);
     CalendarPiece piece;
     while (reader.Read(piece) == ReadResult::Piece) {
     }
-    return reader.GetFault();
+    return reader.GetFault().Reason.empty() ? faults.GetBreaking().value_or(FileFault()) : reader.GetFault();
+}
+
+// Whoever is told of faults where there are none.
+FaultTeller& Nobody() {
+    static FaultTeller nobody(nullptr, Manner::Lenient);
+    return nobody;
 }
 
 TEST(PieceReader, GivesTheNeededLinesOfEachEventAndNoOthers) {
     MemorySource source("BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nUID:a\r\nX-COLOUR:red\r\n"
                         "SUMMARY:One\r\nEND:VEVENT\r\nBEGIN:VEVENT\r\nUID:b\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n");
-    PieceReader reader(source);
+    PieceReader reader(source, Nobody());
     CalendarPiece piece;
     ASSERT_EQ(reader.Read(piece), ReadResult::Piece);
     EXPECT_EQ(piece.Kind, PieceKind::Event);
@@ -51,7 +59,7 @@ TEST(PieceReader, GivesTheNeededLinesOfEachEventAndNoOthers) {
 TEST(PieceReader, JoinsFoldedLinesEvenWithinACharacter) {
     MemorySource source("BEGIN:VCALENDAR\nBEGIN:VEVENT\nSUMMARY:Caf\xC3\n \xA9 at n\n\toon\nUID:a\nEND:VEVENT\n"
                         "END:VCALENDAR\n");
-    PieceReader reader(source);
+    PieceReader reader(source, Nobody());
     CalendarPiece piece;
     ASSERT_EQ(reader.Read(piece), ReadResult::Piece);
     EXPECT_THAT(GetLines(piece), ElementsAre("BEGIN:VEVENT", "SUMMARY:Café at noon", "UID:a", "END:VEVENT"));
@@ -69,7 +77,7 @@ TEST(PieceReader, ReadsLinesThatReachOverTheEdgesOfItsWindow) {
     }
     const std::string text = "BEGIN:VCALENDAR\r\nBEGIN:VEVENT\r\n" + folded + "\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
     MemorySource source(text);
-    PieceReader reader(source);
+    PieceReader reader(source, Nobody());
     CalendarPiece piece;
     ASSERT_EQ(reader.Read(piece), ReadResult::Piece);
     EXPECT_EQ(std::string(piece.GetLine(1)), expected);
@@ -79,7 +87,7 @@ TEST(PieceReader, ReadsLinesThatReachOverTheEdgesOfItsWindow) {
 TEST(PieceReader, ReturnsToAnEntryByItsPlace) {
     MemorySource source("BEGIN:VCALENDAR\nBEGIN:VEVENT\nUID:a\nEND:VEVENT\nBEGIN:VEVENT\nUID:b\nEND:VEVENT\n"
                         "END:VCALENDAR\n");
-    PieceReader reader(source);
+    PieceReader reader(source, Nobody());
     CalendarPiece first;
     CalendarPiece second;
     ASSERT_EQ(reader.Read(first), ReadResult::Piece);
@@ -109,7 +117,7 @@ TEST(PieceReader, PassesOverAttachmentsOfAnySizeInLittleMemory) {
     const std::string text = "BEGIN:VCALENDAR\nBEGIN:VEVENT\nATTACH;ENCODING=BASE64:" + std::string(5'000'000, 'A') +
                              "\nUID:a\nEND:VEVENT\nEND:VCALENDAR\n";
     MemorySource source(text);
-    PieceReader reader(source);
+    PieceReader reader(source, Nobody());
     CalendarPiece piece;
     ASSERT_EQ(reader.Read(piece), ReadResult::Piece);
     EXPECT_THAT(GetLines(piece), ElementsAre("BEGIN:VEVENT", "UID:a", "END:VEVENT"));
@@ -138,7 +146,8 @@ TEST(PieceReader, NamesTheLineThatIsNoProperty) {
 TEST(PieceReader, RefusesWhatIsNoCalendar) {
     EXPECT_THAT(ReadToFault("").Reason, HasSubstr("not an iCalendar file"));
     EXPECT_THAT(ReadToFault("Dear all,\nthe meeting is at 9:30\n").Reason, HasSubstr("not an iCalendar file"));
-    EXPECT_THAT(ReadToFault("BEGIN:VEVENT\nEND:VEVENT\n").Reason, HasSubstr("not an iCalendar file"));
+    EXPECT_THAT(ReadToFault("BEGIN:VCARD\nEND:VCARD\n").Reason, HasSubstr("not an iCalendar file"));
+    EXPECT_EQ(ReadToFault("BEGIN:VEVENT\nEND:VEVENT\n").Reason, "entries stand outside any calendar");
     EXPECT_EQ(ReadToFault("Dear all,\n").Line, 1);
 }
 
@@ -149,9 +158,9 @@ TEST(PieceReader, RefusesTheOldFormat) {
 }
 
 TEST(PieceReader, RefusesEndlessNesting) {
-    std::string text = "BEGIN:VCALENDAR\n";
+    std::string text = "BEGIN:VCALENDAR\nBEGIN:VEVENT\n";
     for (int depth = 0; depth < 100000; ++depth) {
-        text += "BEGIN:VEVENT\n";
+        text += "BEGIN:X-ROOM\n";
     }
     EXPECT_EQ(ReadToFault(text).Reason, "entries are nested too deeply");
 }
@@ -164,7 +173,7 @@ TEST(PieceReader, RefusesAZeroByteInATextThatIsKept) {
 
 TEST(PieceReader, SaysThatEntriesOfOtherKindsAreOther) {
     MemorySource source("BEGIN:VCALENDAR\nBEGIN:VTODO\nSUMMARY:a\nEND:VTODO\nEND:VCALENDAR\n");
-    PieceReader reader(source);
+    PieceReader reader(source, Nobody());
     CalendarPiece piece;
     ASSERT_EQ(reader.Read(piece), ReadResult::Piece);
     EXPECT_EQ(piece.Kind, PieceKind::Other);
