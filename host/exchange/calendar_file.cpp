@@ -16,7 +16,7 @@ ReadStep Continue(bool goOn) {
 
 CalendarFileReader::CalendarFileReader(IByteSource& source, IEntrySink& sink, Manner manner)
     : Source(source), Sink(sink), Silent(nullptr, manner), Faults(&sink, manner), Zones(sink), Events(Zones),
-      Pieces(std::make_unique<PieceReader>(source, Silent)) {}
+      Pieces(std::make_unique<PieceReader>(source, Silent, Extent::UsedLines)) {}
 
 ReadStep CalendarFileReader::SurveyNext() {
     if (!Sink.OnProgress(0)) {
@@ -26,7 +26,7 @@ ReadStep CalendarFileReader::SurveyNext() {
     if (step == ReadStep::Done) {
         Survey.Close();
         SurveyedEnd = Pieces->GetOffset();
-        Pieces = std::make_unique<PieceReader>(Source, Faults); // from the beginning again
+        Pieces = std::make_unique<PieceReader>(Source, Faults, Extent::AllLines); // from the beginning again
         Offset = 0;
     } else if (step == ReadStep::More) {
         Survey.Take(Piece, Zones, Faults); // a zone is looked at here only
@@ -114,7 +114,7 @@ bool CalendarFileReader::AddOccurrences() {
         return true;
     }
     FaultTeller unheard(nullptr, Manner::Lenient);
-    PieceReader reader(Source, unheard);
+    PieceReader reader(Source, unheard, Extent::AllLines);
     CalendarPiece piece;
     EventEntry occurrence;
     std::vector<StoredException>& all = Entry.Item.Exceptions;

@@ -4,7 +4,9 @@
 #include "host/exchange/calendar_text.h"
 #include "host/exchange/event_reminder.h"
 #include "host/exchange/event_series.h"
+#include "host/rules/save_rules.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -16,6 +18,9 @@ using rules::StoredException;
 using rules::StoredItem;
 
 constexpr std::string_view kUidName = "UID";
+// What an occurrence of a series says for itself and has no place of its own in the store.
+constexpr std::array<std::string_view, 5> kOfOccurrence = {"DESCRIPTION", "CATEGORIES", "CLASS", "TRANSP",
+                                                           "X-MICROSOFT-CDO-BUSYSTATUS"};
 
 void ReadText(const LineList& event, std::string_view name, std::u16string& text) {
     if (const rules::ContentLine* line = event.FindFirst(name); line != nullptr) {
@@ -110,6 +115,42 @@ Reading ReadOccurrence(const LineList& event, const EntryContext& context, Event
     return reading;
 }
 
+// The places of the alarms that say when.
+std::vector<std::size_t> FindAlarms(const EventLines& event) {
+    std::vector<std::size_t> places;
+    for (std::size_t place = 0; place < event.Alarms.size(); ++place) {
+        if (event.Alarms[place].FindFirst("TRIGGER") != nullptr) {
+            places.push_back(place);
+        }
+    }
+    return places;
+}
+
+// A series keeps of an occurrence its times, its subject and its place, and all else as it came.
+void CarryOccurrence(const CalendarPiece& piece, const std::vector<std::size_t>& alarms, FaultTeller& faults,
+                     EventEntry& entry) {
+    int depth = 0;
+    for (std::size_t index = 0; index < piece.Lines.size(); ++index) {
+        std::string_view name;
+        std::string_view value;
+        SplitLine(piece.GetLine(index), name, value);
+        depth += EqualsIgnoringCase(name, "BEGIN") ? 1 : 0;
+        depth -= EqualsIgnoringCase(name, "END") ? 1 : 0;
+        if (depth == 1 &&
+            std::find(kOfOccurrence.begin(), kOfOccurrence.end(), MakeUpper(name)) != kOfOccurrence.end()) {
+            AppendCarried(entry.OccurrenceCarried, piece.GetLine(index));
+        }
+    }
+    if (const std::string others = piece.Carried.Join(alarms); !others.empty()) {
+        entry.OccurrenceCarried += (entry.OccurrenceCarried.empty() ? "" : "\n") + others;
+    }
+    if (entry.OccurrenceCarried.size() > rules::kMaxCarriedByOccurrence) {
+        faults.Mention(piece.Line, "this occurrence has more text than can be kept",
+                       "its times, subject and place were read");
+        entry.OccurrenceCarried.clear();
+    }
+}
+
 } // namespace
 
 Reading EventReader::Read(CalendarPiece& piece, FaultTeller& faults, EventEntry& entry, FileFault& fault) {
@@ -140,7 +181,15 @@ Reading EventReader::Read(CalendarPiece& piece, FaultTeller& faults, EventEntry&
     ReadText(lines.Own, "DESCRIPTION", entry.Item.Body);
     ReadCategories(lines.Own, entry.Item);
     ReadFlags(lines.Own, entry);
-    ReadReminder(lines, entry.Start, end, entry.Item);
+    const std::optional<std::size_t> alarm = ReadReminder(lines, entry.Start, end, entry.Item);
+    std::vector<std::size_t> otherAlarms = FindAlarms(lines);
+    if (entry.Occurrence) {
+        CarryOccurrence(piece, otherAlarms, faults, entry);
+    }
+    if (alarm) {
+        std::erase(otherAlarms, *alarm);
+    }
+    entry.Item.Carried = piece.Carried.Join(otherAlarms);
     return Reading::Good;
 }
 
@@ -164,6 +213,7 @@ StoredException MakeException(const EventEntry& entry, const EventTime& seriesSt
     if (item.Location != series.Location) {
         exception.Location = item.Location;
     }
+    exception.Carried = entry.OccurrenceCarried;
     return exception;
 }
 

@@ -14,7 +14,8 @@ struct EventEntry {
     bool Cancelled = false;
     // Of a single occurrence of a series: when the series' rule says it starts.
     std::optional<EventTime> Occurrence;
-    std::string OccurrenceText; // that time as it stands in the file
+    std::string OccurrenceCarried; // what its series keeps of it as it came
+    std::string OccurrenceText;    // that time as it stands in the file
 };
 
 class EventReader {

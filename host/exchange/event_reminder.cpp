@@ -64,12 +64,15 @@ std::optional<Alarm> ReadAlarm(const LineList& lines, const EventTime& start, co
 
 } // namespace
 
-void ReadReminder(const EventLines& event, const EventTime& start, const EventTime& end, rules::StoredItem& item) {
+std::optional<std::size_t> ReadReminder(const EventLines& event, const EventTime& start, const EventTime& end,
+                                        rules::StoredItem& item) {
     std::optional<Alarm> best;
-    for (const LineList& lines : event.Alarms) {
-        const std::optional<Alarm> alarm = ReadAlarm(lines, start, end);
+    std::optional<std::size_t> place;
+    for (std::size_t index = 0; index < event.Alarms.size(); ++index) {
+        const std::optional<Alarm> alarm = ReadAlarm(event.Alarms[index], start, end);
         if (alarm && (!best || alarm->Rank() < best->Rank())) {
             best = alarm;
+            place = index;
         }
     }
     if (best) {
@@ -78,6 +81,7 @@ void ReadReminder(const EventLines& event, const EventTime& start, const EventTi
         item.ReminderMinutes = static_cast<std::int32_t>((best->Lead + kSecondsPerMinute - 1) / kSecondsPerMinute);
         item.ReminderOptions = best->Sound ? kSoundingReminder : kSilentReminder;
     }
+    return place;
 }
 
 } // namespace tavo::exchange

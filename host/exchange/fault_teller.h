@@ -33,6 +33,13 @@ class FaultTeller {
         }
     }
 
+    // Likewise, of what is in order and cannot be kept all the same.
+    void Mention(int line, const std::string& reason, const char* remedy) {
+        if (How == Manner::Lenient) {
+            Tell(line, reason, remedy);
+        }
+    }
+
     bool IsStrict() const { return How == Manner::Strict; }
 
     bool IsHeard() const { return IsStrict() || Sink != nullptr; }

@@ -18,14 +18,16 @@ constexpr std::array<std::string_view, 5> kEntryNames = {kEventName, kTimeZoneNa
 constexpr const char* kNoCalendar = "this is not an iCalendar file: BEGIN:VCALENDAR is missing";
 constexpr const char* kLeftOut = "it was left out";
 
-// What the import uses of an event. All else is checked for its form and then passed over, which also spares
-// the memory of attachments.
+// What the import uses of an event. All else is checked for its form and then kept as it came.
 constexpr std::array<std::string_view, 12> kNeededNames = {"UID",     "DTSTART",  "DTEND",  "DURATION",
                                                            "RRULE",   "RDATE",    "EXDATE", "EXRULE",
                                                            "TRIGGER", "SEQUENCE", "STATUS", "RECURRENCE-ID"};
 // Texts and words that may be empty, which then is the same as missing.
 constexpr std::array<std::string_view, 8> kOptionalNames = {
     "SUMMARY", "LOCATION", "DESCRIPTION", "CATEGORIES", "CLASS", "TRANSP", "ACTION", "X-MICROSOFT-CDO-BUSYSTATUS"};
+
+// Said anew by every export.
+constexpr std::array<std::string_view, 2> kStamps = {"DTSTAMP", "LAST-MODIFIED"};
 
 bool IsNameCharacter(char character) {
     const char upper = locale::ToUpperAscii(character);
@@ -50,6 +52,17 @@ PieceKind FindKind(std::string_view name) {
         return PieceKind::Event;
     }
     return name == kTimeZoneName ? PieceKind::TimeZone : PieceKind::Other;
+}
+
+// What an event says that the import does not use. Its number of changes and that it is certain are used in part.
+bool IsWorthCarrying(std::string_view name, std::string_view value) {
+    if (EqualsIgnoringCase(name, "SEQUENCE")) {
+        return TrimEnd(value) != "0";
+    }
+    if (EqualsIgnoringCase(name, "STATUS")) {
+        return EqualsIgnoringCase(TrimEnd(value), "CONFIRMED");
+    }
+    return !Contains(kNeededNames, name) && !Contains(kOptionalNames, name) && !Contains(kStamps, name);
 }
 
 void AppendLine(std::string_view text, int number, bool isRead, CalendarPiece& piece) {
@@ -87,7 +100,8 @@ bool SplitLine(std::string_view line, std::string_view& name, std::string_view& 
     return false;
 }
 
-PieceReader::PieceReader(IByteSource& source, FaultTeller& faults) : Reader(source), Faults(faults) {}
+PieceReader::PieceReader(IByteSource& source, FaultTeller& faults, Extent extent)
+    : Reader(source), Faults(faults), Wanted(extent) {}
 
 ReadResult PieceReader::Read(CalendarPiece& piece) {
     if (!Fault.Reason.empty()) {
@@ -186,6 +200,8 @@ ReadResult PieceReader::ReadPiece(const CalendarLine& begin, std::string name, C
     piece.TooLargeLine = 0;
     piece.Text.clear();
     piece.Lines.clear();
+    piece.Carried.Clear();
+    LeftOutTold = false;
     PieceDepth = Open.size();
     TooDeep = 0;
     Open.push_back({piece.Name, begin.Number});
@@ -308,8 +324,32 @@ bool PieceReader::IsNeeded(std::string_view name, std::string_view value, const 
     return Contains(kNeededNames, name) || (Contains(kOptionalNames, name) && !IsBlank(value));
 }
 
+void PieceReader::CarryLine(const CalendarLine& line, std::string_view name, std::string_view value,
+                            CalendarPiece& piece) {
+    const bool isInner = Open.size() > PieceDepth + 1;
+    const bool begins = EqualsIgnoringCase(name, "BEGIN");
+    const bool isFrame = begins || EqualsIgnoringCase(name, "END");
+    if (!isInner && !begins && (isFrame || !IsWorthCarrying(name, value))) {
+        return;
+    }
+    const bool isAlarm =
+        EqualsIgnoringCase(isInner ? Open[PieceDepth + 1].Name : value, kAlarmName) && (isInner || begins);
+    if (isAlarm && !isInner) {
+        piece.Carried.BeginAlarm();
+    }
+    const bool isKept = !line.Cut && (isAlarm ? piece.Carried.AddToAlarm(line.Text, isFrame)
+                                              : piece.Carried.AddOwn(line.Text, isFrame));
+    if (!isKept && !LeftOutTold) {
+        Faults.Mention(line.Number, "this line is too long to be kept, or one too many", kLeftOut);
+        LeftOutTold = true;
+    }
+}
+
 void PieceReader::KeepLine(const CalendarLine& line, std::string_view name, std::string_view value,
                            CalendarPiece& piece) {
+    if (Wanted == Extent::AllLines && piece.Kind == PieceKind::Event) {
+        CarryLine(line, name, value, piece);
+    }
     if (piece.TooLargeLine != 0 || !IsNeeded(name, value, piece)) {
         return;
     }

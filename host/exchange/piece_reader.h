@@ -1,6 +1,7 @@
 // Cuts a calendar file into its entries, one at a time, so that a file of any size is read in little memory.
 #pragma once
 
+#include "host/exchange/carried_lines.h"
 #include "host/exchange/fault_teller.h"
 #include "host/exchange/line_reader.h"
 #include "host/locale/ascii.h"
@@ -30,9 +31,12 @@ struct CalendarPiece {
     int TooLargeLine = 0; // where it became larger than can be kept: not all of its lines are here then
     std::string Text;
     std::vector<LinePlace> Lines;
+    CarriedLines Carried; // of an event, where all lines are asked for: those that the import does not use
 
     const char* GetLine(std::size_t index) const { return Text.c_str() + Lines[index].Begin; }
 };
+
+enum class Extent { UsedLines, AllLines };
 
 enum class ReadResult { Piece, End, Fault };
 
@@ -41,7 +45,7 @@ enum class ReadResult { Piece, End, Fault };
 class PieceReader {
   public:
     // Both must outlive it.
-    PieceReader(IByteSource& source, FaultTeller& faults);
+    PieceReader(IByteSource& source, FaultTeller& faults, Extent extent);
 
     // The next entry of the file. After a fault, that of a file that is no calendar or cannot be read, nothing more can
     // be.
@@ -71,17 +75,21 @@ class PieceReader {
     void CloseDownTo(std::size_t depth, int line, CalendarPiece& piece);
     ReadResult FinishFile();
     bool IsNeeded(std::string_view name, std::string_view value, const CalendarPiece& piece) const;
+    // A line that the import does not use, for an export to give it back.
+    void CarryLine(const CalendarLine& line, std::string_view name, std::string_view value, CalendarPiece& piece);
     void KeepLine(const CalendarLine& line, std::string_view name, std::string_view value, CalendarPiece& piece);
 
     LineReader Reader;
     FaultTeller& Faults;
     std::vector<OpenComponent> Open;
+    const Extent Wanted;
     std::size_t PieceDepth = 0;          // how many components are open around an entry
     int TooDeep = 0;                     // components open beyond what is looked at
     std::optional<CalendarLine> PutBack; // is read again first
     int FirstStray = 0;                  // line of the first one before anything began
     bool BeginSeen = false;
-    bool StrayTold = false; // of those that follow one another
+    bool LeftOutTold = false; // of the lines of this entry that are too many to be carried
+    bool StrayTold = false;   // of those that follow one another
     FileFault Fault;
 };
 

@@ -150,7 +150,8 @@ Status Appointment::SaveOccurrence(ItemDraft& draft) {
 
 Status Appointment::CancelOccurrence() {
     const Status status = WriteException([](StoredException& exception, const StoredItem&) {
-        exception = {exception.Original, ExceptionKind::Cancelled, 0, 0, std::nullopt, std::nullopt, exception.Source};
+        exception = {exception.Original, ExceptionKind::Cancelled, 0, 0, std::nullopt, std::nullopt, "",
+                     exception.Source};
     });
     if (Succeeded(status)) {
         Owner->Core.TellCancelled(Line.Item, Line.Original);

@@ -39,6 +39,7 @@ std::string DescribeChangedRow(std::string_view table, const std::string& key) {
     const std::string part = table == "item"        ? "a text or time of it"
                              : table == "ink"       ? "its note"
                              : table == "exception" ? "an occurrence of it"
+                             : table == "carried"   ? "a line that came with it"
                                                     : "its recurrence";
     return "Item " + key + " is not as it was saved: " + part +
            " has changed by itself on the disk. Look it over, change " +
@@ -157,7 +158,8 @@ class FullCheck {
     // A bit that flipped where SQLite cannot see it: within a text or a number.
     Status CheckSums() {
         Query version(Core.Db, "PRAGMA user_version");
-        if (version.Next() && version.Small(0) < kSummedVersion) {
+        const std::int32_t fileVersion = version.Next() ? version.Small(0) : kSchemaVersion;
+        if (fileVersion < kSummedVersion) {
             return Status::Ok; // it is brought forward when the program starts
         }
         static const std::array<std::string, kSummedTables.size()> statements = [] {
@@ -166,6 +168,9 @@ class FullCheck {
             return made;
         }();
         for (std::size_t index = 0; index < statements.size(); ++index) {
+            if (fileVersion < kCarryingVersion && kSummedTables[index].Name == std::string_view(kCarriedTable.Name)) {
+                continue;
+            }
             Query query(Core.Db, statements[index].c_str());
             while (query.Next()) {
                 const std::string_view table = kSummedTables[index].Name;

@@ -32,6 +32,8 @@ struct ImportWriter::Work {
 
     // Results of an item that is in the store already, under `oid`.
     Status Replace(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome);
+    // Of one that an earlier program imported from the same file without the lines that mean nothing here.
+    Status AddCarried(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome);
     void ExpectExceptions(const StoredItem& stored);
     Status DropUnoffered();
     Status Put(Oid oid, const StoredException& exception, ImportOutcome& outcome);
@@ -49,6 +51,19 @@ bool CameByItself(const StoredException& exception) {
 bool RecursAlike(const StoredItem& left, const StoredItem& right) {
     return left.Pattern == right.Pattern && left.ForeignRule == right.ForeignRule && left.Zone == right.Zone &&
            (left.Zone.empty() ? left.Start == right.Start : left.ZoneStart == right.ZoneStart);
+}
+
+StoredItem WithoutCarried(StoredItem item) {
+    item.Carried.clear();
+    for (StoredException& exception : item.Exceptions) {
+        exception.Carried.clear();
+    }
+    return item;
+}
+
+StoredException WithoutCarried(StoredException exception) {
+    exception.Carried.clear();
+    return exception;
 }
 
 void Refuse(ImportOutcome& outcome, std::string_view reason) {
@@ -133,6 +148,27 @@ Status ImportWriter::Work::Replace(Oid oid, StoredItem& item, std::int64_t sourc
     return status;
 }
 
+Status ImportWriter::Work::AddCarried(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome) {
+    StoredItem before;
+    if (const Status status = Core.Items.Read(oid, Ink::Leave, before); Failed(status)) {
+        return status;
+    }
+    ExpectExceptions(before);
+    StoredItem after = before;
+    after.Carried = item.Carried;
+    for (StoredException& exception : after.Exceptions) {
+        const auto same =
+            std::find_if(item.Exceptions.begin(), item.Exceptions.end(),
+                         [&exception](const StoredException& one) { return one.Original == exception.Original; });
+        if (same != item.Exceptions.end() && exception.Source == kCameInside) {
+            exception.Carried = same->Carried;
+        }
+    }
+    item.Item = oid;
+    outcome.Result = ImportResult::Changed;
+    return Core.ChangeItem(before, after, Ink::Leave, source, outcome.Reason);
+}
+
 Status ImportWriter::Write(const StoredItem& given, ImportOutcome& outcome) {
     outcome = ImportOutcome();
     if (!State->Begun) {
@@ -178,6 +214,8 @@ Status ImportWriter::Write(const StoredItem& given, ImportOutcome& outcome) {
             }
         }
         item.Item = oid;
+    } else if (CarriesLines(item) && source == FingerprintOf(WithoutCarried(item))) {
+        status = State->AddCarried(oid, item, fingerprint, outcome);
     } else {
         status = State->Replace(oid, item, fingerprint, outcome);
     }
@@ -269,6 +307,9 @@ Status ImportWriter::Work::Put(Oid oid, const StoredException& exception, Import
     if (isNew) {
         series->Places[offered.Original] = all.size();
         all.push_back(std::move(offered));
+    } else if (all[place->second].Source == FingerprintOf(WithoutCarried(exception))) {
+        all[place->second].Carried = std::move(offered.Carried); // what an earlier program did not keep
+        all[place->second].Source = offered.Source;
     } else {
         all[place->second] = std::move(offered);
     }

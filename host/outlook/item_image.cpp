@@ -9,7 +9,8 @@ namespace tavo::outlook {
 namespace {
 
 constexpr std::uint8_t kFirstImageVersion = 1; // exceptions without their origin
-constexpr std::uint8_t kImageVersion = 2;
+constexpr std::uint8_t kImageVersionWithoutCarried = 2;
+constexpr std::uint8_t kImageVersion = 3;
 constexpr std::size_t kOrdinaryItem = 512; // bytes
 constexpr std::size_t kMaxParts = 100000;  // exceptions or tags of one item
 
@@ -203,6 +204,20 @@ void ReadExceptions(Reader& reader, std::uint8_t version, std::vector<StoredExce
     }
 }
 
+void WriteCarried(Writer& writer, const StoredItem& item) {
+    writer.Block(item.Carried);
+    for (const StoredException& exception : item.Exceptions) {
+        writer.Block(exception.Carried);
+    }
+}
+
+void ReadCarried(Reader& reader, StoredItem& item) {
+    item.Carried = reader.Narrow();
+    for (StoredException& exception : item.Exceptions) {
+        exception.Carried = reader.Narrow();
+    }
+}
+
 void WriteTag(Writer& writer, TagPlace place) {
     writer.Number(static_cast<std::int64_t>(place.List));
     writer.Number(place.Position);
@@ -256,6 +271,7 @@ std::vector<std::uint8_t> EncodeImage(const ItemImage& image) {
     for (const TagPlace& tag : image.Tags) {
         WriteTag(writer, tag);
     }
+    WriteCarried(writer, image.Item);
     return std::move(writer.Bytes);
 }
 
@@ -275,6 +291,9 @@ bool DecodeImage(std::span<const std::uint8_t> bytes, ItemImage& image) {
     }
     for (std::size_t left = reader.Count(); left > 0 && reader.IsGood(); --left) {
         ReadTag(reader, read.Tags.emplace_back());
+    }
+    if (bytes[0] > kImageVersionWithoutCarried) {
+        ReadCarried(reader, read.Item);
     }
     // The store's own rules hold for bytes from a file, too: arithmetic relies on them.
     if (!reader.IsGood() || !reader.AtEnd() || CheckAndDerive(read.Item) != SaveFault::None) {
@@ -298,6 +317,9 @@ std::int64_t FingerprintOf(const StoredItem& item) {
     WriteItem(writer, imported);
     WriteExceptions(writer, imported.Exceptions);
     writer.Block(imported.Ink);
+    if (CarriesLines(imported)) {
+        WriteCarried(writer, imported);
+    }
     return HashOf(writer.Bytes);
 }
 
@@ -306,6 +328,9 @@ std::int64_t FingerprintOf(const StoredException& exception) {
     imported.Source = 0;
     Writer writer;
     WriteExceptions(writer, {imported});
+    if (!imported.Carried.empty()) {
+        writer.Block(imported.Carried);
+    }
     return HashOf(writer.Bytes);
 }
 

@@ -46,6 +46,9 @@ Status ItemTable::Read(Oid oid, Ink ink, StoredItem& item) {
     read.Categories = ToUtf16(row.Text(14));
     read.Body = ToUtf16(row.Text(15));
     Status status = (flags & kFlagRecurring) != 0 ? ReadRecurrence(read) : Status::Ok;
+    if (Succeeded(status) && (flags & kFlagCarries) != 0) {
+        status = ReadCarried(read);
+    }
     if (Succeeded(status) && ink == Ink::Take) {
         status = ReadInk(oid, read.Ink);
     }
@@ -102,6 +105,26 @@ Status ItemTable::ReadRecurrence(StoredItem& item) {
     return rows.Result();
 }
 
+Status ItemTable::ReadCarried(StoredItem& item) {
+    Query rows(Source, "SELECT original, lines FROM carried WHERE oid = ? ORDER BY original");
+    rows.Bind(item.Item);
+    auto exception = item.Exceptions.begin();
+    while (rows.Next()) {
+        const Seconds original = rows.Integer(0);
+        if (original == kWholeItem) {
+            item.Carried = rows.Text(1);
+            continue;
+        }
+        while (exception != item.Exceptions.end() && exception->Original < original) {
+            ++exception;
+        }
+        if (exception != item.Exceptions.end() && exception->Original == original) {
+            exception->Carried = rows.Text(1);
+        }
+    }
+    return rows.Result();
+}
+
 Status ItemTable::ReadInk(Oid oid, std::vector<std::uint8_t>& ink) {
     ink.clear();
     Query query(Source, "SELECT data FROM ink WHERE oid = ?");
@@ -149,7 +172,7 @@ Status ItemTable::Remove(Oid oid) {
     if (const Status status = RemovePlain(oid); Failed(status)) {
         return status;
     }
-    // Series, exceptions, foreign rule and ink go with the item.
+    // Series, exceptions, foreign rule, carried lines and ink go with the item.
     Query remove(Source, "DELETE FROM item WHERE oid = ?");
     return remove.Bind(oid).Finish();
 }

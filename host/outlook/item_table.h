@@ -48,6 +48,9 @@ class ItemTable {
     Status WriteParts(const StoredItem& item, const SeriesRow& series);
     Status WriteSeries(const SeriesRow& row, const StoredItem& item);
     Status WriteExceptions(const StoredItem& item);
+    // The lines of other calendars: of the item and of its exceptions.
+    Status WriteCarried(const StoredItem& item);
+    Status ReadCarried(StoredItem& item);
     Status WriteInk(Oid oid, std::span<const std::uint8_t> ink);
     Status RemovePlain(Oid oid);
     // Items with a row, or a zone, whose checksum is not its own.

@@ -79,7 +79,7 @@ Status ItemTable::WriteRow(const char* sql, const StoredItem& item, ZoneId zone,
         query.Bind(zone).Bind(item.ZoneStart).Bind(item.ZoneEnd - item.ZoneStart);
     }
     query.Bind((item.AllDay ? kFlagAllDay : 0) | (item.ReminderSet ? kFlagReminder : 0) |
-               (item.IsRecurring() ? kFlagRecurring : 0));
+               (item.IsRecurring() ? kFlagRecurring : 0) | (CarriesLines(item) ? kFlagCarries : 0));
     query.Bind(item.BusyStatus).Bind(item.Sensitivity).Bind(item.ReminderMinutes).Bind(item.ReminderOptions);
     query.Bind(sound).Bind(subject).Bind(location).Bind(categories).Bind(body).Bind(item.Item);
     return query.Finish();
@@ -122,6 +122,23 @@ Status ItemTable::WriteExceptions(const StoredItem& item) {
     return Status::Ok;
 }
 
+Status ItemTable::WriteCarried(const StoredItem& item) {
+    const auto write = [&](Seconds original, const std::string& lines) {
+        if (lines.empty()) {
+            return Status::Ok;
+        }
+        Query query(Source, "INSERT INTO carried(oid, original, lines, sum) VALUES (?1, ?2, ?3, row_sum(?1, ?2, ?3))");
+        return query.Bind(item.Item).Bind(original).Bind(lines).Finish();
+    };
+    Status status = write(kWholeItem, item.Carried);
+    if (item.IsRecurring()) {
+        for (const StoredException& exception : item.Exceptions) {
+            status = Succeeded(status) ? write(exception.Original, exception.Carried) : status;
+        }
+    }
+    return status;
+}
+
 Status ItemTable::WriteInk(Oid oid, std::span<const std::uint8_t> ink) {
     if (ink.empty()) {
         Query remove(Source, "DELETE FROM ink WHERE oid = ?");
@@ -134,6 +151,9 @@ Status ItemTable::WriteInk(Oid oid, std::span<const std::uint8_t> ink) {
 
 // The item's row is there already: the others refer to it.
 Status ItemTable::WriteParts(const StoredItem& item, const SeriesRow& series) {
+    if (const Status status = WriteCarried(item); Failed(status)) {
+        return status;
+    }
     if (!item.IsRecurring()) {
         const Seconds length = item.End - item.Start;
         Query plain(Source, "INSERT INTO plain(span, start, oid, length) VALUES (?, ?, ?, ?)");
@@ -166,7 +186,7 @@ Status ItemTable::Update(StoredItem& item, Ink ink, std::int64_t source, std::st
         status = RemovePlain(item.Item);
     }
     for (const char* sql : {"DELETE FROM series WHERE oid = ?", "DELETE FROM foreign_rule WHERE oid = ?",
-                            "DELETE FROM exception WHERE oid = ?"}) {
+                            "DELETE FROM exception WHERE oid = ?", "DELETE FROM carried WHERE oid = ?"}) {
         if (Succeeded(status)) {
             status = Query(Source, sql).Bind(item.Item).Finish();
         }

@@ -3,6 +3,7 @@
 
 #include "host/outlook/database.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -10,9 +11,9 @@ namespace tavo::outlook {
 
 // A table whose rows carry the checksum of their other columns.
 struct SummedTable {
-    const char* Name;
-    const char* Key;     // the column that says which row it is
-    const char* Columns; // what the sum is over, in its order
+    const char* Name = "";
+    const char* Key = "";     // the column that says which row it is
+    const char* Columns = ""; // what the sum is over, in its order
 };
 
 // As version 4 of the schema has them. The step to a version reads the tables of that version, never today's: a later
@@ -31,8 +32,16 @@ constexpr std::array<SummedTable, 7> kSummedTablesOfVersion4{{
     {"journal_change", "group_id", "group_id, step, kind, oid, last_oid, image"},
 }};
 
+// Of version 5.
+constexpr SummedTable kCarriedTable{"carried", "oid", "oid, original, lines"};
+
 // Today's.
-inline constexpr const std::array<SummedTable, 7>& kSummedTables = kSummedTablesOfVersion4;
+constexpr std::array<SummedTable, 8> kSummedTables = [] {
+    std::array<SummedTable, 8> tables{};
+    std::copy(kSummedTablesOfVersion4.begin(), kSummedTablesOfVersion4.end(), tables.begin());
+    tables.back() = kCarriedTable;
+    return tables;
+}();
 
 // Gives a connection the function `row_sum` of any number of values: 32 bits, different for any two rows that differ in
 // a single bit. Only for statements of ours, not for what a file's schema says.

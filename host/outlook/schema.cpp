@@ -203,6 +203,17 @@ std::string ToVersion4() {
     return steps;
 }
 
+// Content lines of other calendars that mean nothing here: of an item, and of occurrences that do not follow its rule.
+constexpr const char* kToVersion5 = R"sql(
+CREATE TABLE carried(
+    oid INTEGER NOT NULL REFERENCES item(oid) ON DELETE CASCADE,
+    original INTEGER NOT NULL,
+    lines TEXT NOT NULL,
+    sum INTEGER NOT NULL,
+    PRIMARY KEY (oid, original)
+) WITHOUT ROWID;
+)sql";
+
 // Asks every table that a file of a version must have for a row: finds a missing one and a damaged first page.
 constexpr const char* kTouchVersion1 =
     "SELECT (SELECT 1 FROM setting LIMIT 1), (SELECT 1 FROM change_count LIMIT 1), (SELECT 1 FROM zone LIMIT 1),"
@@ -217,6 +228,7 @@ constexpr const char* kTouchVersion4 =
     "SELECT (SELECT sum FROM item LIMIT 1), (SELECT sum FROM series LIMIT 1), (SELECT sum FROM foreign_rule LIMIT 1),"
     " (SELECT sum FROM exception LIMIT 1), (SELECT sum FROM ink LIMIT 1), (SELECT sum FROM zone LIMIT 1),"
     " (SELECT sum FROM journal_change LIMIT 1)";
+constexpr const char* kTouchVersion5 = "SELECT (SELECT sum FROM carried LIMIT 1)";
 
 // Turns the pragma with its number into one statement.
 Status SetNumber(Database& database, const char* pragma, std::int32_t number) {
@@ -273,8 +285,9 @@ Status CreateSchema(Database& database) {
     if (const Status status = SetNumber(database, "application_id", kApplicationId); Failed(status)) {
         return status;
     }
-    return BringForward(database,
-                        [](std::int64_t) { return std::string(kVersion1) + kToVersion2 + kToVersion3 + ToVersion4(); });
+    return BringForward(database, [](std::int64_t) {
+        return std::string(kVersion1) + kToVersion2 + kToVersion3 + ToVersion4() + kToVersion5;
+    });
 }
 
 Status ReadSchema(Database& database, std::int32_t& version) {
@@ -304,6 +317,9 @@ Status ReadSchema(Database& database, std::int32_t& version) {
     if (Succeeded(status) && version >= 4) {
         status = Touch(database, kTouchVersion4);
     }
+    if (Succeeded(status) && version >= 5) {
+        status = Touch(database, kTouchVersion5);
+    }
     return OursButDamaged(status);
 }
 
@@ -318,6 +334,9 @@ Status MigrateSchema(Database& database) {
         }
         if (version < 4) {
             steps += ToVersion4();
+        }
+        if (version < 5) {
+            steps += kToVersion5;
         }
         return steps;
     });

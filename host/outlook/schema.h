@@ -8,8 +8,9 @@
 namespace tavo::outlook {
 
 constexpr std::int32_t kApplicationId = 0x5461766F; // "Tavo"
-constexpr std::int32_t kSchemaVersion = 4;
-constexpr std::int32_t kSummedVersion = 4; // from here on rows carry their checksums
+constexpr std::int32_t kSchemaVersion = 5;
+constexpr std::int32_t kSummedVersion = 4;   // from here on rows have their checksums
+constexpr std::int32_t kCarryingVersion = 5; // from here on there is the table `carried`
 // From here on who only reads finds all it needs in its place.
 constexpr std::int32_t kReadableVersion = 3;
 

@@ -83,8 +83,9 @@ SaveFault CheckExceptions(std::vector<StoredException>& exceptions) {
 
 SaveFault CheckException(const StoredException& exception) {
     const bool moved = exception.Kind == ExceptionKind::Moved;
-    return moved && CheckTimes(exception.Start, exception.End) != SaveFault::None ? SaveFault::BadException
-                                                                                  : SaveFault::None;
+    const bool isGood = exception.Carried.size() <= kMaxCarriedByOccurrence &&
+                        (!moved || CheckTimes(exception.Start, exception.End) == SaveFault::None);
+    return isGood ? SaveFault::None : SaveFault::BadException;
 }
 
 SaveFault CheckAndDerive(StoredItem& item) {
@@ -95,8 +96,9 @@ SaveFault CheckAndDerive(StoredItem& item) {
         return fault;
     }
     if (item.Subject.size() + item.Location.size() + item.Categories.size() + item.Body.size() +
-            item.ReminderSound.size() + item.ForeignRule.size() >
-        kMaxTextLength) {
+                item.ReminderSound.size() + item.ForeignRule.size() >
+            kMaxTextLength ||
+        item.Carried.size() > kMaxCarriedBytes) {
         return SaveFault::TextTooLong;
     }
     if (item.Ink.size() > kMaxInkBytes) {

@@ -9,7 +9,9 @@ namespace tavo::rules {
 
 constexpr Seconds kLongestAppointment = 31 * kSecondsPerDay;
 constexpr std::size_t kMaxInkBytes = 4 << 20;
-constexpr std::size_t kMaxTextLength = 1 << 20; // of all texts together: far beyond what a person writes
+constexpr std::size_t kMaxTextLength = 1 << 20;           // of all texts together: far beyond what a person writes
+constexpr std::size_t kMaxCarriedBytes = 1 << 20;         // lines of another calendar
+constexpr std::size_t kMaxCarriedByOccurrence = 64 << 10; // likewise, of one that does not follow the rule
 
 enum class SaveFault {
     None,

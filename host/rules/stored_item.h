@@ -38,6 +38,7 @@ struct StoredException {
     Seconds End = 0;
     std::optional<std::u16string> Subject; // only where it differs from the series
     std::optional<std::u16string> Location;
+    std::string Carried;     // as that of the item, of this occurrence alone
     std::int64_t Source = 0; // where it came from: kept by the store, left at 0 by who writes
     friend bool operator==(const StoredException&, const StoredException&) = default;
 };
@@ -73,11 +74,18 @@ struct StoredItem {
     std::string ForeignRule;
     std::vector<StoredException> Exceptions; // in order of Original, each once
 
+    // Content lines that came with it and mean nothing here, for an export to give back: unfolded, joined by line
+    // feeds, whole components among them between their BEGIN and END.
+    std::string Carried;
+
     std::vector<std::uint8_t> Ink;
 
     bool IsRecurring() const { return Pattern.Type != kRecursOnce; }
 
     friend bool operator==(const StoredItem&, const StoredItem&) = default;
 };
+
+// Whether it, or an exception of it, has lines of another calendar.
+bool CarriesLines(const StoredItem& item);
 
 } // namespace tavo::rules

@@ -81,7 +81,10 @@ StoredItem MakeRichItem(ItemKind kind) {
     rules::StoredException cancelled;
     cancelled.Original = first + rules::kSecondsPerDay;
     item.Exceptions.push_back(cancelled);
-    item.Exceptions.push_back({moved, rules::ExceptionKind::Moved, moved + 3600, moved + 7200, u"Moved", u"Room 8", 0});
+    item.Exceptions.push_back(
+        {moved, rules::ExceptionKind::Moved, moved + 3600, moved + 7200, u"Moved", u"Room 8", "", 0});
+    item.Carried = "URL:https://example.org";
+    item.Exceptions.back().Carried = "COMMENT:once";
     item.Ink = {0xF7, 1, 2, 3};
     return item;
 }
@@ -93,13 +96,14 @@ TEST_F(HiddenProperties, EveryPropertyOutlivesANewSubjectInEveryMode) {
         StoredItem expected = Whole(oid);
         // Each of them, by name: a new property of the store has to be given a value above.
         const auto& [id, uid, subject, location, categories, body, start, end, zone, zoneStart, zoneEnd, allDay, busy,
-                     sensitivity, reminderSet, minutes, options, sound, pattern, foreignRule, exceptions, ink] =
-            expected;
+                     sensitivity, reminderSet, minutes, options, sound, pattern, foreignRule, exceptions, carried,
+                     ink] = expected;
         ASSERT_TRUE(id != 0 && !uid.empty() && !location.empty() && !categories.empty() && !body.empty());
         ASSERT_TRUE(start != 0 && end != 0 && reminderSet && options != 0 && !sound.empty() && !ink.empty());
         ASSERT_TRUE(allDay || (!zone.empty() && zoneStart != start && zoneEnd != end));
         ASSERT_TRUE(busy != kBusyBusy && sensitivity != kSensitivityNormal && pattern.Type != kRecursOnce);
-        ASSERT_TRUE(foreignRule.empty() && exceptions.size() == 2U && (minutes != 0 || mode == kModeAlarm));
+        ASSERT_TRUE(foreignRule.empty() && exceptions.size() == 2U && !carried.empty() &&
+                    (minutes != 0 || mode == kModeAlarm));
         Rename(mode, oid);
         expected.Subject = u"Renamed";
         EXPECT_EQ(Whole(oid), expected);

@@ -1,9 +1,11 @@
 // Items and what became of a calendar file, as text that tests compare.
 #include "tests/exchange/item_text.h"
 
+#include "host/locale/utf.h"
 #include "host/posix/zone_database.h"
 #include "host/rules/zones.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <string_view>
@@ -45,6 +47,15 @@ void AddLine(std::string& text, std::string_view name, std::string_view value) {
     text += '\n';
 }
 
+// One for each line of several.
+void AddLines(std::string& text, std::string_view name, std::string_view lines) {
+    while (!lines.empty()) {
+        const std::size_t end = std::min(lines.find('\n'), lines.size());
+        AddLine(text, name, DescribeText(locale::ToUtf16(lines.substr(0, end))));
+        lines.remove_prefix(std::min(end + 1, lines.size()));
+    }
+}
+
 void AddText(std::string& text, std::string_view name, std::u16string_view value) {
     if (!value.empty()) {
         AddLine(text, name, DescribeText(value));
@@ -79,6 +90,7 @@ std::string DescribeException(const StoredException& exception) {
     line += " moved to " + DescribeTime(exception.Start) + " - " + DescribeTime(exception.End);
     line += exception.Subject ? ", subject " + DescribeText(*exception.Subject) : "";
     line += exception.Location ? ", location " + DescribeText(*exception.Location) : "";
+    line += exception.Carried.empty() ? "" : ", carried " + DescribeText(locale::ToUtf16(exception.Carried));
     return line;
 }
 
@@ -160,11 +172,8 @@ std::string DescribeItem(const StoredItem& item) {
                 std::to_string(item.ReminderMinutes) + " minutes, options " + std::to_string(item.ReminderOptions));
     }
     AddPattern(text, item.Pattern);
-    for (std::size_t begin = 0; begin < item.ForeignRule.size();) {
-        const std::size_t end = std::min(item.ForeignRule.find('\n', begin), item.ForeignRule.size());
-        AddLine(text, "rule", std::string_view(item.ForeignRule).substr(begin, end - begin));
-        begin = end + 1;
-    }
+    AddLines(text, "rule", item.ForeignRule);
+    AddLines(text, "carried", item.Carried);
     for (const StoredException& exception : item.Exceptions) {
         AddLine(text, "exception", DescribeException(exception));
     }

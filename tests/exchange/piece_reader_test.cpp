@@ -28,7 +28,7 @@ std::vector<std::string> GetLines(const CalendarPiece& piece) {
 FileFault ReadToFault(std::string_view text) {
     MemorySource source(text);
     FaultTeller faults(nullptr, Manner::Strict);
-    PieceReader reader(source, faults);
+    PieceReader reader(source, faults, Extent::UsedLines);
     CalendarPiece piece;
     while (reader.Read(piece) == ReadResult::Piece) {
     }
@@ -44,7 +44,7 @@ FaultTeller& Nobody() {
 TEST(PieceReader, GivesTheNeededLinesOfEachEventAndNoOthers) {
     MemorySource source("BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nUID:a\r\nX-COLOUR:red\r\n"
                         "SUMMARY:One\r\nEND:VEVENT\r\nBEGIN:VEVENT\r\nUID:b\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n");
-    PieceReader reader(source, Nobody());
+    PieceReader reader(source, Nobody(), Extent::UsedLines);
     CalendarPiece piece;
     ASSERT_EQ(reader.Read(piece), ReadResult::Piece);
     EXPECT_EQ(piece.Kind, PieceKind::Event);
@@ -59,7 +59,7 @@ TEST(PieceReader, GivesTheNeededLinesOfEachEventAndNoOthers) {
 TEST(PieceReader, JoinsFoldedLinesEvenWithinACharacter) {
     MemorySource source("BEGIN:VCALENDAR\nBEGIN:VEVENT\nSUMMARY:Caf\xC3\n \xA9 at n\n\toon\nUID:a\nEND:VEVENT\n"
                         "END:VCALENDAR\n");
-    PieceReader reader(source, Nobody());
+    PieceReader reader(source, Nobody(), Extent::UsedLines);
     CalendarPiece piece;
     ASSERT_EQ(reader.Read(piece), ReadResult::Piece);
     EXPECT_THAT(GetLines(piece), ElementsAre("BEGIN:VEVENT", "SUMMARY:Café at noon", "UID:a", "END:VEVENT"));
@@ -77,7 +77,7 @@ TEST(PieceReader, ReadsLinesThatReachOverTheEdgesOfItsWindow) {
     }
     const std::string text = "BEGIN:VCALENDAR\r\nBEGIN:VEVENT\r\n" + folded + "\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
     MemorySource source(text);
-    PieceReader reader(source, Nobody());
+    PieceReader reader(source, Nobody(), Extent::UsedLines);
     CalendarPiece piece;
     ASSERT_EQ(reader.Read(piece), ReadResult::Piece);
     EXPECT_EQ(std::string(piece.GetLine(1)), expected);
@@ -87,7 +87,7 @@ TEST(PieceReader, ReadsLinesThatReachOverTheEdgesOfItsWindow) {
 TEST(PieceReader, ReturnsToAnEntryByItsPlace) {
     MemorySource source("BEGIN:VCALENDAR\nBEGIN:VEVENT\nUID:a\nEND:VEVENT\nBEGIN:VEVENT\nUID:b\nEND:VEVENT\n"
                         "END:VCALENDAR\n");
-    PieceReader reader(source, Nobody());
+    PieceReader reader(source, Nobody(), Extent::UsedLines);
     CalendarPiece first;
     CalendarPiece second;
     ASSERT_EQ(reader.Read(first), ReadResult::Piece);
@@ -117,7 +117,7 @@ TEST(PieceReader, PassesOverAttachmentsOfAnySizeInLittleMemory) {
     const std::string text = "BEGIN:VCALENDAR\nBEGIN:VEVENT\nATTACH;ENCODING=BASE64:" + std::string(5'000'000, 'A') +
                              "\nUID:a\nEND:VEVENT\nEND:VCALENDAR\n";
     MemorySource source(text);
-    PieceReader reader(source, Nobody());
+    PieceReader reader(source, Nobody(), Extent::UsedLines);
     CalendarPiece piece;
     ASSERT_EQ(reader.Read(piece), ReadResult::Piece);
     EXPECT_THAT(GetLines(piece), ElementsAre("BEGIN:VEVENT", "UID:a", "END:VEVENT"));
@@ -173,7 +173,7 @@ TEST(PieceReader, RefusesAZeroByteInATextThatIsKept) {
 
 TEST(PieceReader, SaysThatEntriesOfOtherKindsAreOther) {
     MemorySource source("BEGIN:VCALENDAR\nBEGIN:VTODO\nSUMMARY:a\nEND:VTODO\nEND:VCALENDAR\n");
-    PieceReader reader(source, Nobody());
+    PieceReader reader(source, Nobody(), Extent::UsedLines);
     CalendarPiece piece;
     ASSERT_EQ(reader.Read(piece), ReadResult::Piece);
     EXPECT_EQ(piece.Kind, PieceKind::Other);

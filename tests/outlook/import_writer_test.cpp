@@ -12,7 +12,7 @@ using ::testing::IsEmpty;
 class Importing : public StoreTest {
   protected:
     static StoredException Moved(const std::string& original, const std::string& start, const std::string& end) {
-        return {At(original), ExceptionKind::Moved, At(start), At(end), std::nullopt, std::nullopt};
+        return {At(original), ExceptionKind::Moved, At(start), At(end), std::nullopt, std::nullopt, ""};
     }
 
     // One file with a series and its moved occurrences.
@@ -139,7 +139,7 @@ TEST_F(Importing, CallsOutsideATransactionAreUnexpected) {
 TEST_F(Importing, MovedOccurrencesFollowTheirSeries) {
     StoredItem item = MakeItem("u", "2026-05-01 09:00", "2026-05-01 10:00");
     item.Pattern = Counted(Daily(), 3);
-    item.Exceptions.push_back({At("2026-05-03 09:00"), ExceptionKind::Cancelled, 0, 0, std::nullopt, std::nullopt});
+    item.Exceptions.push_back({At("2026-05-03 09:00"), ExceptionKind::Cancelled, 0, 0, std::nullopt, std::nullopt, ""});
     const auto moved = Moved("2026-05-02 09:00", "2026-05-02 12:00", "2026-05-02 13:00");
     EXPECT_THAT(ImportFile(item, {moved}), ElementsAre(ImportResult::New, ImportResult::Changed));
     EXPECT_THAT(Starts(u"[Start] <= 12/31/2026"), ElementsAre("2026-05-01 09:00", "2026-05-02 12:00"));
@@ -169,7 +169,7 @@ TEST_F(Importing, ANewlyCancelledOccurrenceIsAChange) {
     StoredItem item = MakeItem("u", "2026-05-01 09:00", "2026-05-01 10:00");
     item.Pattern = Counted(Daily(), 3);
     Import(item);
-    item.Exceptions.push_back({At("2026-05-02 09:00"), ExceptionKind::Cancelled, 0, 0, std::nullopt, std::nullopt});
+    item.Exceptions.push_back({At("2026-05-02 09:00"), ExceptionKind::Cancelled, 0, 0, std::nullopt, std::nullopt, ""});
     EXPECT_EQ(TryImport(item).Result, ImportResult::Changed);
     EXPECT_THAT(Starts(u"[Start] <= 12/31/2026"), ElementsAre("2026-05-01 09:00", "2026-05-03 09:00"));
     EXPECT_EQ(TryImport(item).Result, ImportResult::Unchanged);
@@ -220,6 +220,46 @@ TEST_F(Importing, AllPartsOfAnItemAreKept) {
     expected.Item = oid;
     expected.Pattern.Occurrences = 8;
     EXPECT_EQ(Read(oid), expected);
+}
+
+TEST_F(Importing, LinesThatMeanNothingHereAreKeptAndUndone) {
+    StoredItem item = FullItem();
+    item.Carried = "URL:https://example.org/a\nATTENDEE;CN=Ann:mailto:ann@example.org";
+    item.Exceptions.push_back(Moved("2026-08-03 09:00", "2026-08-04 12:00", "2026-08-04 13:00"));
+    item.Exceptions.back().Carried = "COMMENT:Once only";
+    const Oid oid = Import(item);
+    EXPECT_EQ(Read(oid).Carried, item.Carried);
+    ASSERT_EQ(Read(oid).Exceptions.size(), 1U);
+    EXPECT_EQ(Read(oid).Exceptions[0].Carried, "COMMENT:Once only");
+    const ComPtr<IAppointment> edited = Get(oid);
+    EXPECT_EQ(edited->put_Subject(u"Edited"), Status::Ok);
+    EXPECT_EQ(edited->Save(), Status::Ok);
+    EXPECT_EQ(Read(oid).Carried, item.Carried);
+    EXPECT_EQ(edited->Delete(), Status::Ok);
+    std::vector<Oid> restored;
+    ASSERT_EQ(App->Undo(restored), Status::Ok);
+    EXPECT_EQ(Read(oid).Carried, item.Carried);
+    EXPECT_EQ(Read(oid).Exceptions[0].Carried, "COMMENT:Once only");
+    item.Carried.clear();
+    item.Exceptions[0].Carried.clear();
+    EXPECT_EQ(TryImport(item).Result, ImportResult::Changed);
+    EXPECT_EQ(Read(oid).Carried, "");
+}
+
+TEST_F(Importing, AFileWhoseLinesWereNotKeptBeforeBringsThemAndLeavesEditsAlone) {
+    StoredItem item = FullItem();
+    const Oid oid = Import(item);
+    const ComPtr<IAppointment> edited = Get(oid);
+    EXPECT_EQ(edited->put_Subject(u"Edited"), Status::Ok);
+    EXPECT_EQ(edited->Save(), Status::Ok);
+    item.Carried = "URL:https://example.org/a";
+    EXPECT_EQ(TryImport(item).Result, ImportResult::Changed);
+    EXPECT_EQ(Read(oid).Carried, item.Carried);
+    EXPECT_EQ(Read(oid).Subject, u"Edited");
+    EXPECT_EQ(TryImport(item).Result, ImportResult::Unchanged);
+    item.Carried = "URL:https://example.org/b";
+    EXPECT_EQ(TryImport(item).Result, ImportResult::Changed); // now the file itself did
+    EXPECT_EQ(Read(oid).Subject, u"Subject");
 }
 
 // A store compares what comes with the fingerprint of what came years ago: with another one every item of an old file

@@ -65,7 +65,7 @@ TEST_F(Listing, AMovedOccurrenceShowsItsOwnSubject) {
     StoredItem item = MakeItem("u", "2026-05-01 09:00", "2026-05-01 10:00", u"Series");
     item.Pattern = Counted(Daily(), 2);
     item.Exceptions.push_back({At("2026-05-02 09:00"), ExceptionKind::Moved, At("2026-05-02 11:00"),
-                               At("2026-05-02 12:00"), u"Own", std::nullopt});
+                               At("2026-05-02 12:00"), u"Own", std::nullopt, ""});
     Import(item);
     EXPECT_THAT(Days("2026-05-01", "2026-05-31"), ElementsAre("2026-05-01 09:00 > 2026-05-01 10:00 1 Series",
                                                               "2026-05-02 11:00 > 2026-05-02 12:00 1 Own"));

@@ -43,7 +43,16 @@ class RowSum : public StoreFileTest {
         StoredItem foreign = MakeItem("uid-foreign", "2026-05-04 12:00", "2026-05-04 13:00");
         foreign.Pattern.Type = kRecursForeign;
         foreign.ForeignRule = "RRULE:FREQ=MONTHLY;BYDAY=1MO,3MO";
+        foreign.Carried = "URL:https://example.org";
         Foreign = Import(foreign);
+    }
+
+    // Nothing in it brought lines of another calendar then.
+    void MakeVersion4() {
+        Run("DROP TABLE carried");
+        Run("UPDATE item SET flags = flags & 7");
+        Run(SqlToSum(kSummedTables.front()));
+        Run("PRAGMA user_version = 4");
     }
 
     Diagnosis Check() {
@@ -101,6 +110,7 @@ TEST_F(RowSum, AChangedRowOfEveryTableIsFound) {
         {"UPDATE series SET interval = 3 WHERE oid = 2", "Item 2 is not as it was saved: its recurrence"},
         {"UPDATE foreign_rule SET rule = replace(rule, '3MO', '2MO')", "Item 3 is not as it was saved: its recurrence"},
         {"UPDATE exception SET start = start + 64", "Item 2 is not as it was saved: an occurrence"},
+        {"UPDATE carried SET lines = 'URL:https://example.net'", "Item 3 is not as it was saved: a line that came"},
         {"UPDATE ink SET data = zeroblob(5000)",
          "its note has changed by itself on the disk. Look it over, change the note"},
         {"UPDATE zone SET name = 'Europe/Merlin'", "The time zone 1 has changed by itself", Verdict::Blemished},
@@ -196,7 +206,8 @@ TEST_F(RowSum, TheKindOfAValueCountsToo) {
 
 TEST_F(RowSum, OneWhoReadsAStoreThatHasNoneYetReadsIt) {
     Fill();
-    for (const SummedTable& table : kSummedTables) {
+    MakeVersion4();
+    for (const SummedTable& table : kSummedTablesOfVersion4) {
         Run(std::string("ALTER TABLE ") + table.Name + " DROP COLUMN sum");
     }
     Run("PRAGMA user_version = 3");
@@ -208,6 +219,22 @@ TEST_F(RowSum, OneWhoReadsAStoreThatHasNoneYetReadsIt) {
     Reopen(); // for writing: it gets them now
     Run("UPDATE item SET subject = 'x' WHERE oid = 1");
     EXPECT_EQ(Check().State, Verdict::Altered);
+}
+
+TEST_F(RowSum, AStoreOfBeforeCarriedLinesIsReadCheckedAndBroughtForward) {
+    Fill();
+    MakeVersion4();
+    EXPECT_EQ(Check().State, Verdict::Ok);
+    StoreOptions options;
+    options.Rights = Access::ReadOnly;
+    ASSERT_EQ(OpenStore(posix::SystemMachine(), File, options, Store), Status::Ok);
+    EXPECT_EQ(Read(Foreign).ForeignRule, "RRULE:FREQ=MONTHLY;BYDAY=1MO,3MO");
+    Store.reset();
+    Reopen(); // for writing
+    StoredItem item = MakeItem("uid-new", "2026-05-04 12:00", "2026-05-04 13:00");
+    item.Carried = "URL:https://example.org";
+    EXPECT_EQ(Read(Import(item)).Carried, item.Carried);
+    EXPECT_EQ(Check().State, Verdict::Ok);
 }
 
 TEST_F(RowSum, WhatASaveCannotMendIsDamageEvenBesideAnEntryThatChanged) {

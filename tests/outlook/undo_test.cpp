@@ -142,8 +142,8 @@ TEST_F(Undo, ADeletedItemComesBackWhole) {
     item.ReminderSound = u"bell.wav";
     item.Pattern = Counted(Weekly(32), 9);
     item.Exceptions.push_back({At("2026-05-08 11:00"), ExceptionKind::Moved, At("2026-05-09 11:00"),
-                               At("2026-05-09 12:00"), u"Moved", std::nullopt});
-    item.Exceptions.push_back({At("2026-05-15 11:00"), ExceptionKind::Cancelled, 0, 0, std::nullopt, std::nullopt});
+                               At("2026-05-09 12:00"), u"Moved", std::nullopt, ""});
+    item.Exceptions.push_back({At("2026-05-15 11:00"), ExceptionKind::Cancelled, 0, 0, std::nullopt, std::nullopt, ""});
     item.Ink = std::vector<std::uint8_t>(100000, 7);
     const Oid oid = Import(item);
     const StoredItem before = Read(oid);
