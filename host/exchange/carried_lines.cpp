@@ -29,6 +29,11 @@ void AppendCarried(std::string& lines, std::string_view line) {
     lines += locale::ToUtf8(DecodeText(text));
 }
 
+void AppendCarriedLines(std::string& lines, std::string_view others) {
+    lines += lines.empty() || others.empty() ? "" : "\n";
+    lines += others;
+}
+
 void CarriedLines::Clear() {
     *this = CarriedLines();
 }
@@ -56,9 +61,8 @@ bool CarriedLines::Add(std::string& lines, std::string_view line, bool isFrame) 
 std::string CarriedLines::Join(const std::vector<std::size_t>& alarms) const {
     std::string lines = Own;
     for (const std::size_t place : alarms) {
-        if (place < Alarms.size() && !Alarms[place].empty()) { // fewer where they were too many to be kept
-            lines += lines.empty() ? "" : "\n";
-            lines += Alarms[place];
+        if (place < Alarms.size()) { // fewer where they were too many to be kept
+            AppendCarriedLines(lines, Alarms[place]);
         }
     }
     return lines;

@@ -38,5 +38,7 @@ class CarriedLines {
 
 // Puts a line behind others, as UTF-8 that a store takes.
 void AppendCarried(std::string& lines, std::string_view line);
+// Likewise of any number of lines that were carried before.
+void AppendCarriedLines(std::string& lines, std::string_view others);
 
 } // namespace tavo::exchange

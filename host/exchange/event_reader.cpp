@@ -4,6 +4,7 @@
 #include "host/exchange/calendar_text.h"
 #include "host/exchange/event_reminder.h"
 #include "host/exchange/event_series.h"
+#include "host/exchange/long_event.h"
 #include "host/rules/save_rules.h"
 
 #include <algorithm>
@@ -141,9 +142,7 @@ void CarryOccurrence(const CalendarPiece& piece, const std::vector<std::size_t>&
             AppendCarried(entry.OccurrenceCarried, piece.GetLine(index));
         }
     }
-    if (const std::string others = piece.Carried.Join(alarms); !others.empty()) {
-        entry.OccurrenceCarried += (entry.OccurrenceCarried.empty() ? "" : "\n") + others;
-    }
+    AppendCarriedLines(entry.OccurrenceCarried, piece.Carried.Join(alarms));
     if (entry.OccurrenceCarried.size() > rules::kMaxCarriedByOccurrence) {
         faults.Mention(piece.Line, "this occurrence has more text than can be kept",
                        "its times, subject and place were read");
@@ -181,15 +180,17 @@ Reading EventReader::Read(CalendarPiece& piece, FaultTeller& faults, EventEntry&
     ReadText(lines.Own, "DESCRIPTION", entry.Item.Body);
     ReadCategories(lines.Own, entry.Item);
     ReadFlags(lines.Own, entry);
-    const std::optional<std::size_t> alarm = ReadReminder(lines, entry.Start, end, entry.Item);
-    std::vector<std::size_t> otherAlarms = FindAlarms(lines);
+    std::vector<std::size_t> alarms = FindAlarms(lines);
     if (entry.Occurrence) {
-        CarryOccurrence(piece, otherAlarms, faults, entry);
+        CarryOccurrence(piece, alarms, faults, entry);
     }
-    if (alarm) {
-        std::erase(otherAlarms, *alarm);
+    if (!entry.Occurrence && IsTooLong(entry.Item)) {
+        SpreadOverDays(lines.Own, context,
+                       entry.Item); // its alarms stay with the whole: a day of many reminds of nothing
+    } else {
+        ReadReminder(lines, entry.Start, end, entry.Item, alarms);
     }
-    entry.Item.Carried = piece.Carried.Join(otherAlarms);
+    AppendCarriedLines(entry.Item.Carried, piece.Carried.Join(alarms));
     return Reading::Good;
 }
 

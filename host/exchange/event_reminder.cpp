@@ -64,15 +64,15 @@ std::optional<Alarm> ReadAlarm(const LineList& lines, const EventTime& start, co
 
 } // namespace
 
-std::optional<std::size_t> ReadReminder(const EventLines& event, const EventTime& start, const EventTime& end,
-                                        rules::StoredItem& item) {
+void ReadReminder(const EventLines& event, const EventTime& start, const EventTime& end, rules::StoredItem& item,
+                  std::vector<std::size_t>& places) {
     std::optional<Alarm> best;
-    std::optional<std::size_t> place;
-    for (std::size_t index = 0; index < event.Alarms.size(); ++index) {
-        const std::optional<Alarm> alarm = ReadAlarm(event.Alarms[index], start, end);
+    auto taken = places.end();
+    for (auto place = places.begin(); place != places.end(); ++place) {
+        const std::optional<Alarm> alarm = ReadAlarm(event.Alarms[*place], start, end);
         if (alarm && (!best || alarm->Rank() < best->Rank())) {
             best = alarm;
-            place = index;
+            taken = place;
         }
     }
     if (best) {
@@ -80,8 +80,8 @@ std::optional<std::size_t> ReadReminder(const EventLines& event, const EventTime
         // Full minutes, and never later than asked for.
         item.ReminderMinutes = static_cast<std::int32_t>((best->Lead + kSecondsPerMinute - 1) / kSecondsPerMinute);
         item.ReminderOptions = best->Sound ? kSoundingReminder : kSilentReminder;
+        places.erase(taken);
     }
-    return place;
 }
 
 } // namespace tavo::exchange

@@ -4,14 +4,15 @@
 #include "host/exchange/event_time.h"
 
 #include <cstddef>
-#include <optional>
+#include <vector>
 
 namespace tavo::exchange {
 
-// Fills the item's reminder from the event's VALARMs; the place among them of the one that was taken. Of several, the
+// Fills the item's reminder from the event's VALARMs, and takes the one that was used out of `places`, those
+// among them that say when. Of several, the
 // one nearest to the start is taken; mails only where there is nothing else. A reminder after the start comes at the
 // start.
-std::optional<std::size_t> ReadReminder(const EventLines& event, const EventTime& start, const EventTime& end,
-                                        rules::StoredItem& item);
+void ReadReminder(const EventLines& event, const EventTime& start, const EventTime& end, rules::StoredItem& item,
+                  std::vector<std::size_t>& places);
 
 } // namespace tavo::exchange

@@ -57,6 +57,15 @@ bool NameZone(std::string& line, int number, const EntryContext& context, std::s
     return true;
 }
 
+void TellUnwalked(std::string_view name, std::string_view value, int number, FaultTeller& faults) {
+    rules::RuleText text;
+    std::string why;
+    if ((EqualsIgnoringCase(name, "RRULE") || EqualsIgnoringCase(name, "EXRULE")) &&
+        !rules::ReadRuleText(value, text, why) && !why.empty()) {
+        faults.Mention(number, why, "it takes place once here, and the rule is kept for an export");
+    }
+}
+
 Reading KeepRule(const EntryContext& context, StoredItem& item, FileFault& fault) {
     const CalendarPiece& piece = context.Piece;
     for (std::size_t index = 0; index < piece.Lines.size(); ++index) {
@@ -66,6 +75,7 @@ Reading KeepRule(const EntryContext& context, StoredItem& item, FileFault& fault
         if (!piece.Lines[index].IsRead || !SplitLine(line, name, value) || !IsRuleLine(name)) {
             continue;
         }
+        TellUnwalked(name, value, piece.Lines[index].Number, context.Faults);
         if (!NameZone(line, piece.Lines[index].Number, context, fault.Reason)) {
             fault.Line = piece.Lines[index].Number;
             return Reading::Refused;

@@ -33,10 +33,10 @@ class FaultTeller {
         }
     }
 
-    // Likewise, of what is in order and cannot be kept all the same.
+    // Likewise, of what is in order and cannot be taken over as it is all the same: it breaks no file.
     void Mention(int line, const std::string& reason, const char* remedy) {
-        if (How == Manner::Lenient) {
-            Tell(line, reason, remedy);
+        if (Sink != nullptr) {
+            Sink->OnMended(line, reason + "; " + remedy);
         }
     }
 

@@ -42,7 +42,12 @@ class LineReader {
         bool isRead = false;
         if (line && (line->Name == "RRULE" || line->Name == "EXRULE")) {
             RecurrenceRule rule;
-            isRead = ReadRule(line->Value, rule, fault);
+            std::string whyUnwalked;
+            isRead = ReadRule(line->Value, rule, whyUnwalked);
+            if (!whyUnwalked.empty()) {
+                parts.HasUnwalked = true;
+                return true;
+            }
             parts.StartsPerDay += isRead ? CountStartsPerDay(rule) : 0;
             if (parts.StartsPerDay > kMostStartsPerDay) {
                 fault = "it recurs more often than " + std::to_string(kMostStartsPerDay) + " times a day";
@@ -164,6 +169,10 @@ bool ReadRuleLines(std::string_view lines, const ZoneRules* own, const ZoneLooku
         if (!reader.Read(line, parts, fault)) {
             return false;
         }
+    }
+    if (parts.HasUnwalked) {
+        parts.Rules.clear();
+        parts.ExceptRules.clear();
     }
     parts.Dates.push_back({parts.Start, std::nullopt}); // whether or not a rule makes it: lists of holidays rely on it
     const auto byStart = [](const RuleOccurrence& left, const RuleOccurrence& right) {

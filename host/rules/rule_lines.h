@@ -29,12 +29,14 @@ struct RuleParts {
     std::vector<Seconds> ExceptDates;  // sorted
     std::vector<DayNumber> ExceptDays; // sorted: whole days that an EXDATE without a time takes out
     std::int64_t StartsPerDay = 0;     // of all rules together, at most
+    bool HasUnwalked = false;          // a rule among them is not walked: then there are no others
     Seconds CountedEnd = 0;            // of the only rule that had a count; 0: none or several
 };
 
-// Reads unfolded lines into `parts`, whose start is set. False when a line cannot be read or is not one of the four,
-// and when the rules recur too often; `fault` then says which and why, for people. `own` is the zone of the series,
-// null for a floating one.
+// Reads unfolded lines into `parts`, whose start is set. Where a rule is not walked, as it recurs by the minute or by
+// another calendar, only the start and added dates are left: which days it gives or takes cannot be said. False when a
+// line cannot be read or is not one of the four, and when the rules recur too often; `fault` then says which and why,
+// for people. `own` is the zone of the series, null for a floating one.
 bool ReadRuleLines(std::string_view lines, const ZoneRules* own, const ZoneLookup& lookup, RuleParts& parts,
                    std::string& fault);
 

@@ -155,9 +155,10 @@ TEST_F(FileImport, SaysWhatIsUnchangedChangedPassedOverAndRefused) {
     Program.Device.AnswerBox(IDYES);
     Program.Device.AnswerBox(IDOK);
     ASSERT_TRUE(Program.Settle());
-    Open({Given("a.ics", Calendar(stays + Entry("Moves", "DTSTART:20041107T080000Z\r\n") +
-                                  Entry("Bad", "DTSTART:20041106T080000Z\r\nRRULE:FREQ=SECONDLY\r\n") +
-                                  "BEGIN:VTODO\r\nUID:Task\r\nEND:VTODO\r\n"))});
+    Open({Given("a.ics",
+                Calendar(stays + Entry("Moves", "DTSTART:20041107T080000Z\r\n") +
+                         Entry("Bad", "DTSTART:20041106T080000Z\r\nRRULE:FREQ=DAILY;BYMONTH=2;BYMONTHDAY=30\r\n") +
+                         "BEGIN:VTODO\r\nUID:Task\r\nEND:VTODO\r\n"))});
     Program.Device.AnswerBox(IDYES);
     Program.Device.AnswerBox(IDOK);
     ASSERT_TRUE(Program.Settle());
@@ -172,7 +173,8 @@ TEST_F(FileImport, OfManyRefusalsTheFirstTwoAreNamed) {
     ASSERT_TRUE(Program.Start());
     std::string entries;
     for (int number = 0; number < 9; ++number) {
-        entries += Entry(std::to_string(number), "DTSTART:20041106T080000Z\r\nRRULE:FREQ=SECONDLY\r\n");
+        entries +=
+            Entry(std::to_string(number), "DTSTART:20041106T080000Z\r\nRRULE:FREQ=DAILY;BYMONTH=2;BYMONTHDAY=30\r\n");
     }
     Open({Given("a.ics", Calendar(entries))});
     Program.Device.AnswerBox(IDYES);

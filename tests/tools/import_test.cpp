@@ -108,13 +108,18 @@ TEST_F(Import, ABrokenFileLeavesTheStoreAsItWas) {
     EXPECT_EQ(ListDay(), before);
 }
 
-TEST_F(Import, WhatTheDeviceCannotHoldIsRefusedWithItsLine) {
+TEST_F(Import, WhatIsTooLongForTheDeviceIsOnEachOfItsDays) {
     const std::string file = Device.WriteCalendar("a.ics", kGood + kTooLong + kOther);
     const CommandResult result = Device.Run({"import", file});
-    EXPECT_EQ(result.Status, 1);
-    EXPECT_THAT(result.Errors, StartsWith(file + ":9: refused: "));
+    EXPECT_EQ(result.Status, 0);
+    EXPECT_THAT(result.Errors, StartsWith(file + ":9: "));
     EXPECT_THAT(result.Errors, HasSubstr("31 days"));
-    EXPECT_EQ(result.Output, "2 new, 0 changed, 0 unchanged, 1 refused.\n");
+    EXPECT_EQ(result.Output, "3 new, 0 changed, 0 unchanged, 0 refused, 1 mended.\n");
+    const std::string days = Device.Run({"agenda", "--from", "2026-04-29", "--to", "2026-05-03", "--tsv"}).Output;
+    EXPECT_THAT(days, HasSubstr("2026-04-29T00:00\t2026-04-30T00:00\t"));
+    EXPECT_THAT(days, HasSubstr("2026-04-30T00:00\t2026-05-01T00:00\t"));
+    EXPECT_THAT(days, HasSubstr("2026-05-01T00:00\t2026-05-01T09:00\t"));
+    EXPECT_THAT(days, Not(HasSubstr("2026-05-02T")));
 }
 
 TEST_F(Import, AnEndBeforeItsStartIsNone) {
