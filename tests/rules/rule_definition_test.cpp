@@ -2,6 +2,7 @@
 #include "tests/rules/item_words.h"
 #include "tests/rules/random_patterns.h"
 #include "tests/rules/rule_definition.h"
+#include "tests/support/processor_time.h"
 
 #include <gmock/gmock.h>
 
@@ -16,7 +17,7 @@ namespace {
 
 // TAVO_RULES_DRAWN, or as many as a check has time for.
 int ReadRounds() {
-    constexpr int usual = 100000;
+    constexpr int usual = static_cast<int>(100000 / tavo::test::kSlowdown);
     const char* text = std::getenv("TAVO_RULES_DRAWN");
     return text == nullptr ? usual : static_cast<int>(std::strtol(text, nullptr, 10));
 }
