@@ -214,7 +214,7 @@ ReadResult PieceReader::ReadPiece(const CalendarLine& begin, std::string name, C
             if (FinishFile() == ReadResult::Fault) {
                 return ReadResult::Fault;
             }
-            CloseDownTo(PieceDepth, line.Number, piece);
+            CloseDownTo(PieceDepth, std::max(1, Reader.GetNextNumber() - 1), piece);
             Open.clear();
             return ReadResult::Piece;
         }
@@ -283,7 +283,8 @@ void PieceReader::CloseDownTo(std::size_t depth, int line, CalendarPiece& piece)
     while (Open.size() > depth) {
         if (Open.size() > PieceDepth) {
             CalendarLine end;
-            const std::string text = "END:" + Open.back().Name;
+            std::string text = "END:" + Open.back().Name;
+            std::erase(text, '\0'); // which was told where it began
             end.Text = text;
             end.Number = line;
             KeepLine(end, "END", Open.back().Name, piece);
