@@ -76,7 +76,7 @@ Reading ReadEnd(const LineList& event, const EventTime& start, const EntryContex
         // One that cannot be read is no longer among the lines.
         end.Clock = AddDuration(start, rules::ReadDuration(line->Value).value_or(rules::CalendarDuration()));
     }
-    if (end.Clock < start.Clock) {
+    if (line != nullptr && end.Clock < start.Clock) {
         context.Faults.Tell(FindLine(context.Piece, line->Name), "it ends before it begins", kNoLength);
         end.Clock = start.Clock;
     }
