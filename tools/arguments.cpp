@@ -1,6 +1,8 @@
 // What the command line of `tavo` asks for.
 #include "tools/arguments.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <system_error>
 
@@ -96,6 +98,37 @@ bool TakeTag(WordReader& reader, ImportTag& tag, std::string& error) {
         error = "\"" + std::string(value) + "\" is no kind for --as. The kinds are alarm, holiday and anniversary.";
         return false;
     }
+    return true;
+}
+
+bool TakeKind(WordReader& reader, std::optional<ExportKind>& kind, std::string& error) {
+    constexpr std::array<std::string_view, 4> names = {"alarm", "holiday", "anniversary", "appointment"};
+    std::string_view value;
+    if (!reader.TakeValue(value, error)) {
+        return false;
+    }
+    const auto found = std::find(names.begin(), names.end(), value);
+    if (found == names.end()) {
+        error = "\"" + std::string(value) +
+                "\" is no kind for --kind. The kinds are alarm, holiday, anniversary and appointment.";
+        return false;
+    }
+    kind = static_cast<ExportKind>(found - names.begin());
+    return true;
+}
+
+bool TakeItem(WordReader& reader, std::vector<std::int32_t>& items, std::string& error) {
+    std::string_view value;
+    if (!reader.TakeValue(value, error)) {
+        return false;
+    }
+    std::int32_t item = 0;
+    const auto [end, problem] = std::from_chars(value.data(), value.data() + value.size(), item);
+    if (problem != std::errc() || end != value.data() + value.size() || item < 1) {
+        error = "\"" + std::string(value) + "\" is no number of an item. `tavo agenda --tsv` tells them.";
+        return false;
+    }
+    items.push_back(item);
     return true;
 }
 
@@ -289,6 +322,41 @@ std::optional<RemindersOptions> ParseReminders(std::span<const std::string_view>
     }
     if (options.Action == RemindersAction::None && !options.Help) {
         error = "Say list, log, on or off.";
+        return std::nullopt;
+    }
+    return options;
+}
+
+std::optional<ExportOptions> ParseExport(std::span<const std::string_view> words, std::string& error) {
+    ExportOptions options;
+    WordReader reader(words);
+    bool hasFile = false;
+    while (reader.HasMore()) {
+        const std::string_view word = reader.Take();
+        bool good = true;
+        if (word == "--from") {
+            good = TakeDay(reader, word, options.From, error);
+        } else if (word == "--to") {
+            good = TakeDay(reader, word, options.To, error);
+        } else if (word == "--kind") {
+            good = TakeKind(reader, options.Kind, error);
+        } else if (word == "--item") {
+            good = TakeItem(reader, options.Items, error);
+        } else if (IsHelp(word)) {
+            options.Help = true;
+        } else if (!reader.IsOption(word) && !hasFile) {
+            options.File = word == "-" ? std::string_view() : word;
+            hasFile = true;
+        } else {
+            error = MakeUnknown(reader, word);
+            good = false;
+        }
+        if (!good) {
+            return std::nullopt;
+        }
+    }
+    if (options.From && options.To && *options.To < *options.From) {
+        error = "The day of --to lies before the day of --from.";
         return std::nullopt;
     }
     return options;

@@ -3,6 +3,7 @@
 
 #include "tools/calendar_day.h"
 
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -19,6 +20,8 @@ constexpr int kExitInterrupted = 130; // as shells report an interrupt
 
 enum class ImportTag { None, Alarm, Holiday, Anniversary };
 
+enum class ExportKind { Alarm, Holiday, Anniversary, Appointment };
+
 struct AgendaOptions {
     std::optional<Day> From;
     std::optional<Day> To;
@@ -30,6 +33,15 @@ struct ImportOptions {
     std::vector<std::string> Paths;
     ImportTag Tag = ImportTag::None;
     bool Strict = false; // a file with any fault is refused whole
+    bool Help = false;
+};
+
+struct ExportOptions {
+    std::string File;        // "": standard output
+    std::optional<Day> From; // of the days that an item has to touch
+    std::optional<Day> To;
+    std::optional<ExportKind> Kind;
+    std::vector<std::int32_t> Items; // numbers; none: all
     bool Help = false;
 };
 
@@ -60,6 +72,7 @@ struct RemindersOptions {
 // Each reads the words after the command's name. Empty with a sentence in `error` when they make no sense.
 std::optional<AgendaOptions> ParseAgenda(std::span<const std::string_view> words, std::string& error);
 std::optional<ImportOptions> ParseImport(std::span<const std::string_view> words, std::string& error);
+std::optional<ExportOptions> ParseExport(std::span<const std::string_view> words, std::string& error);
 std::optional<CheckOptions> ParseCheck(std::span<const std::string_view> words, std::string& error);
 std::optional<RemindersOptions> ParseReminders(std::span<const std::string_view> words, std::string& error);
 std::optional<MemoOptions> ParseMemo(std::span<const std::string_view> words, std::string& error);

@@ -7,6 +7,7 @@ namespace tavo::tools {
 
 int RunAgenda(const AgendaOptions& options);
 int RunImport(const ImportOptions& options);
+int RunExport(const ExportOptions& options);
 int RunCheck();
 int RunReminders(const RemindersOptions& options);
 int RunMemo(const MemoOptions& options);

@@ -10,6 +10,7 @@ Usage: tavo COMMAND [OPTIONS]
 
 Commands:
   import PATH...   bring iCalendar files, or folders of them, into the calendar
+  export [FILE]    write the calendar, or parts of it, as iCalendar
   agenda           list the appointments of today, or of any days
   memo             list the handwritten memos, or export them as pictures
   reminders        list what will remind, what happened, and switch reminders on or off
@@ -41,8 +42,9 @@ A PATH is an .ics file, or a folder whose .ics files are all read, its subfolder
 
 What is against the format costs the smallest part that it spoils: that is left out or
 read another way, and file, line and what was done are named. An entry that has no
-readable start, or that the calendar cannot hold (it lasts longer than 31 days, for
-example), is refused by itself. Importing a file again changes only what is different in
+readable start, or that the calendar cannot hold (it lies outside the years 1900 to 2999,
+for example), is refused by itself. What lasts longer than 31 days comes as one
+appointment on each of its days. Importing a file again changes only what is different in
 it: entries are known by their UID.
 
 Tasks, notes and cancelled events are passed over. Ctrl+C takes back the file that is
@@ -50,6 +52,30 @@ just being read; what was imported before it stays.
 
 Exit status: 0 everything was imported, 1 something was refused or broken, 2 the
 command line was not understood, 130 after Ctrl+C.
+)";
+
+const std::string_view kExportHelp =
+    R"(tavo export - write the calendar as iCalendar, for other calendars or as a copy
+
+Usage: tavo export [FILE] [--from DATE] [--to DATE] [--kind KIND] [--item NUMBER]...
+
+Without a FILE, or with -, the calendar goes to standard output. A FILE that is there is
+replaced whole or not at all.
+
+  --from DATE     only what takes place on this day or later, written YYYY-MM-DD
+  --to DATE       only what takes place on this day or earlier
+  --kind KIND     only alarm, holiday, anniversary or appointment
+  --item NUMBER   only this item, and others that are named in this way;
+                  `tavo agenda --tsv` tells the numbers
+  --help          show this text
+
+A series is written whole when one of its occurrences is asked for. What only this
+calendar knows (kinds, sounds, ink) stands beside what others understand, so that
+`tavo import` brings back all of it: into an empty calendar, or into this one, where
+nothing is doubled. What others will not understand is said on standard error.
+
+Exit status: 0 everything was written, 1 something could not be read or written, 2 the
+command line was not understood, 130 after Ctrl+C, which leaves an old FILE as it was.
 )";
 
 const std::string_view kAgendaHelp =

@@ -7,6 +7,7 @@ namespace tavo::tools {
 
 extern const std::string_view kGeneralHelp;
 extern const std::string_view kImportHelp;
+extern const std::string_view kExportHelp;
 extern const std::string_view kAgendaHelp;
 extern const std::string_view kCheckHelp;
 extern const std::string_view kMemoHelp;

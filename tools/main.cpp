@@ -59,6 +59,13 @@ int RunCommand(Words words) {
         }
         return options->Help ? Print(kImportHelp) : RunImport(*options);
     }
+    if (command == "export") {
+        const std::optional<ExportOptions> options = ParseExport(rest, error);
+        if (!options) {
+            return Refuse(error, "tavo export --help");
+        }
+        return options->Help ? Print(kExportHelp) : RunExport(*options);
+    }
     if (command == "check") {
         const std::optional<CheckOptions> options = ParseCheck(rest, error);
         if (!options) {

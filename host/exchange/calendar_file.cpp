@@ -103,7 +103,7 @@ ReadStep CalendarFileReader::ReadEvent() {
     if (Entry.Cancelled) {
         return Continue(Sink.OnPassedOver());
     }
-    return Continue(AddOccurrences() && Sink.OnItem(Entry.Item, Piece.Line));
+    return Continue(AddOccurrences() && Sink.OnItem(Entry.Item, Entry.Kinds, Piece.Line));
 }
 
 // Gives the series in Entry its moved and cancelled occurrences, wherever they stand in the file. One that cannot be

@@ -3,10 +3,12 @@
 
 #include "host/rules/stored_item.h"
 #include "host/rules/zone_rules.h"
+#include "platform/outlook.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace tavo::exchange {
 
@@ -21,7 +23,8 @@ struct LoneOccurrence {
 class IEntrySink {
   public:
     virtual ~IEntrySink() = default;
-    virtual bool OnItem(const rules::StoredItem& item, int line) = 0;
+    // `kinds` are the lists that an export of ours says it stands in.
+    virtual bool OnItem(const rules::StoredItem& item, const std::vector<TagList>& kinds, int line) = 0;
     virtual bool OnLoneOccurrence(const LoneOccurrence& occurrence, int line) = 0;
     // An entry that cannot be kept, or not be read.
     virtual bool OnRefused(int line, const std::string& reason) = 0;

@@ -5,6 +5,7 @@
 #include "host/exchange/event_reminder.h"
 #include "host/exchange/event_series.h"
 #include "host/exchange/long_event.h"
+#include "host/exchange/own_properties.h"
 #include "host/rules/save_rules.h"
 
 #include <algorithm>
@@ -29,8 +30,13 @@ void ReadText(const LineList& event, std::string_view name, std::u16string& text
     }
 }
 
-void ReadCategories(const LineList& event, StoredItem& item) {
+void ReadCategories(const LineList& event, EventEntry& entry) {
+    StoredItem& item = entry.Item;
     for (const rules::ContentLine* line : event.FindAll("CATEGORIES")) {
+        if (const std::optional<TagList> kind = ReadOwnKind(*line); kind) {
+            entry.Kinds.push_back(*kind);
+            continue;
+        }
         for (const std::string_view category : SplitTexts(line->Value)) {
             item.Categories += item.Categories.empty() ? u"" : u", ";
             item.Categories += DecodeText(RemoveEscapes(category));
@@ -178,8 +184,9 @@ Reading EventReader::Read(CalendarPiece& piece, FaultTeller& faults, EventEntry&
     ReadText(lines.Own, "SUMMARY", entry.Item.Subject);
     ReadText(lines.Own, "LOCATION", entry.Item.Location);
     ReadText(lines.Own, "DESCRIPTION", entry.Item.Body);
-    ReadCategories(lines.Own, entry.Item);
+    ReadCategories(lines.Own, entry);
     ReadFlags(lines.Own, entry);
+    ReadOwnTexts(lines.Own, entry.Item);
     std::vector<std::size_t> alarms = FindAlarms(lines);
     if (entry.Occurrence) {
         CarryOccurrence(piece, alarms, faults, entry);

@@ -9,7 +9,8 @@ namespace tavo::exchange {
 
 // One VEVENT, read.
 struct EventEntry {
-    rules::StoredItem Item; // without an OID
+    rules::StoredItem Item;     // without an OID
+    std::vector<TagList> Kinds; // that an export of ours gives it
     EventTime Start;
     bool Cancelled = false;
     // Of a single occurrence of a series: when the series' rule says it starts.

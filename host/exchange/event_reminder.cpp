@@ -1,6 +1,8 @@
 // The one reminder that an appointment has, out of the alarms that an event may have.
 #include "host/exchange/event_reminder.h"
 
+#include "host/exchange/own_properties.h"
+
 #include "host/rules/calendar_value.h"
 
 #include <algorithm>
@@ -19,11 +21,12 @@ constexpr std::int32_t kSilentReminder = kReminderLight | kReminderDialog;
 constexpr std::int32_t kSoundingReminder = kSilentReminder | kReminderSound;
 
 struct Alarm {
+    bool Foreign = true; // not the one that an export of ours marked
     bool Mail = false;
     bool Sound = false;
     Seconds Lead = 0; // before the start
 
-    auto Rank() const { return std::tuple(Mail, Lead); }
+    auto Rank() const { return std::tuple(Foreign, Mail, Lead); }
 };
 
 Seconds ReadLead(const rules::ContentLine& trigger, const EventTime& start, const EventTime& end) {
@@ -46,6 +49,7 @@ std::optional<Alarm> ReadAlarm(const LineList& lines, const EventTime& start, co
         return std::nullopt;
     }
     Alarm alarm;
+    alarm.Foreign = lines.FindFirst(kOwnAlarm) == nullptr;
     if (const rules::ContentLine* action = lines.FindFirst("ACTION"); action != nullptr) {
         const std::string_view word = locale::TrimBlanks(action->Value);
         if (EqualsIgnoringCase(word, "NONE")) {
@@ -66,6 +70,12 @@ std::optional<Alarm> ReadAlarm(const LineList& lines, const EventTime& start, co
 
 void ReadReminder(const EventLines& event, const EventTime& start, const EventTime& end, rules::StoredItem& item,
                   std::vector<std::size_t>& places) {
+    const std::optional<OwnReminder> own = ReadOwnReminder(event.Own);
+    if (own && !own->IsSet) {
+        item.ReminderMinutes = own->Minutes;
+        item.ReminderOptions = own->Options;
+        return;
+    }
     std::optional<Alarm> best;
     auto taken = places.end();
     for (auto place = places.begin(); place != places.end(); ++place) {
@@ -81,6 +91,14 @@ void ReadReminder(const EventLines& event, const EventTime& start, const EventTi
         item.ReminderMinutes = static_cast<std::int32_t>((best->Lead + kSecondsPerMinute - 1) / kSecondsPerMinute);
         item.ReminderOptions = best->Sound ? kSoundingReminder : kSilentReminder;
         places.erase(taken);
+    }
+    // A lead of years is nothing that others may ask for.
+    const bool isOwn =
+        own && (best ? item.ReminderMinutes == own->Minutes : Seconds{own->Minutes} * kSecondsPerMinute > kLongestLead);
+    if (isOwn) {
+        item.ReminderSet = true;
+        item.ReminderMinutes = own->Minutes;
+        item.ReminderOptions = own->Options;
     }
 }
 

@@ -1,6 +1,7 @@
 // How an event repeats: by one of the store's types where it says the same, else by its own rule, kept whole.
 #include "host/exchange/event_series.h"
 
+#include "host/exchange/own_properties.h"
 #include "host/exchange/series_rule.h"
 #include "host/rules/rule_text.h"
 
@@ -75,6 +76,9 @@ Reading KeepRule(const EntryContext& context, StoredItem& item, FileFault& fault
         if (!piece.Lines[index].IsRead || !SplitLine(line, name, value) || !IsRuleLine(name)) {
             continue;
         }
+        if (EqualsIgnoringCase(name, "EXDATE") && line.find(kOwnException) < line.find(':')) {
+            continue; // it is no part of the rule
+        }
         TellUnwalked(name, value, piece.Lines[index].Number, context.Faults);
         if (!NameZone(line, piece.Lines[index].Number, context, fault.Reason)) {
             fault.Line = piece.Lines[index].Number;
@@ -132,9 +136,14 @@ std::vector<std::pair<const rules::ContentLine*, std::string_view>> ListValues(c
     return values;
 }
 
+// Those of the item's exceptions that are cancelled; beside a rule of its own only lines that are marked as such.
 Reading ReadCancelled(const LineList& event, const EventTime& start, const EntryContext& context, StoredItem& item,
                       FileFault& fault) {
+    const bool isForeign = item.Pattern.Type == kRecursForeign;
     for (const auto& [line, value] : ListValues(event, "EXDATE")) {
+        if (isForeign && line->FindParameter(kOwnException) == nullptr) {
+            continue;
+        }
         EventTime time;
         const Reading reading = ReadTime(*line, value, context, time, fault.Reason);
         if (reading != Reading::Good) {
@@ -156,6 +165,16 @@ Reading ReadCancelled(const LineList& event, const EventTime& start, const Entry
     return Reading::Good;
 }
 
+// The pattern may begin before its first occurrence, on which the event does.
+void TakeOwnRule(const OwnRule& own, const EventTime& start, StoredItem& item) {
+    item.Pattern = own.Pattern;
+    const Seconds earlier = (rules::DayOf(start.Clock) - own.Start) * rules::kSecondsPerDay;
+    for (Seconds* time : {&item.Start, &item.End, &item.ZoneStart, &item.ZoneEnd}) {
+        const bool isUsed = item.Zone.empty() == (time == &item.Start || time == &item.End);
+        *time -= isUsed ? earlier : 0;
+    }
+}
+
 } // namespace
 
 Reading ReadSeries(const LineList& event, const EventTime& start, const EntryContext& context, StoredItem& item,
@@ -165,15 +184,21 @@ Reading ReadSeries(const LineList& event, const EventTime& start, const EntryCon
     if (ruleLines.empty() && !hasExtraDays) {
         return Reading::Good; // nothing repeats, so nothing can be cancelled
     }
+    if (const std::optional<OwnRule> own = ReadOwnRule(event); own && ruleLines.size() == 1 && !hasExtraDays) {
+        TakeOwnRule(*own, start, item);
+        return ReadCancelled(event, start, context, item, fault);
+    }
     rules::RuleText text;
     std::string whyForeign; // why a rule cannot be walked is said where it is kept
     if (ruleLines.size() != 1 || hasExtraDays || event.FindFirst("EXRULE") != nullptr ||
         !rules::ReadRuleText(ruleLines.front()->Value, text, whyForeign)) {
-        return KeepRule(context, item, fault);
+        const Reading reading = KeepRule(context, item, fault);
+        return reading == Reading::Good ? ReadCancelled(event, start, context, item, fault) : reading;
     }
     const std::optional<SeriesRule> series = RecogniseRule(text, start.Clock);
     if (!series) {
-        return KeepRule(context, item, fault);
+        const Reading reading = KeepRule(context, item, fault);
+        return reading == Reading::Good ? ReadCancelled(event, start, context, item, fault) : reading;
     }
     SetPattern(*series, text, start, context.Zones, item.Pattern);
     if (item.Pattern.End == PatternEnd::OnDate && item.Pattern.LastDay < rules::DayOf(start.Clock)) {

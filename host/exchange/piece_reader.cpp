@@ -1,6 +1,8 @@
 // Cuts a calendar file into its entries, one at a time.
 #include "host/exchange/piece_reader.h"
 
+#include "host/exchange/own_properties.h"
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -9,7 +11,7 @@ namespace tavo::exchange {
 namespace {
 
 constexpr std::size_t kDeepestNesting = 8;
-constexpr std::size_t kLargestPiece = std::size_t{4} * 1024 * 1024;
+constexpr std::size_t kLargestPiece = std::size_t{8} * 1024 * 1024; // of it, a note of ink alone takes up to 5.6
 constexpr std::string_view kCalendarName = "VCALENDAR";
 constexpr std::string_view kEventName = "VEVENT";
 constexpr std::string_view kTimeZoneName = "VTIMEZONE";
@@ -39,6 +41,12 @@ template <std::size_t Count> bool Contains(const std::array<std::string_view, Co
                        [name](std::string_view candidate) { return EqualsIgnoringCase(candidate, name); });
 }
 
+// What an export of ours says beside the words that all understand.
+bool IsOwn(std::string_view name) {
+    return EqualsIgnoringCase(name.substr(0, kOwnPrefix.size()), kOwnPrefix) &&
+           !EqualsIgnoringCase(name.substr(0, kOwnWhole.size()), kOwnWhole);
+}
+
 bool IsBlank(std::string_view text) {
     return text.find_first_not_of(" \t\r") == std::string_view::npos;
 }
@@ -62,7 +70,7 @@ bool IsWorthCarrying(std::string_view name, std::string_view value) {
     if (EqualsIgnoringCase(name, "STATUS")) {
         return EqualsIgnoringCase(TrimEnd(value), "CONFIRMED");
     }
-    return !Contains(kNeededNames, name) && !Contains(kOptionalNames, name) && !Contains(kStamps, name);
+    return !IsOwn(name) && !Contains(kNeededNames, name) && !Contains(kOptionalNames, name) && !Contains(kStamps, name);
 }
 
 void AppendLine(std::string_view text, int number, bool isRead, CalendarPiece& piece) {
@@ -322,7 +330,7 @@ bool PieceReader::IsNeeded(std::string_view name, std::string_view value, const 
     if (EqualsIgnoringCase(name, "BEGIN") || EqualsIgnoringCase(name, "END")) {
         return isInner || EqualsIgnoringCase(value, kAlarmName) || EqualsIgnoringCase(value, kEventName);
     }
-    return Contains(kNeededNames, name) || (Contains(kOptionalNames, name) && !IsBlank(value));
+    return IsOwn(name) || Contains(kNeededNames, name) || (Contains(kOptionalNames, name) && !IsBlank(value));
 }
 
 void PieceReader::CarryLine(const CalendarLine& line, std::string_view name, std::string_view value,
@@ -330,7 +338,8 @@ void PieceReader::CarryLine(const CalendarLine& line, std::string_view name, std
     const bool isInner = Open.size() > PieceDepth + 1;
     const bool begins = EqualsIgnoringCase(name, "BEGIN");
     const bool isFrame = begins || EqualsIgnoringCase(name, "END");
-    if (!isInner && !begins && (isFrame || !IsWorthCarrying(name, value))) {
+    const bool isPicture = EqualsIgnoringCase(name, "ATTACH") && line.Text.find(kOwnPicture) < line.Text.find(':');
+    if (!isInner && !begins && (isFrame || isPicture || !IsWorthCarrying(name, value))) {
         return;
     }
     const bool isAlarm =

@@ -15,10 +15,18 @@ void ImportCounts::Add(const ImportCounts& other) {
 StoreSink::StoreSink(IItemWriter& writer, std::optional<TagList> tag, std::function<bool(std::int64_t)> goOn)
     : Writer(writer), Tag(tag), GoOn(std::move(goOn)) {}
 
-bool StoreSink::OnItem(const rules::StoredItem& item, int line) {
+bool StoreSink::OnItem(const rules::StoredItem& item, const std::vector<TagList>& kinds, int line) {
     ImportOutcome outcome;
     const Status status = Writer.Write(item, outcome);
-    return Count(status, outcome, line);
+    if (!Count(status, outcome, line)) {
+        return false;
+    }
+    for (const TagList kind : kinds) {
+        if (outcome.Item != 0 && Succeeded(StoreStatus)) {
+            StoreStatus = Writer.RequestTag(kind, outcome.Item, TagWish::Join);
+        }
+    }
+    return Succeeded(StoreStatus);
 }
 
 bool StoreSink::OnLoneOccurrence(const LoneOccurrence& occurrence, int line) {

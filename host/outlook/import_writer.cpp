@@ -1,6 +1,7 @@
 // Imports: one transaction, each item looked up by its UID.
 #include "host/outlook/import_writer.h"
 
+#include "host/outlook/own_uid.h"
 #include "host/outlook/store_core.h"
 #include "host/rules/save_rules.h"
 
@@ -32,6 +33,9 @@ struct ImportWriter::Work {
 
     // Results of an item that is in the store already, under `oid`.
     Status Replace(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome);
+    // The item that a UID of this store's exports names, without one of its own; 0 for any other.
+    Oid FindOwn(const std::string& uid);
+    bool HoldsAlready(Oid oid, const StoredItem& item);
     // Of one that an earlier program imported from the same file without the lines that mean nothing here.
     Status AddCarried(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome);
     void ExpectExceptions(const StoredItem& stored);
@@ -148,6 +152,20 @@ Status ImportWriter::Work::Replace(Oid oid, StoredItem& item, std::int64_t sourc
     return status;
 }
 
+Oid ImportWriter::Work::FindOwn(const std::string& uid) {
+    const Oid oid = ReadOwnUid(ReadStoreIdentity(Core.Db), uid);
+    Query query(Core.Db, "SELECT 1 FROM item WHERE oid = ? AND uid IS NULL");
+    return oid != 0 && query.Bind(oid).Next() ? oid : 0;
+}
+
+bool ImportWriter::Work::HoldsAlready(Oid oid, const StoredItem& item) {
+    StoredItem stored;
+    if (Failed(Core.Items.Read(oid, Ink::Take, stored))) {
+        return false; // told by what reads it next
+    }
+    return FingerprintOf(stored) == FingerprintOf(item);
+}
+
 Status ImportWriter::Work::AddCarried(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome) {
     StoredItem before;
     if (const Status status = Core.Items.Read(oid, Ink::Leave, before); Failed(status)) {
@@ -201,7 +219,12 @@ Status ImportWriter::Write(const StoredItem& given, ImportOutcome& outcome) {
     if (Failed(status)) {
         return status;
     }
-    if (oid == 0) {
+    if (const Oid own = oid == 0 && !item.Uid.empty() ? State->FindOwn(item.Uid) : 0; own != 0) {
+        item.Uid.clear(); // it stays one that was made here
+        outcome.Result = ImportResult::Unchanged;
+        status = State->HoldsAlready(own, item) ? Status::Ok : State->Replace(own, item, kMadeHere, outcome);
+        item.Item = own;
+    } else if (oid == 0) {
         status = core.CreateItem(item, fingerprint, outcome.Reason);
         outcome.Result = ImportResult::New;
     } else if (source == fingerprint) {

@@ -204,6 +204,7 @@ std::string ToVersion4() {
 }
 
 // Content lines of other calendars that mean nothing here: of an item, and of occurrences that do not follow its rule.
+// And what tells this store from all others, for the UIDs of its exports.
 constexpr const char* kToVersion5 = R"sql(
 CREATE TABLE carried(
     oid INTEGER NOT NULL REFERENCES item(oid) ON DELETE CASCADE,
@@ -212,6 +213,7 @@ CREATE TABLE carried(
     sum INTEGER NOT NULL,
     PRIMARY KEY (oid, original)
 ) WITHOUT ROWID;
+INSERT INTO setting(name, value) VALUES ('store_identity', random());
 )sql";
 
 // Asks every table that a file of a version must have for a row: finds a missing one and a damaged first page.

@@ -8,6 +8,7 @@
 #include <ctime>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -37,16 +38,6 @@ ErrorCode CheckReplaceable(const FileDescriptor& folder, const std::string& name
 ErrorCode Sync(const FileDescriptor& folder) {
     // Some file systems keep their names safe without being asked and refuse the request.
     return fsync(folder.Get()) != 0 && errno != EINVAL ? ErrorCodeOf(errno) : ErrorCode::Success;
-}
-
-ErrorCode WriteAndSync(FileDescriptor& file, std::span<const std::uint8_t> bytes) {
-    if (const ErrorCode error = WriteAll(file, bytes); error != ErrorCode::Success) {
-        return error;
-    }
-    if (fsync(file.Get()) != 0 || !file.Close()) {
-        return ErrorCodeOf(errno);
-    }
-    return ErrorCode::Success;
 }
 
 } // namespace
@@ -96,33 +87,56 @@ ErrorCode WriteAll(const FileDescriptor& file, std::span<const std::uint8_t> byt
     return ErrorCode::Success;
 }
 
-ErrorCode ReplaceFile(const std::string& path, std::span<const std::uint8_t> bytes,
-                      const std::function<ErrorCode()>& beforeRename) {
-    const FileDescriptor folder = OpenFolder(FolderOf(path));
-    if (!folder) {
+FileReplacement::~FileReplacement() {
+    if (!Unfinished.empty()) {
+        static_cast<void>(unlinkat(Folder.Get(), Unfinished.c_str(), 0)); // the first failure was the one to tell
+    }
+}
+
+ErrorCode FileReplacement::Begin(const std::string& path) {
+    Folder = OpenFolder(FolderOf(path));
+    if (!Folder) {
         return ErrorCodeOf(errno);
     }
-    const std::string name = path.substr(path.rfind('/') + 1);
-    if (const ErrorCode error = CheckReplaceable(folder, name); error != ErrorCode::Success) {
+    Name = path.substr(path.rfind('/') + 1);
+    if (const ErrorCode error = CheckReplaceable(Folder, Name); error != ErrorCode::Success) {
         return error;
     }
     std::string unfinished;
-    FileDescriptor file = MakeUnfinished(folder, unfinished);
-    if (!file) {
+    File = MakeUnfinished(Folder, unfinished);
+    if (!File) {
         return ErrorCodeOf(errno);
     }
-    ErrorCode error = WriteAndSync(file, bytes);
-    if (error == ErrorCode::Success && beforeRename) {
-        error = beforeRename();
+    Unfinished = std::move(unfinished);
+    return ErrorCode::Success;
+}
+
+ErrorCode FileReplacement::Write(std::span<const std::uint8_t> bytes) {
+    return WriteAll(File, bytes);
+}
+
+ErrorCode FileReplacement::Finish(const std::function<ErrorCode()>& beforeRename) {
+    if (fsync(File.Get()) != 0 || !File.Close()) {
+        return ErrorCodeOf(errno);
     }
-    if (error == ErrorCode::Success && renameat(folder.Get(), unfinished.c_str(), folder.Get(), name.c_str()) != 0) {
-        error = ErrorCodeOf(errno);
-    }
-    if (error != ErrorCode::Success) {
-        static_cast<void>(unlinkat(folder.Get(), unfinished.c_str(), 0)); // the first failure is the one to tell
+    if (const ErrorCode error = beforeRename ? beforeRename() : ErrorCode::Success; error != ErrorCode::Success) {
         return error;
     }
-    return Sync(folder);
+    if (renameat(Folder.Get(), Unfinished.c_str(), Folder.Get(), Name.c_str()) != 0) {
+        return ErrorCodeOf(errno);
+    }
+    Unfinished.clear();
+    return Sync(Folder);
+}
+
+ErrorCode ReplaceFile(const std::string& path, std::span<const std::uint8_t> bytes,
+                      const std::function<ErrorCode()>& beforeRename) {
+    FileReplacement replacement;
+    ErrorCode error = replacement.Begin(path);
+    if (error == ErrorCode::Success) {
+        error = replacement.Write(bytes);
+    }
+    return error == ErrorCode::Success ? replacement.Finish(beforeRename) : error;
 }
 
 ErrorCode ReadFile(const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes) {

@@ -19,6 +19,27 @@ ErrorCode ErrorCodeOf(int errnoValue);
 // All bytes, from where the file stands. After a failure some of them may be there.
 ErrorCode WriteAll(const FileDescriptor& file, std::span<const std::uint8_t> bytes);
 
+// A file that is written piece by piece beside the one it replaces. What is not finished leaves no trace.
+class FileReplacement {
+  public:
+    FileReplacement() = default;
+    FileReplacement(const FileReplacement&) = delete;
+    FileReplacement& operator=(const FileReplacement&) = delete;
+    ~FileReplacement();
+
+    // Only a regular file that we may read and write is replaced. Each after a success of the one before.
+    ErrorCode Begin(const std::string& path);
+    ErrorCode Write(std::span<const std::uint8_t> bytes);
+    // `beforeRename` runs when the new bytes are safe on disk and may still stop the replacement.
+    ErrorCode Finish(const std::function<ErrorCode()>& beforeRename = {});
+
+  private:
+    FileDescriptor Folder;
+    FileDescriptor File;
+    std::string Name;
+    std::string Unfinished; // "" once nothing is left of it
+};
+
 // Writes beside, synchronises, renames, synchronises the folder: whatever happens, the path names the old bytes or the
 // new ones. 0600. Only a regular file that we may read and write is replaced. `beforeRename` runs when the new bytes
 // are safe on disk and may still stop the replacement.

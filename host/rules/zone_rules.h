@@ -35,6 +35,11 @@ class ZoneRules {
     // gap.
     Seconds ToUtc(Seconds local) const;
 
+    // What it was made of, in order.
+    std::int32_t GetFirstOffset() const { return FirstOffset; }
+
+    const std::vector<ZoneTransition>& GetTransitions() const { return Transitions; }
+
   private:
     std::int32_t OffsetAt(Seconds utc) const;
 

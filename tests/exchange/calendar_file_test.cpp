@@ -92,7 +92,9 @@ INSTANTIATE_TEST_SUITE_P(Data, CalendarFileOfLines, testing::ValuesIn(ListInputs
 TEST(CalendarFileReading, StopsWhenTheSinkDoesNotWantToGoOn) {
     class StoppingSink final : public IEntrySink {
       public:
-        bool OnItem(const rules::StoredItem& /*item*/, int /*line*/) override { return ++Items < 2; }
+        bool OnItem(const rules::StoredItem& /*item*/, const std::vector<TagList>& /*kinds*/, int /*line*/) override {
+            return ++Items < 2;
+        }
 
         bool OnLoneOccurrence(const LoneOccurrence& /*occurrence*/, int /*line*/) override { return true; }
 

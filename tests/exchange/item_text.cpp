@@ -1,6 +1,7 @@
 // Items and what became of a calendar file, as text that tests compare.
 #include "tests/exchange/item_text.h"
 
+#include "host/exchange/own_properties.h"
 #include "host/locale/utf.h"
 #include "host/posix/zone_database.h"
 #include "host/rules/zones.h"
@@ -103,8 +104,11 @@ void AddTimes(std::string& text, const StoredItem& item) {
 
 class DescribingSink final : public IEntrySink {
   public:
-    bool OnItem(const StoredItem& item, int line) override {
+    bool OnItem(const StoredItem& item, const std::vector<TagList>& kinds, int line) override {
         Text += "item in line " + std::to_string(line) + "\n" + DescribeItem(item);
+        for (const TagList kind : kinds) {
+            AddLine(Text, "kind", NameKind(kind));
+        }
         return true;
     }
 

@@ -1,0 +1,79 @@
+// Content lines as a calendar file holds them.
+#include "host/exchange/calendar_lines.h"
+
+#include "host/locale/utf.h"
+
+#include <cstdio>
+
+namespace tavo::exchange {
+namespace {
+
+constexpr std::size_t kLongestFolded = 75; // bytes, without the end of the line
+
+bool IsContinuation(char character) {
+    return (static_cast<unsigned char>(character) & 0xC0) == 0x80;
+}
+
+} // namespace
+
+void AppendFolded(std::string_view line, std::string& file) {
+    std::size_t room = kLongestFolded;
+    while (line.size() > room) {
+        std::size_t cut = room;
+        while (cut > 1 && IsContinuation(line[cut])) {
+            --cut;
+        }
+        file.append(line.substr(0, cut)).append("\r\n ");
+        line.remove_prefix(cut);
+        room = kLongestFolded - 1; // the blank counts
+    }
+    file.append(line).append("\r\n");
+}
+
+std::string EscapeText(std::u16string_view text) {
+    std::string escaped;
+    for (const char character : locale::ToUtf8(text)) {
+        if (character == '\n') {
+            escaped += "\\n";
+        } else if (character == '\\' || character == ';' || character == ',') {
+            escaped += '\\';
+            escaped += character;
+        } else if (static_cast<unsigned char>(character) >= 0x20 || character == '\t') {
+            escaped += character;
+        }
+    }
+    return escaped;
+}
+
+std::string WriteDate(rules::Seconds time) {
+    const rules::CivilDate date = rules::CivilFromDay(rules::DayOf(time));
+    char text[32];
+    std::snprintf(text, sizeof text, "%04d%02d%02d", date.Year, date.Month, date.Day);
+    return text;
+}
+
+std::string WriteDateTime(rules::Seconds time) {
+    const auto ofDay = static_cast<int>(rules::TimeOfDay(time));
+    char text[32];
+    std::snprintf(text, sizeof text, "T%02d%02d%02d", ofDay / 3600, ofDay / 60 % 60, ofDay % 60);
+    return WriteDate(time) + text;
+}
+
+std::string EncodeBase64(std::span<const std::uint8_t> bytes) {
+    constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::string text;
+    text.reserve((bytes.size() + 2) / 3 * 4);
+    for (std::size_t at = 0; at < bytes.size(); at += 3) {
+        const std::size_t count = std::min<std::size_t>(3, bytes.size() - at);
+        std::uint32_t group = 0;
+        for (std::size_t index = 0; index < 3; ++index) {
+            group = group << 8 | (index < count ? bytes[at + index] : 0U);
+        }
+        for (std::size_t index = 0; index < 4; ++index) {
+            text += index <= count ? digits[group >> (18 - 6 * index) & 63] : '=';
+        }
+    }
+    return text;
+}
+
+} // namespace tavo::exchange
