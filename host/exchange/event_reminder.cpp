@@ -43,7 +43,8 @@ Seconds ReadLead(const rules::ContentLine& trigger, const EventTime& start, cons
     return lead;
 }
 
-std::optional<Alarm> ReadAlarm(const LineList& lines, const EventTime& start, const EventTime& end) {
+std::optional<Alarm> ReadAlarm(const LineList& lines, const EventTime& start, const EventTime& end,
+                               const std::optional<OwnReminder>& own) {
     const rules::ContentLine* trigger = lines.FindFirst("TRIGGER");
     if (trigger == nullptr) {
         return std::nullopt;
@@ -59,7 +60,8 @@ std::optional<Alarm> ReadAlarm(const LineList& lines, const EventTime& start, co
         alarm.Sound = EqualsIgnoringCase(word, "AUDIO");
     }
     const Seconds lead = ReadLead(*trigger, start, end);
-    if (lead > kLongestLead) {
+    const bool isOwn = own && !alarm.Foreign && lead == Seconds{own->Minutes} * kSecondsPerMinute;
+    if (lead > kLongestLead && !isOwn) {
         return std::nullopt; // of a series, decades of occurrences would be due at once
     }
     alarm.Lead = std::max<Seconds>(0, lead);
@@ -79,26 +81,22 @@ void ReadReminder(const EventLines& event, const EventTime& start, const EventTi
     std::optional<Alarm> best;
     auto taken = places.end();
     for (auto place = places.begin(); place != places.end(); ++place) {
-        const std::optional<Alarm> alarm = ReadAlarm(event.Alarms[*place], start, end);
+        const std::optional<Alarm> alarm = ReadAlarm(event.Alarms[*place], start, end, own);
         if (alarm && (!best || alarm->Rank() < best->Rank())) {
             best = alarm;
             taken = place;
         }
     }
-    if (best) {
-        item.ReminderSet = true;
-        // Full minutes, and never later than asked for.
-        item.ReminderMinutes = static_cast<std::int32_t>((best->Lead + kSecondsPerMinute - 1) / kSecondsPerMinute);
-        item.ReminderOptions = best->Sound ? kSoundingReminder : kSilentReminder;
-        places.erase(taken);
+    if (!best) {
+        return;
     }
-    // A lead of years is nothing that others may ask for.
-    const bool isOwn =
-        own && (best ? item.ReminderMinutes == own->Minutes : Seconds{own->Minutes} * kSecondsPerMinute > kLongestLead);
-    if (isOwn) {
-        item.ReminderSet = true;
-        item.ReminderMinutes = own->Minutes;
-        item.ReminderOptions = own->Options;
+    places.erase(taken);
+    item.ReminderSet = true;
+    // Full minutes, and never later than asked for.
+    item.ReminderMinutes = static_cast<std::int32_t>((best->Lead + kSecondsPerMinute - 1) / kSecondsPerMinute);
+    item.ReminderOptions = best->Sound ? kSoundingReminder : kSilentReminder;
+    if (own && item.ReminderMinutes == own->Minutes) {
+        item.ReminderOptions = own->Options; // else another program has moved the alarm since
     }
 }
 
