@@ -25,6 +25,7 @@ namespace {
 using exchange::CountOf;
 using outlook::ExportReader;
 
+constexpr const char* kInterrupted = "tavo: Interrupted.\n";
 constexpr const char* kOldFileStays = "tavo: Interrupted. The file is as it was before.\n";
 
 rules::DayNumber NumberOf(Day day) {
@@ -249,7 +250,7 @@ int RunExport(const ExportOptions& options) {
         return kExitFailure;
     }
     WatchForInterruption();
-    SetLastWords(kOldFileStays);
+    SetLastWords(options.File.empty() ? kInterrupted : kOldFileStays);
     return Export(store, options);
 }
 

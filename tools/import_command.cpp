@@ -225,7 +225,7 @@ int RunImport(const ImportOptions& options) {
                  ". Nothing of the file that was being read was imported.");
         good = false;
     }
-    if (options.Tag != ImportTag::None) {
+    if (options.Tag != ImportTag::None || import.GetCounts().Tagged > 0) {
         good = WriteTags(*root, store) && good;
     }
     if (WasInterrupted()) {

@@ -10,6 +10,7 @@ void ImportCounts::Add(const ImportCounts& other) {
     Refused += other.Refused;
     PassedOver += other.PassedOver;
     Mended += other.Mended;
+    Tagged += other.Tagged;
 }
 
 StoreSink::StoreSink(IItemWriter& writer, std::optional<TagList> tag, std::function<bool(std::int64_t)> goOn)
@@ -22,11 +23,16 @@ bool StoreSink::OnItem(const rules::StoredItem& item, const std::vector<TagList>
         return false;
     }
     for (const TagList kind : kinds) {
-        if (outcome.Item != 0 && Succeeded(StoreStatus)) {
-            StoreStatus = Writer.RequestTag(kind, outcome.Item, TagWish::Join);
-        }
+        RequestTag(kind, outcome.Item);
     }
     return Succeeded(StoreStatus);
+}
+
+void StoreSink::RequestTag(TagList kind, Oid item) {
+    if (item != 0 && Succeeded(StoreStatus)) {
+        StoreStatus = Writer.RequestTag(kind, item, TagWish::Join);
+        ++Counts.Tagged;
+    }
 }
 
 bool StoreSink::OnLoneOccurrence(const LoneOccurrence& occurrence, int line) {
@@ -95,8 +101,8 @@ bool StoreSink::Count(Status status, const ImportOutcome& outcome, int line) {
     case ImportResult::Refused:
         return OnRefused(line, outcome.Reason);
     }
-    if (Tag && outcome.Item != 0) {
-        StoreStatus = Writer.RequestTag(*Tag, outcome.Item, TagWish::Join);
+    if (Tag) {
+        RequestTag(*Tag, outcome.Item);
     }
     return Succeeded(StoreStatus);
 }

@@ -18,6 +18,7 @@ struct ImportCounts {
     int Refused = 0;
     int PassedOver = 0;
     int Mended = 0; // faults, of which an entry may have several
+    int Tagged = 0; // items, once for each kind that they are to be of
 
     void Add(const ImportCounts& other);
 };
@@ -58,6 +59,7 @@ class StoreSink final : public IEntrySink {
 
   private:
     bool Count(Status status, const ImportOutcome& outcome, int line);
+    void RequestTag(TagList kind, Oid item);
 
     IItemWriter& Writer;
     std::optional<TagList> Tag;

@@ -2,6 +2,7 @@
 #include "host/ink/ink_drawing.h"
 
 #include "host/ink/codec.h"
+#include "host/ink/stroke.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -94,13 +95,9 @@ class Drawing {
 
 } // namespace
 
-std::string DrawAsSvg(std::span<const PlacedStroke> strokes) {
-    return Drawing(strokes).Draw(strokes);
-}
-
 std::string DrawAsSvg(std::span<const std::uint8_t> bytes) {
     std::vector<PlacedStroke> strokes;
-    return Decode(bytes, strokes) == Reading::Whole ? DrawAsSvg(strokes) : std::string();
+    return Decode(bytes, strokes) == Reading::Whole ? Drawing(strokes).Draw(strokes) : std::string();
 }
 
 } // namespace tavo::ink

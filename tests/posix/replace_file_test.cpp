@@ -166,4 +166,30 @@ TEST(ErrorCodeOf, CausesHaveTheDevicesCodes) {
     EXPECT_EQ(ErrorCodeOf(EIO), ErrorCode::CannotComplete);
 }
 
+TEST(FileReplacement, WhatIsWrittenInPiecesIsThereAtTheEnd) {
+    const TemporaryFolder folder;
+    folder.Put("x", "old");
+    FileReplacement file;
+    ASSERT_EQ(file.Begin(folder / "x"), ErrorCode::Success);
+    EXPECT_EQ(file.Write(BytesOf("new ")), ErrorCode::Success);
+    EXPECT_EQ(file.Write(BytesOf("bytes")), ErrorCode::Success);
+    EXPECT_EQ(folder.Get("x"), "old");
+    EXPECT_EQ(file.Finish(), ErrorCode::Success);
+    EXPECT_EQ(folder.Get("x"), "new bytes");
+    EXPECT_EQ(folder.NamesIn(""), std::vector<std::string>{"x"});
+}
+
+TEST(FileReplacement, WhatIsNotFinishedLeavesNoTrace) {
+    const TemporaryFolder folder;
+    folder.Put("x", "old");
+    {
+        FileReplacement file;
+        ASSERT_EQ(file.Begin(folder / "x"), ErrorCode::Success);
+        EXPECT_EQ(file.Write(BytesOf("new")), ErrorCode::Success);
+        EXPECT_EQ(folder.NamesIn("").size(), 2U);
+    }
+    EXPECT_EQ(folder.Get("x"), "old");
+    EXPECT_EQ(folder.NamesIn(""), std::vector<std::string>{"x"});
+}
+
 } // namespace tavo::posix

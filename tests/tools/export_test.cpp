@@ -1,0 +1,206 @@
+// What `tavo export` writes, where to, and what it says.
+#include "tests/ink/handwriting.h"
+#include "tests/tools/command_run.h"
+
+#include "host/ink/codec.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+namespace tavo::tools {
+namespace {
+
+using testing::AllOf;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+namespace fs = std::filesystem;
+
+const std::string kMeeting = "BEGIN:VEVENT\nUID:meeting@test\nDTSTART;TZID=America/New_York:20260314T090000\n"
+                             "DTEND;TZID=America/New_York:20260314T100000\nSUMMARY:Meeting\nEND:VEVENT\n";
+const std::string kWeekly = "BEGIN:VEVENT\nUID:weekly@test\nDTSTART:20260302T080000\nRRULE:FREQ=WEEKLY;COUNT=5\n"
+                            "SUMMARY:Every week\nEND:VEVENT\n";
+const std::string kBirthday = "BEGIN:VEVENT\nUID:birthday@test\nDTSTART;VALUE=DATE:20260410\nRRULE:FREQ=YEARLY\n"
+                              "SUMMARY:Birthday\nEND:VEVENT\n";
+
+class Export : public testing::Test {
+  protected:
+    void SetUp() override {
+        Device.Run({"import", Device.WriteCalendar("in.ics", kMeeting + kWeekly)});
+        Device.Run({"import", "--as", "anniversary", Device.WriteCalendar("in.ics", kBirthday)});
+    }
+
+    std::string Write(std::vector<std::string> words) {
+        words.insert(words.begin(), "export");
+        const CommandResult result = Device.Run(words);
+        EXPECT_EQ(result.Status, 0) << result.Errors;
+        return result.Output;
+    }
+
+    std::string Agenda(const CommandDevice& device) {
+        return device.Run({"agenda", "--from", "2026-01-01", "--to", "2028-12-31", "--tsv"}).Output;
+    }
+
+    // Without the line that tells when it was written.
+    static std::string WithoutStamps(std::string file) {
+        for (std::size_t at = file.find("DTSTAMP:"); at != std::string::npos; at = file.find("DTSTAMP:", at)) {
+            file.erase(at, file.find('\n', at) + 1 - at);
+        }
+        return file;
+    }
+
+    CommandDevice Device;
+};
+
+TEST_F(Export, WritesTheWholeCalendarToStandardOutput) {
+    const std::string file = Write({});
+    EXPECT_THAT(file, StartsWith("BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:"));
+    EXPECT_THAT(file, EndsWith("END:VCALENDAR\r\n"));
+    EXPECT_THAT(file, HasSubstr("BEGIN:VTIMEZONE\r\nTZID:America/New_York\r\n"));
+    EXPECT_THAT(file, HasSubstr("\r\nDTSTART;TZID=America/New_York:20260314T090000\r\n"));
+    EXPECT_THAT(file, HasSubstr("\r\nRRULE:FREQ=WEEKLY;BYDAY=MO;COUNT=5\r\n"));
+    EXPECT_THAT(file, HasSubstr("\r\nDTSTART;VALUE=DATE:20260410\r\n"));
+    EXPECT_EQ(WithoutStamps(Write({"-"})), WithoutStamps(file));
+}
+
+TEST_F(Export, ComesBackIntoAnEmptyCalendarAndIsKnownInThisOne) {
+    const std::string file = Device.Place("out.ics").string();
+    EXPECT_THAT(Write({file}), IsEmpty());
+    CommandDevice other;
+    EXPECT_EQ(other.Run({"import", file}).Output, "3 new, 0 changed, 0 unchanged, 0 refused.\n");
+    EXPECT_THAT(Agenda(other), AllOf(HasSubstr("\tAnniversary\t"), HasSubstr("\tMeeting\n")));
+    EXPECT_EQ(Agenda(other), Agenda(Device));
+    EXPECT_EQ(WithoutStamps(other.Run({"export"}).Output), WithoutStamps(ReadWhole(file)));
+    EXPECT_EQ(Device.Run({"import", file}).Output, "0 new, 0 changed, 3 unchanged, 0 refused.\n");
+}
+
+TEST_F(Export, TheKindsOfAnEmptyCalendarAreThoseOfTheFileAlsoWithoutAs) {
+    const std::string file = Device.Place("out.ics").string();
+    Write({file});
+    CommandDevice other;
+    other.Run({"import", file});
+    EXPECT_TRUE(fs::exists(other.TagPath()));
+}
+
+TEST_F(Export, AFileIsReplacedAndForTheUserAlone) {
+    const std::string file = Device.WriteFile("out.ics", std::string(100'000, 'x'));
+    chmod(file.c_str(), 0644);
+    Write({file});
+    EXPECT_THAT(ReadWhole(file), AllOf(StartsWith("BEGIN:VCALENDAR"), EndsWith("END:VCALENDAR\r\n")));
+
+    struct stat state {};
+
+    ASSERT_EQ(stat(file.c_str(), &state), 0);
+    EXPECT_EQ(state.st_mode & 07777, 0600U);
+}
+
+TEST_F(Export, AFolderThatIsMissingOrAFileThatIsNoneIsNamed) {
+    const std::string missing = Device.Place("nowhere").string() + "/out.ics";
+    const CommandResult result = Device.Run({"export", missing});
+    EXPECT_EQ(result.Status, 1);
+    EXPECT_EQ(result.Errors, "tavo: " + missing +
+                                 " cannot be written: there is no such folder. What was there before is as it "
+                                 "was.\n");
+    const std::string folder = Device.Place("folder").string();
+    fs::create_directory(folder);
+    const CommandResult onFolder = Device.Run({"export", folder});
+    EXPECT_EQ(onFolder.Status, 1);
+    EXPECT_THAT(onFolder.Errors, HasSubstr("it is no file, or may not be written"));
+    EXPECT_TRUE(fs::is_empty(folder));
+}
+
+TEST_F(Export, TheDaysKindsAndNumbersThatAreAskedForAreWritten) {
+    const auto names = [this](const std::vector<std::string>& words) {
+        const std::string file = Write(words);
+        std::string found;
+        for (const char* name : {"Meeting", "Every week", "Birthday"}) {
+            found += file.find(std::string("SUMMARY:") + name) == std::string::npos ? "" : std::string(name) + "; ";
+        }
+        return found;
+    };
+    EXPECT_EQ(names({"--from", "2026-03-14"}), "Meeting; Every week; Birthday; ");
+    EXPECT_EQ(names({"--from", "2026-03-31"}), "Birthday; ");
+    EXPECT_EQ(names({"--to", "2026-03-13"}), "Every week; ");
+    EXPECT_EQ(names({"--from", "2026-03-14", "--to", "2026-03-15"}), "Meeting; ");
+    EXPECT_EQ(names({"--kind", "anniversary"}), "Birthday; ");
+    EXPECT_EQ(names({"--kind", "appointment"}), "Meeting; Every week; ");
+    EXPECT_EQ(names({"--kind", "alarm"}), "");
+    EXPECT_EQ(names({"--kind", "appointment", "--to", "2026-03-13"}), "Every week; ");
+    EXPECT_EQ(names({"--item", "1", "--item", "3"}), "Meeting; Birthday; ");
+    EXPECT_EQ(names({"--item", "99"}), "");
+}
+
+TEST_F(Export, ASeriesOfWhichOneOccurrenceIsAskedForIsWhole) {
+    EXPECT_THAT(Write({"--from", "2026-03-30", "--to", "2026-03-30"}), HasSubstr("\r\nDTSTART:20260302T080000"));
+}
+
+TEST_F(Export, WhatOthersDoNotUnderstandIsSaid) {
+    const CommandResult result = Device.Run({"export"});
+    EXPECT_EQ(result.Errors, "tavo: Other calendars will not understand: 1 kind (seen as a category).\n");
+    EXPECT_THAT(result.Output, HasSubstr("CATEGORIES;X-TAVO-KIND=Anniversary:Anniversary\r\n"));
+    EXPECT_THAT(Device.Run({"export", "--kind", "appointment"}).Errors, IsEmpty());
+}
+
+TEST_F(Export, AnEmptyCalendarIsAFileWithoutEvents) {
+    CommandDevice other;
+    const CommandResult result = other.Run({"export"});
+    EXPECT_EQ(result.Status, 0);
+    EXPECT_THAT(result.Output, AllOf(StartsWith("BEGIN:VCALENDAR"), Not(HasSubstr("VEVENT"))));
+}
+
+TEST_F(Export, AFullDiskUnderTheOutputIsNoticed) {
+    const CommandResult result = Device.Run({"export", "/dev/full"});
+    EXPECT_EQ(result.Status, 1);
+    EXPECT_THAT(result.Errors, HasSubstr("/dev/full cannot be written"));
+}
+
+TEST_F(Export, WordsThatMakeNoSenseAreRefused) {
+    using Words = std::vector<std::string>;
+    for (const Words& words :
+         {Words{"export", "a", "b"}, Words{"export", "--kind", "meeting"}, Words{"export", "--kind"},
+          Words{"export", "--item", "x"}, Words{"export", "--item", "0"}, Words{"export", "--item"},
+          Words{"export", "--from", "tomorrow"}, Words{"export", "--from", "2026-02-02", "--to", "2026-02-01"},
+          Words{"export", "--everything"}}) {
+        const CommandResult result = Device.Run(words);
+        EXPECT_EQ(result.Status, 2) << words.back();
+        EXPECT_THAT(result.Output, IsEmpty());
+        EXPECT_THAT(result.Errors, HasSubstr("tavo export --help"));
+    }
+}
+
+TEST(ExportInterrupted, LeavesTheFileAsItWas) {
+    const CommandDevice device;
+    std::string many;
+    for (int number = 0; number < 30'000; ++number) {
+        many += "BEGIN:VEVENT\nUID:" + std::to_string(number) +
+                "\nDTSTART:20260314T090000\nDESCRIPTION:" + std::string(200, 'x') + "\nEND:VEVENT\n";
+    }
+    ASSERT_EQ(device.Run({"import", device.WriteCalendar("many.ics", many)}).Status, 0);
+    const std::string file = device.WriteFile("out.ics", "old");
+    const int process = device.Start({"export", file});
+    ASSERT_GT(process, 0);
+    // It is at work once its unfinished file is there.
+    const auto entries = [&device] {
+        return std::distance(fs::directory_iterator(device.Place("")), fs::directory_iterator());
+    };
+    const auto before = entries();
+    while (entries() == before && waitpid(process, nullptr, WNOHANG) == 0) {
+    }
+    ASSERT_EQ(kill(process, SIGINT), 0);
+    int status = 0;
+    ASSERT_EQ(waitpid(process, &status, 0), process);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 130);
+    EXPECT_EQ(ReadWhole(device.Place("errors")), "tavo: Interrupted. The file is as it was before.\n");
+    EXPECT_EQ(ReadWhole(file), "old");
+    EXPECT_EQ(entries(), before);
+}
+
+} // namespace
+} // namespace tavo::tools
