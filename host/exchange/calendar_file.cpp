@@ -123,8 +123,9 @@ bool CalendarFileReader::AddOccurrences() {
         if (!Sink.OnProgress(Offset)) {
             return false;
         }
-        if (reader.ReadAt(place.Offset, place.Line, piece) == ReadResult::Piece &&
-            Events.Read(piece, unheard, occurrence, fault) == Reading::Good && occurrence.Occurrence) {
+        const bool isRead = reader.ReadAt(place.Offset, place.Line, piece) == ReadResult::Piece;
+        piece.CalendarZone = place.CalendarZone;
+        if (isRead && Events.Read(piece, unheard, occurrence, fault) == Reading::Good && occurrence.Occurrence) {
             all.push_back(MakeException(occurrence, Entry.Start, Entry.Item));
         }
     }

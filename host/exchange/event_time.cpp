@@ -53,6 +53,11 @@ Reading ReadTime(const rules::ContentLine& line, std::string_view value, const E
         if (time.In == nullptr) {
             context.Zones.TellUnknown(*name, FindLine(context.Piece, line.Name), context.Faults);
         }
+    } else if (!context.Piece.CalendarZone.empty()) {
+        time.In = context.Zones.Find(context.Piece.CalendarZone);
+        if (time.In == nullptr) {
+            context.Zones.TellUnknown(context.Piece.CalendarZone, FindLine(context.Piece, line.Name), context.Faults);
+        }
     }
     return Reading::Good;
 }

@@ -56,7 +56,7 @@ void FileSurvey::AddEvent(const CalendarPiece& piece) {
     const EventMarks marks = FindMarks(piece);
     const std::string uid = FindUid(piece);
     if (marks.Occurrence) {
-        Occurrences[uid].push_back({piece.Offset, piece.Line});
+        Occurrences[uid].push_back({piece.Offset, piece.Line, piece.CalendarZone});
     } else {
         Masters.push_back({HashUid(uid), marks.Sequence, piece.Line, marks.Repeats});
     }

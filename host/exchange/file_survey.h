@@ -14,6 +14,7 @@ namespace tavo::exchange {
 struct PiecePlace {
     std::int64_t Offset = 0;
     int Line = 0;
+    std::string CalendarZone; // as of the piece
 };
 
 class FileSurvey {

@@ -136,6 +136,8 @@ ReadResult PieceReader::Read(CalendarPiece& piece) {
             Close(line.Number, TrimEnd(value), piece);
         } else if (EqualsIgnoringCase(name, "VERSION") && TrimEnd(value) == "1.0") {
             return Fail(line.Number, "this is the old vCalendar 1.0 format, which is not understood");
+        } else if (EqualsIgnoringCase(name, "X-WR-TIMEZONE") && !line.Cut) {
+            CalendarZone = TrimEnd(value);
         }
     }
     return FinishFile();
@@ -145,6 +147,7 @@ ReadResult PieceReader::ReadAt(std::int64_t offset, int line, CalendarPiece& pie
     Fault = {};
     PutBack.reset();
     BeginSeen = true;
+    CalendarZone.clear();
     Open.assign(1, {std::string(kCalendarName), 1});
     Reader.MoveTo(offset, line);
     return Read(piece);
@@ -179,6 +182,7 @@ void PieceReader::OpenCalendar(const CalendarLine& line) {
                     "that one ends there");
     }
     Open.assign(1, {std::string(kCalendarName), line.Number});
+    CalendarZone.clear();
     BeginSeen = true;
     StrayTold = false;
 }
@@ -205,6 +209,7 @@ ReadResult PieceReader::ReadPiece(const CalendarLine& begin, std::string name, C
     piece.Kind = FindKind(piece.Name);
     piece.Offset = begin.Offset;
     piece.Line = begin.Number;
+    piece.CalendarZone = CalendarZone;
     piece.TooLargeLine = 0;
     piece.Text.clear();
     piece.Lines.clear();

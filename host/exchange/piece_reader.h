@@ -31,7 +31,8 @@ struct CalendarPiece {
     int TooLargeLine = 0; // where it became larger than can be kept: not all of its lines are here then
     std::string Text;
     std::vector<LinePlace> Lines;
-    CarriedLines Carried; // of an event, where all lines are asked for: those that the import does not use
+    std::string CalendarZone; // that its calendar names for times without one (X-WR-TIMEZONE); may be ""
+    CarriedLines Carried;     // of an event, where all lines are asked for: those that the import does not use
 
     const char* GetLine(std::size_t index) const { return Text.c_str() + Lines[index].Begin; }
 };
@@ -50,7 +51,8 @@ class PieceReader {
     // The next entry of the file. After a fault, that of a file that is no calendar or cannot be read, nothing more can
     // be.
     ReadResult Read(CalendarPiece& piece);
-    // The entry that began at a place which an earlier read has told; reading in order goes on behind it.
+    // The entry that began at a place which an earlier read has told; reading in order goes on behind it. What its
+    // calendar says is not known then.
     ReadResult ReadAt(std::int64_t offset, int line, CalendarPiece& piece);
 
     const FileFault& GetFault() const { return Fault; }
@@ -82,6 +84,7 @@ class PieceReader {
     LineReader Reader;
     FaultTeller& Faults;
     std::vector<OpenComponent> Open;
+    std::string CalendarZone; // of the calendar that is open
     const Extent Wanted;
     std::size_t PieceDepth = 0;          // how many components are open around an entry
     int TooDeep = 0;                     // components open beyond what is looked at

@@ -1,6 +1,8 @@
 // The time zones that a calendar file speaks of.
 #include "host/exchange/zone_table.h"
 
+#include "host/exchange/windows_zones.h"
+
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -83,6 +85,11 @@ const Zone* ZoneTable::Resolve(const std::string& tzid) {
     // The database is kept up to date and knows the past; a file's own definition often knows this year only.
     if (std::unique_ptr<ZoneRules> rules = Sink.LoadZone(tzid); rules != nullptr) {
         return Remember(tzid, tzid, std::move(rules));
+    }
+    if (std::string name(FindWindowsZone(tzid)); !name.empty()) {
+        if (std::unique_ptr<ZoneRules> rules = Sink.LoadZone(name); rules != nullptr) {
+            return Remember(tzid, std::move(name), std::move(rules));
+        }
     }
     if (const auto own = Definitions.find(tzid); own != Definitions.end()) {
         std::string fault;

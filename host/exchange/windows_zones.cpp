@@ -1,0 +1,42 @@
+// The table is generated at build time: see MakeWindowsZones.cmake.
+#include "host/exchange/windows_zones.h"
+
+#include "host/locale/ascii.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace tavo::exchange {
+namespace {
+
+struct WindowsZone {
+    std::string_view Name;
+    std::string_view Shown; // behind the offset
+    std::string_view Database;
+};
+
+constexpr WindowsZone kZones[] = {
+#include "windows_zone_names.inc"
+};
+
+// "(UTC+01:00) ", or "(GMT+01:00) " as it was before; the offset is that of the winter, and the words suffice.
+std::string_view DropOffset(std::string_view shown) {
+    if (!shown.starts_with("(UTC") && !shown.starts_with("(GMT")) {
+        return {};
+    }
+    const std::size_t end = shown.find(')');
+    return end == std::string_view::npos ? std::string_view() : locale::TrimBlanks(shown.substr(end + 1));
+}
+
+} // namespace
+
+std::string_view FindWindowsZone(std::string_view name) {
+    const std::string_view shown = DropOffset(name);
+    const auto* const found = std::find_if(std::begin(kZones), std::end(kZones), [&](const WindowsZone& zone) {
+        return locale::EqualsIgnoringCase(name, zone.Name) ||
+               (!shown.empty() && locale::EqualsIgnoringCase(shown, zone.Shown));
+    });
+    return found == std::end(kZones) ? std::string_view() : found->Database;
+}
+
+} // namespace tavo::exchange
