@@ -33,7 +33,8 @@ const std::string_view kImportHelp =
 
 Usage: tavo import PATH... [--as alarm|holiday|anniversary] [--strict]
 
-A PATH is an .ics file, or a folder whose .ics files are all read, its subfolders too.
+A PATH is an .ics file, a folder whose .ics files are all read, its subfolders too, or -
+for standard input. Pipes, devices and links to folders in a folder are passed over.
 
   --as KIND   tag what the files hold as alarm, holiday or anniversary; this also
               works while the calendar's window is open

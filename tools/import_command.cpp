@@ -13,7 +13,9 @@
 #include "tools/progress_bar.h"
 #include "tools/tag_file.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <unistd.h>
 
 namespace tavo::tools {
 namespace {
@@ -102,7 +104,9 @@ class Import {
     void ImportOne(const ImportFile& file) {
         posix::FileSource source;
         std::string reason;
-        if (!source.Open(file.Path, reason)) {
+        const bool isOpen =
+            file.IsStandardInput ? source.OpenCopy(STDIN_FILENO, reason) : source.Open(file.Path, reason);
+        if (!isOpen) {
             Refuse(file.Path, {0, reason});
             return;
         }
@@ -219,7 +223,9 @@ int RunImport(const ImportOptions& options) {
     import.Run(files);
     Output output;
     output.Write(Summarise(import, files.size()));
-    bool good = problems.empty() && import.GetBrokenFiles() == 0 && import.GetCounts().Refused == 0;
+    const bool isAllThere =
+        std::none_of(problems.begin(), problems.end(), [](const PathProblem& problem) { return problem.IsAskedFor; });
+    bool good = isAllThere && import.GetBrokenFiles() == 0 && import.GetCounts().Refused == 0;
     if (Failed(import.GetStoreStatus())) {
         Complain("The import stopped: " + DescribeFailure(import.GetStoreStatus()) +
                  ". Nothing of the file that was being read was imported.");

@@ -21,18 +21,22 @@ bool IsCalendarName(const fs::path& path) {
 ImportFile MakeFile(const fs::path& path) {
     std::error_code error;
     const std::uintmax_t size = fs::file_size(path, error);
-    return {path.string(), error ? 0 : static_cast<std::int64_t>(size)};
+    return {path.string(), error ? 0 : static_cast<std::int64_t>(size), false};
 }
 
 void CollectFolder(const fs::path& folder, std::vector<ImportFile>& files, std::vector<PathProblem>& problems) {
     std::vector<fs::path> found;
     std::error_code error;
-    // Links to folders are not followed, so a link in a circle is harmless.
     fs::recursive_directory_iterator entry(folder, error);
     for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
-        std::error_code ignored; // an entry that cannot be looked at is not a calendar file
-        if (IsCalendarName(entry->path()) && entry->is_regular_file(ignored)) {
+        std::error_code ignored; // what cannot be looked at is no file
+        const bool isCalendar = IsCalendarName(entry->path());
+        if (entry->is_symlink(ignored) && entry->is_directory(ignored)) {
+            problems.push_back({entry->path().string(), "passed over: a link to a folder", false});
+        } else if (isCalendar && entry->is_regular_file(ignored)) {
             found.push_back(entry->path());
+        } else if (isCalendar && !entry->is_directory(ignored)) {
+            problems.push_back({entry->path().string(), "passed over: not a regular file", false});
         }
     }
     if (error) {
@@ -49,7 +53,9 @@ void CollectFiles(const std::vector<std::string>& paths, std::vector<ImportFile>
     for (const std::string& path : paths) {
         std::error_code error;
         const fs::file_status status = fs::status(path, error);
-        if (status.type() == fs::file_type::not_found) {
+        if (path == "-") {
+            files.push_back({"standard input", 0, true});
+        } else if (status.type() == fs::file_type::not_found) {
             problems.push_back({path, "there is no such file or folder"});
         } else if (error) {
             problems.push_back({path, error.message()});

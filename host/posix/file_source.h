@@ -13,6 +13,9 @@ class FileSource final : public exchange::IByteSource {
   public:
     // True on success; otherwise `reason` says why in a few words.
     bool Open(const std::string& path, std::string& reason);
+    // Likewise what comes from a descriptor up to its end, a pipe for example: kept in a file without a name, which is
+    // gone with this object. Waits until all is there.
+    bool OpenCopy(int descriptor, std::string& reason);
 
     std::ptrdiff_t ReadAt(std::int64_t offset, char* buffer, std::size_t size) override;
 

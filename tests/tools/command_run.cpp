@@ -72,7 +72,7 @@ int CommandDevice::Start(const std::vector<std::string>& words) const {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     constexpr int kNewFile = O_WRONLY | O_CREAT | O_TRUNC;
-    posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, 0, Input.c_str(), O_RDONLY, 0);
     posix_spawn_file_actions_addopen(&actions, 1, Place("output").c_str(), kNewFile, 0600);
     posix_spawn_file_actions_addopen(&actions, 2, Place("errors").c_str(), kNewFile, 0600);
     pid_t process = -1;

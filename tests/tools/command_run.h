@@ -40,6 +40,7 @@ class CommandDevice {
 
     // The environment of the commands; an empty value takes the variable away.
     std::map<std::string, std::string> Environment;
+    std::string Input = "/dev/null"; // what their standard input is
 
   private:
     std::filesystem::path Folder;

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <csignal>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -156,7 +158,57 @@ TEST_F(Import, FoldersAreSearchedThroughAndOtherFilesLeftAlone) {
     std::filesystem::create_directory_symlink(Device.Place("calendars"), Device.Place("calendars/deep/round"));
     const CommandResult result = Device.Run({"import", Device.Place("calendars").string()});
     EXPECT_EQ(result.Status, 0) << result.Errors;
+    EXPECT_EQ(result.Errors, Device.Place("calendars/deep/round").string() + ": passed over: a link to a folder\n");
     EXPECT_EQ(result.Output, "2 new, 0 changed, 0 unchanged, 0 refused in 2 files.\n");
+}
+
+TEST_F(Import, WhatIsNoFileInAFolderIsPassedOverAndSaid) {
+    Device.WriteCalendar("calendars/a.ics", kGood);
+    const std::string pipe = Device.Place("calendars/pipe.ics").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const std::string circle = Device.Place("calendars/circle.ics").string();
+    std::filesystem::create_symlink(circle, circle);
+    const CommandResult result = Device.Run({"import", Device.Place("calendars").string()});
+    EXPECT_EQ(result.Status, 0);
+    EXPECT_THAT(result.Errors, HasSubstr(pipe + ": passed over: not a regular file\n"));
+    EXPECT_THAT(result.Errors, HasSubstr(circle + ": passed over: not a regular file\n"));
+    EXPECT_EQ(result.Output, "1 new, 0 changed, 0 unchanged, 0 refused.\n");
+}
+
+TEST_F(Import, ReadsStandardInputForADash) {
+    Device.Input = Device.WriteCalendar("a.ics", kGood + "what?\n" + kOther);
+    const CommandResult result = Device.Run({"import", "-"});
+    EXPECT_EQ(result.Status, 0);
+    EXPECT_EQ(result.Output, "2 new, 0 changed, 0 unchanged, 0 refused, 1 mended.\n");
+    EXPECT_THAT(result.Errors, StartsWith("standard input:9: mended: "));
+}
+
+TEST_F(Import, ReadsAPipeAsStandardInputAndKeepsItNowhere) {
+    Device.Input = Device.Place("pipe").string();
+    ASSERT_EQ(mkfifo(Device.Input.c_str(), 0600), 0);
+    Device.Environment["TMPDIR"] = Device.Place("").string();
+    // The pipe is open for both until the command has it; more goes through than it holds.
+    const int ends = open(Device.Input.c_str(), O_RDWR | O_CLOEXEC);
+    const int process = Device.Start({"import", "-"});
+    ASSERT_GT(process, 0);
+    std::string file = "BEGIN:VCALENDAR\n" + kGood + "X-LONG:" + std::string(200'000, 'x') + "\nEND:VCALENDAR\n";
+    ASSERT_EQ(write(ends, file.data(), file.size()), static_cast<ssize_t>(file.size()));
+    close(ends);
+    int status = 0;
+    ASSERT_EQ(waitpid(process, &status, 0), process);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << ReadWhole(Device.Place("errors"));
+    EXPECT_EQ(ReadWhole(Device.Place("output")), "1 new, 0 changed, 0 unchanged, 0 refused.\n");
+    for (const auto& entry : std::filesystem::directory_iterator(Device.Place(""))) {
+        EXPECT_THAT(entry.path().filename().string(), Not(StartsWith("tavo-import")));
+    }
+}
+
+TEST_F(Import, AFolderForPassingFilesThatIsMissingIsSaid) {
+    Device.Input = Device.WriteCalendar("a.ics", kGood);
+    Device.Environment["TMPDIR"] = Device.Place("nowhere").string();
+    const CommandResult result = Device.Run({"import", "-"});
+    EXPECT_EQ(result.Status, 1);
+    EXPECT_EQ(result.Errors, "standard input: No such file or directory; nothing of this file was imported\n");
 }
 
 TEST_F(Import, AMissingPathIsNamedAndTheOthersComeIn) {
