@@ -1,14 +1,10 @@
 // The questions, the work and its outcome, file by file.
 #include "app/file_import.h"
 
+#include "app/file_work.h"
 #include "framework/format.h"
-#include "page/progress_dlg.h"
-#include "res/strings.h"
-#include "store/busy_time.h"
-#include "store/long_work.h"
 #include "store/refusal.h"
 
-#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -24,62 +20,22 @@ constexpr std::u16string_view kNotImported = u"%s: %s. Nothing of it was importe
 constexpr std::u16string_view kImported = u"%s: %s";
 constexpr std::u16string_view kLookProgress = u"%d%% looked at";
 constexpr std::u16string_view kImportProgress = u"%d%% imported";
-constexpr int kWhole = 1000; // of a file
-
 enum class Pass { Look, Import };
 
-// One time through a file.
-class FilePass final : public ILongWork {
-  public:
-    FilePass(ICalendarImport& file, Pass pass) : File(file), OwnPass(pass) {}
-
-    bool DoNext() override { return OwnPass == Pass::Look ? File.LookOn() : File.ImportOn(); }
-
-    bool TakeBackNext() override {
-        Abandon();
-        return false;
-    }
-
-    void Abandon() override {
-        WasCancelled = true;
-        File.Leave();
-    }
-
-    int Total() const override { return kWhole; }
-
-    int Done() const override { return File.Progress(); }
-
-    std::u16string DescribeProgress() const override {
-        return FormatText(OwnPass == Pass::Look ? kLookProgress : kImportProgress, Done() * 100 / kWhole);
-    }
-
-    bool IsCancelled() const { return WasCancelled; }
-
-  private:
-    ICalendarImport& File;
-    Pass OwnPass;
-    bool WasCancelled = false;
-};
-
-// False when it was cancelled.
+// One time through a file. False when it was cancelled.
 bool GoThrough(CProgramState& state, ICalendarImport& file, Pass pass) {
-    const BusyTime busy(state);
-    FilePass work(file, pass);
-    RunLongWork(state.Pump, state, work, kCaption);
-    return !work.IsCancelled();
-}
-
-int Show(CProgramState& state, std::u16string text, MessageBoxButtons buttons) {
-    MessageBoxDescription box;
-    box.Text = std::move(text);
-    box.Caption = kProgramTitle;
-    box.Buttons = buttons;
-    return state.Pump.ShowMessageBox(state.MainView, box);
+    FileSteps steps;
+    steps.Caption = kCaption;
+    steps.ProgressFormat = pass == Pass::Look ? kLookProgress : kImportProgress;
+    steps.DoNext = [&file, pass] { return pass == Pass::Look ? file.LookOn() : file.ImportOn(); };
+    steps.Leave = [&file] { file.Leave(); };
+    steps.Progress = [&file] { return file.Progress(); };
+    return RunFileSteps(state, steps);
 }
 
 bool IsWanted(CProgramState& state, const std::u16string& name, int entries) {
     std::u16string question = entries == 1 ? FormatText(kQuestionOfOne, name) : FormatText(kQuestion, entries, name);
-    return Show(state, std::move(question), MessageBoxButtons::YesNo) == IDYES;
+    return ShowFileBox(state, std::move(question), MessageBoxButtons::YesNo) == IDYES;
 }
 
 // True when the file can be worked on.
@@ -107,7 +63,7 @@ bool ImportFile(CProgramState& state, ICalendarImport& file, const std::u16strin
     const bool isThrough = GoThrough(state, file, Pass::Import);
     static_cast<void>(state.Categories.ApplyTagRequests()); // those from outside waited; the pages are told anyway
     if (isThrough && IsGood(state, file, name)) {
-        Show(state, FormatText(kImported, name, file.Outcome()), MessageBoxButtons::Ok);
+        ShowFileBox(state, FormatText(kImported, name, file.Outcome()), MessageBoxButtons::Ok);
     }
     return true;
 }

@@ -23,6 +23,7 @@ const MessageMap& CMainFrame::Messages() {
         On<&CMainFrame::TakeStoreChange>(WM_STORECHANGED),
         On<&CMainFrame::OpenItem>(WM_OPENITEM),
         On<&CMainFrame::ImportFiles>(WM_IMPORTFILES),
+        On<&CMainFrame::ExportFile>(WM_EXPORTFILE),
     };
     static const MessageMap map{entries, &CWindow::Messages()};
     return map;
@@ -64,6 +65,10 @@ void CMainFrame::OpenItem(int oid) {
 
 void CMainFrame::ImportFiles() {
     Commands.ImportFiles();
+}
+
+void CMainFrame::ExportFile() {
+    Commands.ExportFile();
 }
 
 } // namespace tavo

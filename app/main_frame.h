@@ -31,6 +31,7 @@ class CMainFrame : public CWindow {
     void TakeStoreChange();
     void OpenItem(int oid);
     void ImportFiles();
+    void ExportFile();
 
     ICommandTarget& Commands;
     CVantorDoc OwnDocument;

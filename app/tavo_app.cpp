@@ -2,6 +2,7 @@
 #include "app/tavo_app.h"
 
 #include "app/about_dialog.h"
+#include "app/file_export.h"
 #include "app/file_import.h"
 #include "app/start.h"
 #include "memo/memo_undo.h"
@@ -22,6 +23,7 @@ namespace {
 
 constexpr int kStartFailed = 1; // exit status
 constexpr std::u16string_view kUndoCaption = u"Undo";
+constexpr std::u16string_view kExportName = u"Tavo Calendar.ics";
 constexpr std::u16string_view kNotUndone = u"The last step could not be undone.";
 
 // True when the store refused it.
@@ -34,7 +36,9 @@ bool TakeLastStepBack(CProgramState& state, MemoUndo& memos) {
 
 } // namespace
 
-CTavoApp::CTavoApp(IHost& host, ICalendarImport* files) : Device(host), Files(files), Pump(host), State(Pump) {}
+CTavoApp::CTavoApp(IHost& host, const CalendarFiles& files) : Device(host), Files(files), Pump(host), State(Pump) {
+    State.CanChooseFiles = files.Dialogs != nullptr;
+}
 
 CTavoApp::Start CTavoApp::InitInstance() {
     if (ActivateRunningCopy()) {
@@ -92,6 +96,12 @@ void CTavoApp::TakeCommand(int command) {
     case kCommandNewAppointment:
         Frame->View().MakeItem(static_cast<ItemKind>(command - kCommandNewAlarm));
         break;
+    case kCommandImport:
+        Files.Dialogs->ChooseImport();
+        break;
+    case kCommandExport:
+        Files.Dialogs->ChooseExport(std::u16string(kExportName));
+        break;
     default:
         break;
     }
@@ -113,12 +123,18 @@ void CTavoApp::Undo() {
 }
 
 void CTavoApp::ImportFiles() {
-    if (Files != nullptr && ImportCalendarFiles(State, *Files)) {
+    if (Files.Import != nullptr && ImportCalendarFiles(State, *Files.Import)) {
         Frame->View().PostChangeNotice();
     }
 }
 
-int RunTavoCalendar(IHost& host, ICalendarImport* files) {
+void CTavoApp::ExportFile() {
+    if (Files.Export != nullptr) {
+        ExportCalendarFile(State, *Files.Export);
+    }
+}
+
+int RunTavoCalendar(IHost& host, const CalendarFiles& files) {
     CTavoApp app(host, files);
     const CTavoApp::Start start = app.InitInstance();
     int status = start == CTavoApp::Start::Failed ? kStartFailed : 0;

@@ -3,7 +3,7 @@
 
 #include "app/main_frame.h"
 #include "framework/message_pump.h"
-#include "platform/calendar_import.h"
+#include "platform/calendar_files.h"
 #include "store/program_state.h"
 
 #include <memory>
@@ -12,8 +12,7 @@ namespace tavo {
 
 class CTavoApp final : public ICommandTarget {
   public:
-    // `files` may be absent: nothing is imported then.
-    explicit CTavoApp(IHost& host, ICalendarImport* files = nullptr);
+    explicit CTavoApp(IHost& host, const CalendarFiles& files = {});
 
     // Whether this copy runs on. HandedOver: another one does, and was brought forward. Failed: no screen to be had.
     enum class Start { Running, HandedOver, Failed };
@@ -33,9 +32,10 @@ class CTavoApp final : public ICommandTarget {
     void Undo();
     void TakeCommand(int command) override;
     void ImportFiles() override;
+    void ExportFile() override;
 
     IHost& Device;
-    ICalendarImport* Files;
+    CalendarFiles Files;
     CMessagePump Pump;
     CProgramState State;
     std::unique_ptr<CMainFrame> Frame;

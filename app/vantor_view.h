@@ -23,6 +23,8 @@ class ICommandTarget {
     virtual void TakeCommand(int command) = 0;
     // Calendar files were opened with the program.
     virtual void ImportFiles() = 0;
+    // A file for an export was chosen.
+    virtual void ExportFile() = 0;
 
   protected:
     ~ICommandTarget() = default;

@@ -100,6 +100,9 @@ void CMainPage::GoToPage(PageNumber page) {
 void CMainPage::PrepareMenus() {
     Host().Menus().SetMenuItemText(MenuBar, kCommandUndoStep, DescribeUndo(State));
     Host().Menus().SetMenuItem(MenuBar, kCommandUndoStep, CanUndo(State), false);
+    const bool canChoose = State.CanChooseFiles && !State.Busy;
+    Host().Menus().SetMenuItem(MenuBar, kCommandImport, canChoose, false);
+    Host().Menus().SetMenuItem(MenuBar, kCommandExport, canChoose, false);
 }
 
 bool CMainPage::ConfirmDeletion() {

@@ -11,6 +11,9 @@ constexpr MessageNumber WM_OPENITEM = WM_APP + 3;
 // To the frame: calendar files were opened with the program, and wait to be imported. Input likewise.
 constexpr MessageNumber WM_IMPORTFILES = WM_APP + 4;
 
+// To the frame: a file for an export was chosen. Input likewise.
+constexpr MessageNumber WM_EXPORTFILE = WM_APP + 5;
+
 // To the main view, as WM_TIMER: the reminder service went on. The program sets a timer of this number too.
 constexpr int kTimerReminderSound = 1006;
 

@@ -52,6 +52,8 @@ constexpr int kCommandNewAlarm = 32811; // in the order of the kinds
 constexpr int kCommandNewHoliday = 32812;
 constexpr int kCommandNewAnniversary = 32813;
 constexpr int kCommandNewAppointment = 32814;
+constexpr int kCommandImport = 32815;
+constexpr int kCommandExport = 32816;
 
 // Commands on an item.
 constexpr int kCommandModify = 32771;

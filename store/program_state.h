@@ -38,6 +38,7 @@ struct CProgramState {
     PageNumber CurrentPage = PageNumber::Clock; // on show
     bool RefreshSuppressed = false;             // change notices are ignored while it is set
     ISlicedWork* Work = nullptr;                // long work under way, driven by the main view's timer; null for none
+    bool CanChooseFiles = false;                // the machine has dialogs for it
     bool Busy = false;                          // a mass deletion is running
 
     std::array<int, 12> DaysInMonth{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};

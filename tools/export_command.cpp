@@ -1,12 +1,12 @@
 // tavo export: writes the calendar, or parts of it, as one iCalendar file.
 #include "host/exchange/calendar_lines.h"
 #include "host/exchange/calendar_writer.h"
-#include "host/exchange/import_words.h"
+#include "host/exchange/export_words.h"
 #include "host/ink/ink_drawing.h"
 #include "host/locale/harmless_text.h"
 #include "host/outlook/export_reader.h"
 #include "host/outlook/occurrence_reader.h"
-#include "host/posix/replace_file.h"
+#include "host/posix/file_target.h"
 #include "tools/commands.h"
 #include "tools/device.h"
 #include "tools/interruption.h"
@@ -22,7 +22,6 @@
 namespace tavo::tools {
 namespace {
 
-using exchange::CountOf;
 using outlook::ExportReader;
 
 constexpr const char* kInterrupted = "tavo: Interrupted.\n";
@@ -32,106 +31,42 @@ rules::DayNumber NumberOf(Day day) {
     return day.time_since_epoch().count() + rules::kUnixEpochDay;
 }
 
-std::string WriteStamp() {
-    const auto now = std::chrono::system_clock::now().time_since_epoch();
-    const rules::Seconds seconds =
-        std::chrono::duration_cast<std::chrono::seconds>(now).count() + rules::kUnixEpochDay * rules::kSecondsPerDay;
-    return exchange::WriteDateTime(seconds) + "Z";
-}
-
-// The end of a sentence.
-const char* DescribeProblem(ErrorCode problem) {
-    switch (problem) {
-    case ErrorCode::DiskFull:
-        return "the disk is full";
-    case ErrorCode::FileNotFound:
-    case ErrorCode::PathNotFound:
-        return "there is no such folder";
-    case ErrorCode::AccessDenied:
-        return "it is no file, or may not be written";
-    case ErrorCode::WriteProtected:
-        return "the disk can only be read";
-    case ErrorCode::InvalidName:
-        return "its name is not allowed";
-    default:
-        return "the device does not work";
-    }
-}
-
 // Where the pieces go: standard output, or a file that is replaced at the end.
 class Destination {
   public:
     explicit Destination(const std::string& path) : Path(path) {}
 
-    bool Begin() { return Path.empty() || Keep(File.Begin(Path)); }
+    bool Begin() { return Path.empty() || Keep(File.Open(Path)); }
 
     bool Write(std::string_view piece) {
         if (Path.empty()) {
             Screen.Write(piece);
             return true;
         }
-        Waiting += piece;
-        return Waiting.size() < kPieceSize || Flush();
+        return Keep(File.Write(piece));
     }
 
-    bool Finish() { return Path.empty() ? Screen.Finish() : Flush() && Keep(File.Finish()); }
+    bool Finish() { return Path.empty() ? Screen.Finish() : Keep(File.Finish()); }
 
     // False after a failure of the file, which is told here.
     bool TellFailure() const {
         if (Problem != ErrorCode::Success) {
-            Complain(locale::MakeHarmless(Path) + " cannot be written: " + DescribeProblem(Problem) +
+            Complain(locale::MakeHarmless(Path) + " cannot be written: " + exchange::DescribeWriteFailure(Problem) +
                      ". What was there before is as it was.");
         }
         return Problem == ErrorCode::Success;
     }
 
   private:
-    static constexpr std::size_t kPieceSize = std::size_t{256} * 1024;
-
     bool Keep(ErrorCode error) {
         Problem = error;
         return error == ErrorCode::Success;
     }
 
-    bool Flush() {
-        const bool isWritten =
-            Keep(File.Write({reinterpret_cast<const std::uint8_t*>(Waiting.data()), Waiting.size()}));
-        Waiting.clear();
-        return isWritten;
-    }
-
     std::string Path;
-    posix::FileReplacement File;
+    posix::FileTarget File;
     Output Screen;
-    std::string Waiting;
     ErrorCode Problem = ErrorCode::Success;
-};
-
-// What others do not understand of what was written.
-struct Unsaid {
-    int Kinds = 0;
-    int Sounds = 0;
-    int Ink = 0;
-
-    void Count(const exchange::ExportItem& item) {
-        Kinds += item.Kinds.empty() ? 0 : 1;
-        Sounds += item.Item.ReminderSound.empty() ? 0 : 1;
-        Ink += item.Item.Ink.empty() ? 0 : 1;
-    }
-
-    // One sentence; "" when all was said.
-    std::string Describe() const {
-        std::string text;
-        const auto add = [&text](int count, const char* one, const char* several) {
-            if (count > 0) {
-                text += (text.empty() ? "" : ", ") + CountOf(count, one, several);
-            }
-        };
-        add(Kinds, "kind (seen as a category)", "kinds (seen as categories)");
-        add(Sounds, "sound", "sounds");
-        add(Ink, "note of ink (seen as a picture)", "notes of ink (seen as pictures)");
-        return text.empty() ? "" : "Other calendars will not understand: " + text + ".";
-    }
 };
 
 // The items that the options ask for, in the order of their numbers.
@@ -176,30 +111,6 @@ class Choice {
     const ExportOptions& Options;
 };
 
-// Reads for the writer, and counts on the way.
-class CountingReader final : public exchange::IItemReader {
-  public:
-    explicit CountingReader(ExportReader& reader) : Reader(reader) {}
-
-    Status Read(Oid oid, exchange::ExportItem& item) override {
-        const Status status = Reader.Read(oid, item);
-        if (Succeeded(status)) {
-            Left.Count(item);
-        }
-        return status;
-    }
-
-    exchange::ExportZone ReadZone(const std::string& name) override { return Reader.ReadZone(name); }
-
-    std::string NameItem(Oid oid) const override { return Reader.NameItem(oid); }
-
-    const Unsaid& GetUnsaid() const { return Left; }
-
-  private:
-    ExportReader& Reader;
-    Unsaid Left;
-};
-
 bool ComplainAboutStore(Status status) {
     if (Failed(status)) {
         Complain("The calendar cannot be read: " + DescribeFailure(status) + ".");
@@ -210,13 +121,18 @@ bool ComplainAboutStore(Status status) {
 int Export(const outlook::StorePtr& store, const ExportOptions& options) {
     ExportReader reader(store);
     std::vector<Oid> oids;
-    if (!ComplainAboutStore(Choice(store, options).Make(reader, oids))) {
+    exchange::Unsaid unsaid;
+    if (!ComplainAboutStore(Choice(store, options).Make(reader, oids)) ||
+        !ComplainAboutStore(reader.CountUnsaid(oids, unsaid))) {
         return kExitFailure;
     }
-    CountingReader counting(reader);
+    if (const std::string words = unsaid.Describe(); !words.empty()) {
+        Complain(words);
+    }
     Destination destination(options.File);
     exchange::CalendarWriter writer(
-        counting, WriteStamp(), [](std::span<const std::uint8_t> ink) { return ink::DrawAsSvg(ink); },
+        reader, exchange::WriteMoment(std::chrono::system_clock::now()),
+        [](std::span<const std::uint8_t> ink) { return ink::DrawAsSvg(ink); },
         [&destination](std::string_view piece) { return destination.Write(piece); });
     ProgressBar bar;
     Status status = Status::Ok;
@@ -233,9 +149,6 @@ int Export(const outlook::StorePtr& store, const ExportOptions& options) {
     const bool isWritten = goesOn && writer.End() && destination.Finish();
     if (!ComplainAboutStore(status) || !destination.TellFailure() || !isWritten) {
         return kExitFailure;
-    }
-    if (const std::string unsaid = counting.GetUnsaid().Describe(); !unsaid.empty()) {
-        Complain(unsaid);
     }
     return kExitSuccess;
 }

@@ -3,9 +3,9 @@
 
 #include "host/exchange/calendar_file.h"
 #include "host/exchange/import_words.h"
+#include "host/exchange/short_text.h"
 #include "host/exchange/store_sink.h"
 #include "host/locale/failure_text.h"
-#include "host/locale/harmless_text.h"
 #include "host/locale/utf.h"
 
 #include <algorithm>
@@ -20,20 +20,6 @@ constexpr int kWhole = 1000;
 constexpr std::size_t kNamedRemarks = 2;
 constexpr std::size_t kLongestRemark = 64;
 constexpr std::size_t kLongestReason = 120;
-constexpr std::size_t kLongestName = 48;
-
-// Text from outside, as one short line.
-std::u16string ForPeople(const std::string& text, std::size_t longest) {
-    std::u16string line = locale::ToUtf16(locale::MakeHarmless(text));
-    if (line.size() > longest) {
-        line.resize(longest);
-        if ((line.back() & 0xFC00) == 0xD800) {
-            line.pop_back(); // half a character
-        }
-        line += u"...";
-    }
-    return line;
-}
 
 std::string DescribePlace(int line, const std::string& text) {
     return (line > 0 ? "Line " + std::to_string(line) + ": " : std::string()) + text;
@@ -83,7 +69,7 @@ std::optional<std::u16string> CalendarImport::NextFile() {
     } else {
         Fail(writer ? fault : "the calendar is not open");
     }
-    return ForPeople(std::filesystem::path(path).filename().string(), kLongestName);
+    return ShortenForPeople(std::filesystem::path(path).filename().string(), kLongestName);
 }
 
 bool CalendarImport::LookOn() {
@@ -154,7 +140,7 @@ int CalendarImport::Progress() const {
 }
 
 std::u16string CalendarImport::Problem() const {
-    return ForPeople(Reason, kLongestReason);
+    return ShortenForPeople(Reason, kLongestReason);
 }
 
 std::u16string CalendarImport::Outcome() const {
@@ -172,7 +158,7 @@ std::u16string CalendarImport::Outcome() const {
                           [](const Remark& remark) { return remark.What == Remark::Kind::Refused; });
     const std::size_t named = std::min(remarks.size(), kNamedRemarks);
     for (std::size_t index = 0; index < named; ++index) {
-        text += u"\n" + ForPeople(DescribePlace(remarks[index].Line, remarks[index].Text) + ".", kLongestRemark);
+        text += u"\n" + ShortenForPeople(DescribePlace(remarks[index].Line, remarks[index].Text) + ".", kLongestRemark);
     }
     if (remarks.size() > named) {
         text += u"\nThe command `tavo import` names them all.";

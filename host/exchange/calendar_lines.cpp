@@ -59,6 +59,11 @@ std::string WriteDateTime(rules::Seconds time) {
     return WriteDate(time) + text;
 }
 
+std::string WriteMoment(std::chrono::system_clock::time_point moment) {
+    const auto sinceEpoch = std::chrono::duration_cast<std::chrono::seconds>(moment.time_since_epoch());
+    return WriteDateTime(sinceEpoch.count() + rules::MidnightOf(rules::kUnixEpochDay)) + "Z";
+}
+
 std::string EncodeBase64(std::span<const std::uint8_t> bytes) {
     constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
     std::string text;

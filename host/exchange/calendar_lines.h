@@ -3,6 +3,7 @@
 
 #include "host/rules/wall_time.h"
 
+#include <chrono>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -20,6 +21,8 @@ std::string EscapeText(std::u16string_view text);
 // "20260503", or "20260503T090000".
 std::string WriteDate(rules::Seconds time);
 std::string WriteDateTime(rules::Seconds time);
+// In universal time: "20260503T090000Z".
+std::string WriteMoment(std::chrono::system_clock::time_point moment);
 
 std::string EncodeBase64(std::span<const std::uint8_t> bytes);
 

@@ -1,12 +1,14 @@
 // Where the items of an export come from.
 #pragma once
 
+#include "host/exchange/export_words.h"
 #include "host/rules/stored_item.h"
 #include "host/rules/zone_rules.h"
 #include "platform/outlook.h"
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -27,6 +29,10 @@ struct ExportZone {
 class IItemReader {
   public:
     virtual ~IItemReader() = default;
+    // All items, in the order of their numbers.
+    virtual Status List(std::vector<Oid>& oids) = 0;
+    // What others do not understand of these, which are in that order.
+    virtual Status CountUnsaid(std::span<const Oid> oids, Unsaid& unsaid) = 0;
     // NotFound when it is gone.
     virtual Status Read(Oid oid, ExportItem& item) = 0;
     virtual ExportZone ReadZone(const std::string& name) = 0;

@@ -1,23 +1,12 @@
-// The table is generated at build time: see MakeWindowsZones.cmake.
+// Looks names up that another system has for time zones.
 #include "host/exchange/windows_zones.h"
 
 #include "host/locale/ascii.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace tavo::exchange {
 namespace {
-
-struct WindowsZone {
-    std::string_view Name;
-    std::string_view Shown; // behind the offset
-    std::string_view Database;
-};
-
-constexpr WindowsZone kZones[] = {
-#include "windows_zone_names.inc"
-};
 
 // "(UTC+01:00) ", or "(GMT+01:00) " as it was before; the offset is that of the winter, and the words suffice.
 std::string_view DropOffset(std::string_view shown) {
@@ -32,11 +21,12 @@ std::string_view DropOffset(std::string_view shown) {
 
 std::string_view FindWindowsZone(std::string_view name) {
     const std::string_view shown = DropOffset(name);
-    const auto* const found = std::find_if(std::begin(kZones), std::end(kZones), [&](const WindowsZone& zone) {
+    const std::span<const WindowsZone> zones = ListWindowsZones();
+    const auto found = std::find_if(zones.begin(), zones.end(), [&](const WindowsZone& zone) {
         return locale::EqualsIgnoringCase(name, zone.Name) ||
                (!shown.empty() && locale::EqualsIgnoringCase(shown, zone.Shown));
     });
-    return found == std::end(kZones) ? std::string_view() : found->Database;
+    return found == zones.end() ? std::string_view() : found->Database;
 }
 
 } // namespace tavo::exchange

@@ -19,6 +19,25 @@ Status ExportReader::List(std::vector<Oid>& oids) {
     return query.Result();
 }
 
+Status ExportReader::CountUnsaid(std::span<const Oid> oids, exchange::Unsaid& unsaid) {
+    const std::pair<const char*, int exchange::Unsaid::*> parts[] = {
+        {"SELECT DISTINCT oid FROM tag", &exchange::Unsaid::Kinds},
+        {"SELECT oid FROM item WHERE reminder_sound <> ''", &exchange::Unsaid::Sounds},
+        {"SELECT oid FROM ink", &exchange::Unsaid::Ink},
+    };
+    unsaid = {};
+    for (const auto& [text, count] : parts) {
+        Query query(CoreOf(*Source).Db, text);
+        while (query.Next()) {
+            unsaid.*count += std::binary_search(oids.begin(), oids.end(), query.Small(0)) ? 1 : 0;
+        }
+        if (Failed(query.Result())) {
+            return query.Result();
+        }
+    }
+    return Status::Ok;
+}
+
 Status ExportReader::ReadKinds(Oid oid, std::vector<TagList>& kinds) {
     std::vector<TagPlace> places;
     const Status status = CoreOf(*Source).Tags.FindPlaces(oid, places);
@@ -52,6 +71,10 @@ exchange::ExportZone ExportReader::ReadZone(const std::string& name) {
 
 std::string ExportReader::NameItem(Oid oid) const {
     return MakeOwnUid(ReadStoreIdentity(CoreOf(*Source).Db), oid);
+}
+
+std::unique_ptr<exchange::IItemReader> MakeExportReader(StorePtr store) {
+    return store ? std::make_unique<ExportReader>(std::move(store)) : nullptr;
 }
 
 } // namespace tavo::outlook

@@ -5,6 +5,8 @@
 #include "host/outlook/store.h"
 
 #include <cstdint>
+#include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -14,12 +16,11 @@ class ExportReader final : public exchange::IItemReader {
   public:
     explicit ExportReader(StorePtr store);
 
-    // All items, in the order of their numbers.
-    Status List(std::vector<Oid>& oids);
-
     // The lists that it stands in, each once.
     Status ReadKinds(Oid oid, std::vector<TagList>& kinds);
 
+    Status List(std::vector<Oid>& oids) override;
+    Status CountUnsaid(std::span<const Oid> oids, exchange::Unsaid& unsaid) override;
     Status Read(Oid oid, exchange::ExportItem& item) override;
     exchange::ExportZone ReadZone(const std::string& name) override;
     std::string NameItem(Oid oid) const override;
@@ -27,5 +28,8 @@ class ExportReader final : public exchange::IItemReader {
   private:
     StorePtr Source;
 };
+
+// Of the store that the program is logged on to; null for none.
+std::unique_ptr<exchange::IItemReader> MakeExportReader(StorePtr store);
 
 } // namespace tavo::outlook

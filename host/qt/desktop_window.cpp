@@ -5,8 +5,12 @@
 #include "host/qt/keyboard.h"
 
 #include <QCloseEvent>
+#include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
+#include <QMimeData>
 #include <QPainter>
+#include <QUrl>
 #include <QWindow>
 
 #include <algorithm>
@@ -29,6 +33,19 @@ bool HidesWhenMinimized() {
 QSize SizeAt(double scale) {
     return {static_cast<int>(std::lround(kScreenSize.Width * scale)),
             static_cast<int>(std::lround(kScreenSize.Height * scale))};
+}
+
+// Of what is dragged, the calendar files of this machine.
+std::vector<std::string> FindCalendarFiles(const QMimeData& dragged) {
+    std::vector<std::string> paths;
+    for (const QUrl& url : dragged.urls()) {
+        const QString path = url.toLocalFile();
+        const QString suffix = QFileInfo(path).suffix().toLower();
+        if (suffix == QLatin1String("ics") || suffix == QLatin1String("ical")) {
+            paths.push_back(QFile::encodeName(path).toStdString());
+        }
+    }
+    return paths;
 }
 
 } // namespace
@@ -54,6 +71,7 @@ DesktopWindow::DesktopWindow(Device& device)
     OwnMenus->setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
+    setAcceptDrops(true);
     setFocusPolicy(Qt::ClickFocus); // Tab goes from control to control, and stops at nothing that is none
     setMinimumSize(kScreenSize.Width, kScreenSize.Height);
     Rest.setSingleShot(true);
@@ -154,6 +172,21 @@ void DesktopWindow::resizeEvent(QResizeEvent*) {
 void DesktopWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     Shared.Navigation.RequestClose();
+}
+
+void DesktopWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (DropWatch && !FindCalendarFiles(*event->mimeData()).empty()) {
+        event->setDropAction(Qt::CopyAction); // the file stays where it is
+        event->accept();
+    }
+}
+
+void DesktopWindow::dropEvent(QDropEvent* event) {
+    if (const std::vector<std::string> paths = FindCalendarFiles(*event->mimeData()); DropWatch && !paths.empty()) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+        DropWatch(paths);
+    }
 }
 
 void DesktopWindow::changeEvent(QEvent* event) {

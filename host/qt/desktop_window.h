@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/qt/device.h"
+#include "host/qt/file_dialogs.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -32,6 +33,9 @@ class DesktopWindow final : public QWidget {
     // Called whenever everything lies elsewhere.
     void SetLayoutWatch(std::function<void()> watch) { LayoutWatch = std::move(watch); }
 
+    // Called with the calendar files that somebody drops on it.
+    void SetDropWatch(TakePaths watch) { DropWatch = std::move(watch); }
+
     // Before it is first shown.
     void Start(const DesktopSize& size);
     // Shows or hides it, minimised or not, as the shell says.
@@ -49,6 +53,8 @@ class DesktopWindow final : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
@@ -62,6 +68,7 @@ class DesktopWindow final : public QWidget {
     ChromeWidget* OwnMenus;
     Keyboard* Keys = nullptr;
     std::function<void()> LayoutWatch;
+    TakePaths DropWatch;
     QTimer Rest; // runs while the scale changes
     bool IsLaidOut = false;
     bool Following = false; // the shell, so it need not be told

@@ -70,6 +70,8 @@ QtHost::QtHost(HostOptions options)
         }
     });
     Opened.SetFiles(Options.HaveFiles);
+    Opened.SetExport(Options.HaveExport);
+    OwnDesktop.SetDropWatch(Options.TakeFiles);
     Events.SetPreparation([this](bool waits) { PrepareWait(waits); });
     OwnDesktop.Start(ChooseDesktopSize(qgetenv("TAVO_SCALE"), ReadRememberedSize(Options.Root.Path()),
                                        QGuiApplication::primaryScreen()->availableSize()));

@@ -14,6 +14,7 @@
 #include "host/qt/desktop_windows.h"
 #include "host/qt/drawing.h"
 #include "host/qt/event_source.h"
+#include "host/qt/file_dialogs.h"
 #include "host/qt/menu_view.h"
 #include "host/qt/message_box.h"
 #include "host/qt/quit_signals.h"
@@ -42,8 +43,11 @@ struct HostOptions {
     // Called before anything is shown when the machine has no fonts.
     std::function<void()> RefuseWithoutFonts = {};
     // Called with the calendar files that were opened with the program, and whether some of them wait to be imported.
-    std::function<void(const std::vector<std::string>& paths)> TakeFiles = {};
+    TakePaths TakeFiles = {};
     std::function<bool()> HaveFiles = {};
+    // Likewise the one file that was chosen for an export.
+    TakePaths TakeExport = {};
+    std::function<bool()> HaveExport = {};
     std::string ProgramFolder = posix::RunningProgramFolder(); // where the companion lies
 };
 
@@ -84,6 +88,8 @@ class QtHost final : public IHost, private shell::IShellObserver {
     Status CoCreateInstance(ComPtr<IPOutlookApp>& outlook) override;
     ErrorCode GetLastError() override;
 
+    IFileDialogs& Dialogs() { return OwnDialogs; }
+
     // Who has the device's root, and how the one that has it answers.
     DesktopWindows& RootWindows() { return OwnWindows; }
 
@@ -123,6 +129,7 @@ class QtHost final : public IHost, private shell::IShellObserver {
     locale::UsEnglishLocale OwnLocale;
     qt::Sound OwnSound{OwnFiles};
     DesktopWindow OwnDesktop{Shared};
+    FileDialogs OwnDialogs{OwnDesktop, Options.TakeFiles, Options.TakeExport};
     WindowViews OwnViews{Shared, OwnDesktop};
     qt::Drawing OwnDrawing{Shared, OwnViews};
     MenuView OwnMenuView{Shared, OwnDesktop};

@@ -1,9 +1,14 @@
 // Starts the program on the desktop, or says what is missing.
 #include "app/start.h"
+#include "host/exchange/calendar_export.h"
 #include "host/exchange/calendar_import.h"
+#include "host/exchange/calendar_lines.h"
+#include "host/ink/ink_drawing.h"
 #include "host/locale/harmless_text.h"
+#include "host/outlook/export_reader.h"
 #include "host/outlook/import_writer.h"
 #include "host/posix/file_source.h"
+#include "host/posix/file_target.h"
 #include "host/posix/instance_lock.h"
 #include "host/posix/root_folder.h"
 #include "host/qt/command_line.h"
@@ -86,10 +91,10 @@ struct Ending {
 
 // Runs as the only program of its device, or has the one that runs come forward. One that ends meanwhile leaves the
 // device to this one.
-Ending RunAlone(tavo::qt::QtHost& host, tavo::ICalendarImport& files) {
+Ending RunAlone(tavo::qt::QtHost& host, const tavo::CalendarFiles& files) {
     using tavo::posix::LockOutcome;
     while (true) {
-        const int status = tavo::RunTavoCalendar(host, &files);
+        const int status = tavo::RunTavoCalendar(host, files);
         switch (host.RootWindows().Claim().value_or(LockOutcome::ProgramRuns)) {
         case LockOutcome::Held:
             return {status};
@@ -125,10 +130,15 @@ Ending RunOn(const tavo::files::DeviceRoot& root) {
     exchange::CalendarImport files([&] { return outlook::MakeImportWriter(store.Store()); }, posix::OpenFileSource);
     options.TakeFiles = [&](const std::vector<std::string>& paths) { files.Add(paths); };
     options.HaveFiles = [&] { return files.HasFiles(); };
+    exchange::CalendarExport written({[&] { return outlook::MakeExportReader(store.Store()); }, posix::OpenFileTarget,
+                                      ink::DrawAsSvg,
+                                      [] { return exchange::WriteMoment(std::chrono::system_clock::now()); }});
+    options.TakeExport = [&](const std::vector<std::string>& paths) { written.Choose(paths.front()); };
+    options.HaveExport = [&] { return written.HasFile(); };
     qt::QtHost host(std::move(options));
     store.SetChanged([&] { host.Parts().State.AnnounceStoreChange(); });
     store.SetReminded([&] { host.Parts().State.AnnounceReminders(); });
-    return RunAlone(host, files);
+    return RunAlone(host, {&files, &written, &host.Dialogs()});
 }
 
 // The files go the same way whether this copy imports them or one that runs already.

@@ -8,13 +8,15 @@ namespace tavo::shell {
 // With messages still to come, the next question may be about to be asked.
 void FileRequest::Follow() {
     const WindowHandle frame = State.Tree.Frame();
-    if (!HaveFiles || !HaveFiles() || !State.Posted.IsEmpty() || !State.TakesInput(frame)) {
+    const bool imports = HaveFiles && HaveFiles();
+    const bool exports = HaveExport && HaveExport();
+    if ((!imports && !exports) || !State.Posted.IsEmpty() || !State.TakesInput(frame)) {
         return;
     }
     State.CloseMenu(0); // it would keep input from the program
     Message message;
     message.Window = frame;
-    message.Number = WM_IMPORTFILES;
+    message.Number = imports ? WM_IMPORTFILES : WM_EXPORTFILE;
     State.Post(message, MessageOrigin::Person);
 }
 

@@ -25,7 +25,7 @@ constexpr int kMany = 3000; // more than are imported without a display
 class FileImport : public testing::Test {
   protected:
     FileImport() {
-        Program.Files = &Files;
+        Program.Exchange.Import = &Files;
         Program.Device.Host().Opened.SetFiles([this] { return Files.HasFiles(); });
     }
 

@@ -12,6 +12,8 @@ class NoCommands final : public ICommandTarget {
     void TakeCommand(int) override {}
 
     void ImportFiles() override {}
+
+    void ExportFile() override {}
 };
 
 class VantorView : public testing::Test {

@@ -1,9 +1,12 @@
 // Starting, working and looking at the program.
 #include "tests/qt/desktop_program.h"
 
+#include "host/ink/ink_drawing.h"
+#include "host/outlook/export_reader.h"
 #include "host/outlook/import_writer.h"
 #include "host/outlook/store.h"
 #include "host/posix/file_source.h"
+#include "host/posix/file_target.h"
 #include "host/posix/store_machine.h"
 #include "host/qt/chrome_widget.h"
 #include "tests/qt/hands.h"
@@ -25,7 +28,7 @@ namespace {
 constexpr int kScriptEnded = -32000;
 constexpr int kArrowFromRight = 8; // of a list, within its place
 
-HostOptions WithStore(const TemporaryRoot& root, exchange::CalendarImport& files) {
+HostOptions WithStore(const TemporaryRoot& root, exchange::CalendarImport& files, exchange::CalendarExport& written) {
     HostOptions options{root.Open(), ""};
     // No companion lies there: it would serve the device of the person who runs the tests.
     options.ProgramFolder = options.Root.Path();
@@ -36,6 +39,8 @@ HostOptions WithStore(const TemporaryRoot& root, exchange::CalendarImport& files
     };
     options.TakeFiles = [&files](const std::vector<std::string>& paths) { files.Add(paths); };
     options.HaveFiles = [&files] { return files.HasFiles(); };
+    options.TakeExport = [&written](const std::vector<std::string>& paths) { written.Choose(paths.front()); };
+    options.HaveExport = [&written] { return written.HasFile(); };
     return options;
 }
 
@@ -59,7 +64,13 @@ DesktopProgram::DesktopProgram(std::shared_ptr<TemporaryRoot> root, const std::f
                                      return outlook::MakeImportWriter(outlook ? outlook::StoreOf(*outlook) : nullptr);
                                  },
                                  posix::OpenFileSource),
-      Host(WithStore(*Root, Files)), App(std::make_unique<CTavoApp>(Host, &Files)),
+      Written({[this] {
+                   const ComPtr<IPOutlookApp>& outlook = State().Store.OutlookApp;
+                   return outlook::MakeExportReader(outlook ? outlook::StoreOf(*outlook) : nullptr);
+               },
+               posix::OpenFileTarget, ink::DrawAsSvg, [] { return std::string("20260503T090000Z"); }}),
+      Host(WithStore(*Root, Files, Written)),
+      App(std::make_unique<CTavoApp>(Host, CalendarFiles{&Files, &Written, &Host.Dialogs()})),
       Script([this] { Host.Queue().PostQuitMessage(kScriptEnded); }) {
     if (begin) {
         begin(*this);

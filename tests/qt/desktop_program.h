@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/tavo_app.h"
+#include "host/exchange/calendar_export.h"
 #include "host/exchange/calendar_import.h"
 #include "host/qt/host.h"
 #include "tests/qt/event_script.h"
@@ -55,7 +56,8 @@ class DesktopProgram {
     CProgramState& State() { return App->ProgramState(); }
 
     std::shared_ptr<TemporaryRoot> Root;
-    exchange::CalendarImport Files; // opened with the program
+    exchange::CalendarImport Files;   // opened with the program
+    exchange::CalendarExport Written; // by it
     QtHost Host;
 
   private:

@@ -86,6 +86,9 @@ TEST(Menus, PagesHaveTools) {
                                       {u"New Anniversary", kCommandNewAnniversary},
                                       {u"New Appointment", kCommandNewAppointment},
                                       {u"", 0},
+                                      {u"Import...", kCommandImport},
+                                      {u"Export...", kCommandExport},
+                                      {u"", 0},
                                       {u"About Tavo Calendar...", 57664},
                                       {u"Exit", kCommandExit}};
     EXPECT_EQ(EntriesOf(menus[0]), expected);

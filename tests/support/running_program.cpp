@@ -48,7 +48,7 @@ std::optional<std::string> RunningProgram::ReadFile(std::string_view name) const
 }
 
 bool RunningProgram::Start() {
-    App = std::make_unique<CTavoApp>(Device.Host(), Files);
+    App = std::make_unique<CTavoApp>(Device.Host(), Exchange);
     return App->InitInstance() == CTavoApp::Start::Running && Settle();
 }
 

@@ -57,7 +57,7 @@ class RunningProgram : public OwnDevice, public StoreWords {
     headless::Placed NumberIn(int row, int column) const;
 
     std::unique_ptr<CTavoApp> App;
-    ICalendarImport* Files = nullptr; // for the next start
+    CalendarFiles Exchange; // for the next start
 
   private:
     std::filesystem::path Root;

@@ -1,0 +1,41 @@
+// The desktop's dialogs for choosing calendar files.
+#pragma once
+
+#include "platform/file_dialogs.h"
+
+#include <QFileDialog>
+#include <QPointer>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tavo::qt {
+
+using TakePaths = std::function<void(const std::vector<std::string>& paths)>;
+
+// They lie over the parent, one at a time; the program goes on behind them.
+class FileDialogs final : public IFileDialogs {
+  public:
+    // Calls one of the two once files were chosen. `parent` must outlive it.
+    FileDialogs(QWidget& parent, TakePaths takeImport, TakePaths takeExport);
+    ~FileDialogs() override;
+    FileDialogs(const FileDialogs&) = delete;
+    FileDialogs& operator=(const FileDialogs&) = delete;
+
+    void ChooseImport() override;
+    void ChooseExport(const std::u16string& name) override;
+
+  private:
+    // Null while another one is open, which comes forward instead.
+    QFileDialog* Make(const QString& title);
+    void Open(QFileDialog& dialog, const TakePaths& take);
+
+    QWidget& Parent;
+    TakePaths TakeImport;
+    TakePaths TakeExport;
+    QPointer<QFileDialog> Shown;
+    QString Folder; // of the last choice
+};
+
+} // namespace tavo::qt

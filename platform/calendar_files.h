@@ -1,0 +1,17 @@
+// How calendar files come into the program and out of it.
+#pragma once
+
+#include "platform/calendar_export.h"
+#include "platform/calendar_import.h"
+#include "platform/file_dialogs.h"
+
+namespace tavo {
+
+// What a device without such files or dialogs lacks is null.
+struct CalendarFiles {
+    ICalendarImport* Import = nullptr;
+    ICalendarExport* Export = nullptr;
+    IFileDialogs* Dialogs = nullptr;
+};
+
+} // namespace tavo
