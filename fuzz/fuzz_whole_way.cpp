@@ -1,10 +1,12 @@
 // Goes the whole way of a calendar from outside: a file made by a grammar from any bytes is imported, its store opened
-// again, perhaps given rules that no import takes, listed in long and short spans, searched for reminders and checked;
-// each of these within a time.
+// again, perhaps given rules that no import takes, listed in long and short spans, searched for reminders, exported and
+// checked; each of these within a time. What was exported, imported elsewhere and exported again is the same.
 #include "fuzz/calendar_grammar.h"
 #include "host/exchange/calendar_file.h"
+#include "host/exchange/calendar_writer.h"
 #include "host/exchange/store_sink.h"
 #include "host/outlook/diagnosis.h"
+#include "host/outlook/export_reader.h"
 #include "host/outlook/import_writer.h"
 #include "host/outlook/occurrence_reader.h"
 #include "host/outlook/reminder_finder.h"
@@ -181,6 +183,33 @@ void Remind(const StorePtr& store) {
     }
 }
 
+std::string Write(const StorePtr& store) {
+    const Deadline soon("the export");
+    ExportReader reader(store);
+    std::string file;
+    exchange::CalendarWriter writer(
+        reader, "20260503T090000Z", [](std::span<const std::uint8_t>) { return std::string(); },
+        [&file](std::string_view piece) {
+            file += piece;
+            return true;
+        });
+    std::vector<Oid> oids;
+    Require(Succeeded(reader.List(oids)) && writer.Begin());
+    for (const Oid oid : oids) {
+        Status status = Status::Ok;
+        Require(writer.Write(oid, status) && Succeeded(status));
+    }
+    Require(writer.End());
+    return file;
+}
+
+void RequireTheSame(const std::string& file, const std::string& copy) {
+    if (file != copy) {
+        std::fprintf(stderr, "exported:\n%s\nfrom the copy:\n%s\n", file.c_str(), copy.c_str());
+        std::abort();
+    }
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -188,6 +217,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const bool kGoesAtTheEnd = std::atexit([] { std::filesystem::remove_all(kFolder); }) == 0;
     Require(kGoesAtTheEnd);
     const std::filesystem::path file = kFolder / "Outlook.db";
+    const std::filesystem::path other = kFolder / "Other.db";
     for (const char* ending : {"", "-wal", "-shm"}) {
         std::filesystem::remove(file.string() + ending);
     }
@@ -201,9 +231,20 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         planted = Plant(store, choices);
     }
     {
-        const StorePtr store = Open(file, choices.Once(3) ? "America/New_York" : "Europe/Berlin");
+        const char* const zone = choices.Once(3) ? "America/New_York" : "Europe/Berlin";
+        const StorePtr store = Open(file, zone);
         List(store);
         Remind(store);
+        const std::string written = Write(store);
+        if (!planted) {
+            for (const char* ending : {"", "-wal", "-shm"}) {
+                std::filesystem::remove(other.string() + ending);
+            }
+            std::filesystem::copy_file(MakeEmptyStore(kFolder), other);
+            const StorePtr copy = Open(other, zone);
+            Import(copy, written);
+            RequireTheSame(written, Write(copy));
+        }
     }
     const Deadline soon("the check");
     const Diagnosis diagnosis = DiagnoseStore(posix::SystemMachine(), file, CheckDepth::Full);
