@@ -3,10 +3,12 @@
 
 #include "host/exchange/own_properties.h"
 #include "host/exchange/series_rule.h"
+#include "host/exchange/zone_parameter.h"
 #include "host/rules/rule_text.h"
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -20,7 +22,6 @@ using rules::StoredItem;
 using rules::StoredPattern;
 
 constexpr std::array<std::string_view, 4> kRuleNames = {"RRULE", "EXRULE", "RDATE", "EXDATE"};
-constexpr std::string_view kZoneParameter = ";TZID=";
 
 bool IsRuleLine(std::string_view name) {
     return std::any_of(kRuleNames.begin(), kRuleNames.end(),
@@ -30,31 +31,20 @@ bool IsRuleLine(std::string_view name) {
 // The line with the zone's name as the store knows it, or without the name of one that nothing knows; false when the
 // file's own zone cannot be kept.
 bool NameZone(std::string& line, int number, const EntryContext& context, std::string& reason) {
-    const auto begin =
-        std::search(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(line.find(':')), kZoneParameter.begin(),
-                    kZoneParameter.end(), [](char a, char b) { return (a >= 'a' && a <= 'z' ? a - 32 : a) == b; });
-    const std::size_t from = static_cast<std::size_t>(begin - line.begin()) + kZoneParameter.size();
-    if (from >= line.size() || line.find(':') < from) {
+    const std::optional<ZoneParameter> parameter = FindZoneParameter(line);
+    if (!parameter) {
         return true;
     }
-    const bool quoted = line[from] == '"';
-    const std::size_t to = quoted ? line.find('"', from + 1) : line.find_first_of(";:", from);
-    if (to == std::string::npos) {
-        return true;
-    }
-    const std::string name = line.substr(from + quoted, to - from - quoted);
-    const Zone* zone = context.Zones.Find(name);
-    if (zone == nullptr && context.Zones.IsDefined(name)) {
-        reason = context.Zones.DescribeUnknown(name);
+    const Zone* zone = context.Zones.Find(parameter->Name);
+    if (zone == nullptr && context.Zones.IsDefined(parameter->Name)) {
+        reason = context.Zones.DescribeUnknown(parameter->Name);
         return false;
     }
     if (zone == nullptr) {
-        context.Zones.TellUnknown(name, number, context.Faults);
-        line.erase(from - kZoneParameter.size(), to + (quoted ? 1 : 0) - from + kZoneParameter.size());
-        return true;
+        context.Zones.TellUnknown(parameter->Name, number, context.Faults);
     }
-    line.replace(from, to - from + quoted,
-                 zone->Name.find_first_of(":;,") == std::string::npos ? zone->Name : "\"" + zone->Name + "\"");
+    line.replace(parameter->From, parameter->To - parameter->From,
+                 zone == nullptr ? std::string() : WriteZoneParameter(zone->Name));
     return true;
 }
 

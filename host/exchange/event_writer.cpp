@@ -4,9 +4,11 @@
 #include "host/exchange/calendar_lines.h"
 #include "host/exchange/own_properties.h"
 #include "host/exchange/rule_writer.h"
+#include "host/exchange/zone_parameter.h"
 #include "host/locale/utf.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace tavo::exchange {
 namespace {
@@ -63,8 +65,9 @@ class EventWriter {
     void Line(std::string_view line) { AppendFolded(line, File); }
 
     void Text(std::string_view name, std::u16string_view text) {
-        if (!text.empty()) {
-            Line(std::string(name) + ":" + EscapeText(text));
+        // Of characters that no file may hold nothing is left.
+        if (const std::string escaped = EscapeText(text); !escaped.empty()) {
+            Line(std::string(name) + ":" + escaped);
         }
     }
 
@@ -85,9 +88,7 @@ class EventWriter {
         if (Zone.Tzid.empty()) {
             return ":" + WriteDateTime(time) + "Z";
         }
-        const bool isQuoted = Zone.Tzid.find_first_of(":;,") != std::string::npos;
-        return std::string(";TZID=") + (isQuoted ? "\"" : "") + Zone.Tzid + (isQuoted ? "\":" : ":") +
-               WriteDateTime(time);
+        return WriteZoneParameter(Zone.Tzid) + ":" + WriteDateTime(time);
     }
 
     bool AreDays(Seconds start, Seconds end) const {
@@ -142,13 +143,16 @@ class EventWriter {
         }
     }
 
-    // A line of a rule with its zone under the name that the file gives it.
+    // A line of a rule with the zone that it names, which need not be the item's, under the name that the file gives
+    // it.
     std::string NameZone(std::string_view line) const {
         std::string named(line);
-        const std::string inStore = "TZID=" + Item.Zone;
-        const std::size_t at = IsZoned && Zone.Tzid != Item.Zone ? named.find(inStore) : std::string::npos;
-        return at == std::string::npos || at > named.find(':') ? named
-                                                               : named.replace(at + 5, Item.Zone.size(), Zone.Tzid);
+        const std::optional<ZoneParameter> parameter = FindZoneParameter(line);
+        const WrittenZone zone = parameter ? Words.Zones(parameter->Name) : WrittenZone();
+        if (parameter && !zone.Tzid.empty()) {
+            named.replace(parameter->From, parameter->To - parameter->From, WriteZoneParameter(zone.Tzid));
+        }
+        return named;
     }
 
     void WriteTexts() {
@@ -204,7 +208,8 @@ class EventWriter {
         Line(std::string(kOwnAlarm) + ":1");
         Line("TRIGGER:-PT" + std::to_string(Item.ReminderMinutes) + "M");
         Line((Item.ReminderOptions & kReminderSound) != 0 ? "ACTION:AUDIO" : "ACTION:DISPLAY");
-        Line("DESCRIPTION:" + (Item.Subject.empty() ? std::string("Reminder") : EscapeText(Item.Subject)));
+        const std::string subject = EscapeText(Item.Subject);
+        Line("DESCRIPTION:" + (subject.empty() ? "Reminder" : subject));
         Line("END:VALARM");
     }
 
