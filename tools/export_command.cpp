@@ -7,6 +7,7 @@
 #include "host/outlook/export_reader.h"
 #include "host/outlook/occurrence_reader.h"
 #include "host/posix/file_target.h"
+#include "host/posix/memo_folder.h"
 #include "tools/commands.h"
 #include "tools/device.h"
 #include "tools/interruption.h"
@@ -118,7 +119,26 @@ bool ComplainAboutStore(Status status) {
     return Succeeded(status);
 }
 
-int Export(const outlook::StorePtr& store, const ExportOptions& options) {
+// The memos of the days that are asked for; whoever asks for kinds or items means no memos.
+std::vector<std::string> ChooseMemos(posix::MemoFolder& folder, const ExportOptions& options) {
+    std::vector<std::string> names;
+    if (options.Kind || !options.Items.empty()) {
+        return names;
+    }
+    for (const std::string& name : folder.List()) {
+        const std::optional<rules::DayNumber> day = exchange::FindMemoDay(name);
+        if (day && (!options.From || *day >= NumberOf(*options.From)) &&
+            (!options.To || *day <= NumberOf(*options.To))) {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+int Export(const files::DeviceRoot& root, const outlook::StorePtr& store, const ExportOptions& options) {
+    posix::MemoFolder folder(root);
+    const std::vector<std::string> memos = ChooseMemos(folder, options);
+    bool isWhole = true;
     ExportReader reader(store);
     std::vector<Oid> oids;
     exchange::Unsaid unsaid;
@@ -126,6 +146,7 @@ int Export(const outlook::StorePtr& store, const ExportOptions& options) {
         !ComplainAboutStore(reader.CountUnsaid(oids, unsaid))) {
         return kExitFailure;
     }
+    unsaid.Ink += static_cast<int>(memos.size());
     if (const std::string words = unsaid.Describe(); !words.empty()) {
         Complain(words);
     }
@@ -141,6 +162,15 @@ int Export(const outlook::StorePtr& store, const ExportOptions& options) {
         goesOn = writer.Write(oids[index], status);
         bar.Show(static_cast<std::int64_t>(index), static_cast<std::int64_t>(oids.size()), "export");
     }
+    for (std::size_t index = 0; goesOn && index < memos.size() && !WasInterrupted(); ++index) {
+        exchange::MemoEntry memo{memos[index], {}};
+        if (folder.Read(memo.Name, memo.Ink) == ErrorCode::Success) {
+            goesOn = writer.WriteMemo(memo);
+        } else {
+            Complain("The memo " + locale::MakeHarmless(memo.Name) + " cannot be read and was left out.");
+            isWhole = false;
+        }
+    }
     bar.Clear();
     if (WasInterrupted()) {
         Complain(options.File.empty() ? "Interrupted." : "Interrupted. The file is as it was before.");
@@ -150,7 +180,7 @@ int Export(const outlook::StorePtr& store, const ExportOptions& options) {
     if (!ComplainAboutStore(status) || !destination.TellFailure() || !isWritten) {
         return kExitFailure;
     }
-    return kExitSuccess;
+    return isWhole ? kExitSuccess : kExitFailure;
 }
 
 } // namespace
@@ -164,7 +194,7 @@ int RunExport(const ExportOptions& options) {
     }
     WatchForInterruption();
     SetLastWords(options.File.empty() ? kInterrupted : kOldFileStays);
-    return Export(store, options);
+    return Export(*root, store, options);
 }
 
 } // namespace tavo::tools

@@ -48,7 +48,8 @@ for example), is refused by itself. What lasts longer than 31 days comes as one
 appointment on each of its days. Importing a file again changes only what is different in
 it: entries are known by their UID.
 
-Tasks, notes and cancelled events are passed over. Ctrl+C takes back the file that is
+Tasks, notes and cancelled events are passed over; memos that `tavo export` wrote come
+back. Ctrl+C takes back the file that is
 just being read; what was imported before it stays.
 
 Exit status: 0 everything was imported, 1 something was refused or broken, 2 the
@@ -70,10 +71,11 @@ replaced whole or not at all.
                   `tavo agenda --tsv` tells the numbers
   --help          show this text
 
-A series is written whole when one of its occurrences is asked for. What only this
-calendar knows (kinds, sounds, ink) stands beside what others understand, so that
-`tavo import` brings back all of it: into an empty calendar, or into this one, where
-nothing is doubled. What others will not understand is said on standard error.
+The memos of days are written too, unless --kind or --item is given. A series is written
+whole when one of its occurrences is asked for. What only this calendar knows (kinds,
+sounds, ink) stands beside what others understand, so that `tavo import` brings back all
+of it: into an empty calendar, or into this one, where nothing is doubled. What others
+will not understand is said on standard error.
 
 Exit status: 0 everything was written, 1 something could not be read or written, 2 the
 command line was not understood, 130 after Ctrl+C, which leaves an old FILE as it was.

@@ -5,6 +5,7 @@
 #include "host/locale/harmless_text.h"
 #include "host/outlook/import_writer.h"
 #include "host/posix/file_source.h"
+#include "host/posix/memo_folder.h"
 #include "tools/commands.h"
 #include "tools/device.h"
 #include "tools/import_files.h"
@@ -58,8 +59,8 @@ void ComplainAbout(const std::string& path, int line, const std::string& reason)
 // The import of all files of one command.
 class Import {
   public:
-    Import(outlook::StorePtr store, const ImportOptions& options)
-        : Store(std::move(store)), Tag(ChooseList(options.Tag)),
+    Import(const files::DeviceRoot& root, outlook::StorePtr store, const ImportOptions& options)
+        : Memos(root), Store(std::move(store)), Tag(ChooseList(options.Tag)),
           Manner(options.Strict ? exchange::Manner::Strict : exchange::Manner::Lenient) {}
 
     void Run(const std::vector<ImportFile>& files) {
@@ -119,8 +120,9 @@ class Import {
             Bar.Show(DoneBytes + offset, TotalBytes, file.Path);
             return !WasInterrupted();
         });
+        exchange::CalendarFileReader reader(source, sink, Manner);
         FileFault fault;
-        switch (exchange::ReadCalendarFile(source, sink, Manner, fault)) {
+        switch (exchange::ReadCalendarFile(reader, fault)) {
         case FileOutcome::Broken:
             TakeBack(writer);
             Refuse(file.Path, fault);
@@ -141,6 +143,9 @@ class Import {
         SetLastWords(kWholeOrNot);
         StoreStatus = Failed(sink.GetStoreStatus()) ? sink.GetStoreStatus() : writer.Commit();
         if (Succeeded(StoreStatus)) {
+            for (const exchange::PiecePlace& memo : reader.GetMemos()) {
+                sink.TakeMemo(reader, memo, Memos);
+            }
             Accept(file, sink);
         }
     }
@@ -174,6 +179,7 @@ class Import {
         ComplainAbout(path, fault.Line, fault.Reason + "; nothing of this file was imported");
     }
 
+    posix::MemoFolder Memos;
     outlook::StorePtr Store;
     std::optional<TagList> Tag;
     exchange::Manner Manner;
@@ -219,7 +225,7 @@ int RunImport(const ImportOptions& options) {
         return kExitFailure;
     }
     WatchForInterruption();
-    Import import(store, options);
+    Import import(*root, store, options);
     import.Run(files);
     Output output;
     output.Write(Summarise(import, files.size()));

@@ -1,5 +1,6 @@
 // tavo memo: lists the handwritten memos, and has them drawn by the program beside this one, which knows how.
 #include "host/locale/harmless_text.h"
+#include "host/posix/memo_folder.h"
 #include "tools/commands.h"
 #include "tools/device.h"
 #include "tools/output.h"
@@ -19,41 +20,11 @@ namespace fs = std::filesystem;
 constexpr std::string_view kEnding = ".pwi";
 constexpr std::string_view kExporter = "tavo-ink-export";
 
-bool IsMemo(const std::string& name) {
-    if (name.size() <= kEnding.size()) {
-        return false;
-    }
-    std::string ending = name.substr(name.size() - kEnding.size());
-    std::transform(ending.begin(), ending.end(), ending.begin(), [](char letter) {
-        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
-    });
-    return ending == kEnding;
-}
-
-fs::path MemoFolder(const files::DeviceRoot& root) {
-    return fs::path(root.DocumentsFolder()) / "TavoCalendar";
-}
-
-// In the order of their names, which begin with their days.
-std::vector<std::string> FindMemos(const fs::path& folder) {
-    std::vector<std::string> names;
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-        std::error_code ignored; // what cannot be looked at is no memo
-        const std::string name = entry->path().filename().string();
-        if (IsMemo(name) && entry->is_regular_file(ignored)) {
-            names.push_back(name);
-        }
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-int ListMemos(const fs::path& folder, const std::optional<Day>& date) {
+int ListMemos(posix::MemoFolder& folder, const std::optional<Day>& date) {
     std::string day = date.has_value() ? WriteIsoDay(*date) : std::string();
     std::erase(day, '-'); // as names are written
     Output output;
-    for (const std::string& name : FindMemos(folder)) {
+    for (const std::string& name : folder.List()) {
         if (name.starts_with(day)) {
             output.Write(locale::MakeHarmless(name) + "\n");
         }
@@ -62,8 +33,8 @@ int ListMemos(const fs::path& folder, const std::optional<Day>& date) {
 }
 
 // The memos' paths; a name may be told without its ending. False when one is missing, which is said.
-bool ChooseMemos(const fs::path& folder, const MemoOptions& options, std::vector<std::string>& paths) {
-    const std::vector<std::string> all = FindMemos(folder);
+bool ChooseMemos(posix::MemoFolder& folder, const MemoOptions& options, std::vector<std::string>& paths) {
+    const std::vector<std::string> all = folder.List();
     bool areFound = true;
     for (const std::string& name : options.All ? all : options.Names) {
         const auto known = std::find_if(all.begin(), all.end(), [&](const std::string& memo) {
@@ -73,7 +44,7 @@ bool ChooseMemos(const fs::path& folder, const MemoOptions& options, std::vector
             Complain("There is no memo \"" + name + "\".");
             areFound = false;
         } else {
-            paths.push_back((folder / *known).string());
+            paths.push_back(folder.GetPath() + "/" + *known);
         }
     }
     return areFound;
@@ -103,7 +74,7 @@ int RunMemo(const MemoOptions& options) {
     if (!root) {
         return kExitFailure;
     }
-    const fs::path folder = MemoFolder(*root);
+    posix::MemoFolder folder(*root);
     if (options.Action == MemoAction::List) {
         return ListMemos(folder, options.Date);
     }

@@ -30,6 +30,7 @@ struct CalendarExport::File {
     CalendarWriter Writer;
     ErrorCode Written = ErrorCode::Success;
     std::vector<Oid> Oids;
+    std::vector<std::string> Memos;
     exchange::Unsaid Left;
     std::size_t At = 0;
 };
@@ -53,6 +54,11 @@ std::optional<std::u16string> CalendarExport::NextFile() {
         if (Succeeded(status)) {
             status = Current->Reader->CountUnsaid(Current->Oids, Current->Left);
         }
+        if (Ways.Memos != nullptr) {
+            Current->Memos = Ways.Memos->List();
+            std::erase_if(Current->Memos, [](const std::string& name) { return !FindMemoDay(name); });
+            Current->Left.Ink += static_cast<int>(Current->Memos.size());
+        }
         if (Failed(status) || !Current->Writer.Begin()) {
             FailWith(status);
         }
@@ -63,7 +69,7 @@ std::optional<std::u16string> CalendarExport::NextFile() {
 }
 
 int CalendarExport::CountItems() const {
-    return Current ? static_cast<int>(Current->Oids.size()) : 0;
+    return Current ? static_cast<int>(Current->Oids.size() + Current->Memos.size()) : 0;
 }
 
 std::u16string CalendarExport::Unsaid() const {
@@ -78,11 +84,23 @@ bool CalendarExport::ExportOn() {
         Status status = Status::Ok;
         return Current->Writer.Write(Current->Oids[Current->At++], status) || FailWith(status);
     }
+    if (const std::size_t memo = Current->At - Current->Oids.size(); memo < Current->Memos.size()) {
+        ++Current->At;
+        return WriteMemo(Current->Memos[memo]);
+    }
     if (!Current->Writer.End()) {
         return FailWith(Status::Ok);
     }
     Current->Written = Current->Target->Finish();
     return Current->Written != ErrorCode::Success && FailWith(Status::Ok);
+}
+
+bool CalendarExport::WriteMemo(const std::string& name) {
+    MemoEntry memo{name, {}};
+    if (Ways.Memos->Read(name, memo.Ink) != ErrorCode::Success) {
+        return Fail("the memo " + name + " cannot be read");
+    }
+    return Current->Writer.WriteMemo(memo) || FailWith(Status::Ok);
 }
 
 void CalendarExport::Leave() {
@@ -101,7 +119,8 @@ bool CalendarExport::FailWith(Status status) {
 }
 
 int CalendarExport::Progress() const {
-    return Current && !Current->Oids.empty() ? static_cast<int>(Current->At * kWhole / Current->Oids.size()) : 0;
+    const auto all = static_cast<std::size_t>(CountItems());
+    return all == 0 ? 0 : static_cast<int>(Current->At * kWhole / all);
 }
 
 std::u16string CalendarExport::Problem() const {

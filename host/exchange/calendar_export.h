@@ -19,6 +19,7 @@ class CalendarExport final : public ICalendarExport {
         std::function<std::unique_ptr<IItemReader>()> OpenReader;
         // Null, and why, when nothing can be written there.
         std::function<std::unique_ptr<IByteTarget>(const std::string& path, ErrorCode& problem)> OpenTarget;
+        IMemoFolder* Memos = nullptr; // null: there are none
         InkDrawing DrawInk;
         // The moment of the export: see CalendarWriter.
         std::function<std::string()> WriteStamp;
@@ -45,6 +46,7 @@ class CalendarExport final : public ICalendarExport {
   private:
     struct File;
 
+    bool WriteMemo(const std::string& name);
     bool Fail(std::string reason);
     // After a step of the writer: why it did not succeed.
     bool FailWith(Status status);

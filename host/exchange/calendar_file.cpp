@@ -74,7 +74,9 @@ ReadStep CalendarFileReader::Break(const FileFault& fault) {
 }
 
 ReadStep CalendarFileReader::PassOver() {
-    return Piece.Kind == PieceKind::TimeZone ? ReadStep::More : Continue(Sink.OnPassedOver());
+    const bool isTakenElsewhere =
+        Piece.Kind == PieceKind::TimeZone || (Piece.Kind == PieceKind::Journal && IsMemoEntry(Piece));
+    return isTakenElsewhere ? ReadStep::More : Continue(Sink.OnPassedOver());
 }
 
 ReadStep CalendarFileReader::Refuse(Reading reading, const FileFault& fault) {
@@ -151,8 +153,23 @@ ReadStep CalendarFileReader::ReadOccurrence() {
     return Continue(Sink.OnLoneOccurrence(lone, Piece.Line));
 }
 
+std::optional<MemoEntry> CalendarFileReader::ReadMemo(const PiecePlace& place, std::string& reason) {
+    FaultTeller unheard(nullptr, Manner::Lenient);
+    PieceReader reader(Source, unheard, Extent::UsedLines);
+    CalendarPiece piece;
+    if (reader.ReadAt(place.Offset, place.Line, piece) != ReadResult::Piece) {
+        reason = "it cannot be read any more";
+        return std::nullopt;
+    }
+    return ReadMemoEntry(piece, reason);
+}
+
 FileOutcome ReadCalendarFile(IByteSource& source, IEntrySink& sink, Manner manner, FileFault& fault) {
     CalendarFileReader reader(source, sink, manner);
+    return ReadCalendarFile(reader, fault);
+}
+
+FileOutcome ReadCalendarFile(CalendarFileReader& reader, FileFault& fault) {
     ReadStep step = ReadStep::More;
     while (step == ReadStep::More) {
         step = reader.SurveyNext();

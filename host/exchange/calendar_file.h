@@ -5,6 +5,7 @@
 #include "host/exchange/entry_sink.h"
 #include "host/exchange/event_reader.h"
 #include "host/exchange/file_survey.h"
+#include "host/exchange/memo_entry.h"
 #include "host/exchange/piece_reader.h"
 
 #include <memory>
@@ -42,6 +43,12 @@ class CalendarFileReader {
     // How many entries there are, once they are surveyed: a series with its single occurrences is one of them.
     int CountEntries() const { return Survey.CountEntries(); }
 
+    // Once all entries are read: the memos of the file, which lie in no store, and one of them. Nothing, and the reason
+    // for people, when it is none.
+    const std::vector<PiecePlace>& GetMemos() const { return Survey.GetMemos(); }
+
+    std::optional<MemoEntry> ReadMemo(const PiecePlace& place, std::string& reason);
+
     // The bytes done, of this time through.
     std::int64_t GetOffset() const { return Offset; }
 
@@ -71,5 +78,8 @@ class CalendarFileReader {
     std::int64_t Offset = 0;
     std::int64_t SurveyedEnd = 0;
 };
+
+// Reads all of a file of which nothing was read yet.
+FileOutcome ReadCalendarFile(CalendarFileReader& reader, FileFault& fault);
 
 } // namespace tavo::exchange

@@ -43,10 +43,12 @@ struct CalendarImport::File {
     StoreSink Sink;
     CalendarFileReader Reader;
     bool HasBegun = false; // to write
+    bool IsCommitted = false;
+    std::size_t MemosDone = 0;
 };
 
-CalendarImport::CalendarImport(OpenWriter openWriter, OpenFile openFile)
-    : NewWriter(std::move(openWriter)), NewSource(std::move(openFile)) {}
+CalendarImport::CalendarImport(OpenWriter openWriter, OpenFile openFile, IMemoFolder* memos)
+    : NewWriter(std::move(openWriter)), NewSource(std::move(openFile)), Memos(memos) {}
 
 CalendarImport::~CalendarImport() = default;
 
@@ -94,6 +96,9 @@ bool CalendarImport::ImportOn() {
     if (!Current) {
         return false;
     }
+    if (Current->IsCommitted) {
+        return TakeMemo();
+    }
     if (!Current->HasBegun) {
         if (const Status status = Current->Writer->Begin(NameImport(Current->Path)); Failed(status)) {
             return FailAs(status);
@@ -110,13 +115,24 @@ bool CalendarImport::ImportOn() {
     case ReadStep::Done:
         break;
     }
-    return Finish();
+    return Commit();
 }
 
-bool CalendarImport::Finish() {
+bool CalendarImport::Commit() {
     const Status written = Current->Sink.GetStoreStatus();
     const Status status = Failed(written) ? written : Current->Writer->Commit();
-    return Failed(status) && FailAs(status);
+    if (Failed(status)) {
+        return FailAs(status);
+    }
+    Current->IsCommitted = true;
+    return Memos != nullptr && !Current->Reader.GetMemos().empty();
+}
+
+// They lie in no store; each is there or not.
+bool CalendarImport::TakeMemo() {
+    const std::vector<PiecePlace>& memos = Current->Reader.GetMemos();
+    Current->Sink.TakeMemo(Current->Reader, memos[Current->MemosDone], *Memos);
+    return ++Current->MemosDone < memos.size();
 }
 
 void CalendarImport::Leave() {

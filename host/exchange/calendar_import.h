@@ -3,6 +3,7 @@
 
 #include "host/exchange/byte_source.h"
 #include "host/exchange/item_writer.h"
+#include "host/exchange/memo_folder.h"
 #include "platform/calendar_import.h"
 
 #include <deque>
@@ -20,7 +21,8 @@ class CalendarImport final : public ICalendarImport {
     // Null, and a reason in a few words, when there is no such file or it cannot be read.
     using OpenFile = std::function<std::unique_ptr<IByteSource>(const std::string& path, std::string& reason)>;
 
-    CalendarImport(OpenWriter openWriter, OpenFile openFile);
+    // `memos` may be null: memos are refused then. It must outlive this.
+    CalendarImport(OpenWriter openWriter, OpenFile openFile, IMemoFolder* memos = nullptr);
     ~CalendarImport() override;
     CalendarImport(const CalendarImport&) = delete;
     CalendarImport& operator=(const CalendarImport&) = delete;
@@ -45,10 +47,12 @@ class CalendarImport final : public ICalendarImport {
 
     bool Fail(const std::string& reason);
     bool FailAs(Status status);
-    bool Finish();
+    bool Commit();
+    bool TakeMemo();
 
     OpenWriter NewWriter;
     OpenFile NewSource;
+    IMemoFolder* Memos;
     std::deque<std::string> Waiting;
     std::unique_ptr<File> Current;
     std::string Reason; // why it cannot be imported

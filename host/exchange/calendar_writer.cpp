@@ -60,6 +60,11 @@ bool CalendarWriter::Write(Oid oid, Status& status) {
     return Flush();
 }
 
+bool CalendarWriter::WriteMemo(const MemoEntry& memo) {
+    WriteMemoEntry(memo, Reader.NameMemo(memo.Name), Words, Piece);
+    return Flush();
+}
+
 bool CalendarWriter::End() {
     Piece = "END:VCALENDAR\r\n";
     return Flush();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/exchange/event_writer.h"
+#include "host/exchange/memo_entry.h"
 
 #include <functional>
 #include <map>
@@ -24,6 +25,7 @@ class CalendarWriter {
     bool Begin();
     // The item, behind the zones that it names and the file has not defined yet. One that is gone is passed over.
     bool Write(Oid oid, Status& status);
+    bool WriteMemo(const MemoEntry& memo);
     bool End();
 
   private:

@@ -2,6 +2,7 @@
 #include "host/exchange/event_writer.h"
 
 #include "host/exchange/calendar_lines.h"
+#include "host/exchange/ink_lines.h"
 #include "host/exchange/own_properties.h"
 #include "host/exchange/rule_writer.h"
 #include "host/exchange/zone_parameter.h"
@@ -16,10 +17,6 @@ namespace {
 using rules::Seconds;
 using rules::StoredException;
 using rules::StoredItem;
-
-// Bytes of ink that a line takes: three at a time, so that lines join without signs that fill them up, and short enough
-// for every reader.
-constexpr std::size_t kInkInLine = std::size_t{3} * 100 * 1024;
 
 // Calls `take` with each line of several.
 template <class Take> void ForEachLine(std::string_view lines, const Take& take) {
@@ -47,7 +44,7 @@ class EventWriter {
         WriteTimes();
         WriteTexts();
         WriteWords();
-        WriteInk();
+        AppendInk(Item.Ink, Words.DrawInk, File);
         WriteCarried(Item.Carried, CarriedPart::Properties);
         WriteAlarm();
         WriteCarried(Item.Carried, CarriedPart::Components);
@@ -184,20 +181,6 @@ class EventWriter {
             Line(std::string(kOwnReminder) + ":" + WriteOwnReminder(Item));
         }
         Text(kOwnSound, Item.ReminderSound);
-    }
-
-    void WriteInk() {
-        if (Item.Ink.empty()) {
-            return;
-        }
-        if (const std::string drawing = Words.DrawInk(Item.Ink); !drawing.empty()) {
-            Line("ATTACH;" + std::string(kOwnPicture) + "=1;FMTTYPE=image/svg+xml;ENCODING=BASE64;VALUE=BINARY:" +
-                 EncodeBase64({reinterpret_cast<const std::uint8_t*>(drawing.data()), drawing.size()}));
-        }
-        for (std::size_t at = 0; at < Item.Ink.size(); at += kInkInLine) {
-            const std::span<const std::uint8_t> rest = std::span<const std::uint8_t>(Item.Ink).subspan(at);
-            Line(std::string(kOwnInk) + ":" + EncodeBase64(rest.first(std::min(kInkInLine, rest.size()))));
-        }
     }
 
     void WriteAlarm() {

@@ -1,6 +1,8 @@
 // What must be known of a calendar file before its first entry can be read.
 #include "host/exchange/file_survey.h"
 
+#include "host/exchange/memo_entry.h"
+
 #include <algorithm>
 #include <charconv>
 #include <functional>
@@ -49,6 +51,8 @@ void FileSurvey::Take(const CalendarPiece& piece, ZoneTable& zones, FaultTeller&
         zones.Add(piece, faults);
     } else if (piece.Kind == PieceKind::Event && piece.TooLargeLine == 0) {
         AddEvent(piece);
+    } else if (piece.Kind == PieceKind::Journal && IsMemoEntry(piece)) {
+        Memos.push_back({piece.Offset, piece.Line, {}});
     }
 }
 
@@ -86,7 +90,7 @@ void FileSurvey::Close() {
     for (const auto& [uid, places] : Occurrences) {
         entries += HasSeries(uid) ? 0 : places.size();
     }
-    EntryCount = static_cast<int>(entries);
+    EntryCount = static_cast<int>(entries + Memos.size());
     Masters = {};
 }
 

@@ -32,7 +32,10 @@ class FileSurvey {
     // one that counts instead of that in `line`; 0 when it is that one.
     int FindBetter(const std::string& uid, int line) const;
 
-    // Those that are, or may become, an item each.
+    // The memos that an export of ours put into the file, in its order.
+    const std::vector<PiecePlace>& GetMemos() const { return Memos; }
+
+    // Those that are, or may become, an item or a memo each.
     int CountEntries() const { return EntryCount; }
 
   private:
@@ -49,6 +52,7 @@ class FileSurvey {
     std::unordered_map<std::uint64_t, int> Winners;
     std::unordered_set<std::uint64_t> SeriesOfOccurrences;
     std::unordered_map<std::string, std::vector<PiecePlace>> Occurrences;
+    std::vector<PiecePlace> Memos;
     int EntryCount = 0;
 };
 

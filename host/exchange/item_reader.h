@@ -10,6 +10,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tavo::exchange {
@@ -38,6 +39,8 @@ class IItemReader {
     virtual ExportZone ReadZone(const std::string& name) = 0;
     // The UID of an item that was made here: the same in every export, and that of no other store.
     virtual std::string NameItem(Oid oid) const = 0;
+    // Likewise of a memo, by its file.
+    virtual std::string NameMemo(std::string_view name) const = 0;
 };
 
 } // namespace tavo::exchange

@@ -45,6 +45,13 @@ std::optional<std::int32_t> ReadNumber(const LineList& event, std::string_view n
                                                                : std::nullopt;
 }
 
+std::string_view ValueOf(const LineList& event, std::string_view name) {
+    const rules::ContentLine* line = event.FindFirst(name);
+    return line == nullptr ? std::string_view() : std::string_view(line->Value);
+}
+
+} // namespace
+
 void AppendBase64(std::string_view text, std::vector<std::uint8_t>& bytes) {
     constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
     std::array<std::int8_t, 256> values{};
@@ -68,13 +75,6 @@ void AppendBase64(std::string_view text, std::vector<std::uint8_t>& bytes) {
         }
     }
 }
-
-std::string_view ValueOf(const LineList& event, std::string_view name) {
-    const rules::ContentLine* line = event.FindFirst(name);
-    return line == nullptr ? std::string_view() : std::string_view(line->Value);
-}
-
-} // namespace
 
 std::string WriteOwnRule(const OwnRule& rule, std::string_view start, std::string_view value) {
     const rules::StoredPattern& pattern = rule.Pattern;

@@ -20,6 +20,7 @@ constexpr std::string_view kOwnSensitivity = "X-TAVO-SENSITIVITY";
 constexpr std::string_view kOwnBusy = "X-TAVO-BUSY";
 constexpr std::string_view kOwnAllDay = "X-TAVO-ALLDAY";
 constexpr std::string_view kOwnInk = "X-TAVO-INK";
+constexpr std::string_view kOwnMemo = "X-TAVO-MEMO";           // the file of a memo of its day
 constexpr std::string_view kOwnAlarm = "X-TAVO-ALARM";         // in the alarm that is the item's reminder
 constexpr std::string_view kOwnKind = "X-TAVO-KIND";           // a parameter of CATEGORIES
 constexpr std::string_view kOwnException = "X-TAVO-EXCEPTION"; // a parameter of EXDATE: beside the item's own rule
@@ -49,6 +50,9 @@ std::optional<OwnReminder> ReadOwnReminder(const LineList& event);
 
 // Texts, words and ink of our own.
 void ReadOwnTexts(const LineList& event, rules::StoredItem& item);
+
+// Adds the bytes that the text says; what is no Base64 ends it.
+void AppendBase64(std::string_view text, std::vector<std::uint8_t>& bytes);
 
 std::string_view NameKind(TagList kind);
 // The kind of a line CATEGORIES that says one of ours; nothing of any other.

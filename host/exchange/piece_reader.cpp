@@ -15,8 +15,9 @@ constexpr std::size_t kLargestPiece = std::size_t{8} * 1024 * 1024; // of it, a 
 constexpr std::string_view kCalendarName = "VCALENDAR";
 constexpr std::string_view kEventName = "VEVENT";
 constexpr std::string_view kTimeZoneName = "VTIMEZONE";
+constexpr std::string_view kJournalName = "VJOURNAL";
 constexpr std::string_view kAlarmName = "VALARM";
-constexpr std::array<std::string_view, 5> kEntryNames = {kEventName, kTimeZoneName, "VTODO", "VJOURNAL", "VFREEBUSY"};
+constexpr std::array<std::string_view, 5> kEntryNames = {kEventName, kTimeZoneName, "VTODO", kJournalName, "VFREEBUSY"};
 constexpr const char* kNoCalendar = "this is not an iCalendar file: BEGIN:VCALENDAR is missing";
 constexpr const char* kLeftOut = "it was left out";
 
@@ -59,7 +60,10 @@ PieceKind FindKind(std::string_view name) {
     if (name == kEventName) {
         return PieceKind::Event;
     }
-    return name == kTimeZoneName ? PieceKind::TimeZone : PieceKind::Other;
+    if (name == kTimeZoneName) {
+        return PieceKind::TimeZone;
+    }
+    return name == kJournalName ? PieceKind::Journal : PieceKind::Other;
 }
 
 // What an event says that the import does not use. Its number of changes and that it is certain are used in part.
@@ -325,10 +329,13 @@ ReadResult PieceReader::FinishFile() {
 }
 
 bool PieceReader::IsNeeded(std::string_view name, std::string_view value, const CalendarPiece& piece) const {
-    if (piece.Kind != PieceKind::Event) {
+    if (piece.Kind == PieceKind::TimeZone || piece.Kind == PieceKind::Other) {
         return piece.Kind == PieceKind::TimeZone;
     }
     const bool isInner = Open.size() > PieceDepth + 1;
+    if (piece.Kind == PieceKind::Journal) {
+        return !isInner && IsOwn(name);
+    }
     if (isInner && Open[PieceDepth + 1].Name != kAlarmName) {
         return false;
     }

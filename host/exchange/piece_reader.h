@@ -14,7 +14,7 @@
 
 namespace tavo::exchange {
 
-enum class PieceKind { Event, TimeZone, Other };
+enum class PieceKind { Event, TimeZone, Journal, Other };
 
 // One entry between BEGIN and END of the calendar: the lines that the import uses, in their order.
 struct CalendarPiece {

@@ -1,6 +1,8 @@
 // Writes what is read of one calendar file into the store.
 #include "host/exchange/store_sink.h"
 
+#include "host/exchange/export_words.h"
+
 namespace tavo::exchange {
 
 void ImportCounts::Add(const ImportCounts& other) {
@@ -65,6 +67,17 @@ void StoreSink::OnMended(int line, const std::string& what) {
 bool StoreSink::OnPassedOver() {
     ++Counts.PassedOver;
     return true;
+}
+
+void StoreSink::TakeMemo(CalendarFileReader& reader, const PiecePlace& place, IMemoFolder& folder) {
+    ImportOutcome outcome;
+    outcome.Result = ImportResult::Refused;
+    if (const std::optional<MemoEntry> memo = reader.ReadMemo(place, outcome.Reason); memo) {
+        if (const ErrorCode error = KeepMemo(folder, *memo, outcome.Result); error != ErrorCode::Success) {
+            outcome.Reason = std::string("its file cannot be written: ") + DescribeWriteFailure(error);
+        }
+    }
+    Count(Status::Ok, outcome, place.Line);
 }
 
 bool StoreSink::OnProgress(std::int64_t offset) {

@@ -1,6 +1,7 @@
 // Hands what is read of one calendar file to a writer, and counts what became of it.
 #pragma once
 
+#include "host/exchange/calendar_file.h"
 #include "host/exchange/entry_sink.h"
 #include "host/exchange/item_writer.h"
 
@@ -48,6 +49,9 @@ class StoreSink final : public IEntrySink {
     bool OnProgress(std::int64_t offset) override;
     std::unique_ptr<rules::ZoneRules> LoadZone(const std::string& name) override;
     bool DefineZone(const std::string& name, const std::string& component) override;
+
+    // Once the items are in the store: a memo of the file, which goes into the folder.
+    void TakeMemo(CalendarFileReader& reader, const PiecePlace& place, IMemoFolder& folder);
 
     const ImportCounts& GetCounts() const { return Counts; }
 

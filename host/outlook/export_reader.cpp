@@ -73,6 +73,10 @@ std::string ExportReader::NameItem(Oid oid) const {
     return MakeOwnUid(ReadStoreIdentity(CoreOf(*Source).Db), oid);
 }
 
+std::string ExportReader::NameMemo(std::string_view name) const {
+    return MakeOwnUid(ReadStoreIdentity(CoreOf(*Source).Db), name);
+}
+
 std::unique_ptr<exchange::IItemReader> MakeExportReader(StorePtr store) {
     return store ? std::make_unique<ExportReader>(std::move(store)) : nullptr;
 }

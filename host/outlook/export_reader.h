@@ -24,6 +24,7 @@ class ExportReader final : public exchange::IItemReader {
     Status Read(Oid oid, exchange::ExportItem& item) override;
     exchange::ExportZone ReadZone(const std::string& name) override;
     std::string NameItem(Oid oid) const override;
+    std::string NameMemo(std::string_view name) const override;
 
   private:
     StorePtr Source;

@@ -24,6 +24,10 @@ std::string MakeOwnUid(std::int64_t identity, Oid oid) {
     return MakeStem(identity) + std::to_string(oid);
 }
 
+std::string MakeOwnUid(std::int64_t identity, std::string_view memo) {
+    return MakeStem(identity) + std::string(memo);
+}
+
 Oid ReadOwnUid(std::int64_t identity, std::string_view uid) {
     const std::string stem = MakeStem(identity);
     Oid oid = 0;

@@ -14,6 +14,8 @@ namespace tavo::outlook {
 std::int64_t ReadStoreIdentity(Database& database);
 
 std::string MakeOwnUid(std::int64_t identity, Oid oid);
+// Of a memo, by the name of its file.
+std::string MakeOwnUid(std::int64_t identity, std::string_view memo);
 
 // The item that such a UID names in the store of this identity; 0 for any other UID.
 Oid ReadOwnUid(std::int64_t identity, std::string_view uid);

@@ -10,6 +10,7 @@
 #include "host/posix/file_source.h"
 #include "host/posix/file_target.h"
 #include "host/posix/instance_lock.h"
+#include "host/posix/memo_folder.h"
 #include "host/posix/root_folder.h"
 #include "host/qt/command_line.h"
 #include "host/qt/font_preparation.h"
@@ -127,11 +128,13 @@ Ending RunOn(const tavo::files::DeviceRoot& root) {
     options.CreateOutlook = [&](ComPtr<IPOutlookApp>& outlook) { return store.Create(outlook); };
     options.LastStoreError = [&] { return store.LastError(); };
     options.RefuseWithoutFonts = RefuseWithoutFonts;
-    exchange::CalendarImport files([&] { return outlook::MakeImportWriter(store.Store()); }, posix::OpenFileSource);
+    posix::MemoFolder memos(root);
+    exchange::CalendarImport files([&] { return outlook::MakeImportWriter(store.Store()); }, posix::OpenFileSource,
+                                   &memos);
     options.TakeFiles = [&](const std::vector<std::string>& paths) { files.Add(paths); };
     options.HaveFiles = [&] { return files.HasFiles(); };
     exchange::CalendarExport written({[&] { return outlook::MakeExportReader(store.Store()); }, posix::OpenFileTarget,
-                                      ink::DrawAsSvg,
+                                      &memos, ink::DrawAsSvg,
                                       [] { return exchange::WriteMoment(std::chrono::system_clock::now()); }});
     options.TakeExport = [&](const std::vector<std::string>& paths) { written.Choose(paths.front()); };
     options.HaveExport = [&] { return written.HasFile(); };

@@ -5,6 +5,7 @@
 #include "host/outlook/store.h"
 #include "host/posix/file_target.h"
 #include "res/resource_ids.h"
+#include "tests/exchange/memory_memos.h"
 #include "tests/support/running_program.h"
 #include "tests/support/store_of.h"
 
@@ -60,13 +61,14 @@ class FileExport : public testing::Test {
     }
 
     NotedDialogs Dialogs;
+    exchange::MemoryMemos Memos;
     RunningProgram Program;
     exchange::CalendarExport Files{
         {[this] {
              const ComPtr<IPOutlookApp>& outlook = Program.State().Store.OutlookApp;
              return outlook::MakeExportReader(outlook ? outlook::StoreOf(*outlook) : nullptr);
          },
-         posix::OpenFileTarget, ink::DrawAsSvg, [] { return std::string("20260503T090000Z"); }}};
+         posix::OpenFileTarget, &Memos, ink::DrawAsSvg, [] { return std::string("20260503T090000Z"); }}};
 };
 
 TEST_F(FileExport, TheCommandsOpenTheDialogs) {
@@ -101,6 +103,32 @@ TEST_F(FileExport, TheChosenFileGetsTheCalendarAndItIsSaid) {
     EXPECT_THAT(Boxes(), ElementsAre(u"out.ics: one entry was written."));
     EXPECT_THAT(Written("out.ics"), AllOf(StartsWith("BEGIN:VCALENDAR"), HasSubstr("\r\nSUMMARY:Dentist\r\n"),
                                           EndsWith("END:VCALENDAR\r\n")));
+}
+
+TEST_F(FileExport, MemosOfDaysAreWrittenToo) {
+    Memos.Files = {{"20041105_080000.pwi", {1, 2, 3}}, {"notes.pwi", {4}}};
+    ASSERT_TRUE(Program.Start());
+    Files.Choose(Path("out.ics"));
+    Program.Device.AnswerBox(IDYES);
+    Program.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_THAT(Boxes(), ElementsAre(u"Export to out.ics?\nOther calendars will not understand: 1 note of ink (seen as "
+                                     u"a picture).",
+                                     u"out.ics: one entry was written."));
+    EXPECT_THAT(Written("out.ics"), HasSubstr("X-TAVO-MEMO:20041105_080000.pwi\r\n"));
+}
+
+TEST_F(FileExport, AMemoThatCannotBeReadIsNamedAndNothingIsWritten) {
+    Memos.Files = {{"20041105_080000.pwi", {1, 2, 3}}};
+    Memos.Problem = ErrorCode::AccessDenied;
+    ASSERT_TRUE(Program.Start());
+    Files.Choose(Path("out.ics"));
+    Program.Device.AnswerBox(IDYES);
+    Program.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(Program.Settle());
+    ASSERT_EQ(Boxes().size(), 2U);
+    EXPECT_EQ(Boxes()[1], u"out.ics: the memo 20041105_080000.pwi cannot be read. Nothing was written.");
+    EXPECT_EQ(Written("out.ics"), "");
 }
 
 class UnsaidExport : public FileExport {

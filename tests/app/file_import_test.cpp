@@ -5,6 +5,7 @@
 #include "host/posix/file_source.h"
 #include "host/posix/store_machine.h"
 #include "res/resource_ids.h"
+#include "tests/exchange/memory_memos.h"
 #include "tests/support/running_program.h"
 #include "tests/support/store_of.h"
 
@@ -86,12 +87,13 @@ class FileImport : public testing::Test {
 
     void Undo() { Program.Device.Key('Z', kModifierControl); }
 
+    exchange::MemoryMemos Memos;
     RunningProgram Program;
     exchange::CalendarImport Files{[this] {
                                        const ComPtr<IPOutlookApp>& outlook = Program.State().Store.OutlookApp;
                                        return outlook::MakeImportWriter(outlook ? outlook::StoreOf(*outlook) : nullptr);
                                    },
-                                   posix::OpenFileSource};
+                                   posix::OpenFileSource, &Memos};
 };
 
 TEST_F(FileImport, AStartWithAFileAsksImportsItAndUndoTakesItBack) {
@@ -130,6 +132,21 @@ TEST_F(FileImport, ThePagesShowWhatWasImported) {
     Program.Device.AdvanceClock(500);
     ASSERT_TRUE(Program.Settle());
     EXPECT_NE(Program.CellName(0, 5), before);
+}
+
+TEST_F(FileImport, MemosOfDaysComeBesideTheEntries) {
+    ASSERT_TRUE(Program.Start());
+    const std::string memos = "BEGIN:VJOURNAL\r\nX-TAVO-MEMO:20041105_1.pwi\r\nX-TAVO-INK:AQID\r\nEND:VJOURNAL\r\n"
+                              "BEGIN:VJOURNAL\r\nX-TAVO-MEMO:20041106_1.pwi\r\nX-TAVO-INK:BAU=\r\nEND:VJOURNAL\r\n";
+    Open({Given("a.ics", Calendar(memos + Entry("Dentist", "DTSTART:20041105T080000Z\r\n")))});
+    Program.Device.AnswerBox(IDYES);
+    Program.Device.AnswerBox(IDOK);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_THAT(Boxes(),
+                ElementsAre(u"Import 3 entries from a.ics?", u"a.ics: 3 new, 0 changed, 0 unchanged, 0 refused."));
+    EXPECT_THAT(Memos.List(), ElementsAre("20041105_1.pwi", "20041106_1.pwi"));
+    EXPECT_EQ(Memos.Files["20041106_1.pwi"], (std::vector<std::uint8_t>{4, 5}));
+    EXPECT_EQ(Count(), 1);
 }
 
 TEST_F(FileImport, SeveralFilesComeOneAfterTheOtherAndEachIsAStepOfItsOwn) {

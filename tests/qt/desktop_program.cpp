@@ -68,7 +68,7 @@ DesktopProgram::DesktopProgram(std::shared_ptr<TemporaryRoot> root, const std::f
                    const ComPtr<IPOutlookApp>& outlook = State().Store.OutlookApp;
                    return outlook::MakeExportReader(outlook ? outlook::StoreOf(*outlook) : nullptr);
                },
-               posix::OpenFileTarget, ink::DrawAsSvg, [] { return std::string("20260503T090000Z"); }}),
+               posix::OpenFileTarget, nullptr, ink::DrawAsSvg, [] { return std::string("20260503T090000Z"); }}),
       Host(WithStore(*Root, Files, Written)),
       App(std::make_unique<CTavoApp>(Host, CalendarFiles{&Files, &Written, &Host.Dialogs()})),
       Script([this] { Host.Queue().PostQuitMessage(kScriptEnded); }) {

@@ -148,6 +148,43 @@ TEST_F(Export, WhatOthersDoNotUnderstandIsSaid) {
     EXPECT_THAT(Device.Run({"export", "--kind", "appointment"}).Errors, IsEmpty());
 }
 
+TEST_F(Export, MemosOfDaysLeaveAndComeBack) {
+    const std::vector<std::uint8_t> ink = ink::Encode(ink::WriteByHand(10, 40));
+    const fs::path folder = Device.Home() / "My Documents" / "TavoCalendar";
+    fs::create_directories(folder);
+    fs::copy_file(Device.WriteFile("memo.tmp", std::string(ink.begin(), ink.end())), folder / "20260314_090000.pwi");
+    const std::string file = Device.Place("out.ics").string();
+    const CommandResult result = Device.Run({"export", file});
+    EXPECT_THAT(result.Errors, HasSubstr("1 note of ink (seen as a picture)"));
+    EXPECT_THAT(ReadWhole(file), AllOf(HasSubstr("DTSTART;VALUE=DATE:20260314\r\nSUMMARY:Memo\r\n"),
+                                       HasSubstr("FMTTYPE=image/svg+xml")));
+    CommandDevice other;
+    EXPECT_EQ(other.Run({"import", file}).Output, "4 new, 0 changed, 0 unchanged, 0 refused.\n");
+    EXPECT_EQ(other.Run({"memo", "list"}).Output, "20260314_090000.pwi\n");
+    const fs::path back = other.Home() / "My Documents" / "TavoCalendar" / "20260314_090000.pwi";
+    EXPECT_EQ(ReadWhole(back), std::string(ink.begin(), ink.end()));
+    EXPECT_EQ(fs::status(back).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(other.Run({"import", file}).Output, "0 new, 0 changed, 4 unchanged, 0 refused.\n");
+    for (const std::vector<std::string>& without :
+         {std::vector<std::string>{"export", "--kind", "appointment"}, {"export", "--from", "2026-03-15"}}) {
+        EXPECT_THAT(Device.Run(without).Output, Not(HasSubstr("VJOURNAL")));
+    }
+}
+
+TEST_F(Export, AMemoThatIsNoneIsRefusedAndTheOthersComeIn) {
+    const CommandResult result = Device.Run(
+        {"import", Device.WriteCalendar(
+                       "in.ics", "BEGIN:VJOURNAL\nX-TAVO-MEMO:../20260314.pwi\nX-TAVO-INK:AQID\nEND:VJOURNAL\n"
+                                 "BEGIN:VJOURNAL\nX-TAVO-MEMO:20260314_1.pwi\nEND:VJOURNAL\n"
+                                 "BEGIN:VJOURNAL\nSUMMARY:A note of another program\nEND:VJOURNAL\n"
+                                 "BEGIN:VJOURNAL\nX-TAVO-MEMO:20260315_1.pwi\nX-TAVO-INK:AQID\nEND:VJOURNAL\n")});
+    EXPECT_THAT(result.Output, StartsWith("1 new, 0 changed, 0 unchanged, 2 refused.\n"
+                                          "1 task, note or cancelled event was passed over.\n"));
+    EXPECT_THAT(result.Errors,
+                AllOf(HasSubstr("refused: this is no name of a memo"), HasSubstr("refused: this memo has no ink")));
+    EXPECT_EQ(Device.Run({"memo", "list"}).Output, "20260315_1.pwi\n");
+}
+
 TEST_F(Export, AnEmptyCalendarIsAFileWithoutEvents) {
     CommandDevice other;
     const CommandResult result = other.Run({"export"});
