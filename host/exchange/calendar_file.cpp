@@ -1,6 +1,8 @@
 // Reads a whole calendar file, entry by entry, into a sink.
 #include "host/exchange/calendar_file.h"
 
+#include "host/exchange/series_split.h"
+
 #include <algorithm>
 
 namespace tavo::exchange {
@@ -105,12 +107,13 @@ ReadStep CalendarFileReader::ReadEvent() {
     if (Entry.Cancelled) {
         return Continue(Sink.OnPassedOver());
     }
-    return Continue(AddOccurrences() && Sink.OnItem(Entry.Item, Entry.Kinds, Piece.Line));
+    return Continue(AddOccurrences() && WriteSeries());
 }
 
 // Gives the series in Entry its moved and cancelled occurrences, wherever they stand in the file. One that cannot be
 // read is told when its own turn comes. False: the sink does not want to go on.
 bool CalendarFileReader::AddOccurrences() {
+    Changes.clear();
     const std::vector<PiecePlace>& places = Survey.FindOccurrences(Entry.Item.Uid);
     if (places.empty() || !Entry.Item.IsRecurring()) {
         return true;
@@ -128,7 +131,12 @@ bool CalendarFileReader::AddOccurrences() {
         const bool isRead = reader.ReadAt(place.Offset, place.Line, piece) == ReadResult::Piece;
         piece.CalendarZone = place.CalendarZone;
         if (isRead && Events.Read(piece, unheard, occurrence, fault) == Reading::Good && occurrence.Occurrence) {
-            all.push_back(MakeException(occurrence, Entry.Start, Entry.Item));
+            if (occurrence.ChangesFollowing) {
+                Changes.push_back(std::move(occurrence));
+                Changes.back().Line = place.Line;
+            } else {
+                all.push_back(MakeException(occurrence, Entry.Start, Entry.Item));
+            }
         }
     }
     // Of several for one occurrence the later entry counts.
@@ -140,10 +148,54 @@ bool CalendarFileReader::AddOccurrences() {
     return true;
 }
 
+// The item in Entry, and where all occurrences from one on were changed, what follows as series of their own.
+bool CalendarFileReader::WriteSeries() {
+    std::vector<rules::StoredItem> later;
+    std::vector<const EventEntry*> from;
+    rules::Seconds shift = 0; // of the last of them against the file
+    std::stable_sort(Changes.begin(), Changes.end(), [](const EventEntry& a, const EventEntry& b) {
+        return a.Occurrence->Clock < b.Occurrence->Clock;
+    });
+    for (const EventEntry& change : Changes) {
+        StoredException exception = MakeException(change, Entry.Start, Entry.Item);
+        exception.Original += shift;
+        rules::StoredItem& series = later.empty() ? Entry.Item : later.back();
+        std::string reason;
+        if (change.Cancelled && !EndSeriesBefore(series, exception.Original)) {
+            return Sink.OnPassedOver(); // all of it is cancelled
+        }
+        if (change.Cancelled) {
+            break;
+        }
+        if (std::optional<rules::StoredItem> split = SplitSeries(series, change, exception, reason); split) {
+            shift += exception.Start - exception.Original;
+            if (split->IsRecurring()) {
+                later.push_back(std::move(*split));
+                from.push_back(&change);
+            }
+        } else if (!Sink.OnRefused(change.Line, reason)) {
+            return false;
+        }
+    }
+    if (!Sink.OnItem(Entry.Item, Entry.Kinds, Piece.Line)) {
+        return false;
+    }
+    for (std::size_t index = 0; index < later.size(); ++index) {
+        if (!Sink.OnItem(later[index], from[index]->Kinds, from[index]->Line)) {
+            return false;
+        }
+    }
+    return true;
+}
+
 // An occurrence whose series is in the file came in with the series, or will.
 ReadStep CalendarFileReader::ReadOccurrence() {
     if (Survey.HasSeries(Entry.Item.Uid)) {
         return ReadStep::More;
+    }
+    if (Entry.ChangesFollowing) {
+        return Refuse(Reading::Refused, {Piece.Line, "it changes all later occurrences of a series (RANGE) that is not "
+                                                     "in this file"});
     }
     LoneOccurrence lone;
     lone.Uid = Entry.Item.Uid;

@@ -62,6 +62,7 @@ class CalendarFileReader {
     ReadStep PassOver();
     ReadStep Refuse(Reading reading, const FileFault& fault);
     bool AddOccurrences();
+    bool WriteSeries();
     ReadStep ReadOccurrence();
 
     IByteSource& Source;
@@ -75,6 +76,7 @@ class CalendarFileReader {
     std::unique_ptr<PieceReader> Pieces; // never null
     CalendarPiece Piece;
     EventEntry Entry;
+    std::vector<EventEntry> Changes; // of all later occurrences of the series in Entry, in the order of their places
     std::int64_t Offset = 0;
     std::int64_t SurveyedEnd = 0;
 };

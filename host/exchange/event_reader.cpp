@@ -111,10 +111,7 @@ Reading ReadOccurrence(const LineList& event, const EntryContext& context, Event
         return Reading::Good;
     }
     fault.Line = FindLine(context.Piece, "RECURRENCE-ID");
-    if (line->FindParameter("RANGE") != nullptr) {
-        fault.Reason = "it changes all later occurrences of a series at once (RANGE), which cannot be kept";
-        return Reading::Refused;
-    }
+    entry.ChangesFollowing = line->FindParameter("RANGE") != nullptr;
     EventTime time;
     const Reading reading = ReadTime(*line, line->Value, context, time, fault.Reason);
     entry.Occurrence = time;

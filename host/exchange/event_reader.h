@@ -15,6 +15,8 @@ struct EventEntry {
     bool Cancelled = false;
     // Of a single occurrence of a series: when the series' rule says it starts.
     std::optional<EventTime> Occurrence;
+    int Line = 0;                  // where it began, where that matters
+    bool ChangesFollowing = false; // and all later ones (RANGE)
     std::string OccurrenceCarried; // what its series keeps of it as it came
     std::string OccurrenceText;    // that time as it stands in the file
 };

@@ -140,8 +140,8 @@ class ItemDice : public Dice {
             item.ZoneEnd = item.End;
         }
         constexpr const char16_t* kTexts[] = {u"", u"Plain", u"Line\nby; line, and \\back\\", u"Grüße aus Łódź 🎉",
-                                              u"A text that is so long that it has to be folded more than once: "
-                                              u"ääääääääääääääääääääääääääääääääääääääääääääääääääää"};
+                                              (u"A text that is so long that it has to be folded more than once: "
+                                               u"ääääääääääääääääääääääääääääääääääääääääääääääääääää")};
         item.Subject = kTexts[Draw(0, 4)];
         item.Location = kTexts[Draw(0, 4)];
         item.Body = kTexts[Draw(0, 4)];

@@ -1,0 +1,21 @@
+// Series of which everything from one occurrence on was changed: two series, one after the other.
+#pragma once
+
+#include "host/exchange/event_reader.h"
+
+#include <optional>
+#include <string>
+
+namespace tavo::exchange {
+
+// The later series, with what the entry says; `series` keeps what comes before, and its exceptions of before. Where
+// nothing comes before, `series` is the later one, and what is given does not recur. `change` is the entry as an
+// exception of the series. Nothing, with the reason for people, where the later one cannot be told by a rule of ours:
+// then `series` is as it was.
+std::optional<rules::StoredItem> SplitSeries(rules::StoredItem& series, const EventEntry& entry,
+                                             const rules::StoredException& change, std::string& reason);
+
+// Ends the series before that occurrence; false where nothing of it is left.
+bool EndSeriesBefore(rules::StoredItem& series, rules::Seconds original);
+
+} // namespace tavo::exchange
