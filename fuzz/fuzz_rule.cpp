@@ -69,7 +69,7 @@ Seconds SpanOf(Frequency frequency) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     tavo::fuzz::Choices choices(data, size);
     const Seconds start = MakeTime(2020 + choices.Below(12), 1 + choices.Below(12), 1 + choices.Below(28)) +
-                          choices.Below(24) * 3600 + choices.Below(60) * 60;
+                          Seconds{choices.Below(24)} * 3600 + Seconds{choices.Below(60)} * 60;
     std::string text = tavo::fuzz::MakeRule(choices);
     text.erase(std::min(text.find_first_of("\r\n"), text.size()));
     RuleText read;

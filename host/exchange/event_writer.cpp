@@ -158,7 +158,7 @@ class EventWriter {
         Text("DESCRIPTION", Item.Body);
         for (const TagList kind : Source.Kinds) {
             const std::string name(NameKind(kind));
-            Line("CATEGORIES;" + std::string(kOwnKind) + "=" + name + ":" + name);
+            Line(std::string("CATEGORIES;").append(kOwnKind).append("=").append(name).append(":").append(name));
         }
         Text("CATEGORIES", Item.Categories);
     }

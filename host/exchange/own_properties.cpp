@@ -54,10 +54,10 @@ std::string_view ValueOf(const LineList& event, std::string_view name) {
 
 void AppendBase64(std::string_view text, std::vector<std::uint8_t>& bytes) {
     constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::array<std::int8_t, 256> values{};
+    std::array<int, 256> values{};
     values.fill(-1);
     for (std::size_t index = 0; index < digits.size(); ++index) {
-        values[static_cast<unsigned char>(digits[index])] = static_cast<std::int8_t>(index);
+        values[static_cast<unsigned char>(digits[index])] = static_cast<int>(index);
     }
     bytes.reserve(bytes.size() + text.size() / 4 * 3);
     std::uint32_t bits = 0;

@@ -9,7 +9,6 @@ namespace tavo::exchange {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 
 TEST(MemoName, SaysTheDay) {
     EXPECT_EQ(FindMemoDay("20260503_090000.pwi"), rules::DayFromCivil(2026, 5, 3));

@@ -83,7 +83,7 @@ TEST(RuleWriter, RandomPatternsHaveTheSameDaysInTenYears) {
         if (rules::FindPatternFault(pattern) != rules::PatternFault::None) {
             continue;
         }
-        const DayNumber last = std::min<DayNumber>(paper.Number + kYears * 366, rules::kLastStoredDay);
+        const DayNumber last = std::min<DayNumber>(paper.Number + kYears * DayNumber{366}, rules::kLastStoredDay);
         const std::vector<DayNumber> expected = WalkPattern(pattern, paper.Number, last);
         const WrittenRule rule = WriteRule(pattern, paper.Number, "");
         if (expected.empty()) {

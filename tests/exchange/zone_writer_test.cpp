@@ -9,7 +9,6 @@ namespace tavo::exchange {
 namespace {
 
 using ::testing::HasSubstr;
-using ::testing::Not;
 
 constexpr rules::Seconds kStep = rules::kSecondsPerDay / 2 - 1234; // falls on every time of the day
 

@@ -13,8 +13,6 @@
 namespace tavo::outlook::test {
 
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::Not;
 
 namespace {
 

@@ -18,7 +18,7 @@ namespace {
 class FileDialogsOnTheDesktop : public testing::Test {
   protected:
     std::string Given(const std::string& name) {
-        const std::string path = Path(name);
+        std::string path = Path(name);
         std::ofstream(path, std::ios::binary) << "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nUID:" << name
                                               << "\r\nDTSTART:20041105T080000Z\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
         return path;
