@@ -36,12 +36,13 @@ void RequireSame(const std::string& text, Seconds start, const std::vector<Secon
     std::abort();
 }
 
-// Whether the standard gives all its parts a meaning with this frequency.
+// Whether the standard gives all its parts a meaning with this frequency. A leap second is none of the definition's.
 bool IsDefined(const RecurrenceRule& rule) {
     const bool isYearly = rule.Every == Frequency::Yearly;
     const bool hasOrdinals =
         std::any_of(rule.Days.begin(), rule.Days.end(), [](const RuleDay& day) { return day.Ordinal != 0; });
     return (!hasOrdinals || rule.Every == Frequency::Monthly || (isYearly && rule.Weeks.empty())) &&
+           std::find(rule.OfMinute.begin(), rule.OfMinute.end(), 60) == rule.OfMinute.end() &&
            (rule.Every != Frequency::Weekly || rule.MonthDays.empty()) &&
            (isYearly || rule.Every == Frequency::Hourly || rule.YearDays.empty()) && (isYearly || rule.Weeks.empty());
 }
