@@ -32,7 +32,7 @@ class CheckingSink final : public IEntrySink {
   public:
     explicit CheckingSink(int lines) : Lines(lines) {}
 
-    bool OnItem(const StoredItem& item, const std::vector<tavo::TagList>& /*kinds*/, int line) override {
+    bool OnItem(StoredItem item, const std::vector<tavo::TagList>& /*kinds*/, int line) override {
         RequireLine(line);
         Require(!item.Uid.empty() && item.Item == 0);
         Require((item.Pattern.Type == tavo::kRecursForeign) == !item.ForeignRule.empty());

@@ -142,7 +142,7 @@ int Export(const files::DeviceRoot& root, const outlook::StorePtr& store, const 
     ExportReader reader(store);
     std::vector<Oid> oids;
     exchange::Unsaid unsaid;
-    if (!ComplainAboutStore(Choice(store, options).Make(reader, oids)) ||
+    if (!ComplainAboutStore(reader.HoldMoment()) || !ComplainAboutStore(Choice(store, options).Make(reader, oids)) ||
         !ComplainAboutStore(reader.CountUnsaid(oids, unsaid))) {
         return kExitFailure;
     }

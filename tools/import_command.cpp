@@ -1,6 +1,7 @@
 // tavo import: brings calendar files into the store, each whole or not at all.
 #include "host/exchange/calendar_file.h"
 #include "host/exchange/import_words.h"
+#include "host/exchange/sink_queue.h"
 #include "host/exchange/store_sink.h"
 #include "host/locale/harmless_text.h"
 #include "host/outlook/import_writer.h"
@@ -120,9 +121,10 @@ class Import {
             Bar.Show(DoneBytes + offset, TotalBytes, file.Path);
             return !WasInterrupted();
         });
-        exchange::CalendarFileReader reader(source, sink, Manner);
+        exchange::SinkQueue queue(sink);
+        exchange::CalendarFileReader reader(source, queue, Manner);
         FileFault fault;
-        switch (exchange::ReadCalendarFile(reader, fault)) {
+        switch (queue.Run([&reader, &fault] { return exchange::ReadCalendarFile(reader, fault); })) {
         case FileOutcome::Broken:
             TakeBack(writer);
             Refuse(file.Path, fault);

@@ -3,12 +3,16 @@
 
 #include "host/locale/utf.h"
 
-#include <cstdio>
-
 namespace tavo::exchange {
 namespace {
 
 constexpr std::size_t kLongestFolded = 75; // bytes, without the end of the line
+
+// Two of them: 0 to 99.
+void AppendDigits(std::string& text, int number) {
+    text += static_cast<char>('0' + number / 10);
+    text += static_cast<char>('0' + number % 10);
+}
 
 bool IsContinuation(char character) {
     return (static_cast<unsigned char>(character) & 0xC0) == 0x80;
@@ -47,16 +51,21 @@ std::string EscapeText(std::u16string_view text) {
 
 std::string WriteDate(rules::Seconds time) {
     const rules::CivilDate date = rules::CivilFromDay(rules::DayOf(time));
-    char text[32];
-    std::snprintf(text, sizeof text, "%04d%02d%02d", date.Year, date.Month, date.Day);
+    std::string text;
+    AppendDigits(text, date.Year / 100);
+    AppendDigits(text, date.Year % 100);
+    AppendDigits(text, date.Month);
+    AppendDigits(text, date.Day);
     return text;
 }
 
 std::string WriteDateTime(rules::Seconds time) {
     const auto ofDay = static_cast<int>(rules::TimeOfDay(time));
-    char text[32];
-    std::snprintf(text, sizeof text, "T%02d%02d%02d", ofDay / 3600, ofDay / 60 % 60, ofDay % 60);
-    return WriteDate(time) + text;
+    std::string text = WriteDate(time) + 'T';
+    AppendDigits(text, ofDay / 3600);
+    AppendDigits(text, ofDay / 60 % 60);
+    AppendDigits(text, ofDay % 60);
+    return text;
 }
 
 std::string WriteMoment(std::chrono::system_clock::time_point moment) {

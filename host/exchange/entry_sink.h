@@ -24,7 +24,7 @@ class IEntrySink {
   public:
     virtual ~IEntrySink() = default;
     // `kinds` are the lists that an export of ours says it stands in.
-    virtual bool OnItem(const rules::StoredItem& item, const std::vector<TagList>& kinds, int line) = 0;
+    virtual bool OnItem(rules::StoredItem item, const std::vector<TagList>& kinds, int line) = 0;
     virtual bool OnLoneOccurrence(const LoneOccurrence& occurrence, int line) = 0;
     // An entry that cannot be kept, or not be read.
     virtual bool OnRefused(int line, const std::string& reason) = 0;

@@ -35,7 +35,7 @@ class IItemWriter {
     virtual Status DefineZone(const std::string& name, const std::string& component) = 0;
     // By its UID the item is new, changed since it was last imported, or unchanged (also when it was edited here
     // since). An item without a UID is always new.
-    virtual Status Write(const rules::StoredItem& item, ImportOutcome& outcome) = 0;
+    virtual Status Write(rules::StoredItem item, ImportOutcome& outcome) = 0;
     // A single moved or cancelled occurrence of a series that came in this or an earlier import. Refused with the
     // reason kNoSuchSeries while the series is not there: offer it again at the end of the file. An exception that came
     // this way before is unchanged also when it was edited here since; one of a series written in this transaction that

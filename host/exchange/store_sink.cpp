@@ -18,9 +18,9 @@ void ImportCounts::Add(const ImportCounts& other) {
 StoreSink::StoreSink(IItemWriter& writer, std::optional<TagList> tag, std::function<bool(std::int64_t)> goOn)
     : Writer(writer), Tag(tag), GoOn(std::move(goOn)) {}
 
-bool StoreSink::OnItem(const rules::StoredItem& item, const std::vector<TagList>& kinds, int line) {
+bool StoreSink::OnItem(rules::StoredItem item, const std::vector<TagList>& kinds, int line) {
     ImportOutcome outcome;
-    const Status status = Writer.Write(item, outcome);
+    const Status status = Writer.Write(std::move(item), outcome);
     if (!Count(status, outcome, line)) {
         return false;
     }

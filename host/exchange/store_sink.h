@@ -41,7 +41,7 @@ class StoreSink final : public IEntrySink {
     // `goOn` is asked often, with the bytes done, and gives false to stop.
     StoreSink(IItemWriter& writer, std::optional<TagList> tag, std::function<bool(std::int64_t)> goOn);
 
-    bool OnItem(const rules::StoredItem& item, const std::vector<TagList>& kinds, int line) override;
+    bool OnItem(rules::StoredItem item, const std::vector<TagList>& kinds, int line) override;
     bool OnLoneOccurrence(const LoneOccurrence& occurrence, int line) override;
     bool OnRefused(int line, const std::string& reason) override;
     void OnMended(int line, const std::string& what) override;

@@ -1,7 +1,6 @@
 // Items as values, with their kinds, and the zones that they name.
 #include "host/outlook/export_reader.h"
 
-#include "host/outlook/own_uid.h"
 #include "host/outlook/store_core.h"
 
 #include <algorithm>
@@ -9,7 +8,19 @@
 
 namespace tavo::outlook {
 
-ExportReader::ExportReader(StorePtr store) : Source(std::move(store)) {}
+ExportReader::ExportReader(StorePtr store) : Source(std::move(store)), Own(ReadStoreIdentity(CoreOf(*Source).Db)) {}
+
+ExportReader::~ExportReader() {
+    if (HoldsMoment) {
+        static_cast<void>(CoreOf(*Source).EndReading()); // a change has ended it already
+    }
+}
+
+Status ExportReader::HoldMoment() {
+    const Status status = CoreOf(*Source).BeginReading();
+    HoldsMoment = Succeeded(status);
+    return status;
+}
 
 Status ExportReader::List(std::vector<Oid>& oids) {
     Query query(CoreOf(*Source).Db, "SELECT oid FROM item ORDER BY oid");
@@ -70,11 +81,11 @@ exchange::ExportZone ExportReader::ReadZone(const std::string& name) {
 }
 
 std::string ExportReader::NameItem(Oid oid) const {
-    return MakeOwnUid(ReadStoreIdentity(CoreOf(*Source).Db), oid);
+    return Own.Make(oid);
 }
 
 std::string ExportReader::NameMemo(std::string_view name) const {
-    return MakeOwnUid(ReadStoreIdentity(CoreOf(*Source).Db), name);
+    return Own.Make(name);
 }
 
 std::unique_ptr<exchange::IItemReader> MakeExportReader(StorePtr store) {

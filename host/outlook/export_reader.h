@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/exchange/item_reader.h"
+#include "host/outlook/own_uid.h"
 #include "host/outlook/store.h"
 
 #include <cstdint>
@@ -15,6 +16,13 @@ namespace tavo::outlook {
 class ExportReader final : public exchange::IItemReader {
   public:
     explicit ExportReader(StorePtr store);
+    ~ExportReader() override;
+    ExportReader(const ExportReader&) = delete;
+    ExportReader& operator=(const ExportReader&) = delete;
+
+    // From now on everything is read of this moment, until somebody begins a change; and it costs less. For who has
+    // nothing else to do meanwhile: others' changes are not seen.
+    Status HoldMoment();
 
     // The lists that it stands in, each once.
     Status ReadKinds(Oid oid, std::vector<TagList>& kinds);
@@ -28,6 +36,8 @@ class ExportReader final : public exchange::IItemReader {
 
   private:
     StorePtr Source;
+    OwnUids Own;
+    bool HoldsMoment = false;
 };
 
 // Of the store that the program is logged on to; null for none.

@@ -6,10 +6,46 @@
 #include "host/rules/save_rules.h"
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <set>
+#include <unordered_set>
+#include <utility>
 
 namespace tavo::outlook {
+
+namespace {
+
+// What a store that had no UIDs holds of them since, by their hashes: at the first import of all nearly every look for
+// one is in vain.
+class FreshUids {
+  public:
+    void Begin(Database& database) {
+        Query query(database, "SELECT 1 FROM item WHERE uid IS NOT NULL LIMIT 1");
+        Added.clear();
+        IsComplete = !query.Next() && Succeeded(query.Result());
+    }
+
+    // Whether to look.
+    bool MayHold(const std::string& uid) const { return !IsComplete || Added.contains(HashOf(uid)); }
+
+    void Add(const std::string& uid) {
+        if (IsComplete) {
+            Added.insert(HashOf(uid));
+            IsComplete = Added.size() < kMost;
+        }
+    }
+
+  private:
+    static constexpr std::size_t kMost = 200'000; // a few megabytes
+
+    static std::size_t HashOf(const std::string& uid) { return std::hash<std::string>()(uid); }
+
+    bool IsComplete = false;
+    std::unordered_set<std::size_t> Added;
+};
+
+} // namespace
 
 struct ImportWriter::Work {
     explicit Work(StorePtr store) : Source(std::move(store)), Core(CoreOf(*Source)) {}
@@ -17,6 +53,8 @@ struct ImportWriter::Work {
     StorePtr Source;
     StoreCore& Core;
     bool Begun = false;
+    OwnUids Own{0}; // of the store
+    FreshUids Fresh;
     std::map<std::string, std::string> ZoneNames; // of this calendar, to those of the store
     std::map<Oid, std::set<Seconds>> Unoffered;   // exceptions that came by themselves before, not offered yet
 
@@ -33,6 +71,8 @@ struct ImportWriter::Work {
 
     // Results of an item that is in the store already, under `oid`.
     Status Replace(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome);
+    // 0 when no item has this UID.
+    Status FindByUid(const std::string& uid, Oid& oid, std::int64_t& source);
     // The item that a UID of this store's exports names, without one of its own; 0 for any other.
     Oid FindOwn(const std::string& uid);
     bool HoldsAlready(Oid oid, const StoredItem& item);
@@ -89,6 +129,8 @@ ImportWriter::~ImportWriter() {
 Status ImportWriter::Begin(std::u16string_view groupName) {
     const Status status = State->Core.BeginGroup(groupName);
     State->Begun = Succeeded(status);
+    State->Own = OwnUids(State->Begun ? ReadStoreIdentity(State->Core.Db) : 0);
+    State->Fresh.Begin(State->Core.Db);
     State->ZoneNames.clear();
     State->Unoffered.clear();
     State->Open.clear();
@@ -152,10 +194,18 @@ Status ImportWriter::Work::Replace(Oid oid, StoredItem& item, std::int64_t sourc
     return status;
 }
 
+Status ImportWriter::Work::FindByUid(const std::string& uid, Oid& oid, std::int64_t& source) {
+    oid = 0;
+    return uid.empty() || !Fresh.MayHold(uid) ? Status::Ok : Core.Items.FindByUid(uid, oid, source);
+}
+
 Oid ImportWriter::Work::FindOwn(const std::string& uid) {
-    const Oid oid = ReadOwnUid(ReadStoreIdentity(Core.Db), uid);
+    const Oid oid = Own.Read(uid);
+    if (oid == 0) {
+        return 0;
+    }
     Query query(Core.Db, "SELECT 1 FROM item WHERE oid = ? AND uid IS NULL");
-    return oid != 0 && query.Bind(oid).Next() ? oid : 0;
+    return query.Bind(oid).Next() ? oid : 0;
 }
 
 bool ImportWriter::Work::HoldsAlready(Oid oid, const StoredItem& item) {
@@ -187,13 +237,12 @@ Status ImportWriter::Work::AddCarried(Oid oid, StoredItem& item, std::int64_t so
     return Core.ChangeItem(before, after, Ink::Leave, source, outcome.Reason);
 }
 
-Status ImportWriter::Write(const StoredItem& given, ImportOutcome& outcome) {
+Status ImportWriter::Write(StoredItem item, ImportOutcome& outcome) {
     outcome = ImportOutcome();
     if (!State->Begun) {
         return Status::Unexpected;
     }
     StoreCore& core = State->Core;
-    StoredItem item = given;
     item.Item = 0;
     if (const auto name = State->ZoneNames.find(item.Zone); name != State->ZoneNames.end()) {
         item.Zone = name->second;
@@ -212,7 +261,7 @@ Status ImportWriter::Write(const StoredItem& given, ImportOutcome& outcome) {
     }
     std::int64_t source = 0;
     Oid oid = 0;
-    Status status = item.Uid.empty() ? Status::Ok : core.Items.FindByUid(item.Uid, oid, source);
+    Status status = State->FindByUid(item.Uid, oid, source);
     if (Succeeded(status) && oid != 0) {
         status = State->Close(oid);
     }
@@ -226,6 +275,7 @@ Status ImportWriter::Write(const StoredItem& given, ImportOutcome& outcome) {
         item.Item = own;
     } else if (oid == 0) {
         status = core.CreateItem(item, fingerprint, outcome.Reason);
+        State->Fresh.Add(item.Uid);
         outcome.Result = ImportResult::New;
     } else if (source == fingerprint) {
         outcome.Result = ImportResult::Unchanged;
@@ -346,7 +396,7 @@ Status ImportWriter::WriteException(const std::string& uid, const StoredExceptio
     }
     Oid oid = 0;
     std::int64_t source = 0;
-    const Status status = uid.empty() ? Status::Ok : State->Core.Items.FindByUid(uid, oid, source);
+    const Status status = State->FindByUid(uid, oid, source);
     if (Failed(status)) {
         return status;
     }

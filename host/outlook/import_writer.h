@@ -29,7 +29,7 @@ class ImportWriter final : public exchange::IItemWriter {
     Status Begin(std::u16string_view groupName) override;
     std::unique_ptr<ZoneRules> LoadZone(const std::string& name) const override;
     Status DefineZone(const std::string& name, const std::string& component) override;
-    Status Write(const StoredItem& item, ImportOutcome& outcome) override;
+    Status Write(StoredItem item, ImportOutcome& outcome) override;
     Status WriteException(const std::string& uid, const StoredException& exception, ImportOutcome& outcome) override;
     Status RequestTag(TagList list, Oid item, TagWish wish = TagWish::Join) override;
     Status Commit() override;

@@ -132,15 +132,22 @@ void ReadPattern(Reader& reader, StoredPattern& pattern) {
     pattern.LastDay = reader.Number();
 }
 
-void WriteItem(Writer& writer, const StoredItem& item) {
-    writer.Number(item.Item);
+// What else is known of it follows from the rest, or from where it is kept.
+struct Placed {
+    Oid Item;
+    Seconds Start;
+    Seconds End;
+};
+
+void WriteItem(Writer& writer, const StoredItem& item, const Placed& placed) {
+    writer.Number(placed.Item);
     writer.Block(item.Uid);
     writer.Wide(item.Subject);
     writer.Wide(item.Location);
     writer.Wide(item.Categories);
     writer.Wide(item.Body);
-    writer.Number(item.Start);
-    writer.Number(item.End);
+    writer.Number(placed.Start);
+    writer.Number(placed.End);
     writer.Block(item.Zone);
     writer.Number(item.ZoneStart);
     writer.Number(item.ZoneEnd);
@@ -178,7 +185,9 @@ void ReadItem(Reader& reader, StoredItem& item) {
     item.ForeignRule = reader.Narrow();
 }
 
-void WriteExceptions(Writer& writer, const std::vector<StoredException>& exceptions) {
+enum class Origins { Left, Written }; // whether it is said where an exception came from
+
+void WriteExceptions(Writer& writer, std::span<const StoredException> exceptions, Origins origins) {
     writer.Number(static_cast<std::int64_t>(exceptions.size()));
     for (const StoredException& exception : exceptions) {
         writer.Number(exception.Original);
@@ -187,7 +196,7 @@ void WriteExceptions(Writer& writer, const std::vector<StoredException>& excepti
         writer.Number(exception.End);
         writer.OptionalWide(exception.Subject);
         writer.OptionalWide(exception.Location);
-        writer.Number(exception.Source);
+        writer.Number(origins == Origins::Written ? exception.Source : 0);
     }
 }
 
@@ -260,8 +269,8 @@ bool DecodeTag(std::span<const std::uint8_t> bytes, TagPlace& place) {
 std::vector<std::uint8_t> EncodeImage(const ItemImage& image) {
     Writer writer;
     writer.Bytes.push_back(kImageVersion);
-    WriteItem(writer, image.Item);
-    WriteExceptions(writer, image.Item.Exceptions);
+    WriteItem(writer, image.Item, {image.Item.Item, image.Item.Start, image.Item.End});
+    WriteExceptions(writer, image.Item.Exceptions, Origins::Written);
     writer.Number(image.Source);
     writer.Number(image.HasInk ? 1 : 0);
     if (image.HasInk) {
@@ -304,32 +313,22 @@ bool DecodeImage(std::span<const std::uint8_t> bytes, ItemImage& image) {
 }
 
 std::int64_t FingerprintOf(const StoredItem& item) {
-    StoredItem imported = item;
-    imported.Item = 0;
-    if (!imported.Zone.empty()) {
-        imported.Start = 0; // follows from the zone's times and the device
-        imported.End = 0;
-    }
-    for (StoredException& exception : imported.Exceptions) {
-        exception.Source = 0;
-    }
+    const bool isFloating = item.Zone.empty(); // else its times follow from the zone's and the device
     Writer writer;
-    WriteItem(writer, imported);
-    WriteExceptions(writer, imported.Exceptions);
-    writer.Block(imported.Ink);
-    if (CarriesLines(imported)) {
-        WriteCarried(writer, imported);
+    WriteItem(writer, item, {0, isFloating ? item.Start : 0, isFloating ? item.End : 0});
+    WriteExceptions(writer, item.Exceptions, Origins::Left);
+    writer.Block(item.Ink);
+    if (CarriesLines(item)) {
+        WriteCarried(writer, item);
     }
     return HashOf(writer.Bytes);
 }
 
 std::int64_t FingerprintOf(const StoredException& exception) {
-    StoredException imported = exception;
-    imported.Source = 0;
     Writer writer;
-    WriteExceptions(writer, {imported});
-    if (!imported.Carried.empty()) {
-        writer.Block(imported.Carried);
+    WriteExceptions(writer, {&exception, 1}, Origins::Left);
+    if (!exception.Carried.empty()) {
+        writer.Block(exception.Carried);
     }
     return HashOf(writer.Bytes);
 }

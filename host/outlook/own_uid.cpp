@@ -20,22 +20,23 @@ std::int64_t ReadStoreIdentity(Database& database) {
     return query.Next() ? query.Integer(0) : 0;
 }
 
-std::string MakeOwnUid(std::int64_t identity, Oid oid) {
-    return MakeStem(identity) + std::to_string(oid);
+OwnUids::OwnUids(std::int64_t identity) : HasIdentity(identity != 0), Stem(MakeStem(identity)) {}
+
+std::string OwnUids::Make(Oid oid) const {
+    return Stem + std::to_string(oid);
 }
 
-std::string MakeOwnUid(std::int64_t identity, std::string_view memo) {
-    return MakeStem(identity) + std::string(memo);
+std::string OwnUids::Make(std::string_view memo) const {
+    return Stem + std::string(memo);
 }
 
-Oid ReadOwnUid(std::int64_t identity, std::string_view uid) {
-    const std::string stem = MakeStem(identity);
-    Oid oid = 0;
-    if (identity == 0 || !uid.starts_with(stem)) {
+Oid OwnUids::Read(std::string_view uid) const {
+    if (!HasIdentity || !uid.starts_with(Stem)) {
         return 0;
     }
+    Oid oid = 0;
     const char* const end = uid.data() + uid.size();
-    const auto [stop, problem] = std::from_chars(uid.data() + stem.size(), end, oid);
+    const auto [stop, problem] = std::from_chars(uid.data() + Stem.size(), end, oid);
     return problem == std::errc() && stop == end && oid > 0 ? oid : 0;
 }
 

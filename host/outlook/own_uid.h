@@ -13,11 +13,21 @@ namespace tavo::outlook {
 // Drawn when the store was made; 0 of one that an earlier program made and nobody has brought forward.
 std::int64_t ReadStoreIdentity(Database& database);
 
-std::string MakeOwnUid(std::int64_t identity, Oid oid);
-// Of a memo, by the name of its file.
-std::string MakeOwnUid(std::int64_t identity, std::string_view memo);
+// Those of one store.
+class OwnUids {
+  public:
+    explicit OwnUids(std::int64_t identity);
 
-// The item that such a UID names in the store of this identity; 0 for any other UID.
-Oid ReadOwnUid(std::int64_t identity, std::string_view uid);
+    std::string Make(Oid oid) const;
+    // Of a memo, by the name of its file.
+    std::string Make(std::string_view memo) const;
+
+    // The item that such a UID names; 0 for any other UID.
+    Oid Read(std::string_view uid) const;
+
+  private:
+    bool HasIdentity;
+    std::string Stem; // what all of them begin with
+};
 
 } // namespace tavo::outlook

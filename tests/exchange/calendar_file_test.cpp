@@ -92,7 +92,7 @@ INSTANTIATE_TEST_SUITE_P(Data, CalendarFileOfLines, testing::ValuesIn(ListInputs
 TEST(CalendarFileReading, StopsWhenTheSinkDoesNotWantToGoOn) {
     class StoppingSink final : public IEntrySink {
       public:
-        bool OnItem(const rules::StoredItem& /*item*/, const std::vector<TagList>& /*kinds*/, int /*line*/) override {
+        bool OnItem(rules::StoredItem /*item*/, const std::vector<TagList>& /*kinds*/, int /*line*/) override {
             return ++Items < 2;
         }
 

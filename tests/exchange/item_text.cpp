@@ -104,7 +104,7 @@ void AddTimes(std::string& text, const StoredItem& item) {
 
 class DescribingSink final : public IEntrySink {
   public:
-    bool OnItem(const StoredItem& item, const std::vector<TagList>& kinds, int line) override {
+    bool OnItem(StoredItem item, const std::vector<TagList>& kinds, int line) override {
         Text += "item in line " + std::to_string(line) + "\n" + DescribeItem(item);
         for (const TagList kind : kinds) {
             AddLine(Text, "kind", NameKind(kind));

@@ -249,16 +249,49 @@ TEST_F(Exporting, WhatWasMadeHereIsKnownAgainAndNotDoubled) {
     EXPECT_EQ(ReadInto(copy, file).Unchanged, 1);
 }
 
+// Two connections to one file, as two processes have.
+class ExportingFromAFile : public StoreFileTest {
+  protected:
+    std::u16string SubjectOf(ExportReader& reader, Oid oid) {
+        exchange::ExportItem item;
+        EXPECT_EQ(reader.Read(oid, item), Status::Ok);
+        return item.Item.Subject;
+    }
+
+    void Rename(Oid oid, const std::u16string& subject) {
+        const ComPtr<IAppointment> item = Get(oid);
+        EXPECT_EQ(item->put_Subject(subject), Status::Ok);
+        EXPECT_EQ(item->Save(), Status::Ok);
+    }
+};
+
+TEST_F(ExportingFromAFile, WritesTheMomentThatItHolds) {
+    const Oid oid = Add("2026-05-02 10:00", "2026-05-02 11:00", u"Before");
+    StorePtr same;
+    ASSERT_EQ(OpenStore(Machine, File, {}, same), Status::Ok);
+    {
+        ExportReader reader(same);
+        ASSERT_EQ(reader.HoldMoment(), Status::Ok);
+        EXPECT_EQ(SubjectOf(reader, oid), u"Before");
+        Rename(oid, u"After");
+        EXPECT_EQ(SubjectOf(reader, oid), u"Before");
+    }
+    ExportReader later(same);
+    EXPECT_EQ(SubjectOf(later, oid), u"After");
+    Rename(oid, u"Later still");
+    EXPECT_EQ(SubjectOf(later, oid), u"Later still");
+}
+
 TEST_F(Exporting, StoresNameTheirItemsDifferently) {
     const StorePtr other = MakeEmpty();
     EXPECT_NE(ExportReader(Store).NameItem(1), ExportReader(other).NameItem(1));
     EXPECT_NE(ExportReader(Store).NameItem(1), ExportReader(Store).NameItem(11));
     const std::int64_t identity = ReadStoreIdentity(CoreOf(*Store).Db);
     EXPECT_NE(identity, 0);
-    EXPECT_EQ(ReadOwnUid(identity, MakeOwnUid(identity, 12)), 12);
-    EXPECT_EQ(ReadOwnUid(identity + 1, MakeOwnUid(identity, 12)), 0);
+    EXPECT_EQ(OwnUids(identity).Read(OwnUids(identity).Make(12)), 12);
+    EXPECT_EQ(OwnUids(identity + 1).Read(OwnUids(identity).Make(12)), 0);
     for (const char* tail : {"", "0", "-1", "12x", "99999999999"}) {
-        EXPECT_EQ(ReadOwnUid(identity, MakeOwnUid(identity, 1).substr(0, 22) + tail), 0) << tail;
+        EXPECT_EQ(OwnUids(identity).Read(OwnUids(identity).Make(1).substr(0, 22) + tail), 0) << tail;
     }
 }
 
