@@ -14,9 +14,10 @@ from pathlib import Path
 from day_menu_measures import measure_day_menu
 from desktop_measures import has_desktop, measure_start
 from editor_measures import measure_editor
+from exchange_measures import measure_exchange, measure_rules
 from ink_measures import measure_ink, measure_ink_window
 from list_measures import FIRST_DAY, measure_lists
-from processes import Cost, compare, median, measure, run
+from processes import compare, run
 from reminder_measures import measure_reminders
 from report import Report
 from text_measures import measure_text
@@ -28,12 +29,11 @@ BIN = BUILD / "bin"
 
 SECONDS_PER_DAY = 86400
 OCCURRENCE_NANOSECONDS = 150
-IMPORT_PEAK_KILOBYTES = 60 * 1024
 BYTES_PER_ITEM = 600
 LONGEST_ITEM_DAYS = 32
 KINDS = ("alarm", "holiday", "anniversary")
 # What can be measured by itself, in the order in which it is printed.
-ROWS = ("import", "size", "month", "agenda", "ink", "text", "window", "day-menu", "ink-window", "editor", "lists",
+ROWS = ("import", "rules", "size", "month", "agenda", "ink", "text", "window", "day-menu", "ink-window", "editor", "lists",
         "reminders")
 # A day and a month in the middle of the ten years.
 DAY = datetime.date(2025, 3, 14)
@@ -44,7 +44,7 @@ def build():
     options = ["-DCMAKE_BUILD_TYPE=Release", "-DTAVO_BENCHMARKS=ON", "-DTAVO_TESTS=OFF"]
     run(["cmake", "-S", str(ROOT), "-B", str(BUILD), "-G", "Ninja", *options])
     targets = ["products", "tavo-generate", "tavo-parse-whole", "tavo-month-window", "tavo-ink-costs", "tavo-list-costs",
-               "tavo-next-reminder", "tavo-notification-service"]
+               "tavo-rule-costs", "tavo-next-reminder", "tavo-notification-service"]
     run(["cmake", "--build", str(BUILD), "--target", *targets])
     # These need Qt, as the window does.
     if (BIN / "tavocalendar").exists():
@@ -93,30 +93,6 @@ class Device:
         for kind in KINDS:
             run(self.command("import", self.calendars / f"{kind}.ics", "--as", kind), self.environment)
         shutil.copytree(self.calendars / "memos", self.home / "My Documents" / "TavoCalendar", dirs_exist_ok=True)
-
-
-def measure_import(report, device):
-    calendar = device.calendars / "calendar.ics"
-    imports, parses = [], []
-    for _ in range(3):
-        device.empty()
-        imports.append(measure(device.command("import", calendar), device.environment))
-        parses.append(parse_whole(calendar))
-    cost, yardstick = median(imports), median(parses)
-    report.section(f"Import of {device.items:,} items, beside libical parsing the same file whole")
-    report.figure("import", cost.wall / yardstick.wall, 2,
-                  f"{cost.wall:.2f} s beside {yardstick.wall:.2f} s, {device.items / cost.wall:,.0f} items a second; "
-                  f"processor time {cost.cpu:.2f} s beside {yardstick.cpu:.2f} s")
-    report.figure("import, memory at the peak in MB", cost.peak / 1024, IMPORT_PEAK_KILOBYTES / 1024,
-                  f"(parsing whole takes {yardstick.peak / 1024:.0f} MB)")
-
-
-def parse_whole(calendar):
-    """The seconds that libical alone takes, as the yardstick itself tells them, without the start of its process."""
-    program = [str(BIN / "tavo-parse-whole"), str(calendar)]
-    cost = measure(program)
-    _, seconds, _ = run(program).split()
-    return Cost(float(seconds), cost.cpu, cost.peak)
 
 
 def measure_size(report, device):
@@ -242,11 +218,13 @@ def measure_all(report, folder, items, rows):
     size = (device.calendars / "calendar.ics").stat().st_size
     report.note(f"{items:,} items over ten years in {size / 1e6:.1f} MB of iCalendar; in {folder}")
     if "import" in rows:
-        measure_import(report, device)
+        measure_exchange(report, device, BIN)
     else:
         device.empty()
         device.fill()
     device.complete()
+    if "rules" in rows:
+        measure_rules(report, BIN)
     if "size" in rows:
         measure_size(report, device)
     if "month" in rows:
