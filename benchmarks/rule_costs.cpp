@@ -143,7 +143,9 @@ class Collection final : public exchange::IEntrySink, public rules::ISeriesDetai
 
     void OnMended(int /*line*/, const std::string& /*what*/) override {}
 
-    bool OnPassedOver() override { return true; }
+    bool OnPassedOver(exchange::PassedOver /*what*/, int /*line*/, const std::string& /*reason*/) override {
+        return true;
+    }
 
     bool OnProgress(std::int64_t /*offset*/) override { return true; }
 

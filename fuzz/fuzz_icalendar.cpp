@@ -59,7 +59,7 @@ class CheckingSink final : public IEntrySink {
         Require(!what.empty());
     }
 
-    bool OnPassedOver() override { return true; }
+    bool OnPassedOver(PassedOver /*what*/, int /*line*/, const std::string& /*reason*/) override { return true; }
 
     bool OnProgress(std::int64_t offset) override {
         Require(offset >= Offset); // a bar never runs backwards

@@ -48,9 +48,9 @@ for example), is refused by itself. What lasts longer than 31 days comes as one
 appointment on each of its days. Importing a file again changes only what is different in
 it: entries are known by their UID.
 
-Tasks, notes and cancelled events are passed over; memos that `tavo export` wrote come
-back. Ctrl+C takes back the file that is
-just being read; what was imported before it stays.
+Tasks, notes, cancelled events and older versions of an entry are passed over; memos that
+`tavo export` wrote come back. Ctrl+C takes back the file that is just being read; what
+was imported before it stays.
 
 Exit status: 0 everything was imported, 1 something was refused or broken, 2 the
 command line was not understood, 130 after Ctrl+C.

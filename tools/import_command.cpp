@@ -162,11 +162,14 @@ class Import {
             Bar.Clear();
         }
         for (const Remark& remark : sink.GetRemarks()) {
-            const char* const what = remark.What == Remark::Kind::Refused ? "refused: " : "mended: ";
+            const char* const what = remark.What == Remark::Kind::Refused  ? "refused: "
+                                     : remark.What == Remark::Kind::Mended ? "mended: "
+                                                                           : "passed over: ";
             ComplainAbout(file.Path, remark.Line, what + remark.Text);
         }
         TellOfMore(file.Path, sink.GetCounts().Refused, "refused");
         TellOfMore(file.Path, sink.GetCounts().Mended, "mended");
+        TellOfMore(file.Path, sink.GetCounts().OlderVersions, "passed over");
     }
 
     static void TellOfMore(const std::string& path, int count, const char* what) {

@@ -78,7 +78,7 @@ ReadStep CalendarFileReader::Break(const FileFault& fault) {
 ReadStep CalendarFileReader::PassOver() {
     const bool isTakenElsewhere =
         Piece.Kind == PieceKind::TimeZone || (Piece.Kind == PieceKind::Journal && IsMemoEntry(Piece));
-    return isTakenElsewhere ? ReadStep::More : Continue(Sink.OnPassedOver());
+    return isTakenElsewhere ? ReadStep::More : Continue(Sink.OnPassedOver(PassedOver::OtherKind, Piece.Line, {}));
 }
 
 ReadStep CalendarFileReader::Refuse(Reading reading, const FileFault& fault) {
@@ -101,11 +101,12 @@ ReadStep CalendarFileReader::ReadEvent() {
         return ReadOccurrence();
     }
     if (const int better = Survey.FindBetter(Entry.Item.Uid, Piece.Line); better != 0) {
-        return Continue(Sink.OnRefused(Piece.Line, "the same entry (UID) stands again in line " +
-                                                       std::to_string(better) + ", which counts"));
+        return Continue(Sink.OnPassedOver(PassedOver::OlderVersion, Piece.Line,
+                                          "the same entry (UID) stands again in line " + std::to_string(better) +
+                                              ", which counts"));
     }
     if (Entry.Cancelled) {
-        return Continue(Sink.OnPassedOver());
+        return Continue(Sink.OnPassedOver(PassedOver::Cancelled, Piece.Line, {}));
     }
     return Continue(AddOccurrences() && WriteSeries());
 }
@@ -162,7 +163,7 @@ bool CalendarFileReader::WriteSeries() {
         rules::StoredItem& series = later.empty() ? Entry.Item : later.back();
         std::string reason;
         if (change.Cancelled && !EndSeriesBefore(series, exception.Original)) {
-            return Sink.OnPassedOver(); // all of it is cancelled
+            return Sink.OnPassedOver(PassedOver::Cancelled, change.Line, {}); // all of it is cancelled
         }
         if (change.Cancelled) {
             break;

@@ -168,8 +168,9 @@ std::u16string CalendarImport::Outcome() const {
     if (const std::string passed = DescribePassedOver(counts); !passed.empty()) {
         text += u"\n" + locale::ToUtf16(passed);
     }
-    // What was refused is not there, so it comes first.
+    // What was refused is not there, so it comes first. Of what was passed over the count says enough.
     std::vector<Remark> remarks = Current->Sink.GetRemarks();
+    std::erase_if(remarks, [](const Remark& remark) { return remark.What == Remark::Kind::PassedOver; });
     std::stable_partition(remarks.begin(), remarks.end(),
                           [](const Remark& remark) { return remark.What == Remark::Kind::Refused; });
     const std::size_t named = std::min(remarks.size(), kNamedRemarks);

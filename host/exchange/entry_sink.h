@@ -19,6 +19,9 @@ struct LoneOccurrence {
     rules::StoredItem Alone; // the same as an appointment by itself, if the series is nowhere
 };
 
+// What is left out although nothing is wrong with it.
+enum class PassedOver { OlderVersion, Cancelled, OtherKind };
+
 // A call that gives false ends the reading: nothing more is called then.
 class IEntrySink {
   public:
@@ -30,8 +33,8 @@ class IEntrySink {
     virtual bool OnRefused(int line, const std::string& reason) = 0;
     // Something against the format, and what was done about it, as a phrase for people.
     virtual void OnMended(int line, const std::string& what) = 0;
-    // A task, a note, a cancelled event.
-    virtual bool OnPassedOver() = 0;
+    // `reason` is empty where the count says enough.
+    virtual bool OnPassedOver(PassedOver what, int line, const std::string& reason) = 0;
     // Bytes done of the file. Called often.
     virtual bool OnProgress(std::int64_t offset) = 0;
 

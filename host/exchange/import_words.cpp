@@ -3,7 +3,9 @@
 
 #include "host/exchange/calendar_text.h"
 
+#include <cstddef>
 #include <filesystem>
+#include <vector>
 
 namespace tavo::exchange {
 
@@ -14,11 +16,24 @@ std::string DescribeCounts(const ImportCounts& counts) {
 }
 
 std::string DescribePassedOver(const ImportCounts& counts) {
-    if (counts.PassedOver == 0) {
+    std::vector<std::string> parts;
+    const auto add = [&parts](int number, std::string_view one, std::string_view several) {
+        if (number > 0) {
+            parts.push_back(CountOf(number, one, several));
+        }
+    };
+    add(counts.OlderVersions, "older version of an entry", "older versions of entries");
+    add(counts.Cancelled, "cancelled event", "cancelled events");
+    add(counts.OtherKinds, "task or note", "tasks or notes");
+    if (parts.empty()) {
         return {};
     }
-    return CountOf(counts.PassedOver, "task, note or cancelled event was", "tasks, notes or cancelled events were") +
-           " passed over.";
+    std::string text = parts.front();
+    for (std::size_t index = 1; index < parts.size(); ++index) {
+        text += (index + 1 == parts.size() ? " and " : ", ") + parts[index];
+    }
+    const bool isOne = counts.OlderVersions + counts.Cancelled + counts.OtherKinds == 1;
+    return text + (isOne ? " was" : " were") + " passed over.";
 }
 
 std::string CountOf(int number, std::string_view one, std::string_view several) {

@@ -120,8 +120,8 @@ void SinkQueue::OnMended(int line, const std::string& what) {
         what.size());
 }
 
-bool SinkQueue::OnPassedOver() {
-    return Put([](IEntrySink& sink) { return sink.OnPassedOver(); }, 0);
+bool SinkQueue::OnPassedOver(PassedOver what, int line, const std::string& reason) {
+    return Put([what, line, reason](IEntrySink& sink) { return sink.OnPassedOver(what, line, reason); }, reason.size());
 }
 
 bool SinkQueue::OnProgress(std::int64_t offset) {

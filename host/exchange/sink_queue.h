@@ -29,7 +29,7 @@ class SinkQueue final : public IEntrySink {
     bool OnLoneOccurrence(const LoneOccurrence& occurrence, int line) override;
     bool OnRefused(int line, const std::string& reason) override;
     void OnMended(int line, const std::string& what) override;
-    bool OnPassedOver() override;
+    bool OnPassedOver(PassedOver what, int line, const std::string& reason) override;
     // The sink hears of it when it gets to what was put in before.
     bool OnProgress(std::int64_t offset) override;
     // These two wait for the answer.

@@ -10,7 +10,9 @@ void ImportCounts::Add(const ImportCounts& other) {
     Changed += other.Changed;
     Unchanged += other.Unchanged;
     Refused += other.Refused;
-    PassedOver += other.PassedOver;
+    OlderVersions += other.OlderVersions;
+    Cancelled += other.Cancelled;
+    OtherKinds += other.OtherKinds;
     Mended += other.Mended;
     Tagged += other.Tagged;
 }
@@ -43,7 +45,7 @@ bool StoreSink::OnLoneOccurrence(const LoneOccurrence& occurrence, int line) {
     const bool nowhere = outcome.Result == ImportResult::Refused && outcome.Reason == IItemWriter::kNoSuchSeries;
     if (Succeeded(status) && nowhere) {
         if (occurrence.Exception.Kind == rules::ExceptionKind::Cancelled) {
-            return OnPassedOver();
+            return OnPassedOver(PassedOver::Cancelled, line, {});
         }
         outcome = {};
         status = Writer.Write(occurrence.Alone, outcome);
@@ -52,21 +54,30 @@ bool StoreSink::OnLoneOccurrence(const LoneOccurrence& occurrence, int line) {
 }
 
 bool StoreSink::OnRefused(int line, const std::string& reason) {
-    if (Counts.Refused++ < kMostRemarks) {
-        Remarks.push_back({Remark::Kind::Refused, line, reason});
-    }
+    Note(Remark::Kind::Refused, line, reason, Counts.Refused++);
     return true;
 }
 
 void StoreSink::OnMended(int line, const std::string& what) {
-    if (Counts.Mended++ < kMostRemarks) {
-        Remarks.push_back({Remark::Kind::Mended, line, what});
-    }
+    Note(Remark::Kind::Mended, line, what, Counts.Mended++);
 }
 
-bool StoreSink::OnPassedOver() {
-    ++Counts.PassedOver;
+bool StoreSink::OnPassedOver(PassedOver what, int line, const std::string& reason) {
+    int& count = what == PassedOver::OlderVersion ? Counts.OlderVersions
+                 : what == PassedOver::Cancelled  ? Counts.Cancelled
+                                                  : Counts.OtherKinds;
+    const int before = count++;
+    if (!reason.empty()) {
+        Note(Remark::Kind::PassedOver, line, reason, before);
+    }
     return true;
+}
+
+// `before`: how many there were of this kind.
+void StoreSink::Note(Remark::Kind what, int line, const std::string& text, int before) {
+    if (before < kMostRemarks) {
+        Remarks.push_back({what, line, text});
+    }
 }
 
 void StoreSink::TakeMemo(CalendarFileReader& reader, const PiecePlace& place, IMemoFolder& folder) {

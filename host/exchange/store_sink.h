@@ -17,16 +17,18 @@ struct ImportCounts {
     int Changed = 0;
     int Unchanged = 0;
     int Refused = 0;
-    int PassedOver = 0;
-    int Mended = 0; // faults, of which an entry may have several
-    int Tagged = 0; // items, once for each kind that they are to be of
+    int OlderVersions = 0; // these three were passed over
+    int Cancelled = 0;
+    int OtherKinds = 0; // tasks, notes
+    int Mended = 0;     // faults, of which an entry may have several
+    int Tagged = 0;     // items, once for each kind that they are to be of
 
     void Add(const ImportCounts& other);
 };
 
 // What became of an entry, or a part of one, that was not in order.
 struct Remark {
-    enum class Kind { Refused, Mended };
+    enum class Kind { Refused, Mended, PassedOver };
 
     Kind What = Kind::Refused;
     int Line = 0;
@@ -45,7 +47,7 @@ class StoreSink final : public IEntrySink {
     bool OnLoneOccurrence(const LoneOccurrence& occurrence, int line) override;
     bool OnRefused(int line, const std::string& reason) override;
     void OnMended(int line, const std::string& what) override;
-    bool OnPassedOver() override;
+    bool OnPassedOver(PassedOver what, int line, const std::string& reason) override;
     bool OnProgress(std::int64_t offset) override;
     std::unique_ptr<rules::ZoneRules> LoadZone(const std::string& name) override;
     bool DefineZone(const std::string& name, const std::string& component) override;
@@ -62,6 +64,7 @@ class StoreSink final : public IEntrySink {
     Status GetStoreStatus() const { return StoreStatus; }
 
   private:
+    void Note(Remark::Kind what, int line, const std::string& text, int before);
     bool Count(Status status, const ImportOutcome& outcome, int line);
     void RequestTag(TagList kind, Oid item);
 

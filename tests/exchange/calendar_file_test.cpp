@@ -102,7 +102,7 @@ TEST(CalendarFileReading, StopsWhenTheSinkDoesNotWantToGoOn) {
 
         void OnMended(int /*line*/, const std::string& /*what*/) override {}
 
-        bool OnPassedOver() override { return true; }
+        bool OnPassedOver(PassedOver /*what*/, int /*line*/, const std::string& /*reason*/) override { return true; }
 
         bool OnProgress(std::int64_t /*offset*/) override { return true; }
 

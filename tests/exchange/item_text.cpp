@@ -128,8 +128,10 @@ class DescribingSink final : public IEntrySink {
         Text += "mended in line " + std::to_string(line) + ": " + what + "\n";
     }
 
-    bool OnPassedOver() override {
-        Text += "passed over\n";
+    bool OnPassedOver(PassedOver what, int line, const std::string& reason) override {
+        constexpr std::array<const char*, 3> words = {"older version", "cancelled", "of another kind"};
+        Text += std::string(words[static_cast<std::size_t>(what)]) + " passed over in line " + std::to_string(line);
+        Text += reason.empty() ? "\n" : ": " + reason + "\n";
         return true;
     }
 

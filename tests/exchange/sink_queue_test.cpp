@@ -32,7 +32,9 @@ class ListingSink final : public IEntrySink {
 
     void OnMended(int /*line*/, const std::string& what) override { Note("mended " + what); }
 
-    bool OnPassedOver() override { return Note("passed over"); }
+    bool OnPassedOver(PassedOver what, int line, const std::string& reason) override {
+        return Note("passed over " + std::to_string(static_cast<int>(what)) + " " + std::to_string(line) + reason);
+    }
 
     bool OnProgress(std::int64_t offset) override {
         Offset = offset;
@@ -76,15 +78,15 @@ TEST(SinkQueueTest, GivesEveryKindOfCallInItsOrder) {
         isUnknown = queue.DefineZone("other", "");
         queue.LoadZone("Europe/Berlin");
         queue.OnRefused(14, "an entry");
-        queue.OnPassedOver();
+        queue.OnPassedOver(PassedOver::Cancelled, 17, "!");
         queue.OnLoneOccurrence({"series", {}, {}}, 15);
         queue.OnProgress(1234);
         return FileOutcome::Read;
     });
     EXPECT_EQ(outcome, FileOutcome::Read);
-    EXPECT_EQ(sink.Calls,
-              (std::vector<std::string>{"item 1 of 1 at 12", "mended a line", "define known", "define other",
-                                        "load Europe/Berlin", "refused an entry", "passed over", "occurrence series"}));
+    EXPECT_EQ(sink.Calls, (std::vector<std::string>{"item 1 of 1 at 12", "mended a line", "define known",
+                                                    "define other", "load Europe/Berlin", "refused an entry",
+                                                    "passed over 1 17!", "occurrence series"}));
     EXPECT_TRUE(isKnown);
     EXPECT_FALSE(isUnknown);
     EXPECT_EQ(sink.Offset, 1234);
@@ -183,7 +185,7 @@ class SlowSink final : public IEntrySink {
 
     void OnMended(int /*line*/, const std::string& /*what*/) override {}
 
-    bool OnPassedOver() override { return true; }
+    bool OnPassedOver(PassedOver /*what*/, int /*line*/, const std::string& /*reason*/) override { return true; }
 
     bool OnProgress(std::int64_t /*offset*/) override { return true; }
 

@@ -179,7 +179,7 @@ TEST_F(Export, AMemoThatIsNoneIsRefusedAndTheOthersComeIn) {
                                  "BEGIN:VJOURNAL\nSUMMARY:A note of another program\nEND:VJOURNAL\n"
                                  "BEGIN:VJOURNAL\nX-TAVO-MEMO:20260315_1.pwi\nX-TAVO-INK:AQID\nEND:VJOURNAL\n")});
     EXPECT_THAT(result.Output, StartsWith("1 new, 0 changed, 0 unchanged, 2 refused.\n"
-                                          "1 task, note or cancelled event was passed over.\n"));
+                                          "1 task or note was passed over.\n"));
     EXPECT_THAT(result.Errors,
                 AllOf(HasSubstr("refused: this is no name of a memo"), HasSubstr("refused: this memo has no ink")));
     EXPECT_EQ(Device.Run({"memo", "list"}).Output, "20260315_1.pwi\n");

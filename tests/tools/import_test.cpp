@@ -148,7 +148,22 @@ TEST_F(Import, TasksAndNotesArePassedOverWithoutComplaint) {
         Device.Run({"import", Device.WriteCalendar("a.ics", kGood + "BEGIN:VTODO\nSUMMARY:Task\nEND:VTODO\n")});
     EXPECT_EQ(result.Status, 0);
     EXPECT_EQ(result.Output, "1 new, 0 changed, 0 unchanged, 0 refused.\n"
-                             "1 task, note or cancelled event was passed over.\n");
+                             "1 task or note was passed over.\n");
+}
+
+TEST_F(Import, WhatIsPassedOverIsCountedByItsKind) {
+    const auto event = [](const char* uid, const char* lines) {
+        return std::string("BEGIN:VEVENT\nUID:") + uid + "\nDTSTART:20260301T090000\n" + lines + "END:VEVENT\n";
+    };
+    const std::string file =
+        Device.WriteCalendar("a.ics", event("two", "SEQUENCE:1\nSUMMARY:Old\n") + event("two", "SEQUENCE:2\n") +
+                                          event("off", "STATUS:CANCELLED\n") + event("gone", "STATUS:CANCELLED\n") +
+                                          "BEGIN:VTODO\nSUMMARY:Task\nEND:VTODO\n");
+    const CommandResult result = Device.Run({"import", file});
+    EXPECT_EQ(result.Status, 0);
+    EXPECT_EQ(result.Output, "1 new, 0 changed, 0 unchanged, 0 refused.\n"
+                             "1 older version of an entry, 2 cancelled events and 1 task or note were passed over.\n");
+    EXPECT_EQ(result.Errors, file + ":3: passed over: the same entry (UID) stands again in line 9, which counts\n");
 }
 
 TEST_F(Import, FoldersAreSearchedThroughAndOtherFilesLeftAlone) {
