@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 
 #include <cstdlib>
@@ -86,10 +87,14 @@ CommandResult CommandDevice::Run(const std::vector<std::string>& words) const {
     CommandResult result;
     int status = 0;
     const int process = Start(words);
-    if (process < 0 || waitpid(process, &status, 0) != process) {
+    rusage usage{};
+    if (process < 0 || wait4(process, &status, 0, &usage) != process) {
         throw std::runtime_error("the command cannot be started");
     }
     result.Status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    result.PeakKilobytes = usage.ru_maxrss;
+    result.Seconds = static_cast<double>(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) +
+                     static_cast<double>(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
     result.Output = ReadWhole(Place("output"));
     result.Errors = ReadWhole(Place("errors"));
     return result;

@@ -12,6 +12,8 @@ struct CommandResult {
     int Status = -1; // the exit status; -1 when a signal ended it
     std::string Output;
     std::string Errors;
+    long PeakKilobytes = 0; // of memory
+    double Seconds = 0;     // of processor time
 };
 
 // A device in a temporary folder, gone with this object. The device's zone is Europe/Berlin.

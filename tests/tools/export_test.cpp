@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -196,6 +197,34 @@ TEST_F(Export, AFullDiskUnderTheOutputIsNoticed) {
     const CommandResult result = Device.Run({"export", "/dev/full"});
     EXPECT_EQ(result.Status, 1);
     EXPECT_THAT(result.Errors, HasSubstr("/dev/full cannot be written"));
+}
+
+// On a disk of its own, which only a machine that lets us mount one has.
+TEST_F(Export, AFileOnADiskThatIsFullStaysAsItWas) {
+    const fs::path disk = Device.Place("disk");
+    fs::create_directory(disk);
+    const std::string mount = "mount -t tmpfs -o size=64k none '" + disk.string() + "' ";
+    if (std::system(("unshare -rm sh -c \"" + mount + "\" 2>/dev/null").c_str()) != 0) {
+        GTEST_SKIP() << "no disk of one's own can be mounted here";
+    }
+    std::string many;
+    for (int number = 0; number < 1000; ++number) {
+        many += "BEGIN:VEVENT\nUID:" + std::to_string(number) +
+                "@full\nDTSTART:20260302T080000\nSUMMARY:One of many\nEND:VEVENT\n";
+    }
+    ASSERT_EQ(Device.Run({"import", Device.WriteCalendar("many.ics", many)}).Status, 0);
+    const std::string file = (disk / "out.ics").string();
+    const std::string steps = mount + "&& echo before >'" + file + "' && TAVO_HOME='" + Device.Home().string() + "' '" +
+                              TAVO_COMMAND + "' export '" + file + "' 2>'" + Device.Place("said").string() +
+                              "'; echo \\$? >'" + Device.Place("status").string() + "'; cp '" + file + "' '" +
+                              Device.Place("left").string() + "'; ls -A '" + disk.string() + "' >'" +
+                              Device.Place("listed").string() + "'";
+    ASSERT_EQ(std::system(("unshare -rm sh -c \"" + steps + "\"").c_str()), 0);
+    EXPECT_EQ(ReadWhole(Device.Place("status")), "1\n");
+    EXPECT_EQ(ReadWhole(Device.Place("left")), "before\n");
+    EXPECT_EQ(ReadWhole(Device.Place("listed")), "out.ics\n") << "what was begun is cleared away";
+    EXPECT_THAT(ReadWhole(Device.Place("said")),
+                AllOf(HasSubstr("cannot be written: the disk is full"), HasSubstr("is as it was")));
 }
 
 TEST_F(Export, WordsThatMakeNoSenseAreRefused) {
