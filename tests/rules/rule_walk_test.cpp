@@ -84,6 +84,33 @@ TEST(RuleWalk, ADayThatItsMonthDoesNotHaveIsLeftOutOrMoved) {
     EXPECT_THAT(days(), ElementsAre("2024-02-29", "2025-03-01", "2026-03-01"));
 }
 
+// The standard gives these no meaning, yet files have them.
+TEST(RuleWalk, APartThatItsFrequencyDoesNotHaveLimits) {
+    EXPECT_THAT(WalkAll("FREQ=WEEKLY;BYMONTHDAY=13", "2026-01-13 09:00"),
+                ElementsAre("2026-01-13 09:00", "2026-10-13 09:00", "2027-04-13 09:00", "2027-07-13 09:00"));
+    EXPECT_THAT(WalkAll("FREQ=WEEKLY;BYDAY=FR;BYMONTHDAY=13", "2026-01-01 09:00"),
+                ElementsAre("2026-02-13 09:00", "2026-03-13 09:00", "2026-11-13 09:00", "2027-08-13 09:00"));
+    EXPECT_THAT(WalkAll("FREQ=MONTHLY;BYWEEKNO=20;BYDAY=MO", "2026-01-01 09:00"),
+                ElementsAre("2026-05-11 09:00", "2027-05-17 09:00", "2028-05-15 09:00", "2029-05-14 09:00"));
+    EXPECT_THAT(WalkAll("FREQ=DAILY;BYYEARDAY=100", "2026-01-01 09:00"),
+                ElementsAre("2026-04-10 09:00", "2027-04-10 09:00", "2028-04-09 09:00", "2029-04-10 09:00"));
+}
+
+TEST(RuleWalk, ANumberBeforeAWeekdayCountsOnlyInMonthsAndYears) {
+    for (const char* const rule : {"FREQ=DAILY;BYDAY=2MO", "FREQ=WEEKLY;BYDAY=2MO"}) {
+        EXPECT_THAT(WalkAll(rule, "2026-01-01 09:00"),
+                    ElementsAre("2026-01-05 09:00", "2026-01-12 09:00", "2026-01-19 09:00", "2026-01-26 09:00"))
+            << rule;
+    }
+    EXPECT_THAT(WalkAll("FREQ=YEARLY;BYWEEKNO=20;BYDAY=2MO", "2026-01-01 09:00"),
+                ElementsAre("2026-05-11 09:00", "2027-05-17 09:00", "2028-05-15 09:00", "2029-05-14 09:00"));
+}
+
+TEST(RuleWalk, TheSixtiethSecondIsTheNextMinute) {
+    EXPECT_THAT(WalkAll("FREQ=DAILY;BYHOUR=23;BYMINUTE=59;BYSECOND=60", "2026-01-01 09:00"),
+                ElementsAre("2026-01-02 00:00", "2026-01-03 00:00", "2026-01-04 00:00", "2026-01-05 00:00"));
+}
+
 TEST(RuleWalk, BeginsNearTheTimeThatIsAskedFor) {
     EXPECT_THAT(WalkFrom("FREQ=HOURLY;INTERVAL=37", "1990-01-01 09:00", "2950-01-01 00:00", 1),
                 ElementsAre("2950-01-01 23:00"));
