@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <sstream>
 
@@ -145,41 +146,103 @@ Expected ReadDays(const char* text) {
 
 } // namespace
 
-class StandardSeriesTest : public StoreTest, public ::testing::WithParamInterface<StandardSeries> {
+class SeriesFileTest : public StoreTest {
   protected:
-    void Import(const std::string& file) {
+    // An event at 09:00 with these lines; gives the line of what was mended, 0 for nothing.
+    int Import(const std::string& start, const std::string& lines) {
+        int mended = 0;
+        Import("BEGIN:VCALENDAR\nVERSION:2.0\nBEGIN:VEVENT\nUID:1\nDTSTART:" + start + "T090000\n" + lines +
+                   "\nEND:VEVENT\nEND:VCALENDAR\n",
+               mended);
+        return mended;
+    }
+
+    std::vector<Seconds> ListTimes(DayNumber first, DayNumber last) {
+        std::vector<Seconds> times;
+        EXPECT_EQ(
+            OccurrenceReader(Store).ListStarts(MidnightOf(first), MidnightOf(last + 1) - 1,
+                                               [&times](const ListedOccurrence& line) { times.push_back(line.Start); }),
+            Status::Ok);
+        return times;
+    }
+
+  private:
+    void Import(const std::string& file, int& mended) {
         exchange::MemorySource source(file);
         ImportWriter writer(Store);
         ASSERT_EQ(writer.Begin(u"File"), Status::Ok);
         exchange::StoreSink sink(writer, std::nullopt, [](std::int64_t) { return true; });
         exchange::FileFault fault;
-        ASSERT_EQ(exchange::ReadCalendarFile(source, sink, exchange::Manner::Strict, fault),
+        ASSERT_EQ(exchange::ReadCalendarFile(source, sink, exchange::Manner::Lenient, fault),
                   exchange::FileOutcome::Read)
             << fault.Reason;
         ASSERT_EQ(writer.Commit(), Status::Ok);
         ASSERT_EQ(sink.GetCounts().New, 1);
+        mended = sink.GetRemarks().empty() ? 0 : sink.GetRemarks().front().Line;
     }
+};
 
+class StandardSeriesTest : public SeriesFileTest, public ::testing::WithParamInterface<StandardSeries> {
+  protected:
     std::vector<DayNumber> List(DayNumber first, DayNumber last) {
         std::vector<DayNumber> days;
-        EXPECT_EQ(OccurrenceReader(Store).ListStarts(
-                      MidnightOf(first), MidnightOf(last + 1) - 1,
-                      [&days](const ListedOccurrence& line) { days.push_back(DayOf(line.Start)); }),
-                  Status::Ok);
+        for (const Seconds time : ListTimes(first, last)) {
+            days.push_back(DayOf(time));
+        }
         return days;
     }
 };
 
 TEST_P(StandardSeriesTest, TakesPlaceOnTheseDays) {
     const StandardSeries& series = GetParam();
-    Import("BEGIN:VCALENDAR\nVERSION:2.0\nBEGIN:VEVENT\nUID:1\nDTSTART:" + std::string(series.Start) + "T090000\n" +
-           series.Lines + "\nEND:VEVENT\nEND:VCALENDAR\n");
+    EXPECT_EQ(Import(series.Start, series.Lines), 0);
     const Expected expected = ReadDays(series.Days);
     const DayNumber last = expected.Days.back();
     EXPECT_EQ(List(DayOfDigits("19900101"), last), expected.Days);
     constexpr DayNumber kTenYears = 3653;
     EXPECT_EQ(!List(last + 1, last + kTenYears).empty(), expected.GoesOn);
 }
+
+// The same, of series that take place several times a day.
+class StandardTimesTest : public SeriesFileTest {
+  protected:
+    // The first few from the second of September 1997, "02 09:00".
+    std::vector<std::string> Times(const std::string& lines, std::size_t most, int mended = 0) {
+        EXPECT_EQ(Import("19970902", lines), mended);
+        std::vector<std::string> texts;
+        for (const Seconds time : ListTimes(DayOfDigits("19970902"), DayOfDigits("19970930"))) {
+            texts.push_back(TextOf(time).substr(8));
+        }
+        texts.resize(std::min(texts.size(), most));
+        return texts;
+    }
+};
+
+TEST_F(StandardTimesTest, EveryThreeHoursOfADay) {
+    EXPECT_EQ(Times("RRULE:FREQ=HOURLY;INTERVAL=3;UNTIL=19970902T170000Z", 9),
+              (std::vector<std::string>{"02 09:00", "02 12:00", "02 15:00"}));
+}
+
+TEST_F(StandardTimesTest, EveryTwentyMinutesOfTheDayByTheDay) {
+    const std::vector<std::string> times = Times("RRULE:FREQ=DAILY;BYHOUR=9,10,11,12,13,14,15,16;BYMINUTE=0,20,40", 26);
+    ASSERT_EQ(times.size(), 26U);
+    EXPECT_EQ(times[0], "02 09:00");
+    EXPECT_EQ(times[1], "02 09:20");
+    EXPECT_EQ(times[23], "02 16:40");
+    EXPECT_EQ(times[24], "03 09:00");
+}
+
+// They are kept for who understands them.
+class RulesByTheMinuteTest : public StandardTimesTest, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(RulesByTheMinuteTest, TakePlaceOnceAndItIsSaid) {
+    EXPECT_EQ(Times(GetParam(), 9, 6), std::vector<std::string>{"02 09:00"});
+}
+
+INSTANTIATE_TEST_SUITE_P(Standard, RulesByTheMinuteTest,
+                         ::testing::Values("RRULE:FREQ=MINUTELY;INTERVAL=15;COUNT=6",
+                                           "RRULE:FREQ=MINUTELY;INTERVAL=90;COUNT=4",
+                                           "RRULE:FREQ=MINUTELY;INTERVAL=20;BYHOUR=9,10,11,12,13,14,15,16"));
 
 INSTANTIATE_TEST_SUITE_P(Standard, StandardSeriesTest, ::testing::ValuesIn(kSeries));
 
