@@ -3,6 +3,7 @@
 
 #include "host/exchange/calendar_lines.h"
 #include "host/exchange/ink_lines.h"
+#include "host/exchange/long_event.h"
 #include "host/exchange/own_properties.h"
 #include "host/exchange/rule_writer.h"
 #include "host/exchange/zone_parameter.h"
@@ -37,7 +38,7 @@ class EventWriter {
         : Source(source), Item(source.Item), Uid(uid), Words(words), File(file),
           Zone(Item.Zone.empty() ? WrittenZone() : words.Zones(Item.Zone)),
           IsZoned(!Item.Zone.empty() && Zone.Rules != nullptr), Start(Item.Zone.empty() ? Item.Start : Item.ZoneStart),
-          End(Item.Zone.empty() ? Item.End : Item.ZoneEnd) {}
+          End(Item.Zone.empty() ? Item.End : Item.ZoneEnd), IsWhole(IsStillWhole(Item)) {}
 
     void WriteAll() {
         Begin();
@@ -49,7 +50,7 @@ class EventWriter {
         WriteAlarm();
         WriteCarried(Item.Carried, CarriedPart::Components);
         Line("END:VEVENT");
-        if (Item.IsRecurring()) {
+        if (Item.IsRecurring() && !IsWhole) {
             for (const StoredException& exception : Item.Exceptions) {
                 WriteMoved(exception);
             }
@@ -113,6 +114,14 @@ class EventWriter {
     }
 
     void WriteTimes() {
+        if (IsWhole) {
+            ForEachLine(Item.Carried, [this](std::string_view line) {
+                if (line.starts_with(kOwnWhole)) {
+                    Line(NameZone(line.substr(kOwnWhole.size())));
+                }
+            });
+            return;
+        }
         if (!Item.IsRecurring()) {
             WriteSpan(Start, End);
             return;
@@ -202,7 +211,8 @@ class EventWriter {
         ForEachLine(lines, [&](std::string_view line) {
             const bool begins = line.starts_with("BEGIN:");
             depth += begins ? 1 : 0;
-            if ((depth > 0) == (part == CarriedPart::Components)) {
+            const bool isWritten = IsWhole && line.starts_with(kOwnWhole); // already, as it was
+            if (!isWritten && (depth > 0) == (part == CarriedPart::Components)) {
                 Line(line);
             }
             depth -= line.starts_with("END:") ? 1 : 0;
@@ -232,6 +242,7 @@ class EventWriter {
     const bool IsZoned;
     const Seconds Start; // on the item's own clock
     const Seconds End;
+    const bool IsWhole; // a long event whose own lines are written instead of its days
 };
 
 } // namespace

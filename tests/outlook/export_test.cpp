@@ -210,6 +210,47 @@ TEST_F(Exporting, RandomStoresComeBackAsTheyWere) {
     }
 }
 
+// As an import makes it of whole days.
+StoredItem MakeLeave() {
+    StoredItem item = MakeItem("leave", "2026-03-01 00:00", "2026-03-01 00:00");
+    item.AllDay = true;
+    item.Pattern.Type = kRecursDaily;
+    item.Pattern.End = rules::PatternEnd::OnDate;
+    item.Pattern.LastDay = DayOf(At("2026-04-14"));
+    item.Carried = "X-TAVO-WHOLE-DTSTART;VALUE=DATE:20260301\nX-TAVO-WHOLE-DTEND;VALUE=DATE:20260415";
+    return item;
+}
+
+TEST_F(Exporting, ALongEntryLeavesAsItCame) {
+    Import(MakeLeave());
+    const std::string file = Write(Store);
+    EXPECT_THAT(file, HasSubstr("\r\nDTSTART;VALUE=DATE:20260301\r\nDTEND;VALUE=DATE:20260415\r\nSUMMARY"));
+    EXPECT_THAT(file, ::testing::Not(::testing::AnyOf(HasSubstr("RRULE"), HasSubstr("X-TAVO-WHOLE"))));
+}
+
+TEST_F(Exporting, ALongEntryThatWasChangedLeavesAsItsDays) {
+    const auto leaves = [this](const std::function<void(StoredItem&)>& change) {
+        StoredItem item = MakeLeave();
+        change(item);
+        const Oid oid = Import(item);
+        const std::string file = Write(Store);
+        EXPECT_EQ(Get(oid)->Delete(), Status::Ok);
+        return file;
+    };
+    const auto isDays = ::testing::AllOf(HasSubstr("\r\nRRULE:FREQ=DAILY"), HasSubstr("X-TAVO-WHOLE-DTEND"));
+    EXPECT_THAT(leaves([](StoredItem&) {}), ::testing::Not(isDays));
+    EXPECT_THAT(leaves([](StoredItem& item) { item.Pattern.LastDay += 1; }), isDays);
+    EXPECT_THAT(leaves([](StoredItem& item) { item.Start = item.End = At("2026-03-02 00:00"); }), isDays);
+    EXPECT_THAT(leaves([](StoredItem& item) { item.Pattern.Interval = 2; }), isDays);
+    EXPECT_THAT(leaves([](StoredItem& item) { item.ReminderSet = true; }), isDays);
+    EXPECT_THAT(leaves([](StoredItem& item) {
+                    item.Exceptions.emplace_back().Original = At("2026-03-05 00:00"); // cancelled
+                }),
+                isDays);
+    EXPECT_THAT(leaves([](StoredItem& item) { item.Carried.replace(item.Carried.find("20260415"), 8, "20260320"); }),
+                isDays);
+}
+
 TEST_F(Exporting, AZoneThatCameAlongComesBack) {
     ImportWriter writer(Store);
     ImportOutcome outcome;

@@ -186,6 +186,26 @@ TEST_F(Export, AMemoThatIsNoneIsRefusedAndTheOthersComeIn) {
     EXPECT_EQ(Device.Run({"memo", "list"}).Output, "20260315_1.pwi\n");
 }
 
+TEST_F(Export, LongEntriesLeaveAsTheyCameAndAreKnownAgain) {
+    CommandDevice first;
+    CommandDevice second;
+    EXPECT_THAT(first.Run({"import", std::string(TAVO_TEST_DATA) + "/long_entries.ics"}).Output, StartsWith("5 new, "));
+    const std::string file = first.Place("out.ics").string();
+    ASSERT_EQ(first.Run({"export", file}).Status, 0);
+    const std::string text = ReadWhole(file);
+    EXPECT_THAT(text, AllOf(HasSubstr("\r\nDTSTART;VALUE=DATE:20260301\r\nDTEND;VALUE=DATE:20260415\r\n"),
+                            HasSubstr("\r\nDTSTART;TZID=Europe/Berlin:20260302T150000\r\n"
+                                      "DTEND;TZID=Europe/Berlin:20260410T110000\r\n"),
+                            HasSubstr("\r\nDTSTART:20260302T000000\r\nDURATION:P40D\r\n"),
+                            HasSubstr("\r\nDTSTART;VALUE=DATE:20260701\r\nDTEND;VALUE=DATE:20260901\r\n"
+                                      "RRULE:FREQ=YEARLY\r\n"),
+                            Not(HasSubstr("X-TAVO-WHOLE"))));
+    EXPECT_THAT(first.Run({"import", file}).Output, StartsWith("0 new, 0 changed, 5 unchanged, "));
+    EXPECT_THAT(second.Run({"import", file}).Output, StartsWith("5 new, "));
+    EXPECT_EQ(Agenda(second), Agenda(first));
+    EXPECT_EQ(WithoutStamps(second.Run({"export"}).Output), WithoutStamps(text));
+}
+
 TEST_F(Export, AnEmptyCalendarIsAFileWithoutEvents) {
     CommandDevice other;
     const CommandResult result = other.Run({"export"});
