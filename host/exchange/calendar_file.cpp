@@ -162,10 +162,18 @@ bool CalendarFileReader::WriteSeries() {
         exception.Original += shift;
         rules::StoredItem& series = later.empty() ? Entry.Item : later.back();
         std::string reason;
-        if (change.Cancelled && !EndSeriesBefore(series, exception.Original)) {
-            return Sink.OnPassedOver(PassedOver::Cancelled, change.Line, {}); // all of it is cancelled
-        }
         if (change.Cancelled) {
+            const Zone* const zone = Entry.Start.In;
+            const SeriesEnd end =
+                EndSeriesBefore(series, exception.Original, zone == nullptr ? nullptr : zone->Rules.get());
+            if (end == SeriesEnd::NothingLeft) { // all of it is cancelled
+                return Sink.OnPassedOver(PassedOver::Cancelled, change.Line, {});
+            }
+            if (end == SeriesEnd::CannotBeSaid &&
+                !Sink.OnRefused(change.Line, "it cancels all later occurrences of a series at once (RANGE), in a way "
+                                             "that no rule here can say")) {
+                return false;
+            }
             break;
         }
         if (std::optional<rules::StoredItem> split = SplitSeries(series, change, exception, reason); split) {

@@ -1,6 +1,7 @@
 // The later series begins where the occurrence was moved to, and so do all that follow it.
 #include "host/exchange/series_split.h"
 
+#include "host/exchange/rule_split.h"
 #include "host/rules/recurrence.h"
 
 #include <algorithm>
@@ -57,33 +58,74 @@ bool ShiftPattern(StoredPattern& pattern, DayNumber start, DayNumber days) {
     }
 }
 
+RuleSeries RuleOf(const StoredItem& series, const rules::ZoneRules* own) {
+    return {series.ForeignRule, StartOf(series), series.AllDay, series.Zone, own};
+}
+
+// The pattern or rule of what follows an occurrence, counted from where that was moved to. False where no rule here
+// can say it.
+bool MakeLaterRule(const StoredItem& series, const StoredException& change, const rules::ZoneRules* own,
+                   StoredItem& later) {
+    later.Pattern = series.Pattern;
+    if (series.Pattern.Type == kRecursForeign) {
+        std::optional<SplitLines> split =
+            SplitRuleLines(RuleOf(series, own), change.Original, change.Start - change.Original);
+        if (split && split->After.empty()) {
+            later.Pattern = {};
+        } else if (split) {
+            later.ForeignRule = std::move(split->After);
+        }
+        return split.has_value();
+    }
+    const DayNumber days = DayOf(change.Start) - DayOf(change.Original);
+    if (rules::FindPatternFault(series.Pattern) != rules::PatternFault::None ||
+        !ShiftPattern(later.Pattern, DayOf(change.Start), days)) {
+        return false;
+    }
+    if (later.Pattern.End == PatternEnd::AfterCount) {
+        const rules::RecurrenceDays walk(series.Pattern, DayOf(StartOf(series)));
+        later.Pattern.Occurrences -= static_cast<std::int32_t>(walk.CountThrough(DayOf(change.Original) - 1));
+    }
+    return true;
+}
+
 } // namespace
 
-bool EndSeriesBefore(StoredItem& series, Seconds original) {
-    series.Pattern.End = PatternEnd::OnDate;
-    series.Pattern.LastDay = DayOf(original) - 1;
+SeriesEnd EndSeriesBefore(StoredItem& series, Seconds original, const rules::ZoneRules* own) {
+    if (original <= StartOf(series)) {
+        return SeriesEnd::NothingLeft;
+    }
+    if (series.Pattern.Type == kRecursForeign) {
+        std::optional<SplitLines> split = SplitRuleLines(RuleOf(series, own), original, 0);
+        if (!split) {
+            return SeriesEnd::CannotBeSaid;
+        }
+        series.ForeignRule = std::move(split->Before);
+    } else {
+        const DayNumber last = DayOf(original) - 1;
+        if (last < DayOf(StartOf(series))) {
+            return SeriesEnd::NothingLeft;
+        }
+        series.Pattern.End = PatternEnd::OnDate;
+        series.Pattern.LastDay = last;
+    }
     std::erase_if(series.Exceptions,
                   [original](const StoredException& exception) { return exception.Original >= original; });
-    return series.Pattern.LastDay >= DayOf(StartOf(series));
+    return SeriesEnd::Ended;
 }
 
 std::optional<StoredItem> SplitSeries(StoredItem& series, const EventEntry& entry, const StoredException& change,
                                       std::string& reason) {
     StoredItem later = entry.Item;
     const Seconds shift = change.Start - change.Original;
-    const DayNumber days = DayOf(change.Start) - DayOf(change.Original);
-    later.Pattern = series.Pattern;
-    const bool isOurs = series.Pattern.Type != kRecursForeign && series.IsRecurring() &&
-                        rules::FindPatternFault(series.Pattern) == rules::PatternFault::None &&
-                        series.AllDay == later.AllDay && ShiftPattern(later.Pattern, DayOf(change.Start), days);
-    if (!isOurs || later.Zone != series.Zone) {
+    const rules::ZoneRules* const own = entry.Start.In == nullptr ? nullptr : entry.Start.In->Rules.get();
+    StoredItem earlier = series;
+    const bool isOurs = series.IsRecurring() && series.AllDay == later.AllDay && later.Zone == series.Zone &&
+                        MakeLaterRule(series, change, own, later);
+    const SeriesEnd end = isOurs ? EndSeriesBefore(earlier, change.Original, own) : SeriesEnd::CannotBeSaid;
+    if (end == SeriesEnd::CannotBeSaid) {
         reason = "it changes all later occurrences of a series at once (RANGE), in a way that no rule here can say";
         return std::nullopt;
-    }
-    const DayNumber before = DayOf(change.Original) - 1;
-    if (later.Pattern.End == PatternEnd::AfterCount) {
-        const rules::RecurrenceDays walk(series.Pattern, DayOf(StartOf(series)));
-        later.Pattern.Occurrences -= static_cast<std::int32_t>(walk.CountThrough(before));
     }
     for (const StoredException& exception : series.Exceptions) {
         if (exception.Original > change.Original) {
@@ -91,7 +133,8 @@ std::optional<StoredItem> SplitSeries(StoredItem& series, const EventEntry& entr
             later.Exceptions.back().Original += shift;
         }
     }
-    if (EndSeriesBefore(series, change.Original)) {
+    if (end == SeriesEnd::Ended) {
+        series = std::move(earlier);
         later.Uid += "/" + entry.OccurrenceText;
     } else {
         later.Uid = series.Uid;

@@ -15,7 +15,10 @@ namespace tavo::exchange {
 std::optional<rules::StoredItem> SplitSeries(rules::StoredItem& series, const EventEntry& entry,
                                              const rules::StoredException& change, std::string& reason);
 
-// Ends the series before that occurrence; false where nothing of it is left.
-bool EndSeriesBefore(rules::StoredItem& series, rules::Seconds original);
+enum class SeriesEnd { Ended, NothingLeft, CannotBeSaid };
+
+// Ends the series before that occurrence. `own`: the rules of its zone, null for none. Where it gives another result
+// than Ended the series is as it was.
+SeriesEnd EndSeriesBefore(rules::StoredItem& series, rules::Seconds original, const rules::ZoneRules* own);
 
 } // namespace tavo::exchange
