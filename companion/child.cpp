@@ -1,7 +1,7 @@
 // Starting, talking to and ending a child.
 #include "companion/child.h"
 
-#include "host/posix/device_processes.h"
+#include "host/posix/installed_parts.h"
 
 #include <array>
 #include <cerrno>
@@ -125,7 +125,7 @@ std::string Child::ReadLine(int patience) {
 }
 
 std::string HelperProgram(const std::string& name) {
-    return posix::RunningProgramFolder() + "/../lib/tavocalendar/" + name;
+    return posix::FindProgram(posix::RunningProgramFolder(), name);
 }
 
 } // namespace tavo::companion

@@ -1,8 +1,8 @@
 // The loop of the waiting process, and what wakes it.
 #include "companion/companion.h"
 
-#include "host/posix/device_processes.h"
 #include "host/posix/folder_notice.h"
+#include "host/posix/installed_parts.h"
 #include "host/posix/store_machine.h"
 #include "host/posix/zone_database.h"
 #include "host/rules/zones.h"
@@ -77,7 +77,7 @@ Companion::Companion(const files::DeviceRoot& root)
                   [this](std::uint32_t question, const auto& placed) { TakePlacement(question, placed); },
                   [this](std::uint32_t card, const auto& placed) { TakeMove(card, placed); },
                   [this] { return Device == nullptr ? 0 : Device->Ledger.ToWall(Now()); }}),
-      Round(posix::RunningProgramFolder() + "/RSound") {}
+      Round(posix::FindProgram(posix::RunningProgramFolder(), "RSound")) {}
 
 Companion::~Companion() = default;
 

@@ -4,7 +4,7 @@
 #include "companion/night_round.h"
 #include "host/locale/harmless_text.h"
 #include "host/outlook/store.h"
-#include "host/posix/device_processes.h"
+#include "host/posix/installed_parts.h"
 #include "host/posix/login_entry.h"
 #include "host/posix/root_folder.h"
 
@@ -27,7 +27,7 @@ void EnterAtLogin(const posix::RootEnvironment& environment) {
     posix::LoginEntry entry;
     if (environment.TavoHome.empty() && !entry.IsDecided()) {
         // Where it cannot be written, reminders come once the calendar is started.
-        static_cast<void>(entry.SwitchOn(posix::RunningProgramFolder() + "/RSound", ""));
+        static_cast<void>(entry.SwitchOn(posix::FindProgram(posix::RunningProgramFolder(), "RSound"), ""));
     }
 }
 

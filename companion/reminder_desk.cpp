@@ -3,6 +3,7 @@
 
 #include "host/locale/utf.h"
 #include "host/posix/device_processes.h"
+#include "host/posix/installed_parts.h"
 #include "host/posix/instance_lock.h"
 #include "platform/device_paths.h"
 #include "platform/outlook.h"
@@ -18,7 +19,7 @@ namespace {
 constexpr std::u16string_view kHouseSound = u"\\Windows\\Chime.wav";
 
 std::string InstalledSounds() {
-    return posix::RunningProgramFolder() + "/../share/tavocalendar/sounds";
+    return posix::FindShared(posix::RunningProgramFolder(), "sounds");
 }
 
 } // namespace
@@ -166,7 +167,7 @@ void ReminderDesk::OpenItem(std::int32_t item) {
     // Also beside one that runs: it may be about to end, and a start knows to take its place then. One thread, and
     // nobody else reads the variable: it is for the one that is started.
     static_cast<void>(setenv("XDG_ACTIVATION_TOKEN", Token.c_str(), 1));
-    static_cast<void>(posix::StartDetached({posix::RunningProgramFolder() + "/tavocalendar"}));
+    static_cast<void>(posix::StartDetached({posix::FindProgram(posix::RunningProgramFolder(), "tavocalendar")}));
     static_cast<void>(unsetenv("XDG_ACTIVATION_TOKEN"));
 }
 

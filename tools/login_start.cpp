@@ -3,6 +3,7 @@
 
 #include "host/posix/device_processes.h"
 #include "host/posix/file_descriptor.h"
+#include "host/posix/installed_parts.h"
 #include "host/posix/login_entry.h"
 
 #include <cerrno>
@@ -54,7 +55,7 @@ std::string WhyNotWritten(const posix::LoginEntry& entry) {
 } // namespace
 
 std::string StartAtLogin(const files::DeviceRoot& root) {
-    const std::string program = posix::RunningProgramFolder() + "/RSound";
+    const std::string program = posix::FindProgram(posix::RunningProgramFolder(), "RSound");
     const std::string device = FindNamedRoot(root);
     for (const std::string& path : {program, device}) {
         if (!posix::LoginEntry::CanName(path)) {

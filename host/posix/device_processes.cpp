@@ -144,16 +144,6 @@ class ProgramStart {
 
 } // namespace
 
-std::string RunningProgramFolder() {
-    std::string path(4096, '\0');
-    const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
-    if (length <= 0) {
-        return {};
-    }
-    path.resize(static_cast<std::size_t>(length));
-    return path.substr(0, path.rfind('/'));
-}
-
 bool StartDetached(const std::vector<std::string>& arguments) {
     if (arguments.empty() || !IsExecutable(arguments.front())) {
         return false;
@@ -202,7 +192,7 @@ std::optional<std::vector<std::string>> DeviceProcesses::Resolve(std::u16string_
     std::optional<std::vector<std::string>> command;
     if (folded == FoldPath(kClockProgram)) {
         command = FindClock();
-    } else if (const std::string companion = ProgramFolder + "/RSound";
+    } else if (const std::string companion = FindProgram(ProgramFolder, "RSound");
                folded == FoldPath(kCompanionProgram) && IsExecutable(companion)) {
         command = {companion};
     }

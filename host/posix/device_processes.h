@@ -1,6 +1,7 @@
 // Other programs of the device as programs of this machine.
 #pragma once
 
+#include "host/posix/installed_parts.h"
 #include "platform/processes.h"
 
 #include <optional>
@@ -9,14 +10,11 @@
 
 namespace tavo::posix {
 
-// The folder of the running executable; empty when the system does not tell.
-std::string RunningProgramFolder();
-
 // Starts a program that outlives us: in a session of its own, with no descriptor of ours and nothing printed. False
 // when there is no such executable. The first argument is the executable's path.
 bool StartDetached(const std::vector<std::string>& arguments);
 
-// Only two programs exist: RSound.exe, the companion beside the running executable, and \Windows\Clock.exe, the
+// Only two programs exist: RSound.exe, the companion of the running executable, and \Windows\Clock.exe, the
 // desktop's clock (TAVO_CLOCK if set, else the first of a short list that PATH has).
 class DeviceProcesses final : public IProcesses {
   public:

@@ -157,8 +157,4 @@ TEST_F(DeviceProcessesTest, AProgramStartsWhenThereIsTimeForItAndOnce) {
     EXPECT_TRUE(waitForLines("first\nlast\n"));
 }
 
-TEST(RunningProgramFolder, IsWhereThisTestLies) {
-    EXPECT_TRUE(std::filesystem::exists(RunningProgramFolder() + "/posix_test"));
-}
-
 } // namespace tavo::posix
