@@ -10,7 +10,8 @@ Sound::PlayFile Sound::LoadPlayer() {
     if (!WasLoaded) {
         WasLoaded = true;
         const QString folder = QCoreApplication::applicationDirPath();
-        for (const char* place : {"/../lib/tavocalendar/tavo_sound.so", "/tavo_sound.so"}) {
+        for (const char* place :
+             {"/../lib/tavocalendar/tavo_sound.so", "/../libexec/tavocalendar/tavo_sound.so", "/tavo_sound.so"}) {
             QLibrary library(folder + QLatin1String(place));
             if (library.load()) {
                 Player = reinterpret_cast<PlayFile>(library.resolve("TavoPlayFile"));
