@@ -6,6 +6,7 @@
 #include "app/ink_recovery.h"
 #include "app/unsaved_tags_offer.h"
 #include "memo/moving_memos.h"
+#include "platform/activation.h"
 #include "platform/device_paths.h"
 #include "res/menus.h"
 #include "res/resource_ids.h"
@@ -177,7 +178,19 @@ std::optional<SYSTEMTIME> CVantorView::SelectedDay() {
 }
 
 void CVantorView::OpenItem(Oid oid) {
-    if (SchedulePage && !State.Busy) {
+    if (!SchedulePage || State.Busy) {
+        return;
+    }
+    switch (static_cast<NewItemWish>(oid)) {
+    case NewItemWish::Alarm:
+        return SchedulePage->MakeItem(ItemKind::Alarm);
+    case NewItemWish::Holiday:
+        return SchedulePage->MakeItem(ItemKind::Holiday);
+    case NewItemWish::Anniversary:
+        return SchedulePage->MakeItem(ItemKind::Anniversary);
+    case NewItemWish::Appointment:
+        return SchedulePage->MakeItem(ItemKind::Appointment);
+    default:
         SchedulePage->OpenItem(oid);
     }
 }

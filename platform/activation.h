@@ -8,6 +8,9 @@ namespace tavo {
 // To the frame: show this item; Id is its OID. Input, so that nobody gets it while a dialog or a message box is open.
 constexpr MessageNumber WM_OPENITEM = WM_APP + 3;
 
+// In its Id, instead of an OID: a new item is to be made, of this kind.
+enum class NewItemWish : int { Alarm = -1, Holiday = -2, Anniversary = -3, Appointment = -4 };
+
 // To the frame: calendar files were opened with the program, and wait to be imported. Input likewise.
 constexpr MessageNumber WM_IMPORTFILES = WM_APP + 4;
 

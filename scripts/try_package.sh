@@ -50,7 +50,7 @@ inside tavo reminders off
 say "Starting the window"
 inside sh -c 'Xvfb :7 -screen 0 480x640x24 >/dev/null 2>&1 & x=$!; sleep 2
               DISPLAY=:7 tavocalendar >/tmp/said 2>&1 & p=$!; sleep 6
-              DISPLAY=:7 import -window root /tmp/picture.png; kill -0 $p; alive=$?; kill $p; sleep 1; pkill RSound; kill $x; exit $alive' ||
+              DISPLAY=:7 import -window root /tmp/picture.png; kill -0 $p; alive=$?; kill $p; sleep 1; tavo reminders off; kill $x; exit $alive' ||
     fail "the window did not stay: $(cat "$root/tmp/said")"
 [ -z "$picture" ] || cp "$root/tmp/picture.png" "$picture"
 

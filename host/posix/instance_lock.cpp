@@ -210,6 +210,7 @@ bool InstanceLock::HasActivationRequest(const std::string& runFolder) {
 }
 
 ErrorCode InstanceLock::RequestItem(const std::string& runFolder, std::int32_t oid, std::string_view token) {
+    static_cast<void>(mkdir(runFolder.c_str(), 0700)); // when it is missing and cannot be made, the request tells
     std::string text = std::to_string(oid);
     if (!token.empty() && token.size() <= kLongestToken - kLongestOid) {
         text.append(1, kBetween).append(token);

@@ -28,7 +28,7 @@ enum class LockOutcome {
 // What brings the running program forward.
 struct ActivationRequest {
     std::string Token;                   // the desktop's activation token, perhaps empty
-    std::int32_t Item = 0;               // OID of the item to show, or 0
+    std::int32_t Item = 0;               // OID of the item to show, a NewItemWish, or 0
     std::vector<std::string> Files = {}; // paths of calendar files to import
 };
 
@@ -54,8 +54,8 @@ class InstanceLock {
     static ErrorCode RequestActivation(const std::string& runFolder, std::string_view token);
     // Whether nobody has taken it yet.
     static bool HasActivationRequest(const std::string& runFolder);
-    // Asks for an item, of a program that runs or is about to be started. Forgotten when nobody takes it in a minute.
-    // `token` as above, perhaps empty.
+    // Asks for an item (its OID, or a NewItemWish), of a program that runs or is about to be started. Forgotten when
+    // nobody takes it in a minute. `token` as above, perhaps empty.
     static ErrorCode RequestItem(const std::string& runFolder, std::int32_t oid, std::string_view token);
 
     // Asks to import files, of a program that runs or is about to be started; forgotten like an item. Absolute paths.

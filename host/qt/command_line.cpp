@@ -1,17 +1,21 @@
 // The few words that the program takes.
 #include "host/qt/command_line.h"
 
+#include "platform/activation.h"
+
 #include <algorithm>
 #include <array>
 #include <filesystem>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 namespace tavo::qt {
 namespace {
 
 using Wish = CommandLine::Wish;
 
+constexpr std::string_view kNewOption = "--new";
 constexpr std::array<std::string_view, 3> kToolkitOptions{"-platform", "-display", "-session"}; // each with a value
 
 CommandLine Refuse(std::string problem) {
@@ -23,6 +27,18 @@ std::optional<std::string_view> FindToolkitOption(std::string_view word) {
     const std::string_view single = word.starts_with("--") ? word.substr(1) : word;
     const auto found = std::find(kToolkitOptions.begin(), kToolkitOptions.end(), single);
     return found == kToolkitOptions.end() ? std::nullopt : std::optional(*found);
+}
+
+// 0 for a word that is none of them.
+std::int32_t FindWish(std::string_view kind) {
+    constexpr std::array<std::pair<std::string_view, NewItemWish>, 4> wishes{
+        {{"alarm", NewItemWish::Alarm},
+         {"holiday", NewItemWish::Holiday},
+         {"anniversary", NewItemWish::Anniversary},
+         {"appointment", NewItemWish::Appointment}}};
+    const auto found =
+        std::find_if(wishes.begin(), wishes.end(), [kind](const auto& wish) { return wish.first == kind; });
+    return found == wishes.end() ? 0 : static_cast<std::int32_t>(found->second);
 }
 
 // The copy that runs may have been started elsewhere. Nothing for no name, or where nobody knows the folder.
@@ -38,6 +54,7 @@ const std::string_view kHelpText = R"(Tavo Calendar: appointments, alarms and ha
 
   tavocalendar               opens the calendar; one that is open already comes forward
   tavocalendar FILE...       the same, and asks whether to import these calendar files (iCalendar, .ics)
+  tavocalendar --new KIND    the same, and makes a new appointment, alarm, holiday or anniversary
   tavocalendar --help        shows this
   tavocalendar --version     shows the version
 
@@ -63,6 +80,17 @@ CommandLine ReadCommandLine(std::span<char* const> arguments) {
                 return Refuse("The option " + std::string(word) + " needs a value.");
             }
             line.NamesPlatform = line.NamesPlatform || *option != "-session";
+            continue;
+        }
+        if (word == "--new" || word.starts_with("--new=")) {
+            const bool hasValue = word.size() > kNewOption.size() || ++i < arguments.size();
+            const std::string_view kind = word == kNewOption && hasValue
+                                              ? std::string_view(arguments[i])
+                                              : word.substr(std::min(word.size(), kNewOption.size() + 1));
+            line.NewItem = FindWish(kind);
+            if (line.NewItem == 0) {
+                return Refuse("Say what is to be new: --new appointment, alarm, holiday or anniversary.");
+            }
             continue;
         }
         if (word.starts_with('-')) {

@@ -1,6 +1,7 @@
 // What the program was told when it was started.
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -14,6 +15,7 @@ struct CommandLine {
     Wish Wanted = Wish::Run;
     std::string Problem = {};            // of a refusal, one sentence
     bool NamesPlatform = false;          // the toolkit is told what to show its windows on
+    std::int32_t NewItem = 0;            // a NewItemWish, or 0
     std::vector<std::string> Files = {}; // calendar files to be imported, as absolute paths
 };
 

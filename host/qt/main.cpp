@@ -145,8 +145,12 @@ Ending RunOn(const tavo::files::DeviceRoot& root) {
 }
 
 // The files go the same way whether this copy imports them or one that runs already.
-Ending RunWith(const tavo::files::DeviceRoot& root, const std::vector<std::string>& files) {
+Ending RunWith(const tavo::files::DeviceRoot& root, const tavo::qt::CommandLine& line) {
     using tavo::posix::InstanceLock;
+    const std::vector<std::string>& files = line.Files;
+    if (line.NewItem != 0) { // without room for the wish the calendar opens all the same
+        static_cast<void>(InstanceLock::RequestItem(root.RunFolder(), line.NewItem, ""));
+    }
     if (files.empty()) {
         return RunOn(root);
     }
@@ -194,7 +198,7 @@ int main(int argc, char** argv) {
         return RefuseOnScreen(root.Problem);
     }
     qt::BeginPreparingFonts();
-    const Ending ending = RunWith(*root.Root, line.Files);
+    const Ending ending = RunWith(*root.Root, line);
     qt::FinishPreparingFonts(); // not given up half done, when a window was there already
     return ending.Problem == nullptr ? ending.Status : RefuseOnScreen(ending.Problem);
 }

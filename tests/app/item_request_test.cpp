@@ -63,6 +63,33 @@ TEST_F(ItemRequests, BringsAMinimisedProgramBackFirst) {
     ASSERT_TRUE(Program.Settle());
 }
 
+TEST_F(ItemRequests, ANewItemOfEachKindCanBeWished) {
+    constexpr std::pair<NewItemWish, ItemKind> wishes[] = {{NewItemWish::Alarm, ItemKind::Alarm},
+                                                           {NewItemWish::Holiday, ItemKind::Holiday},
+                                                           {NewItemWish::Anniversary, ItemKind::Anniversary},
+                                                           {NewItemWish::Appointment, ItemKind::Appointment}};
+    ASSERT_TRUE(Program.Start());
+    for (const auto& [wish, kind] : wishes) {
+        Program.Device.RequestItem(static_cast<std::int32_t>(wish));
+        Program.Device.Tap(70, 20); // the page with the subject
+        Program.Device.TypeInto(kEditSubject, u"Wished");
+        Program.Device.TapControl(IDOK);
+        ASSERT_TRUE(Program.Settle());
+        EXPECT_FALSE(Program.Device.See.IsDialogOpen());
+    }
+    for (Oid oid = 1; oid <= 4; ++oid) {
+        EXPECT_TRUE(IsThere(oid));
+        EXPECT_EQ(Program.State().Categories.KindOf(oid), wishes[oid - 1].second);
+    }
+}
+
+TEST_F(ItemRequests, AWishThatIsNoneOpensNothing) {
+    ASSERT_TRUE(Program.Start());
+    Program.Device.RequestItem(-5);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_FALSE(Program.Device.See.IsDialogOpen());
+}
+
 TEST_F(ItemRequests, AnItemThatIsGoneOpensNothing) {
     const Oid oid = GivenDentist();
     Program.Delete(oid);

@@ -100,7 +100,8 @@ TEST_F(ProgramStart, HelpAndVersionAnswerWithoutADisplayToo) {
 }
 
 TEST_F(ProgramStart, AnythingElseIsRefusedWithStatusTwo) {
-    for (const std::string word : {"--nonsense", "-x", "''", "'-some\x1B[31mthing'"}) {
+    for (const std::string word : {"--nonsense", "-x", "--new", "--new=", "--new=meeting", "--newer", "'--new' meeting",
+                                   "''", "'-some\x1B[31mthing'"}) {
         const Ending ending = Start(Home() + " QT_QPA_PLATFORM=offscreen", 20, word);
         EXPECT_EQ(ending.Status, 2) << word;
         EXPECT_THAT(ending.Words, HasSubstr("Try `tavocalendar --help`.")) << word;
