@@ -2,7 +2,9 @@
 #include "companion/night_round.h"
 
 #include "companion/notifications.h"
+#include "host/backup/kept_backups.h"
 #include "host/files/device_files.h"
+#include "host/locale/harmless_text.h"
 #include "host/outlook/diagnosis.h"
 #include "host/posix/posix_disk.h"
 #include "host/posix/store_machine.h"
@@ -65,6 +67,12 @@ RoundResult GoRound(const files::DeviceRoot& root) {
     disk.RemoveUnfinished(root.RunFolder());
     const outlook::Diagnosis diagnosis =
         outlook::DiagnoseStore(posix::SystemMachine(), root.StorePath(), outlook::CheckDepth::Full);
+    // What is damaged must not take the place of what is whole.
+    if (diagnosis.State == outlook::Verdict::Ok || diagnosis.State == outlook::Verdict::LeavesOut) {
+        if (std::string problem; !backup::KeepBackup(root, problem)) {
+            std::fprintf(stderr, "RSound: no backup of this night: %s\n", locale::MakeHarmless(problem).c_str());
+        }
+    }
     if (diagnosis.State == outlook::Verdict::Ok) {
         return RoundResult::Sound;
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tools/arguments.h"
+#include "tools/backup_options.h"
 
 namespace tavo::tools {
 
@@ -9,6 +10,8 @@ int RunAgenda(const AgendaOptions& options);
 int RunImport(const ImportOptions& options);
 int RunExport(const ExportOptions& options);
 int RunCheck();
+int RunBackup(const BackupOptions& options);
+int RunRestore(const BackupOptions& options);
 int RunReminders(const RemindersOptions& options);
 int RunMemo(const MemoOptions& options);
 

@@ -14,6 +14,7 @@ Commands:
   agenda           list the appointments of today, or of any days
   memo             list the handwritten memos, or export them as pictures
   reminders        list what will remind, what happened, and switch reminders on or off
+  backup FILE      keep everything in one file; restore-backup FILE brings it back
   check            say whether the calendar's files are sound, and what to do if not
 
   tavo COMMAND --help   explains a command

@@ -66,6 +66,20 @@ int RunCommand(Words words) {
         }
         return options->Help ? Print(kExportHelp) : RunExport(*options);
     }
+    if (command == "backup") {
+        const std::optional<BackupOptions> options = ParseBackup(rest, error);
+        if (!options) {
+            return Refuse(error, "tavo backup --help");
+        }
+        return options->Help ? Print(kBackupHelp) : RunBackup(*options);
+    }
+    if (command == "restore-backup") {
+        const std::optional<BackupOptions> options = ParseRestore(rest, error);
+        if (!options) {
+            return Refuse(error, "tavo restore-backup --help");
+        }
+        return options->Help ? Print(kRestoreHelp) : RunRestore(*options);
+    }
     if (command == "check") {
         const std::optional<CheckOptions> options = ParseCheck(rest, error);
         if (!options) {

@@ -7,6 +7,7 @@
 #include "tests/companion/running_companion.h"
 #include "tests/outlook/planted_rule.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <ctime>
@@ -88,6 +89,7 @@ TEST_F(NightRoundTest, OneThatWasMissedIsMadeAtOnceAndClearsAway) {
     for (const fs::path& path : {foreign, memo, leftover, leftoverMemo, leftoverRequest}) {
         MakeOld(path);
     }
+    const fs::path cutShort = Write("Backups/night 2020-01-01 030000.tavo.unfinished");
     NoteCheck(std::time(nullptr) - 2 * kDay);
     StartCompanion(Bus.Address());
     ASSERT_TRUE(WaitForCheck());
@@ -99,6 +101,16 @@ TEST_F(NightRoundTest, OneThatWasMissedIsMadeAtOnceAndClearsAway) {
     EXPECT_TRUE(fs::exists(memo));
     EXPECT_TRUE(fs::exists(young));
     EXPECT_TRUE(Service.Came.empty());
+    const fs::path backups = Folder.Path / "Backups";
+    const auto isMade = [&backups] {
+        const fs::directory_iterator all(backups);
+        return std::count_if(begin(all), end(all), [](const fs::directory_entry& entry) {
+                   const std::string name = entry.path().filename().string();
+                   return name.starts_with("night 20") && name.ends_with(".tavo");
+               }) == 1;
+    };
+    EXPECT_TRUE(ServeUntil(isMade));
+    EXPECT_FALSE(fs::exists(cutShort));
 }
 
 TEST_F(NightRoundTest, OfANewStoreWaitsForItsNight) {

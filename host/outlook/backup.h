@@ -1,0 +1,55 @@
+// A copy of the store in a file of its own, with other files of the device inside it.
+#pragma once
+
+#include "host/outlook/store.h"
+#include "host/outlook/store_machine.h"
+#include "host/outlook/terms.h"
+#include "platform/outlook.h"
+#include "platform/status.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tavo::outlook {
+
+// A file of the device by its path from the root.
+struct KeptFile {
+    std::string Name;
+    std::vector<std::uint8_t> Bytes;
+};
+
+// Told how many of a thousand parts are done; false stops, and what was begun is of no use.
+using BackupProgress = std::function<bool(int)>;
+
+// Makes `draft`, for the user alone: the store as it is at this moment, whoever else uses it, and the files. It is
+// looked through at the end. Not Ok: `problem` says why, for people; it is empty when `goOn` stopped it.
+Status WriteBackup(IStoreMachine& machine, const std::filesystem::path& store, const std::filesystem::path& draft,
+                   std::span<const KeptFile> files, const BackupProgress& goOn, std::string& problem);
+
+struct BackupContents {
+    int Items = 0;
+    std::int64_t Time = 0; // when it was made, seconds since 1970
+    std::vector<KeptFile> Files;
+    std::vector<std::pair<TagList, Oid>> Tags; // in the order of each list
+};
+
+// Looks through all of it. Not Ok: it is none, it was cut or has changed, or a newer program made it; `problem` says
+// so.
+Status ReadBackup(IStoreMachine& machine, const std::filesystem::path& backup, BackupContents& contents,
+                  std::string& problem);
+
+// Puts the store of a backup that was read into the place of the live one, in one transaction that everybody who has it
+// open sees. `scratch` is a file that is not there, beside the store. Tags stay as the lists have them now: they are
+// the program's. So do the reminders that were shown.
+Status RestoreStore(IStoreMachine& machine, const std::filesystem::path& backup, const std::filesystem::path& scratch,
+                    const std::filesystem::path& store, std::string& problem);
+
+// Which items stand in which lists of the program, in the order of each.
+Status ListTags(const StorePtr& store, std::vector<std::pair<TagList, Oid>>& tags);
+
+} // namespace tavo::outlook
