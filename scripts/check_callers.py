@@ -29,7 +29,6 @@ SIGHTS = {
     ("host/ink/ink_control.h", "IsPenDown"): "the state of the pen",
     ("host/ink/paper_view.h", "ToControl"): "where a test has to put the pen",
     ("host/outlook/occurrence_reader.h", "ListStarts"): "the listing by starts alone",
-    ("host/outlook/store.h", "ReadItem"): "all that is stored of an item",
     ("host/qt/host.h", "Box"): "the open message box",
     ("host/qt/host.h", "Desktop"): "the window itself",
     ("host/qt/host.h", "OpenMenu"): "the open menu",

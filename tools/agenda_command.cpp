@@ -3,6 +3,7 @@
 #include "tools/commands.h"
 #include "tools/device.h"
 #include "tools/output.h"
+#include "tools/store_days.h"
 
 #include "host/locale/harmless_text.h"
 
@@ -28,10 +29,6 @@ Days ChooseDays(const AgendaOptions& options) {
     const Day today = GetToday();
     const Day first = options.From.value_or(options.To ? std::min(today, *options.To) : today);
     return {first, options.To.value_or(std::max(today, first))};
-}
-
-rules::DayNumber NumberOf(Day day) {
-    return day.time_since_epoch().count() + rules::kUnixEpochDay;
 }
 
 std::string DescribeNothing(const Days& days) {

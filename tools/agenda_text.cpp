@@ -2,7 +2,7 @@
 #include "tools/agenda_text.h"
 
 #include "host/locale/harmless_text.h"
-#include "tools/calendar_day.h"
+#include "tools/store_days.h"
 
 #include <algorithm>
 #include <array>
@@ -23,10 +23,6 @@ constexpr std::size_t kTimeColumn = 17;
 
 std::string_view NameKind(MirroredKind kind) {
     return kKindNames[static_cast<std::size_t>(kind)];
-}
-
-Day DayFromNumber(DayNumber day) {
-    return Day(std::chrono::days(day - rules::kUnixEpochDay));
 }
 
 void AppendClock(Seconds time, std::string& text) {

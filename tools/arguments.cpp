@@ -1,87 +1,13 @@
 // What the command line of `tavo` asks for.
 #include "tools/arguments.h"
 
-#include <algorithm>
-#include <array>
+#include "tools/option_values.h"
+
 #include <charconv>
 #include <system_error>
 
 namespace tavo::tools {
 namespace {
-
-// Walks the words of a command: options with their values, then what is no option.
-class WordReader {
-  public:
-    explicit WordReader(std::span<const std::string_view> words) : Words(words) {}
-
-    bool HasMore() const { return Next < Words.size(); }
-
-    // The next word; of --name=value only the name, whose value waits for TakeValue.
-    std::string_view Take() {
-        std::string_view word = Words[Next++];
-        HasAttached = false;
-        if (const std::size_t equals = word.find('='); IsOption(word) && equals != std::string_view::npos) {
-            Attached = word.substr(equals + 1);
-            HasAttached = true;
-            word = word.substr(0, equals);
-        }
-        Option = word;
-        if (!OptionsOver && word == "--") {
-            OptionsOver = true;
-            return HasMore() ? Take() : std::string_view();
-        }
-        return word;
-    }
-
-    bool IsOption(std::string_view word) const { return !OptionsOver && word.size() > 1 && word[0] == '-'; }
-
-    bool TakeValue(std::string_view& value, std::string& error) {
-        if (HasAttached) {
-            value = Attached;
-            HasAttached = false;
-        } else if (HasMore()) {
-            value = Words[Next++];
-        } else {
-            error = "The option " + std::string(Option) + " needs a value.";
-            return false;
-        }
-        return true;
-    }
-
-    // A --flag=value where the flag takes none.
-    bool RefuseValue(std::string& error) const {
-        if (!HasAttached) {
-            return true;
-        }
-        error = "The option " + std::string(Option) + " takes no value.";
-        return false;
-    }
-
-  private:
-    std::span<const std::string_view> Words;
-    std::size_t Next = 0;
-    std::string_view Option;
-    std::string_view Attached; // what stood behind an option's equals sign
-    bool HasAttached = false;
-    bool OptionsOver = false;
-};
-
-bool IsHelp(std::string_view word) {
-    return word == "--help" || word == "-h";
-}
-
-bool TakeDay(WordReader& reader, std::string_view option, std::optional<Day>& day, std::string& error) {
-    std::string_view value;
-    if (!reader.TakeValue(value, error)) {
-        return false;
-    }
-    day = ParseDay(value);
-    if (!day) {
-        error = "\"" + std::string(value) + "\" is not a date for " + std::string(option) +
-                ". Dates are written YYYY-MM-DD, like 2026-03-14.";
-    }
-    return day.has_value();
-}
 
 bool TakeTag(WordReader& reader, ImportTag& tag, std::string& error) {
     std::string_view value;
@@ -98,37 +24,6 @@ bool TakeTag(WordReader& reader, ImportTag& tag, std::string& error) {
         error = "\"" + std::string(value) + "\" is no kind for --as. The kinds are alarm, holiday and anniversary.";
         return false;
     }
-    return true;
-}
-
-bool TakeKind(WordReader& reader, std::optional<ExportKind>& kind, std::string& error) {
-    constexpr std::array<std::string_view, 4> names = {"alarm", "holiday", "anniversary", "appointment"};
-    std::string_view value;
-    if (!reader.TakeValue(value, error)) {
-        return false;
-    }
-    const auto found = std::find(names.begin(), names.end(), value);
-    if (found == names.end()) {
-        error = "\"" + std::string(value) +
-                "\" is no kind for --kind. The kinds are alarm, holiday, anniversary and appointment.";
-        return false;
-    }
-    kind = static_cast<ExportKind>(found - names.begin());
-    return true;
-}
-
-bool TakeItem(WordReader& reader, std::vector<std::int32_t>& items, std::string& error) {
-    std::string_view value;
-    if (!reader.TakeValue(value, error)) {
-        return false;
-    }
-    std::int32_t item = 0;
-    const auto [end, problem] = std::from_chars(value.data(), value.data() + value.size(), item);
-    if (problem != std::errc() || end != value.data() + value.size() || item < 1) {
-        error = "\"" + std::string(value) + "\" is no number of an item. `tavo agenda --tsv` tells them.";
-        return false;
-    }
-    items.push_back(item);
     return true;
 }
 
@@ -200,11 +95,6 @@ RemindersAction FindRemindersAction(std::string_view word) {
     return word == "off" ? RemindersAction::Off : RemindersAction::None;
 }
 
-std::string MakeUnknown(WordReader& reader, std::string_view word) {
-    return reader.IsOption(word) ? "There is no option " + std::string(word) + "."
-                                 : "\"" + std::string(word) + "\" is one word too many.";
-}
-
 } // namespace
 
 std::optional<AgendaOptions> ParseAgenda(std::span<const std::string_view> words, std::string& error) {
@@ -223,7 +113,7 @@ std::optional<AgendaOptions> ParseAgenda(std::span<const std::string_view> words
         } else if (IsHelp(word)) {
             options.Help = true;
         } else {
-            error = MakeUnknown(reader, word);
+            error = reader.DescribeUnknown(word);
             good = false;
         }
         if (!good) {
@@ -255,7 +145,7 @@ std::optional<ImportOptions> ParseImport(std::span<const std::string_view> words
         } else if (IsHelp(word)) {
             options.Help = true;
         } else {
-            error = MakeUnknown(reader, word);
+            error = reader.DescribeUnknown(word);
             return std::nullopt;
         }
     }
@@ -288,7 +178,7 @@ std::optional<MemoOptions> ParseMemo(std::span<const std::string_view> words, st
         } else if (!reader.IsOption(word) && options.Action == MemoAction::Export) {
             options.Names.emplace_back(word);
         } else {
-            error = MakeUnknown(reader, word);
+            error = reader.DescribeUnknown(word);
             good = false;
         }
         if (!good) {
@@ -313,7 +203,7 @@ std::optional<RemindersOptions> ParseReminders(std::span<const std::string_view>
                    action != RemindersAction::None && options.Action == RemindersAction::None) {
             options.Action = action;
         } else {
-            error = MakeUnknown(reader, word);
+            error = reader.DescribeUnknown(word);
             good = false;
         }
         if (!good) {
@@ -348,7 +238,7 @@ std::optional<ExportOptions> ParseExport(std::span<const std::string_view> words
             options.File = word == "-" ? std::string_view() : word;
             hasFile = true;
         } else {
-            error = MakeUnknown(reader, word);
+            error = reader.DescribeUnknown(word);
             good = false;
         }
         if (!good) {
@@ -368,7 +258,7 @@ std::optional<CheckOptions> ParseCheck(std::span<const std::string_view> words, 
     while (reader.HasMore()) {
         const std::string_view word = reader.Take();
         if (!IsHelp(word)) {
-            error = MakeUnknown(reader, word);
+            error = reader.DescribeUnknown(word);
             return std::nullopt;
         }
         options.Help = true;

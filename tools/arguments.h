@@ -1,7 +1,8 @@
 // What the command line of `tavo` asks for.
 #pragma once
 
-#include "tools/calendar_day.h"
+#include "tools/length.h"
+#include "tools/when.h"
 
 #include <cstdint>
 #include <optional>
@@ -21,6 +22,25 @@ constexpr int kExitInterrupted = 130; // as shells report an interrupt
 enum class ImportTag { None, Alarm, Holiday, Anniversary };
 
 enum class ExportKind { Alarm, Holiday, Anniversary, Appointment };
+
+// What is said of an item. What is not given stays as it is, or as it commonly is.
+struct ItemOptions {
+    std::optional<std::string> Subject;
+    std::optional<When> Start;
+    std::optional<When> End;
+    std::optional<Length> For;
+    bool AllDay = false;
+    std::optional<std::string> Rule; // the value of an RRULE
+    bool RuleInWords = false;        // so the start follows it
+    bool NoRepeat = false;
+    std::optional<int> Remind; // minutes before the start
+    bool NoRemind = false;
+    std::optional<std::string> Sound;
+    std::optional<ExportKind> Kind;
+    std::optional<std::string> Location;
+    std::optional<std::string> Note;
+    bool Help = false;
+};
 
 struct AgendaOptions {
     std::optional<Day> From;
@@ -70,6 +90,7 @@ struct RemindersOptions {
 };
 
 // Each reads the words after the command's name. Empty with a sentence in `error` when they make no sense.
+std::optional<ItemOptions> ParseAdd(std::span<const std::string_view> words, std::string& error);
 std::optional<AgendaOptions> ParseAgenda(std::span<const std::string_view> words, std::string& error);
 std::optional<ImportOptions> ParseImport(std::span<const std::string_view> words, std::string& error);
 std::optional<ExportOptions> ParseExport(std::span<const std::string_view> words, std::string& error);

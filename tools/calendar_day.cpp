@@ -9,10 +9,12 @@ namespace tavo::tools {
 namespace {
 
 constexpr int kFirstYear = 1601;
-constexpr std::array<const char*, 7> kWeekdays = {"Sunday",   "Monday", "Tuesday", "Wednesday",
-                                                  "Thursday", "Friday", "Saturday"};
-constexpr std::array<const char*, 12> kMonths = {"January", "February", "March",     "April",   "May",      "June",
-                                                 "July",    "August",   "September", "October", "November", "December"};
+constexpr std::size_t kShortName = 3;
+constexpr std::array<std::string_view, 7> kWeekdays = {"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                                       "Thursday", "Friday", "Saturday"};
+constexpr std::array<std::string_view, 12> kMonths = {"January",   "February", "March",    "April",
+                                                      "May",       "June",     "July",     "August",
+                                                      "September", "October",  "November", "December"};
 
 // The number that exactly `count` digits spell; -1 when a character is no digit.
 int ReadDigits(std::string_view text, std::size_t begin, std::size_t count) {
@@ -26,8 +28,15 @@ int ReadDigits(std::string_view text, std::size_t begin, std::size_t count) {
     return number;
 }
 
-const char* NameMonth(std::chrono::year_month_day date) {
-    return kMonths[static_cast<unsigned>(date.month()) - 1];
+// "21 November 2026"
+std::string WriteDate(std::chrono::year_month_day date) {
+    return std::to_string(static_cast<unsigned>(date.day())) + " " +
+           std::string(NameMonth(static_cast<unsigned>(date.month()))) + " " +
+           std::to_string(static_cast<int>(date.year()));
+}
+
+unsigned WeekdayOf(Day day) {
+    return std::chrono::weekday(day).c_encoding();
 }
 
 } // namespace
@@ -47,11 +56,16 @@ std::optional<Day> ParseDay(std::string_view text) {
     return date.ok() ? std::optional<Day>(date) : std::nullopt;
 }
 
-Day GetToday() {
+Moment GetNow() {
     const std::time_t now = std::time(nullptr);
     std::tm local{};
     localtime_r(&now, &local);
-    return std::chrono::year(local.tm_year + 1900) / (local.tm_mon + 1) / local.tm_mday;
+    return {std::chrono::year(local.tm_year + 1900) / (local.tm_mon + 1) / local.tm_mday,
+            local.tm_hour * 60 + local.tm_min};
+}
+
+Day GetToday() {
+    return GetNow().Date;
 }
 
 std::string WriteIsoDay(Day day) {
@@ -63,15 +77,31 @@ std::string WriteIsoDay(Day day) {
 }
 
 std::string WriteLongDay(Day day) {
-    const std::chrono::year_month_day date(day);
-    return std::string(kWeekdays[std::chrono::weekday(day).c_encoding()]) + ", " +
-           std::to_string(static_cast<unsigned>(date.day())) + " " + NameMonth(date) + " " +
-           std::to_string(static_cast<int>(date.year()));
+    return std::string(NameWeekday(WeekdayOf(day))) + ", " + WriteDate(day);
+}
+
+std::string WriteDayWithWeekday(Day day) {
+    return std::string(NameWeekday(WeekdayOf(day)).substr(0, kShortName)) + " " + WriteDate(day);
 }
 
 std::string WriteShortDay(Day day) {
     const std::chrono::year_month_day date(day);
-    return std::to_string(static_cast<unsigned>(date.day())) + " " + std::string(NameMonth(date), 3);
+    return std::to_string(static_cast<unsigned>(date.day())) + " " +
+           std::string(NameMonth(static_cast<unsigned>(date.month())).substr(0, kShortName));
+}
+
+std::string WriteClock(int minute) {
+    std::array<char, 24> text{};
+    std::snprintf(text.data(), text.size(), "%02d:%02d", minute / 60, minute % 60);
+    return text.data();
+}
+
+std::string_view NameWeekday(unsigned weekday) {
+    return kWeekdays[weekday];
+}
+
+std::string_view NameMonth(unsigned month) {
+    return kMonths[month - 1];
 }
 
 } // namespace tavo::tools

@@ -6,6 +6,7 @@
 
 namespace tavo::tools {
 
+int RunAdd(const ItemOptions& options);
 int RunAgenda(const AgendaOptions& options);
 int RunImport(const ImportOptions& options);
 int RunExport(const ExportOptions& options);

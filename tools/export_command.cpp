@@ -13,6 +13,7 @@
 #include "tools/interruption.h"
 #include "tools/output.h"
 #include "tools/progress_bar.h"
+#include "tools/store_days.h"
 
 #include <algorithm>
 #include <chrono>
@@ -27,10 +28,6 @@ using outlook::ExportReader;
 
 constexpr const char* kInterrupted = "tavo: Interrupted.\n";
 constexpr const char* kOldFileStays = "tavo: Interrupted. The file is as it was before.\n";
-
-rules::DayNumber NumberOf(Day day) {
-    return day.time_since_epoch().count() + rules::kUnixEpochDay;
-}
 
 // Where the pieces go: standard output, or a file that is replaced at the end.
 class Destination {

@@ -9,6 +9,7 @@ const std::string_view kGeneralHelp =
 Usage: tavo COMMAND [OPTIONS]
 
 Commands:
+  add SUBJECT      put an appointment into the calendar
   import PATH...   bring iCalendar files, or folders of them, into the calendar
   export [FILE]    write the calendar, or parts of it, as iCalendar
   agenda           list the appointments of today, or of any days
@@ -27,6 +28,30 @@ calendar's window is open.
 
 Exit status: 0 all went well, 1 something went wrong or was refused, 2 the command
 line was not understood.
+)";
+
+const std::string_view kAddHelp =
+    R"(tavo add - put an appointment into the calendar
+
+Usage: tavo add SUBJECT --start WHEN [--end WHEN | --for LENGTH] [OPTIONS]
+
+  --start WHEN      when it begins; without a time it lasts all day
+  --end WHEN        when it ends; of what lasts all day, its last day
+  --for LENGTH      how long it lasts; an hour if neither is given
+  --all-day         it has no times
+  --location TEXT   where it is
+  --note TEXT       what else there is to say
+  --help            show this text
+
+WHEN is a day, a time or both: today, tomorrow, fri, "next fri", 2026-12-01,
+2026-12-01T09:30, "1 dec", "dec 1 2027", +3d, "in 2 weeks", 9:30, 3pm, noon,
+"tomorrow 15:00". A time without a day is today's, a day without a year is the next one.
+"next fri" is the Friday of next week, which begins with Monday. LENGTH is minutes, or
+written like 1h30, "2 hours" or "3 days".
+
+What was understood is told in full, with the item's number.
+
+Exit status: 0 it was added, 1 it could not be, 2 the command line was not understood.
 )";
 
 const std::string_view kImportHelp =

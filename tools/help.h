@@ -6,6 +6,7 @@
 namespace tavo::tools {
 
 extern const std::string_view kGeneralHelp;
+extern const std::string_view kAddHelp;
 extern const std::string_view kImportHelp;
 extern const std::string_view kExportHelp;
 extern const std::string_view kAgendaHelp;

@@ -45,6 +45,13 @@ int RunCommand(Words words) {
     if (command == "--version") {
         return Print(kVersionText);
     }
+    if (command == "add") {
+        const std::optional<ItemOptions> options = ParseAdd(rest, error);
+        if (!options) {
+            return Refuse(error, "tavo add --help");
+        }
+        return options->Help ? Print(kAddHelp) : RunAdd(*options);
+    }
     if (command == "agenda") {
         const std::optional<AgendaOptions> options = ParseAgenda(rest, error);
         if (!options) {

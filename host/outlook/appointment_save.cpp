@@ -1,5 +1,6 @@
 // Saving and deleting: an item of its own, or one occurrence of a series as an exception to its rule.
 #include "host/outlook/appointment.h"
+#include "host/outlook/change_names.h"
 #include "host/rules/save_rules.h"
 
 #include <algorithm>
@@ -7,11 +8,6 @@
 namespace tavo::outlook {
 
 namespace {
-
-// The names of groups of one, as undo shows them.
-constexpr std::u16string_view kNameOfNew = u"New appointment";
-constexpr std::u16string_view kNameOfChange = u"Change of an appointment";
-constexpr std::u16string_view kNameOfDeletion = u"Deletion of an appointment";
 
 constexpr PutSet kPutOfOccurrence = kPutStart | kPutEnd | kPutSubject | kPutLocation;
 
