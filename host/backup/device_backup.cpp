@@ -87,8 +87,8 @@ bool PutFile(const std::string& root, const KeptFile& file, bool& changed) {
 std::string FindFreeName(const files::DeviceRoot& root) {
     auto moment = std::chrono::system_clock::now();
     std::string name = NameOfBackup(root, "before-restore", moment);
-    std::error_code ignored; // what cannot be looked at is told by the writing
-    while (fs::exists(name, ignored)) {
+    std::error_code error; // what cannot be looked at is told by the writing
+    while (fs::exists(name, error)) {
         moment += std::chrono::seconds(1);
         name = NameOfBackup(root, "before-restore", moment);
     }
@@ -130,7 +130,8 @@ bool BackUp(const files::DeviceRoot& root, const std::string& path, const outloo
     if (isWritten) {
         fs::permissions(draft, fs::perms::owner_read | fs::perms::owner_write, error);
         fs::rename(draft, path, error);
-        if (!error && posix::SyncFolder(fs::absolute(path).parent_path().string()) == ErrorCode::Success) {
+        const fs::path whole = error ? fs::path() : fs::absolute(path, error);
+        if (!error && posix::SyncFolder(whole.parent_path().string()) == ErrorCode::Success) {
             return true;
         }
         problem = "it cannot be put into its place";

@@ -107,8 +107,8 @@ bool KeepBackup(const files::DeviceRoot& root, std::string& problem) {
         return false;
     }
     for (const std::string& name : FindSpentBackups(ListBackups(root))) {
-        std::error_code ignored; // another night takes it away
-        fs::remove(BackupFolder(root) + "/" + name, ignored);
+        std::error_code error; // another night takes it away
+        fs::remove(BackupFolder(root) + "/" + name, error);
     }
     return true;
 }

@@ -17,6 +17,8 @@ struct ImportOutcome {
     ImportResult Result = ImportResult::Refused;
     Oid Item = 0;       // 0 when refused
     std::string Reason; // why it was refused, one English phrase
+
+    static ImportOutcome Refusal(std::string_view reason) { return {ImportResult::Refused, 0, std::string(reason)}; }
 };
 
 enum class TagWish { Join, Leave };

@@ -9,7 +9,7 @@ namespace {
 
 // Enough that handing over costs nothing beside reading, and little enough that both threads always have work.
 constexpr std::size_t kMostCalls = 100;
-constexpr std::size_t kMostBytes = 256 * 1024;
+constexpr std::size_t kMostBytes = std::size_t{256} * 1024;
 
 std::size_t SizeOf(const rules::StoredItem& item) {
     return item.Carried.size() + item.ForeignRule.size() + item.Body.size() + item.Ink.size() +

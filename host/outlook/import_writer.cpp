@@ -1,54 +1,21 @@
 // Imports: one transaction, each item looked up by its UID.
 #include "host/outlook/import_writer.h"
 
+#include "host/outlook/fresh_uids.h"
+#include "host/outlook/offered_exceptions.h"
 #include "host/outlook/own_uid.h"
 #include "host/outlook/store_core.h"
 #include "host/rules/save_rules.h"
 
 #include <algorithm>
-#include <functional>
 #include <map>
 #include <set>
-#include <unordered_set>
 #include <utility>
 
 namespace tavo::outlook {
 
-namespace {
-
-// What a store that had no UIDs holds of them since, by their hashes: at the first import of all nearly every look for
-// one is in vain.
-class FreshUids {
-  public:
-    void Begin(Database& database) {
-        Query query(database, "SELECT 1 FROM item WHERE uid IS NOT NULL LIMIT 1");
-        Added.clear();
-        IsComplete = !query.Next() && Succeeded(query.Result());
-    }
-
-    // Whether to look.
-    bool MayHold(const std::string& uid) const { return !IsComplete || Added.contains(HashOf(uid)); }
-
-    void Add(const std::string& uid) {
-        if (IsComplete) {
-            Added.insert(HashOf(uid));
-            IsComplete = Added.size() < kMost;
-        }
-    }
-
-  private:
-    static constexpr std::size_t kMost = 200'000; // a few megabytes
-
-    static std::size_t HashOf(const std::string& uid) { return std::hash<std::string>()(uid); }
-
-    bool IsComplete = false;
-    std::unordered_set<std::size_t> Added;
-};
-
-} // namespace
-
 struct ImportWriter::Work {
-    explicit Work(StorePtr store) : Source(std::move(store)), Core(CoreOf(*Source)) {}
+    explicit Work(StorePtr store) : Source(std::move(store)), Core(CoreOf(*Source)), Exceptions(Core) {}
 
     StorePtr Source;
     StoreCore& Core;
@@ -56,18 +23,7 @@ struct ImportWriter::Work {
     OwnUids Own{0}; // of the store
     FreshUids Fresh;
     std::map<std::string, std::string> ZoneNames; // of this calendar, to those of the store
-    std::map<Oid, std::set<Seconds>> Unoffered;   // exceptions that came by themselves before, not offered yet
-
-    // A series that exceptions come to by themselves: it is written once for all of them.
-    struct OpenSeries {
-        StoredItem Before;
-        StoredItem Item;
-        SaveFault Fault = SaveFault::None;
-        std::map<Seconds, std::size_t> Places; // of the exceptions, by recurrence id
-        bool Changed = false;
-    };
-
-    std::map<Oid, OpenSeries> Open;
+    OfferedExceptions Exceptions;
 
     // Results of an item that is in the store already, under `oid`.
     Status Replace(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome);
@@ -78,19 +34,13 @@ struct ImportWriter::Work {
     bool HoldsAlready(Oid oid, const StoredItem& item);
     // Of one that an earlier program imported from the same file without the lines that mean nothing here.
     Status AddCarried(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome);
-    void ExpectExceptions(const StoredItem& stored);
-    Status DropUnoffered();
-    Status Put(Oid oid, const StoredException& exception, ImportOutcome& outcome);
-    Status Fetch(Oid oid, OpenSeries*& series);
-    Status Close(Oid oid);
-    Status CloseAll();
+    // Of one that is as it came last time.
+    Status Keep(Oid oid, StoredItem& item, ImportOutcome& outcome);
+    // Of an item that may be stored: makes it, or does to the one that is there what is left to do.
+    Status Place(StoredItem& item, ImportOutcome& outcome);
 };
 
 namespace {
-
-bool CameByItself(const StoredException& exception) {
-    return exception.Source != kMadeHere && exception.Source != kCameInside;
-}
 
 bool RecursAlike(const StoredItem& left, const StoredItem& right) {
     return left.Pattern == right.Pattern && left.ForeignRule == right.ForeignRule && left.Zone == right.Zone &&
@@ -103,17 +53,6 @@ StoredItem WithoutCarried(StoredItem item) {
         exception.Carried.clear();
     }
     return item;
-}
-
-StoredException WithoutCarried(StoredException exception) {
-    exception.Carried.clear();
-    return exception;
-}
-
-void Refuse(ImportOutcome& outcome, std::string_view reason) {
-    outcome.Result = ImportResult::Refused;
-    outcome.Item = 0;
-    outcome.Reason = reason;
 }
 
 } // namespace
@@ -132,8 +71,7 @@ Status ImportWriter::Begin(std::u16string_view groupName) {
     State->Own = OwnUids(State->Begun ? ReadStoreIdentity(State->Core.Db) : 0);
     State->Fresh.Begin(State->Core.Db);
     State->ZoneNames.clear();
-    State->Unoffered.clear();
-    State->Open.clear();
+    State->Exceptions.Begin();
     return status;
 }
 
@@ -151,15 +89,6 @@ Status ImportWriter::DefineZone(const std::string& name, const std::string& comp
         State->ZoneNames[name] = stored;
     }
     return status;
-}
-
-// Remembers the exceptions that came by themselves: those not offered again go at the end.
-void ImportWriter::Work::ExpectExceptions(const StoredItem& stored) {
-    for (const StoredException& exception : stored.Exceptions) {
-        if (CameByItself(exception)) {
-            Unoffered[stored.Item].insert(exception.Original);
-        }
-    }
 }
 
 Status ImportWriter::Work::Replace(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome) {
@@ -184,10 +113,10 @@ Status ImportWriter::Work::Replace(Oid oid, StoredItem& item, std::int64_t sourc
         }
     }
     if (const SaveFault fault = CheckAndDerive(item); fault != SaveFault::None) {
-        Refuse(outcome, DescribeFault(fault));
+        outcome = ImportOutcome::Refusal(DescribeFault(fault));
         return Status::Ok;
     }
-    ExpectExceptions(before);
+    Exceptions.Expect(before);
     // A note that the import does not bring is not the import's to take away.
     status = Core.ChangeItem(before, item, item.Ink.empty() ? Ink::Leave : Ink::Take, source, outcome.Reason);
     outcome.Result = ImportResult::Changed;
@@ -221,7 +150,7 @@ Status ImportWriter::Work::AddCarried(Oid oid, StoredItem& item, std::int64_t so
     if (const Status status = Core.Items.Read(oid, Ink::Leave, before); Failed(status)) {
         return status;
     }
-    ExpectExceptions(before);
+    Exceptions.Expect(before);
     StoredItem after = before;
     after.Carried = item.Carried;
     for (StoredException& exception : after.Exceptions) {
@@ -237,6 +166,52 @@ Status ImportWriter::Work::AddCarried(Oid oid, StoredItem& item, std::int64_t so
     return Core.ChangeItem(before, after, Ink::Leave, source, outcome.Reason);
 }
 
+Status ImportWriter::Work::Keep(Oid oid, StoredItem& item, ImportOutcome& outcome) {
+    item.Item = oid;
+    outcome.Result = ImportResult::Unchanged;
+    if (!item.IsRecurring()) {
+        return Status::Ok;
+    }
+    StoredItem stored;
+    const Status status = Core.Items.Read(oid, Ink::Leave, stored);
+    if (Succeeded(status)) {
+        Exceptions.Expect(stored);
+    }
+    return status;
+}
+
+Status ImportWriter::Work::Place(StoredItem& item, ImportOutcome& outcome) {
+    const std::int64_t fingerprint = FingerprintOf(item);
+    std::int64_t source = 0;
+    Oid oid = 0;
+    Status status = FindByUid(item.Uid, oid, source);
+    if (Succeeded(status) && oid != 0) {
+        status = Exceptions.Close(oid);
+    }
+    if (Failed(status)) {
+        return status;
+    }
+    if (const Oid own = oid == 0 && !item.Uid.empty() ? FindOwn(item.Uid) : 0; own != 0) {
+        item.Uid.clear(); // it stays one that was made here
+        outcome.Result = ImportResult::Unchanged;
+        status = HoldsAlready(own, item) ? Status::Ok : Replace(own, item, kMadeHere, outcome);
+        item.Item = own;
+        return status;
+    }
+    if (oid == 0) {
+        status = Core.CreateItem(item, fingerprint, outcome.Reason);
+        Fresh.Add(item.Uid);
+        outcome.Result = ImportResult::New;
+        return status;
+    }
+    if (source == fingerprint) {
+        return Keep(oid, item, outcome);
+    }
+    return CarriesLines(item) && source == FingerprintOf(WithoutCarried(item))
+               ? AddCarried(oid, item, fingerprint, outcome)
+               : Replace(oid, item, fingerprint, outcome);
+}
+
 Status ImportWriter::Write(StoredItem item, ImportOutcome& outcome) {
     outcome = ImportOutcome();
     if (!State->Begun) {
@@ -248,145 +223,25 @@ Status ImportWriter::Write(StoredItem item, ImportOutcome& outcome) {
         item.Zone = name->second;
     }
     if (const SaveFault fault = CheckAndDerive(item); fault != SaveFault::None) {
-        Refuse(outcome, DescribeFault(fault));
+        outcome = ImportOutcome::Refusal(DescribeFault(fault));
         return Status::Ok;
     }
     if (const std::string fault = core.Items.Series().FindRuleFault(item); !fault.empty()) {
-        Refuse(outcome, fault);
+        outcome = ImportOutcome::Refusal(fault);
         return Status::Ok;
     }
-    const std::int64_t fingerprint = FingerprintOf(item);
     for (StoredException& exception : item.Exceptions) {
         exception.Source = kCameInside;
     }
-    std::int64_t source = 0;
-    Oid oid = 0;
-    Status status = State->FindByUid(item.Uid, oid, source);
-    if (Succeeded(status) && oid != 0) {
-        status = State->Close(oid);
-    }
-    if (Failed(status)) {
-        return status;
-    }
-    if (const Oid own = oid == 0 && !item.Uid.empty() ? State->FindOwn(item.Uid) : 0; own != 0) {
-        item.Uid.clear(); // it stays one that was made here
-        outcome.Result = ImportResult::Unchanged;
-        status = State->HoldsAlready(own, item) ? Status::Ok : State->Replace(own, item, kMadeHere, outcome);
-        item.Item = own;
-    } else if (oid == 0) {
-        status = core.CreateItem(item, fingerprint, outcome.Reason);
-        State->Fresh.Add(item.Uid);
-        outcome.Result = ImportResult::New;
-    } else if (source == fingerprint) {
-        outcome.Result = ImportResult::Unchanged;
-        StoredItem stored;
-        if (item.IsRecurring()) {
-            status = core.Items.Read(oid, Ink::Leave, stored);
-            if (Succeeded(status)) {
-                State->ExpectExceptions(stored);
-            }
-        }
-        item.Item = oid;
-    } else if (CarriesLines(item) && source == FingerprintOf(WithoutCarried(item))) {
-        status = State->AddCarried(oid, item, fingerprint, outcome);
-    } else {
-        status = State->Replace(oid, item, fingerprint, outcome);
-    }
+    const Status status = State->Place(item, outcome);
     if (status == Status::InvalidArgument && !outcome.Reason.empty()) {
-        Refuse(outcome, std::string(outcome.Reason));
+        outcome = ImportOutcome::Refusal(outcome.Reason);
         return Status::Ok;
     }
     if (outcome.Result != ImportResult::Refused) {
         outcome.Item = item.Item;
     }
     return status;
-}
-
-Status ImportWriter::Work::Fetch(Oid oid, OpenSeries*& series) {
-    const auto [place, isNew] = Open.try_emplace(oid);
-    series = &place->second;
-    if (!isNew) {
-        return Status::Ok;
-    }
-    const Status status = Core.Items.Read(oid, Ink::Leave, series->Before);
-    if (Failed(status)) {
-        Open.erase(place);
-        return status;
-    }
-    series->Item = series->Before;
-    series->Fault = CheckAndDerive(series->Item);
-    for (std::size_t index = 0; index < series->Item.Exceptions.size(); ++index) {
-        series->Places[series->Item.Exceptions[index].Original] = index;
-    }
-    return status;
-}
-
-Status ImportWriter::Work::Close(Oid oid) {
-    const auto place = Open.find(oid);
-    if (place == Open.end()) {
-        return Status::Ok;
-    }
-    OpenSeries series = std::move(place->second);
-    Open.erase(place);
-    if (!series.Changed) {
-        return Status::Ok;
-    }
-    std::int64_t source = 0;
-    std::string fault;
-    Status status = CheckAndDerive(series.Item) == SaveFault::None ? Status::Ok : Status::InvalidArgument;
-    if (Succeeded(status)) {
-        status = Core.Items.ReadSource(oid, source);
-    }
-    return Succeeded(status) ? Core.ChangeItem(series.Before, series.Item, Ink::Leave, source, fault) : status;
-}
-
-Status ImportWriter::Work::CloseAll() {
-    Status status = Status::Ok;
-    while (Succeeded(status) && !Open.empty()) {
-        status = Close(Open.begin()->first);
-    }
-    return status;
-}
-
-Status ImportWriter::Work::Put(Oid oid, const StoredException& exception, ImportOutcome& outcome) {
-    OpenSeries* series = nullptr;
-    if (const Status status = Fetch(oid, series); Failed(status)) {
-        return status;
-    }
-    if (!series->Before.IsRecurring()) {
-        Refuse(outcome, kNoSuchSeries);
-        return Status::Ok;
-    }
-    if (const auto expected = Unoffered.find(oid); expected != Unoffered.end()) {
-        expected->second.erase(exception.Original);
-    }
-    StoredException offered = exception;
-    offered.Source = FingerprintOf(exception);
-    outcome.Item = oid;
-    const auto place = series->Places.find(exception.Original);
-    const bool isNew = place == series->Places.end();
-    std::vector<StoredException>& all = series->Item.Exceptions;
-    if (!isNew && all[place->second].Source == offered.Source) {
-        outcome.Result = ImportResult::Unchanged;
-        return Status::Ok;
-    }
-    if (const SaveFault fault = series->Fault != SaveFault::None ? series->Fault : CheckException(offered);
-        fault != SaveFault::None) {
-        Refuse(outcome, DescribeFault(fault));
-        return Status::Ok;
-    }
-    outcome.Result = ImportResult::Changed;
-    series->Changed = true;
-    if (isNew) {
-        series->Places[offered.Original] = all.size();
-        all.push_back(std::move(offered));
-    } else if (all[place->second].Source == FingerprintOf(WithoutCarried(exception))) {
-        all[place->second].Carried = std::move(offered.Carried); // what an earlier program did not keep
-        all[place->second].Source = offered.Source;
-    } else {
-        all[place->second] = std::move(offered);
-    }
-    return Status::Ok;
 }
 
 Status ImportWriter::WriteException(const std::string& uid, const StoredException& exception, ImportOutcome& outcome) {
@@ -401,10 +256,10 @@ Status ImportWriter::WriteException(const std::string& uid, const StoredExceptio
         return status;
     }
     if (oid == 0) {
-        Refuse(outcome, kNoSuchSeries);
+        outcome = ImportOutcome::Refusal(kNoSuchSeries);
         return Status::Ok;
     }
-    return State->Put(oid, exception, outcome);
+    return State->Exceptions.Put(oid, exception, outcome);
 }
 
 Status ImportWriter::RequestTag(TagList list, Oid item, TagWish wish) {
@@ -425,40 +280,11 @@ Status ImportWriter::RequestTag(TagList list, Oid item, TagWish wish) {
     return State->Core.Tags.AddRequest(request);
 }
 
-Status ImportWriter::Work::DropUnoffered() {
-    for (const auto& [oid, originals] : Unoffered) {
-        StoredItem before;
-        Status status = originals.empty() ? Status::NotFound : Core.Items.Read(oid, Ink::Leave, before);
-        if (status == Status::NotFound) {
-            continue;
-        }
-        StoredItem item = before;
-        std::erase_if(item.Exceptions, [&moved = originals](const StoredException& one) {
-            return CameByItself(one) && moved.contains(one.Original);
-        });
-        std::int64_t source = 0;
-        std::string fault;
-        if (Succeeded(status)) {
-            status = Core.Items.ReadSource(oid, source);
-        }
-        if (Succeeded(status)) {
-            status = Core.ChangeItem(before, item, Ink::Leave, source, fault);
-        }
-        if (Failed(status)) {
-            return status;
-        }
-    }
-    return Status::Ok;
-}
-
 Status ImportWriter::Commit() {
     if (!State->Begun) {
         return Status::Unexpected;
     }
-    Status status = State->CloseAll();
-    if (Succeeded(status)) {
-        status = State->DropUnoffered();
-    }
+    const Status status = State->Exceptions.Finish();
     if (Failed(status)) {
         static_cast<void>(Abandon()); // the first failure is the one to report
         return status;
