@@ -7,8 +7,6 @@ namespace tavo {
 
 namespace {
 
-constexpr std::int32_t kSilentReminder = kReminderLight | kReminderDialog | kReminderRepeat;
-constexpr std::int32_t kSoundReminder = kSilentReminder | kReminderSound;
 constexpr std::int32_t kPresetOccurrences = 10;
 
 // Of the choices that are a rule of their own.
@@ -115,7 +113,7 @@ void EditedAppointment::PutReminder(const AppointmentInput& input) {
     if (!input.HasReminder) {
         return;
     }
-    Note(Item->put_ReminderOptions(input.ReminderSound.empty() ? kSilentReminder : kSoundReminder));
+    Note(Item->put_ReminderOptions(input.ReminderSound.empty() ? kRemindSilently : kRemindAloud));
     Note(Item->put_ReminderSoundFile(input.ReminderSound));
     Note(Item->put_ReminderMinutesBeforeStart(input.ReminderMinutes));
 }

@@ -38,6 +38,9 @@ constexpr std::int32_t kReminderVibrate = 2;
 constexpr std::int32_t kReminderDialog = 4;
 constexpr std::int32_t kReminderSound = 8;
 constexpr std::int32_t kReminderRepeat = 16;
+// What a reminder does that a person sets here: it is repeated until somebody answers.
+constexpr std::int32_t kRemindSilently = kReminderLight | kReminderDialog | kReminderRepeat;
+constexpr std::int32_t kRemindAloud = kRemindSilently | kReminderSound;
 
 constexpr std::int32_t kBusyFree = 0;
 constexpr std::int32_t kBusyTentative = 1;

@@ -4,16 +4,11 @@
 #include "tools/item_change.h"
 #include "tools/item_text.h"
 #include "tools/output.h"
+#include "tools/tag_file.h"
 
 namespace tavo::tools {
 
-int RunAdd(const ItemOptions& options) {
-    std::string error;
-    const std::optional<ItemTimes> times = WorkOutTimes(options, nullptr, GetNow(), error);
-    if (!times) {
-        Complain(error);
-        return kExitUsage;
-    }
+int RunAdd(const ItemOptions& options, const ItemPlan& plan) {
     const std::optional<files::DeviceRoot> root = FindRoot();
     outlook::StorePtr store;
     if (!root || OpenStore(*root, outlook::Access::ReadWrite, store) != Opening::Good) {
@@ -21,17 +16,19 @@ int RunAdd(const ItemOptions& options) {
     }
     ItemChange change(store, options);
     rules::StoredItem item;
-    Status status = change.Make(*times);
+    Status status = change.Make(plan);
     if (Succeeded(status)) {
         status = change.Finish(item);
     }
     if (Failed(status)) {
-        Complain(change.GetFault().empty() ? "Nothing was added: " + DescribeFailure(status) + "." : change.GetFault());
+        Complain("Nothing was added: " + (change.GetFault().empty() ? DescribeFailure(status) : change.GetFault()) +
+                 ".");
         return kExitFailure;
     }
+    const bool isTagged = !options.Kind || WriteTags(*root, store);
     Output output;
-    output.Write("Added item " + std::to_string(item.Item) + ": " + DescribeItem(item) + "\n");
-    return output.Finish() ? kExitSuccess : kExitFailure;
+    output.Write("Added item " + std::to_string(item.Item) + ": " + DescribeItem(item, plan.Kind) + "\n");
+    return output.Finish() && isTagged ? kExitSuccess : kExitFailure;
 }
 
 } // namespace tavo::tools

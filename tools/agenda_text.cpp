@@ -2,6 +2,7 @@
 #include "tools/agenda_text.h"
 
 #include "host/locale/harmless_text.h"
+#include "tools/item_text.h"
 #include "tools/store_days.h"
 
 #include <algorithm>
@@ -17,12 +18,11 @@ using outlook::MirroredKind;
 using rules::DayNumber;
 using rules::Seconds;
 
-constexpr std::array<std::string_view, 4> kKindNames = {"Alarm", "Holiday", "Anniversary", "Appointment"};
 constexpr std::string_view kNoSubject = "(no subject)";
 constexpr std::size_t kTimeColumn = 17;
 
 std::string_view NameKind(MirroredKind kind) {
-    return kKindNames[static_cast<std::size_t>(kind)];
+    return tools::NameKind(static_cast<ExportKind>(kind));
 }
 
 void AppendClock(Seconds time, std::string& text) {

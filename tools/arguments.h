@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tools/length.h"
+#include "tools/repeat_rule.h"
 #include "tools/when.h"
 
 #include <cstdint>
@@ -30,8 +31,7 @@ struct ItemOptions {
     std::optional<When> End;
     std::optional<Length> For;
     bool AllDay = false;
-    std::optional<std::string> Rule; // the value of an RRULE
-    bool RuleInWords = false;        // so the start follows it
+    std::optional<RepeatRule> Rule;
     bool NoRepeat = false;
     std::optional<int> Remind; // minutes before the start
     bool NoRemind = false;

@@ -3,10 +3,11 @@
 
 #include "tools/arguments.h"
 #include "tools/backup_options.h"
+#include "tools/item_change.h"
 
 namespace tavo::tools {
 
-int RunAdd(const ItemOptions& options);
+int RunAdd(const ItemOptions& options, const ItemPlan& plan);
 int RunAgenda(const AgendaOptions& options);
 int RunImport(const ImportOptions& options);
 int RunExport(const ExportOptions& options);

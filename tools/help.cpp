@@ -39,6 +39,11 @@ Usage: tavo add SUBJECT --start WHEN [--end WHEN | --for LENGTH] [OPTIONS]
   --end WHEN        when it ends; of what lasts all day, its last day
   --for LENGTH      how long it lasts; an hour if neither is given
   --all-day         it has no times
+  --repeat RULE     how it repeats
+  --remind MINUTES  how long before its start there is a reminder; also 2h or 1d
+  --sound NAME      the sound of the reminder, by its name in the editor's list
+  --kind KIND       alarm, holiday, anniversary or appointment (if not given); an alarm
+                    is a time without length that reminds, the next two last one day
   --location TEXT   where it is
   --note TEXT       what else there is to say
   --help            show this text
@@ -48,6 +53,10 @@ WHEN is a day, a time or both: today, tomorrow, fri, "next fri", 2026-12-01,
 "tomorrow 15:00". A time without a day is today's, a day without a year is the next one.
 "next fri" is the Friday of next week, which begins with Monday. LENGTH is minutes, or
 written like 1h30, "2 hours" or "3 days".
+
+RULE is daily, weekly, monthly, yearly, weekdays, "weekly on mon,wed", "every 2 weeks",
+with an end like "until 1 dec" or "10 times"; or the text of an RRULE of iCalendar. What
+repeats on days of the week begins on the first of them from the start on.
 
 What was understood is told in full, with the item's number.
 

@@ -1,5 +1,8 @@
 // What the command line says of an item, and what of it cannot be together.
+#include "host/locale/ascii.h"
+#include "host/locale/harmless_text.h"
 #include "tools/option_values.h"
+#include "tools/repeat_words.h"
 
 namespace tavo::tools {
 namespace {
@@ -11,6 +14,40 @@ bool TakeLength(WordReader& reader, std::optional<Length>& length, std::string& 
     }
     length = ReadLength(value, error);
     return length.has_value();
+}
+
+bool TakeRepeat(WordReader& reader, std::optional<RepeatRule>& rule, std::string& error) {
+    std::string_view value;
+    if (!reader.TakeValue(value, error)) {
+        return false;
+    }
+    rule = ReadRepeat(value, GetNow(), error);
+    return rule.has_value();
+}
+
+bool TakeLead(WordReader& reader, std::optional<int>& minutes, std::string& error) {
+    std::optional<Length> length;
+    if (!TakeLength(reader, length, error)) {
+        return false;
+    }
+    minutes = length->Minutes;
+    return true;
+}
+
+// The name of a file of the sound folder, whose ending may be left away.
+bool TakeSound(WordReader& reader, std::optional<std::string>& sound, std::string& error) {
+    constexpr std::string_view ending = ".wav";
+    if (!TakeText(reader, sound, error)) {
+        return false;
+    }
+    if (sound->find_first_of("/\\") != std::string::npos || !locale::IsHarmless(*sound)) {
+        error = "\"" + *sound + "\" is no sound. A sound is told by its name, like Bell.";
+        return false;
+    }
+    const bool isWhole = sound->size() < ending.size() ||
+                         !locale::EqualsIgnoringCase(sound->substr(sound->size() - ending.size()), ending);
+    *sound += isWhole && !sound->empty() ? ending : "";
+    return true;
 }
 
 // Of an option about the item. False without a sentence when the word is none.
@@ -27,6 +64,18 @@ bool TakeItemOption(WordReader& reader, std::string_view word, ItemOptions& opti
     if (word == "--all-day") {
         options.AllDay = true;
         return reader.RefuseValue(error);
+    }
+    if (word == "--repeat") {
+        return TakeRepeat(reader, options.Rule, error);
+    }
+    if (word == "--remind") {
+        return TakeLead(reader, options.Remind, error);
+    }
+    if (word == "--sound") {
+        return TakeSound(reader, options.Sound, error);
+    }
+    if (word == "--kind") {
+        return TakeKind(reader, options.Kind, error);
     }
     if (word == "--location") {
         return TakeText(reader, options.Location, error);
@@ -73,7 +122,8 @@ std::optional<ItemOptions> ParseAdd(std::span<const std::string_view> words, std
     } else if (!options.Start) {
         error = "Say with --start when it is.";
     } else {
-        error = FindTimeFault(options);
+        const bool reminds = options.Remind || options.Kind == ExportKind::Alarm;
+        error = options.Sound && !reminds ? "A sound is that of a reminder: say --remind too." : FindTimeFault(options);
     }
     return error.empty() ? std::optional(options) : std::nullopt;
 }

@@ -1,38 +1,74 @@
-// The properties go the way of the editor.
+// The properties go the way of the editor, rules and kinds that of an import.
 #include "tools/item_change.h"
 
+#include "host/exchange/event_series.h"
 #include "host/locale/utf.h"
 #include "host/outlook/change_names.h"
+#include "tools/item_kind.h"
+#include "tools/repeat_words.h"
+
+#include <array>
 
 namespace tavo::tools {
+namespace {
+
+constexpr std::array<TagList, 3> kLists = {TagList::Alarm, TagList::Holiday, TagList::Anniversary};
+
+// To the first day that a rule in words names.
+void MoveToRule(const RepeatRule& rule, ItemTimes& times) {
+    const rules::DayNumber day = rules::DayOf(times.Start);
+    const rules::Seconds later = (FindFirstDay(rule, day) - day) * rules::kSecondsPerDay;
+    times.Start += later;
+    times.End += later;
+}
+
+} // namespace
+
+std::optional<ItemPlan> PlanItem(const ItemOptions& options, std::string& error) {
+    const std::optional<ItemTimes> times = WorkOutTimes(options, nullptr, GetNow(), error);
+    if (!times) {
+        return std::nullopt;
+    }
+    ItemPlan plan{*times, options.Kind.value_or(ExportKind::Appointment)};
+    if (!FitToKind(plan.Kind, options, plan.Times, error)) {
+        return std::nullopt;
+    }
+    if (options.Rule) {
+        MoveToRule(*options.Rule, plan.Times);
+    }
+    return plan;
+}
 
 ItemChange::ItemChange(const outlook::StorePtr& store, const ItemOptions& options)
     : Store(store), Options(options), Writer(store) {}
 
-Status ItemChange::Make(const ItemTimes& times) {
+Status ItemChange::Make(const ItemPlan& plan) {
     ComPtr<IAppointment> appointment;
     Status status = Writer.Begin(outlook::kNameOfNew);
     if (Succeeded(status)) {
         status = outlook::MakeOutlookApp(Store)->CreateItem(kItemAppointment, appointment);
     }
-    return Succeeded(status) ? Put(*appointment, times) : status;
+    return Succeeded(status) ? Put(*appointment, plan) : status;
 }
 
-Status ItemChange::Put(IAppointment& appointment, const ItemTimes& times) {
+Status ItemChange::Put(IAppointment& appointment, const ItemPlan& plan) {
     Status status = PutTexts(appointment);
     if (Succeeded(status)) {
-        status = appointment.put_Start(rules::DateFromSeconds(times.Start));
+        status = PutTimes(appointment, plan.Times);
     }
     if (Succeeded(status)) {
-        status = appointment.put_End(rules::DateFromSeconds(times.End));
-    }
-    if (Succeeded(status)) {
-        status = appointment.put_AllDayEvent(times.AllDay);
+        status = PutReminder(appointment, plan.Kind);
     }
     if (Succeeded(status)) {
         status = appointment.Save();
     }
-    return Succeeded(status) ? appointment.get_Oid(Item) : status;
+    if (Succeeded(status)) {
+        status = appointment.get_Oid(Item);
+    }
+    if (Succeeded(status) && Options.Rule) {
+        status = PutRule();
+    }
+    return Succeeded(status) && Options.Kind ? PutKind(*Options.Kind) : status;
 }
 
 Status ItemChange::PutTexts(IAppointment& appointment) {
@@ -44,6 +80,56 @@ Status ItemChange::PutTexts(IAppointment& appointment) {
         status = put(Options.Location, &IAppointment::put_Location);
     }
     return Succeeded(status) ? put(Options.Note, &IAppointment::put_Body) : status;
+}
+
+Status ItemChange::PutTimes(IAppointment& appointment, const ItemTimes& times) {
+    Status status = appointment.put_Start(rules::DateFromSeconds(times.Start));
+    if (Succeeded(status)) {
+        status = appointment.put_End(rules::DateFromSeconds(times.End));
+    }
+    return Succeeded(status) ? appointment.put_AllDayEvent(times.AllDay) : status;
+}
+
+Status ItemChange::PutReminder(IAppointment& appointment, ExportKind kind) {
+    const bool isAlarm = kind == ExportKind::Alarm;
+    if (!isAlarm && !Options.Remind) {
+        return Status::Ok;
+    }
+    const std::u16string sound = locale::ToUtf16(Options.Sound.value_or(""));
+    Status status = appointment.put_ReminderSet(true);
+    if (Succeeded(status)) {
+        status = appointment.put_ReminderMinutesBeforeStart(isAlarm ? 0 : *Options.Remind);
+    }
+    if (Succeeded(status)) {
+        status = appointment.put_ReminderOptions(sound.empty() ? kRemindSilently : kRemindAloud);
+    }
+    return Succeeded(status) ? appointment.put_ReminderSoundFile(sound) : status;
+}
+
+Status ItemChange::PutRule() {
+    rules::StoredItem item;
+    Status status = Store->ReadItem(Item, item);
+    if (Failed(status)) {
+        return status;
+    }
+    if (!exchange::TakeRule(WriteRule(*Options.Rule, rules::DayOf(item.Start)), item, Fault)) {
+        return Status::InvalidArgument;
+    }
+    exchange::ImportOutcome outcome;
+    status = Writer.ChangeRule(Item, item, outcome);
+    Fault = outcome.Reason;
+    return Succeeded(status) && outcome.Result == exchange::ImportResult::Refused ? Status::InvalidArgument : status;
+}
+
+Status ItemChange::PutKind(ExportKind kind) {
+    Status status = Status::Ok;
+    for (const TagList list : kLists) {
+        if (Succeeded(status)) {
+            const bool joins = static_cast<int>(list) == static_cast<int>(kind);
+            status = Writer.RequestTag(list, Item, joins ? exchange::TagWish::Join : exchange::TagWish::Leave);
+        }
+    }
+    return status;
 }
 
 Status ItemChange::Finish(rules::StoredItem& item) {

@@ -9,23 +9,36 @@
 
 namespace tavo::tools {
 
+// What becomes of an item.
+struct ItemPlan {
+    ItemTimes Times;
+    ExportKind Kind = ExportKind::Appointment;
+};
+
+// Works out what becomes of a new item. Nothing, with a sentence in `error`, when the options are against each other.
+std::optional<ItemPlan> PlanItem(const ItemOptions& options, std::string& error);
+
+// What Make does stays when Finish was called and succeeded.
 class ItemChange {
   public:
-    // A failure of the store, or a refusal, whose reason is then in GetFault.
     ItemChange(const outlook::StorePtr& store, const ItemOptions& options);
 
-    // One that is not there yet. Until Finish nothing stays.
-    Status Make(const ItemTimes& times);
+    // InvalidArgument with a reason in GetFault for what the store cannot keep.
+    Status Make(const ItemPlan& plan);
 
-    // The item as it is now; its tags follow from requests that are finished afterwards.
+    // `item` is what the store has now. Its kind follows once the requests for tags are carried out.
     Status Finish(rules::StoredItem& item);
 
-    // A sentence; "" when nothing was refused.
+    // A phrase for people; "" when nothing was refused.
     const std::string& GetFault() const { return Fault; }
 
   private:
-    Status Put(IAppointment& appointment, const ItemTimes& times);
+    Status Put(IAppointment& appointment, const ItemPlan& plan);
     Status PutTexts(IAppointment& appointment);
+    Status PutTimes(IAppointment& appointment, const ItemTimes& times);
+    Status PutReminder(IAppointment& appointment, ExportKind kind);
+    Status PutRule();
+    Status PutKind(ExportKind kind);
 
     outlook::StorePtr Store;
     const ItemOptions& Options;

@@ -3,9 +3,24 @@
 
 #include "host/locale/harmless_text.h"
 #include "host/locale/utf.h"
+#include "tools/repeat_words.h"
 #include "tools/store_days.h"
 
+#include <array>
+
 namespace tavo::tools {
+namespace {
+
+// In the greatest unit of which it is a whole number.
+std::string DescribeMinutes(int minutes) {
+    constexpr int perHour = 60;
+    constexpr int perDay = 24 * perHour;
+    const int unit = minutes % perDay == 0 ? perDay : (minutes % perHour == 0 ? perHour : 1);
+    const std::string name = unit == perDay ? "day" : (unit == perHour ? "hour" : "minute");
+    return std::to_string(minutes / unit) + " " + name + (minutes == unit ? "" : "s");
+}
+
+} // namespace
 
 std::string DescribeSpan(const rules::StoredItem& item) {
     const rules::DayNumber first = rules::DayOf(item.Start);
@@ -23,9 +38,27 @@ std::string DescribeSpan(const rules::StoredItem& item) {
     return start + " - " + lastDay + WriteClock(MinuteOf(item.End));
 }
 
-std::string DescribeItem(const rules::StoredItem& item) {
+std::string DescribeReminder(const rules::StoredItem& item) {
+    if (!item.ReminderSet) {
+        return {};
+    }
+    const bool rings = (item.ReminderOptions & kReminderSound) != 0 && !item.ReminderSound.empty();
+    return (item.ReminderMinutes == 0 ? "at its start" : DescribeMinutes(item.ReminderMinutes) + " before") +
+           (rings ? ", with " + locale::MakeHarmless(locale::ToUtf8(item.ReminderSound)) : "");
+}
+
+std::string DescribeItem(const rules::StoredItem& item, ExportKind kind) {
     const std::string subject = locale::MakeHarmless(locale::ToUtf8(item.Subject));
-    return (subject.empty() ? "(no subject)" : subject) + ", " + DescribeSpan(item);
+    const std::string repetition = DescribeRepetition(item);
+    const std::string reminder = kind == ExportKind::Alarm ? std::string() : DescribeReminder(item);
+    return (subject.empty() ? "(no subject)" : subject) + ", " + DescribeSpan(item) +
+           (repetition.empty() ? "" : ", " + repetition) + (reminder.empty() ? "" : ", reminder " + reminder) +
+           (kind == ExportKind::Appointment ? "" : "  [" + std::string(NameKind(kind)) + "]");
+}
+
+std::string_view NameKind(ExportKind kind) {
+    constexpr std::array<std::string_view, 4> names = {"Alarm", "Holiday", "Anniversary", "Appointment"};
+    return names[static_cast<std::size_t>(kind)];
 }
 
 } // namespace tavo::tools

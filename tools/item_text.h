@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/rules/stored_item.h"
+#include "tools/arguments.h"
 
 #include <string>
 
@@ -10,7 +11,14 @@ namespace tavo::tools {
 // "Wed 2 December 2026 15:00 - 16:00", "Wed 2 December 2026, all day".
 std::string DescribeSpan(const rules::StoredItem& item);
 
-// The same behind its subject, made harmless: "Dentist, Wed 2 December 2026 15:00 - 16:00".
-std::string DescribeItem(const rules::StoredItem& item);
+// The same behind its subject, made harmless, and with how it repeats, reminds and what kind it is:
+// "Dentist, Wed 2 December 2026 15:00 - 16:00, weekly on Wed, reminder 15 minutes before".
+std::string DescribeItem(const rules::StoredItem& item, ExportKind kind);
+
+// "at its start", "15 minutes before, with Bell.wav"; "" without a reminder.
+std::string DescribeReminder(const rules::StoredItem& item);
+
+// "Alarm"
+std::string_view NameKind(ExportKind kind);
 
 } // namespace tavo::tools

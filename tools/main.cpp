@@ -47,10 +47,11 @@ int RunCommand(Words words) {
     }
     if (command == "add") {
         const std::optional<ItemOptions> options = ParseAdd(rest, error);
-        if (!options) {
-            return Refuse(error, "tavo add --help");
+        if (options && options->Help) {
+            return Print(kAddHelp);
         }
-        return options->Help ? Print(kAddHelp) : RunAdd(*options);
+        const std::optional<ItemPlan> plan = options ? PlanItem(*options, error) : std::nullopt;
+        return plan ? RunAdd(*options, *plan) : Refuse(error, "tavo add --help");
     }
     if (command == "agenda") {
         const std::optional<AgendaOptions> options = ParseAgenda(rest, error);

@@ -81,20 +81,22 @@ Reading KeepRule(const EntryContext& context, StoredItem& item, FileFault& fault
     return Reading::Good;
 }
 
-// The last day on which an occurrence may start: an end earlier on its day than the series ends the day before.
-rules::DayNumber FindLastDay(const rules::RuleText& text, const EventTime& start, ZoneTable& zones) {
-    EventTime end;
-    end.Clock = *text.Rule.Until;
-    if (start.DateOnly) {
-        return rules::DayOf(end.Clock);
-    }
-    end.In = text.IsUntilUtc ? zones.GetUtc() : nullptr;
-    const Seconds clock = MoveToZone(end, start.In);
-    const bool tooEarly = rules::TimeOfDay(clock) < rules::TimeOfDay(start.Clock);
-    return rules::DayOf(clock) - (tooEarly ? 1 : 0);
+// The last day on which an occurrence may start, by an end on the start's clock: one that is earlier on its day than
+// the series ends the day before.
+rules::DayNumber FindLastDay(Seconds end, Seconds start, bool isDateOnly) {
+    const bool tooEarly = !isDateOnly && rules::TimeOfDay(end) < rules::TimeOfDay(start);
+    return rules::DayOf(end) - (tooEarly ? 1 : 0);
 }
 
-void SetPattern(const SeriesRule& series, const rules::RuleText& text, const EventTime& start, ZoneTable& zones,
+Seconds ReadUntil(const rules::RuleText& text, const EventTime& start, ZoneTable& zones) {
+    EventTime end;
+    end.Clock = *text.Rule.Until;
+    end.In = text.IsUntilUtc && !start.DateOnly ? zones.GetUtc() : nullptr;
+    return MoveToZone(end, start.In);
+}
+
+// `lastDay` counts where the rule has such an end.
+void SetPattern(const SeriesRule& series, const rules::RuleText& text, rules::DayNumber lastDay,
                 StoredPattern& pattern) {
     pattern.Type = series.Type;
     pattern.Interval = series.Interval;
@@ -107,7 +109,7 @@ void SetPattern(const SeriesRule& series, const rules::RuleText& text, const Eve
         pattern.Occurrences = static_cast<std::int32_t>(text.Rule.Count);
     } else if (text.Rule.Until) {
         pattern.End = PatternEnd::OnDate;
-        pattern.LastDay = FindLastDay(text, start, zones);
+        pattern.LastDay = lastDay;
     }
 }
 
@@ -190,7 +192,9 @@ Reading ReadSeries(const LineList& event, const EventTime& start, const EntryCon
         const Reading reading = KeepRule(context, item, fault);
         return reading == Reading::Good ? ReadCancelled(event, start, context, item, fault) : reading;
     }
-    SetPattern(*series, text, start, context.Zones, item.Pattern);
+    const rules::DayNumber lastDay =
+        text.Rule.Until ? FindLastDay(ReadUntil(text, start, context.Zones), start.Clock, start.DateOnly) : 0;
+    SetPattern(*series, text, lastDay, item.Pattern);
     if (item.Pattern.End == PatternEnd::OnDate && item.Pattern.LastDay < rules::DayOf(start.Clock)) {
         context.Faults.Tell(FindLine(context.Piece, "RRULE"), "its repetition ends before it begins",
                             "it takes place once");
@@ -198,6 +202,27 @@ Reading ReadSeries(const LineList& event, const EventTime& start, const EntryCon
         return Reading::Good;
     }
     return ReadCancelled(event, start, context, item, fault);
+}
+
+bool TakeRule(std::string_view value, rules::StoredItem& item, std::string& fault) {
+    rules::RuleText text;
+    if (!rules::ReadRuleText(value, text, fault)) {
+        return false;
+    }
+    const rules::DayNumber lastDay = text.Rule.Until ? FindLastDay(*text.Rule.Until, item.Start, item.AllDay) : 0;
+    if (text.Rule.Until && lastDay < rules::DayOf(item.Start)) {
+        fault = "it ends before it begins";
+        return false;
+    }
+    item.Pattern = {};
+    item.ForeignRule.clear();
+    if (const std::optional<SeriesRule> series = RecogniseRule(text, item.Start); series) {
+        SetPattern(*series, text, lastDay, item.Pattern);
+    } else {
+        item.Pattern.Type = kRecursForeign;
+        item.ForeignRule = std::string(kRuleNames.front()) + ":" + std::string(value);
+    }
+    return true;
 }
 
 } // namespace tavo::exchange

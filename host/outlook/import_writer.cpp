@@ -5,6 +5,7 @@
 #include "host/outlook/offered_exceptions.h"
 #include "host/outlook/own_uid.h"
 #include "host/outlook/store_core.h"
+#include "host/rules/item_draft.h"
 #include "host/rules/save_rules.h"
 
 #include <algorithm>
@@ -278,6 +279,38 @@ Status ImportWriter::RequestTag(TagList list, Oid item, TagWish wish) {
     request.Item = item;
     request.Set = wish == TagWish::Join;
     return State->Core.Tags.AddRequest(request);
+}
+
+Status ImportWriter::ChangeRule(Oid oid, const StoredItem& rule, ImportOutcome& outcome) {
+    outcome = ImportOutcome();
+    if (!State->Begun) {
+        return Status::Unexpected;
+    }
+    StoreCore& core = State->Core;
+    StoredItem before;
+    Status status = core.Items.Read(oid, Ink::Leave, before);
+    if (Failed(status)) {
+        return status;
+    }
+    StoredItem item = before;
+    item.Pattern = rule.Pattern;
+    item.ForeignRule = rule.ForeignRule;
+    SaveFault fault = CheckAndDerive(item);
+    if (fault == SaveFault::None && rules::FinishMerge(before, item, core.Zones)) {
+        fault = CheckAndDerive(item);
+    }
+    const std::string ruleFault =
+        fault == SaveFault::None ? core.Items.Series().FindRuleFault(item) : std::string(DescribeFault(fault));
+    if (!ruleFault.empty()) {
+        outcome = ImportOutcome::Refusal(ruleFault);
+        return Status::Ok;
+    }
+    outcome.Item = oid;
+    outcome.Result = item == before ? ImportResult::Unchanged : ImportResult::Changed;
+    std::int64_t source = 0;
+    status = core.Items.ReadSource(oid, source);
+    return Succeeded(status) && item != before ? core.ChangeItem(before, item, Ink::Leave, source, outcome.Reason)
+                                               : status;
 }
 
 Status ImportWriter::Commit() {

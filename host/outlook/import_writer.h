@@ -32,6 +32,9 @@ class ImportWriter final : public exchange::IItemWriter {
     Status Write(StoredItem item, ImportOutcome& outcome) override;
     Status WriteException(const std::string& uid, const StoredException& exception, ImportOutcome& outcome) override;
     Status RequestTag(TagList list, Oid item, TagWish wish = TagWish::Join) override;
+    // Gives an item the pattern and foreign rule of `rule`, on the device's clock: what was said of single occurrences
+    // goes with the old ones. NotFound when the item is gone; refused like any other that the store cannot keep.
+    Status ChangeRule(Oid oid, const StoredItem& rule, ImportOutcome& outcome);
     Status Commit() override;
     Status Abandon() override;
 
