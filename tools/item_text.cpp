@@ -3,7 +3,7 @@
 
 #include "host/locale/harmless_text.h"
 #include "host/locale/utf.h"
-#include "tools/repeat_words.h"
+#include "tools/repeat_text.h"
 #include "tools/store_days.h"
 
 #include <array>
@@ -42,18 +42,26 @@ std::string DescribeReminder(const rules::StoredItem& item) {
     if (!item.ReminderSet) {
         return {};
     }
-    const bool rings = (item.ReminderOptions & kReminderSound) != 0 && !item.ReminderSound.empty();
-    return (item.ReminderMinutes == 0 ? "at its start" : DescribeMinutes(item.ReminderMinutes) + " before") +
-           (rings ? ", with " + locale::MakeHarmless(locale::ToUtf8(item.ReminderSound)) : "");
+    return "reminder " +
+           (item.ReminderMinutes == 0 ? "at its start" : DescribeMinutes(item.ReminderMinutes) + " before");
+}
+
+std::string DescribeSound(const rules::StoredItem& item) {
+    const bool rings = item.ReminderSet && (item.ReminderOptions & kReminderSound) != 0 && !item.ReminderSound.empty();
+    return rings ? "with " + locale::MakeHarmless(locale::ToUtf8(item.ReminderSound)) : std::string();
 }
 
 std::string DescribeItem(const rules::StoredItem& item, ExportKind kind) {
-    const std::string subject = locale::MakeHarmless(locale::ToUtf8(item.Subject));
-    const std::string repetition = DescribeRepetition(item);
+    std::string text = DescribeSubject(item);
     const std::string reminder = kind == ExportKind::Alarm ? std::string() : DescribeReminder(item);
-    return (subject.empty() ? "(no subject)" : subject) + ", " + DescribeSpan(item) +
-           (repetition.empty() ? "" : ", " + repetition) + (reminder.empty() ? "" : ", reminder " + reminder) +
-           (kind == ExportKind::Appointment ? "" : "  [" + std::string(NameKind(kind)) + "]");
+    for (const std::string& part : {DescribeSpan(item), DescribeRepetition(item), reminder, DescribeSound(item)}) {
+        text += part.empty() ? "" : ", " + part;
+    }
+    return text + (kind == ExportKind::Appointment ? "" : "  [" + std::string(NameKind(kind)) + "]");
+}
+
+std::string DescribeSubject(const rules::StoredItem& item) {
+    return item.Subject.empty() ? "(no subject)" : locale::MakeHarmless(locale::ToUtf8(item.Subject));
 }
 
 std::string_view NameKind(ExportKind kind) {

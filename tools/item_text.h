@@ -15,8 +15,14 @@ std::string DescribeSpan(const rules::StoredItem& item);
 // "Dentist, Wed 2 December 2026 15:00 - 16:00, weekly on Wed, reminder 15 minutes before".
 std::string DescribeItem(const rules::StoredItem& item, ExportKind kind);
 
-// "at its start", "15 minutes before, with Bell.wav"; "" without a reminder.
+// Made harmless; what has none is "(no subject)".
+std::string DescribeSubject(const rules::StoredItem& item);
+
+// "reminder at its start", "reminder 15 minutes before"; "" without one.
 std::string DescribeReminder(const rules::StoredItem& item);
+
+// "with Bell.wav"; "" of a reminder without a sound.
+std::string DescribeSound(const rules::StoredItem& item);
 
 // "Alarm"
 std::string_view NameKind(ExportKind kind);

@@ -1,7 +1,7 @@
 // Repetitions as people write them: "weekly on mon,wed until 1 dec", "every 2 weeks 10 times", or an RRULE.
 #pragma once
 
-#include "host/rules/stored_item.h"
+#include "host/rules/wall_time.h"
 #include "tools/repeat_rule.h"
 #include "tools/when.h"
 
@@ -15,9 +15,5 @@ rules::DayNumber FindFirstDay(const RepeatRule& rule, rules::DayNumber start);
 
 // The value of an RRULE for what starts on that day. In words a day that a month does not have is its last one.
 std::string WriteRule(const RepeatRule& rule, rules::DayNumber start);
-
-// "every day", "weekly on Mon, Wed until 31 December 2026"; "" of what happens once. A rule of other calendars stays as
-// it is written, made harmless.
-std::string DescribeRepetition(const rules::StoredItem& item);
 
 } // namespace tavo::tools
