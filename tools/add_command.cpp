@@ -1,4 +1,4 @@
-// tavo add: makes an item.
+// tavo add: puts an item into the calendar.
 #include "tools/commands.h"
 #include "tools/device.h"
 #include "tools/item_change.h"
@@ -8,7 +8,12 @@
 
 namespace tavo::tools {
 
-int RunAdd(const ItemOptions& options, const ItemPlan& plan) {
+int RunAdd(const ItemOptions& options) {
+    std::string error;
+    const std::optional<ItemPlan> plan = PlanItem(options, error);
+    if (!plan) {
+        return RefuseWords(error, "add");
+    }
     const std::optional<files::DeviceRoot> root = FindRoot();
     outlook::StorePtr store;
     if (!root || OpenStore(*root, outlook::Access::ReadWrite, store) != Opening::Good) {
@@ -16,7 +21,7 @@ int RunAdd(const ItemOptions& options, const ItemPlan& plan) {
     }
     ItemChange change(store, options);
     rules::StoredItem item;
-    Status status = change.Make(plan);
+    Status status = change.Make(*plan);
     if (Succeeded(status)) {
         status = change.Finish(item);
     }
@@ -26,9 +31,8 @@ int RunAdd(const ItemOptions& options, const ItemPlan& plan) {
         return kExitFailure;
     }
     const bool isTagged = !options.Kind || WriteTags(*root, store);
-    Output output;
-    output.Write("Added item " + std::to_string(item.Item) + ": " + DescribeItem(item, plan.Kind) + "\n");
-    return output.Finish() && isTagged ? kExitSuccess : kExitFailure;
+    const int said = Print("Added item " + std::to_string(item.Item) + ": " + DescribeItem(item, plan->Kind) + "\n");
+    return isTagged ? said : kExitFailure;
 }
 
 } // namespace tavo::tools

@@ -6,6 +6,7 @@
 #include "tools/store_days.h"
 
 #include "host/locale/harmless_text.h"
+#include "host/outlook/export_reader.h"
 
 #include <algorithm>
 #include <string>
@@ -14,6 +15,9 @@
 namespace tavo::tools {
 namespace {
 
+constexpr std::string_view kHowToBegin =
+    "The calendar is empty. `tavo import` brings calendar files into it, `tavo add`"
+    " an appointment.\n";
 constexpr std::size_t kFlushSize = std::size_t{64} * 1024;
 
 struct Days {
@@ -37,6 +41,12 @@ std::string DescribeNothing(const Days& days) {
                                    : "Nothing from " + first + " to " + WriteLongDay(days.Last) + ".\n";
 }
 
+// Whether there is nothing at all in the calendar; null is none yet.
+bool HoldsNothing(const outlook::StorePtr& store) {
+    std::vector<Oid> all;
+    return !store || (Succeeded(outlook::ExportReader(store).List(all)) && all.empty());
+}
+
 // One sentence; "" when nothing was left out.
 std::string DescribeLeftOut(outlook::OccurrenceReader& reader) {
     constexpr std::size_t kNamed = 3;
@@ -55,10 +65,9 @@ std::string DescribeLeftOut(outlook::OccurrenceReader& reader) {
            ". See `tavo check`.";
 }
 
-template <class Agenda>
-Status List(const outlook::StorePtr& store, const Days& days, Agenda agenda, Output& output, bool& any) {
+template <class Agenda> Status List(const outlook::StorePtr& store, const Days& days, Agenda& agenda, std::string& text,
+                                    Output& output, bool& any) {
     outlook::OccurrenceReader reader(store);
-    std::string text;
     const Status status =
         reader.ListDays(NumberOf(days.First), NumberOf(days.Last), [&](const outlook::ListedOccurrence& occurrence) {
             agenda.Add(occurrence, text);
@@ -68,9 +77,37 @@ Status List(const outlook::StorePtr& store, const Days& days, Agenda agenda, Out
                 text.clear();
             }
         });
-    output.Write(text);
     if (const std::string leftOut = DescribeLeftOut(reader); Succeeded(status) && !leftOut.empty()) {
         Complain(leftOut);
+    }
+    return status;
+}
+
+// `store` is null when there is none yet.
+Status ListAs(ListFormat format, const outlook::StorePtr& store, const Days& days, Output& output) {
+    std::string text;
+    Records records(format, text);
+    RecordedAgenda recorded(records);
+    TabbedAgenda tabbed;
+    DailyAgenda daily(NumberOf(days.First), NumberOf(days.Last));
+    bool any = false;
+    Status status = Status::Ok;
+    switch (format) {
+    case ListFormat::Json:
+        status = store ? List(store, days, recorded, text, output, any) : status;
+        records.Finish();
+        break;
+    case ListFormat::Tabbed:
+        status = store ? List(store, days, tabbed, text, output, any) : status;
+        break;
+    case ListFormat::People:
+        status = store ? List(store, days, daily, text, output, any) : status;
+        daily.Finish(text);
+        text += any ? "" : DescribeNothing(days) + std::string(HoldsNothing(store) ? kHowToBegin : "");
+        break;
+    }
+    if (Succeeded(status)) {
+        output.Write(text);
     }
     return status;
 }
@@ -85,17 +122,9 @@ int RunAgenda(const AgendaOptions& options) {
         return kExitFailure;
     }
     Output output;
-    bool any = false;
-    if (*store) {
-        const Status status = options.TabSeparated ? List(*store, days, TabbedAgenda(), output, any)
-                                                   : List(*store, days, DailyAgenda(NumberOf(days.First)), output, any);
-        if (Failed(status)) {
-            Complain("The calendar cannot be read: " + DescribeFailure(status) + ".");
-            return kExitFailure;
-        }
-    }
-    if (!any && !options.TabSeparated) {
-        output.Write(DescribeNothing(days));
+    if (const Status status = ListAs(options.Format, *store, days, output); Failed(status)) {
+        Complain("The calendar cannot be read: " + DescribeFailure(status) + ".");
+        return kExitFailure;
     }
     return output.Finish() ? kExitSuccess : kExitFailure;
 }

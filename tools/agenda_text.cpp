@@ -81,17 +81,70 @@ void TabbedAgenda::AddTime(Seconds time, std::string& text) {
     AppendClock(time, text);
 }
 
+void RecordedAgenda::Add(const ListedOccurrence& occurrence, std::string&) {
+    List.Begin();
+    List.Add("start", WriteIsoTime(occurrence.Start));
+    List.Add("end", WriteIsoTime(occurrence.End));
+    List.Add("allDay", occurrence.AllDay);
+    List.Add("kind", NameKind(occurrence.Kind));
+    List.Add("item", std::int64_t{occurrence.Item});
+    List.Add("recurring", occurrence.Recurring);
+    List.Add("subject", occurrence.Subject);
+    List.Add("location", occurrence.Location);
+    List.End();
+}
+
 void DailyAgenda::Add(const ListedOccurrence& occurrence, std::string& text) {
-    const DayNumber day = std::max(FirstDay, rules::DayOf(occurrence.Start));
-    if (day != HeadedDay) {
-        text += HeadedDay == kNoDay ? "" : "\n";
-        text += WriteLongDay(DayFromNumber(day)) + "\n";
-        HeadedDay = day;
+    GoTo(std::max(Day, rules::DayOf(occurrence.Start)), text);
+    Tell(occurrence, text);
+    if (rules::EndDayOf(occurrence.Start, occurrence.End) > Day) {
+        Longer.push_back({occurrence, std::string(occurrence.Subject), std::string(occurrence.Location)});
     }
-    std::string times = DescribeTimes(occurrence, day);
+}
+
+void DailyAgenda::Finish(std::string& text) {
+    GoTo(LastDay, text);
+}
+
+void DailyAgenda::GoTo(DayNumber day, std::string& text) {
+    TellLasting(text);
+    while (Day < day) {
+        // Days on which nothing lasts are passed over at once.
+        Day = Longer.empty() ? day : Day + 1;
+        HasBegun = false;
+        TellLasting(text);
+    }
+}
+
+void DailyAgenda::TellLasting(std::string& text) {
+    if (HasBegun) {
+        return;
+    }
+    HasBegun = true;
+    std::erase_if(
+        Longer, [this](const Lasting& one) { return rules::EndDayOf(one.Occurrence.Start, one.Occurrence.End) < Day; });
+    for (Lasting& one : Longer) {
+        one.Occurrence.Subject = one.Subject;
+        one.Occurrence.Location = one.Location;
+        Tell(one.Occurrence, text);
+    }
+}
+
+void DailyAgenda::Tell(const ListedOccurrence& occurrence, std::string& text) {
+    if (Day != HeadedDay) {
+        text += HeadedDay == kNoDay ? "" : "\n";
+        text += WriteLongDay(DayFromNumber(Day)) + "\n";
+        HeadedDay = Day;
+    }
+    std::string times = DescribeTimes(occurrence, Day);
     times.resize(std::max(kTimeColumn, times.size() + 1), ' ');
     text += "  " + times;
     locale::AppendHarmless(occurrence.Subject.empty() ? kNoSubject : occurrence.Subject, text);
+    if (!occurrence.Location.empty()) {
+        text += " (";
+        locale::AppendHarmless(occurrence.Location, text);
+        text += ')';
+    }
     if (occurrence.Kind != MirroredKind::Appointment) {
         text += "  [";
         text += NameKind(occurrence.Kind);

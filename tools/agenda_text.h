@@ -1,9 +1,11 @@
-// The two ways in which `tavo agenda` writes occurrences.
+// The ways in which `tavo agenda` writes occurrences.
 #pragma once
 
 #include "host/outlook/occurrence_reader.h"
+#include "tools/records.h"
 
 #include <string>
+#include <vector>
 
 namespace tavo::tools {
 
@@ -22,16 +24,42 @@ class TabbedAgenda {
     std::string KnownDate;
 };
 
-// For people: grouped by day. An occurrence stands once, on its first day that is listed.
-class DailyAgenda {
+// The same with its fields named, and with more of them.
+class RecordedAgenda {
   public:
-    explicit DailyAgenda(rules::DayNumber firstDay) : FirstDay(firstDay) {}
+    explicit RecordedAgenda(Records& records) : List(records) {}
 
     void Add(const outlook::ListedOccurrence& occurrence, std::string& text);
 
   private:
-    rules::DayNumber FirstDay;
+    Records& List;
+};
+
+// For people: grouped by day. What lasts several days stands on each of them that is listed.
+class DailyAgenda {
+  public:
+    DailyAgenda(rules::DayNumber firstDay, rules::DayNumber lastDay) : Day(firstDay), LastDay(lastDay) {}
+
+    void Add(const outlook::ListedOccurrence& occurrence, std::string& text);
+    void Finish(std::string& text);
+
+  private:
+    // What is told of an occurrence that goes on after its first day.
+    struct Lasting {
+        outlook::ListedOccurrence Occurrence;
+        std::string Subject;
+        std::string Location;
+    };
+
+    void GoTo(rules::DayNumber day, std::string& text);
+    void TellLasting(std::string& text);
+    void Tell(const outlook::ListedOccurrence& occurrence, std::string& text);
+
+    rules::DayNumber Day; // that is told now
+    rules::DayNumber LastDay;
+    bool HasBegun = false; // what lasts has been told on this day
     rules::DayNumber HeadedDay = kNoDay;
+    std::vector<Lasting> Longer;
 };
 
 } // namespace tavo::tools

@@ -107,13 +107,10 @@ std::optional<AgendaOptions> ParseAgenda(std::span<const std::string_view> words
             good = TakeDay(reader, word, options.From, error);
         } else if (word == "--to") {
             good = TakeDay(reader, word, options.To, error);
-        } else if (word == "--tsv") {
-            options.TabSeparated = true;
-            good = reader.RefuseValue(error);
         } else if (IsHelp(word)) {
             options.Help = true;
-        } else {
-            error = reader.DescribeUnknown(word);
+        } else if (!TakeFormat(reader, word, options.Format, error)) {
+            error = error.empty() ? reader.DescribeUnknown(word) : error;
             good = false;
         }
         if (!good) {

@@ -24,8 +24,11 @@ enum class ImportTag { None, Alarm, Holiday, Anniversary };
 
 enum class ExportKind { Alarm, Holiday, Anniversary, Appointment };
 
+enum class ListFormat { People, Tabbed, Json };
+
 // What is said of an item. What is not given stays as it is, or as it commonly is.
 struct ItemOptions {
+    std::int32_t Item = 0; // its number; 0: a new one
     std::optional<std::string> Subject;
     std::optional<When> Start;
     std::optional<When> End;
@@ -45,7 +48,7 @@ struct ItemOptions {
 struct AgendaOptions {
     std::optional<Day> From;
     std::optional<Day> To;
-    bool TabSeparated = false;
+    ListFormat Format = ListFormat::People;
     bool Help = false;
 };
 
@@ -62,6 +65,25 @@ struct ExportOptions {
     std::optional<Day> To;
     std::optional<ExportKind> Kind;
     std::vector<std::int32_t> Items; // numbers; none: all
+    bool Help = false;
+};
+
+// Of commands about items by their numbers.
+struct NumbersOptions {
+    std::vector<std::int32_t> Items;
+    ListFormat Format = ListFormat::People;
+    bool Help = false;
+};
+
+struct FindOptions {
+    std::string Text;
+    ListFormat Format = ListFormat::People;
+    bool Help = false;
+};
+
+struct HistoryOptions {
+    int Steps = 20; // to list
+    ListFormat Format = ListFormat::People;
     bool Help = false;
 };
 
@@ -91,6 +113,17 @@ struct RemindersOptions {
 
 // Each reads the words after the command's name. Empty with a sentence in `error` when they make no sense.
 std::optional<ItemOptions> ParseAdd(std::span<const std::string_view> words, std::string& error);
+std::optional<ItemOptions> ParseEdit(std::span<const std::string_view> words, std::string& error);
+std::optional<NumbersOptions> ParseShow(std::span<const std::string_view> words, std::string& error);
+std::optional<NumbersOptions> ParseDelete(std::span<const std::string_view> words, std::string& error);
+std::optional<NumbersOptions> ParseRestoreItems(std::span<const std::string_view> words, std::string& error);
+std::optional<FindOptions> ParseFind(std::span<const std::string_view> words, std::string& error);
+std::optional<HistoryOptions> ParseHistory(std::span<const std::string_view> words, std::string& error);
+std::optional<CheckOptions> ParseUndo(std::span<const std::string_view> words, std::string& error);
+// Today, the week of a day, and the month of a day, as days of an agenda.
+std::optional<AgendaOptions> ParseToday(std::span<const std::string_view> words, std::string& error);
+std::optional<AgendaOptions> ParseWeek(std::span<const std::string_view> words, std::string& error);
+std::optional<AgendaOptions> ParseMonth(std::span<const std::string_view> words, std::string& error);
 std::optional<AgendaOptions> ParseAgenda(std::span<const std::string_view> words, std::string& error);
 std::optional<ImportOptions> ParseImport(std::span<const std::string_view> words, std::string& error);
 std::optional<ExportOptions> ParseExport(std::span<const std::string_view> words, std::string& error);

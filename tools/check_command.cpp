@@ -61,7 +61,7 @@ std::string CheckTags(const files::DeviceRoot& root, bool& sound) {
 
 } // namespace
 
-int RunCheck() {
+int RunCheck(const CheckOptions&) {
     const std::optional<files::DeviceRoot> root = FindRoot();
     if (!root) {
         return kExitFailure;

@@ -3,15 +3,22 @@
 
 #include "tools/arguments.h"
 #include "tools/backup_options.h"
-#include "tools/item_change.h"
 
 namespace tavo::tools {
 
-int RunAdd(const ItemOptions& options, const ItemPlan& plan);
+int RunAdd(const ItemOptions& options);
+int RunEdit(const ItemOptions& options);
+int RunDelete(const NumbersOptions& options);
+int RunRestoreItems(const NumbersOptions& options);
+int RunShow(const NumbersOptions& options);
+int RunFind(const FindOptions& options);
+int RunMonth(const AgendaOptions& options);
+int RunHistory(const HistoryOptions& options);
+int RunUndo(const CheckOptions& options);
 int RunAgenda(const AgendaOptions& options);
 int RunImport(const ImportOptions& options);
 int RunExport(const ExportOptions& options);
-int RunCheck();
+int RunCheck(const CheckOptions& options);
 int RunBackup(const BackupOptions& options);
 int RunRestore(const BackupOptions& options);
 int RunReminders(const RemindersOptions& options);

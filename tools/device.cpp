@@ -5,6 +5,7 @@
 #include "host/outlook/diagnosis.h"
 #include "host/posix/root_folder.h"
 #include "host/posix/store_machine.h"
+#include "tools/arguments.h"
 
 #include <cstdio>
 
@@ -46,6 +47,13 @@ std::optional<outlook::StorePtr> OpenStoreToRead(const files::DeviceRoot& root) 
 
 void Complain(std::string_view sentence) {
     std::fprintf(stderr, "tavo: %s\n", locale::MakeHarmless(sentence).c_str());
+}
+
+int RefuseWords(std::string_view sentence, std::string_view command) {
+    Complain(sentence);
+    std::fprintf(stderr, "Try `tavo%s%.*s --help`.\n", command.empty() ? "" : " ", static_cast<int>(command.size()),
+                 command.data());
+    return kExitUsage;
 }
 
 } // namespace tavo::tools

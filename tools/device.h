@@ -26,6 +26,9 @@ std::optional<outlook::StorePtr> OpenStoreToRead(const files::DeviceRoot& root);
 // Writes "tavo: ..." to standard error, as one line whatever the sentence holds.
 void Complain(std::string_view sentence);
 
+// The same of words that the command does not understand, and which help to read. The exit status for that.
+int RefuseWords(std::string_view sentence, std::string_view command);
+
 // What a failed call on the open store means to people, as the end of a sentence.
 using locale::DescribeFailure;
 

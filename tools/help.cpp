@@ -9,18 +9,32 @@ const std::string_view kGeneralHelp =
 Usage: tavo COMMAND [OPTIONS]
 
 Commands:
-  add SUBJECT      put an appointment into the calendar
+  add SUBJECT      put an appointment, alarm, holiday or anniversary into the calendar
+  edit NUMBER      change an item
+  delete NUMBER... delete items
+  show NUMBER...   tell all that is stored of items
+  find WORD...     find items by words in their subjects, places and notes
+
+  today            list what there is today
+  week [DAY]       list the week of today, or of a day
+  month [DAY]      show a month as a grid
+  agenda           list the appointments of any days
+
+  history          list what was changed
+  undo             take the last change back
+  restore NUMBER... bring items back that were deleted or changed
+
   import PATH...   bring iCalendar files, or folders of them, into the calendar
   export [FILE]    write the calendar, or parts of it, as iCalendar
-  agenda           list the appointments of today, or of any days
   memo             list the handwritten memos, or export them as pictures
   reminders        list what will remind, what happened, and switch reminders on or off
-  backup FILE      keep everything in one file; restore-backup FILE brings it back
+  backup FILE      keep everything in one file
+  restore-backup FILE  bring back what a backup holds
   check            say whether the calendar's files are sound, and what to do if not
 
-  tavo COMMAND --help   explains a command
-  tavo --help           shows this text
-  tavo --version        shows the version
+  tavo help COMMAND   explains a command, as tavo COMMAND --help does
+  tavo --help         shows this text
+  tavo --version      shows the version
 
 The calendar is in the folder $TAVO_HOME; without that, in $XDG_DATA_HOME/tavocalendar,
 which commonly is ~/.local/share/tavocalendar. All commands may be used while the
@@ -28,39 +42,6 @@ calendar's window is open.
 
 Exit status: 0 all went well, 1 something went wrong or was refused, 2 the command
 line was not understood.
-)";
-
-const std::string_view kAddHelp =
-    R"(tavo add - put an appointment into the calendar
-
-Usage: tavo add SUBJECT --start WHEN [--end WHEN | --for LENGTH] [OPTIONS]
-
-  --start WHEN      when it begins; without a time it lasts all day
-  --end WHEN        when it ends; of what lasts all day, its last day
-  --for LENGTH      how long it lasts; an hour if neither is given
-  --all-day         it has no times
-  --repeat RULE     how it repeats
-  --remind MINUTES  how long before its start there is a reminder; also 2h or 1d
-  --sound NAME      the sound of the reminder, by its name in the editor's list
-  --kind KIND       alarm, holiday, anniversary or appointment (if not given); an alarm
-                    is a time without length that reminds, the next two last one day
-  --location TEXT   where it is
-  --note TEXT       what else there is to say
-  --help            show this text
-
-WHEN is a day, a time or both: today, tomorrow, fri, "next fri", 2026-12-01,
-2026-12-01T09:30, "1 dec", "dec 1 2027", +3d, "in 2 weeks", 9:30, 3pm, noon,
-"tomorrow 15:00". A time without a day is today's, a day without a year is the next one.
-"next fri" is the Friday of next week, which begins with Monday. LENGTH is minutes, or
-written like 1h30, "2 hours" or "3 days".
-
-RULE is daily, weekly, monthly, yearly, weekdays, "weekly on mon,wed", "every 2 weeks",
-with an end like "until 1 dec" or "10 times"; or the text of an RRULE of iCalendar. What
-repeats on days of the week begins on the first of them from the start on.
-
-What was understood is told in full, with the item's number.
-
-Exit status: 0 it was added, 1 it could not be, 2 the command line was not understood.
 )";
 
 const std::string_view kImportHelp =
@@ -99,7 +80,7 @@ Usage: tavo export [FILE] [--from DATE] [--to DATE] [--kind KIND] [--item NUMBER
 Without a FILE, or with -, the calendar goes to standard output. A FILE that is there is
 replaced whole or not at all.
 
-  --from DATE     only what takes place on this day or later, written YYYY-MM-DD
+  --from DATE     only what takes place on this day or later: 2026-03-14, "1 dec", today
   --to DATE       only what takes place on this day or earlier
   --kind KIND     only alarm, holiday, anniversary or appointment
   --item NUMBER   only this item, and others that are named in this way;
@@ -119,15 +100,17 @@ command line was not understood, 130 after Ctrl+C, which leaves an old FILE as i
 const std::string_view kAgendaHelp =
     R"(tavo agenda - list appointments
 
-Usage: tavo agenda [--from DATE] [--to DATE] [--tsv]
+Usage: tavo agenda [--from DATE] [--to DATE] [--tsv | --json]
 
   --from DATE   the first day; today if not given (or the day of --to, if that is earlier)
   --to DATE     the last day, itself included; today if not given (or the day of --from,
                 if that is later)
   --tsv         one line for each occurrence, for other programs
+  --json        an array of them, with the same fields and more, named
   --help        show this text
 
-A DATE is written YYYY-MM-DD, like 2026-03-14.
+A DATE is written as people do: today, fri, "1 dec", "in 2 weeks", 2026-03-14. What lasts
+several days stands on each of them; with --tsv and --json it stands once.
 
 With --tsv a line holds, separated by tabs: start, end (both as YYYY-MM-DDTHH:MM), kind
 (Alarm, Holiday, Anniversary or Appointment), the item's number (its OID) and its subject.
@@ -155,7 +138,7 @@ Usage: tavo memo list [--date DATE]
 
 list writes the names of the memos, a line for each; a name begins with the memo's day.
 
-  --date DATE     only the memos of this day, written YYYY-MM-DD
+  --date DATE     only the memos of this day: 2026-03-14, yesterday, "1 dec"
 
 export draws each memo at the size of its paper into a file of its own in the FOLDER,
 which is made if it is missing. A file of the same name there is replaced.

@@ -65,6 +65,14 @@ bool TakeItemOption(WordReader& reader, std::string_view word, ItemOptions& opti
         options.AllDay = true;
         return reader.RefuseValue(error);
     }
+    if (word == "--no-repeat") {
+        options.NoRepeat = true;
+        return reader.RefuseValue(error);
+    }
+    if (word == "--no-remind") {
+        options.NoRemind = true;
+        return reader.RefuseValue(error);
+    }
     if (word == "--repeat") {
         return TakeRepeat(reader, options.Rule, error);
     }
@@ -98,6 +106,32 @@ std::string FindTimeFault(const ItemOptions& options) {
     return {};
 }
 
+// What of a new item, or of a change, is against another thing that is said of it; empty when nothing is.
+std::string FindFault(const ItemOptions& options) {
+    if (options.Rule && options.NoRepeat) {
+        return "Say --repeat or --no-repeat, not both.";
+    }
+    if (options.NoRemind && (options.Remind || options.Sound)) {
+        return "Say --remind and --sound, or --no-remind, not both.";
+    }
+    return FindTimeFault(options);
+}
+
+bool ChangesAnything(const ItemOptions& options) {
+    return options.Subject || options.Start || options.End || options.For || options.AllDay || options.Rule ||
+           options.NoRepeat || options.Remind || options.NoRemind || options.Sound || options.Kind ||
+           options.Location || options.Note;
+}
+
+bool TakeNumber(std::string_view word, std::int32_t& item, std::string& error) {
+    std::vector<std::int32_t> items;
+    if (!ReadItemNumber(word, items, error)) {
+        return false;
+    }
+    item = items.front();
+    return true;
+}
+
 } // namespace
 
 std::optional<ItemOptions> ParseAdd(std::span<const std::string_view> words, std::string& error) {
@@ -109,7 +143,7 @@ std::optional<ItemOptions> ParseAdd(std::span<const std::string_view> words, std
             options.Help = true;
         } else if (!reader.IsOption(word) && !options.Subject) {
             options.Subject = word;
-        } else if (!TakeItemOption(reader, word, options, error)) {
+        } else if (word.starts_with("--no-") || !TakeItemOption(reader, word, options, error)) {
             error = error.empty() ? reader.DescribeUnknown(word) : error;
             return std::nullopt;
         }
@@ -121,9 +155,41 @@ std::optional<ItemOptions> ParseAdd(std::span<const std::string_view> words, std
         error = "Say what it is: its subject.";
     } else if (!options.Start) {
         error = "Say with --start when it is.";
+    } else if (options.Sound && !options.Remind && options.Kind != ExportKind::Alarm) {
+        error = "A sound is that of a reminder: say --remind too.";
     } else {
-        const bool reminds = options.Remind || options.Kind == ExportKind::Alarm;
-        error = options.Sound && !reminds ? "A sound is that of a reminder: say --remind too." : FindTimeFault(options);
+        error = FindFault(options);
+    }
+    return error.empty() ? std::optional(options) : std::nullopt;
+}
+
+std::optional<ItemOptions> ParseEdit(std::span<const std::string_view> words, std::string& error) {
+    ItemOptions options;
+    WordReader reader(words);
+    while (reader.HasMore()) {
+        const std::string_view word = reader.Take();
+        bool good = true;
+        if (IsHelp(word)) {
+            options.Help = true;
+        } else if (!reader.IsOption(word) && options.Item == 0) {
+            good = TakeNumber(word, options.Item, error);
+        } else if (word == "--subject") {
+            good = TakeText(reader, options.Subject, error);
+        } else {
+            good = TakeItemOption(reader, word, options, error);
+        }
+        if (!good) {
+            error = error.empty() ? reader.DescribeUnknown(word) : error;
+            return std::nullopt;
+        }
+    }
+    if (options.Help) {
+        return options;
+    }
+    if (options.Item == 0) {
+        error = "Say which item: its number, as `tavo find` and `tavo agenda --tsv` tell it.";
+    } else {
+        error = ChangesAnything(options) ? FindFault(options) : "Say what to change, as with --start or --subject.";
     }
     return error.empty() ? std::optional(options) : std::nullopt;
 }

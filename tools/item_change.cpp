@@ -4,8 +4,10 @@
 #include "host/exchange/event_series.h"
 #include "host/locale/utf.h"
 #include "host/outlook/change_names.h"
+#include "host/outlook/export_reader.h"
 #include "tools/item_kind.h"
 #include "tools/repeat_words.h"
+#include "tools/series_move.h"
 
 #include <array>
 
@@ -29,13 +31,47 @@ std::optional<ItemPlan> PlanItem(const ItemOptions& options, std::string& error)
     if (!times) {
         return std::nullopt;
     }
-    ItemPlan plan{*times, options.Kind.value_or(ExportKind::Appointment)};
+    ItemPlan plan;
+    plan.Times = *times;
+    plan.Kind = options.Kind.value_or(ExportKind::Appointment);
+    plan.IsMoved = true;
     if (!FitToKind(plan.Kind, options, plan.Times, error)) {
         return std::nullopt;
     }
     if (options.Rule) {
         MoveToRule(*options.Rule, plan.Times);
     }
+    return plan;
+}
+
+std::optional<ItemPlan> PlanChange(const ItemOptions& options, const rules::StoredItem& stored, ExportKind kind,
+                                   std::string& error) {
+    const std::optional<ItemTimes> times = WorkOutTimes(options, &stored, GetNow(), error);
+    if (!times) {
+        return std::nullopt;
+    }
+    ItemPlan plan;
+    plan.Times = *times;
+    plan.Kind = options.Kind.value_or(kind);
+    if (!FitToKind(plan.Kind, options, plan.Times, error)) {
+        return std::nullopt;
+    }
+    if (options.Rule) {
+        MoveToRule(*options.Rule, plan.Times);
+    }
+    plan.IsMoved =
+        plan.Times.Start != stored.Start || plan.Times.End != stored.End || plan.Times.AllDay != stored.AllDay;
+    const rules::DayNumber from = rules::DayOf(stored.Start);
+    const rules::DayNumber to = rules::DayOf(plan.Times.Start);
+    if (!stored.IsRecurring() || options.Rule || options.NoRepeat || from == to) {
+        return plan;
+    }
+    if (stored.Pattern.Type == kRecursForeign) {
+        error = "Its rule is of another calendar and names days of its own: say with --repeat how it repeats then.";
+        return std::nullopt;
+    }
+    plan.OldPattern = stored.Pattern;
+    plan.NewPattern = MovePattern(stored.Pattern, from, to);
     return plan;
 }
 
@@ -51,13 +87,25 @@ Status ItemChange::Make(const ItemPlan& plan) {
     return Succeeded(status) ? Put(*appointment, plan) : status;
 }
 
+Status ItemChange::Change(const ItemPlan& plan) {
+    ComPtr<IAppointment> appointment;
+    Status status = Writer.Begin(outlook::kNameOfChange);
+    if (Succeeded(status)) {
+        status = outlook::MakeOutlookApp(Store)->GetItemFromOid(Options.Item, appointment);
+    }
+    return Succeeded(status) ? Put(*appointment, plan) : status;
+}
+
 Status ItemChange::Put(IAppointment& appointment, const ItemPlan& plan) {
     Status status = PutTexts(appointment);
-    if (Succeeded(status)) {
-        status = PutTimes(appointment, plan.Times);
+    if (Succeeded(status) && Options.NoRepeat) {
+        status = appointment.ClearRecurrencePattern();
+    }
+    if (Succeeded(status) && plan.IsMoved) {
+        status = PutTimes(appointment, plan);
     }
     if (Succeeded(status)) {
-        status = PutReminder(appointment, plan.Kind);
+        status = PutReminder(appointment, plan);
     }
     if (Succeeded(status)) {
         status = appointment.Save();
@@ -82,24 +130,40 @@ Status ItemChange::PutTexts(IAppointment& appointment) {
     return Succeeded(status) ? put(Options.Note, &IAppointment::put_Body) : status;
 }
 
-Status ItemChange::PutTimes(IAppointment& appointment, const ItemTimes& times) {
-    Status status = appointment.put_Start(rules::DateFromSeconds(times.Start));
+Status ItemChange::PutTimes(IAppointment& appointment, const ItemPlan& plan) {
+    Status status = appointment.put_Start(rules::DateFromSeconds(plan.Times.Start));
     if (Succeeded(status)) {
-        status = appointment.put_End(rules::DateFromSeconds(times.End));
+        status = appointment.put_End(rules::DateFromSeconds(plan.Times.End));
     }
-    return Succeeded(status) ? appointment.put_AllDayEvent(times.AllDay) : status;
+    if (Succeeded(status)) {
+        status = appointment.put_AllDayEvent(plan.Times.AllDay);
+    }
+    ComPtr<IRecurrencePattern> pattern;
+    if (Succeeded(status) && plan.OldPattern) {
+        status = appointment.GetRecurrencePattern(pattern);
+    }
+    return Succeeded(status) && pattern ? PutPattern(*pattern, *plan.OldPattern, plan.NewPattern) : status;
 }
 
-Status ItemChange::PutReminder(IAppointment& appointment, ExportKind kind) {
-    const bool isAlarm = kind == ExportKind::Alarm;
-    if (!isAlarm && !Options.Remind) {
-        return Status::Ok;
+Status ItemChange::PutReminder(IAppointment& appointment, const ItemPlan& plan) {
+    if (Options.NoRemind) {
+        return appointment.put_ReminderSet(false);
     }
-    const std::u16string sound = locale::ToUtf16(Options.Sound.value_or(""));
-    Status status = appointment.put_ReminderSet(true);
-    if (Succeeded(status)) {
-        status = appointment.put_ReminderMinutesBeforeStart(isAlarm ? 0 : *Options.Remind);
+    const bool becomesAlarm = Options.Kind == ExportKind::Alarm;
+    Status status = Status::Ok;
+    if (becomesAlarm || Options.Remind) {
+        status = appointment.put_ReminderSet(true);
+        if (Succeeded(status)) {
+            const int lead = plan.Kind == ExportKind::Alarm ? 0 : Options.Remind.value_or(0);
+            status = appointment.put_ReminderMinutesBeforeStart(lead);
+        }
     }
+    if (Failed(status) || !(becomesAlarm || Options.Remind || Options.Sound)) {
+        return status;
+    }
+    std::u16string sound;
+    status = Options.Sound ? Status::Ok : appointment.get_ReminderSoundFile(sound);
+    sound = Options.Sound ? locale::ToUtf16(*Options.Sound) : sound;
     if (Succeeded(status)) {
         status = appointment.put_ReminderOptions(sound.empty() ? kRemindSilently : kRemindAloud);
     }
@@ -129,6 +193,13 @@ Status ItemChange::PutKind(ExportKind kind) {
             status = Writer.RequestTag(list, Item, joins ? exchange::TagWish::Join : exchange::TagWish::Leave);
         }
     }
+    return status;
+}
+
+Status ReadKind(const outlook::StorePtr& store, Oid oid, ExportKind& kind) {
+    std::vector<TagList> lists;
+    const Status status = outlook::ExportReader(store).ReadKinds(oid, lists);
+    kind = lists.empty() ? ExportKind::Appointment : static_cast<ExportKind>(lists.front());
     return status;
 }
 

@@ -1,11 +1,11 @@
-// Puts what the command line says of an item into the store, in one step of undo.
+// Makes and changes items from the command line: each change is one step of undo.
 #pragma once
 
 #include "host/outlook/import_writer.h"
-#include "tools/arguments.h"
+#include "host/outlook/store.h"
 #include "tools/item_times.h"
 
-#include <string_view>
+#include <string>
 
 namespace tavo::tools {
 
@@ -13,18 +13,27 @@ namespace tavo::tools {
 struct ItemPlan {
     ItemTimes Times;
     ExportKind Kind = ExportKind::Appointment;
+    bool IsMoved = false;                           // the times are put
+    std::optional<rules::StoredPattern> OldPattern; // of a series that goes to other days
+    rules::StoredPattern NewPattern;
 };
 
 // Works out what becomes of a new item. Nothing, with a sentence in `error`, when the options are against each other.
 std::optional<ItemPlan> PlanItem(const ItemOptions& options, std::string& error);
 
-// What Make does stays when Finish was called and succeeded.
+// The same of a stored one, of this kind.
+std::optional<ItemPlan> PlanChange(const ItemOptions& options, const rules::StoredItem& stored, ExportKind kind,
+                                   std::string& error);
+
+// What Make or Change does stays when Finish was called and succeeded.
 class ItemChange {
   public:
     ItemChange(const outlook::StorePtr& store, const ItemOptions& options);
 
     // InvalidArgument with a reason in GetFault for what the store cannot keep.
     Status Make(const ItemPlan& plan);
+    // Of the item that the options name; NotFound when it is gone.
+    Status Change(const ItemPlan& plan);
 
     // `item` is what the store has now. Its kind follows once the requests for tags are carried out.
     Status Finish(rules::StoredItem& item);
@@ -35,8 +44,8 @@ class ItemChange {
   private:
     Status Put(IAppointment& appointment, const ItemPlan& plan);
     Status PutTexts(IAppointment& appointment);
-    Status PutTimes(IAppointment& appointment, const ItemTimes& times);
-    Status PutReminder(IAppointment& appointment, ExportKind kind);
+    Status PutTimes(IAppointment& appointment, const ItemPlan& plan);
+    Status PutReminder(IAppointment& appointment, const ItemPlan& plan);
     Status PutRule();
     Status PutKind(ExportKind kind);
 
@@ -46,5 +55,8 @@ class ItemChange {
     Oid Item = 0;
     std::string Fault;
 };
+
+// By the store's mirror of the lists: the first that it stands in.
+Status ReadKind(const outlook::StorePtr& store, Oid oid, ExportKind& kind);
 
 } // namespace tavo::tools

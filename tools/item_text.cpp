@@ -64,6 +64,10 @@ std::string DescribeSubject(const rules::StoredItem& item) {
     return item.Subject.empty() ? "(no subject)" : locale::MakeHarmless(locale::ToUtf8(item.Subject));
 }
 
+std::string WriteIsoTime(rules::Seconds time) {
+    return WriteIsoDay(DayFromNumber(rules::DayOf(time))) + "T" + WriteClock(MinuteOf(time));
+}
+
 std::string_view NameKind(ExportKind kind) {
     constexpr std::array<std::string_view, 4> names = {"Alarm", "Holiday", "Anniversary", "Appointment"};
     return names[static_cast<std::size_t>(kind)];

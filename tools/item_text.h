@@ -24,6 +24,9 @@ std::string DescribeReminder(const rules::StoredItem& item);
 // "with Bell.wav"; "" of a reminder without a sound.
 std::string DescribeSound(const rules::StoredItem& item);
 
+// "2026-12-02T15:00"
+std::string WriteIsoTime(rules::Seconds time);
+
 // "Alarm"
 std::string_view NameKind(ExportKind kind);
 

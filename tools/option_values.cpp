@@ -8,17 +8,40 @@
 
 namespace tavo::tools {
 
+std::optional<Day> ReadDay(std::string_view text, std::string_view whatFor, std::string& error) {
+    if (const std::optional<Day> day = ParseDay(text); day) {
+        return day;
+    }
+    const std::optional<When> when = ReadWhen(text, GetNow(), error);
+    if (when && when->Date && !when->Minute) {
+        return when->Date;
+    }
+    const std::string reason =
+        when ? "\"" + std::string(text) + "\" is a time. Write a day like today, fri, \"1 dec\" or 2026-03-14." : error;
+    error = std::string(whatFor) + ": " + reason;
+    return std::nullopt;
+}
+
 bool TakeDay(WordReader& reader, std::string_view option, std::optional<Day>& day, std::string& error) {
     std::string_view value;
     if (!reader.TakeValue(value, error)) {
         return false;
     }
-    day = ParseDay(value);
-    if (!day) {
-        error = "\"" + std::string(value) + "\" is not a date for " + std::string(option) +
-                ". Dates are written YYYY-MM-DD, like 2026-03-14.";
-    }
+    day = ReadDay(value, option, error);
     return day.has_value();
+}
+
+bool TakeFormat(WordReader& reader, std::string_view option, ListFormat& format, std::string& error) {
+    if (option != "--tsv" && option != "--json") {
+        return false;
+    }
+    const ListFormat wanted = option == "--json" ? ListFormat::Json : ListFormat::Tabbed;
+    if (format != ListFormat::People && format != wanted) {
+        error = "Say --tsv or --json, not both.";
+        return false;
+    }
+    format = wanted;
+    return reader.RefuseValue(error);
 }
 
 bool TakeKind(WordReader& reader, std::optional<ExportKind>& kind, std::string& error) {

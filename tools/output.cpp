@@ -1,6 +1,7 @@
 // Standard output, whose failures are noticed.
 #include "tools/output.h"
 
+#include "tools/arguments.h"
 #include "tools/device.h"
 
 #include <unistd.h>
@@ -27,6 +28,12 @@ bool Output::Finish() {
         Complain(std::string("The output cannot be written: ") + std::strerror(Problem) + ".");
     }
     return Problem == 0;
+}
+
+int Print(std::string_view text) {
+    Output output;
+    output.Write(text);
+    return output.Finish() ? kExitSuccess : kExitFailure;
 }
 
 } // namespace tavo::tools

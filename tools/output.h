@@ -15,4 +15,7 @@ class Output {
     int Problem = 0; // errno of the first failure
 };
 
+// Writes a whole text; gives the exit status.
+int Print(std::string_view text);
+
 } // namespace tavo::tools

@@ -26,6 +26,14 @@ struct ImportWriter::Work {
     std::map<std::string, std::string> ZoneNames; // of this calendar, to those of the store
     OfferedExceptions Exceptions;
 
+    struct TagChange {
+        ChangeKind Kind = ChangeKind::TagInserted;
+        Oid Item = 0;
+        TagPlace Place;
+    };
+
+    std::vector<TagChange> TagChanges; // that undo takes back: noted at the end, so that new items stay a run
+
     // Results of an item that is in the store already, under `oid`.
     Status Replace(Oid oid, StoredItem& item, std::int64_t source, ImportOutcome& outcome);
     // 0 when no item has this UID.
@@ -73,6 +81,7 @@ Status ImportWriter::Begin(std::u16string_view groupName) {
     State->Fresh.Begin(State->Core.Db);
     State->ZoneNames.clear();
     State->Exceptions.Begin();
+    State->TagChanges.clear();
     return status;
 }
 
@@ -278,6 +287,14 @@ Status ImportWriter::RequestTag(TagList list, Oid item, TagWish wish) {
     request.List = list;
     request.Item = item;
     request.Set = wish == TagWish::Join;
+    for (const TagPlace& place : places) {
+        if (place.List == list) {
+            State->TagChanges.push_back({ChangeKind::TagRemoved, item, place});
+        }
+    }
+    if (wish == TagWish::Join) {
+        State->TagChanges.push_back({ChangeKind::TagInserted, item, TagPlace{list, 0}});
+    }
     return State->Core.Tags.AddRequest(request);
 }
 
@@ -317,7 +334,12 @@ Status ImportWriter::Commit() {
     if (!State->Begun) {
         return Status::Unexpected;
     }
-    const Status status = State->Exceptions.Finish();
+    Status status = State->Exceptions.Finish();
+    for (const Work::TagChange& change : State->TagChanges) {
+        if (Succeeded(status)) {
+            status = State->Core.NoteTag(change.Kind, change.Item, change.Place);
+        }
+    }
     if (Failed(status)) {
         static_cast<void>(Abandon()); // the first failure is the one to report
         return status;

@@ -19,6 +19,7 @@ constexpr std::size_t kManyEntries = 1000;
 // What a line shows of its item; of a series it is kept for the other occurrences.
 struct ItemFacts {
     std::string Subject;
+    std::string Location;
     bool AllDay = false;
     MirroredKind Kind = MirroredKind::Appointment;
 };
@@ -73,9 +74,10 @@ class Lister {
             return Tell(entry, known->second);
         }
         ItemFacts facts = known->second;
-        Query query(Core.Db, "SELECT subject FROM exception WHERE oid = ? AND original = ? AND subject IS NOT NULL");
+        Query query(Core.Db, "SELECT subject, location FROM exception WHERE oid = ? AND original = ?");
         if (query.Bind(entry.Item).Bind(entry.Original).Next()) {
-            facts.Subject = query.Text(0);
+            facts.Subject = query.IsNull(0) ? facts.Subject : query.Text(0);
+            facts.Location = query.IsNull(1) ? facts.Location : query.Text(1);
         }
         return Failed(query.Result()) ? query.Result() : Tell(entry, facts);
     }
@@ -89,17 +91,19 @@ class Lister {
         line.AllDay = facts.AllDay;
         line.Kind = facts.Kind;
         line.Subject = facts.Subject;
+        line.Location = facts.Location;
         Visit(line);
         return Status::Ok;
     }
 
     // False when another process deleted the item in between: no line for it.
     Status ReadFacts(Oid oid, ItemFacts& facts) {
-        Query query(Core.Db, "SELECT subject, flags FROM item WHERE oid = ?");
+        Query query(Core.Db, "SELECT subject, flags, location FROM item WHERE oid = ?");
         if (!query.Bind(oid).Next()) {
             return Failed(query.Result()) ? query.Result() : Status::False;
         }
         facts.Subject = query.Text(0);
+        facts.Location = query.Text(2);
         facts.AllDay = (query.Integer(1) & kFlagAllDay) != 0;
         return TagsKnown ? FindTag(oid, facts) : ReadTag(oid, facts);
     }

@@ -20,7 +20,8 @@ struct ListedOccurrence {
     bool Recurring = false;
     bool AllDay = false;
     MirroredKind Kind = MirroredKind::Appointment;
-    std::string_view Subject; // UTF-8; valid during the visit only
+    std::string_view Subject;  // UTF-8; valid during the visit only
+    std::string_view Location; // likewise
 };
 
 class OccurrenceReader {

@@ -67,6 +67,10 @@ class StoreCore {
     // `before` is what the tables hold now; its note is journaled when `ink` takes the note.
     Status ChangeItem(const StoredItem& before, StoredItem& item, Ink ink, std::int64_t source, std::string& fault);
     Status DeleteItem(Oid oid);
+    // Makes an item that was deleted again, under its number.
+    Status BringBack(ItemImage& image);
+    // A wish that it stand in a list of kinds again, or not any more.
+    Status WishTagBack(Oid oid, TagPlace place, bool set);
     Status NoteTag(ChangeKind kind, Oid oid, TagPlace place);
 
     void NoteRequest() { RequestsAdded = true; }
@@ -133,8 +137,8 @@ class StoreCore {
     Status UndoCreated(Oid oid);
     Status RestoreImage(const JournalChange& change);
     Status UndoTag(const JournalChange& change);
+    Status PutImage(ItemImage& image);
     void NoteRestored(Oid oid);
-    Status WishTagBack(Oid oid, TagPlace place, bool set);
 
     SeriesCache Series;
     std::vector<Entry> Room;

@@ -37,11 +37,7 @@ Status StoreCore::UndoCreated(Oid oid) {
     return status == Status::NotFound ? Status::Ok : status;
 }
 
-Status StoreCore::RestoreImage(const JournalChange& change) {
-    ItemImage image;
-    if (!DecodeImage(change.Image, image) || image.Item.Item != change.First) {
-        return Status::Corrupt;
-    }
+Status StoreCore::PutImage(ItemImage& image) {
     StoredItem& item = image.Item;
     if (!item.Uid.empty()) {
         Oid holder = 0;
@@ -54,15 +50,28 @@ Status StoreCore::RestoreImage(const JournalChange& change) {
         }
     }
     std::string fault;
-    Status status = Items.Exists(item.Item)
-                        ? Items.Update(item, image.HasInk ? Ink::Take : Ink::Leave, image.Source, fault)
-                        : Items.Insert(item, image.Source, fault);
+    return Items.Exists(item.Item) ? Items.Update(item, image.HasInk ? Ink::Take : Ink::Leave, image.Source, fault)
+                                   : Items.Insert(item, image.Source, fault);
+}
+
+Status StoreCore::BringBack(ItemImage& image) {
+    ++OwnChanges;
+    const Status status = PutImage(image);
+    return Succeeded(status) ? Changes.NoteCreated(image.Item.Item) : status;
+}
+
+Status StoreCore::RestoreImage(const JournalChange& change) {
+    ItemImage image;
+    if (!DecodeImage(change.Image, image) || image.Item.Item != change.First) {
+        return Status::Corrupt;
+    }
+    Status status = PutImage(image);
     for (const TagPlace& place : image.Tags) {
         if (Succeeded(status)) {
-            status = WishTagBack(item.Item, place, true);
+            status = WishTagBack(image.Item.Item, place, true);
         }
     }
-    NoteRestored(item.Item);
+    NoteRestored(image.Item.Item);
     return status;
 }
 

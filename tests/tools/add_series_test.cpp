@@ -101,7 +101,9 @@ TEST_F(AddSeries, WhatAKindNeverIsIsRefused) {
 
 TEST_F(AddSeries, AllOfItIsOneStepOfUndo) {
     Make({"--start", "2026-12-02 7:00", "--kind", "alarm", "--repeat", "daily"});
-    EXPECT_THAT(Device.Run({"check"}).Output, HasSubstr("1 item"));
+    EXPECT_THAT(Device.Run({"undo"}).Output, HasSubstr("\"New appointment\", 1 item."));
+    EXPECT_THAT(Device.Run({"check"}).Output, HasSubstr("Alarms: 0"));
+    EXPECT_THAT(Export(), Not(HasSubstr("VEVENT")));
 }
 
 } // namespace

@@ -105,6 +105,7 @@ TEST_F(Agenda, SubjectsComeOutAsUtf8) {
 
 TEST_F(Agenda, NothingGivesNoTabbedLineAndASentenceForPeople) {
     EXPECT_EQ(List("2026-03-14", "2026-03-14"), "");
+    Import(MakeEvent("a", "DTSTART:20260310T090000\n"));
     EXPECT_EQ(Read("2026-03-14", "2026-03-14"), "Nothing on Saturday, 14 March 2026.\n");
     EXPECT_EQ(Read("2026-03-14", "2026-03-15"), "Nothing from Saturday, 14 March 2026 to Sunday, 15 March 2026.\n");
 }
@@ -152,6 +153,7 @@ TEST_F(Agenda, PeopleReadItByDays) {
                                                 "  09:30 - 10:45    Dentist\n"
                                                 "\n"
                                                 "Sunday, 15 March 2026\n"
+                                                "  to 08:00         Journey\n"
                                                 "  all day to 17 Mar Course\n"
                                                 "  12:00            (no subject)\n"
                                                 "  22:00 - 16 Mar   Dance\n");

@@ -68,13 +68,13 @@ TEST_P(BadDate, IsRefusedByName) {
         const CommandResult result = device.Run({"agenda", option, GetParam()});
         EXPECT_EQ(result.Status, 2);
         EXPECT_THAT(result.Output, IsEmpty());
-        EXPECT_THAT(result.Errors, HasSubstr("\"" + GetParam() + "\" is not a date"));
+        EXPECT_THAT(result.Errors, StartsWith("tavo: " + std::string(option) + ": \"" + GetParam() + "\" "));
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(CommandLine, BadDate,
-                         testing::Values("2026-02-29", "2026-13-01", "2026-00-10", "2026-1-1", "2026-01-011",
-                                         "20260101", "1600-12-31", "today", "2026-01-0x", "-026-01-01", ""));
+                         testing::Values("2026-02-29", "2026-13-01", "2026-00-10", "2026-01-011", "1600-12-31", "9:30",
+                                         "2026-01-0x", "-026-01-01", ""));
 
 TEST(CommandLine, ALastDayBeforeTheFirstIsRefused) {
     const CommandResult result = CommandDevice().Run({"agenda", "--from", "2026-03-15", "--to", "2026-03-14"});
