@@ -30,9 +30,9 @@ class Find : public testing::Test {
     int Status = -1;
 };
 
-constexpr const char* kDentist = "     1  Wed 2 December 2026 15:00       Dentist (Main street 1)\n";
-constexpr const char* kHoliday = "     2  Mon 30 November 2026            Zahnärztin Überweisung  [Holiday]\n";
-constexpr const char* kSwim = "     3  Tue 1 December 2026 07:00 ...   Swim\n";
+const std::string kDentist = "     1  Wed 2 December 2026 15:00       Dentist (Main street 1)\n";
+const std::string kHoliday = "     2  Mon 30 November 2026            Zahnärztin Überweisung  [Holiday]\n";
+const std::string kSwim = "     3  Tue 1 December 2026 07:00 ...   Swim\n";
 
 TEST_F(Find, SubjectsPlacesAndNotesInAnyCase) {
     EXPECT_EQ(Run({"find", "dENT"}), kDentist);
@@ -43,7 +43,7 @@ TEST_F(Find, SubjectsPlacesAndNotesInAnyCase) {
 }
 
 TEST_F(Find, SeveralComeInOrderOfTheirStarts) {
-    EXPECT_EQ(Run({"find", "main"}), std::string(kSwim) + kDentist);
+    EXPECT_EQ(Run({"find", "main"}), kSwim + kDentist);
 }
 
 TEST_F(Find, AllWordsHaveToBeThereWhereverTheyAre) {
