@@ -34,6 +34,13 @@ void EnterAtLogin(const posix::RootEnvironment& environment) {
 } // namespace
 
 int main(int count, char** words) {
+    const std::string_view word = count > 1 ? words[1] : "";
+    if (count > 2 || (count == 2 && word != "--round")) {
+        const bool asked = word == "--help" || word == "-h";
+        std::fputs("RSound reminds of what is in the calendar. The calendar starts it, and `tavo reminders on`.\n",
+                   asked ? stdout : stderr);
+        return asked ? 0 : 2;
+    }
     outlook::PrepareStores(outlook::StoreUse::Service);
     try {
         const posix::RootEnvironment environment = posix::RootEnvironment::OfProcess();
@@ -41,7 +48,7 @@ int main(int count, char** words) {
         if (!root.Root.has_value()) {
             return Refuse(root.Problem);
         }
-        if (count == 2 && std::string_view(words[1]) == "--round") {
+        if (word == "--round") {
             return static_cast<int>(companion::GoRound(*root.Root)); // started by the one that waits
         }
         const companion::CompanionLock lock(root.Root->RunFolder());

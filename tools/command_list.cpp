@@ -48,10 +48,6 @@ const std::array kCommands = {
 
 } // namespace
 
-std::span<const Command> GetCommands() {
-    return kCommands;
-}
-
 const Command* FindCommand(std::string_view name) {
     const auto found = std::find_if(kCommands.begin(), kCommands.end(),
                                     [name](const Command& command) { return command.Name == name; });

@@ -15,9 +15,6 @@ struct Command {
     int (*Run)(Words words, const Command& command);
 };
 
-// In the order in which the general help tells them.
-std::span<const Command> GetCommands();
-
 // Null when there is none of that name.
 const Command* FindCommand(std::string_view name);
 

@@ -126,6 +126,8 @@ Usage: tavo check
 Reads the store and the list of tags through and says in words what is wrong, if anything,
 and what to do. It changes nothing.
 
+  --help   show this text
+
 Exit status: 0 everything is sound, 1 something is wrong.
 )";
 

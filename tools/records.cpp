@@ -7,6 +7,22 @@
 #include <array>
 
 namespace tavo::tools {
+namespace {
+
+constexpr bool IsHighSurrogate(char16_t unit) {
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
+void AppendNumber(char16_t unit, std::string& text) {
+    constexpr std::array<char, 16> digits = {'0', '1', '2', '3', '4', '5', '6', '7',
+                                             '8', '9', 'a', 'b', 'c', 'd', 'e', 'f'};
+    text += "\\u";
+    for (const int shift : {12, 8, 4, 0}) {
+        text += digits[static_cast<std::size_t>(unit >> shift & 0xF)];
+    }
+}
+
+} // namespace
 
 void Records::Begin() {
     HasFields = false;
@@ -27,27 +43,26 @@ void Records::BeginField(std::string_view name) {
     HasFields = true;
 }
 
-// Other programs read it, not a terminal: what is no text at all becomes the character for that.
+// Other programs read it, but a terminal may show it: what a terminal would obey is written as its number.
 void Records::AddQuoted(std::string_view value) {
-    constexpr std::array<char, 16> digits = {'0', '1', '2', '3', '4', '5', '6', '7',
-                                             '8', '9', 'a', 'b', 'c', 'd', 'e', 'f'};
-    constexpr unsigned char firstPrintable = 0x20;
-    constexpr unsigned char deleted = 0x7F;
+    const std::u16string text = locale::ToUtf16(value);
     Text += '"';
-    for (const char unit : locale::ToUtf8(locale::ToUtf16(value))) {
-        const auto byte = static_cast<unsigned char>(unit);
-        if (unit == '"' || unit == '\\') {
-            Text += '\\';
-            Text += unit;
-        } else if (unit == '\n') {
+    for (std::size_t place = 0; place < text.size(); ++place) {
+        const bool isPair = IsHighSurrogate(text[place]) && place + 1 < text.size();
+        const std::u16string_view letter = std::u16string_view(text).substr(place, isPair ? 2 : 1);
+        const std::string bytes = locale::ToUtf8(letter);
+        if (bytes == "\"" || bytes == "\\") {
+            Text += '\\' + bytes;
+        } else if (bytes == "\n") {
             Text += "\\n";
-        } else if (byte < firstPrintable || byte == deleted) {
-            Text += "\\u00";
-            Text += digits[byte >> 4];
-            Text += digits[byte & 0xF];
+        } else if (locale::IsHarmless(bytes)) {
+            Text += bytes;
         } else {
-            Text += unit;
+            for (const char16_t unit : letter) {
+                AppendNumber(unit, Text);
+            }
         }
+        place += letter.size() - 1;
     }
     Text += '"';
 }

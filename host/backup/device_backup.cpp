@@ -25,7 +25,6 @@ using outlook::KeptFile;
 constexpr std::size_t kLargestFile = std::size_t{64} * 1024 * 1024;
 constexpr std::string_view kSettings = "Registry.txt";
 constexpr std::string_view kListsOfKinds = "TavoCalendar.dat";
-constexpr std::string_view kMemos = "My Documents/";
 
 // Locks and requests are of the moment, the store has a way of its own, and backups hold no backups.
 bool IsKept(const fs::path& name) {

@@ -252,7 +252,7 @@ TEST_F(Export, WordsThatMakeNoSenseAreRefused) {
     for (const Words& words :
          {Words{"export", "a", "b"}, Words{"export", "--kind", "meeting"}, Words{"export", "--kind"},
           Words{"export", "--item", "x"}, Words{"export", "--item", "0"}, Words{"export", "--item"},
-          Words{"export", "--from", "tomorrow"}, Words{"export", "--from", "2026-02-02", "--to", "2026-02-01"},
+          Words{"export", "--from", "tomorrow 9:00"}, Words{"export", "--from", "2026-02-02", "--to", "2026-02-01"},
           Words{"export", "--everything"}}) {
         const CommandResult result = Device.Run(words);
         EXPECT_EQ(result.Status, 2) << words.back();

@@ -64,6 +64,12 @@ TEST_F(HarmlessOutput, ArgumentsThatAreNotUnderstood) {
                                                   {"memo", nasty},
                                                   {"memo", "export", "--all", "--to", "x", "--format", nasty},
                                                   {"memo", "export", nasty},
+                                                  {"add", "x", "--start", nasty},
+                                                  {"add", "x", "--start", "fri", "--repeat", nasty},
+                                                  {"edit", nasty},
+                                                  {"show", nasty},
+                                                  {"week", nasty},
+                                                  {"history", "--steps", nasty},
                                                   {"reminders", nasty},
                                                   {"reminders", "list", "--days", nasty}}) {
         EXPECT_EQ(Run(words).Status, 2);
@@ -106,8 +112,13 @@ TEST_F(HarmlessOutput, WhatStandsInTheCalendar) {
                               "\nBEGIN:VALARM\nACTION:DISPLAY\nTRIGGER:-PT15M\nEND:VALARM\n";
     ASSERT_EQ(Run({"import", WriteEvent(lines)}).Status, 0);
     const std::string shown = std::string(kNastyShown) + "␊b";
-    EXPECT_THAT(Run({"agenda", "--to", day.data()}).Output, HasSubstr(shown + '\n'));
+    EXPECT_THAT(Run({"agenda", "--to", day.data()}).Output, HasSubstr(shown + " (" + kNastyShown + ")\n"));
     EXPECT_THAT(Run({"agenda", "--to", day.data(), "--tsv"}, '\t').Output, HasSubstr('\t' + shown + '\n'));
+    EXPECT_THAT(Run({"find", "31m"}).Output, HasSubstr(shown + " (" + kNastyShown + ")\n"));
+    EXPECT_THAT(Run({"find", "31m", "--json"}).Output, HasSubstr("\\u001b[31m\\u001b]0;x\\u0007"));
+    EXPECT_THAT(Run({"show", "1"}).Output, HasSubstr("Item 1: " + shown + "\n"));
+    EXPECT_THAT(Run({"edit", "1", "--remind", "15"}).Output, HasSubstr("Changed item 1: " + shown + ", "));
+    EXPECT_THAT(Run({"history"}).Output, HasSubstr(": item 1, " + shown + "\n"));
     EXPECT_THAT(Run({"reminders", "list"}).Output, HasSubstr(shown + " ("));
     EXPECT_EQ(Run({"check"}).Status, 0);
 }

@@ -57,7 +57,7 @@ TEST_F(Memo, WordsThatMakeNoSenseAreRefused) {
          {Words{"memo"}, Words{"memo", "draw"}, Words{"memo", "export"}, Words{"memo", "export", "x"},
           Words{"memo", "export", "--to", "x"}, Words{"memo", "export", "a", "--all", "--to", "x"},
           Words{"memo", "export", "--all", "--to", "x", "--format", "gif"}, Words{"memo", "list", "a"},
-          Words{"memo", "list", "--date", "tomorrow"}}) {
+          Words{"memo", "list", "--date", "9:00"}}) {
         const CommandResult result = Device.Run(words);
         EXPECT_EQ(result.Status, 2) << words.size();
         EXPECT_THAT(result.Errors, HasSubstr("tavo memo --help"));
