@@ -4,6 +4,8 @@
 #include "app/about_dialog.h"
 #include "app/file_export.h"
 #include "app/file_import.h"
+#include "app/find_dialog.h"
+#include "app/go_to_date_dialog.h"
 #include "app/start.h"
 #include "memo/memo_undo.h"
 #include "memo/moving_memos.h"
@@ -96,6 +98,12 @@ void CTavoApp::TakeCommand(int command) {
     case kCommandNewAppointment:
         Frame->View().MakeItem(static_cast<ItemKind>(command - kCommandNewAlarm));
         break;
+    case kCommandFind:
+        Find();
+        break;
+    case kCommandGoToDate:
+        GoToDate();
+        break;
     case kCommandImport:
         Files.Dialogs->ChooseImport();
         break;
@@ -119,6 +127,20 @@ void CTavoApp::Undo() {
         ShowRefusal(Pump, WindowHandle::None, kNotUndone);
     } else if (memos.Missing() > 0) {
         ShowRefusal(Pump, WindowHandle::None, kMemosMissing);
+    }
+}
+
+void CTavoApp::Find() {
+    CFindDlg find(Pump, State);
+    if (find.DoModal() == IDOK) {
+        Frame->View().ShowDay(find.Chosen());
+    }
+}
+
+void CTavoApp::GoToDate() {
+    CGoToDateDlg dialog(Pump, State, Frame->View().ShownDay());
+    if (dialog.DoModal() == IDOK) {
+        Frame->View().ShowDay(dialog.Chosen());
     }
 }
 

@@ -30,6 +30,8 @@ class CTavoApp final : public ICommandTarget {
     bool ActivateRunningCopy();
     // Takes the last step back, with a display where it takes long.
     void Undo();
+    void Find();
+    void GoToDate();
     void TakeCommand(int command) override;
     void ImportFiles() override;
     void ExportFile() override;

@@ -195,6 +195,21 @@ void CVantorView::OpenItem(Oid oid) {
     }
 }
 
+void CVantorView::ShowDay(const SYSTEMTIME& day) {
+    if (!CalendarPage) {
+        return;
+    }
+    CalendarPage->GoTo({day.Year, day.Month, day.Day});
+    if (State.CurrentPage != PageNumber::Calendar) {
+        State.CurrentPage = PageNumber::Calendar;
+        ShowPage(PageNumber::Calendar);
+    }
+}
+
+SYSTEMTIME CVantorView::ShownDay() {
+    return SelectedDay().value_or(Host().Clock().GetLocalTime());
+}
+
 void CVantorView::PostChangeNotice() {
     Post(kChangeNotice);
 }

@@ -46,6 +46,10 @@ class CVantorView : public CPaintedWindow, public IMainView {
     void MakeItem(ItemKind kind);
     // Opens the view on this item; nothing when it is gone or there are no pages.
     void OpenItem(Oid oid);
+    // Shows the Calendar page with this day selected; nothing when there are no pages.
+    void ShowDay(const SYSTEMTIME& day);
+    // The day that the Calendar page has selected where that is on show, else today.
+    SYSTEMTIME ShownDay();
     // Another process changed items or asked for tags.
     void TakeOutsideChange();
 

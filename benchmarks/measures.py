@@ -14,6 +14,7 @@ from pathlib import Path
 from day_menu_measures import measure_day_menu
 from desktop_measures import has_desktop, measure_start
 from editor_measures import measure_editor
+from everyday_measures import measure_everyday
 from exchange_measures import measure_exchange, measure_rules
 from ink_measures import measure_ink, measure_ink_window
 from list_measures import FIRST_DAY, measure_lists
@@ -34,7 +35,7 @@ LONGEST_ITEM_DAYS = 32
 KINDS = ("alarm", "holiday", "anniversary")
 # What can be measured by itself, in the order in which it is printed.
 ROWS = ("import", "rules", "size", "month", "agenda", "ink", "text", "window", "day-menu", "ink-window", "editor", "lists",
-        "reminders")
+        "reminders", "everyday")
 # A day and a month in the middle of the ten years.
 DAY = datetime.date(2025, 3, 14)
 MONTH = (datetime.date(2025, 3, 1), datetime.date(2025, 3, 31))
@@ -44,7 +45,7 @@ def build():
     options = ["-DCMAKE_BUILD_TYPE=Release", "-DTAVO_BENCHMARKS=ON", "-DTAVO_TESTS=OFF"]
     run(["cmake", "-S", str(ROOT), "-B", str(BUILD), "-G", "Ninja", *options])
     targets = ["products", "tavo-generate", "tavo-parse-whole", "tavo-month-window", "tavo-ink-costs", "tavo-list-costs",
-               "tavo-rule-costs", "tavo-next-reminder", "tavo-notification-service"]
+               "tavo-rule-costs", "tavo-next-reminder", "tavo-notification-service", "tavo-search-costs", "tavo-one-insert"]
     run(["cmake", "--build", str(BUILD), "--target", *targets])
     # These need Qt, as the window does.
     if (BIN / "tavocalendar").exists():
@@ -243,6 +244,8 @@ def measure_all(report, folder, items, rows):
         measure_lists(report, device, folder, BIN, seconds_of(datetime.date(*FIRST_DAY)))
     if "reminders" in rows:
         measure_reminders(report, device, BIN)
+    if "everyday" in rows:
+        measure_everyday(report, device, folder, BIN, select_rows)
 
 
 def main():

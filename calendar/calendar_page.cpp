@@ -129,6 +129,26 @@ void CCalendarPage::SelectDay(CalendarDate date) {
     SelectedDay = date.Day;
 }
 
+void CCalendarPage::SelectAndShow(const CalendarDate& date) {
+    SelectDay(date);
+    MonthChanged = MonthChanged || date.Year != DisplayedYear || date.Month != DisplayedMonth;
+    DisplayedYear = date.Year;
+    DisplayedMonth = date.Month;
+    DisplayedDay = date.Day;
+    State.SetFebruary(DisplayedYear);
+    ComputeGrid();
+    SelectionChanged = true;
+    FullPaint = true;
+}
+
+void CCalendarPage::GoTo(const CalendarDate& date) {
+    if (IsDay(date)) {
+        SelectAndShow(date);
+        ReloadDayList();
+        Invalidate();
+    }
+}
+
 void CCalendarPage::ReloadDayList() {
     DayList.SetDate(SelectedYear, SelectedMonth, SelectedDay);
     DayListLags = true;

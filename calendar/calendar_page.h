@@ -31,6 +31,9 @@ class CCalendarPage : public CItemPage, private IDayListOwner {
     // The page comes on show: repaints whole, with what changed while it was hidden.
     void OpenFromPageBar();
 
+    // Selects a day of the years that the calendar shows, in its month.
+    void GoTo(const CalendarDate& date);
+
     CalendarDate SelectedDate() const { return {SelectedYear, SelectedMonth, SelectedDay}; }
 
     // Whether there is such a day; by keys one that does not exist can be selected.
@@ -47,6 +50,7 @@ class CCalendarPage : public CItemPage, private IDayListOwner {
     int LengthOf(int month) const; // in days
     void ComputeGrid();
     void SelectDay(CalendarDate date);
+    void SelectAndShow(const CalendarDate& date);
     // Gives the day list the selected day. It reads the day when somebody asks for its rows: nobody sees it before.
     void ReloadDayList();
     CDayList& LoadedDayList();

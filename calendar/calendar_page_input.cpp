@@ -119,17 +119,7 @@ bool CCalendarPage::MoveSelectedDate(int key) {
     } else if (moved.Year < kLowestYear || moved.Year > kHighestYear) {
         return true;
     }
-    SelectDay(moved);
-    if (moved.Year != DisplayedYear || moved.Month != DisplayedMonth) {
-        DisplayedYear = moved.Year;
-        DisplayedMonth = moved.Month;
-        MonthChanged = true;
-    }
-    DisplayedDay = moved.Day;
-    State.SetFebruary(DisplayedYear);
-    ComputeGrid();
-    SelectionChanged = true;
-    FullPaint = true;
+    SelectAndShow(moved);
     return true;
 }
 

@@ -22,6 +22,7 @@ function(tavo_check_headers folder)
   add_library(${name} OBJECT ${sources})
   set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
   target_link_libraries(${name} PRIVATE tavo_options)
+  target_compile_options(${name} PRIVATE -O0) # nobody runs it
   tavo_targets_below(${folder} targets)
   foreach(target IN LISTS targets)
     get_target_property(links ${target} LINK_LIBRARIES)

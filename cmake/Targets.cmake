@@ -78,25 +78,52 @@ function(tavo_program_library name)
   tavo_use_common_headers(${name} tavo_program_headers)
 endfunction()
 
-# tavo_precompile_for_tests(NAME SOURCE...): reads what nearly every test includes once for the whole target. Each source
-# still includes what it uses: the clang build, where this is off, holds them to it.
-function(tavo_precompile_for_tests name)
-  list(LENGTH ARGN sources)
-  if(sources GREATER 3)
-    target_precompile_headers(${name} PRIVATE
-      <gmock/gmock.h> <gtest/gtest.h>
-      <algorithm> <array> <chrono> <cstdint> <filesystem> <fstream> <functional> <map> <memory> <optional> <random> <string>
-      <string_view> <utility> <vector>)
-  endif()
+# What nearly every test includes is read once for all tests, and once more for those with Qt, whose code is compiled to be
+# moved. Each source still includes what it uses: the clang build, where this is off, holds them to it.
+set(tavo_test_headers
+  <gmock/gmock.h> <gtest/gtest.h>
+  <algorithm> <array> <chrono> <cstdint> <filesystem> <fstream> <functional> <map> <memory> <optional> <random> <string>
+  <string_view> <utility> <vector>)
+# What is tested is optimised as it is used; the tests themselves are run once for each time they are compiled.
+set(tavo_test_options -pthread $<$<CONFIG:Release>:-O0>)
+
+# tavo_test_headers(NAME [LIBRARY ...])
+function(tavo_test_headers name)
+  set(source ${CMAKE_BINARY_DIR}/common_headers_main.cpp)
+  file(CONFIGURE OUTPUT ${source} CONTENT "int main() {}\n")
+  add_executable(${name} EXCLUDE_FROM_ALL ${source}) # compiled as the tests are
+  target_link_libraries(${name} PRIVATE tavo_options GTest::gtest GTest::gmock ${ARGN})
+  target_compile_options(${name} PRIVATE ${tavo_test_options})
+  target_precompile_headers(${name} PRIVATE ${tavo_test_headers})
 endfunction()
 
-# tavo_test(NAME [ENVIRONMENT NAME=VALUE] [SOURCES ...] [LINKS ...]): a GoogleTest program; each of its tests is one ctest test.
+# tavo_precompile_for_tests(NAME LIBRARY...): by what the test links to.
+function(tavo_precompile_for_tests name)
+  set(kind plain)
+  if("${ARGN}" MATCHES "_qt|Qt6")
+    set(kind qt)
+  endif()
+  if(NOT TARGET tavo_plain_test_headers)
+    tavo_test_headers(tavo_plain_test_headers)
+    if(TAVO_QT)
+      tavo_test_headers(tavo_qt_test_headers Qt6::Core)
+    endif()
+  endif()
+  target_precompile_headers(${name} REUSE_FROM tavo_${kind}_test_headers)
+endfunction()
+
+# tavo_test(NAME [COMPUTES] [ENVIRONMENT NAME=VALUE] [SOURCES ...] [LINKS ...]): a GoogleTest program; each of its tests is one
+# ctest test. One that COMPUTES much itself is optimised.
 function(tavo_test name)
-  cmake_parse_arguments(ARG "" "ENVIRONMENT" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "COMPUTES" "ENVIRONMENT" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE tavo_options ${ARG_LINKS} GTest::gtest GTest::gmock GTest::gtest_main)
-  # What is tested is optimised as it is used; the tests themselves are run once for each time they are compiled.
-  target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O1>)
-  tavo_precompile_for_tests(${name} ${ARG_SOURCES})
+  if(ARG_COMPUTES)
+    target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O1>)
+    target_precompile_headers(${name} PRIVATE ${tavo_test_headers})
+  else()
+    target_compile_options(${name} PRIVATE ${tavo_test_options})
+    tavo_precompile_for_tests(${name} ${ARG_LINKS})
+  endif()
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 600 ENVIRONMENT "${ARG_ENVIRONMENT}")
 endfunction()

@@ -172,6 +172,23 @@ class ITagMirror {
     virtual Status FinishRequests(std::int64_t lastId) = 0;
 };
 
+// An item whose texts hold what was searched for.
+struct FoundItem {
+    Oid Item = 0;
+    DATE Start = 0; // of its first occurrence
+    bool AllDay = false;
+    bool IsRecurring = false;
+    std::u16string Subject;
+    std::u16string Location;
+};
+
+// A search that goes on as far as it is asked to. Changes meanwhile are seen or not.
+class IItemSearch : public IUnknown {
+  public:
+    // Looks at that many more items, those made last first, and appends what is found. False when that were the last.
+    virtual Status Step(std::int32_t items, std::vector<FoundItem>& found) = 0;
+};
+
 // The connection to the store.
 class IPOutlookApp : public IUnknown {
   public:
@@ -206,6 +223,10 @@ class IPOutlookApp : public IUnknown {
     // ends them all.
     virtual Status BeginReading() = 0;
     virtual Status EndReading() = 0;
+
+    // The items in which each word of the text stands somewhere in the subject, the location or the notes, whatever its
+    // case. Nothing is found by a text without words.
+    virtual Status Search(std::u16string_view text, ComPtr<IItemSearch>& search) = 0;
 
     virtual ITagMirror& Tags() = 0; // valid while this object lives
 };

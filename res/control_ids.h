@@ -106,4 +106,11 @@ constexpr int kCopyMemoLabel = 1012;
 constexpr int kCopyMemoName = 1017;
 constexpr int kCopyMemoOk = 1064;
 
+// Find (273).
+constexpr int kFindText = 1068;
+constexpr int kFindScrollBar = 1069;
+
+// Go to date (274).
+constexpr int kGoToDateDay = 1070;
+
 } // namespace tavo

@@ -49,6 +49,16 @@ constexpr DialogItem kProgressItems[] = {
     {ControlKind::PushButton, IDCANCEL, u"Cancel", Rect::FromSize(54, 74, 50, 14)},
 };
 
+// The list of what is found is made below the text; the scroll bar is placed beside it.
+constexpr DialogItem kFindItems[] = {
+    {ControlKind::Edit, kFindText, u"", Rect::FromSize(5, 5, 149, 15)},
+    {ControlKind::ScrollBar, kFindScrollBar, u"", Rect::FromSize(148, 26, 10, 127), false},
+};
+
+constexpr DialogItem kGoToDateItems[] = {
+    {ControlKind::DatePicker, kGoToDateDay, u"", Rect::FromSize(13, 34, 109, 15)},
+};
+
 } // namespace
 
 constexpr DialogTemplate kAboutTemplate{kDialogAbout, u"About Tavo Calendar", {153, 170}, 8, kAboutItems};
@@ -57,13 +67,15 @@ constexpr DialogTemplate kSchedulePageTemplate{kDialogSchedule, u"Schedule", kPa
 constexpr DialogTemplate kCalendarPageTemplate{kDialogCalendar, u"Calendar", kPageExtent, 10, kCalendarItems};
 constexpr DialogTemplate kSettingsPageTemplate{kDialogSettings, u"Settings", kPageExtent, 10, kSettingsItems};
 constexpr DialogTemplate kProgressTemplate{kDialogProgress, u"Delete", kPageExtent, 10, kProgressItems};
+constexpr DialogTemplate kFindTemplate{kDialogFind, u"Find", kPageExtent, 10, kFindItems};
+constexpr DialogTemplate kGoToDateTemplate{kDialogGoToDate, u"Go to date", kPageExtent, 10, kGoToDateItems};
 
 std::span<const DialogTemplate* const> AllDialogTemplates() {
     static constexpr const DialogTemplate* all[] = {
         &kAboutTemplate,        &kClockPageTemplate,   &kSchedulePageTemplate,    &kCalendarPageTemplate,
         &kSettingsPageTemplate, &kAppointmentTemplate, &kRecurrenceTemplate,      &kPatternPageTemplate,
         &kRangePageTemplate,    &kInkMemoTemplate,     &kAppointmentViewTemplate, &kCopyMemoTemplate,
-        &kProgressTemplate};
+        &kProgressTemplate,     &kFindTemplate,        &kGoToDateTemplate};
     return all;
 }
 

@@ -18,6 +18,8 @@ extern const DialogTemplate kInkMemoTemplate;
 extern const DialogTemplate kAppointmentViewTemplate;
 extern const DialogTemplate kCopyMemoTemplate;
 extern const DialogTemplate kProgressTemplate;
+extern const DialogTemplate kFindTemplate;
+extern const DialogTemplate kGoToDateTemplate;
 
 // Where the About dialog shows the program's icon, in dialog units.
 constexpr Rect kAboutIconPlace = Rect::FromSize(6, 22, 21, 20);

@@ -94,6 +94,8 @@ std::vector<MenuItem> MakePageMenus() {
         Popup(u"Tools",
               {
                   Command(kCommandUndoStep, u"Undo", u"Ctrl+Z"),
+                  Command(kCommandFind, u"Find...", u"Ctrl+F"),
+                  Command(kCommandGoToDate, u"Go to date...", u"Ctrl+G"),
                   Separator(),
                   Command(kCommandNewAlarm, u"New Alarm", u"Ctrl+1"),
                   Command(kCommandNewHoliday, u"New Holiday", u"Ctrl+2"),

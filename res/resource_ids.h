@@ -9,6 +9,7 @@ namespace tavo {
 
 // Messages of the program's own.
 constexpr MessageNumber kChangeNotice = WM_USER + 1000; // appointments or category lists changed; to the main view
+constexpr MessageNumber kSearchOn = WM_USER + 1001;     // Find: to itself, the next part of the search
 
 // Timers, besides the one in platform/activation.h.
 constexpr int kTimerClockPrompt = 1002;  // Clock page: first redraw
@@ -32,6 +33,8 @@ constexpr int kDialogAppointmentView = 269;
 constexpr int kDialogCopyMemo = 270;
 constexpr int kDialogSettings = 271;
 constexpr int kDialogProgress = 272;
+constexpr int kDialogFind = 273;
+constexpr int kDialogGoToDate = 274;
 
 // Results of dialogs besides OK and Cancel.
 constexpr int kResultModify = 10;
@@ -54,6 +57,8 @@ constexpr int kCommandNewAnniversary = 32813;
 constexpr int kCommandNewAppointment = 32814;
 constexpr int kCommandImport = 32815;
 constexpr int kCommandExport = 32816;
+constexpr int kCommandFind = 32817;
+constexpr int kCommandGoToDate = 32818;
 
 // Commands on an item.
 constexpr int kCommandModify = 32771;

@@ -21,13 +21,6 @@ constexpr Color kWhite = Color::FromRgb(255, 255, 255);
 constexpr Color kBlack = Color::FromRgb(0, 0, 0);
 constexpr Color kSelection{0xBF6000};
 
-// In one line there is no place for line breaks and tabs.
-std::u16string MakeOneLine(std::u16string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char16_t character) { return character < u' '; }, u' ');
-    return text;
-}
-
 } // namespace
 
 void CItemList::PaintRow(int row, const Rect& area) {

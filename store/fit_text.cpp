@@ -56,4 +56,10 @@ std::u16string FitText(IDrawing& drawing, FontHandle font, std::u16string_view t
     return std::u16string(text.substr(0, line));
 }
 
+std::u16string MakeOneLine(std::u16string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char16_t character) { return character < u' '; }, u' ');
+    return text;
+}
+
 } // namespace tavo

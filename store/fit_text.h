@@ -19,4 +19,7 @@ bool IsWiderThan(IDrawing& drawing, FontHandle font, std::u16string_view text, i
 // Kept on purpose: the dots come after that prefix, so a shortened text is wider than the limit by about the dots.
 std::u16string FitText(IDrawing& drawing, FontHandle font, std::u16string_view text, int maximumWidth);
 
+// With blanks in place of line breaks and tabs.
+std::u16string MakeOneLine(std::u16string text);
+
 } // namespace tavo

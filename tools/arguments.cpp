@@ -1,6 +1,7 @@
 // What the command line of `tavo` asks for.
 #include "tools/arguments.h"
 
+#include "tools/file_word.h"
 #include "tools/option_values.h"
 
 #include <charconv>
@@ -42,9 +43,9 @@ bool TakeFormat(WordReader& reader, std::string& format, std::string& error) {
 
 bool TakeFolder(WordReader& reader, std::string& folder, std::string& error) {
     std::string_view value;
-    const bool taken = reader.TakeValue(value, error);
-    folder = value;
-    return taken;
+    const std::optional<std::string> path = reader.TakeValue(value, error) ? ReadPath(value, error) : std::nullopt;
+    folder = path.value_or("");
+    return path.has_value();
 }
 
 // What is missing or too much; empty when all is well.
@@ -130,8 +131,12 @@ std::optional<ImportOptions> ParseImport(std::span<const std::string_view> words
     while (reader.HasMore()) {
         const std::string_view word = reader.Take();
         if (!reader.IsOption(word)) {
-            if (!word.empty()) {
-                options.Paths.emplace_back(word);
+            const std::optional<std::string> path = ReadPath(word, error);
+            if (!path) {
+                return std::nullopt;
+            }
+            if (!path->empty()) {
+                options.Paths.push_back(*path);
             }
         } else if (word == "--as") {
             if (!TakeTag(reader, options.Tag, error)) {
@@ -232,7 +237,9 @@ std::optional<ExportOptions> ParseExport(std::span<const std::string_view> words
         } else if (IsHelp(word)) {
             options.Help = true;
         } else if (!reader.IsOption(word) && !hasFile) {
-            options.File = word == "-" ? std::string_view() : word;
+            const std::optional<std::string> path = ReadPath(word == "-" ? std::string_view() : word, error);
+            options.File = path.value_or("");
+            good = path.has_value();
             hasFile = true;
         } else {
             error = reader.DescribeUnknown(word);

@@ -29,6 +29,7 @@ enum class ListFormat { People, Tabbed, Json };
 // What is said of an item. What is not given stays as it is, or as it commonly is.
 struct ItemOptions {
     std::int32_t Item = 0; // its number; 0: a new one
+    std::optional<Day> On; // of a series only the occurrence of this day
     std::optional<std::string> Subject;
     std::optional<When> Start;
     std::optional<When> End;
@@ -71,6 +72,7 @@ struct ExportOptions {
 // Of commands about items by their numbers.
 struct NumbersOptions {
     std::vector<std::int32_t> Items;
+    std::optional<Day> On; // as in ItemOptions
     ListFormat Format = ListFormat::People;
     bool Help = false;
 };

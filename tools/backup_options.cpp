@@ -1,6 +1,8 @@
 // One file, and hardly an option.
 #include "tools/backup_options.h"
 
+#include "tools/file_word.h"
+
 namespace tavo::tools {
 namespace {
 
@@ -23,7 +25,11 @@ std::optional<BackupOptions> Parse(std::span<const std::string_view> words, List
             error = "Name one file only: " + options.File + " or " + std::string(word) + ".";
             return std::nullopt;
         } else {
-            options.File = word;
+            const std::optional<std::string> path = ReadPath(word, error);
+            if (!path) {
+                return std::nullopt;
+            }
+            options.File = *path;
         }
     }
     if (!options.Help && options.List != options.File.empty()) {

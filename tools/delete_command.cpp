@@ -1,11 +1,13 @@
 // tavo delete and tavo restore: items go by their numbers, all at once or none, and come back.
 #include "host/outlook/change_names.h"
 #include "host/outlook/history.h"
+#include "host/outlook/occurrence_finder.h"
 #include "tools/commands.h"
 #include "tools/device.h"
 #include "tools/item_change.h"
 #include "tools/item_text.h"
 #include "tools/output.h"
+#include "tools/store_days.h"
 #include "tools/tag_file.h"
 
 namespace tavo::tools {
@@ -22,7 +24,7 @@ Status DeleteItem(const outlook::StorePtr& store, outlook::ImportWriter& writer,
     return Succeeded(status) ? appointment->Delete() : status;
 }
 
-// "Item 5: Dentist, Wed 2 December 2026 15:00 - 16:00", or as it is after the verb.
+// "Deleted item 5: Dentist, Wed 2 December 2026 15:00 - 16:00"
 Status Describe(const outlook::StorePtr& store, std::string_view verb, Oid oid, std::string& text) {
     rules::StoredItem item;
     ExportKind kind = ExportKind::Appointment;
@@ -34,6 +36,33 @@ Status Describe(const outlook::StorePtr& store, std::string_view verb, Oid oid, 
     return status;
 }
 
+int DeleteSeriesDay(const outlook::StorePtr& store, const NumbersOptions& options) {
+    std::string text;
+    outlook::ImportWriter writer(store);
+    Status status = writer.Begin(outlook::kNameOfDeletion);
+    for (const Oid oid : options.Items) {
+        ComPtr<IAppointment> occurrence;
+        rules::StoredItem item;
+        if (Succeeded(status)) {
+            status = outlook::FindOccurrence(store, oid, NumberOf(*options.On), occurrence);
+        }
+        if (status == Status::NotFound || status == Status::InvalidArgument) {
+            Complain("Nothing was deleted: " + DescribeNoOccurrence(oid, *options.On, status) + ".");
+            return kExitFailure;
+        }
+        status = Succeeded(status) ? occurrence->Delete() : status;
+        status = Succeeded(status) ? store->ReadItem(oid, item) : status;
+        text += "Deleted " + WriteDayWithWeekday(*options.On) + " of item " + std::to_string(oid) + ": " +
+                DescribeSubject(item) + "\n";
+    }
+    status = Succeeded(status) ? writer.Commit() : status;
+    if (Failed(status)) {
+        Complain("Nothing was deleted: " + DescribeFailure(status) + ".");
+        return kExitFailure;
+    }
+    return Print(text);
+}
+
 } // namespace
 
 int RunDelete(const NumbersOptions& options) {
@@ -41,6 +70,9 @@ int RunDelete(const NumbersOptions& options) {
     outlook::StorePtr store;
     if (!root || OpenStore(*root, outlook::Access::ReadWrite, store) != Opening::Good) {
         return kExitFailure;
+    }
+    if (options.On) {
+        return DeleteSeriesDay(store, options);
     }
     std::string text;
     outlook::ImportWriter writer(store);

@@ -55,11 +55,12 @@ Usage: tavo edit NUMBER [OPTIONS]
   --kind KIND       alarm, holiday, anniversary or appointment
   --location TEXT   where it is; "" is nowhere
   --note TEXT       what else there is to say
+  --on DATE         of a series change this day only: its subject, place and times
   --help            show this text
 
-`tavo help add` tells how days, times, lengths and rules are written. Of a series all of
-its days are changed; when it goes to another day, the days of the week or month that it
-repeats on go with it. `tavo undo` takes the change back.
+`tavo help add` tells how days, times, lengths and rules are written. Without --on all days
+of a series are changed; when it goes to another day, the days of the week or month that
+it repeats on go with it. `tavo undo` takes the change back.
 
 Exit status: 0 it was changed, 1 it could not be, 2 the command line was not understood.
 )";
@@ -67,12 +68,13 @@ Exit status: 0 it was changed, 1 it could not be, 2 the command line was not und
 const std::string_view kDeleteHelp =
     R"(tavo delete - delete items
 
-Usage: tavo delete NUMBER...
+Usage: tavo delete NUMBER... [--on DATE]
 
-  --help   show this text
+  --on DATE   of a series only this day
+  --help      show this text
 
-All of them are deleted, or none when one of them is not there. Of a series all of its
-days go. `tavo undo` brings back what was deleted last, `tavo restore` a single item.
+All of them are deleted, or none when one of them is not there. Without --on all days of a
+series go. `tavo undo` brings back what was deleted last, `tavo restore` a single item.
 
 Exit status: 0 they were deleted, 1 they could not be, 2 the command line was not
 understood.

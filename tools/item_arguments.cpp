@@ -117,10 +117,14 @@ std::string FindFault(const ItemOptions& options) {
     return FindTimeFault(options);
 }
 
+// What belongs to a series as a whole.
+bool ChangesSeries(const ItemOptions& options) {
+    return options.AllDay || options.Rule || options.NoRepeat || options.Remind || options.NoRemind || options.Sound ||
+           options.Kind || options.Note;
+}
+
 bool ChangesAnything(const ItemOptions& options) {
-    return options.Subject || options.Start || options.End || options.For || options.AllDay || options.Rule ||
-           options.NoRepeat || options.Remind || options.NoRemind || options.Sound || options.Kind ||
-           options.Location || options.Note;
+    return options.Subject || options.Start || options.End || options.For || options.Location || ChangesSeries(options);
 }
 
 bool TakeNumber(std::string_view word, std::int32_t& item, std::string& error) {
@@ -175,6 +179,8 @@ std::optional<ItemOptions> ParseEdit(std::span<const std::string_view> words, st
             good = TakeNumber(word, options.Item, error);
         } else if (word == "--subject") {
             good = TakeText(reader, options.Subject, error);
+        } else if (word == "--on") {
+            good = TakeDay(reader, word, options.On, error);
         } else {
             good = TakeItemOption(reader, word, options, error);
         }
@@ -188,6 +194,8 @@ std::optional<ItemOptions> ParseEdit(std::span<const std::string_view> words, st
     }
     if (options.Item == 0) {
         error = "Say which item: its number, as `tavo find` and `tavo agenda --tsv` tell it.";
+    } else if (options.On && ChangesSeries(options)) {
+        error = "One day of a series can have a subject, a place and times of its own; the rest is the whole series'.";
     } else {
         error = ChangesAnything(options) ? FindFault(options) : "Say what to change, as with --start or --subject.";
     }

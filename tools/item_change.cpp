@@ -96,6 +96,21 @@ Status ItemChange::Change(const ItemPlan& plan) {
     return Succeeded(status) ? Put(*appointment, plan) : status;
 }
 
+Status ItemChange::ChangeOccurrence(IAppointment& occurrence, const ItemPlan& plan) {
+    Status status = Writer.Begin(outlook::kNameOfChange);
+    if (Succeeded(status)) {
+        status = PutTexts(occurrence);
+    }
+    if (Succeeded(status)) {
+        status = occurrence.put_Start(rules::DateFromSeconds(plan.Times.Start));
+    }
+    if (Succeeded(status)) {
+        status = occurrence.put_End(rules::DateFromSeconds(plan.Times.End));
+    }
+    Item = Options.Item;
+    return Succeeded(status) ? occurrence.Save() : status;
+}
+
 Status ItemChange::Put(IAppointment& appointment, const ItemPlan& plan) {
     Status status = PutTexts(appointment);
     if (Succeeded(status) && Options.NoRepeat) {

@@ -34,6 +34,8 @@ class ItemChange {
     Status Make(const ItemPlan& plan);
     // Of the item that the options name; NotFound when it is gone.
     Status Change(const ItemPlan& plan);
+    // Of one occurrence of it, which FindOccurrence gave.
+    Status ChangeOccurrence(IAppointment& occurrence, const ItemPlan& plan);
 
     // `item` is what the store has now. Its kind follows once the requests for tags are carried out.
     Status Finish(rules::StoredItem& item);

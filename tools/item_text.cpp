@@ -64,6 +64,12 @@ std::string DescribeSubject(const rules::StoredItem& item) {
     return item.Subject.empty() ? "(no subject)" : locale::MakeHarmless(locale::ToUtf8(item.Subject));
 }
 
+std::string DescribeNoOccurrence(Oid item, Day day, Status why) {
+    const std::string number = "item " + std::to_string(item);
+    return why == Status::InvalidArgument ? number + " takes place once: leave --on away"
+                                          : number + " does not begin on " + WriteDayWithWeekday(day);
+}
+
 std::string WriteIsoTime(rules::Seconds time) {
     return WriteIsoDay(DayFromNumber(rules::DayOf(time))) + "T" + WriteClock(MinuteOf(time));
 }

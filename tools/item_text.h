@@ -24,6 +24,9 @@ std::string DescribeReminder(const rules::StoredItem& item);
 // "with Bell.wav"; "" of a reminder without a sound.
 std::string DescribeSound(const rules::StoredItem& item);
 
+// Why FindOccurrence found nothing on the day, as the end of a sentence.
+std::string DescribeNoOccurrence(Oid item, Day day, Status why);
+
 // "2026-12-02T15:00"
 std::string WriteIsoTime(rules::Seconds time);
 

@@ -7,7 +7,10 @@
 namespace tavo::tools {
 namespace {
 
-std::optional<NumbersOptions> ParseNumbers(std::span<const std::string_view> words, bool canList, std::string& error) {
+enum class NumbersFor { Listing, Deletion, Restoring };
+
+std::optional<NumbersOptions> ParseNumbers(std::span<const std::string_view> words, NumbersFor purpose,
+                                           std::string& error) {
     NumbersOptions options;
     WordReader reader(words);
     while (reader.HasMore()) {
@@ -17,8 +20,10 @@ std::optional<NumbersOptions> ParseNumbers(std::span<const std::string_view> wor
             options.Help = true;
         } else if (!reader.IsOption(word)) {
             good = ReadItemNumber(word, options.Items, error);
+        } else if (word == "--on" && purpose == NumbersFor::Deletion) {
+            good = TakeDay(reader, word, options.On, error);
         } else {
-            good = canList && TakeFormat(reader, word, options.Format, error);
+            good = purpose == NumbersFor::Listing && TakeFormat(reader, word, options.Format, error);
         }
         if (!good) {
             error = error.empty() ? reader.DescribeUnknown(word) : error;
@@ -75,15 +80,15 @@ bool TakeSteps(WordReader& reader, int& steps, std::string& error) {
 } // namespace
 
 std::optional<NumbersOptions> ParseShow(std::span<const std::string_view> words, std::string& error) {
-    return ParseNumbers(words, true, error);
+    return ParseNumbers(words, NumbersFor::Listing, error);
 }
 
 std::optional<NumbersOptions> ParseDelete(std::span<const std::string_view> words, std::string& error) {
-    return ParseNumbers(words, false, error);
+    return ParseNumbers(words, NumbersFor::Deletion, error);
 }
 
 std::optional<NumbersOptions> ParseRestoreItems(std::span<const std::string_view> words, std::string& error) {
-    return ParseNumbers(words, false, error);
+    return ParseNumbers(words, NumbersFor::Restoring, error);
 }
 
 std::optional<FindOptions> ParseFind(std::span<const std::string_view> words, std::string& error) {

@@ -3,7 +3,6 @@
 
 #include "host/locale/case_folding.h"
 #include "host/outlook/item_rows.h"
-#include "host/outlook/store_core.h"
 #include "host/outlook/text.h"
 
 #include <algorithm>
@@ -50,8 +49,9 @@ std::vector<std::string> SplitFolded(std::u16string_view text) {
 
 } // namespace
 
-ItemSearch::ItemSearch(StorePtr store, std::u16string_view text)
-    : Source(std::move(store)), Words(SplitFolded(text)), Before(Words.empty() ? 0 : std::numeric_limits<Oid>::max()) {}
+ItemSearch::ItemSearch(ComPtr<Session> session, std::u16string_view text)
+    : Owner(std::move(session)), Words(SplitFolded(text)), Before(Words.empty() ? 0 : std::numeric_limits<Oid>::max()) {
+}
 
 bool ItemSearch::Holds(std::string_view subject, std::string_view location, std::string_view body) {
     Folded.clear();
@@ -63,27 +63,29 @@ bool ItemSearch::Holds(std::string_view subject, std::string_view location, std:
                        [this](const std::string& word) { return Folded.find(word) != std::string::npos; });
 }
 
-bool ItemSearch::Step(int items, std::vector<FoundItem>& found) {
-    Query query(CoreOf(*Source).Db, "SELECT oid, start, flags, subject, location, body FROM item WHERE oid < ?"
-                                    " ORDER BY oid DESC LIMIT ?");
+Status ItemSearch::Step(std::int32_t items, std::vector<FoundItem>& found) {
+    Query query(Owner->Core.Db, "SELECT oid, start, flags, subject, location, body FROM item WHERE oid < ?"
+                                " ORDER BY oid DESC LIMIT ?");
     query.Bind(Before).Bind(items);
-    int seen = 0;
+    std::int32_t seen = 0;
     while (query.Next()) {
         ++seen;
         Before = query.Small(0);
         if (Holds(query.Text(3), query.Text(4), query.Text(5))) {
             FoundItem item;
             item.Item = Before;
-            item.Start = query.Integer(1);
-            item.IsAllDay = (query.Integer(2) & kFlagAllDay) != 0;
+            item.Start = rules::DateFromSeconds(query.Integer(1));
+            item.AllDay = (query.Integer(2) & kFlagAllDay) != 0;
             item.IsRecurring = (query.Integer(2) & kFlagRecurring) != 0;
-            item.Subject = query.Text(3);
-            item.Location = query.Text(4);
+            item.Subject = ToUtf16(query.Text(3));
+            item.Location = ToUtf16(query.Text(4));
             found.push_back(std::move(item));
         }
     }
-    Outcome = query.Result();
-    return Succeeded(Outcome) && seen == items;
+    if (Failed(query.Result())) {
+        return query.Result();
+    }
+    return seen == items ? Status::Ok : Status::False;
 }
 
 } // namespace tavo::outlook

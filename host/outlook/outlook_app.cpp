@@ -3,6 +3,7 @@
 
 #include "host/outlook/appointment.h"
 #include "host/outlook/item_collection.h"
+#include "host/outlook/item_search.h"
 
 namespace tavo::outlook {
 
@@ -133,6 +134,14 @@ Status OutlookApp::BeginReading() {
 
 Status OutlookApp::EndReading() {
     return Open ? Open->Core.EndReading() : Status::Unexpected;
+}
+
+Status OutlookApp::Search(std::u16string_view text, ComPtr<IItemSearch>& search) {
+    if (!Open) {
+        return Status::Unexpected;
+    }
+    search = As<IItemSearch>(Make<ItemSearch>(Open, text));
+    return Status::Ok;
 }
 
 ITagMirror& OutlookApp::Tags() {

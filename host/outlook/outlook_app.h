@@ -29,6 +29,7 @@ class OutlookApp final : public RefCounted<IPOutlookApp> {
     Status GetUndoNotes(std::vector<std::vector<std::uint8_t>>& notes) override;
     Status BeginReading() override;
     Status EndReading() override;
+    Status Search(std::u16string_view text, ComPtr<IItemSearch>& search) override;
     ITagMirror& Tags() override;
 
     StorePtr Source() const { return Open ? Open->Source : nullptr; }

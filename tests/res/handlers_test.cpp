@@ -1,5 +1,7 @@
 // Every command of a menu and every button of a dialog has a handler, and every handler something that calls it.
 #include "app/about_dialog.h"
+#include "app/find_dialog.h"
+#include "app/go_to_date_dialog.h"
 #include "app/vantor_view.h"
 #include "edit/appointment_dlg.h"
 #include "edit/pattern_page.h"
@@ -44,6 +46,8 @@ const std::map<int, const MessageMap*>& MapsByTemplate() {
         {kDialogAppointmentView, &CAppointmentViewDlg::Messages()},
         {kDialogCopyMemo, &CCopyMemoDlg::Messages()},
         {kDialogProgress, &CProgressDlg::Messages()},
+        {kDialogFind, &CFindDlg::Messages()},
+        {kDialogGoToDate, &CGoToDateDlg::Messages()},
     };
     return maps;
 }

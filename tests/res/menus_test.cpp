@@ -80,6 +80,8 @@ TEST(Menus, PagesHaveTools) {
     EXPECT_EQ(menus[0].Text, u"Tools");
     EXPECT_TRUE(menus[0].IsPopup);
     const std::vector<Entry> expected{{u"Undo", kCommandUndoStep},
+                                      {u"Find...", kCommandFind},
+                                      {u"Go to date...", kCommandGoToDate},
                                       {u"", 0},
                                       {u"New Alarm", kCommandNewAlarm},
                                       {u"New Holiday", kCommandNewHoliday},
@@ -93,10 +95,12 @@ TEST(Menus, PagesHaveTools) {
                                       {u"Exit", kCommandExit}};
     EXPECT_EQ(EntriesOf(menus[0]), expected);
     EXPECT_EQ(menus[0].Children[0].Shortcut, u"Ctrl+Z");
-    EXPECT_EQ(menus[0].Children[2].Shortcut, u"Ctrl+1");
-    EXPECT_EQ(menus[0].Children[3].Shortcut, u"Ctrl+2");
-    EXPECT_EQ(menus[0].Children[4].Shortcut, u"Ctrl+3");
-    EXPECT_EQ(menus[0].Children[5].Shortcut, u"Ctrl+4");
+    EXPECT_EQ(menus[0].Children[1].Shortcut, u"Ctrl+F");
+    EXPECT_EQ(menus[0].Children[2].Shortcut, u"Ctrl+G");
+    EXPECT_EQ(menus[0].Children[4].Shortcut, u"Ctrl+1");
+    EXPECT_EQ(menus[0].Children[5].Shortcut, u"Ctrl+2");
+    EXPECT_EQ(menus[0].Children[6].Shortcut, u"Ctrl+3");
+    EXPECT_EQ(menus[0].Children[7].Shortcut, u"Ctrl+4");
 }
 
 TEST(Menus, TheSchedulePageHasItsOwnMenuBeforeTools) {

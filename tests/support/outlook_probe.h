@@ -148,6 +148,10 @@ class OutlookProbe final : public IPOutlookApp {
         return Real ? Real->GetUndoNotes(notes) : Status::NotFound;
     }
 
+    Status Search(std::u16string_view text, ComPtr<IItemSearch>& search) override {
+        return Real ? Real->Search(text, search) : Status::Fail;
+    }
+
     Status BeginReading() override {
         Note("BeginReading");
         return Failed(ReadingResult) || !Real ? ReadingResult : Real->BeginReading();

@@ -133,6 +133,29 @@ TEST_F(Days, DatesArePeoplesInEveryOption) {
     EXPECT_EQ(Status, 2);
 }
 
+TEST(FileAddresses, AreFilesOfThisMachine) {
+    const CommandDevice device;
+    const std::string path = device.WriteCalendar("my calendar.ics", "BEGIN:VEVENT\nUID:a\nDTSTART:20261205T090000\n"
+                                                                     "SUMMARY:One\nEND:VEVENT\n");
+    const std::string coded = path.substr(0, path.rfind('/')) + "/my%20calendar.ics";
+    EXPECT_THAT(device.Run({"import", "file://" + coded}).Output, HasSubstr("1 new"));
+    EXPECT_THAT(device.Run({"import", "FILE://localhost" + coded}).Output, HasSubstr("1 unchanged"));
+    const std::string copy = device.Place("copy.ics").string();
+    EXPECT_EQ(device.Run({"export", "file://" + copy.substr(0, copy.size() - 1) + "%73"}).Status, 0);
+    EXPECT_TRUE(std::filesystem::exists(copy));
+    EXPECT_EQ(device.Run({"backup", "file://" + device.Place("all.tavo").string()}).Status, 0);
+    EXPECT_TRUE(std::filesystem::exists(device.Place("all.tavo")));
+}
+
+TEST(FileAddresses, OfOtherMachinesOrWithoutSenseAreRefused) {
+    const CommandDevice device;
+    EXPECT_THAT(device.Run({"import", "file://server/a.ics"}).Errors, HasSubstr("of another machine"));
+    EXPECT_THAT(device.Run({"import", "file:///a%2.ics"}).Errors, HasSubstr("behind % stand two digits"));
+    EXPECT_THAT(device.Run({"backup", "file:///a%00b"}).Errors, HasSubstr("behind % stand two digits"));
+    EXPECT_THAT(device.Run({"memo", "export", "--all", "--to", "file://x/y"}).Errors, HasSubstr("another machine"));
+    EXPECT_EQ(device.Run({"export", "file:///a%"}).Status, 2);
+}
+
 TEST(CommandNames, AMistypedOneIsGuessed) {
     const CommandDevice device;
     EXPECT_EQ(device.Run({"agend"}).Errors,

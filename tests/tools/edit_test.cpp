@@ -139,5 +139,59 @@ TEST_F(Edit, IsOneStepOfUndo) {
     EXPECT_EQ(List("2026-12-01", "2027-12-31"), "2026-12-02T15:00\t2026-12-02T16:00\tAppointment\t1\tDentist\n");
 }
 
+class SeriesDay : public Edit {
+  protected:
+    void SetUp() override {
+        Edit::SetUp();
+        Change({"--start", "2026-12-02 7:00", "--repeat", "weekly 4 times", "--subject", "Swim"});
+    }
+
+    std::string ListAll() { return List("2026-12-01", "2027-12-31"); }
+};
+
+TEST_F(SeriesDay, CanHaveTimesASubjectAndAPlaceOfItsOwn) {
+    EXPECT_EQ(Run({"edit", "1", "--on", "2026-12-09", "--start", "8:30", "--subject", "Race", "--location", "Lake"}),
+              "Changed Wed 9 December 2026 of item 1: Race, Wed 9 December 2026 08:30 - 09:30\n");
+    EXPECT_EQ(ListAll(), "2026-12-02T07:00\t2026-12-02T08:00\tAppointment\t1\tSwim\n"
+                         "2026-12-09T08:30\t2026-12-09T09:30\tAppointment\t1\tRace\n"
+                         "2026-12-16T07:00\t2026-12-16T08:00\tAppointment\t1\tSwim\n"
+                         "2026-12-23T07:00\t2026-12-23T08:00\tAppointment\t1\tSwim\n");
+    EXPECT_THAT(Run({"agenda", "--from", "2026-12-09", "--to", "2026-12-09"}), HasSubstr("Race (Lake)"));
+    EXPECT_THAT(Run({"export"}), HasSubstr("RECURRENCE-ID"));
+}
+
+TEST_F(SeriesDay, GoesToAnotherDayAndStaysThereWhenTheSeriesChanges) {
+    EXPECT_THAT(Run({"edit", "1", "--on", "2026-12-09", "--start", "2026-12-10"}), HasSubstr("Thu 10 December 2026"));
+    Change({"--subject", "Swimming"});
+    EXPECT_EQ(List("2026-12-09", "2026-12-10"), "2026-12-10T07:00\t2026-12-10T08:00\tAppointment\t1\tSwimming\n");
+    EXPECT_THAT(Run({"edit", "1", "--on", "2026-12-10", "--for", "2h"}), HasSubstr("07:00 - 09:00"));
+}
+
+TEST_F(SeriesDay, CanBeDeletedAndComesBack) {
+    const std::string before = ListAll();
+    EXPECT_EQ(Run({"delete", "1", "--on", "2026-12-16"}), "Deleted Wed 16 December 2026 of item 1: Swim\n");
+    EXPECT_THAT(List("2026-12-16", "2026-12-16"), IsEmpty());
+    EXPECT_THAT(Run({"show", "1"}), HasSubstr("  Except    Wed 16 December 2026 does not take place\n"));
+    Run({"undo"});
+    EXPECT_EQ(ListAll(), before);
+    Run({"edit", "1", "--on", "2026-12-16", "--subject", "Race"});
+    EXPECT_EQ(Run({"undo"}), "Taken back: \"Change of an appointment\", 1 item.\n");
+    EXPECT_EQ(ListAll(), before);
+}
+
+TEST_F(SeriesDay, WhatCannotBeChangesNothing) {
+    const std::string before = ListAll();
+    EXPECT_EQ(Run({"delete", "1", "--on", "2026-12-10"}),
+              "tavo: Nothing was deleted: item 1 does not begin on Thu 10 December 2026.\n");
+    EXPECT_EQ(Run({"edit", "1", "--on", "2026-12-10", "--subject", "x"}),
+              "tavo: Nothing was changed: item 1 does not begin on Thu 10 December 2026.\n");
+    EXPECT_THAT(Run({"edit", "1", "--on", "2026-12-09", "--remind", "5"}), HasSubstr("the whole series'"));
+    EXPECT_THAT(Run({"edit", "1", "--on", "2026-12-09", "--end", "2026-12-08 9:00"}), HasSubstr("before it begins"));
+    EXPECT_THAT(Run({"delete", "99", "--on", "2026-12-09"}), HasSubstr("Nothing was deleted"));
+    EXPECT_EQ(ListAll(), before);
+    Change({"--no-repeat"});
+    EXPECT_THAT(Run({"delete", "1", "--on", "2026-12-02"}), HasSubstr("item 1 takes place once: leave --on away"));
+}
+
 } // namespace
 } // namespace tavo::tools
