@@ -15,6 +15,7 @@ constexpr int kLineHeight = 17;
 constexpr int kLineTop = 4;
 constexpr int kLineLeft = 5;
 constexpr int kLineRight = 220;
+constexpr int kDotsWidth = 16; // with the character before them
 constexpr std::uint32_t kLineFormat = DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX;
 constexpr Color kWhite = Color::FromRgb(255, 255, 255);
 constexpr Color kBlack = Color::FromRgb(0, 0, 0);
@@ -143,7 +144,10 @@ void CFoundList::PaintRow(int row, const Rect& area) {
     const std::u16string when = MakeOneLine(DescribeWhen(record));
     Rect line{kLineLeft, area.Top + kLineTop, kLineRight, area.Top + kLineTop + kLineHeight};
     const auto draw = [&](FontHandle font, const std::u16string& text) {
-        Surface().DrawTextW(FitText(Host().Drawing(), font, text, line.Width()), line, {font, ink, kLineFormat});
+        IDrawing& drawing = Host().Drawing();
+        const bool isWide = IsWiderThan(drawing, font, text, line.Width());
+        Surface().DrawTextW(isWide ? FitText(drawing, font, text, line.Width() - kDotsWidth) : text, line,
+                            {font, ink, kLineFormat});
         line.Top += kLineHeight;
         line.Bottom += kLineHeight;
     };
