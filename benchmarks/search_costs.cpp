@@ -48,7 +48,9 @@ Found Search(IPOutlookApp& app, const std::u16string& word) {
 
 int main(int count, char** words) {
     outlook::StorePtr store;
-    if (count < 3 || Failed(OpenStore(posix::SystemMachine(), words[1], {outlook::Access::ReadOnly}, store))) {
+    outlook::StoreOptions options;
+    options.Rights = outlook::Access::ReadOnly;
+    if (count < 3 || Failed(OpenStore(posix::SystemMachine(), words[1], options, store))) {
         std::fprintf(stderr, "usage: tavo-search-costs STORE WORD...\n");
         return 2;
     }

@@ -24,7 +24,7 @@ std::string Read(const std::string& text) {
 }
 
 // Of what begins on that day.
-std::string WriteFor(const std::string& text, int year, unsigned month, unsigned day) {
+std::string WriteFor(const std::string& text, int year, int month, int day) {
     std::string error;
     const std::optional<RepeatRule> rule = ReadRepeat(text, kNow, error);
     return rule ? WriteRule(*rule, rules::DayFromCivil(year, month, day)) : error;
