@@ -56,6 +56,7 @@ const Command* FindCommand(std::string_view name) {
 
 std::string_view FindMeant(std::string_view mistyped) {
     std::vector<std::string_view> names;
+    names.reserve(kCommands.size());
     for (const Command& command : kCommands) {
         names.push_back(command.Name);
     }

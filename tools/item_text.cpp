@@ -29,7 +29,7 @@ std::string DescribeSpan(const rules::StoredItem& item) {
         const rules::DayNumber last = rules::EndDayOf(item.Start, item.End);
         return firstDay + (last > first ? " - " + WriteDayWithWeekday(DayFromNumber(last)) : "") + ", all day";
     }
-    const std::string start = firstDay + " " + WriteClock(MinuteOf(item.Start));
+    std::string start = firstDay + " " + WriteClock(MinuteOf(item.Start));
     if (item.End == item.Start) {
         return start;
     }

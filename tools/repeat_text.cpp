@@ -64,7 +64,7 @@ std::string DescribeRepetition(const rules::StoredItem& item) {
     if (pattern.Type == kRecursForeign) {
         return "by the rule " + locale::MakeHarmless(item.ForeignRule);
     }
-    const std::string text = DescribePattern(pattern);
+    std::string text = DescribePattern(pattern);
     switch (pattern.End) {
     case rules::PatternEnd::OnDate:
         return text.empty() ? text : text + " until " + WriteDayWithWeekday(DayFromNumber(pattern.LastDay));

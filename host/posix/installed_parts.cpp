@@ -3,6 +3,9 @@
 
 #include <unistd.h>
 
+#include <array>
+#include <span>
+
 namespace tavo::posix {
 
 std::string RunningProgramFolder() {
@@ -15,22 +18,33 @@ std::string RunningProgramFolder() {
     return path.substr(0, path.rfind('/'));
 }
 
-std::string FindProgram(const std::string& folder, const std::string& name) {
-    for (const char* const place : {"/", "/../libexec/tavocalendar/", "/../lib/tavocalendar/", "/../../bin/"}) {
-        if (const std::string path = folder + place + name; access(path.c_str(), X_OK) == 0) {
+namespace {
+
+// The first of the places below the folder where it can be had like that; empty when it is in none of them.
+std::string FindIn(const std::string& folder, std::span<const char* const> places, const std::string& name, int mode) {
+    for (const char* const place : places) {
+        std::string path = folder;
+        path.append(place).append(name);
+        if (access(path.c_str(), mode) == 0) {
             return path;
         }
     }
-    return folder + '/' + name;
+    return {};
+}
+
+} // namespace
+
+std::string FindProgram(const std::string& folder, const std::string& name) {
+    constexpr std::array<const char*, 4> places = {"/", "/../libexec/tavocalendar/", "/../lib/tavocalendar/",
+                                                   "/../../bin/"};
+    std::string path = FindIn(folder, places, name, X_OK);
+    return path.empty() ? folder + '/' + name : path;
 }
 
 std::string FindShared(const std::string& folder, const std::string& name) {
-    for (const char* const place : {"/../../share/tavocalendar/", "/../share/tavocalendar/"}) {
-        if (const std::string path = folder + place + name; access(path.c_str(), R_OK) == 0) {
-            return path;
-        }
-    }
-    return folder + "/../share/tavocalendar/" + name;
+    constexpr std::array<const char*, 2> places = {"/../../share/tavocalendar/", "/../share/tavocalendar/"};
+    std::string path = FindIn(folder, places, name, R_OK);
+    return path.empty() ? folder + places.back() + name : path;
 }
 
 } // namespace tavo::posix
