@@ -2,6 +2,7 @@
 
 import datetime
 import random
+import shutil
 
 from processes import compare, run
 
@@ -36,15 +37,25 @@ def measure_add(report, device, folder, bin_folder):
                   f"processor time {cost.cpu * 1e3:.2f} ms beside {yardstick.cpu * 1e3:.2f} ms")
 
 
-def measure_backup(report, device, folder):
-    ours, theirs = folder / "ours.tavo", folder / "theirs.db"
-    cost, yardstick = compare(device.command("backup", ours), ["sqlite3", str(device.store), f".backup '{theirs}'"], BACKUPS,
-                              device.environment)
-    report.figure("tavo backup, beside the sqlite3 shell's of the store", cost.wall / yardstick.wall, BACKUP_RATIO,
+def compare_backups(report, what, device, environment, theirs, shell):
+    ours = theirs.with_suffix(".tavo")
+    cost, yardstick = compare(device.command("backup", ours), ["sh", "-c", shell], BACKUPS, environment)
+    report.figure(what, cost.wall / yardstick.wall, BACKUP_RATIO,
                   f"{cost.wall:.2f} s for {ours.stat().st_size / 1e6:.1f} MB beside {yardstick.wall:.2f} s for "
                   f"{theirs.stat().st_size / 1e6:.1f} MB; processor time {cost.cpu:.2f} s beside {yardstick.cpu:.2f} s")
-    ours.unlink()
-    theirs.unlink()
+
+
+def measure_backup(report, device, folder):
+    """Of the store alone, beside SQLite's of the same file; then of all, where the yardstick takes the memos along too."""
+    alone = folder / "store alone"
+    alone.mkdir(mode=0o700)
+    shutil.copy(device.store, alone / device.store.name)
+    theirs = folder / "theirs.db"
+    copy = f"sqlite3 '{device.store}' \".backup '{theirs}'\""
+    compare_backups(report, "tavo backup of the store alone, beside the sqlite3 shell's", device,
+                    {**device.environment, "TAVO_HOME": str(alone)}, theirs, copy)
+    compare_backups(report, "tavo backup, beside the sqlite3 shell's and tar of the memos", device, device.environment, theirs,
+                    f"{copy} && tar cf '{folder / 'theirs.tar'}' -C '{device.home}' 'My Documents'")
 
 
 def measure_today(report, device, select_rows):

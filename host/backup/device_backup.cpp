@@ -123,9 +123,8 @@ bool BackUp(const files::DeviceRoot& root, const std::string& path, const outloo
     const std::string draft = path + ".unfinished";
     std::error_code error;
     fs::remove(draft, error);
-    const bool isWritten =
-        Succeeded(outlook::WriteBackup(posix::SystemMachine(), root.StorePath(), draft, files, goOn, problem)) &&
-        Succeeded(outlook::ReadBackup(posix::SystemMachine(), draft, contents, problem));
+    const bool isWritten = Succeeded(
+        outlook::WriteBackup(posix::SystemMachine(), root.StorePath(), draft, files, goOn, contents, problem));
     if (isWritten) {
         fs::permissions(draft, fs::perms::owner_read | fs::perms::owner_write, error);
         fs::rename(draft, path, error);
@@ -141,7 +140,8 @@ bool BackUp(const files::DeviceRoot& root, const std::string& path, const outloo
 
 bool Restore(const files::DeviceRoot& root, const std::string& path, Restored& restored, std::string& problem) {
     restored = {};
-    if (Failed(outlook::ReadBackup(posix::SystemMachine(), path, restored.Contents, problem))) {
+    if (Failed(
+            outlook::ReadBackup(posix::SystemMachine(), path, outlook::CheckDepth::Full, restored.Contents, problem))) {
         return false;
     }
     const auto unsafe = std::find_if_not(restored.Contents.Files.begin(), restored.Contents.Files.end(),

@@ -2,7 +2,6 @@
 #include "host/outlook/backup.h"
 
 #include "host/outlook/database.h"
-#include "host/outlook/diagnosis.h"
 #include "host/outlook/schema.h"
 #include "host/outlook/store.h"
 #include "host/outlook/store_core.h"
@@ -162,7 +161,8 @@ Status Prepare(IStoreMachine& machine, const std::filesystem::path& scratch, con
 } // namespace
 
 Status WriteBackup(IStoreMachine& machine, const std::filesystem::path& store, const std::filesystem::path& draft,
-                   std::span<const KeptFile> files, const BackupProgress& goOn, std::string& problem) {
+                   std::span<const KeptFile> files, const BackupProgress& goOn, BackupContents& contents,
+                   std::string& problem) {
     Database live;
     Status status = OpenFile(machine, live, store);
     status = Succeeded(status) ? Fill(machine, live, draft, files, goOn) : status;
@@ -172,17 +172,17 @@ Status WriteBackup(IStoreMachine& machine, const std::filesystem::path& store, c
     if (status != Status::Ok) {
         return Succeeded(status) ? Status::Fail : status;
     }
-    BackupContents written;
-    return ReadBackup(machine, draft, written, problem);
+    return ReadBackup(machine, draft, CheckDepth::Rows, contents, problem);
 }
 
-Status ReadBackup(IStoreMachine& machine, const std::filesystem::path& backup, BackupContents& contents,
-                  std::string& problem) {
+Status ReadBackup(IStoreMachine& machine, const std::filesystem::path& backup, CheckDepth depth,
+                  BackupContents& contents, std::string& problem) {
     contents = {};
-    const Diagnosis diagnosis = DiagnoseStore(machine, backup, CheckDepth::Full, kLockPatience);
+    const Diagnosis diagnosis = DiagnoseStore(machine, backup, depth, kLockPatience);
     switch (diagnosis.State) {
     case Verdict::Ok:
     case Verdict::LeavesOut:
+    case Verdict::Blemished:
     case Verdict::ReadOnly:
         break;
     case Verdict::Newer:

@@ -1,6 +1,7 @@
 // A copy of the store in a file of its own, with other files of the device inside it.
 #pragma once
 
+#include "host/outlook/diagnosis.h"
 #include "host/outlook/store.h"
 #include "host/outlook/store_machine.h"
 #include "host/outlook/terms.h"
@@ -26,11 +27,6 @@ struct KeptFile {
 // Told how many of a thousand parts are done; false stops, and what was begun is of no use.
 using BackupProgress = std::function<bool(int)>;
 
-// Makes `draft`, for the user alone: the store as it is at this moment, whoever else uses it, and the files. It is
-// looked through at the end. Not Ok: `problem` says why, for people; it is empty when `goOn` stopped it.
-Status WriteBackup(IStoreMachine& machine, const std::filesystem::path& store, const std::filesystem::path& draft,
-                   std::span<const KeptFile> files, const BackupProgress& goOn, std::string& problem);
-
 struct BackupContents {
     int Items = 0;
     std::int64_t Time = 0; // when it was made, seconds since 1970
@@ -38,10 +34,17 @@ struct BackupContents {
     std::vector<std::pair<TagList, Oid>> Tags; // in the order of each list
 };
 
-// Looks through all of it. Not Ok: it is none, it was cut or has changed, or a newer program made it; `problem` says
-// so.
-Status ReadBackup(IStoreMachine& machine, const std::filesystem::path& backup, BackupContents& contents,
-                  std::string& problem);
+// Makes `draft`, for the user alone: the store as it is at this moment, whoever else uses it, and the files. It is read
+// again at the end, each row and file with its checksum; `contents` is what it holds. Not Ok: `problem` says why, for
+// people; it is empty when `goOn` stopped it.
+Status WriteBackup(IStoreMachine& machine, const std::filesystem::path& store, const std::filesystem::path& draft,
+                   std::span<const KeptFile> files, const BackupProgress& goOn, BackupContents& contents,
+                   std::string& problem);
+
+// Looks through all of it, at a depth beyond Quick. Not Ok: it is none, it was cut or has changed, or a newer program
+// made it; `problem` says so.
+Status ReadBackup(IStoreMachine& machine, const std::filesystem::path& backup, CheckDepth depth,
+                  BackupContents& contents, std::string& problem);
 
 // Puts the store of a backup that was read into the place of the live one, in one transaction that everybody who has it
 // open sees. `scratch` is a file that is not there, beside the store. Tags stay as the lists have them now: they are

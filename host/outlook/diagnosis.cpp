@@ -54,8 +54,8 @@ Diagnosis DiagnoseStore(IStoreMachine& machine, const std::filesystem::path& pat
         return DescribeVerdict(VerdictOf(status));
     }
     Diagnosis diagnosis = DescribeVerdict(Verdict::Ok);
-    if (depth == CheckDepth::Full) {
-        diagnosis = CheckFully(CoreOf(*store));
+    if (depth != CheckDepth::Quick) {
+        diagnosis = depth == CheckDepth::Full ? CheckFully(CoreOf(*store)) : CheckRows(CoreOf(*store));
         if (diagnosis.State != Verdict::Ok && diagnosis.State != Verdict::LeavesOut &&
             diagnosis.State != Verdict::Blemished && diagnosis.State != Verdict::Altered) {
             return diagnosis;

@@ -34,6 +34,7 @@ struct Diagnosis {
 
 enum class CheckDepth {
     Quick, // what opening looks at: identity, version, schema, locks, rights
+    Rows,  // and that every row is as it was saved
     Full,  // every page, index and reference of the file, and the store's own rules
 };
 

@@ -91,6 +91,39 @@ class FullCheck {
         return Succeeded(status) ? CheckJournal() : status;
     }
 
+    // A bit that flipped where SQLite cannot see it: within a text or a number.
+    Status CheckSums() {
+        Query version(Core.Db, "PRAGMA user_version");
+        const std::int32_t fileVersion = version.Next() ? version.Small(0) : kSchemaVersion;
+        if (fileVersion < kSummedVersion) {
+            return Status::Ok; // it is brought forward when the program starts
+        }
+        static const std::array<std::string, kSummedTables.size()> statements = [] {
+            std::array<std::string, kSummedTables.size()> made;
+            std::transform(kSummedTables.begin(), kSummedTables.end(), made.begin(), SqlToFindChanged);
+            return made;
+        }();
+        for (std::size_t index = 0; index < statements.size(); ++index) {
+            if (fileVersion < kCarryingVersion && kSummedTables[index].Name == std::string_view(kCarriedTable.Name)) {
+                continue;
+            }
+            Query query(Core.Db, statements[index].c_str());
+            while (query.Next()) {
+                const std::string_view table = kSummedTables[index].Name;
+                const bool isBeside = table == "zone" || table == "journal_change"; // no save writes those again
+                if (!isBeside) {
+                    Altered.insert(query.Small(0));
+                }
+                Find(DescribeChangedRow(table, std::string(query.Text(0))),
+                     isBeside ? Verdict::Blemished : Verdict::Altered);
+            }
+            if (Failed(query.Result())) {
+                return query.Result();
+            }
+        }
+        return Status::Ok;
+    }
+
   private:
     void Find(std::string finding, Verdict kind = Verdict::Damaged) {
         if (Found[kind].size() < kMaxFindings) {
@@ -147,39 +180,6 @@ class FullCheck {
             Query query(Core.Db, rule.Sql);
             while (query.Next()) {
                 Find("Item " + std::to_string(query.Integer(0)) + " " + rule.Words + ".");
-            }
-            if (Failed(query.Result())) {
-                return query.Result();
-            }
-        }
-        return Status::Ok;
-    }
-
-    // A bit that flipped where SQLite cannot see it: within a text or a number.
-    Status CheckSums() {
-        Query version(Core.Db, "PRAGMA user_version");
-        const std::int32_t fileVersion = version.Next() ? version.Small(0) : kSchemaVersion;
-        if (fileVersion < kSummedVersion) {
-            return Status::Ok; // it is brought forward when the program starts
-        }
-        static const std::array<std::string, kSummedTables.size()> statements = [] {
-            std::array<std::string, kSummedTables.size()> made;
-            std::transform(kSummedTables.begin(), kSummedTables.end(), made.begin(), SqlToFindChanged);
-            return made;
-        }();
-        for (std::size_t index = 0; index < statements.size(); ++index) {
-            if (fileVersion < kCarryingVersion && kSummedTables[index].Name == std::string_view(kCarriedTable.Name)) {
-                continue;
-            }
-            Query query(Core.Db, statements[index].c_str());
-            while (query.Next()) {
-                const std::string_view table = kSummedTables[index].Name;
-                const bool isBeside = table == "zone" || table == "journal_change"; // no save writes those again
-                if (!isBeside) {
-                    Altered.insert(query.Small(0));
-                }
-                Find(DescribeChangedRow(table, std::string(query.Text(0))),
-                     isBeside ? Verdict::Blemished : Verdict::Altered);
             }
             if (Failed(query.Result())) {
                 return query.Result();
@@ -281,6 +281,11 @@ class FullCheck {
 Diagnosis CheckFully(StoreCore& core) {
     FullCheck check(core);
     return check.Conclude(check.Run());
+}
+
+Diagnosis CheckRows(StoreCore& core) {
+    FullCheck check(core);
+    return check.Conclude(check.CheckSums());
 }
 
 } // namespace tavo::outlook
