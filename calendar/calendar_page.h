@@ -95,6 +95,7 @@ class CCalendarPage : public CItemPage, private IDayListOwner {
 
     // calendar_page_day_menu.cpp
     void ShowDayMenu(); // at TapPoint
+    MenuPlace PlaceOfMenu() override;
     void ViewItem(int command);
     void OpenMemo(int command);
     void AddMemo();

@@ -5,6 +5,7 @@
 #include "memo/memo_file_keeper.h"
 #include "res/resource_ids.h"
 #include "res/strings.h"
+#include "store/midnight.h"
 
 namespace tavo {
 
@@ -22,12 +23,16 @@ void CCalendarPage::ShowDayMenu() {
     }
     Day.Fill(LoadedDayList().Rows(), State.Categories,
              MemoFiles(State).FindMemos(SelectedYear, SelectedMonth, SelectedDay));
-    const bool opensLeft = TapPoint.X >= kRightHalf;
-    const Point at{TapPoint.X + (opensLeft ? -kMenuBeside : kMenuBeside), TapPoint.Y + kMenuBelow};
-    const MenuAlign align = opensLeft ? MenuAlign::Right : MenuAlign::Left;
-    if (const int command = Pump().TrackPopupMenu(Handle(), Day.Build(), at, align)) {
+    const MenuPlace place = PlaceOfMenu();
+    if (const int command = Pump().TrackPopupMenu(Handle(), Day.Build(), place.At, place.Align)) {
         Post(WM_COMMAND, command, BN_CLICKED, kFromMenuOrKey);
     }
+}
+
+MenuPlace CCalendarPage::PlaceOfMenu() {
+    const bool opensLeft = TapPoint.X >= kRightHalf;
+    return {{TapPoint.X + (opensLeft ? -kMenuBeside : kMenuBeside), TapPoint.Y + kMenuBelow},
+            opensLeft ? MenuAlign::Right : MenuAlign::Left};
 }
 
 void CCalendarPage::ViewItem(int command) {
@@ -35,7 +40,8 @@ void CCalendarPage::ViewItem(int command) {
     if (chosen == nullptr) {
         return; // an entry past the 200th, where the next kind has none
     }
-    ViewAndAct(*DayMenu::KindOfCommand(command), AppointmentData(*chosen), TimesOf::Series);
+    ViewAndAct(*DayMenu::KindOfCommand(command), AppointmentData(*chosen), TimesOf::Series,
+               MidnightOf(SelectedYear, SelectedMonth, SelectedDay));
 }
 
 void CCalendarPage::OpenMemo(int command) {

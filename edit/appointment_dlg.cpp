@@ -61,7 +61,7 @@ void CAppointmentDlg::OnInitDialog() {
     if (IsNew()) {
         PutNewItem();
     } else {
-        Edited.Open(Item.Oid);
+        OpenStoredItem();
         ShowStoredItem();
     }
     if (Choice(kEditRecurrence) == kChoiceOnce) {
@@ -100,6 +100,15 @@ void CAppointmentDlg::LayOut() {
     MoveItem(IDCANCEL, kCancelPlace);
 }
 
+void CAppointmentDlg::OpenStoredItem() {
+    if (IsOneDay()) {
+        Edited.OpenOccurrence(Request.Occurrence);
+        LockSeriesControls();
+    } else {
+        Edited.Open(Item.Oid);
+    }
+}
+
 void CAppointmentDlg::ShowStoredItem() {
     SetItemText(kEditSubject, Item.Subject);
     ShownSubject = ReadSubject();
@@ -111,7 +120,7 @@ void CAppointmentDlg::ShowStoredItem() {
 
 void CAppointmentDlg::ShowStoredTimes() {
     IRecurrencePattern* pattern = Edited.Pattern();
-    if (Item.RecurChoice == kChoiceOnce || pattern == nullptr) {
+    if (IsOneDay() || Item.RecurChoice == kChoiceOnce || pattern == nullptr) {
         SetStart(Item.Start);
         if (Kind() == ItemKind::Appointment) {
             SetEnd(Item.End);

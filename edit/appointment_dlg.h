@@ -47,6 +47,9 @@ class CAppointmentDlg : public CDialog {
 
     const AppointmentForm& Layout() const { return FormOfKind(Kind()); }
 
+    // Only one day of a series is changed: the rest of the form says what the series has.
+    bool IsOneDay() const { return static_cast<bool>(Request.Occurrence); }
+
     bool OpenedFromCalendar() const { return Request.Owner == nullptr; }
 
     // The dialog's own Item is the record, so the controls go by another name.
@@ -59,6 +62,7 @@ class CAppointmentDlg : public CDialog {
     // appointment_dlg.cpp: opening
     void ResetForm();
     void LayOut();
+    void OpenStoredItem();
     void ShowStoredItem();
     void ShowStoredTimes();
     void PutNewItem();
@@ -98,6 +102,7 @@ class CAppointmentDlg : public CDialog {
     // appointment_dlg_reminder.cpp: reminder and sound
     void SetReminderControls();
     void EnableReminderControls();
+    void LockSeriesControls();
     // By what the form says, also while another dialog lies over it.
     bool IsUsable(int control) const;
     bool FillSoundList(std::u16string_view selected);

@@ -21,7 +21,7 @@ SYSTEMTIME WithoutWeekday(SYSTEMTIME time) {
 
 void CAppointmentDlg::BeginDraft() {
     Opened.Recurrence = Choice(kEditRecurrence);
-    if (Opened.Recurrence == kChoiceCustom) {
+    if (Opened.Recurrence == kChoiceCustom && !IsOneDay()) {
         Opened.Rule = Edited.ReadStoredRule(); // of use should the item be gone when the draft is taken up
     }
     Opened = ReadForm();
@@ -34,7 +34,10 @@ void CAppointmentDlg::BeginDraft() {
 }
 
 void CAppointmentDlg::LayAside() {
-    const AppointmentDraft draft{Mode, Item.Oid, Opened, ReadForm(), Waiting.HeldName()};
+    AppointmentDraft draft{Mode, Item.Oid, Opened, ReadForm(), std::nullopt, Waiting.HeldName()};
+    if (IsOneDay()) {
+        draft.OneDay = WithoutWeekday(Item.Start);
+    }
     if (draft.IsChanged()) {
         Draft.Write(draft);
     } else {
@@ -50,7 +53,7 @@ FormValues CAppointmentDlg::ReadForm() const {
                                                 controls.GetSystemtime(Control(kEditStartTime))));
     form.End = WithoutWeekday(PickedEnd());
     form.AllDay = IsAllDayChecked();
-    form.Recurrence = Choice(kEditRecurrence);
+    form.Recurrence = IsOneDay() ? kChoiceOnce : Choice(kEditRecurrence); // should the day be gone by then
     if (form.Recurrence == kChoiceCustom) {
         form.Rule = RuleMade ? Edited.ReadDraftRule(*RuleMade) : RuleBefore;
         if (!RuleMade && !RuleBefore) {

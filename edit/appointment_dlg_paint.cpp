@@ -35,6 +35,7 @@ constexpr int kPictureBuffer = 40; // UTF-16 units of a formatted date or time
 constexpr std::uint32_t kLineFormat = DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX;
 constexpr std::u16string_view kAllDayRecurring = u"All day recurring";
 constexpr std::u16string_view kEditMemoText = u"Edit memo...";
+constexpr std::u16string_view kOnlyThisDay = u"Only this day";
 
 // Only what does not fit is shortened.
 std::u16string ShortenTo(IDrawing& drawing, FontHandle font, std::u16string_view text, int room) {
@@ -103,7 +104,7 @@ void CAppointmentDlg::PaintField(int row, const FormField& field) {
     if (field.Control == kEditReminderValue) {
         style.Format |= DT_RIGHT;
     } else if (field.Control == kEditMemo) {
-        style.Ink = kLinkColor;
+        style.Ink = enabled ? kLinkColor : kDisabledColor;
     }
     const bool isAlone = field.Width == FormField{}.Width;
     const Rect place{bounds.Left + kIndent, bounds.Top, isAlone ? kRuleRight : bounds.Right - kIndent, bounds.Bottom};
@@ -126,6 +127,7 @@ void CAppointmentDlg::PaintAllDay(const Rect& bounds) {
     PaintedItem item{bounds, PaintedRole::Cell, std::move(text), kEditAllDay};
     item.Selected = ShownField == kEditAllDay;
     item.Pressed = IsAllDayChecked();
+    item.Enabled = IsUsable(kEditAllDay);
     Declare(std::move(item));
 }
 
@@ -140,7 +142,7 @@ void CAppointmentDlg::DrawAllDayBox(const Rect& bounds, std::u16string_view text
         Surface().DrawLine({box.Left + 6, box.Top + 9}, {box.Left + 10, box.Top + 3}, kTickPen);
     }
     Surface().DrawTextW(text, {box.Right + kBoxGap, bounds.Top, bounds.Right, bounds.Bottom},
-                        {State.Fonts.FontArial10, kValueColor, kLineFormat});
+                        {State.Fonts.FontArial10, IsUsable(kEditAllDay) ? kValueColor : kDisabledColor, kLineFormat});
 }
 
 void CAppointmentDlg::PaintSoundIcons(const Rect& row) {
@@ -154,7 +156,7 @@ void CAppointmentDlg::PaintSoundIcons(const Rect& row) {
     Surface().DrawBitmap(kBitmapStop, {stop.Left, stop.Top}, whole);
     PaintedItem playItem{play, PaintedRole::Button, u"Play", kBitmapPlay};
     playItem.Pressed = Preview.IsPlaying();
-    playItem.Enabled = HasSound();
+    playItem.Enabled = HasSound() && !IsOneDay();
     Declare(std::move(playItem));
     Declare({stop, PaintedRole::Button, u"Stop", kBitmapStop});
 }
@@ -170,6 +172,8 @@ std::u16string CAppointmentDlg::TextOfField(int control) const {
         return isAllDay ? std::u16string(kAllDayRecurring) : TimeText(control);
     case kEditMemo:
         return std::u16string(kEditMemoText);
+    case kEditRecurrence:
+        return IsOneDay() ? std::u16string(kOnlyThisDay) : ItemText(control);
     default:
         return ItemText(control);
     }

@@ -25,6 +25,11 @@ constexpr LeadTime kNewAlarmLead{15, kLeadMinutes};
 constexpr LeadTime kNewItemLead{12, kLeadHours};
 constexpr std::u16string_view kRangeText = u"Enter an integer between %d and %d.";
 
+constexpr bool IsOfOneDay(int control) {
+    return control == kEditSubject || control == kEditStartDate || control == kEditStartTime ||
+           control == kEditEndDate || control == kEditEndTime;
+}
+
 } // namespace
 
 void CAppointmentDlg::SetReminderControls() {
@@ -50,7 +55,17 @@ void CAppointmentDlg::EnableReminderControls() {
     }
 }
 
+void CAppointmentDlg::LockSeriesControls() {
+    for (const int control : {kEditAllDay, kEditRecurrence, kEditReminder, kEditMemo}) {
+        EnableItem(control, IsUsable(control));
+    }
+    EnableReminderControls();
+}
+
 bool CAppointmentDlg::IsUsable(int control) const {
+    if (IsOneDay() && !IsOfOneDay(control)) {
+        return false;
+    }
     switch (control) {
     case kEditReminderValue:
     case kEditReminderUnit:

@@ -38,6 +38,9 @@ void CAppointmentDlg::TakeStylusDown(Point point) {
     if (field == nullptr) {
         return; // the label column
     }
+    if (IsOneDay() && !IsUsable(field->Control)) {
+        return; // it is the series'
+    }
     if (field->Control == kEditMemo) {
         LastField = kEditMemo;
         OpenMemo();

@@ -78,6 +78,7 @@ template <class Visitor, class Draft> void VisitDraft(Visitor& visit, Draft& dra
     VisitForm(visit, u"opened.", draft.Opened);
     VisitForm(visit, u"now.", draft.Now);
     visit.VisitNewer(u"ink", draft.Ink);
+    visit.VisitNewer(u"day", draft.OneDay);
 }
 
 class DraftWriter {
@@ -111,6 +112,12 @@ class DraftWriter {
     }
 
     void VisitNewer(std::u16string_view name, const std::u16string& text) { (*this)(u"", name, text); }
+
+    void VisitNewer(std::u16string_view name, const std::optional<SYSTEMTIME>& time) {
+        if (time) {
+            (*this)(u"", name, *time);
+        }
+    }
 
     std::u16string Lines;
 };
@@ -156,6 +163,12 @@ class DraftReader {
     void VisitNewer(std::u16string_view name, std::u16string& text) {
         const auto found = Values.find(std::u16string(name));
         text = found == Values.end() ? std::u16string() : Unescape(found->second);
+    }
+
+    void VisitNewer(std::u16string_view name, std::optional<SYSTEMTIME>& time) {
+        if (Values.contains(std::u16string(name))) {
+            (*this)(u"", name, time.emplace());
+        }
     }
 
     bool IsWhole = true;

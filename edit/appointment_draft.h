@@ -46,7 +46,8 @@ struct AppointmentDraft {
     Oid Item = 0;          // 0: a new one
     FormValues Opened;     // what the form said at first: the person changed what is different now
     FormValues Now;
-    std::u16string Ink; // name of recovered ink that is to be saved with it; empty: none
+    std::optional<SYSTEMTIME> OneDay; // only this occurrence of a series is changed, by its start; without its weekday
+    std::u16string Ink;               // name of recovered ink that is to be saved with it; empty: none
 
     bool IsChanged() const { return !(Opened == Now); }
 

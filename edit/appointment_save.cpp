@@ -68,6 +68,7 @@ AppointmentInput CAppointmentDlg::ReadInput() const {
         input.Subject = Item.Subject; // its row may not hold all of it
     }
     input.Times = ReadTimes();
+    input.HasEnd = kind == ItemKind::Appointment;
     input.AllDay = IsDayKind(kind) || (kind == ItemKind::Appointment && IsAllDayChecked());
     input.HasReminder = kind == ItemKind::Alarm || HasReminder();
     if (HasSound()) {

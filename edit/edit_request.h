@@ -15,6 +15,7 @@ namespace tavo {
 struct EditRequest {
     ItemKind Kind = ItemKind::Appointment;
     std::optional<AppointmentData> Item; // none: a new one is made
+    ComPtr<IAppointment> Occurrence;     // only this day of the series Item is changed; null: all of the item
     IListOwner* Owner = nullptr; // told of what was saved; absent: the opener looks for itself, as the month does
     IInkNoteEditor* InkEditor = nullptr; // absent: the memo row does nothing
     // The day on which a new item begins at first; without one it is today.

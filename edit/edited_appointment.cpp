@@ -1,6 +1,7 @@
 // Putting the form's values on the store's item.
 #include "edit/edited_appointment.h"
 
+#include <cmath>
 #include <utility>
 
 namespace tavo {
@@ -27,6 +28,12 @@ std::int32_t TypeOfChoice(std::int32_t choice) {
     }
 }
 
+// Of one moment; a day's fraction is not exact.
+bool IsSameTime(DATE left, DATE right) {
+    constexpr double secondsOfDay = 86400;
+    return std::llround(left * secondsOfDay) == std::llround(right * secondsOfDay);
+}
+
 } // namespace
 
 std::int32_t DayMaskOfChoice(std::int32_t choice, const ItemTimes& times) {
@@ -46,6 +53,12 @@ void EditedAppointment::Open(Oid oid) {
         TakePattern();
         TakeStoredRule();
     }
+}
+
+void EditedAppointment::OpenOccurrence(const ComPtr<IAppointment>& occurrence) {
+    Release();
+    Item = occurrence;
+    IsOccurrence = true;
 }
 
 void EditedAppointment::Reopen(Oid oid) {
@@ -69,12 +82,13 @@ void EditedAppointment::Release() {
     OwnPattern.Reset();
     Item.Reset();
     StoredRule.reset();
+    IsOccurrence = false;
     InkChanged = false;
 }
 
 void EditedAppointment::TakePattern() {
     OwnPattern.Reset();
-    if (Item) {
+    if (Item && !IsOccurrence) {
         Note(Item->GetRecurrencePattern(OwnPattern));
     }
 }
@@ -87,6 +101,10 @@ void EditedAppointment::PutProperties(const AppointmentInput& input) {
     if (!Item) {
         return;
     }
+    if (IsOccurrence) {
+        PutOfOccurrence(input);
+        return;
+    }
     Note(Item->put_Subject(input.Subject));
     Note(Item->put_Location(u""));
     Note(Item->put_Categories(u""));
@@ -95,6 +113,25 @@ void EditedAppointment::PutProperties(const AppointmentInput& input) {
     Note(Item->put_BusyStatus(kBusyBusy));
     PutReminder(input);
     PutBackHidden(input);
+}
+
+// What is put makes the day one of its own, so what is the same is not.
+void EditedAppointment::PutOfOccurrence(const AppointmentInput& input) {
+    std::u16string subject;
+    DATE start = kNoDate;
+    DATE end = kNoDate;
+    Note(Item->get_Subject(subject));
+    Note(Item->get_Start(start));
+    if (input.Subject != subject) {
+        Note(Item->put_Subject(input.Subject));
+    }
+    if (!IsSameTime(input.Times.StartDate, start)) {
+        Note(Item->put_Start(input.Times.StartDate));
+    }
+    Note(Item->get_End(end));
+    if (input.HasEnd && !IsSameTime(input.Times.EndDate, end)) {
+        Note(Item->put_End(input.Times.EndDate));
+    }
 }
 
 void EditedAppointment::PutTimes(const ItemTimes& times, bool allDay) {
@@ -179,7 +216,7 @@ void EditedAppointment::PutDraftRule(const DraftRule& rule) {
 }
 
 void EditedAppointment::PutRecurrence(const AppointmentInput& input) {
-    if (!Item) {
+    if (!Item || IsOccurrence) {
         return;
     }
     if (input.RecurChoice == kChoiceOnce) {

@@ -24,6 +24,7 @@ struct AppointmentInput {
     std::int32_t RecurChoice = 0;
     std::int32_t StoredChoice = 0; // the one that stands for the rule as it is stored
     bool SoundChosen = true;       // false: nobody touched the sound of an existing item
+    bool HasEnd = true;            // false: of a kind without an end of its own
 };
 
 // Holds the item and its recurrence pattern. Nothing reaches the store before Save.
@@ -38,6 +39,8 @@ class EditedAppointment {
     void Create();
     // An existing item. When it cannot be had there is none, and every later Save fails.
     void Open(Oid oid);
+    // One day of a series. Of the form only subject, start and end are put, where they differ.
+    void OpenOccurrence(const ComPtr<IAppointment>& occurrence);
     // Takes the item anew from the store, with its recurrence as it is stored; an ink note put meanwhile stays put. An
     // item that cannot be had any more is kept as it is.
     void Reopen(Oid oid);
@@ -82,6 +85,7 @@ class EditedAppointment {
     void PutRule(std::int32_t type, std::int32_t mask, const ItemTimes& times);
     void PutReminder(const AppointmentInput& input);
     void Note(Status status);
+    void PutOfOccurrence(const AppointmentInput& input);
 
     // edited_appointment_hidden.cpp
     void TakeStoredRule();
@@ -96,6 +100,7 @@ class EditedAppointment {
     ComPtr<IRecurrencePattern> OwnPattern;
     std::optional<PatternRule> StoredRule; // of an existing item
     DATE StoredFirstDay = kNoDate;
+    bool IsOccurrence = false;
     bool AllPut = true; // since the last save
     bool InkChanged = false;
 };

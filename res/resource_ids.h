@@ -69,6 +69,10 @@ constexpr int kCommandCopyToHoliday = 32775;
 constexpr int kCommandCopyToAnniversary = 32776;
 constexpr int kCommandView = 32804;
 
+// What of a series is meant.
+constexpr int kCommandThisDay = 32819;
+constexpr int kCommandWholeSeries = 32820;
+
 // Commands of the day menu. The first five stand for submenus and are replaced before the menu opens.
 constexpr int kCommandDayAlarms = 32793;
 constexpr int kCommandDayHolidays = 32794;

@@ -20,10 +20,14 @@ constexpr ItemListLook kLook{34, 5, 1, 96};
 constexpr int kLongestItem = 31; // days; one that began so long ago may reach into the period
 constexpr std::u16string_view kRestriction = u"[Start] >= %s and [Start] <= %s and [End] >= %s";
 
-// The occurrence's own times; false when they cannot be read.
-bool TakeTimes(IAppointment& item, ILocale& locale, AppointmentData& record) {
+// What the occurrence has of its own; false when its times cannot be read.
+bool TakeOwn(IAppointment& item, ILocale& locale, AppointmentData& record) {
     DATE start = kNoDate;
     DATE end = kNoDate;
+    std::u16string subject;
+    if (Succeeded(item.get_Subject(subject))) {
+        record.Subject = std::move(subject);
+    }
     return Succeeded(item.get_Start(start)) && Succeeded(item.get_End(end)) &&
            locale.VariantTimeToSystemTime(start, record.Start) && locale.VariantTimeToSystemTime(end, record.End);
 }
@@ -69,7 +73,7 @@ bool CAppointmentItemList::Fill(const SYSTEMTIME& periodStart, const SYSTEMTIME&
             isWhole = isWhole && State.Store.LastStoreResult == Status::NotFound;
         }
         AppointmentData record = place->second;
-        if (record.Oid != 0 && TakeTimes(*item, Host().Locale(), record) && OccursInPeriod(record)) {
+        if (record.Oid != 0 && TakeOwn(*item, Host().Locale(), record) && OccursInPeriod(record)) {
             rows.push_back(std::move(record)); // the store gives them in order of start, then OID
         }
         item.Reset();

@@ -121,21 +121,31 @@ void CItemList::TakeStylusDown(Point point) {
 }
 
 // As if the row were tapped in its middle; one that is scrolled out of sight, at the edge where it lies.
+Point CItemList::MiddleOfSelected() const {
+    const int row = std::clamp(SelectedRow - TopRow, 0, Look.VisibleRows - 1);
+    return {kMiddle, row * Look.RowHeight + Look.RowHeight / 2};
+}
+
+Point CItemList::PlaceOfMenu(Point point) const {
+    return {point.X >= kMiddle ? point.X - kMenuGap : point.X + kMenuGap, point.Y + Look.MenuDrop};
+}
+
+Point CItemList::PlaceOfSelectedMenu() const {
+    return PlaceOfMenu(MiddleOfSelected());
+}
+
 void CItemList::OpenSelectedMenu() {
     const AppointmentData* selected = GetSelected();
     if (selected == nullptr) {
         return;
     }
     Current = *selected;
-    const int row = std::clamp(SelectedRow - TopRow, 0, Look.VisibleRows - 1);
-    OpenMenu({kMiddle, row * Look.RowHeight + Look.RowHeight / 2});
+    OpenMenu(MiddleOfSelected());
 }
 
 void CItemList::OpenMenu(Point point) {
-    const bool onTheRight = point.X >= kMiddle;
-    const Point at{onTheRight ? point.X - kMenuGap : point.X + kMenuGap, point.Y + Look.MenuDrop};
-    const int command = Pump().TrackPopupMenu(Owner.MenuOwner(), MakeMenu(Current), at,
-                                              onTheRight ? MenuAlign::Right : MenuAlign::Left);
+    const int command = Pump().TrackPopupMenu(Owner.MenuOwner(), MakeMenu(Current), PlaceOfMenu(point),
+                                              point.X >= kMiddle ? MenuAlign::Right : MenuAlign::Left);
     if (command != 0) {
         SelectItem(Current); // the list may have been filled anew while the menu was open
         Owner.TakeListCommand(command);

@@ -57,6 +57,8 @@ class CItemList : public CRowList {
     bool MoveSelection(int key);
     // Opens the menu of the selected row, beside it; nothing without one.
     void OpenSelectedMenu();
+    // Where on the screen such a menu opens.
+    Point PlaceOfSelectedMenu() const;
     // Removes the selected row and deletes its appointment. Kept on purpose: the selected index stays. False when the
     // store refuses, or nothing is selected.
     virtual bool DeleteSelected() = 0;
@@ -84,6 +86,8 @@ class CItemList : public CRowList {
     void TakeStylusDown(Point point);
     void TakeWheel(const Message& wheel);
     void TakeKey(const Message& key);
+    Point MiddleOfSelected() const;
+    Point PlaceOfMenu(Point point) const;
     void OpenMenu(Point point);
 
     IItemListOwner& Owner;

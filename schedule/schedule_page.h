@@ -88,6 +88,8 @@ class CSchedulePage : public CItemPage, public IListOwner, private IItemListOwne
     void PrepareMenus() override;
     void ViewSelected();
     TimesOf TimesOfRows() const;
+    ChosenDay DayOfRow(const AppointmentData& record) const;
+    MenuPlace PlaceOfMenu() override;
     void ModifySelected();
     void DeleteSelected();
     void PauseSelected();
@@ -99,6 +101,7 @@ class CSchedulePage : public CItemPage, public IListOwner, private IItemListOwne
 
     IListOwner* ListOwner() override { return this; }
 
+    void TakeUpDay(EditRequest& request, const SYSTEMTIME& start);
     // The same for a new item or one that is gone; what was made is then on show.
     void RunMaking(EditRequest request);
     // The selected record of the list on show; without one says so in these words and gives null.

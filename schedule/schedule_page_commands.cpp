@@ -1,6 +1,7 @@
 // The commands on an item of the Schedule page.
 #include "schedule/schedule_page.h"
 
+#include "page/series_day.h"
 #include "res/resource_ids.h"
 #include "res/strings.h"
 #include "store/change_group.h"
@@ -52,15 +53,25 @@ TimesOf CSchedulePage::TimesOfRows() const {
     return Kind == ItemKind::Appointment ? TimesOf::Occurrence : TimesOf::Series;
 }
 
+CItemPage::ChosenDay CSchedulePage::DayOfRow(const AppointmentData& record) const {
+    return TimesOfRows() == TimesOf::Occurrence ? ChosenDay(record.Start) : std::nullopt;
+}
+
+MenuPlace CSchedulePage::PlaceOfMenu() {
+    return {CurrentList().PlaceOfSelectedMenu(), MenuAlign::Right};
+}
+
 void CSchedulePage::ViewSelected() {
     if (const AppointmentData* selected = SelectedOr(kSelectToView); selected != nullptr) {
-        ViewAndAct(Kind, AppointmentData(*selected), TimesOfRows());
+        const AppointmentData record = *selected;
+        ViewAndAct(Kind, record, TimesOfRows(), DayOfRow(record));
     }
 }
 
 void CSchedulePage::ModifySelected() {
     if (const AppointmentData* selected = SelectedOr(kSelectToModify); selected != nullptr) {
-        ModifyItem(Kind, ReadAnew(State.Store, *selected, TimesOfRows()));
+        const AppointmentData record = ReadAnew(State.Store, *selected, TimesOfRows());
+        ModifyItem(Kind, record, DayOfRow(record));
     }
 }
 
@@ -70,12 +81,19 @@ void CSchedulePage::DeleteSelected() {
         return;
     }
     const AppointmentData record = *selected;
-    if (!ConfirmDeletion()) {
+    const SeriesPart part = AskPart(record, DayOfRow(record));
+    if (part == SeriesPart::Neither || !ConfirmDeletion()) {
         return;
     }
     CItemList& list = CurrentList();
     list.SelectItem(record); // the list may have been filled anew while the question was open
-    const bool refused = list.GetSelected() != nullptr && !list.DeleteSelected();
+    bool refused = false;
+    if (part == SeriesPart::ThisDay) {
+        DeleteDay(record, record.Start);
+        FillAppointments();
+    } else {
+        refused = list.GetSelected() != nullptr && !list.DeleteSelected();
+    }
     SetScrollBar();
     if (refused) {
         Refuse(kItemNotDeleted);
@@ -153,6 +171,17 @@ void CSchedulePage::MakeItemOn(ItemKind kind, const SYSTEMTIME& day) {
     RunMaking(std::move(request));
 }
 
+// The same day of the series, or a new item when that is gone.
+void CSchedulePage::TakeUpDay(EditRequest& request, const SYSTEMTIME& start) {
+    request.Item->Start = start;
+    request.Occurrence = FindSeriesDay(State, *request.Item, start);
+    if (request.Occurrence) {
+        request.Item = RecordOfDay(*request.Item, *request.Occurrence, Host().Locale());
+    } else {
+        request.Item.reset();
+    }
+}
+
 bool CSchedulePage::ContinueEdit(const FoundDraft& draft) {
     AppointmentData record;
     const bool isThere = draft.Draft.Item != 0 && State.Store.LoadAppointment(draft.Draft.Item, record) != 0;
@@ -164,6 +193,9 @@ bool CSchedulePage::ContinueEdit(const FoundDraft& draft) {
     }
     // One that is gone is made anew.
     EditRequest request = RequestFor(KindOfMode(draft.Draft.Mode), isThere ? std::optional(record) : std::nullopt);
+    if (isThere && draft.Draft.OneDay) {
+        TakeUpDay(request, *draft.Draft.OneDay);
+    }
     request.Continued = &draft;
     RunMaking(std::move(request));
     return true;

@@ -72,4 +72,9 @@ bool DeleteItem(CProgramState& state, ItemKind kind, const AppointmentData& reco
     return false;
 }
 
+bool DeleteOccurrence(CProgramState& state, IAppointment& occurrence, const AppointmentData& series) {
+    ChangeGroup group(state.Store, FormatText(u"delete of one day of %s", ShortenSubject(series.Subject)));
+    return group.IsOpen() && Succeeded(occurrence.Delete()) && group.End();
+}
+
 } // namespace tavo

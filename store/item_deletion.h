@@ -17,4 +17,7 @@ std::u16string NameCopy(ItemKind target, const AppointmentData& record);
 // counts as deleted. False when the store took no changes: item and list are then as they were.
 bool DeleteItem(CProgramState& state, ItemKind kind, const AppointmentData& record);
 
+// Takes one day out of its series, as such a step. False when the store took no changes.
+bool DeleteOccurrence(CProgramState& state, IAppointment& occurrence, const AppointmentData& series);
+
 } // namespace tavo

@@ -127,6 +127,27 @@ TEST_F(DayMenuTest, NewItemsOfEveryKindBeginOnTheDayOfTheMenu) {
     EXPECT_EQ(Program.CellName(2, 3), u"2004-09-15: alarm, holiday, anniversary, appointment");
 }
 
+TEST_F(DayMenuTest, OneDayOfASeriesIsDeletedWhereItsMenuWasOpened) {
+    Open();
+    const Oid yoga = Program.GivenSeries(u"Yoga", At(2004, 9, 13, 18), At(2004, 9, 13, 19), kRecursDaily);
+    TapDay();
+    Choose(33601);
+    Program.Device.Tap(226, 49);
+    Check([this] {
+        ASSERT_TRUE(Menus().Tracked.has_value());
+        EXPECT_THAT(Captions(), ElementsAre(u"This day", u"The whole series"));
+        EXPECT_EQ(Menus().Tracked->At, (Point{kDayX + 5, kDayY + 29}));
+    });
+    Choose(kCommandThisDay);
+    Program.Device.AnswerBox(IDYES);
+    Program.Device.AdvanceClock(shell::Milliseconds(600));
+    Settle();
+    EXPECT_TRUE(Exists(yoga));
+    EXPECT_EQ(Program.CellName(2, 2), u"2004-09-14: appointment");
+    EXPECT_EQ(Program.CellName(2, 3), u"2004-09-15");
+    EXPECT_EQ(Program.CellName(2, 4), u"2004-09-16: appointment");
+}
+
 TEST_F(DayMenuTest, DeleteAsksAndDeletesOnYes) {
     Open();
     const Oid oid = GivenItem(u"Dentist");
