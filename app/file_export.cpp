@@ -13,12 +13,19 @@ namespace tavo {
 
 namespace {
 
-constexpr std::u16string_view kCaption = u"Export";
 constexpr std::u16string_view kQuestion = u"Export to %s?\n%s";
 constexpr std::u16string_view kNotExported = u"%s: %s. Nothing was written.";
 constexpr std::u16string_view kExported = u"%s: %d entries were written.";
 constexpr std::u16string_view kExportedOne = u"%s: one entry was written.";
-constexpr std::u16string_view kProgress = u"%d%% exported";
+
+struct Words {
+    std::u16string_view Caption;
+    std::u16string_view Progress;
+};
+
+constexpr Words WordsOf(WrittenFile what) {
+    return what == WrittenFile::Backup ? Words{u"Backup", u"%d%% saved"} : Words{u"Export", u"%d%% exported"};
+}
 
 // True when the file can be worked on.
 bool IsGood(CProgramState& state, const ICalendarExport& file, const std::u16string& name) {
@@ -35,10 +42,10 @@ bool IsWanted(CProgramState& state, const ICalendarExport& file, const std::u16s
     return unsaid.empty() || ShowFileBox(state, FormatText(kQuestion, name, unsaid), MessageBoxButtons::YesNo) == IDYES;
 }
 
-bool GoThrough(CProgramState& state, ICalendarExport& file) {
+bool GoThrough(CProgramState& state, ICalendarExport& file, const Words& words) {
     FileSteps steps;
-    steps.Caption = kCaption;
-    steps.ProgressFormat = kProgress;
+    steps.Caption = words.Caption;
+    steps.ProgressFormat = words.Progress;
     steps.DoNext = [&file] { return file.ExportOn(); };
     steps.Leave = [&file] { file.Leave(); };
     steps.Progress = [&file] { return file.Progress(); };
@@ -47,14 +54,14 @@ bool GoThrough(CProgramState& state, ICalendarExport& file) {
 
 } // namespace
 
-void ExportCalendarFile(CProgramState& state, ICalendarExport& file) {
+void ExportCalendarFile(CProgramState& state, ICalendarExport& file, WrittenFile what) {
     const std::optional<std::u16string> name = file.NextFile();
     if (!name) {
         return;
     }
-    const int items = file.CountItems();
-    if (IsGood(state, file, *name) && IsWanted(state, file, *name) && GoThrough(state, file) &&
+    if (IsGood(state, file, *name) && IsWanted(state, file, *name) && GoThrough(state, file, WordsOf(what)) &&
         IsGood(state, file, *name)) {
+        const int items = file.CountItems();
         ShowFileBox(state, items == 1 ? FormatText(kExportedOne, *name) : FormatText(kExported, *name, items),
                     MessageBoxButtons::Ok);
     }

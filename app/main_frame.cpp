@@ -23,7 +23,7 @@ const MessageMap& CMainFrame::Messages() {
         On<&CMainFrame::TakeStoreChange>(WM_STORECHANGED),
         On<&CMainFrame::OpenItem>(WM_OPENITEM),
         On<&CMainFrame::ImportFiles>(WM_IMPORTFILES),
-        On<&CMainFrame::ExportFile>(WM_EXPORTFILE),
+        On<&CMainFrame::WriteFile>(WM_EXPORTFILE),
     };
     static const MessageMap map{entries, &CWindow::Messages()};
     return map;
@@ -67,8 +67,8 @@ void CMainFrame::ImportFiles() {
     Commands.ImportFiles();
 }
 
-void CMainFrame::ExportFile() {
-    Commands.ExportFile();
+void CMainFrame::WriteFile(int what) {
+    Commands.WriteFile(static_cast<WrittenFile>(what));
 }
 
 } // namespace tavo

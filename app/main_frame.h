@@ -31,7 +31,7 @@ class CMainFrame : public CWindow {
     void TakeStoreChange();
     void OpenItem(int oid);
     void ImportFiles();
-    void ExportFile();
+    void WriteFile(int what);
 
     ICommandTarget& Commands;
     CVantorDoc OwnDocument;

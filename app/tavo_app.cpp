@@ -7,6 +7,7 @@
 #include "app/find_dialog.h"
 #include "app/go_to_date_dialog.h"
 #include "app/start.h"
+#include "framework/format.h"
 #include "memo/memo_undo.h"
 #include "memo/moving_memos.h"
 #include "page/progress_dlg.h"
@@ -108,7 +109,10 @@ void CTavoApp::TakeCommand(int command) {
         Files.Dialogs->ChooseImport();
         break;
     case kCommandExport:
-        Files.Dialogs->ChooseExport(std::u16string(kExportName));
+        Files.Dialogs->ChooseWritten(WrittenFile::Export, std::u16string(kExportName));
+        break;
+    case kCommandBackup:
+        Files.Dialogs->ChooseWritten(WrittenFile::Backup, NameOfBackup());
         break;
     default:
         break;
@@ -150,10 +154,17 @@ void CTavoApp::ImportFiles() {
     }
 }
 
-void CTavoApp::ExportFile() {
-    if (Files.Export != nullptr) {
-        ExportCalendarFile(State, *Files.Export);
+void CTavoApp::WriteFile(WrittenFile what) {
+    ICalendarExport* const file = what == WrittenFile::Backup ? Files.Backup : Files.Export;
+    if (file != nullptr) {
+        ExportCalendarFile(State, *file, what);
     }
+}
+
+// With its day, so that one does not take the place of an earlier one.
+std::u16string CTavoApp::NameOfBackup() {
+    const SYSTEMTIME today = Device.Clock().GetLocalTime();
+    return FormatText(u"Tavo Calendar %04d-%02d-%02d.tavo", today.Year, today.Month, today.Day);
 }
 
 int RunTavoCalendar(IHost& host, const CalendarFiles& files) {

@@ -34,7 +34,8 @@ class CTavoApp final : public ICommandTarget {
     void GoToDate();
     void TakeCommand(int command) override;
     void ImportFiles() override;
-    void ExportFile() override;
+    void WriteFile(WrittenFile what) override;
+    std::u16string NameOfBackup();
 
     IHost& Device;
     CalendarFiles Files;

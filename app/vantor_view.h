@@ -6,6 +6,7 @@
 #include "calendar/clock_page.h"
 #include "framework/painted_window.h"
 #include "page/main_view.h"
+#include "platform/file_dialogs.h"
 #include "schedule/schedule_page.h"
 #include "settings/settings_page.h"
 #include "store/category_file.h"
@@ -24,7 +25,7 @@ class ICommandTarget {
     // Calendar files were opened with the program.
     virtual void ImportFiles() = 0;
     // A file for an export was chosen.
-    virtual void ExportFile() = 0;
+    virtual void WriteFile(WrittenFile what) = 0;
 
   protected:
     ~ICommandTarget() = default;

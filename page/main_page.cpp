@@ -103,6 +103,7 @@ void CMainPage::PrepareMenus() {
     const bool canChoose = State.CanChooseFiles && !State.Busy;
     Host().Menus().SetMenuItem(MenuBar, kCommandImport, canChoose, false);
     Host().Menus().SetMenuItem(MenuBar, kCommandExport, canChoose, false);
+    Host().Menus().SetMenuItem(MenuBar, kCommandBackup, canChoose, false);
 }
 
 bool CMainPage::ConfirmDeletion() {

@@ -14,7 +14,7 @@ enum class NewItemWish : int { Alarm = -1, Holiday = -2, Anniversary = -3, Appoi
 // To the frame: calendar files were opened with the program, and wait to be imported. Input likewise.
 constexpr MessageNumber WM_IMPORTFILES = WM_APP + 4;
 
-// To the frame: a file for an export was chosen. Input likewise.
+// To the frame: a file to be written was chosen; Id is its WrittenFile. Input likewise.
 constexpr MessageNumber WM_EXPORTFILE = WM_APP + 5;
 
 // To the main view, as WM_TIMER: the reminder service went on. The program sets a timer of this number too.

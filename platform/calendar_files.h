@@ -12,6 +12,7 @@ struct CalendarFiles {
     ICalendarImport* Import = nullptr;
     ICalendarExport* Export = nullptr;
     IFileDialogs* Dialogs = nullptr;
+    ICalendarExport* Backup = nullptr; // the same way out, whole
 };
 
 } // namespace tavo

@@ -104,6 +104,7 @@ std::vector<MenuItem> MakePageMenus() {
                   Separator(),
                   Command(kCommandImport, u"Import..."),
                   Command(kCommandExport, u"Export..."),
+                  Command(kCommandBackup, u"Backup..."),
                   Separator(),
                   Command(kCommandAbout, u"About Tavo Calendar..."),
                   Command(kCommandExit, u"Exit"),

@@ -59,6 +59,7 @@ constexpr int kCommandImport = 32815;
 constexpr int kCommandExport = 32816;
 constexpr int kCommandFind = 32817;
 constexpr int kCommandGoToDate = 32818;
+constexpr int kCommandBackup = 32821;
 
 // Commands on an item.
 constexpr int kCommandModify = 32771;

@@ -113,29 +113,66 @@ bool PutFiles(const files::DeviceRoot& root, Restored& restored, std::string& pr
 
 } // namespace
 
-bool BackUp(const files::DeviceRoot& root, const std::string& path, const outlook::BackupProgress& goOn,
-            outlook::BackupContents& contents, std::string& problem) {
-    std::vector<KeptFile> files;
-    if (!ReadFiles(root.Path(), files, problem)) {
-        return false;
+// The draft lies beside it, so that it can take its place in one step.
+DeviceBackup::DeviceBackup(const files::DeviceRoot& root, std::string path)
+    : Root(root), Path(std::move(path)), Draft(Path + ".unfinished"),
+      Writer(posix::SystemMachine(), root.StorePath(), Draft) {}
+
+DeviceBackup::~DeviceBackup() {
+    if (IsBegun) {
+        std::error_code error; // one that stays is in nobody's way
+        fs::remove(Draft, error);
     }
-    // Beside it, so that it can take its place in one step.
-    const std::string draft = path + ".unfinished";
-    std::error_code error;
-    fs::remove(draft, error);
-    const bool isWritten = Succeeded(
-        outlook::WriteBackup(posix::SystemMachine(), root.StorePath(), draft, files, goOn, contents, problem));
-    if (isWritten) {
-        fs::permissions(draft, fs::perms::owner_read | fs::perms::owner_write, error);
-        fs::rename(draft, path, error);
-        const fs::path whole = error ? fs::path() : fs::absolute(path, error);
-        if (!error && posix::SyncFolder(whole.parent_path().string()) == ErrorCode::Success) {
-            return true;
-        }
-        problem = "it cannot be put into its place";
+}
+
+int DeviceBackup::Progress() const {
+    return Writer.Progress();
+}
+
+bool DeviceBackup::Begin() {
+    IsBegun = true;
+    std::error_code error; // what is left of one that was cut short; where it stays, the writing tells
+    fs::remove(Draft, error);
+    return ReadFiles(Root.Path(), Files, Reason);
+}
+
+bool DeviceBackup::Step() {
+    if (!IsBegun) {
+        return Begin();
     }
-    fs::remove(draft, error);
+    const Status status = Writer.Step(Files);
+    if (status == Status::Ok) {
+        return true;
+    }
+    if (Failed(status)) {
+        Reason = Writer.Problem();
+    } else {
+        PutInPlace();
+    }
     return false;
+}
+
+void DeviceBackup::PutInPlace() {
+    std::error_code error;
+    fs::permissions(Draft, fs::perms::owner_read | fs::perms::owner_write, error);
+    fs::rename(Draft, Path, error);
+    const fs::path whole = error ? fs::path() : fs::absolute(Path, error);
+    if (error || posix::SyncFolder(whole.parent_path().string()) != ErrorCode::Success) {
+        Reason = "it cannot be put into its place";
+    }
+}
+
+bool BackUp(const files::DeviceRoot& root, const std::string& path, const std::function<bool(int)>& goOn,
+            outlook::BackupContents& contents, std::string& problem) {
+    DeviceBackup backup(root, path);
+    while (backup.Step()) {
+        if (!goOn(backup.Progress())) {
+            return false;
+        }
+    }
+    contents = backup.Contents();
+    problem = backup.Problem();
+    return problem.empty();
 }
 
 bool Restore(const files::DeviceRoot& root, const std::string& path, Restored& restored, std::string& problem) {

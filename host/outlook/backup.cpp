@@ -10,8 +10,10 @@
 #include <algorithm>
 #include <chrono>
 #include <ctime>
+#include <optional>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 namespace tavo::outlook {
 namespace {
@@ -20,6 +22,7 @@ constexpr int kBackupVersion = 1;
 constexpr int kPagesOfStep = 256;
 constexpr int kWhole = 1000;
 constexpr int kLockPatience = 5000; // milliseconds
+constexpr std::chrono::milliseconds kPatience{kLockPatience};
 constexpr std::chrono::milliseconds kBetweenTries{20};
 
 constexpr const char* kTables =
@@ -44,28 +47,54 @@ Status OpenFile(IStoreMachine& machine, Database& database, const std::filesyste
 }
 
 // All pages of one database into another, as one transaction of that.
-Status CopyPages(Database& from, Database& to, int pagesOfStep, const BackupProgress& goOn) {
-    sqlite3_backup* const copy = sqlite3_backup_init(to.Raw(), "main", from.Raw(), "main");
-    if (copy == nullptr) {
-        return to.LastStatus();
-    }
-    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(kLockPatience);
-    int code = SQLITE_OK;
-    bool goesOn = true;
-    do {
-        code = sqlite3_backup_step(copy, pagesOfStep);
-        const int all = std::max(sqlite3_backup_pagecount(copy), 1);
-        goesOn = goOn((all - sqlite3_backup_remaining(copy)) * kWhole / all);
-        if (code == SQLITE_BUSY || code == SQLITE_LOCKED) {
-            goesOn = goesOn && std::chrono::steady_clock::now() < end;
-            std::this_thread::sleep_for(kBetweenTries);
+class PageCopy {
+  public:
+    PageCopy(Database& from, Database& to)
+        : To(to), Copy(sqlite3_backup_init(to.Raw(), "main", from.Raw(), "main")), End(Clock::now() + kPatience) {}
+
+    ~PageCopy() { sqlite3_backup_finish(Copy); } // null when there is none
+
+    PageCopy(const PageCopy&) = delete;
+    PageCopy& operator=(const PageCopy&) = delete;
+
+    // Ok while more remains, False after the last page.
+    Status Step(int pages) {
+        if (Copy == nullptr) {
+            return To.LastStatus();
         }
-    } while (goesOn && (code == SQLITE_OK || code == SQLITE_BUSY || code == SQLITE_LOCKED));
-    const int finished = sqlite3_backup_finish(copy);
-    if (code == SQLITE_DONE) {
-        return StatusFromSqlite(finished, 0);
+        const int code = sqlite3_backup_step(Copy, pages);
+        if (code == SQLITE_DONE) {
+            const Status finished = StatusFromSqlite(sqlite3_backup_finish(std::exchange(Copy, nullptr)), 0);
+            return Failed(finished) ? finished : Status::False;
+        }
+        if ((code == SQLITE_BUSY || code == SQLITE_LOCKED) && Clock::now() < End) {
+            std::this_thread::sleep_for(kBetweenTries);
+            return Status::Ok;
+        }
+        return code == SQLITE_OK ? Status::Ok : StatusFromSqlite(code, sqlite3_system_errno(To.Raw()));
     }
-    return code == SQLITE_OK ? Status::False : StatusFromSqlite(code, sqlite3_system_errno(to.Raw()));
+
+    int Progress() const {
+        const int all = Copy == nullptr ? 1 : std::max(sqlite3_backup_pagecount(Copy), 1);
+        return (all - (Copy == nullptr ? 0 : sqlite3_backup_remaining(Copy))) * kWhole / all;
+    }
+
+  private:
+    using Clock = std::chrono::steady_clock;
+
+    Database& To;
+    sqlite3_backup* Copy;
+    Clock::time_point End;
+};
+
+Status CopyAll(Database& from, Database& to) {
+    constexpr int allPages = -1;
+    PageCopy copy(from, to);
+    Status status = Status::Ok;
+    do {
+        status = copy.Step(allPages);
+    } while (status == Status::Ok);
+    return status == Status::False ? Status::Ok : status;
 }
 
 Status AddFiles(Database& database, std::span<const KeptFile> files) {
@@ -83,21 +112,6 @@ Status AddFiles(Database& database, std::span<const KeptFile> files) {
         status = add.Bind(file.Name).Bind(std::span(file.Bytes)).Finish();
     }
     return Succeeded(status) ? database.Run("COMMIT") : status;
-}
-
-Status Fill(IStoreMachine& machine, Database& live, const std::filesystem::path& draft, std::span<const KeptFile> files,
-            const BackupProgress& goOn) {
-    Database copy;
-    Status status = copy.Open(StoreUri(machine, draft, "mode=rwc"),
-                              SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_URI, kLockPatience);
-    if (Succeeded(status)) {
-        status = live.Run("BEGIN"); // one moment, whatever others write meanwhile
-    }
-    status = Succeeded(status) ? CopyPages(live, copy, kPagesOfStep, goOn) : status;
-    if (status == Status::Ok) {
-        status = copy.Run("PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL"); // one file, without a log beside it
-    }
-    return status == Status::Ok ? AddFiles(copy, files) : status;
 }
 
 Status ReadTags(Database& database, std::vector<std::pair<TagList, Oid>>& tags) {
@@ -160,19 +174,69 @@ Status Prepare(IStoreMachine& machine, const std::filesystem::path& scratch, con
 
 } // namespace
 
-Status WriteBackup(IStoreMachine& machine, const std::filesystem::path& store, const std::filesystem::path& draft,
-                   std::span<const KeptFile> files, const BackupProgress& goOn, BackupContents& contents,
-                   std::string& problem) {
-    Database live;
-    Status status = OpenFile(machine, live, store);
-    status = Succeeded(status) ? Fill(machine, live, draft, files, goOn) : status;
+class BackupWriter::Copy {
+  public:
+    Status Begin(IStoreMachine& machine, const std::filesystem::path& store, const std::filesystem::path& draft) {
+        Status status = OpenFile(machine, Live, store);
+        if (Succeeded(status)) {
+            status = Draft.Open(StoreUri(machine, draft, "mode=rwc"),
+                                SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_URI, kLockPatience);
+        }
+        // One moment, whatever others write meanwhile: it is that of the first read.
+        status = Succeeded(status) ? Live.Run("BEGIN; SELECT count(*) FROM sqlite_schema") : status;
+        if (Succeeded(status)) {
+            Pages.emplace(Live, Draft);
+        }
+        return status;
+    }
+
+    Status Step() { return Pages->Step(kPagesOfStep); }
+
+    int Progress() const { return Pages->Progress(); }
+
+    Status Add(std::span<const KeptFile> files) {
+        Pages.reset();
+        // One file, without a log beside it.
+        const Status status = Draft.Run("PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL");
+        return Succeeded(status) ? AddFiles(Draft, files) : status;
+    }
+
+  private:
+    Database Live;
+    Database Draft;
+    std::optional<PageCopy> Pages;
+};
+
+BackupWriter::BackupWriter(IStoreMachine& machine, std::filesystem::path store, std::filesystem::path draft)
+    : Machine(machine), Store(std::move(store)), Draft(std::move(draft)) {}
+
+BackupWriter::~BackupWriter() = default;
+
+Status BackupWriter::Begin() {
+    Pages = std::make_unique<Copy>();
+    return Pages->Begin(Machine, Store, Draft);
+}
+
+Status BackupWriter::Finish(std::span<const KeptFile> files) {
+    const Status status = Pages->Add(files);
+    Pages.reset(); // what is read again is the file as it lies there
     if (Failed(status)) {
-        problem = Describe(status);
+        return status;
     }
-    if (status != Status::Ok) {
-        return Succeeded(status) ? Status::Fail : status;
+    const Status read = ReadBackup(Machine, Draft, CheckDepth::Rows, Written, Reason);
+    return Succeeded(read) ? Status::False : read;
+}
+
+Status BackupWriter::Step(std::span<const KeptFile> files) {
+    Status status = Pages ? Pages->Step() : Begin();
+    if (Succeeded(status)) {
+        Done = Pages->Progress();
     }
-    return ReadBackup(machine, draft, CheckDepth::Rows, contents, problem);
+    status = status == Status::False ? Finish(files) : status;
+    if (Failed(status) && Reason.empty()) {
+        Reason = Describe(status);
+    }
+    return status;
 }
 
 Status ReadBackup(IStoreMachine& machine, const std::filesystem::path& backup, CheckDepth depth,
@@ -228,19 +292,19 @@ Status RestoreStore(IStoreMachine& machine, const std::filesystem::path& backup,
         Database to;
         status = OpenFile(machine, from, scratch);
         status = Succeeded(status) ? OpenFile(machine, to, store) : status;
-        constexpr int kAllPages = -1;
-        status = Succeeded(status) ? CopyPages(from, to, kAllPages, [](int) { return true; }) : status;
+        if (Succeeded(status)) {
+            status = CopyAll(from, to);
+        }
     }
     for (const char* const suffix : {"", "-wal", "-shm", "-journal"}) {
         std::filesystem::path part = scratch;
         std::filesystem::remove(part += suffix,
                                 error); // what cannot be removed stays beside the store and harms nobody
     }
-    if (status != Status::Ok) {
+    if (Failed(status)) {
         problem = Describe(status);
-        return Failed(status) ? status : Status::Locked;
     }
-    return Status::Ok;
+    return status;
 }
 
 Status ListTags(const StorePtr& store, std::vector<std::pair<TagList, Oid>>& tags) {

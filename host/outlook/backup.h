@@ -10,7 +10,7 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <functional>
+#include <memory>
 #include <span>
 #include <string>
 #include <utility>
@@ -24,9 +24,6 @@ struct KeptFile {
     std::vector<std::uint8_t> Bytes;
 };
 
-// Told how many of a thousand parts are done; false stops, and what was begun is of no use.
-using BackupProgress = std::function<bool(int)>;
-
 struct BackupContents {
     int Items = 0;
     std::int64_t Time = 0; // when it was made, seconds since 1970
@@ -34,12 +31,40 @@ struct BackupContents {
     std::vector<std::pair<TagList, Oid>> Tags; // in the order of each list
 };
 
-// Makes `draft`, for the user alone: the store as it is at this moment, whoever else uses it, and the files. It is read
-// again at the end, each row and file with its checksum; `contents` is what it holds. Not Ok: `problem` says why, for
-// people; it is empty when `goOn` stopped it.
-Status WriteBackup(IStoreMachine& machine, const std::filesystem::path& store, const std::filesystem::path& draft,
-                   std::span<const KeptFile> files, const BackupProgress& goOn, BackupContents& contents,
-                   std::string& problem);
+// Makes `draft`, for the user alone: the store as it is when that is begun, whoever else uses it, and the files. It is
+// read again at the end, each row and file with its checksum.
+class BackupWriter {
+  public:
+    BackupWriter(IStoreMachine& machine, std::filesystem::path store, std::filesystem::path draft);
+    ~BackupWriter();
+    BackupWriter(const BackupWriter&) = delete;
+    BackupWriter& operator=(const BackupWriter&) = delete;
+
+    // The next part. Ok while more remains, False when the draft is whole. Else Problem says why, and the draft is of
+    // no use.
+    Status Step(std::span<const KeptFile> files);
+
+    int Progress() const { return Done; } // of a thousand
+
+    const std::string& Problem() const { return Reason; } // for people
+
+    // Of a draft that is whole.
+    BackupContents& Contents() { return Written; }
+
+  private:
+    class Copy;
+
+    Status Begin();
+    Status Finish(std::span<const KeptFile> files);
+
+    IStoreMachine& Machine;
+    std::filesystem::path Store;
+    std::filesystem::path Draft;
+    std::unique_ptr<Copy> Pages; // while it is under way
+    int Done = 0;
+    std::string Reason;
+    BackupContents Written;
+};
 
 // Looks through all of it, at a depth beyond Quick. Not Ok: it is none, it was cut or has changed, or a newer program
 // made it; `problem` says so.

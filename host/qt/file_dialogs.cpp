@@ -9,32 +9,58 @@
 
 namespace tavo::qt {
 
-FileDialogs::FileDialogs(QWidget& parent, TakePaths takeImport, TakePaths takeExport)
-    : Parent(parent), TakeImport(std::move(takeImport)), TakeExport(std::move(takeExport)) {}
+namespace {
+
+const QString kCalendarFiles = QStringLiteral("Calendar files (*.ics *.ical *.ICS *.ICAL);;All files (*)");
+
+struct WrittenLook {
+    QString Title;
+    QString Filter;
+    QString Suffix;
+};
+
+WrittenLook LookOf(WrittenFile what) {
+    switch (what) {
+    case WrittenFile::Backup:
+        return {QStringLiteral("Backup"), QStringLiteral("Backups (*.tavo);;All files (*)"), QStringLiteral("tavo")};
+    default:
+        return {QStringLiteral("Export"), kCalendarFiles, QStringLiteral("ics")};
+    }
+}
+
+} // namespace
+
+FileDialogs::FileDialogs(QWidget& parent, TakePaths takeImport, TakeWritten takeWritten)
+    : Parent(parent), TakeImport(std::move(takeImport)), OwnWritten(std::move(takeWritten)) {}
 
 FileDialogs::~FileDialogs() {
     delete Shown;
 }
 
 void FileDialogs::ChooseImport() {
-    if (QFileDialog* dialog = Make(QStringLiteral("Import")); dialog != nullptr) {
+    if (QFileDialog* dialog = Make(QStringLiteral("Import"), kCalendarFiles); dialog != nullptr) {
         dialog->setFileMode(QFileDialog::ExistingFiles);
         dialog->setLabelText(QFileDialog::Accept, QStringLiteral("Import"));
         Open(*dialog, TakeImport);
     }
 }
 
-void FileDialogs::ChooseExport(const std::u16string& name) {
-    if (QFileDialog* dialog = Make(QStringLiteral("Export")); dialog != nullptr) {
+void FileDialogs::ChooseWritten(WrittenFile what, const std::u16string& name) {
+    const WrittenLook look = LookOf(what);
+    if (QFileDialog* dialog = Make(look.Title, look.Filter); dialog != nullptr) {
         dialog->setAcceptMode(QFileDialog::AcceptSave);
-        dialog->setLabelText(QFileDialog::Accept, QStringLiteral("Export"));
-        dialog->setDefaultSuffix(QStringLiteral("ics"));
+        dialog->setLabelText(QFileDialog::Accept, look.Title);
+        dialog->setDefaultSuffix(look.Suffix);
         dialog->selectFile(QString::fromStdU16String(name));
-        Open(*dialog, TakeExport);
+        Open(*dialog, [this, what](const std::vector<std::string>& paths) {
+            if (OwnWritten) {
+                OwnWritten(what, paths.front());
+            }
+        });
     }
 }
 
-QFileDialog* FileDialogs::Make(const QString& title) {
+QFileDialog* FileDialogs::Make(const QString& title, const QString& filter) {
     if (Shown != nullptr) {
         Shown->raise();
         Shown->activateWindow();
@@ -43,14 +69,13 @@ QFileDialog* FileDialogs::Make(const QString& title) {
     if (Folder.isEmpty()) {
         Folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     }
-    Shown = new QFileDialog(&Parent, title, Folder,
-                            QStringLiteral("Calendar files (*.ics *.ical *.ICS *.ICAL);;All files (*)"));
+    Shown = new QFileDialog(&Parent, title, Folder, filter);
     Shown->setAttribute(Qt::WA_DeleteOnClose);
     return Shown;
 }
 
 void FileDialogs::Open(QFileDialog& dialog, const TakePaths& take) {
-    QObject::connect(&dialog, &QFileDialog::filesSelected, &dialog, [this, &take](const QStringList& files) {
+    QObject::connect(&dialog, &QFileDialog::filesSelected, &dialog, [this, take](const QStringList& files) {
         std::vector<std::string> paths;
         for (const QString& file : files) {
             paths.push_back(QFile::encodeName(file).toStdString());

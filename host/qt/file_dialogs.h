@@ -13,27 +13,28 @@
 namespace tavo::qt {
 
 using TakePaths = std::function<void(const std::vector<std::string>& paths)>;
+using TakeWritten = std::function<void(WrittenFile what, const std::string& path)>;
 
 // They lie over the parent, one at a time; the program goes on behind them.
 class FileDialogs final : public IFileDialogs {
   public:
     // Calls one of the two once files were chosen. `parent` must outlive it.
-    FileDialogs(QWidget& parent, TakePaths takeImport, TakePaths takeExport);
+    FileDialogs(QWidget& parent, TakePaths takeImport, TakeWritten takeWritten);
     ~FileDialogs() override;
     FileDialogs(const FileDialogs&) = delete;
     FileDialogs& operator=(const FileDialogs&) = delete;
 
     void ChooseImport() override;
-    void ChooseExport(const std::u16string& name) override;
+    void ChooseWritten(WrittenFile what, const std::u16string& name) override;
 
   private:
     // Null while another one is open, which comes forward instead.
-    QFileDialog* Make(const QString& title);
+    QFileDialog* Make(const QString& title, const QString& filter);
     void Open(QFileDialog& dialog, const TakePaths& take);
 
     QWidget& Parent;
     TakePaths TakeImport;
-    TakePaths TakeExport;
+    TakeWritten OwnWritten;
     QPointer<QFileDialog> Shown;
     QString Folder; // of the last choice
 };

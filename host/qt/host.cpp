@@ -70,7 +70,7 @@ QtHost::QtHost(HostOptions options)
         }
     });
     Opened.SetFiles(Options.HaveFiles);
-    Opened.SetExport(Options.HaveExport);
+    Opened.SetWritten(Options.FindWritten);
     OwnDesktop.SetDropWatch(Options.TakeFiles);
     Events.SetPreparation([this](bool waits) { PrepareWait(waits); });
     OwnDesktop.Start(ChooseDesktopSize(qgetenv("TAVO_SCALE"), ReadRememberedSize(Options.Root.Path()),

@@ -45,9 +45,9 @@ struct HostOptions {
     // Called with the calendar files that were opened with the program, and whether some of them wait to be imported.
     TakePaths TakeFiles = {};
     std::function<bool()> HaveFiles = {};
-    // Likewise the one file that was chosen for an export.
-    TakePaths TakeExport = {};
-    std::function<bool()> HaveExport = {};
+    // Likewise the one file that was chosen to be written.
+    TakeWritten WantWritten = {};
+    shell::FindWritten FindWritten = {};
     std::string ProgramFolder = posix::RunningProgramFolder(); // where the companion lies
 };
 
@@ -129,7 +129,7 @@ class QtHost final : public IHost, private shell::IShellObserver {
     locale::UsEnglishLocale OwnLocale;
     qt::Sound OwnSound{OwnFiles};
     DesktopWindow OwnDesktop{Shared};
-    FileDialogs OwnDialogs{OwnDesktop, Options.TakeFiles, Options.TakeExport};
+    FileDialogs OwnDialogs{OwnDesktop, Options.TakeFiles, Options.WantWritten};
     WindowViews OwnViews{Shared, OwnDesktop};
     qt::Drawing OwnDrawing{Shared, OwnViews};
     MenuView OwnMenuView{Shared, OwnDesktop};

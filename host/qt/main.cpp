@@ -1,5 +1,6 @@
 // Starts the program on the desktop, or says what is missing.
 #include "app/start.h"
+#include "host/backup/chosen_backup.h"
 #include "host/exchange/calendar_export.h"
 #include "host/exchange/calendar_import.h"
 #include "host/exchange/calendar_lines.h"
@@ -23,6 +24,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -136,12 +138,20 @@ Ending RunOn(const tavo::files::DeviceRoot& root) {
     exchange::CalendarExport written({[&] { return outlook::MakeExportReader(store.Store()); }, posix::OpenFileTarget,
                                       &memos, ink::DrawAsSvg,
                                       [] { return exchange::WriteMoment(std::chrono::system_clock::now()); }});
-    options.TakeExport = [&](const std::vector<std::string>& paths) { written.Choose(paths.front()); };
-    options.HaveExport = [&] { return written.HasFile(); };
+    backup::ChosenBackup backup(root);
+    options.WantWritten = [&](WrittenFile what, const std::string& path) {
+        what == WrittenFile::Backup ? backup.Choose(path) : written.Choose(path);
+    };
+    options.FindWritten = [&]() -> std::optional<WrittenFile> {
+        if (backup.HasFile()) {
+            return WrittenFile::Backup;
+        }
+        return written.HasFile() ? std::optional(WrittenFile::Export) : std::nullopt;
+    };
     qt::QtHost host(std::move(options));
     store.SetChanged([&] { host.Parts().State.AnnounceStoreChange(); });
     store.SetReminded([&] { host.Parts().State.AnnounceReminders(); });
-    return RunAlone(host, {&files, &written, &host.Dialogs()});
+    return RunAlone(host, {&files, &written, &host.Dialogs(), &backup});
 }
 
 // The files go the same way whether this copy imports them or one that runs already.

@@ -9,14 +9,15 @@ namespace tavo::shell {
 void FileRequest::Follow() {
     const WindowHandle frame = State.Tree.Frame();
     const bool imports = HaveFiles && HaveFiles();
-    const bool exports = HaveExport && HaveExport();
-    if ((!imports && !exports) || !State.Posted.IsEmpty() || !State.TakesInput(frame)) {
+    const std::optional<WrittenFile> written = OwnWritten ? OwnWritten() : std::nullopt;
+    if ((!imports && !written) || !State.Posted.IsEmpty() || !State.TakesInput(frame)) {
         return;
     }
     State.CloseMenu(0); // it would keep input from the program
     Message message;
     message.Window = frame;
     message.Number = imports ? WM_IMPORTFILES : WM_EXPORTFILE;
+    message.Id = imports ? 0 : static_cast<int>(*written);
     State.Post(message, MessageOrigin::Person);
 }
 

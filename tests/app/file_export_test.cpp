@@ -1,4 +1,5 @@
 // The calendar on its way into a file: what the program asks, says and writes.
+#include "host/backup/chosen_backup.h"
 #include "host/exchange/calendar_export.h"
 #include "host/ink/ink_drawing.h"
 #include "host/outlook/export_reader.h"
@@ -23,6 +24,7 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Pair;
 using testing::StartsWith;
 
 constexpr int kMany = 3000; // more than are written without a display
@@ -32,17 +34,22 @@ class NotedDialogs final : public IFileDialogs {
   public:
     void ChooseImport() override { ++Imports; }
 
-    void ChooseExport(const std::u16string& name) override { Exports.push_back(name); }
+    void ChooseWritten(WrittenFile what, const std::u16string& name) override { Written.emplace_back(what, name); }
 
     int Imports = 0;
-    std::vector<std::u16string> Exports;
+    std::vector<std::pair<WrittenFile, std::u16string>> Written;
 };
 
 class FileExport : public testing::Test {
   protected:
     FileExport() {
-        Program.Exchange = {nullptr, &Files, &Dialogs};
-        Program.Device.Host().Opened.SetExport([this] { return Files.HasFile(); });
+        Program.Exchange = {nullptr, &Files, &Dialogs, &Backup};
+        Program.Device.Host().Opened.SetWritten([this]() -> std::optional<WrittenFile> {
+            if (Backup.HasFile()) {
+                return WrittenFile::Backup;
+            }
+            return Files.HasFile() ? std::optional(WrittenFile::Export) : std::nullopt;
+        });
     }
 
     std::string Path(const std::string& name) { return (Program.Device.Host().Root.Path() / name).string(); }
@@ -63,6 +70,7 @@ class FileExport : public testing::Test {
     NotedDialogs Dialogs;
     exchange::MemoryMemos Memos;
     RunningProgram Program;
+    backup::ChosenBackup Backup{files::DeviceRoot(Program.Device.Host().Root.Path().string())};
     exchange::CalendarExport Files{
         {[this] {
              const ComPtr<IPOutlookApp>& outlook = Program.State().Store.OutlookApp;
@@ -75,9 +83,11 @@ TEST_F(FileExport, TheCommandsOpenTheDialogs) {
     ASSERT_TRUE(Program.Start());
     Program.Device.ChooseMenu(u"Tools", kCommandImport);
     Program.Device.ChooseMenu(u"Tools", kCommandExport);
+    Program.Device.ChooseMenu(u"Tools", kCommandBackup);
     ASSERT_TRUE(Program.Settle());
     EXPECT_EQ(Dialogs.Imports, 1);
-    EXPECT_THAT(Dialogs.Exports, ElementsAre(u"Tavo Calendar.ics"));
+    EXPECT_THAT(Dialogs.Written, ElementsAre(Pair(WrittenFile::Export, u"Tavo Calendar.ics"),
+                                             Pair(WrittenFile::Backup, u"Tavo Calendar 2004-11-03.tavo")));
 }
 
 TEST_F(FileExport, WhereThereAreNoDialogsTheCommandsAreGrey) {
@@ -86,7 +96,7 @@ TEST_F(FileExport, WhereThereAreNoDialogsTheCommandsAreGrey) {
     Program.Device.OpenMenu(u"Tools");
     Program.Device.Do([this] {
         for (const MenuItem& item : Program.Device.See.MenuBar()->Menus.back().Children) {
-            const bool isOfFiles = item.Id == kCommandImport || item.Id == kCommandExport;
+            const bool isOfFiles = item.Id == kCommandImport || item.Id == kCommandExport || item.Id == kCommandBackup;
             EXPECT_NE(item.Enabled, isOfFiles || item.Id == kCommandUndoStep) << item.Id;
         }
     });

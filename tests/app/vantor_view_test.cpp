@@ -13,7 +13,7 @@ class NoCommands final : public ICommandTarget {
 
     void ImportFiles() override {}
 
-    void ExportFile() override {}
+    void WriteFile(WrittenFile /*what*/) override {}
 };
 
 class VantorView : public testing::Test {

@@ -28,7 +28,8 @@ namespace {
 constexpr int kScriptEnded = -32000;
 constexpr int kArrowFromRight = 8; // of a list, within its place
 
-HostOptions WithStore(const TemporaryRoot& root, exchange::CalendarImport& files, exchange::CalendarExport& written) {
+HostOptions WithStore(const TemporaryRoot& root, exchange::CalendarImport& files, exchange::CalendarExport& written,
+                      backup::ChosenBackup& backup) {
     HostOptions options{root.Open(), ""};
     // No companion lies there: it would serve the device of the person who runs the tests.
     options.ProgramFolder = options.Root.Path();
@@ -39,8 +40,15 @@ HostOptions WithStore(const TemporaryRoot& root, exchange::CalendarImport& files
     };
     options.TakeFiles = [&files](const std::vector<std::string>& paths) { files.Add(paths); };
     options.HaveFiles = [&files] { return files.HasFiles(); };
-    options.TakeExport = [&written](const std::vector<std::string>& paths) { written.Choose(paths.front()); };
-    options.HaveExport = [&written] { return written.HasFile(); };
+    options.WantWritten = [&](WrittenFile what, const std::string& path) {
+        what == WrittenFile::Backup ? backup.Choose(path) : written.Choose(path);
+    };
+    options.FindWritten = [&]() -> std::optional<WrittenFile> {
+        if (backup.HasFile()) {
+            return WrittenFile::Backup;
+        }
+        return written.HasFile() ? std::optional(WrittenFile::Export) : std::nullopt;
+    };
     return options;
 }
 
@@ -69,8 +77,8 @@ DesktopProgram::DesktopProgram(std::shared_ptr<TemporaryRoot> root, const std::f
                    return outlook::MakeExportReader(outlook ? outlook::StoreOf(*outlook) : nullptr);
                },
                posix::OpenFileTarget, nullptr, ink::DrawAsSvg, [] { return std::string("20260503T090000Z"); }}),
-      Host(WithStore(*Root, Files, Written)),
-      App(std::make_unique<CTavoApp>(Host, CalendarFiles{&Files, &Written, &Host.Dialogs()})),
+      Backup(Root->Open()), Host(WithStore(*Root, Files, Written, Backup)),
+      App(std::make_unique<CTavoApp>(Host, CalendarFiles{&Files, &Written, &Host.Dialogs(), &Backup})),
       Script([this] { Host.Queue().PostQuitMessage(kScriptEnded); }) {
     if (begin) {
         begin(*this);

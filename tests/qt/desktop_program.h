@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/tavo_app.h"
+#include "host/backup/chosen_backup.h"
 #include "host/exchange/calendar_export.h"
 #include "host/exchange/calendar_import.h"
 #include "host/qt/host.h"
@@ -58,6 +59,7 @@ class DesktopProgram {
     std::shared_ptr<TemporaryRoot> Root;
     exchange::CalendarImport Files;   // opened with the program
     exchange::CalendarExport Written; // by it
+    backup::ChosenBackup Backup;
     QtHost Host;
 
   private:

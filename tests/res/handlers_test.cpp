@@ -178,7 +178,7 @@ class AskedDialogs final : public IFileDialogs {
   public:
     void ChooseImport() override { WasAsked = true; }
 
-    void ChooseExport(const std::u16string& /*name*/) override { WasAsked = true; }
+    void ChooseWritten(WrittenFile /*what*/, const std::u16string& /*name*/) override { WasAsked = true; }
 
     bool WasAsked = false;
 };

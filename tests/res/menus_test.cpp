@@ -90,6 +90,7 @@ TEST(Menus, PagesHaveTools) {
                                       {u"", 0},
                                       {u"Import...", kCommandImport},
                                       {u"Export...", kCommandExport},
+                                      {u"Backup...", kCommandBackup},
                                       {u"", 0},
                                       {u"About Tavo Calendar...", 57664},
                                       {u"Exit", kCommandExit}};
