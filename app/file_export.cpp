@@ -15,16 +15,25 @@ namespace {
 
 constexpr std::u16string_view kQuestion = u"Export to %s?\n%s";
 constexpr std::u16string_view kNotExported = u"%s: %s. Nothing was written.";
-constexpr std::u16string_view kExported = u"%s: %d entries were written.";
-constexpr std::u16string_view kExportedOne = u"%s: one entry was written.";
 
 struct Words {
     std::u16string_view Caption;
-    std::u16string_view Progress;
+    std::u16string_view Progress; // of a number of hundredths
+    std::u16string_view Done;     // of a name and a number
+    std::u16string_view DoneOne;  // of a name
 };
 
 constexpr Words WordsOf(WrittenFile what) {
-    return what == WrittenFile::Backup ? Words{u"Backup", u"%d%% saved"} : Words{u"Export", u"%d%% exported"};
+    constexpr std::u16string_view written = u"%s: %d entries were written.";
+    constexpr std::u16string_view writtenOne = u"%s: one entry was written.";
+    switch (what) {
+    case WrittenFile::Backup:
+        return {u"Backup", u"%d%% saved", written, writtenOne};
+    case WrittenFile::Print:
+        return {u"Print", u"%d%% printed", u"%s: %d pages were printed.", u"%s: one page was printed."};
+    default:
+        return {u"Export", u"%d%% exported", written, writtenOne};
+    }
 }
 
 // True when the file can be worked on.
@@ -55,14 +64,15 @@ bool GoThrough(CProgramState& state, ICalendarExport& file, const Words& words) 
 } // namespace
 
 void ExportCalendarFile(CProgramState& state, ICalendarExport& file, WrittenFile what) {
+    const Words words = WordsOf(what);
     const std::optional<std::u16string> name = file.NextFile();
     if (!name) {
         return;
     }
-    if (IsGood(state, file, *name) && IsWanted(state, file, *name) && GoThrough(state, file, WordsOf(what)) &&
+    if (IsGood(state, file, *name) && IsWanted(state, file, *name) && GoThrough(state, file, words) &&
         IsGood(state, file, *name)) {
         const int items = file.CountItems();
-        ShowFileBox(state, items == 1 ? FormatText(kExportedOne, *name) : FormatText(kExported, *name, items),
+        ShowFileBox(state, items == 1 ? FormatText(words.DoneOne, *name) : FormatText(words.Done, *name, items),
                     MessageBoxButtons::Ok);
     }
     file.Leave();

@@ -111,6 +111,9 @@ void CTavoApp::TakeCommand(int command) {
     case kCommandExport:
         Files.Dialogs->ChooseWritten(WrittenFile::Export, std::u16string(kExportName));
         break;
+    case kCommandPrintMonth:
+        Files.Dialogs->ChoosePrinter(Frame->View().ShownDay());
+        break;
     case kCommandBackup:
         Files.Dialogs->ChooseWritten(WrittenFile::Backup, NameOfBackup());
         break;
@@ -155,7 +158,9 @@ void CTavoApp::ImportFiles() {
 }
 
 void CTavoApp::WriteFile(WrittenFile what) {
-    ICalendarExport* const file = what == WrittenFile::Backup ? Files.Backup : Files.Export;
+    ICalendarExport* const file = what == WrittenFile::Backup  ? Files.Backup
+                                  : what == WrittenFile::Print ? Files.Print
+                                                               : Files.Export;
     if (file != nullptr) {
         ExportCalendarFile(State, *file, what);
     }

@@ -104,6 +104,7 @@ void CMainPage::PrepareMenus() {
     Host().Menus().SetMenuItem(MenuBar, kCommandImport, canChoose, false);
     Host().Menus().SetMenuItem(MenuBar, kCommandExport, canChoose, false);
     Host().Menus().SetMenuItem(MenuBar, kCommandBackup, canChoose, false);
+    Host().Menus().SetMenuItem(MenuBar, kCommandPrintMonth, canChoose, false);
 }
 
 bool CMainPage::ConfirmDeletion() {

@@ -13,7 +13,7 @@ class ICalendarExport {
 
     // Takes the file that was chosen; gives its name for people. Nothing when none was.
     virtual std::optional<std::u16string> NextFile() = 0;
-    // How many items there are to be written; of a backup, that were.
+    // How many items there are to be written; of a backup, that were; of a print, its pages.
     virtual int CountItems() const = 0;
     // What other calendars will not understand of them, a sentence for people; may be empty.
     virtual std::u16string Unsaid() const = 0;

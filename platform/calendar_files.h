@@ -13,6 +13,7 @@ struct CalendarFiles {
     ICalendarExport* Export = nullptr;
     IFileDialogs* Dialogs = nullptr;
     ICalendarExport* Backup = nullptr; // the same way out, whole
+    ICalendarExport* Print = nullptr;  // and on paper
 };
 
 } // namespace tavo

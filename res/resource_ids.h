@@ -60,6 +60,7 @@ constexpr int kCommandExport = 32816;
 constexpr int kCommandFind = 32817;
 constexpr int kCommandGoToDate = 32818;
 constexpr int kCommandBackup = 32821;
+constexpr int kCommandPrintMonth = 32822;
 
 // Commands on an item.
 constexpr int kCommandModify = 32771;

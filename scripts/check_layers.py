@@ -29,7 +29,7 @@ START_HEADER = "app/start.h"
 MAY_NOT_REACH_IN = {"host", "companion"}
 
 # Folders that build on a machine without Qt.
-FREE_OF_QT = ["host/backup", "host/rules", "host/disk", "host/posix", "host/outlook", "host/exchange", "host/files", "host/locale",
+FREE_OF_QT = ["host/backup", "host/print", "host/rules", "host/disk", "host/posix", "host/outlook", "host/exchange", "host/files", "host/locale",
               "host/ink", "host/reminders", "host/shell", "host/bare", "host/headless", "tools", "tests/memory_host"]
 # The one folder that speaks SQL. What lies within it is for itself, and for those that look at stores from inside.
 SQL_FOLDER = "host/outlook"

@@ -39,6 +39,7 @@ const std::array kCommands = {
     Command{"restore", kRestoreItemsHelp, Run<ParseRestoreItems, RunRestoreItems>},
     Command{"import", kImportHelp, Run<ParseImport, RunImport>},
     Command{"export", kExportHelp, Run<ParseExport, RunExport>},
+    Command{"print", kPrintHelp, Run<ParsePrint, RunPrint>},
     Command{"memo", kMemoHelp, Run<ParseMemo, RunMemo>},
     Command{"reminders", kRemindersHelp, Run<ParseReminders, RunReminders>},
     Command{"backup", kBackupHelp, Run<ParseBackup, RunBackup>},

@@ -3,6 +3,7 @@
 
 #include "tools/arguments.h"
 #include "tools/backup_options.h"
+#include "tools/print_options.h"
 
 namespace tavo::tools {
 
@@ -23,5 +24,6 @@ int RunBackup(const BackupOptions& options);
 int RunRestore(const BackupOptions& options);
 int RunReminders(const RemindersOptions& options);
 int RunMemo(const MemoOptions& options);
+int RunPrint(const PrintOptions& options);
 
 } // namespace tavo::tools

@@ -26,6 +26,7 @@ Commands:
 
   import PATH...   bring iCalendar files, or folders of them, into the calendar
   export [FILE]    write the calendar, or parts of it, as iCalendar
+  print FILE       draw a month, week, day or list into a PDF file
   memo             list the handwritten memos, or export them as pictures
   reminders        list what will remind, what happened, and switch reminders on or off
   backup FILE      keep everything in one file

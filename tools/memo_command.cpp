@@ -3,22 +3,17 @@
 #include "host/posix/memo_folder.h"
 #include "tools/commands.h"
 #include "tools/device.h"
+#include "tools/helper_program.h"
 #include "tools/output.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
-
-#include <unistd.h>
+#include <utility>
 
 namespace tavo::tools {
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr std::string_view kEnding = ".pwi";
-constexpr std::string_view kExporter = "tavo-ink-export";
+constexpr const char* kExporter = "tavo-ink-export";
 
 int ListMemos(posix::MemoFolder& folder, const std::optional<Day>& date) {
     std::string day = date.has_value() ? WriteIsoDay(*date) : std::string();
@@ -51,20 +46,9 @@ bool ChooseMemos(posix::MemoFolder& folder, const MemoOptions& options, std::vec
 }
 
 int Draw(const MemoOptions& options, const std::vector<std::string>& paths) {
-    std::error_code error;
-    const fs::path program = fs::read_symlink("/proc/self/exe", error).parent_path() / kExporter;
-    std::vector<std::string> words{program.string(), options.Format, options.Folder};
+    std::vector<std::string> words{options.Format, options.Folder};
     words.insert(words.end(), paths.begin(), paths.end());
-    std::vector<char*> arguments;
-    arguments.reserve(words.size() + 1);
-    for (std::string& word : words) {
-        arguments.push_back(word.data());
-    }
-    arguments.push_back(nullptr);
-    execv(program.c_str(), arguments.data());
-    Complain("The program that draws memos, " + program.string() + ", cannot be started: " + std::strerror(errno) +
-             ".");
-    return kExitFailure;
+    return RunHelper(kExporter, std::move(words));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QPrintDialog>
 #include <QStandardPaths>
 
 #include <utility>
@@ -30,8 +31,9 @@ WrittenLook LookOf(WrittenFile what) {
 
 } // namespace
 
-FileDialogs::FileDialogs(QWidget& parent, TakePaths takeImport, TakeWritten takeWritten)
-    : Parent(parent), TakeImport(std::move(takeImport)), OwnWritten(std::move(takeWritten)) {}
+FileDialogs::FileDialogs(QWidget& parent, TakePaths takeImport, TakeWritten takeWritten, TakePrinter takePrinter)
+    : Parent(parent), TakeImport(std::move(takeImport)), OwnWritten(std::move(takeWritten)),
+      OwnPrinter(std::move(takePrinter)) {}
 
 FileDialogs::~FileDialogs() {
     delete Shown;
@@ -60,18 +62,46 @@ void FileDialogs::ChooseWritten(WrittenFile what, const std::u16string& name) {
     }
 }
 
-QFileDialog* FileDialogs::Make(const QString& title, const QString& filter) {
+bool FileDialogs::IsOpen() {
     if (Shown != nullptr) {
         Shown->raise();
         Shown->activateWindow();
+    }
+    return Shown != nullptr;
+}
+
+// Into a file where the machine has no printer: the dialog offers that.
+void FileDialogs::ChoosePrinter(const SYSTEMTIME& day) {
+    if (IsOpen()) {
+        return;
+    }
+    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    printer->setPageOrientation(QPageLayout::Landscape);
+    printer->setDocName(QStringLiteral("Tavo Calendar"));
+    auto* const dialog = new QPrintDialog(printer.get(), &Parent);
+    Shown = dialog;
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(QStringLiteral("Print month"));
+    dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+    QObject::connect(dialog, &QDialog::accepted, dialog, [this, printer, day] {
+        if (OwnPrinter) {
+            OwnPrinter(printer, day);
+        }
+    });
+    dialog->open();
+}
+
+QFileDialog* FileDialogs::Make(const QString& title, const QString& filter) {
+    if (IsOpen()) {
         return nullptr;
     }
     if (Folder.isEmpty()) {
         Folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     }
-    Shown = new QFileDialog(&Parent, title, Folder, filter);
-    Shown->setAttribute(Qt::WA_DeleteOnClose);
-    return Shown;
+    auto* const dialog = new QFileDialog(&Parent, title, Folder, filter);
+    Shown = dialog;
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    return dialog;
 }
 
 void FileDialogs::Open(QFileDialog& dialog, const TakePaths& take) {

@@ -47,6 +47,7 @@ struct HostOptions {
     std::function<bool()> HaveFiles = {};
     // Likewise the one file that was chosen to be written.
     TakeWritten WantWritten = {};
+    TakePrinter WantPrint = {};
     shell::FindWritten FindWritten = {};
     std::string ProgramFolder = posix::RunningProgramFolder(); // where the companion lies
 };
@@ -129,7 +130,7 @@ class QtHost final : public IHost, private shell::IShellObserver {
     locale::UsEnglishLocale OwnLocale;
     qt::Sound OwnSound{OwnFiles};
     DesktopWindow OwnDesktop{Shared};
-    FileDialogs OwnDialogs{OwnDesktop, Options.TakeFiles, Options.WantWritten};
+    FileDialogs OwnDialogs{OwnDesktop, Options.TakeFiles, Options.WantWritten, Options.WantPrint};
     WindowViews OwnViews{Shared, OwnDesktop};
     qt::Drawing OwnDrawing{Shared, OwnViews};
     MenuView OwnMenuView{Shared, OwnDesktop};

@@ -1,6 +1,5 @@
 // Starts the program on the desktop, or says what is missing.
 #include "app/start.h"
-#include "host/backup/chosen_backup.h"
 #include "host/exchange/calendar_export.h"
 #include "host/exchange/calendar_import.h"
 #include "host/exchange/calendar_lines.h"
@@ -17,6 +16,7 @@
 #include "host/qt/font_preparation.h"
 #include "host/qt/host.h"
 #include "host/qt/store_link.h"
+#include "host/qt/written_files.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -24,7 +24,6 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -139,19 +138,12 @@ Ending RunOn(const tavo::files::DeviceRoot& root) {
                                       &memos, ink::DrawAsSvg,
                                       [] { return exchange::WriteMoment(std::chrono::system_clock::now()); }});
     backup::ChosenBackup backup(root);
-    options.WantWritten = [&](WrittenFile what, const std::string& path) {
-        what == WrittenFile::Backup ? backup.Choose(path) : written.Choose(path);
-    };
-    options.FindWritten = [&]() -> std::optional<WrittenFile> {
-        if (backup.HasFile()) {
-            return WrittenFile::Backup;
-        }
-        return written.HasFile() ? std::optional(WrittenFile::Export) : std::nullopt;
-    };
+    qt::PrintJob printed([&] { return store.Store(); });
+    qt::ConnectWritten(options, written, backup, printed);
     qt::QtHost host(std::move(options));
     store.SetChanged([&] { host.Parts().State.AnnounceStoreChange(); });
     store.SetReminded([&] { host.Parts().State.AnnounceReminders(); });
-    return RunAlone(host, {&files, &written, &host.Dialogs(), &backup});
+    return RunAlone(host, {&files, &written, &host.Dialogs(), &backup, &printed});
 }
 
 // The files go the same way whether this copy imports them or one that runs already.

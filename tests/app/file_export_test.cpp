@@ -36,8 +36,11 @@ class NotedDialogs final : public IFileDialogs {
 
     void ChooseWritten(WrittenFile what, const std::u16string& name) override { Written.emplace_back(what, name); }
 
+    void ChoosePrinter(const SYSTEMTIME& day) override { Prints.push_back(day); }
+
     int Imports = 0;
     std::vector<std::pair<WrittenFile, std::u16string>> Written;
+    std::vector<SYSTEMTIME> Prints;
 };
 
 class FileExport : public testing::Test {
@@ -84,10 +87,15 @@ TEST_F(FileExport, TheCommandsOpenTheDialogs) {
     Program.Device.ChooseMenu(u"Tools", kCommandImport);
     Program.Device.ChooseMenu(u"Tools", kCommandExport);
     Program.Device.ChooseMenu(u"Tools", kCommandBackup);
+    Program.ShowPage(PageNumber::Calendar);
+    Program.Device.Key('P', kModifierControl);
     ASSERT_TRUE(Program.Settle());
     EXPECT_EQ(Dialogs.Imports, 1);
     EXPECT_THAT(Dialogs.Written, ElementsAre(Pair(WrittenFile::Export, u"Tavo Calendar.ics"),
                                              Pair(WrittenFile::Backup, u"Tavo Calendar 2004-11-03.tavo")));
+    ASSERT_EQ(Dialogs.Prints.size(), 1U);
+    EXPECT_EQ(Dialogs.Prints[0].Month, 11);
+    EXPECT_EQ(Dialogs.Prints[0].Year, 2004);
 }
 
 TEST_F(FileExport, WhereThereAreNoDialogsTheCommandsAreGrey) {
@@ -96,7 +104,8 @@ TEST_F(FileExport, WhereThereAreNoDialogsTheCommandsAreGrey) {
     Program.Device.OpenMenu(u"Tools");
     Program.Device.Do([this] {
         for (const MenuItem& item : Program.Device.See.MenuBar()->Menus.back().Children) {
-            const bool isOfFiles = item.Id == kCommandImport || item.Id == kCommandExport || item.Id == kCommandBackup;
+            const bool isOfFiles = item.Id == kCommandImport || item.Id == kCommandExport ||
+                                   item.Id == kCommandBackup || item.Id == kCommandPrintMonth;
             EXPECT_NE(item.Enabled, isOfFiles || item.Id == kCommandUndoStep) << item.Id;
         }
     });

@@ -1,6 +1,8 @@
 // Starting, working and looking at the program.
 #include "tests/qt/desktop_program.h"
 
+#include "host/qt/written_files.h"
+
 #include "host/ink/ink_drawing.h"
 #include "host/outlook/export_reader.h"
 #include "host/outlook/import_writer.h"
@@ -19,6 +21,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -29,7 +32,7 @@ constexpr int kScriptEnded = -32000;
 constexpr int kArrowFromRight = 8; // of a list, within its place
 
 HostOptions WithStore(const TemporaryRoot& root, exchange::CalendarImport& files, exchange::CalendarExport& written,
-                      backup::ChosenBackup& backup) {
+                      backup::ChosenBackup& backup, PrintJob& printed) {
     HostOptions options{root.Open(), ""};
     // No companion lies there: it would serve the device of the person who runs the tests.
     options.ProgramFolder = options.Root.Path();
@@ -40,25 +43,30 @@ HostOptions WithStore(const TemporaryRoot& root, exchange::CalendarImport& files
     };
     options.TakeFiles = [&files](const std::vector<std::string>& paths) { files.Add(paths); };
     options.HaveFiles = [&files] { return files.HasFiles(); };
-    options.WantWritten = [&](WrittenFile what, const std::string& path) {
-        what == WrittenFile::Backup ? backup.Choose(path) : written.Choose(path);
-    };
-    options.FindWritten = [&]() -> std::optional<WrittenFile> {
-        if (backup.HasFile()) {
-            return WrittenFile::Backup;
-        }
-        return written.HasFile() ? std::optional(WrittenFile::Export) : std::nullopt;
-    };
+    ConnectWritten(options, written, backup, printed);
     return options;
 }
 
-QAction* FindAction(const QMenu& menu, int command) {
+void Click(QMenu& menu, QAction* action) {
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
+}
+
+// Clicks its way through the submenus. False when the command is in none.
+bool ClickCommand(QMenu& menu, int command) {
+    const auto holds = [command](const QAction* action) { return action->data().toInt() == command; };
     for (QAction* action : menu.actions()) {
-        if (action->data().toInt() == command) {
-            return action;
+        if (holds(action)) {
+            Click(menu, action);
+            return true;
+        }
+        QMenu* const below = action->menu();
+        action->hover(); // what fills a submenu
+        if (below != nullptr && std::ranges::any_of(below->actions(), holds)) {
+            Click(menu, action);
+            return ClickCommand(*below, command);
         }
     }
-    return nullptr;
+    return false;
 }
 
 } // namespace
@@ -77,8 +85,12 @@ DesktopProgram::DesktopProgram(std::shared_ptr<TemporaryRoot> root, const std::f
                    return outlook::MakeExportReader(outlook ? outlook::StoreOf(*outlook) : nullptr);
                },
                posix::OpenFileTarget, nullptr, ink::DrawAsSvg, [] { return std::string("20260503T090000Z"); }}),
-      Backup(Root->Open()), Host(WithStore(*Root, Files, Written, Backup)),
-      App(std::make_unique<CTavoApp>(Host, CalendarFiles{&Files, &Written, &Host.Dialogs(), &Backup})),
+      Backup(Root->Open()), Printed([this] {
+          const ComPtr<IPOutlookApp>& outlook = State().Store.OutlookApp;
+          return outlook ? outlook::StoreOf(*outlook) : nullptr;
+      }),
+      Host(WithStore(*Root, Files, Written, Backup, Printed)),
+      App(std::make_unique<CTavoApp>(Host, CalendarFiles{&Files, &Written, &Host.Dialogs(), &Backup, &Printed})),
       Script([this] { Host.Queue().PostQuitMessage(kScriptEnded); }) {
     if (begin) {
         begin(*this);
@@ -138,9 +150,7 @@ void DesktopProgram::ChooseTracked(int command) {
     Do([this, command] {
         QMenu* menu = Host.OpenMenu().Current();
         ASSERT_NE(menu, nullptr);
-        QAction* action = FindAction(*menu, command);
-        ASSERT_NE(action, nullptr) << command;
-        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+        ASSERT_TRUE(ClickCommand(*menu, command)) << command;
     });
 }
 

@@ -6,6 +6,7 @@
 #include "host/exchange/calendar_export.h"
 #include "host/exchange/calendar_import.h"
 #include "host/qt/host.h"
+#include "host/qt/print_job.h"
 #include "tests/qt/event_script.h"
 #include "tests/qt/temporary_root.h"
 
@@ -60,6 +61,7 @@ class DesktopProgram {
     exchange::CalendarImport Files;   // opened with the program
     exchange::CalendarExport Written; // by it
     backup::ChosenBackup Backup;
+    PrintJob Printed;
     QtHost Host;
 
   private:

@@ -6,6 +6,8 @@
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QMimeData>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QUrl>
 #include <gtest/gtest.h>
 
@@ -92,6 +94,52 @@ TEST_F(FileDialogsOnTheDesktop, ExportWritesTheFileWithItsUsualSuffix) {
     std::ifstream file(Path("mine.ics"), std::ios::binary);
     const std::string written{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     EXPECT_TRUE(written.starts_with("BEGIN:VCALENDAR\r\n")) << written;
+}
+
+TEST_F(FileDialogsOnTheDesktop, BackupWritesOneFileWithItsUsualSuffix) {
+    Program.ChooseMenu(0, kCommandBackup);
+    Program.Do([&] { Accept({QString::fromStdString(Path("mine"))}); });
+    Program.Do([&] { EXPECT_EQ(Program.BoxText(), u"mine.tavo: 0 entries were written."); });
+    Program.AnswerBox(IDOK);
+    ASSERT_TRUE(Program.Settle());
+    EXPECT_TRUE(std::ifstream(Path("mine.tavo")).good());
+}
+
+// Chooses in the print dialog that is open. It is not accepted as by its button, which would print where the dialog
+// says.
+void PrintInto(const std::string& path) {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* dialog = qobject_cast<QPrintDialog*>(widget); dialog != nullptr && dialog->isVisible()) {
+            dialog->printer()->setOutputFileName(QString::fromStdString(path));
+            dialog->printer()->setPageSize(QPageSize(QPageSize::A4));
+            dialog->done(QDialog::Accepted);
+            return;
+        }
+    }
+    FAIL() << "no dialog";
+}
+
+TEST_F(FileDialogsOnTheDesktop, TheMonthIsPrinted) {
+    Program.ChooseMenu(0, kCommandPrintMonth);
+    Program.Do([&] { PrintInto(Path("month.pdf")); });
+    Program.Do([&] { EXPECT_EQ(Program.BoxText(), u"month.pdf: one page was printed."); });
+    Program.AnswerBox(IDOK);
+    ASSERT_TRUE(Program.Settle());
+    std::ifstream file(Path("month.pdf"), std::ios::binary);
+    const std::string written{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    EXPECT_TRUE(written.starts_with("%PDF-"));
+    EXPECT_NE(written.find("/MediaBox [0 0 842.000000 595.000000]"), std::string::npos);
+}
+
+TEST_F(FileDialogsOnTheDesktop, APrinterThatIsNotThereIsSaid) {
+    Program.ChooseMenu(0, kCommandPrintMonth);
+    Program.Do([&] { PrintInto(Path("no/such/folder/month.pdf")); });
+    Program.Do([&] {
+        EXPECT_EQ(Program.BoxText(),
+                  u"month.pdf: the printer, or the file, cannot be written to. Nothing was written.");
+    });
+    Program.AnswerBox(IDOK);
+    ASSERT_TRUE(Program.Settle());
 }
 
 TEST_F(FileDialogsOnTheDesktop, ADialogThatIsClosedDoesNothing) {

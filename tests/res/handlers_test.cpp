@@ -180,6 +180,8 @@ class AskedDialogs final : public IFileDialogs {
 
     void ChooseWritten(WrittenFile /*what*/, const std::u16string& /*name*/) override { WasAsked = true; }
 
+    void ChoosePrinter(const SYSTEMTIME& /*day*/) override { WasAsked = true; }
+
     bool WasAsked = false;
 };
 

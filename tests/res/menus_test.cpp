@@ -23,7 +23,7 @@ std::vector<Entry> EntriesOf(const MenuItem& popup) {
     std::vector<Entry> entries;
     for (const MenuItem& item : popup.Children) {
         EXPECT_EQ(item.IsSeparator, item.Text.empty());
-        EXPECT_FALSE(item.IsPopup);
+        EXPECT_EQ(item.IsPopup, !item.Children.empty());
         EXPECT_TRUE(item.Enabled);
         entries.push_back({item.Text, item.Id});
     }
@@ -83,14 +83,12 @@ TEST(Menus, PagesHaveTools) {
                                       {u"Find...", kCommandFind},
                                       {u"Go to date...", kCommandGoToDate},
                                       {u"", 0},
-                                      {u"New Alarm", kCommandNewAlarm},
-                                      {u"New Holiday", kCommandNewHoliday},
-                                      {u"New Anniversary", kCommandNewAnniversary},
-                                      {u"New Appointment", kCommandNewAppointment},
+                                      {u"New", 0},
                                       {u"", 0},
                                       {u"Import...", kCommandImport},
                                       {u"Export...", kCommandExport},
                                       {u"Backup...", kCommandBackup},
+                                      {u"Print month...", kCommandPrintMonth},
                                       {u"", 0},
                                       {u"About Tavo Calendar...", 57664},
                                       {u"Exit", kCommandExit}};
@@ -98,10 +96,17 @@ TEST(Menus, PagesHaveTools) {
     EXPECT_EQ(menus[0].Children[0].Shortcut, u"Ctrl+Z");
     EXPECT_EQ(menus[0].Children[1].Shortcut, u"Ctrl+F");
     EXPECT_EQ(menus[0].Children[2].Shortcut, u"Ctrl+G");
-    EXPECT_EQ(menus[0].Children[4].Shortcut, u"Ctrl+1");
-    EXPECT_EQ(menus[0].Children[5].Shortcut, u"Ctrl+2");
-    EXPECT_EQ(menus[0].Children[6].Shortcut, u"Ctrl+3");
-    EXPECT_EQ(menus[0].Children[7].Shortcut, u"Ctrl+4");
+    EXPECT_EQ(menus[0].Children[9].Shortcut, u"Ctrl+P");
+    const MenuItem& made = menus[0].Children[4];
+    const std::vector<Entry> kinds{{u"Alarm...", kCommandNewAlarm},
+                                   {u"Holiday...", kCommandNewHoliday},
+                                   {u"Anniversary...", kCommandNewAnniversary},
+                                   {u"Appointment...", kCommandNewAppointment}};
+    EXPECT_EQ(EntriesOf(made), kinds);
+    EXPECT_EQ(made.Children[0].Shortcut, u"Ctrl+1");
+    EXPECT_EQ(made.Children[1].Shortcut, u"Ctrl+2");
+    EXPECT_EQ(made.Children[2].Shortcut, u"Ctrl+3");
+    EXPECT_EQ(made.Children[3].Shortcut, u"Ctrl+4");
 }
 
 TEST(Menus, TheSchedulePageHasItsOwnMenuBeforeTools) {
