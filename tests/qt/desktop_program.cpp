@@ -51,7 +51,7 @@ void Click(QMenu& menu, QAction* action) {
     QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
 }
 
-// Clicks its way through the submenus. False when the command is in none.
+// Opens the submenus on the way. False when the command is in none.
 bool ClickCommand(QMenu& menu, int command) {
     const auto holds = [command](const QAction* action) { return action->data().toInt() == command; };
     for (QAction* action : menu.actions()) {
@@ -62,7 +62,7 @@ bool ClickCommand(QMenu& menu, int command) {
         QMenu* const below = action->menu();
         action->hover(); // what fills a submenu
         if (below != nullptr && std::ranges::any_of(below->actions(), holds)) {
-            Click(menu, action);
+            menu.setActiveAction(action); // opens it at once
             return ClickCommand(*below, command);
         }
     }
