@@ -73,6 +73,7 @@ class CCalendarPage : public CItemPage, private IDayListOwner {
     void PaintCell(int row, int column, const CalendarDate& today, MemoDays& memos);
     void PaintGridLines();
     void DeclareContents(const std::u16string& header);
+    std::u16string DescribeDay(const CalendarDate& date, const CalendarDate& today) const;
     std::u16string NameOfCell(std::size_t cell, const CalendarDate& date) const;
 
     // calendar_page_marks.cpp

@@ -148,6 +148,7 @@ void CCalendarPage::PaintGridLines() {
 void CCalendarPage::DeclareContents(const std::u16string& header) {
     Declare({kHeaderText, PaintedRole::Header, header});
     Declare(TodayButton.Describe(u"Today"));
+    const CalendarDate today = Today();
     for (int row = 0; row < kGridRows; ++row) {
         for (int column = 0; column < kGridColumns; ++column) {
             const auto cell = CellAt(row, column);
@@ -161,10 +162,19 @@ void CCalendarPage::DeclareContents(const std::u16string& header) {
             item.Name = NameOfCell(cell, date);
             item.Id = static_cast<int>(cell);
             item.Selected = date == SelectedDate();
+            item.Description = DescribeDay(date, today);
             Declare(std::move(item));
         }
     }
     DeclarePageBar();
+}
+
+// What a sighted person takes from the column and the frame.
+std::u16string CCalendarPage::DescribeDay(const CalendarDate& date, const CalendarDate& today) const {
+    constexpr std::array<std::u16string_view, kGridColumns> weekdays{u"Sunday",   u"Monday", u"Tuesday", u"Wednesday",
+                                                                     u"Thursday", u"Friday", u"Saturday"};
+    const std::u16string day(weekdays[static_cast<std::size_t>(WeekdayOf(date))]);
+    return date == today ? day + u", today" : day;
 }
 
 std::u16string CCalendarPage::NameOfCell(std::size_t cell, const CalendarDate& date) const {

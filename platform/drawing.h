@@ -53,6 +53,7 @@ struct PaintedItem {
     bool Selected = false;
     bool Pressed = false;
     bool Enabled = true;
+    std::u16string Description = {}; // what more is to be said than its name; may be empty
 
     friend bool operator==(const PaintedItem&, const PaintedItem&) = default;
 };

@@ -35,6 +35,12 @@ class DeviceWidget : public QWidget {
     virtual QString Title() const = 0;
     // Whether a tap would reach it now.
     virtual bool TakesInput() const = 0;
+
+    // Whether keys would reach it now: no native control and no menu has them.
+    virtual bool HasKeys() const { return false; }
+
+    virtual bool IsDialog() const { return false; }
+
     // As if the stylus had tapped the middle of the item.
     void TapItem(std::size_t index);
 

@@ -1,10 +1,12 @@
 // Keeping and showing the last frame.
 #include "host/qt/painted_widget.h"
 
-#include <QAccessible>
+#include "host/qt/accessible_changes.h"
+
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace tavo::qt {
 namespace {
@@ -65,6 +67,15 @@ bool PaintedWidget::TakesInput() const {
     return Shared.State.TakesInput(OwnWindow) && !Shared.State.Menus.IsMenuOpen();
 }
 
+bool PaintedWidget::HasKeys() const {
+    return TakesInput() && Shared.State.Tree.FindControl(Shared.State.Focus) == nullptr;
+}
+
+bool PaintedWidget::IsDialog() const {
+    const shell::WindowRecord* record = Shared.State.Tree.Find(OwnWindow);
+    return record != nullptr && record->Kind == WindowKind::Dialog;
+}
+
 void PaintedWidget::Show(const Surface& surface, std::span<const PaintedItem> items) {
     const QImage& image = surface.Image();
     QRect changed = surface.TakeChanged();
@@ -93,11 +104,8 @@ void PaintedWidget::Declare(std::span<const PaintedItem> items) {
     if (std::equal(items.begin(), items.end(), Declared.begin(), Declared.end())) {
         return;
     }
-    Declared.assign(items.begin(), items.end());
-    if (QAccessible::isActive()) {
-        QAccessibleEvent changed(this, QAccessible::ObjectReorder);
-        QAccessible::updateAccessibility(&changed);
-    }
+    const std::vector<PaintedItem> before = std::exchange(Declared, {items.begin(), items.end()});
+    TellChanges(*this, before);
 }
 
 void PaintedWidget::resizeEvent(QResizeEvent* event) {

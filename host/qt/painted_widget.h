@@ -27,6 +27,8 @@ class PaintedWidget final : public DeviceWidget {
 
     QString Title() const override;
     bool TakesInput() const override;
+    bool HasKeys() const override;
+    bool IsDialog() const override;
 
   protected:
     void Draw(QPainter& painter, const QRect& area) override;

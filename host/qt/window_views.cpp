@@ -7,6 +7,16 @@
 
 namespace tavo::qt {
 
+namespace {
+
+// By its own text.
+bool SaysItsName(ControlKind kind) {
+    return kind == ControlKind::CheckBox || kind == ControlKind::RadioButton || kind == ControlKind::PushButton ||
+           kind == ControlKind::PictureButton || kind == ControlKind::Ink;
+}
+
+} // namespace
+
 WindowViews::WindowViews(Device& device, DesktopWindow& desktop)
     : Shared(device), Desktop(desktop), OwnKeyboard(device,
                                                     [this](WindowHandle control) -> QWidget* {
@@ -126,6 +136,22 @@ void WindowViews::UpdateFocus() {
     }
 }
 
+// To assistive technology a control is called what the label before it says.
+void WindowViews::NameByLabel(const shell::WindowRecord& changed) {
+    QString label;
+    for (const WindowHandle child : Shared.State.Tree.ChildrenOf(changed.Parent)) {
+        const shell::WindowRecord* record = Shared.State.Tree.Find(child);
+        if (record == nullptr || !record->Control) {
+            continue;
+        }
+        if (record->Control->Kind == ControlKind::Label) {
+            label = QString::fromStdU16String(record->Text).remove(QLatin1Char(':')).trimmed();
+        } else if (ControlView* view = FindControl(child); view != nullptr && !SaysItsName(record->Control->Kind)) {
+            view->Widget().setAccessibleName(label);
+        }
+    }
+}
+
 void WindowViews::Update() {
     Filter.SetPaused(true); // what follows is not a person's doing
     if (std::exchange(PlacesChanged, false)) {
@@ -139,6 +165,7 @@ void WindowViews::Update() {
         const shell::WindowRecord* record = Shared.State.Tree.Find(control);
         if (ControlView* view = FindControl(control); view != nullptr && record != nullptr) {
             view->ShowState(*record);
+            NameByLabel(*record);
         }
     }
     if (std::exchange(FocusChanged, false)) {

@@ -51,6 +51,7 @@ class WindowViews {
     void PlaceControl(const shell::WindowRecord& record, ControlView& view);
     void StackDialogs();
     void UpdateFocus();
+    void NameByLabel(const shell::WindowRecord& changed);
     QWidget* ParentFor(const shell::WindowRecord& record);
 
     Device& Shared;
