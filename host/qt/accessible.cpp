@@ -22,7 +22,11 @@ QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
     }
     // What only holds others is a panel, which is what people can make something of.
     const bool isPlain = object->metaObject() == &QWidget::staticMetaObject;
-    return isPlain ? new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Pane) : nullptr;
+    if (!isPlain) {
+        return nullptr;
+    }
+    auto* plain = static_cast<QWidget*>(object);
+    return new QAccessibleWidget(plain, plain->isWindow() ? QAccessible::Window : QAccessible::Pane);
 }
 
 } // namespace

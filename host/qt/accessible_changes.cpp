@@ -63,6 +63,9 @@ void TellChanges(DeviceWidget& widget, const std::vector<PaintedItem>& before) {
     if (described == nullptr) {
         return;
     }
+    if (before.empty() && widget.IsDialog() && widget.HasKeys()) {
+        Tell(described, QAccessible::Focus); // it has just opened
+    }
     for (const ItemNews& news : FindNews(before, widget.Items(), widget.HasKeys() ? Keys::Here : Keys::Elsewhere)) {
         switch (news.Kind) {
         case NewsKind::Reordered:

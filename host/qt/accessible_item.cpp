@@ -84,7 +84,7 @@ QAccessible::State ItemInterface::state() const {
     state.focusable = canBeSelected;
     state.focused = canBeSelected && item->Selected && Widget->HasKeys();
     state.pressed = item->Pressed;
-    state.invisible = !Widget->isVisible();
+    state.invisible = !Widget->isVisible() || (item->Name.empty() && IsFormRow(Widget->Items(), Index));
     return state;
 }
 

@@ -15,6 +15,20 @@ bool SaysItsName(ControlKind kind) {
            kind == ControlKind::PictureButton || kind == ControlKind::Ink;
 }
 
+// Where no label says it.
+QString UsualNameOf(ControlKind kind) {
+    switch (kind) {
+    case ControlKind::DatePicker:
+        return QStringLiteral("Date");
+    case ControlKind::TimePicker:
+        return QStringLiteral("Time");
+    case ControlKind::ScrollBar:
+        return QStringLiteral("Scroll bar");
+    default:
+        return {};
+    }
+}
+
 } // namespace
 
 WindowViews::WindowViews(Device& device, DesktopWindow& desktop)
@@ -146,8 +160,14 @@ void WindowViews::NameByLabel(const shell::WindowRecord& changed) {
         }
         if (record->Control->Kind == ControlKind::Label) {
             label = QString::fromStdU16String(record->Text).remove(QLatin1Char(':')).trimmed();
+            if (label == QLatin1String("Static")) { // a place, not a name
+                label.clear();
+            }
         } else if (ControlView* view = FindControl(child); view != nullptr && !SaysItsName(record->Control->Kind)) {
-            view->Widget().setAccessibleName(label);
+            const QString name = label.isEmpty() ? UsualNameOf(record->Control->Kind) : label;
+            if (view->Widget().accessibleName() != name) { // it would be told each time
+                view->Widget().setAccessibleName(name);
+            }
         }
     }
 }
