@@ -6,6 +6,7 @@
 #include "app/file_import.h"
 #include "app/find_dialog.h"
 #include "app/go_to_date_dialog.h"
+#include "app/keys_dialog.h"
 #include "app/start.h"
 #include "framework/format.h"
 #include "memo/memo_undo.h"
@@ -85,6 +86,11 @@ void CTavoApp::TakeCommand(int command) {
     case kCommandAbout: {
         CAboutDlg about(Pump, State);
         static_cast<void>(about.DoModal()); // closing it is all it can do
+        break;
+    }
+    case kCommandKeys: {
+        CKeysDlg keys(Pump, State);
+        static_cast<void>(keys.DoModal()); // likewise
         break;
     }
     case kCommandExit:

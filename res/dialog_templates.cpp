@@ -69,13 +69,14 @@ constexpr DialogTemplate kSettingsPageTemplate{kDialogSettings, u"Settings", kPa
 constexpr DialogTemplate kProgressTemplate{kDialogProgress, u"Delete", kPageExtent, 10, kProgressItems};
 constexpr DialogTemplate kFindTemplate{kDialogFind, u"Find", kPageExtent, 10, kFindItems};
 constexpr DialogTemplate kGoToDateTemplate{kDialogGoToDate, u"Go to date", kPageExtent, 10, kGoToDateItems};
+constexpr DialogTemplate kKeysTemplate{kDialogKeys, u"Keys", kPageExtent, 10, {}};
 
 std::span<const DialogTemplate* const> AllDialogTemplates() {
     static constexpr const DialogTemplate* all[] = {
         &kAboutTemplate,        &kClockPageTemplate,   &kSchedulePageTemplate,    &kCalendarPageTemplate,
         &kSettingsPageTemplate, &kAppointmentTemplate, &kRecurrenceTemplate,      &kPatternPageTemplate,
         &kRangePageTemplate,    &kInkMemoTemplate,     &kAppointmentViewTemplate, &kCopyMemoTemplate,
-        &kProgressTemplate,     &kFindTemplate,        &kGoToDateTemplate};
+        &kProgressTemplate,     &kFindTemplate,        &kGoToDateTemplate,        &kKeysTemplate};
     return all;
 }
 

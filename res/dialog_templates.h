@@ -20,6 +20,7 @@ extern const DialogTemplate kCopyMemoTemplate;
 extern const DialogTemplate kProgressTemplate;
 extern const DialogTemplate kFindTemplate;
 extern const DialogTemplate kGoToDateTemplate;
+extern const DialogTemplate kKeysTemplate;
 
 // Where the About dialog shows the program's icon, in dialog units.
 constexpr Rect kAboutIconPlace = Rect::FromSize(6, 22, 21, 20);

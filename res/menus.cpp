@@ -110,6 +110,7 @@ std::vector<MenuItem> MakePageMenus() {
                   Command(kCommandBackup, u"Backup..."),
                   Command(kCommandPrintMonth, u"Print month...", u"Ctrl+P"),
                   Separator(),
+                  Command(kCommandKeys, u"Keys...", u"F1"),
                   Command(kCommandAbout, u"About Tavo Calendar..."),
                   Command(kCommandExit, u"Exit"),
               }),

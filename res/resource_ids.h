@@ -35,6 +35,7 @@ constexpr int kDialogSettings = 271;
 constexpr int kDialogProgress = 272;
 constexpr int kDialogFind = 273;
 constexpr int kDialogGoToDate = 274;
+constexpr int kDialogKeys = 275;
 
 // Results of dialogs besides OK and Cancel.
 constexpr int kResultModify = 10;
@@ -61,6 +62,7 @@ constexpr int kCommandFind = 32817;
 constexpr int kCommandGoToDate = 32818;
 constexpr int kCommandBackup = 32821;
 constexpr int kCommandPrintMonth = 32822;
+constexpr int kCommandKeys = 32823;
 
 // Commands on an item.
 constexpr int kCommandModify = 32771;

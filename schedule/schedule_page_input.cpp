@@ -10,6 +10,12 @@
 
 namespace tavo {
 
+namespace {
+
+constexpr int kModifyKey = VK_F1 + 1;
+
+} // namespace
+
 void CSchedulePage::TakeStylusDown(Point point) {
     if (TakePageBarPress(point)) {
         return;
@@ -62,6 +68,8 @@ void CSchedulePage::TakeRowKey(const Message& key) {
         ViewSelected();
     } else if (key.Id == VK_DELETE && key.Code == 0) {
         DeleteSelected();
+    } else if (key.Id == kModifyKey && key.Code == 0) {
+        ModifySelected();
     } else if (key.Id == VK_APPS) {
         FocusList();
         CurrentList().OpenSelectedMenu();

@@ -2,6 +2,7 @@
 #include "app/about_dialog.h"
 #include "app/find_dialog.h"
 #include "app/go_to_date_dialog.h"
+#include "app/keys_dialog.h"
 #include "app/vantor_view.h"
 #include "edit/appointment_dlg.h"
 #include "edit/pattern_page.h"
@@ -48,6 +49,7 @@ const std::map<int, const MessageMap*>& MapsByTemplate() {
         {kDialogProgress, &CProgressDlg::Messages()},
         {kDialogFind, &CFindDlg::Messages()},
         {kDialogGoToDate, &CGoToDateDlg::Messages()},
+        {kDialogKeys, &CKeysDlg::Messages()},
     };
     return maps;
 }

@@ -90,6 +90,7 @@ TEST(Menus, PagesHaveTools) {
                                       {u"Backup...", kCommandBackup},
                                       {u"Print month...", kCommandPrintMonth},
                                       {u"", 0},
+                                      {u"Keys...", kCommandKeys},
                                       {u"About Tavo Calendar...", 57664},
                                       {u"Exit", kCommandExit}};
     EXPECT_EQ(EntriesOf(menus[0]), expected);

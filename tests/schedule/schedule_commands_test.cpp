@@ -66,6 +66,18 @@ TEST_F(ScheduleCommands, DeleteInTheMenuOfARowDeletesIt) {
     EXPECT_THAT(Desk.ListOf(ItemKind::Alarm), ElementsAre(alarms[0], alarms[2]));
 }
 
+TEST_F(ScheduleCommands, F2ChangesTheSelectedRow) {
+    Desk.GivenAlarms(2);
+    Desk.Show(ItemKind::Alarm);
+    Desk.Device.Key(VK_F1 + 1); // nothing is selected
+    Desk.Device.Do([this] { EXPECT_FALSE(Desk.Device.See.IsDialogOpen()); });
+    Desk.Device.Key(VK_DOWN);
+    Desk.Device.Key(VK_F1 + 1);
+    Desk.Device.Do([this] { EXPECT_EQ(Desk.Device.See.TextOf(kEditSubject), u"Alarm 1"); });
+    Desk.Device.Key(VK_ESCAPE);
+    ASSERT_TRUE(Desk.Settle());
+}
+
 TEST_F(ScheduleCommands, DeletingTheLastRowLeavesNoneSelected) {
     Desk.GivenAlarms(5);
     Desk.Show(ItemKind::Alarm);
