@@ -45,6 +45,10 @@ printf 'BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nUID:a\r\nDTSTART:20261
     >"$root/tmp/a.ics"
 inside tavo import /tmp/a.ics
 inside tavo agenda --from 2026-12-24 --to 2026-12-24 --tsv | grep -q Dinner || fail "the imported entry is not listed"
+say "Printing, and what else other programs of it draw"
+inside tavo print /tmp/month.pdf --month 2026-12-24
+head -c 5 "$root/tmp/month.pdf" | grep -q "%PDF-" || fail "the month was not printed"
+[ -s "$root/usr/share/man/man1/tavo.1.gz" ] || fail "there is no manual page"
 inside tavo reminders on
 inside tavo reminders off
 say "Starting the window"
