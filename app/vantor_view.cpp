@@ -10,6 +10,7 @@
 #include "platform/device_paths.h"
 #include "res/menus.h"
 #include "res/resource_ids.h"
+#include "res/strings.h"
 #include "store/midnight.h"
 #include "store/refusal.h"
 
@@ -67,6 +68,7 @@ void CVantorView::UpdateFirst() {
     // A corrupt file has shown its message; the start goes on with what was read.
     static_cast<void>(LoadCategoryFile(State));
     const int missing = BringBackMovedMemos(State); // before the month looks for memos
+    State.ShowsFirstHint = IsFirstStart();
     CreatePages();
     Host().Windows().SetTimer(Handle(), kTimerReminderSound, kReminderPeriod);
     State.Busy = false;
@@ -78,6 +80,11 @@ void CVantorView::UpdateFirst() {
     if (!Pump().HasQuit()) { // else the next start asks about what is left
         Tags.Begin();
     }
+}
+
+// Until the hint was seen once, and as long as there is nothing.
+bool CVantorView::IsFirstStart() {
+    return Host().Registry().GetProfileIntW(kHelpSection, kHintSeen, 0) == 0 && State.Store.CountAppointments() == 0;
 }
 
 // A program that quits meanwhile asks no more; the next start does.
@@ -238,6 +245,7 @@ void CVantorView::RefreshPages() {
     if (State.Busy) {
         return; // what it sees is not final; its end gives notice again
     }
+    State.ShowsFirstHint = State.ShowsFirstHint && State.Store.CountAppointments() == 0;
     if (CalendarPage) {
         CalendarPage->RebuildAll();
     }

@@ -74,6 +74,7 @@ class CVantorView : public CPaintedWindow, public IMainView {
     // On the Calendar page; nothing where there is no such day.
     std::optional<SYSTEMTIME> SelectedDay();
     void OfferWhatWasLeft();
+    bool IsFirstStart();
     template <class Page> std::unique_ptr<Page> MakePage();
     void HidePages();
     void TakeChangeNotice();

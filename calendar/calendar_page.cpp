@@ -6,6 +6,7 @@
 #include "framework/format.h"
 #include "res/dialog_templates.h"
 #include "res/resource_ids.h"
+#include "res/strings.h"
 #include "store/date_pictures.h"
 #include "store/midnight.h"
 
@@ -88,6 +89,9 @@ void CCalendarPage::RebuildAll() {
 }
 
 void CCalendarPage::OpenFromPageBar() {
+    if (State.ShowsFirstHint) { // where the profile cannot be written it is shown again
+        static_cast<void>(Host().Registry().WriteProfileInt(kHelpSection, kHintSeen, 1));
+    }
     FullPaint = true;
     if (PaintedToday != Today()) {
         SelectionChanged = true; // midnight passed while another page was on show

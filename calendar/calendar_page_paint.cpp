@@ -16,6 +16,9 @@ namespace {
 
 constexpr Rect kHeaderArea{0, 0, 205, 42};
 constexpr Rect kHeaderText{20, 5, 220, 30};
+constexpr Rect kHintPlace{6, 30, 205, 42};
+constexpr Color kHintInk = Color::FromRgb(104, 104, 104);
+constexpr std::u16string_view kFirstHint = u"Tap a day, + on Schedule, or Tools > Import";
 constexpr Point kWeekdayStrip{0, 42};
 constexpr Size kWeekdayStripSize{240, 16};
 constexpr Point kBottomStrip{0, 215};
@@ -82,6 +85,9 @@ std::u16string CCalendarPage::PaintHeader() {
         Host().Locale().GetDateFormatW(LocaleId::User, date, kPictureHeaderDate, kHeaderDateBuffer).value_or(u"");
     Surface().DrawTextW(text, kHeaderText,
                         {State.Fonts.FontComic13Bold, kHeaderDate, DT_CENTER | DT_VCENTER | DT_SINGLELINE});
+    if (State.ShowsFirstHint) {
+        Surface().DrawTextW(kFirstHint, kHintPlace, {State.Fonts.FontArial7, kHintInk, DT_VCENTER | DT_SINGLELINE});
+    }
     TodayButton.Draw(Surface());
     return text;
 }
@@ -147,6 +153,9 @@ void CCalendarPage::PaintGridLines() {
 
 void CCalendarPage::DeclareContents(const std::u16string& header) {
     Declare({kHeaderText, PaintedRole::Header, header});
+    if (State.ShowsFirstHint) {
+        Declare({kHintPlace, PaintedRole::Text, std::u16string(kFirstHint)});
+    }
     Declare(TodayButton.Describe(u"Today"));
     const CalendarDate today = Today();
     for (int row = 0; row < kGridRows; ++row) {

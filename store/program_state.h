@@ -40,6 +40,7 @@ struct CProgramState {
     ISlicedWork* Work = nullptr;                // long work under way, driven by the main view's timer; null for none
     bool CanChooseFiles = false;                // the machine has dialogs for it
     bool Busy = false;                          // a mass deletion is running
+    bool ShowsFirstHint = false;                // the calendar is empty, and this is its first start
 
     std::array<int, 12> DaysInMonth{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 

@@ -18,6 +18,7 @@ class CalendarPageLook : public testing::Test {
     // November 2004 begins on a Monday, so row 1 begins with the 7th.
     void Open(const SYSTEMTIME& now = At(2004, 11, 3)) {
         Program.emplace(now);
+        Program->GivenAppointment(u"Long ago", At(1990, 1, 1), At(1990, 1, 1)); // an empty calendar says what to do
         ASSERT_TRUE(Program->Start());
     }
 

@@ -11,6 +11,7 @@ namespace {
 class CalendarPageRepaint : public testing::Test {
   protected:
     void Open() {
+        Program.GivenAppointment(u"Long ago", At(1990, 1, 1), At(1990, 1, 1)); // an empty calendar says what to do
         ASSERT_TRUE(Program.Start());
         Program.ShowPage(PageNumber::Calendar);
     }

@@ -192,11 +192,11 @@ TEST_P(FourPages, AMenuOpensAboveItsNameAndItsRowsAreTapped) {
         EXPECT_EQ(menu.Bottom, kMenuBar.Top);
         EXPECT_GT(shot.CountDifferences(before), 500);
         EXPECT_GT(shot.Count(kControlText, menu), 100);
-        Device.TapRow(kCommandAbout);
+        Device.TapRow(kCommandGoToDate);
     });
-    Look("about", [&](const Screenshot& shot) {
+    Look("date", [&](const Screenshot& shot) {
         EXPECT_TRUE(Device.Host.Popup.Bounds().IsEmpty());
-        EXPECT_EQ(Caption(), u"About Tavo Calendar");
+        EXPECT_EQ(Caption(), u"Go to date");
         EXPECT_GT(shot.CountDifferences(before), 5000);
     });
     Run(2);
