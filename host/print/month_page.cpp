@@ -51,7 +51,7 @@ class MonthPage {
         }
         for (int week = 0; week < Weeks; ++week) {
             for (int column = 0; column < kDaysOfWeek; ++column) {
-                LayOutCell(First + week * kDaysOfWeek + column, CellAt(week, column));
+                LayOutCell(First + DayNumber{week} * kDaysOfWeek + column, CellAt(week, column));
             }
         }
         for (int line = 0; line <= Weeks; ++line) {

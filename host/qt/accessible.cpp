@@ -21,7 +21,7 @@ QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
         return new WidgetInterface(*widget, ToRole(*widget));
     }
     // What only holds others is a panel, which is what people can make something of.
-    const bool isPlain = object->metaObject() == &QWidget::staticMetaObject;
+    const bool isPlain = object != nullptr && object->metaObject() == &QWidget::staticMetaObject;
     if (!isPlain) {
         return nullptr;
     }

@@ -14,9 +14,10 @@ template <class Interface>
 QAccessibleInterface* Take(std::map<std::size_t, QAccessible::Id>& made, DeviceWidget& widget, std::size_t place) {
     auto found = made.find(place);
     if (found == made.end()) {
+        // NOLINTBEGIN(clang-analyzer-cplusplus.*)
         auto* fresh = new Interface(widget, place);
-        found = made.emplace(place, QAccessible::registerAccessibleInterface(fresh))
-                    .first; // NOLINT(clang-analyzer-cplusplus.*)
+        found = made.emplace(place, QAccessible::registerAccessibleInterface(fresh)).first;
+        // NOLINTEND(clang-analyzer-cplusplus.*)
     }
     return QAccessible::accessibleInterface(found->second);
 }

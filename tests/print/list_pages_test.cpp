@@ -7,10 +7,8 @@
 namespace tavo::print::test {
 namespace {
 
-using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::Not;
 
 constexpr std::u16string_view kLegend = u"* holiday   + anniversary   ! alarm";
 

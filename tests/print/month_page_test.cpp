@@ -7,8 +7,6 @@ namespace tavo::print::test {
 namespace {
 
 using testing::Contains;
-using testing::Each;
-using testing::Not;
 
 class MonthSheet : public testing::Test {
   protected:
