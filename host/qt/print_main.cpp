@@ -85,9 +85,17 @@ bool Print(const print::PrintRequest& request, const QString& path) {
            Complain("The file " + path.toStdString() + " cannot be written. What was there before is as it was.");
 }
 
+// What the toolkit remarks about the machine is of no use to who prints; what ends the program is.
+void TakeToolkitMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) {
+        Complain(message.toStdString());
+    }
+}
+
 } // namespace
 
 int main(int count, char** arguments) {
+    qInstallMessageHandler(TakeToolkitMessage);
     qputenv("QT_QPA_PLATFORM", "offscreen"); // it needs fonts, and no screen
     const QGuiApplication application(count, arguments);
     const QStringList words = QCoreApplication::arguments();
